@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cairo.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/Symbols.h"
+
+namespace desk {
+
+/// A font as a symbol asks for it.
+struct FontSpec {
+    std::string family;
+    double points = 10;
+    bool bold = false;
+    bool operator==(const FontSpec&) const = default;
+};
+
+/// How a text hangs on its point. The numbers are those of host::IHostTextSymbol.
+struct TextPlacement {
+    int horizontal = 0;
+    int vertical = 0;
+    double angle = 0;  ///< Degrees, counter-clockwise.
+};
+
+/// A family that was asked for and the one that stands in for it.
+struct FontSubstitution {
+    std::string wanted;
+    std::string used;
+};
+
+/// Shapes, measures and draws text: any script, both directions, with font fallback. Sizes are
+/// unhinted, so that they do not depend on any resolution. Not safe for use by two threads.
+class TextEngine {
+public:
+    TextEngine();
+    ~TextEngine();
+
+    /// Size in points, by the promises of host::IHostTextSymbol::MeasureText.
+    host::TextExtent Measure(const FontSpec& font, std::string_view text);
+
+    /// Draws the lines of a text at the current origin of the context, one unit of which is a
+    /// point, Y downward. The box that Measure tells hangs on the origin as the placement says.
+    /// The source colour is the context's.
+    void Draw(cairo_t* context, const FontSpec& font, std::string_view text,
+              const TextPlacement& placement);
+
+    /// Families that were asked for so far and are not installed, in order of first use.
+    std::vector<FontSubstitution> Substitutions() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace desk

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+/// One fact about a failure for those who can show it: ("column", "Listing"), ("record", "17").
+struct FailureFact {
+    std::string name;
+    std::string value;
+};
+
+/// A failing call, of the host's or of the system's own. The description grows on the way up;
+/// cause and facts stay what they were where the failure happened.
+class Failure : public std::exception {
+public:
+    Failure(std::int32_t number, std::string source, std::string description)
+        : number(number), source(std::move(source)), description(description),
+          cause(std::move(description)) {}
+
+    const char* what() const noexcept override { return description.c_str(); }
+
+    /// Value of a fact, or empty if it is not known.
+    std::string Fact(const std::string& name) const {
+        for (const auto& fact : facts)
+            if (fact.name == name) return fact.value;
+        return {};
+    }
+
+    /// Adds a fact unless one of that name is known already: the one nearest to the failure counts.
+    void AddFact(const std::string& name, const std::string& value) {
+        if (Fact(name).empty()) facts.push_back({name, value});
+    }
+
+    std::int32_t number;       ///< Failure code; negative as a signed number.
+    std::string source;        ///< Label of the raising operation. Shown to nobody.
+    std::string description;   ///< The text so far, with call stack lines once it has travelled.
+    std::string cause;         ///< The first text of the failure, as it was raised.
+    int line = 0;              ///< Source line of the raise, 0 when none is known.
+    std::vector<FailureFact> facts;
+};
+
+/// Failure codes that the host's own calls use.
+inline constexpr std::int32_t kFailureUnspecified = static_cast<std::int32_t>(0x80004005U);
+inline constexpr std::int32_t kFailureOutOfMemory = static_cast<std::int32_t>(0x8007000EU);
+inline constexpr std::int32_t kFailureTypeMismatch = static_cast<std::int32_t>(0x80020005U);
+inline constexpr std::int32_t kFailureOverflow = static_cast<std::int32_t>(0x8002000AU);
+inline constexpr std::int32_t kFailureNotFound = static_cast<std::int32_t>(0x80070002U);
+
+}  // namespace host

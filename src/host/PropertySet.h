@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/Variant.h"
+
+namespace host {
+
+/// Names and values of a property set, in the order of first entry.
+struct PropertyItems {
+    std::vector<std::string> names;
+    std::vector<Variant> values;
+};
+
+/// The one container of stored settings: string keys, variant values. The order of the keys is the
+/// order of first entry, also after updates and removals, and is saved with the set.
+struct IHostPropertySet : virtual IHostClonable {
+    virtual std::int32_t Count() const = 0;
+    /// The value under the name. Fails for an absent name.
+    virtual Variant Item(const std::string& name) const = 0;
+    virtual PropertyItems AllItems() const = 0;
+    /// Stores a value. A new name goes last, a known one keeps its place.
+    virtual void SetItem(const std::string& name, Variant value) = 0;
+    /// Takes a name out. Nothing happens for an absent name.
+    virtual void RemoveItem(const std::string& name) = 0;
+};
+
+/// Makes deep copies: of a property set with all sets and symbols in it.
+struct IHostObjectCopy : virtual IHostObject {
+    virtual Ref<IHostObject> Copy(const Ref<IHostObject>& object) = 0;
+};
+
+}  // namespace host
