@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/Failure.h"
+#include "host/Object.h"
 
 namespace host {
 

@@ -18,9 +18,11 @@ struct FailureFact {
 /// cause and facts stay what they were where the failure happened.
 class Failure : public std::exception {
 public:
-    Failure(std::int32_t number, std::string source, std::string description)
-        : number(number), source(std::move(source)), description(description),
-          cause(std::move(description)) {}
+    Failure(std::int32_t failureNumber, std::string label, std::string text)
+        : number(failureNumber),
+          source(std::move(label)),
+          description(text),
+          cause(std::move(text)) {}
 
     const char* what() const noexcept override { return description.c_str(); }
 
@@ -33,22 +35,25 @@ public:
 
     /// Adds a fact unless one of that name is known already: the one nearest to the failure counts.
     void AddFact(const std::string& name, const std::string& value) {
-        if (Fact(name).empty()) facts.push_back({name, value});
+        for (const auto& fact : facts)
+            if (fact.name == name) return;
+        facts.push_back({name, value});
     }
 
-    std::int32_t number;       ///< Failure code; negative as a signed number.
-    std::string source;        ///< Label of the raising operation. Shown to nobody.
-    std::string description;   ///< The text so far, with call stack lines once it has travelled.
-    std::string cause;         ///< The first text of the failure, as it was raised.
-    int line = 0;              ///< Source line of the raise, 0 when none is known.
+    std::int32_t number;      ///< Failure code; negative as a signed number.
+    std::string source;       ///< Label of the raising operation. Shown to nobody.
+    std::string description;  ///< The text so far, with call stack lines once it has travelled.
+    std::string cause;        ///< The first text of the failure, as it was raised.
+    int line = 0;             ///< Source line of the raise, 0 when none is known.
+    bool errorBlockAdded = false;  ///< The description holds its number and text block already.
     std::vector<FailureFact> facts;
 };
 
 /// Failure codes that the host's own calls use.
-inline constexpr std::int32_t kFailureUnspecified = static_cast<std::int32_t>(0x80004005U);
-inline constexpr std::int32_t kFailureOutOfMemory = static_cast<std::int32_t>(0x8007000EU);
-inline constexpr std::int32_t kFailureTypeMismatch = static_cast<std::int32_t>(0x80020005U);
-inline constexpr std::int32_t kFailureOverflow = static_cast<std::int32_t>(0x8002000AU);
-inline constexpr std::int32_t kFailureNotFound = static_cast<std::int32_t>(0x80070002U);
+inline constexpr auto kFailureUnspecified = static_cast<std::int32_t>(0x80004005U);
+inline constexpr auto kFailureOutOfMemory = static_cast<std::int32_t>(0x8007000EU);
+inline constexpr auto kFailureTypeMismatch = static_cast<std::int32_t>(0x80020005U);
+inline constexpr auto kFailureOverflow = static_cast<std::int32_t>(0x8002000AU);
+inline constexpr auto kFailureNotFound = static_cast<std::int32_t>(0x80070002U);
 
 }  // namespace host

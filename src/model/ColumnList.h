@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+
+#include "host/Host.h"
+#include "model/ColumnProperties.h"
+#include "model/Settings.h"
+
+/// The rules of the column list: the default columns of a listing database, names, adding and
+/// removing, and the two orders. The property page and the command line both call these. The four
+/// sets of the settings always hold the same names.
+namespace gazetteer {
+
+/// Longest column name, in characters.
+inline constexpr std::size_t kColumnNameLength = 8;
+
+/// What the user is told when an operation on the list is refused.
+host::MessageBoxRequest DatabaseWithoutPageMessage();
+host::MessageBoxRequest NameInUseMessage();
+host::MessageBoxRequest PageColumnStaysMessage();
+host::MessageBoxRequest LastColumnStaysMessage();
+/// The question before a removal.
+host::MessageBoxRequest RemoveColumnQuestion();
+
+/// Replaces the column lists by those of a new listing database: "Listing" where there is such a
+/// field, and "Page". False for a table without "Page", whose lists stay empty; the user is told.
+bool DefineColumns(host::IHost& host, const host::IHostFields& fields, Settings& settings);
+
+/// A typed name made fit: outer blanks off, inner ones to "_", cut to its first 8 characters.
+std::string CleanColumnName(host::IHostLocale& locale, const std::string& answer);
+
+/// The stored form of a name, compared without regard to case; empty where no column has it.
+std::string FindColumn(host::IHostLocale& locale, const Settings& settings,
+                       const std::string& name);
+
+/// Appends a column of that name and title with an empty expression. It inherits from the current
+/// column where there is one.
+void AddColumn(host::IHost& host, Settings& settings, const std::string& name,
+               const ColumnProperties* current);
+
+/// Whether the column may go. Tells the user why where it may not.
+bool MayRemoveColumn(host::IHost& host, const Settings& settings, const std::string& name);
+
+/// Takes the column out of all four sets.
+void RemoveColumn(Settings& settings, const std::string& name);
+
+/// A new set with the names and values of the old one in another order. Every name of the old set
+/// is given exactly once.
+host::Ref<host::IHostPropertySet> Reordered(host::IHost& host, const host::IHostPropertySet& old,
+                                            const std::vector<std::string>& order);
+
+}  // namespace gazetteer

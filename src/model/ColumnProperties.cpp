@@ -1,0 +1,127 @@
+#include "model/ColumnProperties.h"
+
+#include "model/DefaultSymbols.h"
+#include "model/Keys.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+using TextSymbolField = host::Ref<host::IHostTextSymbol> ColumnProperties::*;
+using FillSymbolField = host::Ref<host::IHostFillSymbol> ColumnProperties::*;
+
+struct Reader {
+    const host::Variant& value;
+    host::IHostLocale& locale;
+    ColumnProperties& column;
+
+    void operator()(bool ColumnProperties::* field) const { column.*field = ToBoolean(value); }
+    void operator()(std::int32_t ColumnProperties::* field) const {
+        column.*field = ToLong(value, locale);
+    }
+    void operator()(double ColumnProperties::* field) const {
+        column.*field = ToDouble(value, locale);
+    }
+    void operator()(std::string ColumnProperties::* field) const {
+        column.*field = ToText(value, locale);
+    }
+    void operator()(TextSymbolField field) const { ReadSymbol(field); }
+    void operator()(FillSymbolField field) const { ReadSymbol(field); }
+
+    template <class Symbol>
+    void ReadSymbol(host::Ref<Symbol> ColumnProperties::* field) const {
+        column.*field = ToObject<Symbol>(value);
+        if (!(column.*field)) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+    }
+};
+
+host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column) {
+    struct Writer {
+        const ColumnKey& key;
+        const ColumnProperties& column;
+        host::Variant operator()(bool ColumnProperties::* field) const { return column.*field; }
+        host::Variant operator()(std::int32_t ColumnProperties::* field) const {
+            return static_cast<std::int16_t>(column.*field);
+        }
+        host::Variant operator()(double ColumnProperties::* field) const { return column.*field; }
+        host::Variant operator()(std::string ColumnProperties::* field) const {
+            return column.*field;
+        }
+        host::Variant operator()(TextSymbolField field) const {
+            return host::Ref<host::IHostObject>(column.*field);
+        }
+        host::Variant operator()(FillSymbolField field) const {
+            return host::Ref<host::IHostObject>(column.*field);
+        }
+    };
+    return std::visit(Writer{key, column}, key.field);
+}
+
+// Gives the column symbols of its own.
+void CopySymbols(ColumnProperties& column) {
+    for (const ColumnKey& key : ColumnKeys()) {
+        if (const auto* text = std::get_if<TextSymbolField>(&key.field))
+            column.**text = host::As<host::IHostTextSymbol>((column.**text)->Copy());
+        else if (const auto* fill = std::get_if<FillSymbolField>(&key.field))
+            column.**fill = host::As<host::IHostFillSymbol>((column.**fill)->Copy());
+    }
+}
+
+}  // namespace
+
+ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
+                                      host::IHostLocale& locale, ColumnKeyScope scope) {
+    ColumnProperties column;
+    for (const ColumnKey& key : ColumnKeys()) {
+        if (scope == ColumnKeyScope::Run && key.storedOnly) continue;
+        const host::Variant value = properties.Item(key.name);
+        try {
+            std::visit(Reader{value, locale, column}, key.field);
+        } catch (host::Failure& failure) {
+            failure.AddFact("key", key.name);
+            throw;
+        }
+    }
+    return column;
+}
+
+host::Ref<host::IHostPropertySet> NewColumnSet(host::IHost& host,
+                                               const ColumnProperties& properties) {
+    auto set = host.NewPropertySet();
+    for (const ColumnKey& key : ColumnKeys()) set->SetItem(key.name, ValueOf(key, properties));
+    return set;
+}
+
+host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const std::string& title,
+                                                       const std::string& expression,
+                                                       bool fromDatabase, bool breakColumn,
+                                                       const ColumnProperties* current) try {
+    ColumnProperties column;
+    if (current) {
+        column = *current;
+        CopySymbols(column);
+        column.showMissingLetters = false;
+        column.showTitle = true;
+        column.version = 1;
+    } else {
+        SetDefaultSymbols(host, column);
+    }
+    column.title = title;
+    column.expression = expression;
+    column.fromDatabase = fromDatabase;
+    column.breakColumn = breakColumn;
+    column.breakHeading = breakColumn;
+    return NewColumnSet(host, column);
+} catch (...) {
+    PassOn("MakeColumnProperties", kFormLabel);
+}
+
+host::Ref<host::IHostPropertySet> ColumnSet(const host::IHostPropertySet& columnsProperties,
+                                            const std::string& name) {
+    auto set = ToObject<host::IHostPropertySet>(columnsProperties.Item(name));
+    if (!set) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+    return set;
+}
+
+}  // namespace gazetteer

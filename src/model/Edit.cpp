@@ -1,0 +1,39 @@
+#include "model/Edit.h"
+
+#include "model/ColumnProperties.h"
+#include "support/Conversions.h"
+
+namespace gazetteer {
+
+host::Ref<host::IHostPropertySet> CopySet(host::IHost& host,
+                                          const host::Ref<host::IHostPropertySet>& set) {
+    return host::As<host::IHostPropertySet>(host.NewObjectCopy()->Copy(set));
+}
+
+void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
+               host::IHostPropertySet& properties) {
+    settings.haveSavedListings = false;
+    settings.savedListings = host.NewPropertySet();
+    settings.pageGroups = host.NewPropertySet();
+    settings.pageFirstListings = host.NewPropertySet();
+    settings.pageLastListings = host.NewPropertySet();
+    settings.canDrawIndex = canDrawIndex;
+    settings.version = kSchemaVersion;
+
+    Settings stored = settings;
+    stored.columnsProperties = CopySet(host, settings.columnsProperties);
+    WriteSettings(stored, properties);
+}
+
+double TotalColumnWidth(host::IHostLocale& locale, const Settings& settings) {
+    double total = 0;
+    for (const std::string& name : NamesOf(*settings.columnNames))
+        total += ToDouble(ColumnSet(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
+    return total;
+}
+
+bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) {
+    return TotalColumnWidth(locale, settings) <= frameWidth;
+}
+
+}  // namespace gazetteer

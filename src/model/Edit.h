@@ -1,0 +1,25 @@
+#pragma once
+
+#include "host/Host.h"
+#include "model/Settings.h"
+
+/// What every edit of a gazetteer's settings does beside changing them.
+namespace gazetteer {
+
+/// Rewrites all keys of the stored set from the settings. Any edit throws the stored results away
+/// and makes the set one of the present version. The columns are stored as a deep copy, so that the
+/// settings keep theirs to themselves.
+void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
+               host::IHostPropertySet& properties);
+
+/// Sum of the column widths, in inches, in the order of definition.
+double TotalColumnWidth(host::IHostLocale& locale, const Settings& settings);
+
+/// One column group must fit the frame. A total equal to the frame's width fits.
+bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth);
+
+/// Deep copy of a property set.
+host::Ref<host::IHostPropertySet> CopySet(host::IHost& host,
+                                          const host::Ref<host::IHostPropertySet>& set);
+
+}  // namespace gazetteer

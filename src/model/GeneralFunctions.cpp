@@ -1,0 +1,112 @@
+#include "model/GeneralFunctions.h"
+
+#include "model/Settings.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+constexpr char kMakerKey[] = "CorvaneProperties";
+constexpr char kGazetteerKey[] = "GazetteerProperties";
+
+using host::IHostCustomProperty;
+using host::IHostElement;
+using host::IHostObject;
+using host::IHostPropertySet;
+using host::Ref;
+
+Ref<IHostPropertySet> Container(const Ref<IHostElement>& element) {
+    const auto custom = host::As<IHostCustomProperty>(element);
+    return custom ? ToObject<IHostPropertySet>(custom->CustomProperty()) : nullptr;
+}
+
+// The set under a key that may be missing. Item may fail for an absent name; nothing else of the
+// system reads a key that need not be there.
+Ref<IHostPropertySet> ProbeSet(const IHostPropertySet& set, const char* key) {
+    try {
+        return ToObject<IHostPropertySet>(set.Item(key));
+    } catch (const host::Failure&) {
+        return nullptr;
+    }
+}
+
+// "CorvaneProperties" of the element, with as much of the way to it made anew as is missing.
+Ref<IHostPropertySet> EnsureMakerSet(host::IHost& host, const Ref<IHostElement>& element) {
+    auto container = Container(element);
+    if (HasCorvaneProperties(element))
+        return ToObject<IHostPropertySet>(container->Item(kMakerKey));
+    if (!container) {
+        container = host.NewPropertySet();
+        host::As<IHostCustomProperty>(element)->SetCustomProperty(Ref<IHostObject>(container));
+    }
+    auto maker = host.NewPropertySet();
+    container->SetItem(kMakerKey, Ref<IHostObject>(maker));
+    return maker;
+}
+
+}  // namespace
+
+bool HasCorvaneProperties(const Ref<IHostElement>& element) try {
+    const auto container = Container(element);
+    return container && ProbeSet(*container, kMakerKey);
+} catch (...) {
+    PassOn("HasCorvaneProperties", kGeneralFunctionsLabel);
+}
+
+bool HasGazetteerProperties(host::IHost& host, const Ref<IHostElement>& element) try {
+    if (!HasCorvaneProperties(element)) return false;
+    const auto maker = ToObject<IHostPropertySet>(Container(element)->Item(kMakerKey));
+    return ProbeSet(*maker, kGazetteerKey) != nullptr;
+} catch (...) {
+    ShowAtTop(host.Dialogs(), "HasGazetteerProperties", kGeneralFunctionsLabel);
+    return false;
+}
+
+Ref<IHostPropertySet> StoredGazetteerProperties(const Ref<IHostElement>& element) {
+    const auto container = Container(element);
+    const auto maker = container ? ToObject<IHostPropertySet>(container->Item(kMakerKey)) : nullptr;
+    auto stored = maker ? ToObject<IHostPropertySet>(maker->Item(kGazetteerKey)) : nullptr;
+    if (!stored) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+    return stored;
+}
+
+Ref<IHostPropertySet> GetGazetteerProperties(host::IHost& host,
+                                             const Ref<IHostElement>& element) try {
+    if (!HasGazetteerProperties(host, element))
+        Raise("GazetteerProperties.GetGazetteerProperties",
+              "Group Element has no gazetteer properties.");
+    return StoredGazetteerProperties(element);
+} catch (...) {
+    ShowAtTop(host.Dialogs(), "GetGazetteerProperties", kGeneralFunctionsLabel);
+    return nullptr;
+}
+
+Ref<IHostPropertySet> NewGazetteerProperties(host::IHost& host) try {
+    Settings defaults;
+    FillEmptySets(host, defaults);
+    auto properties = host.NewPropertySet();
+    WriteSettings(defaults, *properties);
+    return properties;
+} catch (...) {
+    ShowAtTop(host.Dialogs(), "NewGazetteerProperties", kGeneralFunctionsLabel);
+    return nullptr;
+}
+
+bool SetGazetteerProperties(host::IHost& host, const Ref<IHostElement>& element,
+                            const Ref<IHostPropertySet>& properties) try {
+    EnsureMakerSet(host, element)->SetItem(kGazetteerKey, Ref<IHostObject>(properties));
+    return true;
+} catch (...) {
+    ShowAtTop(host.Dialogs(), "SetGazetteerProperties", kGeneralFunctionsLabel);
+    return false;
+}
+
+void DeleteKeyProperties(host::IHost& host, const Ref<IHostElement>& element) try {
+    if (HasCorvaneProperties(element))
+        ToObject<IHostPropertySet>(Container(element)->Item(kMakerKey))->RemoveItem(kGazetteerKey);
+} catch (...) {
+    ShowAtTop(host.Dialogs(), "DeleteKeyProperties", kGeneralFunctionsLabel);
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/Host.h"
+
+namespace gazetteer {
+
+/// "No selection" in the three keys of the link.
+inline constexpr char kNoSelection[] = "<None>";
+
+/// The schema version that is written.
+inline constexpr std::int32_t kSchemaVersion = 3;
+
+/// Everything that a gazetteer stores, typed. Fresh settings hold the defaults. Sets are shared with
+/// the property set they were read from, or null in fresh settings. Lengths are inches.
+struct Settings {
+    /// Listings are linked to a map series frame; the frame is found by section, template and name.
+    bool linkToMapSeries = false;
+    std::string mapSeriesSectionKey = kNoSelection;
+    std::string mapSeriesTemplateKey = kNoSelection;
+    std::string mapSeriesFrameName = kNoSelection;
+    /// Full path of the listing database; empty means none.
+    std::string indexDatabaseFile;
+
+    /// Column name to the same name, in order of definition.
+    host::Ref<host::IHostPropertySet> columnNames;
+    /// Column name to the column's set, see ColumnProperties.
+    host::Ref<host::IHostPropertySet> columnsProperties;
+    /// Stored only: columns always run from the left.
+    bool displayLeftToRight = true;
+    /// Column name to the same name; the first one stands leftmost.
+    host::Ref<host::IHostPropertySet> columnDisplayOrder;
+
+    bool sortColumns = true;
+    /// Column name to Boolean: takes part in the sort. The first name is the primary key.
+    host::Ref<host::IHostPropertySet> columnSortOrder;
+    bool sortAscending = true;
+
+    /// Repeat the columns across the frame, this far apart.
+    bool repeatColumns = true;
+    double repeatSpacing = 0.1;
+    std::int32_t defaultPage = 1;
+
+    /// Rows that differ only in the last column become one listing.
+    bool combineListings = true;
+    bool combineWithNewLine = true;
+    std::string combineDelimeter = ", ";
+    bool combineFirstAndLast = true;
+    /// Drop text from a row where it repeats the row above.
+    bool clearRepeatingText = false;
+    /// A break before the very first listing when that is not numeric.
+    bool addStartingBreak = false;
+
+    /// Run at every binding; results are then never stored.
+    bool autoRefreshListings = false;
+    bool haveSavedListings = false;
+    host::Ref<host::IHostPropertySet> savedListings;
+    host::Ref<host::IHostPropertySet> pageGroups;
+    host::Ref<host::IHostPropertySet> pageFirstListings;
+    host::Ref<host::IHostPropertySet> pageLastListings;
+
+    bool samplePage = false;
+    /// The property page's verdict at its last apply.
+    bool canDrawIndex = false;
+    std::int32_t version = kSchemaVersion;
+};
+
+/// Reads a stored set into the settings, key by key in the order of the table, then the version and
+/// the keys that depend on it: keys younger than the stored version become false without being
+/// read; with an unknown version they keep what the settings held. A key that cannot be read fails
+/// and leaves those after it as they were.
+void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& locale,
+                  Settings& settings);
+
+/// Writes all keys in the order of the table.
+void WriteSettings(const Settings& settings, host::IHostPropertySet& properties);
+
+/// Gives every set that the settings hold null for a new empty one.
+void FillEmptySets(host::IHost& host, Settings& settings);
+
+/// Names of a set in its order.
+std::vector<std::string> NamesOf(const host::IHostPropertySet& set);
+
+}  // namespace gazetteer

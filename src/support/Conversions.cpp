@@ -1,0 +1,88 @@
+#include "support/Conversions.h"
+
+#include <cmath>
+#include <limits>
+
+#include "host/Failure.h"
+
+namespace gazetteer {
+namespace {
+
+[[noreturn]] void FailMismatch() { throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch"); }
+
+[[noreturn]] void FailNull() {
+    throw host::Failure(host::kFailureTypeMismatch, "", "Invalid use of Null");
+}
+
+// Case aside, for the two words of a Boolean only, which are ASCII.
+bool EqualsWord(const std::string& text, const char* word) {
+    std::size_t i = 0;
+    for (; i < text.size() && word[i] != 0; ++i)
+        if ((text[i] | 0x20) != word[i]) return false;
+    return i == text.size() && word[i] == 0;
+}
+
+struct NumberOf {
+    host::IHostLocale& locale;
+    double operator()(host::Empty) const { return 0; }
+    double operator()(host::Null) const { FailNull(); }
+    double operator()(bool value) const { return value ? -1 : 0; }
+    double operator()(std::int16_t value) const { return value; }
+    double operator()(std::int32_t value) const { return value; }
+    double operator()(double value) const { return value; }
+    double operator()(const std::string& value) const {
+        const auto number = locale.ParseNumber(value);
+        if (!number) FailMismatch();
+        return *number;
+    }
+    double operator()(const host::Ref<host::IHostObject>&) const { FailMismatch(); }
+};
+
+struct TextOf {
+    host::IHostLocale& locale;
+    std::string operator()(host::Empty) const { return {}; }
+    std::string operator()(host::Null) const { FailNull(); }
+    std::string operator()(bool value) const { return value ? "True" : "False"; }
+    std::string operator()(std::int16_t value) const { return std::to_string(value); }
+    std::string operator()(std::int32_t value) const { return std::to_string(value); }
+    std::string operator()(double value) const { return locale.FormatNumber(value); }
+    std::string operator()(const std::string& value) const { return value; }
+    std::string operator()(const host::Ref<host::IHostObject>&) const { FailMismatch(); }
+};
+
+struct BooleanOf {
+    bool operator()(host::Empty) const { return false; }
+    bool operator()(host::Null) const { FailNull(); }
+    bool operator()(bool value) const { return value; }
+    bool operator()(std::int16_t value) const { return value != 0; }
+    bool operator()(std::int32_t value) const { return value != 0; }
+    bool operator()(double value) const { return value != 0; }
+    bool operator()(const std::string& value) const {
+        if (EqualsWord(value, "true")) return true;
+        if (EqualsWord(value, "false")) return false;
+        FailMismatch();
+    }
+    bool operator()(const host::Ref<host::IHostObject>&) const { FailMismatch(); }
+};
+
+}  // namespace
+
+bool ToBoolean(const host::Variant& value) { return std::visit(BooleanOf{}, value); }
+
+double ToDouble(const host::Variant& value, host::IHostLocale& locale) {
+    return std::visit(NumberOf{locale}, value);
+}
+
+std::int32_t ToLong(const host::Variant& value, host::IHostLocale& locale) {
+    const double rounded = std::nearbyint(ToDouble(value, locale));
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max()))
+        throw host::Failure(host::kFailureOverflow, "", "Overflow");
+    return static_cast<std::int32_t>(rounded);
+}
+
+std::string ToText(const host::Variant& value, host::IHostLocale& locale) {
+    return std::visit(TextOf{locale}, value);
+}
+
+}  // namespace gazetteer

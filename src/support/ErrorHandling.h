@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <source_location>
+#include <string>
+
+#include "host/Dialogs.h"
+
+/// The failure convention. Every procedure has one failure exit over its whole body, written as a
+/// function-try-block. An inner procedure's exit adds its location to the description and raises
+/// again (PassOn); a top procedure's exit shows the collected call stack in one dialog and lets the
+/// procedure return normally (ShowAtTop), so that no failure reaches the host.
+namespace gazetteer {
+
+/// The number of every error that the system raises itself, outside symbol drawing.
+inline constexpr auto kOwnError = static_cast<std::int32_t>(0x80040201U);
+
+/// Location labels of the code units.
+inline constexpr char kGeneralFunctionsLabel[] = "CVNGazetteer:GeneralFunctions";
+inline constexpr char kManagerLabel[] = "CVNGazeteer:CVNGazetteerManager";
+inline constexpr char kSortLabel[] = "CVNGazetteer:clsTableSortNumberAware";
+inline constexpr char kFormLabel[] = "CVNGazetteer:frmGazetteerPropertyPage";
+
+/// Raises an error of the system's own, with the line of the caller on record.
+[[noreturn]] void Raise(const std::string& source, const std::string& description,
+                        std::source_location where = std::source_location::current());
+
+/// Failure exit of an inner procedure: passes the exception in flight on, with a line for the
+/// procedure in its description. To be called inside a catch block.
+[[noreturn]] void PassOn(const char* procedure, const char* label);
+
+/// Failure exit of a top procedure: shows the exception in flight. To be called inside a catch
+/// block.
+void ShowAtTop(host::IHostDialogs& dialogs, const char* procedure, const char* label) noexcept;
+
+/// The exception in flight as a failure; those of the language get a failure code of the host's.
+host::Failure CurrentFailure();
+
+/// "Line : 120", or the empty string for line 0.
+std::string FormatErrorLine(std::int32_t line);
+
+/// The common end of both exits. Puts the error's number and text into a block if the description
+/// holds none yet, then shows the dialog (isTop) or raises again with one more stack line. Returns
+/// only when isTop is true.
+void ReportError(host::IHostDialogs* dialogs, bool isTop, const std::string& where,
+                 host::Failure failure);
+
+/// Beeps and shows the call stack; returns when the user has dismissed it.
+void ShowErrorDialog(host::IHostDialogs& dialogs, const std::string& where,
+                     const host::Failure& failure);
+
+}  // namespace gazetteer
