@@ -1,0 +1,128 @@
+#include "layout/ColumnFlow.h"
+
+#include "layout/RowElements.h"
+#include "layout/TitlesAndBreaks.h"
+
+namespace gazetteer {
+
+using Kind = PlacedRow::Kind;
+
+ColumnFlow::ColumnFlow(LayoutContext& context, const FrameBounds& frame, FlowListener& listener)
+    : context_(context),
+      listener_(listener),
+      frame_(frame),
+      hasTitle_(context.HasTitle()),
+      hasBreak_(context.HasBreak()) {
+    StartPage();
+}
+
+ColumnFlow::Step ColumnFlow::Feed(const std::string& rowKey) {
+    if (!PlaceTitle()) return Step::TitleTooHigh;
+    if (atFirstListing_ && NeedsTopMostBreak(context_)) PlaceBreak(rowKey);
+    atFirstListing_ = false;
+    if (carried_) PlaceCarried();
+    if (hasBreak_ && hasPrevious_ && RowNeedsBreak(context_, rowKey, previousRow_))
+        PlaceBreak(rowKey);
+
+    double width = 0;
+    const Step step = PlaceListing(rowKey, width) ? Step::GoOn : Overflow(rowKey, width);
+    hasPrevious_ = true;
+    previousRow_ = rowKey;
+    return step;
+}
+
+void ColumnFlow::Finish() {
+    if (carried_ && PlaceTitle()) PlaceCarried();
+}
+
+bool ColumnFlow::PlaceTitle() {
+    if (!hasTitle_ || !topOfColumn_) return true;
+    auto group = MakeTitleGroup(context_, *pen_);
+    const double height = HeightOf(group);
+    usedHeight_ += height;
+    if (usedHeight_ > frame_.height) return false;
+    Place({Kind::Title, {}, std::move(group), height});
+    topOfColumn_ = false;
+    return true;
+}
+
+// A break that does not fit is left out: it does not move on with its row.
+void ColumnFlow::PlaceBreak(const std::string& rowKey) {
+    auto group = MakeBreakGroup(context_, rowKey, *pen_, alternate_);
+    const double height = HeightOf(group);
+    if (usedHeight_ + height > frame_.height) return;
+    usedHeight_ += height;
+    Place({Kind::Break, rowKey, std::move(group), height});
+    alternate_ = !alternate_;
+}
+
+// No test of height: at the top of a column group a row stands even if it is higher than the frame.
+void ColumnFlow::PlaceCarried() {
+    auto group = MakeRowGroup(context_, carriedRow_, *pen_, alternate_);
+    const double height = HeightOf(group);
+    usedHeight_ += height;
+    Place({Kind::Carried, carriedRow_, std::move(group), height});
+    alternate_ = !alternate_;
+    carried_ = false;
+    pageIsEmpty_ = false;
+}
+
+// The first listing of a page stands in any case, as a carried row does: moved on, it would leave a
+// page without rows behind.
+bool ColumnFlow::PlaceListing(const std::string& rowKey, double& width) {
+    PlacedRow row{Kind::Listing, rowKey, MakeRowGroup(context_, rowKey, *pen_, alternate_)};
+    row.height = HeightOf(row.group);
+    usedHeight_ += row.height;
+    if (usedHeight_ > frame_.height && !pageIsEmpty_) {
+        width = GetElementWidth(context_.Host(), *row.group, context_.Display());
+        listener_.ColumnFull(frame_.height + row.height - usedHeight_);
+        return false;
+    }
+    listener_.Placing(row, hasPrevious_, previousRow_);
+    Place(std::move(row));
+    alternate_ = !alternate_;
+    pageIsEmpty_ = false;
+    return true;
+}
+
+// One gap only counts here, however many column groups the page holds already; the pen, by contrast,
+// moves by width and gap of each.
+ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
+    const Settings& settings = context_.GetSettings();
+    carried_ = true;
+    carriedRow_ = rowKey;
+    usedWidth_ += width;
+    if (settings.repeatColumns && usedWidth_ + settings.repeatSpacing + width < frame_.width) {
+        pen_->SetX(pen_->X() + width + settings.repeatSpacing);
+        StartColumn();
+        return Step::GoOn;
+    }
+    StartPage();
+    return Step::PageFull;
+}
+
+void ColumnFlow::Place(PlacedRow row) {
+    row.room = frame_.height - usedHeight_;
+    listener_.Placed(row);
+    pen_->SetY(pen_->Y() - row.height);
+}
+
+double ColumnFlow::HeightOf(const host::Ref<host::IHostElement>& group) {
+    return GetElementHeight(context_.Host(), *group, context_.Display());
+}
+
+void ColumnFlow::StartColumn() {
+    pen_->SetY(frame_.topLeft->Y());
+    topOfColumn_ = true;
+    alternate_ = false;
+    usedHeight_ = 0;
+}
+
+void ColumnFlow::StartPage() {
+    pen_ = host::As<host::IHostPoint>(frame_.topLeft->Copy());
+    usedWidth_ = 0;
+    pageIsEmpty_ = true;
+    StartColumn();
+}
+
+}  // namespace gazetteer

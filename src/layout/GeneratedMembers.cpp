@@ -1,0 +1,25 @@
+#include "layout/GeneratedMembers.h"
+
+#include <algorithm>
+
+#include "layout/RowElements.h"
+
+namespace gazetteer {
+
+std::vector<host::Ref<host::IHostElement>> MembersTagged(
+    const host::IHostGroupElement& group, std::initializer_list<std::string_view> tags) {
+    std::vector<host::Ref<host::IHostElement>> found;
+    for (std::int32_t i = 0; i < group.Count(); ++i) {
+        auto member = group.Item(i);
+        if (std::ranges::find(tags, std::string_view(TagOf(member))) != tags.end())
+            found.push_back(std::move(member));
+    }
+    return found;
+}
+
+void RemoveMembers(host::IHostGroupElement& group,
+                   const std::vector<host::Ref<host::IHostElement>>& members) {
+    for (const auto& member : members) group.Remove(member);
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/Host.h"
+#include "layout/TextFit.h"
+#include "model/ColumnProperties.h"
+#include "model/Results.h"
+#include "model/Settings.h"
+
+namespace gazetteer {
+
+/// A column as one pass of layout works with it.
+struct LayoutColumn {
+    std::string name;
+    ColumnProperties properties;
+    host::Ref<host::IHostPropertySet> listings;  ///< Row key to cell text.
+
+    /// Text of a row's cell. Fails for a row without one.
+    std::string Cell(const std::string& rowKey, host::IHostLocale& locale) const;
+};
+
+/// What one pass of layout works with: the display, the columns in display order, and the text
+/// fitter. Made anew for each pass, numbering or drawing, since settings and frame may have changed.
+class LayoutContext {
+public:
+    LayoutContext(host::IHost& host, const Settings& settings, const WorkingResults& results,
+                  host::Ref<host::IHostFillSymbol> transparentFill);
+
+    host::IHost& Host() { return host_; }
+    const Settings& GetSettings() const { return settings_; }
+    const WorkingResults& Results() const { return results_; }
+    const host::Ref<host::IHostActiveView>& View() const { return view_; }
+    const host::Ref<host::IHostDisplay>& Display() const { return display_; }
+    TextFit& Text() { return text_; }
+    std::vector<LayoutColumn>& Columns() { return columns_; }
+    const host::Ref<host::IHostFillSymbol>& TransparentFill() const { return transparentFill_; }
+
+    /// Some column shows its title.
+    bool HasTitle() const;
+    /// The first letters of some column decide the breaks.
+    bool HasBreak() const;
+
+private:
+    host::IHost& host_;
+    const Settings& settings_;
+    const WorkingResults& results_;
+    host::Ref<host::IHostFillSymbol> transparentFill_;
+    host::Ref<host::IHostActiveView> view_;
+    host::Ref<host::IHostDisplay> display_;
+    TextFit text_;
+    std::vector<LayoutColumn> columns_;
+};
+
+}  // namespace gazetteer

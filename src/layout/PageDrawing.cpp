@@ -1,0 +1,145 @@
+#include "layout/PageDrawing.h"
+
+#include <string>
+
+#include "layout/ColumnFlow.h"
+#include "layout/GeneratedMembers.h"
+#include "layout/LayoutContext.h"
+#include "layout/RowElements.h"
+#include "listings/RepeatingText.h"
+#include "model/DefaultSymbols.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+#include "support/Status.h"
+
+namespace gazetteer {
+namespace {
+
+using host::IHostElement;
+using host::IHostGroupElement;
+using host::Ref;
+
+// Adds what the flow places to the element, and stretches the foot of each column group.
+class PageDrawer : public FlowListener {
+public:
+    PageDrawer(LayoutContext& context, const Ref<IHostGroupElement>& group)
+        : context_(context), group_(group) {}
+
+    void SetAtLastRow(bool continues) { atLastRowOfMany_ = continues; }
+
+    void Placing(PlacedRow& row, bool hasPrevious, const std::string& previousRow) override {
+        if (!context_.GetSettings().clearRepeatingText || !hasPrevious) return;
+        row.group = ClearRepeatingText(context_.Host(), context_.GetSettings(), context_.Results(),
+                                       row.group, row.rowKey, previousRow);
+    }
+
+    void Placed(const PlacedRow& row) override {
+        group_->Add(row.group);
+        // A carried row does not count: what lies below the column group's end is then stretched
+        // from the last row of the column group before.
+        if (row.kind == PlacedRow::Kind::Break || row.kind == PlacedRow::Kind::Listing)
+            lastPlaced_ = row.group;
+        if (row.kind != PlacedRow::Kind::Listing) return;
+        if (atLastRowOfMany_ || context_.GetSettings().samplePage)
+            Stretch(row.group, row.height, row.room);
+    }
+
+    void ColumnFull(double room) override {
+        if (lastPlaced_)
+            Stretch(lastPlaced_,
+                    GetElementHeight(context_.Host(), *lastPlaced_, context_.Display()), room);
+    }
+
+private:
+    // A row that juts out of the frame already has nothing to be stretched over.
+    static void Stretch(const Ref<IHostElement>& row, double height, double room) {
+        if (room > 0) MakeBackgroundsSameHeight(height + room, host::As<IHostGroupElement>(row));
+    }
+
+    LayoutContext& context_;
+    Ref<IHostGroupElement> group_;
+    Ref<IHostElement> lastPlaced_;
+    bool atLastRowOfMany_ = false;  // The row is the page's last, and a page follows.
+};
+
+void PlaceRows(LayoutContext& context, const Ref<IHostGroupElement>& group,
+               const std::vector<std::string>& rows, std::int32_t pageNumber) {
+    PageDrawer drawer(context, group);
+    ColumnFlow flow(context, ReadFrame(*group), drawer);
+    if (pageNumber == 1) flow.SetAtFirstListing();
+    const bool pageFollows = pageNumber != context.Results().pageCount;
+    const std::string placing =
+        "Page " + std::to_string(pageNumber) + ": Placing listings on layout: ";
+    Status status(context.Host());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        status.Show(placing.c_str(), static_cast<std::int64_t>(i));
+        drawer.SetAtLastRow(pageFollows && i + 1 == rows.size());
+        // A page that no longer takes its rows was numbered for another frame: the rest is not
+        // drawn.
+        if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return;
+    }
+    flow.Finish();
+}
+
+void BringTitlesToFront(IHostGroupElement& group) {
+    const auto titles = MembersTagged(group, {kTitleGroupTag});
+    RemoveMembers(group, titles);
+    for (const auto& title : titles) group.Add(title);
+}
+
+// The text across a sample page: 36 points, red, at 45 degrees over the middle of the frame.
+void AddSampleLabel(host::IHost& host, IHostGroupElement& group) {
+    auto font = host.NewFont();
+    font->SetSize(36);
+    font->SetName("Helvetica");
+    font->SetBold(true);
+    auto color = host.NewColor();
+    color->SetRGB(RGB(255, 0, 0));
+    auto symbol = host.NewTextSymbol();
+    symbol->SetFont(font);
+    symbol->SetColor(color);
+    symbol->SetVerticalPlacement(1);
+    symbol->SetHorizontalPlacement(1);
+    symbol->SetAngle(45);
+    auto label = host.NewTextElement();
+    label->SetSymbol(symbol);
+    label->SetText("SAMPLE PAGE");
+    const auto bounds = group.Geometry()->Bounds();
+    auto center = host.NewPoint();
+    center->SetX(bounds->XMin() + bounds->Width() / 2);
+    center->SetY(bounds->YMin() + bounds->Height() / 2);
+    label->SetGeometry(center);
+    SetTag(label, kSampleLabelTag);
+    group.Add(label);
+}
+
+}  // namespace
+
+bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults& results,
+              const Ref<host::IHostFillSymbol>& transparentFill,
+              const Ref<IHostGroupElement>& group, std::int32_t pageNumber) try {
+    RemoveMembers(*group, MembersTagged(*group, {kTitleGroupTag, kRowGroupTag, kBreakGroupTag,
+                                                 kSampleLabelTag, kColumnTextTag}));
+    const auto page = ToObject<host::IHostPropertySet>(
+        results.pageGroups->Item(std::to_string(pageNumber)));
+    if (page->Count() == 0) return false;
+
+    LayoutContext context(host, settings, results, transparentFill);
+    PlaceRows(context, group, NamesOf(*page), pageNumber);
+
+    BringTitlesToFront(*group);
+    if (settings.samplePage) AddSampleLabel(host, *group);
+    host::As<host::IHostFrameElement>(group)->SetDraft(false);
+    Status(host).Clear();
+    context.View()->Refresh();
+    return true;
+} catch (...) {
+    PassOn("DrawPage", kManagerLabel);
+}
+
+void TakePageAway(const Ref<IHostGroupElement>& group) {
+    RemoveMembers(*group, MembersTagged(*group, {kTitleGroupTag, kRowGroupTag, kBreakGroupTag}));
+    host::As<host::IHostDraftOption>(group)->SetValue(0);
+}
+
+}  // namespace gazetteer

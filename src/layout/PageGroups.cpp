@@ -1,0 +1,97 @@
+#include "layout/PageGroups.h"
+
+#include <string>
+
+#include "layout/ColumnFlow.h"
+#include "layout/LayoutContext.h"
+#include "listings/FirstLast.h"
+#include "support/ErrorHandling.h"
+#include "support/Status.h"
+
+namespace gazetteer {
+namespace {
+
+// Records the row keys of each page.
+class PageRecorder : public FlowListener {
+public:
+    explicit PageRecorder(host::IHost& host) : host_(host), pages_(host.NewPropertySet()) {}
+
+    void OpenPage() {
+        rows_ = host_.NewPropertySet();
+        ++pageNumber_;
+        open_ = true;
+    }
+    void ClosePage() {
+        if (rows_ && rows_->Count() > 0)
+            pages_->SetItem(std::to_string(pageNumber_), host::Ref<host::IHostObject>(rows_));
+        rows_ = nullptr;
+        open_ = false;
+    }
+    bool IsOpen() const { return open_; }
+    std::int32_t PageNumber() const { return pageNumber_; }
+    const host::Ref<host::IHostPropertySet>& Pages() const { return pages_; }
+
+    void Placing(PlacedRow&, bool, const std::string&) override {}
+    void Placed(const PlacedRow& row) override {
+        if (row.kind == PlacedRow::Kind::Listing || row.kind == PlacedRow::Kind::Carried)
+            rows_->SetItem(row.rowKey, row.rowKey);
+    }
+    void ColumnFull(double) override {}
+
+private:
+    host::IHost& host_;
+    host::Ref<host::IHostPropertySet> pages_;
+    host::Ref<host::IHostPropertySet> rows_;
+    std::int32_t pageNumber_ = 0;
+    bool open_ = false;
+};
+
+std::string PlacingText(std::int32_t page) {
+    return "Laying out each page: " + std::to_string(page) + ": Placing graphics on page: ";
+}
+
+// Walks all listings through the flow; every overflow of the page's width closes a page.
+void NumberPages(LayoutContext& context, const FrameBounds& frame, PageRecorder& pages) {
+    ColumnFlow flow(context, frame, pages);
+    flow.SetAtFirstListing();
+    Status status(context.Host());
+    std::string placing;
+    std::int64_t index = 0;
+    for (const std::string& row : NamesOf(*context.Columns().front().listings)) {
+        if (!pages.IsOpen()) {
+            pages.OpenPage();
+            placing = PlacingText(pages.PageNumber());
+        }
+        status.Show(placing.c_str(), index++);
+        const auto step = flow.Feed(row);
+        if (step == ColumnFlow::Step::TitleTooHigh) return;
+        if (step != ColumnFlow::Step::PageFull) continue;
+        pages.ClosePage();
+        // The first page is complete, and a sample wants no more; the row carried is not stored.
+        if (context.GetSettings().samplePage) return;
+    }
+    if (!pages.IsOpen()) pages.OpenPage();
+    flow.Finish();
+}
+
+}  // namespace
+
+bool PopulatePageGroups(host::IHost& host, const Settings& settings,
+                        const host::IHostElement& frameElement,
+                        const host::Ref<host::IHostFillSymbol>& transparentFill,
+                        WorkingResults& results) try {
+    if (results.listings->Count() == 0) return false;
+    LayoutContext context(host, settings, results, transparentFill);
+    PageRecorder pages(host);
+    NumberPages(context, ReadFrame(frameElement), pages);
+    pages.ClosePage();
+    results.pageGroups = pages.Pages();
+    results.pageCount = results.pageGroups->Count();
+    PopulateFirstLastListings(host, settings, results);
+    Status(host).Clear();
+    return true;
+} catch (...) {
+    PassOn("PopulatePageGroups", kManagerLabel);
+}
+
+}  // namespace gazetteer

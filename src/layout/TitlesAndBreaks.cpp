@@ -1,0 +1,83 @@
+#include "layout/TitlesAndBreaks.h"
+
+#include "layout/RowElements.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+constexpr char kBlank[] = " ";
+
+// The first character of a cell in a break column, in the case in which it stands there; empty for
+// an empty cell.
+std::string BreakLetter(LayoutContext& context, const LayoutColumn& column,
+                        const std::string& rowKey) {
+    auto& locale = context.Host().Locale();
+    const std::string text = column.Cell(rowKey, locale);
+    if (text.empty()) return {};
+    if (static_cast<unsigned char>(text[0]) < 0x80 &&
+        (text.size() == 1 || static_cast<unsigned char>(text[1]) < 0x80))
+        return text.substr(0, 1);
+    return text.substr(0, locale.Characters(text).front());
+}
+
+bool IsNumeric(LayoutContext& context, const std::string& letter) {
+    if (letter.size() == 1) return letter[0] >= '0' && letter[0] <= '9';
+    return !letter.empty() && context.Host().Locale().ParseNumber(letter).has_value();
+}
+
+}  // namespace
+
+host::Ref<host::IHostElement> MakeTitleGroup(LayoutContext& context,
+                                             const host::IHostPoint& position) try {
+    return MakeGroup(context, position, false, RowKind::Title, kTitleGroupTag,
+                     [](const LayoutColumn& column) -> std::string {
+                         const auto& properties = column.properties;
+                         if (!properties.showTitle || properties.title.empty()) return kBlank;
+                         return properties.title;
+                     });
+} catch (...) {
+    PassOn("MakeTitleGroup", kManagerLabel);
+}
+
+host::Ref<host::IHostElement> MakeBreakGroup(LayoutContext& context, const std::string& rowKey,
+                                             const host::IHostPoint& position,
+                                             bool alternate) try {
+    return MakeGroup(context, position, alternate, RowKind::Break, kBreakGroupTag,
+                     [&](const LayoutColumn& column) -> std::string {
+                         if (!column.properties.breakColumn) return kBlank;
+                         const std::string letter = BreakLetter(context, column, rowKey);
+                         return letter.empty() || IsNumeric(context, letter) ? kBlank : letter;
+                     });
+} catch (...) {
+    PassOn("MakeBreakGroup", kManagerLabel);
+}
+
+bool RowNeedsBreak(LayoutContext& context, const std::string& thisRow,
+                   const std::string& previousRow) try {
+    for (const LayoutColumn& column : context.Columns()) {
+        if (!column.properties.breakColumn) continue;
+        const std::string letter = BreakLetter(context, column, thisRow);
+        const std::string previous = BreakLetter(context, column, previousRow);
+        if (letter == previous || IsNumeric(context, letter)) continue;
+        if (context.Host().Locale().CompareText(letter, previous) != 0) return true;
+    }
+    return false;
+} catch (...) {
+    PassOn("RowNeedsBreak", kManagerLabel);
+}
+
+bool NeedsTopMostBreak(LayoutContext& context) try {
+    if (!context.GetSettings().addStartingBreak) return false;
+    for (const LayoutColumn& column : context.Columns()) {
+        if (!column.properties.breakColumn) continue;
+        const auto rows = NamesOf(*column.listings);
+        if (!rows.empty() && !IsNumeric(context, BreakLetter(context, column, rows.front())))
+            return true;
+    }
+    return false;
+} catch (...) {
+    PassOn("NeedsTopMostBreak", kManagerLabel);
+}
+
+}  // namespace gazetteer

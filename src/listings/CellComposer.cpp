@@ -1,0 +1,89 @@
+#include "listings/CellComposer.h"
+
+#include "model/ColumnProperties.h"
+#include "support/Conversions.h"
+
+namespace gazetteer {
+namespace {
+
+constexpr std::int32_t kNoNumber = 0;  // What a field that is not there counts as.
+
+// A value as a person would name it in a message.
+std::string Shown(const host::Variant& value, host::IHostLocale& locale) {
+    return std::holds_alternative<host::Null>(value) ? "(none)" : ToText(value, locale);
+}
+
+}  // namespace
+
+CellComposer::CellComposer(host::IHost& host, const Settings& settings,
+                           const SiblingObjects& siblings, const ListingSource& source)
+    : host_(host), siblings_(siblings), source_(source) {
+    if (source.linkValid) {
+        correction_ = MakePageCorrection(settings, siblings, source.seriesMapFrame, host.Locale());
+        grid_ = FindIndexGrid(source.seriesMapFrame);
+    }
+    for (const std::string& name : NamesOf(*settings.columnNames)) {
+        const auto set = ColumnSet(*settings.columnsProperties, name);
+        columns_.push_back({name, ToText(set->Item("Expression"), host.Locale()),
+                            ToBoolean(set->Item("FromDatabase"))});
+    }
+    pageField_ = source.databaseTable->FindField("Page");
+    rowField_ = source.databaseTable->FindField("Row");
+    columnField_ = source.databaseTable->FindField("Column");
+}
+
+void CellComposer::SetRow(const host::Ref<host::IHostRow>& row) {
+    row_ = row;
+    page_ = pageField_ >= 0 ? row->Value(pageField_) : host::Variant(kNoNumber);
+    const bool hasGrid = rowField_ >= 0 && columnField_ >= 0;
+    gridRow_ = hasGrid ? row->Value(rowField_) : host::Variant(kNoNumber);
+    gridColumn_ = hasGrid ? row->Value(columnField_) : host::Variant(kNoNumber);
+}
+
+std::string CellComposer::Text(std::size_t index) {
+    const Column& column = columns_[index];
+    try {
+        return column.fromDatabase ? TextFromDatabase(column) : TextFromIndexLayer(column);
+    } catch (host::Failure& failure) {
+        failure.AddFact("column", column.name);
+        failure.AddFact("record", std::to_string(row_->OID()));
+        throw;
+    }
+}
+
+std::string CellComposer::TextFromDatabase(const Column& column) {
+    tokens_["PAGE_NUMBER"] = page_;
+    tokens_["ROW"] = gridRow_;
+    tokens_["COLUMN"] = gridColumn_;
+    return siblings_.expressionEngine->Evaluate(source_.databaseTable, row_, column.expression,
+                                                tokens_);
+}
+
+std::string CellComposer::TextFromIndexLayer(const Column& column) {
+    const std::int32_t page = Number(page_, "Page");
+    tokens_["PAGE_NUMBER"] = correction_.Corrected(page);
+    tokens_["ROW"] = grid_ ? Label(gridRow_, true) : gridRow_;
+    tokens_["COLUMN"] = grid_ ? Label(gridColumn_, false) : gridColumn_;
+    const auto feature = siblings_.seriesManager->PageFeature(page);
+    return siblings_.expressionEngine->Evaluate(source_.indexLayerTable, feature, column.expression,
+                                                tokens_);
+}
+
+host::Variant CellComposer::Label(const host::Variant& value, bool isRow) {
+    const std::int32_t index = Number(value, isRow ? "Row" : "Column");
+    const std::int32_t count = isRow ? grid_->RowCount() : grid_->ColumnCount();
+    if (index > count) return value;
+    return isRow ? grid_->RowLabel(index) : grid_->ColumnLabel(index);
+}
+
+std::int32_t CellComposer::Number(const host::Variant& value, const char* field) {
+    try {
+        return ToLong(value, host_.Locale());
+    } catch (host::Failure& failure) {
+        failure.AddFact("field", field);
+        failure.AddFact("value", Shown(value, host_.Locale()));
+        throw;
+    }
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/Host.h"
+#include "listings/PageCorrection.h"
+#include "model/Results.h"
+#include "model/Settings.h"
+
+namespace gazetteer {
+
+/// Where listings come from: the opened listing database and, with a valid link, the series frame
+/// and the table of its index layer.
+struct ListingSource {
+    host::Ref<host::IHostTable> databaseTable;
+    bool linkValid = false;
+    host::Ref<host::IHostMapFrame> seriesMapFrame;
+    host::Ref<host::IHostTable> indexLayerTable;
+};
+
+/// Composes the texts of the columns from the rows of a listing source. A column that takes its
+/// text from the database sees the row's raw page, row and column; one that takes it from the index
+/// layer sees the corrected page and the grid's labels, and reads the attributes of the map page,
+/// not of the listing.
+class CellComposer {
+public:
+    CellComposer(host::IHost& host, const Settings& settings, const SiblingObjects& siblings,
+                 const ListingSource& source);
+
+    /// Takes up a row of the listing database. The row must outlive the calls of Text.
+    void SetRow(const host::Ref<host::IHostRow>& row);
+
+    std::size_t ColumnCount() const { return columns_.size(); }
+    const std::string& ColumnName(std::size_t column) const { return columns_[column].name; }
+
+    /// Text of one cell of the row. A failure knows column, record, field and value.
+    std::string Text(std::size_t column);
+
+private:
+    struct Column {
+        std::string name;
+        std::string expression;
+        bool fromDatabase = true;
+    };
+
+    std::string TextFromDatabase(const Column& column);
+    std::string TextFromIndexLayer(const Column& column);
+    std::int32_t Number(const host::Variant& value, const char* field);
+    host::Variant Label(const host::Variant& value, bool isRow);
+
+    host::IHost& host_;
+    const SiblingObjects& siblings_;
+    const ListingSource& source_;
+    std::vector<Column> columns_;
+    PageCorrection correction_;
+    host::Ref<host::IHostIndexGrid> grid_;
+    std::int32_t pageField_;
+    std::int32_t rowField_;
+    std::int32_t columnField_;
+
+    host::Ref<host::IHostRow> row_;
+    host::Variant page_;
+    host::Variant gridRow_;
+    host::Variant gridColumn_;
+    host::TokenValues tokens_;
+};
+
+}  // namespace gazetteer

@@ -1,0 +1,122 @@
+#include "listings/IndexTable.h"
+
+#include "listings/NumberAwareSort.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+#include "support/Status.h"
+
+namespace gazetteer {
+namespace {
+
+using host::Ref;
+
+constexpr char kTableName[] = "CVNGazetteerTmp";
+constexpr std::int32_t kTextFieldLength = 255;
+
+Ref<host::IHostFields> IndexFields(host::IHost& host, const std::vector<std::string>& columns) {
+    auto fields = host.NewFields();
+    fields->SetFieldCount(static_cast<std::int32_t>(columns.size()) + 1);
+    auto identifier = host.NewField();
+    identifier->SetName("OID");
+    identifier->SetType(host::kFieldTypeObjectId);
+    fields->SetField(0, identifier);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        auto field = host.NewField();
+        field->SetLength(kTextFieldLength);
+        field->SetName(columns[i]);
+        field->SetType(host::kFieldTypeText);
+        fields->SetField(static_cast<std::int32_t>(i) + 1, field);
+    }
+    return fields;
+}
+
+void DeleteOldTable(host::IHostWorkspace& workspace) {
+    const auto tables = workspace.Datasets(host::kDatasetTypeTable);
+    for (auto table = tables->Next(); table; table = tables->Next()) {
+        if (table->Name() != kTableName) continue;
+        table->Delete();
+        return;
+    }
+}
+
+Ref<host::IHostCursor> SortIndexTable(host::IHost& host, const Settings& settings,
+                                      const Ref<host::IHostTable>& indexTable) {
+    Status status(host);
+    status.Show("Sorting Listings (Please be patient. This can take a while)...");
+    const auto animation = status.Animation();
+    animation->Show();
+    animation->Play();
+
+    const auto sort = host.NewTableSort();
+    const auto order = settings.columnSortOrder->AllItems();
+    std::vector<std::string> names;
+    std::string fields;
+    for (std::size_t i = 0; i < order.names.size(); ++i) {
+        if (!ToBoolean(order.values[i])) continue;
+        fields += (fields.empty() ? "" : ",") + order.names[i];
+        names.push_back(order.names[i]);
+    }
+    sort->SetFields(fields);
+    for (const std::string& name : names) {
+        sort->SetAscending(name, settings.sortAscending);
+        sort->SetFieldOption(name, false);
+    }
+    sort->SetQueryFilter(host.NewQueryFilter());
+    sort->SetCallback(std::make_shared<clsTableSortNumberAware>(host));
+    sort->SetTable(indexTable);
+    sort->Sort(nullptr);
+    auto rows = sort->Rows();
+
+    animation->Hide();
+    animation->Stop();
+    return rows;
+}
+
+}  // namespace
+
+Ref<host::IHostTable> MakeIndexTempTable(host::IHost& host, const Settings& settings) try {
+    const auto workspace = host.NewScratchWorkspaceFactory()->CreateWorkspace();
+    const auto fields = IndexFields(host, NamesOf(*settings.columnNames));
+    DeleteOldTable(*workspace);
+    auto rowClass = host.NewIdentifier();
+    rowClass->SetValue("zorvexGeoDatabase.Object");
+    return workspace->CreateTable(kTableName, fields, rowClass, nullptr, "");
+} catch (...) {
+    PassOn("MakeIndexTempTable", kManagerLabel);
+}
+
+std::int64_t ComposeIndexTable(host::IHost& host, const Settings& settings,
+                               const SiblingObjects& siblings, const ListingSource& source,
+                               host::IHostTable& indexTable) {
+    const auto insert = indexTable.Insert(true);
+    CellComposer composer(host, settings, siblings, source);
+    std::vector<std::int32_t> fields;
+    for (std::size_t i = 0; i < composer.ColumnCount(); ++i)
+        fields.push_back(indexTable.FindField(composer.ColumnName(i)));
+
+    Status status(host);
+    std::int64_t cells = 0;
+    std::int64_t records = 0;
+    const auto rows = source.databaseTable->Search(host.NewQueryFilter(), true);
+    for (auto row = rows->NextRow(); row; row = rows->NextRow()) {
+        composer.SetRow(row);
+        const auto buffer = indexTable.CreateRowBuffer();
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            buffer->SetValue(fields[i], composer.Text(i));
+            status.Show("Generating column text for listing: ", cells++);
+        }
+        insert->InsertRow(buffer);
+        ++records;
+        if (settings.samplePage && records > kSampleRows) break;
+    }
+    insert->Flush();
+    return records;
+}
+
+Ref<host::IHostCursor> OrderIndexTable(host::IHost& host, const Settings& settings,
+                                       const Ref<host::IHostTable>& indexTable) {
+    if (settings.sortColumns) return SortIndexTable(host, settings, indexTable);
+    return indexTable->Search(host.NewQueryFilter(), false);
+}
+
+}  // namespace gazetteer

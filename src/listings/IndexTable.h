@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+#include "host/Host.h"
+#include "listings/CellComposer.h"
+#include "model/Settings.h"
+
+/// The index table: a scratch table with a row per source row and a text field per column. Its row
+/// identifiers are the identities of the listings.
+namespace gazetteer {
+
+/// A sample run stops once it has read more rows than this.
+inline constexpr std::int32_t kSampleRows = 500;
+
+/// Inner procedure: the new, empty index table.
+host::Ref<host::IHostTable> MakeIndexTempTable(host::IHost& host, const Settings& settings);
+
+/// Composes the rows of the source into the index table and answers how many there were. 0 tells of
+/// an empty source; the status bar then keeps its text.
+std::int64_t ComposeIndexTable(host::IHost& host, const Settings& settings,
+                               const SiblingObjects& siblings, const ListingSource& source,
+                               host::IHostTable& indexTable);
+
+/// The rows of the index table in the order of the listings: sorted, or that of the source.
+host::Ref<host::IHostCursor> OrderIndexTable(host::IHost& host, const Settings& settings,
+                                             const host::Ref<host::IHostTable>& indexTable);
+
+}  // namespace gazetteer

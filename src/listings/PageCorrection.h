@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+#include "host/Host.h"
+#include "model/Results.h"
+#include "model/Settings.h"
+
+namespace gazetteer {
+
+/// Places the page of a linked listing in the numbering of the map book. Pages move only if the
+/// linked section stands before the gazetteer's own section.
+struct PageCorrection {
+    std::int32_t pageBase = 1;
+    std::int32_t seriesFirstPage = 0;
+
+    std::int32_t Corrected(std::int32_t page) const {
+        return page + pageBase + seriesFirstPage - 2;
+    }
+};
+
+/// Works the correction out from the map book. The frame becomes the series manager's frame.
+PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects& siblings,
+                                  const host::Ref<host::IHostMapFrame>& frame,
+                                  host::IHostLocale& locale);
+
+/// The first visible index grid of the frame; null where there is none.
+host::Ref<host::IHostIndexGrid> FindIndexGrid(const host::Ref<host::IHostMapFrame>& frame);
+
+}  // namespace gazetteer

@@ -1,0 +1,49 @@
+#include "listings/RepeatingText.h"
+
+#include "model/ColumnProperties.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+#include "support/Text.h"
+
+namespace gazetteer {
+namespace {
+
+using host::Ref;
+
+bool HoldsReference(const std::string& expression) {
+    for (const char* token : {"$$ROW", "$$PAGE_NUMBER", "$$COLUMN"})
+        if (ContainsInAnyCase(expression, token)) return true;
+    return false;
+}
+
+// A blank, not an empty text, which would have no height of its own in some hosts.
+void BlankTexts(const host::IHostGroupElement& cell) {
+    for (std::int32_t i = 0; i < cell.Count(); ++i)
+        if (const auto text = host::As<host::IHostTextElement>(cell.Item(i))) text->SetText(" ");
+}
+
+}  // namespace
+
+Ref<host::IHostElement> ClearRepeatingText(host::IHost& host, const Settings& settings,
+                                           const WorkingResults& results,
+                                           const Ref<host::IHostElement>& rowGroup,
+                                           const std::string& thisRow,
+                                           const std::string& previousRow) try {
+    auto& locale = host.Locale();
+    const auto row = host::As<host::IHostGroupElement>(rowGroup);
+    const auto names = NamesOf(*settings.columnDisplayOrder);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto column = ColumnSet(*settings.columnsProperties, names[i]);
+        if (HoldsReference(ToText(column->Item("Expression"), locale))) continue;
+        const auto cells = ToObject<host::IHostPropertySet>(results.listings->Item(names[i]));
+        if (locale.CompareText(ToText(cells->Item(thisRow), locale),
+                               ToText(cells->Item(previousRow), locale)) != 0)
+            break;
+        BlankTexts(*host::As<host::IHostGroupElement>(row->Item(static_cast<std::int32_t>(i))));
+    }
+    return rowGroup;
+} catch (...) {
+    PassOn("ClearRepeatingText", kManagerLabel);
+}
+
+}  // namespace gazetteer

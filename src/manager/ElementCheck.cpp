@@ -1,0 +1,96 @@
+#include "manager/ElementCheck.h"
+
+#include <algorithm>
+
+#include "manager/SeriesLink.h"
+#include "model/GeneralFunctions.h"
+#include "model/Paths.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+using host::IHostPropertySet;
+
+bool Holds(const std::vector<std::string>& keys, const std::string& key) {
+    return std::ranges::find(keys, key) != keys.end();
+}
+
+// Takes the last frame of the stored name, with its index layer.
+void TakeFrame(const SiblingObjects& siblings, const std::string& name, ElementCheck& check) {
+    for (const auto& frame : check.seriesFrames) {
+        if (host::As<host::IHostElementName>(frame)->Name() != name) continue;
+        check.seriesMapFrame = frame;
+        siblings.seriesManager->ClearFrame();
+        siblings.seriesManager->SetFrame(frame);
+        check.seriesFrameLayer = siblings.seriesManager->IndexLayer();
+        check.indexLayerTable = check.seriesFrameLayer->Table();
+        check.linkValid = true;
+    }
+}
+
+// Follows the stored link from section to template to frame.
+void CheckLink(host::IHostLocale& locale, const SiblingObjects& siblings,
+               const IHostPropertySet& properties, ElementCheck& check) {
+    const std::string section = ToText(properties.Item("MapSeriesSectionKey"), locale);
+    const std::string templateKey = ToText(properties.Item("MapSeriesTemplateKey"), locale);
+    const std::string frameName = ToText(properties.Item("MapSeriesFrameName"), locale);
+    auto& book = *siblings.mapBook;
+
+    check.sectionKeys = book.SectionKeys(book.SectionBook(section));
+    if (!Holds(check.sectionKeys, section)) {
+        check.findings.push_back("The linked section \"" + section + "\" is not in the map book.");
+        return;
+    }
+    check.templateKeys = book.TemplateKeys(section);
+    if (!Holds(check.templateKeys, templateKey)) {
+        check.findings.push_back("The linked template \"" + templateKey +
+                                 "\" is not in the section \"" + section + "\".");
+        return;
+    }
+    check.seriesFrames =
+        GetMapSeriesFrames(*siblings.seriesManager, book.TemplateLayout(templateKey));
+    TakeFrame(siblings, frameName, check);
+    if (!check.linkValid)
+        check.findings.push_back("There is no map series frame \"" + frameName +
+                                 "\" with an index layer on the template \"" + templateKey + "\".");
+}
+
+void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& check) {
+    if (path.empty()) {
+        check.findings.push_back("No listing database is set.");
+    } else if (!host.FileExists(path)) {
+        check.findings.push_back("The listing database \"" + path + "\" does not exist.");
+    } else {
+        check.databaseTable = OpenTableFile(host, path);
+    }
+}
+
+}  // namespace
+
+ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& siblings,
+                                    const host::Ref<host::IHostElement>& element) try {
+    ElementCheck check;
+    if (!HasGazetteerProperties(host, element)) {
+        check.findings.push_back("The element is no gazetteer.");
+        return check;
+    }
+    auto& locale = host.Locale();
+    const auto properties = StoredGazetteerProperties(element);
+    const bool linked = ToBoolean(properties->Item("LinkToMapSeries"));
+    if (linked) CheckLink(locale, siblings, *properties, check);
+    CheckDatabase(host, ToText(properties->Item("IndexDatabaseFile"), locale), check);
+
+    bool columnsValid = false;
+    if (check.databaseTable)
+        columnsValid = CheckColumnExpressions(
+            *siblings.expressionEngine, locale, *properties,
+            {check.databaseTable, check.linkValid, check.indexLayerTable}, check.findings);
+    check.canDraw = check.databaseTable && columnsValid && (!linked || check.linkValid);
+    return check;
+} catch (...) {
+    PassOn("CheckElementProperties", kManagerLabel);
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,71 @@
+#include "layout/PageGroups.h"
+#include "listings/Combine.h"
+#include "listings/IndexTable.h"
+#include "manager/CVNGazetteerManager.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+#include "support/Status.h"
+
+/// The run: from the rows of the listing database to stored pages. Binding an element is its only
+/// caller; drawing a page never generates anything.
+namespace gazetteer {
+
+void CVNGazetteerManager::PopulateIndexTable() try {
+    try {
+        RunPipeline();
+    } catch (...) {
+        DiscardFailedRun();
+        throw;
+    }
+} catch (...) {
+    PassOn("PopulateIndexTable", kManagerLabel);
+}
+
+void CVNGazetteerManager::RunPipeline() {
+    RunReport report;
+    const ListingSource source{check_.databaseTable, check_.linkValid, check_.seriesMapFrame,
+                               check_.indexLayerTable};
+    const auto indexTable = MakeIndexTempTable(*host_, settings_);
+    report.records = ComposeIndexTable(*host_, settings_, siblings_, source, *indexTable);
+    if (report.records == 0) {
+        canDraw_ = false;
+        findings_ = {"The listing database has no records."};
+        return;
+    }
+    const auto rows = OrderIndexTable(*host_, settings_, indexTable);
+    working_.listings =
+        PopulateRowValuesPropertySet(*host_, settings_, *rows, *indexTable, report);
+    if (!PopulatePageGroups(*host_, settings_, *indexElement_, transparentFill_, working_)) {
+        canDraw_ = false;
+        findings_ = {"The gazetteer has no columns to display."};
+    }
+    if (canDraw_) {
+        for (const auto& page : working_.pageGroups->AllItems().values)
+            report.placed += ToObject<host::IHostPropertySet>(page)->Count();
+        if (!settings_.autoRefreshListings) StoreResults();
+    }
+    Status(*host_).Clear();
+    report_ = report;
+    hasRun_ = canDraw_;
+}
+
+// The set is hung on the element again by an instance of its own, as any other caller would.
+void CVNGazetteerManager::StoreResults() {
+    using host::IHostObject;
+    using host::Ref;
+    properties_->SetItem("HaveSavedListings", true);
+    properties_->SetItem("SavedListings", Ref<IHostObject>(working_.listings));
+    properties_->SetItem("PageGroups", Ref<IHostObject>(working_.pageGroups));
+    properties_->SetItem("PageFirstListings", Ref<IHostObject>(working_.firstListings));
+    properties_->SetItem("PageLastListings", Ref<IHostObject>(working_.lastListings));
+    CVNGazetteerManager(host_).AddGazetteerProperties(indexElement_, properties_);
+}
+
+// New empty sets, so that no page of an earlier element can come up. The page count stays.
+void CVNGazetteerManager::DiscardFailedRun() {
+    for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
+                           &WorkingResults::firstListings, &WorkingResults::lastListings})
+        working_.*set = host_->NewPropertySet();
+}
+
+}  // namespace gazetteer

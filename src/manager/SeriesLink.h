@@ -1,0 +1,15 @@
+#pragma once
+
+#include <vector>
+
+#include "host/Host.h"
+#include "model/Results.h"
+
+namespace gazetteer {
+
+/// Inner procedure: the map series frames with an index layer on a layout, in the order in which they
+/// stand there. Containers and groups are searched one level down.
+std::vector<host::Ref<host::IHostMapFrame>> GetMapSeriesFrames(
+    host::MapSeriesManager& seriesManager, const host::Ref<host::IHostObject>& layout);
+
+}  // namespace gazetteer

@@ -1,0 +1,23 @@
+#include "support/Text.h"
+
+#include <algorithm>
+
+namespace gazetteer {
+namespace {
+
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+
+}  // namespace
+
+std::string ReplaceAll(std::string text, std::string_view piece, std::string_view replacement) {
+    for (auto at = text.find(piece); at != std::string::npos;
+         at = text.find(piece, at + replacement.size()))
+        text.replace(at, piece.size(), replacement);
+    return text;
+}
+
+bool ContainsInAnyCase(std::string_view text, std::string_view piece) {
+    return !std::ranges::search(text, piece, {}, Lower, Lower).empty();
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace gazetteer {
+
+/// Every occurrence of a piece replaced, case-exact.
+std::string ReplaceAll(std::string text, std::string_view piece, std::string_view replacement);
+
+/// Whether the text holds the piece, ASCII letters in any case.
+bool ContainsInAnyCase(std::string_view text, std::string_view piece);
+
+}  // namespace gazetteer
