@@ -52,6 +52,7 @@ void CVNGazetteerManager::SetIndexElement(const Ref<IHostGroupElement>& indexEle
     else
         PopulateIndexTable();
 } catch (...) {
+    NoteFailure();
     ShowAtTop(host_->Dialogs(), "SetIndexElement", kManagerLabel);
 }
 
@@ -94,11 +95,15 @@ bool CVNGazetteerManager::IsGazetteerElement(const Ref<IHostGroupElement>& group
     return false;
 }
 
+// What a failed check leaves to be told in place of findings.
+void CVNGazetteerManager::NoteFailure() { findings_ = {CurrentFailure().cause}; }
+
 bool CVNGazetteerManager::CanDrawIndex(const Ref<IHostGroupElement>& indexElement) try {
     const ElementCheck check = CheckElementProperties(*host_, siblings_, indexElement);
     findings_ = check.findings;
     return check.canDraw;
 } catch (...) {
+    NoteFailure();
     ShowAtTop(host_->Dialogs(), "CanDrawIndex", kManagerLabel);
     return false;
 }

@@ -56,7 +56,7 @@ public:
 
     /// For those who can show more than yes or no. None of these raises anything.
     /// @{
-    /// Reasons why CanDrawIndex said no the last time, on this instance or at its binding.
+    /// Why the element could not be drawn or bound, after the last CanDrawIndex or SetIndexElement.
     const Findings& LastFindings() const { return findings_; }
     /// Whether the last binding ran the pipeline to its end, and what became of the records.
     bool HasRun() const { return hasRun_; }
@@ -78,6 +78,7 @@ private:
     void StoreResults();
     void DiscardFailedRun();
     void MakeTransparentFill();
+    void NoteFailure();
     void CheckPage(const char* operation, std::int32_t pageNumber) const;
     std::string ListingOf(const char* operation, std::int32_t pageNumber,
                           host::Ref<host::IHostPropertySet> WorkingResults::* listings,

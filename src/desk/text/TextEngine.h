@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cairo.h>
-
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,7 +19,8 @@ struct FontSpec {
     bool operator==(const FontSpec&) const = default;
 };
 
-/// How a text hangs on its point. The numbers are those of host::IHostTextSymbol.
+/// How a text hangs on its point. The numbers are those of host::IHostTextSymbol; a justified text
+/// stands like one at the left. The baseline is that of the last line.
 struct TextPlacement {
     int horizontal = 0;
     int vertical = 0;
@@ -33,13 +34,19 @@ struct FontSubstitution {
 };
 
 /// Shapes, measures and draws text: any script, both directions, with font fallback. Sizes are
-/// unhinted, so that they do not depend on any resolution. Not safe for use by two threads.
+/// unhinted, so that they do not depend on any resolution. They do not depend on the user's
+/// language either. Not safe for use by two threads.
+///
+/// A line is as high as the ascent and descent of the font asked for, whatever fonts stand in for
+/// characters that it lacks: baselines stay even, and a higher character hangs over its line. Each
+/// line takes its base direction from its first letter; alignment is always that of the page.
 class TextEngine {
 public:
     TextEngine();
     ~TextEngine();
 
-    /// Size in points, by the promises of host::IHostTextSymbol::MeasureText.
+    /// Size in points, by the promises of host::IHostTextSymbol::MeasureText. Each LF begins a new
+    /// line, also at the end of the text.
     host::TextExtent Measure(const FontSpec& font, std::string_view text);
 
     /// Draws the lines of a text at the current origin of the context, one unit of which is a
@@ -48,8 +55,15 @@ public:
     void Draw(cairo_t* context, const FontSpec& font, std::string_view text,
               const TextPlacement& placement);
 
+    /// Draws at a point other than the origin; cheaper than moving the origin of the context.
+    void Draw(cairo_t* context, const FontSpec& font, std::string_view text,
+              const TextPlacement& placement, double x, double y);
+
     /// Families that were asked for so far and are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;
+
+    /// How often Measure was called.
+    std::size_t Measurements() const;
 
 private:
     struct State;
