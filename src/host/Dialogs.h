@@ -30,8 +30,7 @@ struct MessageBoxRequest {
 struct IHostDialogs : virtual IHostObject {
     virtual MessageAnswer MessageBox(const MessageBoxRequest& request) = 0;
     /// The text typed, or nothing where the user cancelled.
-    virtual std::optional<std::string> InputBox(const std::string& prompt,
-                                                const std::string& title,
+    virtual std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                                 const std::string& initial) = 0;
     virtual void Beep() = 0;
 };

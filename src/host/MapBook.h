@@ -82,8 +82,7 @@ struct ExpressionFinding {
 };
 
 struct CVNExpressionEngine : virtual IHostObject {
-    virtual bool IsValidExpression(const Ref<IHostTable>& table,
-                                   const std::string& expression) = 0;
+    virtual bool IsValidExpression(const Ref<IHostTable>& table, const std::string& expression) = 0;
     /// Why an expression is not valid, for those who can show it.
     virtual ExpressionFinding Explain(const Ref<IHostTable>& table,
                                       const std::string& expression) = 0;

@@ -85,8 +85,8 @@ bool ColumnFlow::PlaceListing(const std::string& rowKey, double& width) {
     return true;
 }
 
-// One gap only counts here, however many column groups the page holds already; the pen, by contrast,
-// moves by width and gap of each.
+// One gap only counts here, however many column groups the page holds already; the pen, by
+// contrast, moves by width and gap of each.
 ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
     const Settings& settings = context_.GetSettings();
     carried_ = true;

@@ -6,9 +6,9 @@
 #include "layout/ElementSizes.h"
 #include "layout/LayoutContext.h"
 
-/// The placing rules, once. Deciding which row goes where happens twice: to number the pages, and to
-/// draw one of them. Both feed their rows to a ColumnFlow and learn from it what was placed where,
-/// so the two cannot disagree.
+/// The placing rules, once. Deciding which row goes where happens twice: to number the pages, and
+/// to draw one of them. Both feed their rows to a ColumnFlow and learn from it what was placed
+/// where, so the two cannot disagree.
 namespace gazetteer {
 
 /// A row of elements that has found its place.

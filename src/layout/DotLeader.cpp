@@ -38,7 +38,8 @@ std::size_t MostDots(const WidthWithDots& widthWith, double widthWithout, double
         fittingWidth = triedWidth;
         if (grown > 0) {
             const double perDot = grown / static_cast<double>(step);
-            step = std::max<std::size_t>(1, static_cast<std::size_t>((width - triedWidth) / perDot));
+            step =
+                std::max<std::size_t>(1, static_cast<std::size_t>((width - triedWidth) / perDot));
         } else {
             step *= 2;
             if (step > kMostDots) FailWithoutDotWidth();

@@ -22,7 +22,8 @@ struct LayoutColumn {
 };
 
 /// What one pass of layout works with: the display, the columns in display order, and the text
-/// fitter. Made anew for each pass, numbering or drawing, since settings and frame may have changed.
+/// fitter. Made anew for each pass, numbering or drawing, since settings and frame may have
+/// changed.
 class LayoutContext {
 public:
     LayoutContext(host::IHost& host, const Settings& settings, const WorkingResults& results,

@@ -27,9 +27,9 @@ CodePoint FirstCodePoint(std::string_view text) {
     if (lead < 0xE0 || text.size() < 3) return {(lead & 0x1FU) << 6 | (byte(1) & 0x3FU), 2};
     if (lead < 0xF0 || text.size() < 4)
         return {(lead & 0x0FU) << 12 | (byte(1) & 0x3FU) << 6 | (byte(2) & 0x3FU), 3};
-    return {(lead & 0x07U) << 18 | (byte(1) & 0x3FU) << 12 | (byte(2) & 0x3FU) << 6 |
-                (byte(3) & 0x3FU),
-            4};
+    return {
+        (lead & 0x07U) << 18 | (byte(1) & 0x3FU) << 12 | (byte(2) & 0x3FU) << 6 | (byte(3) & 0x3FU),
+        4};
 }
 
 // Characters that only ever widen the line they join: printable Latin, Greek and Cyrillic, general

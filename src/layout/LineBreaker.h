@@ -51,15 +51,15 @@ private:
 
     /// The text built so far, in characters.
     std::vector<std::string_view> result_;
-    std::size_t lineStart_ = 0;    ///< Where the present line begins in the result.
-    bool lineMeasured_ = true;     ///< The present line, or more than it holds, has been seen to fit.
+    std::size_t lineStart_ = 0;  ///< Where the present line begins in the result.
+    bool lineMeasured_ = true;   ///< The present line, or more than it holds, has been seen to fit.
     bool earlierTooWide_ = false;  ///< A finished line is wider than the column.
     std::size_t knownToFit_ = 0;   ///< Characters before this index fit on the present line.
     std::size_t knownTooLong_ = std::string::npos;  ///< The character that does not.
 
-    bool first_ = true;         ///< No character has been looked at yet.
-    bool atLineStart_ = true;   ///< Blanks are skipped here.
-    bool spaceInLine_ = false;  ///< The line holds a blank at which it can be broken.
+    bool first_ = true;           ///< No character has been looked at yet.
+    bool atLineStart_ = true;     ///< Blanks are skipped here.
+    bool spaceInLine_ = false;    ///< The line holds a blank at which it can be broken.
     std::size_t sinceSpace_ = 0;  ///< Characters after that blank, the one looked at included.
 };
 

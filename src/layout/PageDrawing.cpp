@@ -120,8 +120,8 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
               const Ref<IHostGroupElement>& group, std::int32_t pageNumber) try {
     RemoveMembers(*group, MembersTagged(*group, {kTitleGroupTag, kRowGroupTag, kBreakGroupTag,
                                                  kSampleLabelTag, kColumnTextTag}));
-    const auto page = ToObject<host::IHostPropertySet>(
-        results.pageGroups->Item(std::to_string(pageNumber)));
+    const auto page =
+        ToObject<host::IHostPropertySet>(results.pageGroups->Item(std::to_string(pageNumber)));
     if (page->Count() == 0) return false;
 
     LayoutContext context(host, settings, results, transparentFill);

@@ -45,8 +45,8 @@ Ref<host::IHostFillSymbol> FillOf(const LayoutContext& context, const ColumnProp
 }
 
 Ref<host::IHostTextElement> MakeText(LayoutContext& context, std::string& text,
-                                     const ColumnProperties& column, RowKind kind,
-                                     double textWidth, const Alignment& alignment) {
+                                     const ColumnProperties& column, RowKind kind, double textWidth,
+                                     const Alignment& alignment) {
     const auto& symbol = TextSymbolOf(column, kind);
     symbol->SetVerticalPlacement(kMiddle);
     if (alignment.placement >= 0) symbol->SetHorizontalPlacement(alignment.placement);
@@ -94,9 +94,8 @@ Ref<IHostElement> MakeRowElement(LayoutContext& context, std::string& text,
     const bool isHeading = kind == RowKind::Break && column.breakHeading;
     double cellHeight = textHeight + column.marginTop + column.marginBottom;
     if (isHeading && text != kBlank) cellHeight += column.breakSpacing;
-    const auto background =
-        MakeBackground(context, FillOf(context, column, alternate, kind), position,
-                       column.columnWidth, cellHeight);
+    const auto background = MakeBackground(context, FillOf(context, column, alternate, kind),
+                                           position, column.columnWidth, cellHeight);
 
     auto anchor = context.Host().NewPoint();
     anchor->SetX(position.X() + alignment.anchor);
@@ -127,8 +126,8 @@ Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, 
             const auto cell =
                 MakeRowElement(context, text, column.properties, alternate, *pen, kind);
             pen->SetX(pen->X() + GetElementWidth(context.Host(), *cell, context.Display()));
-            maxHeight = std::max(maxHeight,
-                                 GetElementHeight(context.Host(), *cell, context.Display()));
+            maxHeight =
+                std::max(maxHeight, GetElementHeight(context.Host(), *cell, context.Display()));
             group->Add(cell);
         } catch (host::Failure& failure) {
             failure.AddFact("column", column.name);
@@ -143,10 +142,9 @@ Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, 
 
 Ref<IHostElement> MakeRowGroup(LayoutContext& context, const std::string& rowKey,
                                const IHostPoint& position, bool alternate) try {
-    return MakeGroup(context, position, alternate, RowKind::Listing, kRowGroupTag,
-                     [&](const LayoutColumn& column) {
-                         return column.Cell(rowKey, context.Host().Locale());
-                     });
+    return MakeGroup(
+        context, position, alternate, RowKind::Listing, kRowGroupTag,
+        [&](const LayoutColumn& column) { return column.Cell(rowKey, context.Host().Locale()); });
 } catch (...) {
     PassOn("MakeRowGroup", kManagerLabel);
 }

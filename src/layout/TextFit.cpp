@@ -37,8 +37,8 @@ TextFit::TextFit(host::IHost& host, host::Ref<host::IHostDisplay> display)
 
 void TextFit::GetTextSize(host::IHostTextElement& element, double& width, double& height) try {
     display_->BeginDrawing(display_->Device(), kNoCache);
-    const auto extent = element.Symbol()->MeasureText(
-        display_->Device(), display_->Transformation(), element.Text());
+    const auto extent = element.Symbol()->MeasureText(display_->Device(),
+                                                      display_->Transformation(), element.Text());
     display_->EndDrawing();
     width = extent.xSize / kPointsPerInch;
     height = extent.ySize / kPointsPerInch;
@@ -48,8 +48,7 @@ void TextFit::GetTextSize(host::IHostTextElement& element, double& width, double
 
 double TextFit::Width(host::IHostTextSymbol& symbol, const std::string& text) {
     display_->BeginDrawing(display_->Device(), kNoCache);
-    const auto extent =
-        symbol.MeasureText(display_->Device(), display_->Transformation(), text);
+    const auto extent = symbol.MeasureText(display_->Device(), display_->Transformation(), text);
     display_->EndDrawing();
     return extent.xSize / kPointsPerInch;
 }

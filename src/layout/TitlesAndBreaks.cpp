@@ -41,8 +41,7 @@ host::Ref<host::IHostElement> MakeTitleGroup(LayoutContext& context,
 }
 
 host::Ref<host::IHostElement> MakeBreakGroup(LayoutContext& context, const std::string& rowKey,
-                                             const host::IHostPoint& position,
-                                             bool alternate) try {
+                                             const host::IHostPoint& position, bool alternate) try {
     return MakeGroup(context, position, alternate, RowKind::Break, kBreakGroupTag,
                      [&](const LayoutColumn& column) -> std::string {
                          if (!column.properties.breakColumn) return kBlank;

@@ -12,8 +12,8 @@ namespace gazetteer {
 host::Ref<host::IHostElement> MakeTitleGroup(LayoutContext& context,
                                              const host::IHostPoint& position);
 
-/// Inner procedure: the break row that stands before the row. A heading shows the row's letter as it
-/// stands there; a digit or an empty cell shows none.
+/// Inner procedure: the break row that stands before the row. A heading shows the row's letter as
+/// it stands there; a digit or an empty cell shows none.
 host::Ref<host::IHostElement> MakeBreakGroup(LayoutContext& context, const std::string& rowKey,
                                              const host::IHostPoint& position, bool alternate);
 

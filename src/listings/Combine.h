@@ -10,8 +10,10 @@ namespace gazetteer {
 /// listings of them: a row that repeats the row before is dropped, one that differs from it only in
 /// the last column is merged into the listing before. Answers column name, in display order, to a
 /// set of row key to text, and counts into the report what became of the rows.
-host::Ref<host::IHostPropertySet> PopulateRowValuesPropertySet(
-    host::IHost& host, const Settings& settings, host::IHostCursor& cursor,
-    const host::IHostTable& indexTable, RunReport& report);
+host::Ref<host::IHostPropertySet> PopulateRowValuesPropertySet(host::IHost& host,
+                                                               const Settings& settings,
+                                                               host::IHostCursor& cursor,
+                                                               const host::IHostTable& indexTable,
+                                                               RunReport& report);
 
 }  // namespace gazetteer

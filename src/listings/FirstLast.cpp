@@ -40,13 +40,12 @@ void PopulateFirstLastListings(host::IHost& host, const Settings& settings,
     auto first = host.NewPropertySet();
     auto last = host.NewPropertySet();
     Status status(host);
-    const auto columns =
-        results.pageCount > 0 ? TextColumns(settings, results) : decltype(TextColumns(settings, results)){};
+    const auto columns = results.pageCount > 0 ? TextColumns(settings, results)
+                                               : decltype(TextColumns(settings, results)){};
     for (std::int32_t page = 1; page <= results.pageCount; ++page) {
         status.Show("Finding first and last listing on each page: ", page);
         const std::string key = std::to_string(page);
-        const auto rows =
-            NamesOf(*ToObject<IHostPropertySet>(results.pageGroups->Item(key)));
+        const auto rows = NamesOf(*ToObject<IHostPropertySet>(results.pageGroups->Item(key)));
         const auto text = [&](const std::string& row) {
             return ListingText(columns, row, host.Locale());
         };

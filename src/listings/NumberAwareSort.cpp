@@ -8,7 +8,9 @@
 namespace gazetteer {
 namespace {
 
-std::int32_t Sign(int order) { return (order > 0) - (order < 0); }
+std::int32_t Sign(int order) {
+    return (order > 0) - (order < 0);
+}
 
 std::int32_t CompareTokens(const NumberTokens& tokens1, const NumberTokens& tokens2);
 

@@ -17,13 +17,14 @@ bool IsSeriesFirst(const std::vector<std::string>& sections, const std::string& 
 
 // Entries have the form key, "$", number. The page base moves by the place of the template's first
 // entry less the number it carries there.
-std::int32_t OffsetOfTemplate(const std::vector<std::string>& pages,
-                              const std::string& templateKey, host::IHostLocale& locale) {
+std::int32_t OffsetOfTemplate(const std::vector<std::string>& pages, const std::string& templateKey,
+                              host::IHostLocale& locale) {
     std::int32_t number = 0;
     std::int32_t position = 0;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         const auto cut = pages[i].find('$');
-        number = ToLong(cut == std::string::npos ? std::string() : pages[i].substr(cut + 1), locale);
+        number =
+            ToLong(cut == std::string::npos ? std::string() : pages[i].substr(cut + 1), locale);
         if (pages[i].substr(0, cut) == templateKey) {
             position = static_cast<std::int32_t>(i) + 1;
             break;
@@ -45,8 +46,8 @@ PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects
     const std::string& linked = settings.mapSeriesSectionKey;
     if (IsSeriesFirst(sections, linked, own)) {
         correction.pageBase = ToLong(book.SectionStartPage(linked), locale);
-        correction.pageBase += OffsetOfTemplate(book.SectionPages(linked),
-                                                settings.mapSeriesTemplateKey, locale);
+        correction.pageBase +=
+            OffsetOfTemplate(book.SectionPages(linked), settings.mapSeriesTemplateKey, locale);
     }
     siblings.seriesManager->ClearFrame();
     siblings.seriesManager->SetFrame(frame);

@@ -13,8 +13,7 @@ using host::IHostGroupElement;
 using host::IHostPropertySet;
 using host::Ref;
 
-CVNGazetteerManager::CVNGazetteerManager(Ref<host::IHost> host)
-    : host_(std::move(host)) {
+CVNGazetteerManager::CVNGazetteerManager(Ref<host::IHost> host) : host_(std::move(host)) {
     try {
         siblings_ = SiblingObjects::Create(*host_);
         MakeTransparentFill();
@@ -96,7 +95,9 @@ bool CVNGazetteerManager::IsGazetteerElement(const Ref<IHostGroupElement>& group
 }
 
 // What a failed check leaves to be told in place of findings.
-void CVNGazetteerManager::NoteFailure() { findings_ = {CurrentFailure().cause}; }
+void CVNGazetteerManager::NoteFailure() {
+    findings_ = {CurrentFailure().cause};
+}
 
 bool CVNGazetteerManager::CanDrawIndex(const Ref<IHostGroupElement>& indexElement) try {
     const ElementCheck check = CheckElementProperties(*host_, siblings_, indexElement);
@@ -122,8 +123,7 @@ void CVNGazetteerManager::SetIndexToPageNumber(std::int32_t pageNumber) try {
 }
 
 void CVNGazetteerManager::DraftMode() try {
-    if (!indexElementSet_)
-        Raise("CVNGazetteerManager.DraftMode", "IndexElement has not been set.");
+    if (!indexElementSet_) Raise("CVNGazetteerManager.DraftMode", "IndexElement has not been set.");
     TakePageAway(indexElement_);
 } catch (...) {
     ShowAtTop(host_->Dialogs(), "DraftMode", kManagerLabel);

@@ -81,7 +81,7 @@ private:
     void NoteFailure();
     void CheckPage(const char* operation, std::int32_t pageNumber) const;
     std::string ListingOf(const char* operation, std::int32_t pageNumber,
-                          host::Ref<host::IHostPropertySet> WorkingResults::* listings,
+                          host::Ref<host::IHostPropertySet> WorkingResults::*listings,
                           const char* beyond);
 
     host::Ref<host::IHost> host_;

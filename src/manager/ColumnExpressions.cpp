@@ -36,8 +36,7 @@ bool CheckColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale
         const std::string expression = ToText(column->Item("Expression"), locale);
         auto table = tables.database;
         if (!ToBoolean(column->Item("FromDatabase"))) {
-            const bool linked =
-                ToBoolean(properties.Item("LinkToMapSeries")) && tables.linkValid;
+            const bool linked = ToBoolean(properties.Item("LinkToMapSeries")) && tables.linkValid;
             table = linked ? tables.indexLayer : nullptr;
         }
         valid = CheckColumn(engine, name, expression, table, findings) && valid;

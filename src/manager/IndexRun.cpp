@@ -33,8 +33,7 @@ void CVNGazetteerManager::RunPipeline() {
         return;
     }
     const auto rows = OrderIndexTable(*host_, settings_, indexTable);
-    working_.listings =
-        PopulateRowValuesPropertySet(*host_, settings_, *rows, *indexTable, report);
+    working_.listings = PopulateRowValuesPropertySet(*host_, settings_, *rows, *indexTable, report);
     if (!PopulatePageGroups(*host_, settings_, *indexElement_, transparentFill_, working_)) {
         canDraw_ = false;
         findings_ = {"The gazetteer has no columns to display."};

@@ -53,9 +53,9 @@ void CVNGazetteerManager::CheckPage(const char* operation, std::int32_t pageNumb
 }
 
 // The stored text of a page, or the one told for a page beyond those stored.
-std::string CVNGazetteerManager::ListingOf(const char* operation, std::int32_t pageNumber,
-                                           host::Ref<host::IHostPropertySet> WorkingResults::* listings,
-                                           const char* beyond) {
+std::string CVNGazetteerManager::ListingOf(
+    const char* operation, std::int32_t pageNumber,
+    host::Ref<host::IHostPropertySet> WorkingResults::*listings, const char* beyond) {
     CheckPage(operation, pageNumber);
     const auto& set = working_.*listings;
     if (pageNumber > set->Count()) return beyond;

@@ -16,21 +16,21 @@ struct Reader {
     host::IHostLocale& locale;
     ColumnProperties& column;
 
-    void operator()(bool ColumnProperties::* field) const { column.*field = ToBoolean(value); }
-    void operator()(std::int32_t ColumnProperties::* field) const {
+    void operator()(bool ColumnProperties::*field) const { column.*field = ToBoolean(value); }
+    void operator()(std::int32_t ColumnProperties::*field) const {
         column.*field = ToLong(value, locale);
     }
-    void operator()(double ColumnProperties::* field) const {
+    void operator()(double ColumnProperties::*field) const {
         column.*field = ToDouble(value, locale);
     }
-    void operator()(std::string ColumnProperties::* field) const {
+    void operator()(std::string ColumnProperties::*field) const {
         column.*field = ToText(value, locale);
     }
     void operator()(TextSymbolField field) const { ReadSymbol(field); }
     void operator()(FillSymbolField field) const { ReadSymbol(field); }
 
     template <class Symbol>
-    void ReadSymbol(host::Ref<Symbol> ColumnProperties::* field) const {
+    void ReadSymbol(host::Ref<Symbol> ColumnProperties::*field) const {
         column.*field = ToObject<Symbol>(value);
         if (!(column.*field)) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
     }
@@ -40,12 +40,12 @@ host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column) {
     struct Writer {
         const ColumnKey& key;
         const ColumnProperties& column;
-        host::Variant operator()(bool ColumnProperties::* field) const { return column.*field; }
-        host::Variant operator()(std::int32_t ColumnProperties::* field) const {
+        host::Variant operator()(bool ColumnProperties::*field) const { return column.*field; }
+        host::Variant operator()(std::int32_t ColumnProperties::*field) const {
             return static_cast<std::int16_t>(column.*field);
         }
-        host::Variant operator()(double ColumnProperties::* field) const { return column.*field; }
-        host::Variant operator()(std::string ColumnProperties::* field) const {
+        host::Variant operator()(double ColumnProperties::*field) const { return column.*field; }
+        host::Variant operator()(std::string ColumnProperties::*field) const {
             return column.*field;
         }
         host::Variant operator()(TextSymbolField field) const {
@@ -62,9 +62,9 @@ host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column) {
 void CopySymbols(ColumnProperties& column) {
     for (const ColumnKey& key : ColumnKeys()) {
         if (const auto* text = std::get_if<TextSymbolField>(&key.field))
-            column.**text = host::As<host::IHostTextSymbol>((column.**text)->Copy());
+            column.** text = host::As<host::IHostTextSymbol>((column.**text)->Copy());
         else if (const auto* fill = std::get_if<FillSymbolField>(&key.field))
-            column.**fill = host::As<host::IHostFillSymbol>((column.**fill)->Copy());
+            column.** fill = host::As<host::IHostFillSymbol>((column.**fill)->Copy());
     }
 }
 

@@ -7,8 +7,8 @@
 
 namespace gazetteer {
 
-/// What one column stores, typed. Fresh properties hold the defaults, with null symbols. Lengths are
-/// inches.
+/// What one column stores, typed. Fresh properties hold the defaults, with null symbols. Lengths
+/// are inches.
 struct ColumnProperties {
     /// Text comes from the listing database; false: from the index layer of the linked frame.
     bool fromDatabase = true;

@@ -28,7 +28,8 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
 double TotalColumnWidth(host::IHostLocale& locale, const Settings& settings) {
     double total = 0;
     for (const std::string& name : NamesOf(*settings.columnNames))
-        total += ToDouble(ColumnSet(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
+        total +=
+            ToDouble(ColumnSet(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
     return total;
 }
 

@@ -73,18 +73,25 @@ static_assert(kColumnKeys.size() == 24);
 
 template <class Table>
 auto Find(const Table& table, std::string_view name) -> decltype(&table[0]) {
-    const auto found = std::ranges::find(table, name, [](const auto& key) {
-        return std::string_view(key.name);
-    });
+    const auto found =
+        std::ranges::find(table, name, [](const auto& key) { return std::string_view(key.name); });
     return found == table.end() ? nullptr : &*found;
 }
 
 }  // namespace
 
-std::span<const PropertyKey> PropertyKeys() { return kPropertyKeys; }
-std::span<const ColumnKey> ColumnKeys() { return kColumnKeys; }
+std::span<const PropertyKey> PropertyKeys() {
+    return kPropertyKeys;
+}
+std::span<const ColumnKey> ColumnKeys() {
+    return kColumnKeys;
+}
 
-const PropertyKey* FindPropertyKey(std::string_view name) { return Find(kPropertyKeys, name); }
-const ColumnKey* FindColumnKey(std::string_view name) { return Find(kColumnKeys, name); }
+const PropertyKey* FindPropertyKey(std::string_view name) {
+    return Find(kPropertyKeys, name);
+}
+const ColumnKey* FindColumnKey(std::string_view name) {
+    return Find(kColumnKeys, name);
+}
 
 }  // namespace gazetteer

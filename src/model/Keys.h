@@ -38,11 +38,10 @@ struct PropertyKey {
 std::span<const PropertyKey> PropertyKeys();
 
 /// Where a column's value stands in ColumnProperties; the type fits the kind.
-using ColumnField =
-    std::variant<bool ColumnProperties::*, std::int32_t ColumnProperties::*,
-                 double ColumnProperties::*, std::string ColumnProperties::*,
-                 host::Ref<host::IHostTextSymbol> ColumnProperties::*,
-                 host::Ref<host::IHostFillSymbol> ColumnProperties::*>;
+using ColumnField = std::variant<bool ColumnProperties::*, std::int32_t ColumnProperties::*,
+                                 double ColumnProperties::*, std::string ColumnProperties::*,
+                                 host::Ref<host::IHostTextSymbol> ColumnProperties::*,
+                                 host::Ref<host::IHostFillSymbol> ColumnProperties::*>;
 
 struct ColumnKey {
     const char* name;

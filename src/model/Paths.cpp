@@ -8,7 +8,8 @@ namespace {
 std::vector<std::string> SplitAtBackslashes(const std::string& path) {
     std::vector<std::string> pieces;
     std::size_t begin = 0;
-    for (std::size_t end = path.find('\\'); end != std::string::npos; end = path.find('\\', begin)) {
+    for (std::size_t end = path.find('\\'); end != std::string::npos;
+         end = path.find('\\', begin)) {
         pieces.push_back(path.substr(begin, end - begin));
         begin = end + 1;
     }
@@ -18,14 +19,15 @@ std::vector<std::string> SplitAtBackslashes(const std::string& path) {
 
 }  // namespace
 
-std::string GetFileName(const std::string& path) { return SplitAtBackslashes(path).back(); }
+std::string GetFileName(const std::string& path) {
+    return SplitAtBackslashes(path).back();
+}
 
 std::string RemoveFileName(const std::string& path) {
     auto pieces = SplitAtBackslashes(path);
     pieces.pop_back();
     std::string folder;
-    for (const std::string& piece : pieces)
-        folder = folder.empty() ? piece : folder + '\\' + piece;
+    for (const std::string& piece : pieces) folder = folder.empty() ? piece : folder + '\\' + piece;
     return path.starts_with("\\\\") ? "\\\\" + folder : folder;
 }
 

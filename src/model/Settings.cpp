@@ -17,12 +17,14 @@ void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties,
         const host::Variant& value;
         host::IHostLocale& locale;
         Settings& settings;
-        void operator()(bool Settings::* field) const { settings.*field = ToBoolean(value); }
-        void operator()(std::int32_t Settings::* field) const {
+        void operator()(bool Settings::*field) const { settings.*field = ToBoolean(value); }
+        void operator()(std::int32_t Settings::*field) const {
             settings.*field = ToLong(value, locale);
         }
-        void operator()(double Settings::* field) const { settings.*field = ToDouble(value, locale); }
-        void operator()(std::string Settings::* field) const {
+        void operator()(double Settings::*field) const {
+            settings.*field = ToDouble(value, locale);
+        }
+        void operator()(std::string Settings::*field) const {
             settings.*field = ToText(value, locale);
         }
         void operator()(SetField field) const {
@@ -49,13 +51,13 @@ host::Variant ValueOf(const PropertyKey& key, const Settings& settings) {
     struct Writer {
         const PropertyKey& key;
         const Settings& settings;
-        host::Variant operator()(bool Settings::* field) const { return settings.*field; }
-        host::Variant operator()(std::int32_t Settings::* field) const {
+        host::Variant operator()(bool Settings::*field) const { return settings.*field; }
+        host::Variant operator()(std::int32_t Settings::*field) const {
             if (key.kind == ValueKind::Integer) return static_cast<std::int16_t>(settings.*field);
             return settings.*field;
         }
-        host::Variant operator()(double Settings::* field) const { return settings.*field; }
-        host::Variant operator()(std::string Settings::* field) const { return settings.*field; }
+        host::Variant operator()(double Settings::*field) const { return settings.*field; }
+        host::Variant operator()(std::string Settings::*field) const { return settings.*field; }
         host::Variant operator()(SetField field) const {
             return host::Ref<host::IHostObject>(settings.*field);
         }
@@ -91,9 +93,11 @@ void WriteSettings(const Settings& settings, host::IHostPropertySet& properties)
 void FillEmptySets(host::IHost& host, Settings& settings) {
     for (const PropertyKey& key : PropertyKeys())
         if (const auto* field = std::get_if<SetField>(&key.field); field && !(settings.**field))
-            settings.**field = host.NewPropertySet();
+            settings.** field = host.NewPropertySet();
 }
 
-std::vector<std::string> NamesOf(const host::IHostPropertySet& set) { return set.AllItems().names; }
+std::vector<std::string> NamesOf(const host::IHostPropertySet& set) {
+    return set.AllItems().names;
+}
 
 }  // namespace gazetteer

@@ -13,8 +13,8 @@ inline constexpr char kNoSelection[] = "<None>";
 /// The schema version that is written.
 inline constexpr std::int32_t kSchemaVersion = 3;
 
-/// Everything that a gazetteer stores, typed. Fresh settings hold the defaults. Sets are shared with
-/// the property set they were read from, or null in fresh settings. Lengths are inches.
+/// Everything that a gazetteer stores, typed. Fresh settings hold the defaults. Sets are shared
+/// with the property set they were read from, or null in fresh settings. Lengths are inches.
 struct Settings {
     /// Listings are linked to a map series frame; the frame is found by section, template and name.
     bool linkToMapSeries = false;

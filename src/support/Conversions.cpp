@@ -8,7 +8,9 @@
 namespace gazetteer {
 namespace {
 
-[[noreturn]] void FailMismatch() { throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch"); }
+[[noreturn]] void FailMismatch() {
+    throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+}
 
 [[noreturn]] void FailNull() {
     throw host::Failure(host::kFailureTypeMismatch, "", "Invalid use of Null");
@@ -67,7 +69,9 @@ struct BooleanOf {
 
 }  // namespace
 
-bool ToBoolean(const host::Variant& value) { return std::visit(BooleanOf{}, value); }
+bool ToBoolean(const host::Variant& value) {
+    return std::visit(BooleanOf{}, value);
+}
 
 double ToDouble(const host::Variant& value, host::IHostLocale& locale) {
     return std::visit(NumberOf{locale}, value);

@@ -1,0 +1,37 @@
+# Shared by the scripts beside it. Source it; it leaves the shell in the repository's root.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+say() { printf '%s\n' "$*" >&2; }
+
+# install_missing KIND...: installs the packages of these kinds that are not there yet.
+install_missing() {
+    local kinds missing=() package
+    kinds=$(IFS='|'; echo "$*")
+    while read -r package; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+            missing+=("$package")
+    done < <(awk -v kinds="^($kinds)$" '$1 ~ kinds {print $2}' scripts/packages)
+    [ ${#missing[@]} -eq 0 ] && return
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    say "Installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq >&2
+    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq \
+        --no-install-recommends "${missing[@]}" >&2
+}
+
+# build PRESET [TARGET...]: configures where that has not been done and builds; quiet unless it fails.
+build() {
+    local preset=$1 log
+    shift
+    log=$(mktemp)
+    if ! { { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } &&
+           cmake --build --preset "$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        say "The build of preset $preset failed."
+        exit 1
+    fi
+    rm -f "$log"
+}
