@@ -94,7 +94,6 @@ void LineBreaker::Overflow(std::string_view character) {
     } else {
         const auto nextLine = TakeNextLine();
         BreakLine();
-        lineMeasured_ = false;
         for (const std::string_view moved : nextLine) Append(moved);
         Append(character);
         atLineStart_ = false;
@@ -186,7 +185,7 @@ void LineBreaker::FinishLine() {
         lineMeasured_ && std::all_of(result_.begin() + static_cast<std::ptrdiff_t>(lineStart_),
                                      result_.end(), OnlyWidens);
     if (!fits && !earlierTooWide_) earlierTooWide_ = measure_(Line()) > width_;
-    lineMeasured_ = true;
+    lineMeasured_ = false;
 }
 
 std::string LineBreaker::Line() const {

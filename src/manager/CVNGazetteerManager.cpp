@@ -44,15 +44,32 @@ void CVNGazetteerManager::SetIndexElement(const Ref<IHostGroupElement>& indexEle
               "Index element no longer has series properties.");
     hasRun_ = false;
     BindSettings(indexElement);
+    try {
+        TakeResults();
+    } catch (...) {
+        DiscardResults();
+        throw;
+    }
+} catch (...) {
+    NoteFailure();
+    ShowAtTop(host_->Dialogs(), "SetIndexElement", kManagerLabel);
+}
+
+void CVNGazetteerManager::TakeResults() {
     KeepCheck(CheckElementProperties(*host_, siblings_, indexElement_));
     if (!canDraw_) return;
     if (settings_.haveSavedListings && !settings_.autoRefreshListings)
         Reload();
     else
         PopulateIndexTable();
-} catch (...) {
-    NoteFailure();
-    ShowAtTop(host_->Dialogs(), "SetIndexElement", kManagerLabel);
+}
+
+// After a failure: new empty sets, so that no page of an earlier element can come up. The page count
+// stays.
+void CVNGazetteerManager::DiscardResults() {
+    for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
+                           &WorkingResults::firstListings, &WorkingResults::lastListings})
+        working_.*set = host_->NewPropertySet();
 }
 
 void CVNGazetteerManager::BindSettings(const Ref<IHostGroupElement>& indexElement) {

@@ -71,12 +71,12 @@ public:
 
 private:
     void BindSettings(const host::Ref<host::IHostGroupElement>& indexElement);
+    void TakeResults();
     void KeepCheck(ElementCheck check);
     void Reload();
     void PopulateIndexTable();
-    void RunPipeline();
     void StoreResults();
-    void DiscardFailedRun();
+    void DiscardResults();
     void MakeTransparentFill();
     void NoteFailure();
     void CheckPage(const char* operation, std::int32_t pageNumber) const;

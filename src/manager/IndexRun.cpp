@@ -11,17 +11,6 @@
 namespace gazetteer {
 
 void CVNGazetteerManager::PopulateIndexTable() try {
-    try {
-        RunPipeline();
-    } catch (...) {
-        DiscardFailedRun();
-        throw;
-    }
-} catch (...) {
-    PassOn("PopulateIndexTable", kManagerLabel);
-}
-
-void CVNGazetteerManager::RunPipeline() {
     RunReport report;
     const ListingSource source{check_.databaseTable, check_.linkValid, check_.seriesMapFrame,
                                check_.indexLayerTable};
@@ -46,6 +35,8 @@ void CVNGazetteerManager::RunPipeline() {
     Status(*host_).Clear();
     report_ = report;
     hasRun_ = canDraw_;
+} catch (...) {
+    PassOn("PopulateIndexTable", kManagerLabel);
 }
 
 // The set is hung on the element again by an instance of its own, as any other caller would.
@@ -58,13 +49,6 @@ void CVNGazetteerManager::StoreResults() {
     properties_->SetItem("PageFirstListings", Ref<IHostObject>(working_.firstListings));
     properties_->SetItem("PageLastListings", Ref<IHostObject>(working_.lastListings));
     CVNGazetteerManager(host_).AddGazetteerProperties(indexElement_, properties_);
-}
-
-// New empty sets, so that no page of an earlier element can come up. The page count stays.
-void CVNGazetteerManager::DiscardFailedRun() {
-    for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
-                           &WorkingResults::firstListings, &WorkingResults::lastListings})
-        working_.*set = host_->NewPropertySet();
 }
 
 }  // namespace gazetteer

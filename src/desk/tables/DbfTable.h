@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desk/tables/DbfSchema.h"
+#include "desk/tables/FieldNames.h"
+#include "host/Tables.h"
+
+namespace desk {
+
+/// A dBase table, read only. Values come as String, Integer, Double, Boolean or Null, see
+/// DbfValues.h. Records are read from the file while a cursor moves, so that the table itself takes
+/// no memory; deleted ones are passed over. The identifier of a row is its record's number in the
+/// file, counted from 1 with the deleted ones.
+class DbfTable : public host::IHostTable {
+public:
+    /// Opens a table. Fails with one sentence that names the file and its fault.
+    explicit DbfTable(const std::string& path);
+
+    host::Ref<host::IHostFields> Fields() const override;
+    std::int32_t FindField(const std::string& name) const override;
+    host::Ref<host::IHostCursor> Search(const host::Ref<host::IHostQueryFilter>& filter,
+                                        bool recycling) override;
+    host::Ref<host::IHostCursor> Insert(bool useBuffering) override;
+    host::Ref<host::IHostRow> CreateRowBuffer() override;
+
+    const std::string& Path() const { return schema_->path; }
+    const std::vector<DbfField>& DbfFields() const { return schema_->fields; }
+    /// Name of the text encoding, and in words where it was found.
+    const std::string& Encoding() const { return schema_->encoding; }
+    const std::string& EncodingFrom() const { return schema_->encodingFrom; }
+    /// Live records that can be read. Reads the whole file at the first call.
+    std::int64_t LiveRecords() const;
+    /// What is odd about the file, one sentence each. Faults of single values join once the value
+    /// was read.
+    std::vector<std::string> Warnings() const;
+
+private:
+    std::shared_ptr<const DbfSchema> schema_;
+    FieldNames names_;
+    mutable std::int64_t liveRecords_ = -1;
+};
+
+}  // namespace desk

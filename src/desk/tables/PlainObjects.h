@@ -1,0 +1,73 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/Tables.h"
+
+namespace desk {
+
+/// Kinds of dBase fields that are neither text nor identifiers. Nobody outside relies on the
+/// numbers; they only keep clear of those that are relied on.
+inline constexpr std::int32_t kFieldTypeNumber = 101;
+inline constexpr std::int32_t kFieldTypeDate = 102;
+inline constexpr std::int32_t kFieldTypeLogical = 103;
+inline constexpr std::int32_t kFieldTypeOther = 104;
+
+class Identifier : public host::IHostIdentifier {
+public:
+    std::string Value() const override { return value_; }
+    void SetValue(const std::string& value) override { value_ = value; }
+
+private:
+    std::string value_;
+};
+
+class Field : public host::IHostField {
+public:
+    Field() = default;
+    Field(std::string name, std::int32_t type, std::int32_t length)
+        : name_(std::move(name)), type_(type), length_(length) {}
+
+    std::string Name() const override { return name_; }
+    void SetName(const std::string& name) override { name_ = name; }
+    std::int32_t Type() const override { return type_; }
+    void SetType(std::int32_t type) override { type_ = type; }
+    std::int32_t Length() const override { return length_; }
+    void SetLength(std::int32_t length) override { length_ = length; }
+
+private:
+    std::string name_;
+    std::int32_t type_ = host::kFieldTypeText;
+    std::int32_t length_ = 0;
+};
+
+class Fields : public host::IHostFields {
+public:
+    std::int32_t FieldCount() const override;
+    /// New places hold no field until SetField.
+    void SetFieldCount(std::int32_t count) override;
+    host::Ref<host::IHostField> Field(std::int32_t index) const override;
+    void SetField(std::int32_t index, const host::Ref<host::IHostField>& field) override;
+    /// Case does not count; the first of several fields of one name is found.
+    std::int32_t FindField(const std::string& name) const override;
+
+private:
+    std::size_t Position(std::int32_t index) const;
+
+    std::vector<host::Ref<host::IHostField>> fields_;
+};
+
+class QueryFilter : public host::IHostQueryFilter {
+public:
+    std::string WhereClause() const override { return clause_; }
+    void SetWhereClause(const std::string& clause) override { clause_ = clause; }
+
+private:
+    std::string clause_;
+};
+
+/// Fails for a filter with a condition: tables of the desk know none.
+void RequireEveryRow(const host::Ref<host::IHostQueryFilter>& filter);
+
+}  // namespace desk

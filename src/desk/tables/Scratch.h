@@ -1,0 +1,78 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desk/tables/FieldNames.h"
+#include "host/Tables.h"
+
+namespace desk {
+
+/// A table in memory. Text longer than its field is kept whole. Rows are numbered from 1 as they
+/// are inserted; fields of the identifier type show that number.
+class ScratchTable : public host::IHostTable, public std::enable_shared_from_this<ScratchTable> {
+public:
+    ScratchTable(std::string name, const host::Ref<host::IHostFields>& fields);
+
+    host::Ref<host::IHostFields> Fields() const override;
+    std::int32_t FindField(const std::string& name) const override;
+    host::Ref<host::IHostCursor> Search(const host::Ref<host::IHostQueryFilter>& filter,
+                                        bool recycling) override;
+    /// Rows stand in the table at once, buffered or not.
+    host::Ref<host::IHostCursor> Insert(bool useBuffering) override;
+    host::Ref<host::IHostRow> CreateRowBuffer() override;
+
+    const std::string& Name() const { return name_; }
+    std::size_t RowCount() const { return rowCount_; }
+    std::size_t FieldCount() const { return isObjectId_.size(); }
+    /// The stored value itself; it stays where it is for the life of the table. Row and field
+    /// count from 0 and must exist.
+    const host::Variant& Cell(std::size_t row, std::size_t field) const {
+        const std::size_t cell = row * FieldCount() + field;
+        return blocks_[cell / kBlockCells][cell % kBlockCells];
+    }
+    /// Rows in an order given by their positions from 0.
+    host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order, bool recycling);
+
+private:
+    friend class ScratchInsertCursor;
+    static constexpr std::size_t kBlockCells = 1024;
+
+    void Append(const host::Ref<host::IHostRow>& buffer);
+
+    std::string name_;
+    host::Ref<host::IHostFields> fields_;
+    FieldNames names_;
+    std::vector<bool> isObjectId_;  ///< By field.
+    std::size_t rowCount_ = 0;
+    /// Blocks that never move; every one but the last is full.
+    std::vector<std::unique_ptr<host::Variant[]>> blocks_;
+};
+
+/// Tables that live as long as someone holds them.
+class ScratchWorkspace : public host::IHostWorkspace {
+public:
+    ScratchWorkspace();
+    ~ScratchWorkspace() override;
+
+    host::Ref<host::IHostTable> OpenTable(const std::string& name) override;
+    host::Ref<host::IHostTable> CreateTable(const std::string& name,
+                                            const host::Ref<host::IHostFields>& fields,
+                                            const host::Ref<host::IHostIdentifier>& rowClass,
+                                            const host::Ref<host::IHostIdentifier>& extensionClass,
+                                            const std::string& configuration) override;
+    host::Ref<host::IHostDatasetEnum> Datasets(std::int32_t type) override;
+
+private:
+    /// Shared with the datasets handed out, which delete from it.
+    using TableList = std::vector<host::Ref<ScratchTable>>;
+    std::shared_ptr<TableList> tables_;
+};
+
+class ScratchWorkspaceFactory : public host::IHostScratchWorkspaceFactory {
+public:
+    host::Ref<host::IHostWorkspace> CreateWorkspace() override;
+};
+
+}  // namespace desk

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Tables.h"
+
+namespace desk {
+
+struct SortSource;
+
+/// Orders rows by the answers of a callback with a stable merge sort. It asks about n log n pairs
+/// and ends whatever it is told. Where Sort fails, Rows keeps what it gave before.
+class TableSort : public host::IHostTableSort {
+public:
+    TableSort();
+    ~TableSort() override;
+
+    void SetTable(const host::Ref<host::IHostTable>& table) override;
+    void SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) override;
+    void SetFields(const std::string& fields) override;
+    void SetAscending(const std::string& field, bool ascending) override;
+    void SetFieldOption(const std::string& field, bool option) override;
+    void SetCallback(const host::Ref<host::ITableSortCallBack>& callback) override;
+    /// Fails without a table, and without a callback where there are fields to sort by.
+    void Sort(const host::Ref<host::IHostObject>& progress) override;
+    /// The table's own order before the first Sort.
+    host::Ref<host::IHostCursor> Rows() override;
+
+private:
+    struct Key {
+        std::int32_t field = 0;
+        bool ascending = true;
+    };
+    std::vector<Key> Keys() const;
+
+    host::Ref<host::IHostTable> table_;
+    host::Ref<host::IHostQueryFilter> filter_;
+    std::string fields_;
+    std::map<std::string, bool> ascending_;  ///< By folded name.
+    host::Ref<host::ITableSortCallBack> callback_;
+    std::unique_ptr<SortSource> source_;
+    std::vector<std::uint32_t> order_;
+};
+
+}  // namespace desk

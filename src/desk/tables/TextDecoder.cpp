@@ -1,0 +1,130 @@
+#include "desk/tables/TextDecoder.h"
+
+#include <cstdint>
+#include <cstring>
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_err.h>
+#include <unicode/unistr.h>
+#include <unicode/utf8.h>
+
+namespace desk {
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+/// Length without a character of UTF-8 at the end that is begun but not complete.
+std::size_t WholeCharacters(std::string_view bytes) {
+    for (std::size_t back = 1; back <= 3 && back <= bytes.size(); ++back) {
+        const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
+        if ((byte & 0xC0) == 0x80) continue;
+        const std::size_t wanted = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+        return wanted > back ? bytes.size() - back : bytes.size();
+    }
+    return bytes.size();
+}
+
+}  // namespace
+
+bool IsAscii(std::string_view bytes) {
+    std::size_t at = 0;
+    for (; at + 8 <= bytes.size(); at += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + at, sizeof word);
+        if ((word & 0x8080808080808080U) != 0) return false;
+    }
+    for (; at < bytes.size(); ++at)
+        if (static_cast<unsigned char>(bytes[at]) >= 0x80) return false;
+    return true;
+}
+
+bool IsUtf8(std::string_view bytes) {
+    const auto length = static_cast<std::int32_t>(WholeCharacters(bytes));
+    const auto* units = reinterpret_cast<const unsigned char*>(bytes.data());
+    for (std::int32_t at = 0; at < length;) {
+        UChar32 character = 0;
+        U8_NEXT(units, at, length, character);
+        if (character < 0) return false;
+    }
+    return true;
+}
+
+void TextDecoder::Closer::operator()(UConverter* converter) const {
+    ucnv_close(converter);
+}
+
+std::shared_ptr<const TextDecoder> TextDecoder::Make(const std::string& encoding) {
+    if (encoding.empty()) return nullptr;  // ICU would take the system's own.
+    UErrorCode status = U_ZERO_ERROR;
+    UConverter* converter = ucnv_open(encoding.c_str(), &status);
+    if (U_FAILURE(status)) return nullptr;
+    return std::shared_ptr<const TextDecoder>(new TextDecoder(converter, encoding));
+}
+
+TextDecoder::TextDecoder(UConverter* converter, const std::string& encoding)
+    : converter_(converter), name_(encoding) {
+    UErrorCode status = U_ZERO_ERROR;
+    const char* icuName = ucnv_getName(converter, &status);
+    for (const char* standard : {"IANA", "MIME"}) {
+        UErrorCode ignored = U_ZERO_ERROR;
+        if (const char* name = ucnv_getStandardName(icuName, standard, &ignored)) name_ = name;
+    }
+    utf8_ = ucnv_getType(converter) == UCNV_UTF8;
+    singleByte_ =
+        !utf8_ && ucnv_getMaxCharSize(converter) == 1 && ucnv_getMinCharSize(converter) == 1;
+
+    std::string printable, decoded;
+    for (char letter = ' '; letter <= '~'; ++letter) printable += letter;
+    asciiBased_ = DecodeByIcu(printable, decoded) && decoded == printable;
+    if (singleByte_) FillTable();
+}
+
+TextDecoder::~TextDecoder() = default;
+
+void TextDecoder::FillTable() {
+    for (std::size_t byte = 0; byte < table_.size(); ++byte) {
+        const char letter = static_cast<char>(byte);
+        // Some old code pages turn control characters about; here they stay what they are.
+        if (asciiBased_ && byte < 0x80)
+            table_[byte] = letter;
+        else
+            DecodeByIcu({&letter, 1}, table_[byte]);
+    }
+}
+
+bool TextDecoder::Decode(std::string_view bytes, std::string& text) const {
+    if (asciiBased_ && IsAscii(bytes)) {
+        text.append(bytes);
+        return true;
+    }
+    if (utf8_) return DecodeUtf8(bytes, text);
+    if (!singleByte_) return DecodeByIcu(bytes, text);
+    bool clean = true;
+    for (const char letter : bytes) {
+        const std::string& decoded = table_[static_cast<unsigned char>(letter)];
+        clean = clean && decoded != kReplacement;
+        text += decoded;
+    }
+    return clean;
+}
+
+bool TextDecoder::DecodeUtf8(std::string_view bytes, std::string& text) const {
+    bytes = bytes.substr(0, WholeCharacters(bytes));
+    if (IsUtf8(bytes)) {
+        text.append(bytes);
+        return true;
+    }
+    icu::UnicodeString::fromUTF8({bytes.data(), static_cast<std::int32_t>(bytes.size())})
+        .toUTF8String(text);
+    return false;
+}
+
+bool TextDecoder::DecodeByIcu(std::string_view bytes, std::string& text) const {
+    UErrorCode status = U_ZERO_ERROR;
+    ucnv_reset(converter_.get());
+    const icu::UnicodeString wide(bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                                  converter_.get(), status);
+    wide.toUTF8String(text);
+    return U_SUCCESS(status) && wide.indexOf(static_cast<UChar>(0xFFFD)) < 0;
+}
+
+}  // namespace desk

@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "desk/expressions/ExpressionEngine.h"
+#include "desk/locale/IcuLocale.h"
+#include "desk/tables/PlainObjects.h"
+#include "desk/tables/Scratch.h"
+#include "host/Failure.h"
+
+namespace desk {
+namespace {
+
+host::Ref<host::IHostTable> Table(const std::vector<std::string>& names) {
+    const auto fields = std::make_shared<Fields>();
+    fields->SetFieldCount(static_cast<std::int32_t>(names.size()));
+    for (std::size_t i = 0; i < names.size(); ++i)
+        fields->SetField(static_cast<std::int32_t>(i),
+                         std::make_shared<Field>(names[i], host::kFieldTypeText, 20));
+    return std::make_shared<ScratchTable>("T", fields);
+}
+
+class ExpressionEngineTest : public testing::Test {
+protected:
+    ExpressionEngineTest() {
+        row_->SetValue(0, std::string("Abbey Road"));
+        row_->SetValue(1, 12.5);
+        row_->SetValue(2, host::Null{});
+        row_->SetValue(3, std::string("$$ROW [Listing]"));
+        row_->SetValue(4, true);
+        row_->SetValue(5, 4);
+    }
+    std::string Evaluate(const std::string& expression) {
+        return engine_.Evaluate(table_, row_, expression, tokens_);
+    }
+
+    host::Ref<host::IHostTable> table_ =
+        Table({"Listing", "Width", "Note", "Sly", "Flag", "Count"});
+    host::Ref<host::IHostRow> row_ = table_->CreateRowBuffer();
+    host::TokenValues tokens_ = {
+        {"PAGE_NUMBER", 5}, {"ROW", std::string("B")}, {"COLUMN", host::Null{}}};
+    ExpressionEngine engine_{std::make_shared<IcuLocale>("de")};
+};
+
+TEST_F(ExpressionEngineTest, PutsValuesIntoText) {
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"", ""},
+        {"plain", "plain"},
+        {"[Listing]", "Abbey Road"},
+        {"[LISTING]-[listing]", "Abbey Road-Abbey Road"},
+        {"$$PAGE_NUMBER $$ROW-$$COLUMN", "5 B-"},
+        {"[Listing]$$DOTS$$PAGE_NUMBER", "Abbey Road$$DOTS5"},
+        {"$$NEWLINE$$LASTCOMBINE", "$$NEWLINE$$LASTCOMBINE"},
+        {"$$row $$ROWS $$", "$$row BS $$"},
+        {"$$$ROW $ROW", "$B $ROW"},
+        {"$$$$ROW", "$$B"},
+        {"[Width]|[Note]|[Flag]|[Count]", "12,5||True|4"},
+        {"[Sly]", "$$ROW [Listing]"},
+        {"a]b", "a]b"}};
+    for (const auto& [expression, text] : cases) {
+        EXPECT_TRUE(engine_.IsValidExpression(table_, expression)) << expression;
+        EXPECT_EQ(Evaluate(expression), text);
+        EXPECT_EQ(Evaluate(expression), text);
+    }
+}
+
+TEST_F(ExpressionEngineTest, ExplainsWhatIsNotValid) {
+    const std::vector<std::vector<std::string>> cases = {
+        {"x [Listing", "[ without ]", ""},
+        {"[Listing][", "[ without ]", ""},
+        {"[Foo] [Bar]", "no field named Foo", "Foo"},
+        {"[ Listing ]", "no field named  Listing ", " Listing "},
+        {"a[]b", "[] names no field", ""}};
+    for (const auto& expected : cases) {
+        const auto finding = engine_.Explain(table_, expected[0]);
+        EXPECT_EQ(finding.text, expected[1]);
+        EXPECT_EQ(finding.field, expected[2]);
+        EXPECT_FALSE(engine_.IsValidExpression(table_, expected[0]));
+        EXPECT_THROW(Evaluate(expected[0]), host::Failure);
+    }
+    EXPECT_TRUE(engine_.IsValidExpression(nullptr, "$$ROW"));
+    EXPECT_FALSE(engine_.IsValidExpression(nullptr, "[Listing]"));
+}
+
+TEST_F(ExpressionEngineTest, KeepsTablesApart) {
+    for (int i = 0; i < 100; ++i) {
+        // Each table has the field elsewhere, and each may come to stand where the last one was.
+        std::vector<std::string> names(static_cast<std::size_t>(i % 3), "");
+        for (std::size_t n = 0; n < names.size(); ++n) names[n] = "F" + std::to_string(n);
+        names.push_back("Name");
+        const auto table = Table(names);
+        const auto row = table->CreateRowBuffer();
+        row->SetValue(i % 3, std::to_string(i));
+        EXPECT_EQ(engine_.Evaluate(table, row, "[Name]", {}), std::to_string(i));
+    }
+}
+
+TEST_F(ExpressionEngineTest, FailsWhereAValueIsMissing) {
+    EXPECT_THROW(engine_.Evaluate(table_, nullptr, "[Listing]", tokens_), host::Failure);
+    EXPECT_EQ(engine_.Evaluate(table_, nullptr, "$$ROW", tokens_), "B");
+    EXPECT_THROW(engine_.Evaluate(table_, row_, "$$ROW", {}), host::Failure);
+}
+
+TEST_F(ExpressionEngineTest, AsksTheEditorItWasGiven) {
+    EXPECT_EQ(engine_.EditExpression(table_, "old", {}), "");
+    ExpressionEngine edited(nullptr, [](const auto&, const std::string& expression,
+                                        const std::vector<host::TokenDescription>& tokens) {
+        return expression + tokens.at(0).token;
+    });
+    EXPECT_EQ(edited.EditExpression(table_, "old", {{"$$ROW", "Grid row"}}), "old$$ROW");
+}
+
+}  // namespace
+}  // namespace desk

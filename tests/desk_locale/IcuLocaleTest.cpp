@@ -1,0 +1,199 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "desk/locale/IcuLocale.h"
+#include "host/Failure.h"
+
+namespace desk {
+namespace {
+
+int Sign(int value) {
+    return value < 0 ? -1 : value > 0 ? 1 : 0;
+}
+
+struct NumberCase {
+    const char* locale;
+    std::string text;
+    std::optional<double> value;
+};
+
+TEST(IcuLocale, NumbersAreWholeTexts) {
+    const std::vector<NumberCase> cases = {{"en", "12", 12},
+                                           {"en", "007", 7},
+                                           {"en", "1.5", 1.5},
+                                           {"en", ".5", .5},
+                                           {"en", "5.", 5},
+                                           {"en", "-3", -3},
+                                           {"en", "+3", 3},
+                                           {"en", "\u22123", -3},
+                                           {"en", "1,000", 1000},
+                                           {"en", "1,2,3.5", 123.5},
+                                           {"en", "1E5", 1e5},
+                                           {"en", "1e-2", .01},
+                                           {"en", "1E+5", 1e5},
+                                           {"en", "1234567890123456789", 1234567890123456789.0},
+                                           {"en", "\u0663", 3},
+                                           {"en", "", {}},
+                                           {"en", " ", {}},
+                                           {"en", "12abc", {}},
+                                           {"en", "abc", {}},
+                                           {"en", "E5", {}},
+                                           {"en", "1E", {}},
+                                           {"en", "1E+", {}},
+                                           {"en", "1E5.0", {}},
+                                           {"en", "1E5E5", {}},
+                                           {"en", "1.2.3", {}},
+                                           {"en", ".", {}},
+                                           {"en", "-", {}},
+                                           {"en", "--1", {}},
+                                           {"en", "1-", {}},
+                                           {"en", "+-1", {}},
+                                           {"en", ",5", {}},
+                                           {"en", "5,", {}},
+                                           {"en", "1,,000", {}},
+                                           {"en", "1.0,5", {}},
+                                           {"en", "12 ", {}},
+                                           {"en", "0x1F", {}},
+                                           {"en", "inf", {}},
+                                           {"en", "nan", {}},
+                                           {"en", "1E999", {}},
+                                           {"en", "\xFF", {}},
+                                           {"en", std::string(5000, '9'), {}},
+                                           {"de_DE.UTF-8", "1,5", 1.5},
+                                           {"de-DE", "1.000,5", 1000.5},
+                                           {"de", "1.000", 1000},
+                                           {"de", "1,5,5", {}},
+                                           {"fr", "1\u202F000,5", 1000.5},
+                                           {"fr", "1\u00A0000", 1000},
+                                           {"de_CH", "1'000.5", 1000.5},
+                                           {"sv", "\u22123,5", -3.5}};
+    for (const NumberCase& example : cases)
+        EXPECT_EQ(IcuLocale(example.locale).ParseNumber(example.text), example.value)
+            << example.locale << " " << example.text;
+}
+
+TEST(IcuLocale, NumbersAreWrittenShort) {
+    IcuLocale english("en"), german("de");
+    EXPECT_EQ(english.FormatNumber(4), "4");
+    EXPECT_EQ(english.FormatNumber(12.5), "12.5");
+    EXPECT_EQ(german.FormatNumber(12.5), "12,5");
+    EXPECT_EQ(english.FormatNumber(-0.0), "0");
+    EXPECT_EQ(english.FormatNumber(0.1), "0.1");
+    EXPECT_EQ(english.FormatNumber(-1234567), "-1234567");
+    EXPECT_EQ(english.FormatNumber(1e20), "100000000000000000000");
+    EXPECT_EQ(english.FormatNumber(0.00001), "0.00001");
+
+    std::mt19937_64 random(3);
+    for (int i = 0; i < 2000; ++i) {
+        const double value = std::ldexp(static_cast<double>(random()) - 9e18,
+                                        static_cast<int>(random() % 400) - 200);
+        EXPECT_EQ(german.ParseNumber(german.FormatNumber(value)), value);
+    }
+}
+
+TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
+    IcuLocale english("en");
+    EXPECT_EQ(english.CompareText("Main", "MAIN"), 0);
+    EXPECT_EQ(english.CompareText("", "a"), -1);
+    EXPECT_EQ(english.CompareText("10", "AVE"), -1);
+    EXPECT_EQ(english.CompareText("e", "\u00e9"), -1);
+    EXPECT_EQ(english.CompareText("\u00e9a", "eb"), -1);
+    EXPECT_EQ(english.CompareText("\u00e9", "e\u0301"), 0);
+    EXPECT_EQ(english.CompareText("z", "\u00e4"), 1);
+    EXPECT_EQ(IcuLocale("sv").CompareText("z", "\u00e4"), -1);
+    EXPECT_EQ(IcuLocale("de").CompareText("\u00e4", "ad"), -1);
+    EXPECT_EQ(IcuLocale("de@collation=phonebook").CompareText("\u00e4", "ad"), 1);
+    EXPECT_EQ(IcuLocale("de-u-co-phonebk").CompareText("\u00e4", "ad"), 1);
+    EXPECT_EQ(IcuLocale("C").CompareText("Main", "MAIN"), 0);
+}
+
+TEST(IcuLocale, KeysCompareAsTexts) {
+    const std::vector<std::string> alphabet = {
+        "a",      "A", "b", "B",    " ",    "-",      "1",          "e",  "\u00e9",
+        "\u0301", "z", ".", "\xC3", "\xFF", "\u4e2d", "\U0001F600", "\r", "\xE2\x82"};
+    std::mt19937 random(11);
+    for (const char* name : {"en", "de@collation=phonebook", "sv", "C"}) {
+        IcuLocale locale(name);
+        const auto text = [&] {
+            std::string result;
+            for (std::size_t i = random() % 5; i > 0; --i)
+                result += alphabet[random() % alphabet.size()];
+            return result;
+        };
+        for (int i = 0; i < 5000; ++i) {
+            const std::string a = text(), b = text();
+            EXPECT_EQ(locale.CompareText(a, b),
+                      Sign(locale.CollationKey(a).compare(locale.CollationKey(b))))
+                << name << " [" << a << "] [" << b << "]";
+        }
+    }
+    const std::string longText(5000, 'q');
+    IcuLocale english("en");
+    EXPECT_EQ(english.CollationKey(longText), english.CollationKey(std::string(5000, 'Q')));
+}
+
+TEST(IcuLocale, CharactersAreWhatReadersSee) {
+    using Lengths = std::vector<std::size_t>;
+    IcuLocale locale("en");
+    EXPECT_EQ(locale.Characters(""), Lengths());
+    EXPECT_EQ(locale.Characters("ab\r\nc"), (Lengths{1, 1, 1, 1, 1}));
+    EXPECT_EQ(locale.Characters("\u00e9\r\n"), (Lengths{2, 1, 1}));
+    EXPECT_EQ(locale.Characters("e\u0301\r\nx"), (Lengths{3, 1, 1, 1}));
+    EXPECT_EQ(locale.Characters("a\u4e2d\u6587"), (Lengths{1, 3, 3}));
+    EXPECT_EQ(locale.Characters("\U0001F468\u200D\U0001F469x"), (Lengths{11, 1}));
+    EXPECT_EQ(locale.Characters("\u0e01\u0e33"), (Lengths{6}));
+
+    // The quick way and the rules agree, and no byte is lost, well-formed or not.
+    std::mt19937 random(5);
+    for (int i = 0; i < 3000; ++i) {
+        std::string text;
+        for (std::size_t n = random() % 8; n > 0; --n)
+            text += random() % 2 == 0 ? static_cast<char>(random() % 256)
+                                      : static_cast<char>('a' + random() % 26);
+        const Lengths lengths = locale.Characters(text);
+        EXPECT_EQ(std::accumulate(lengths.begin(), lengths.end(), std::size_t{0}), text.size());
+        Lengths further = locale.Characters(text + "\u4e2d");
+        further.pop_back();
+        if (text.find_first_not_of("abcdefghijklmnopqrstuvwxyz") == std::string::npos) {
+            EXPECT_EQ(further, lengths);
+        }
+    }
+    for (unsigned c = 0xA0; c < 0x300; ++c) {
+        const std::string two = {static_cast<char>(0xC0 | (c >> 6)),
+                                 static_cast<char>(0x80 | (c & 0x3F))};
+        EXPECT_EQ(locale.Characters("a" + two + two + "b\u4e2d"), (Lengths{1, 2, 2, 1, 3})) << c;
+    }
+}
+
+TEST(IcuLocale, UnknownNamesAreTold) {
+    for (const std::string name : {"xx_YY", "german", "de@collation=nonsense", "-", "q"}) {
+        try {
+            const IcuLocale locale(name);
+            ADD_FAILURE() << name << " became " << locale.Name();
+        } catch (const host::Failure& failure) {
+            EXPECT_EQ(failure.description, "There is no locale named " + name + ".");
+        }
+    }
+}
+
+TEST(IcuLocale, EmptyNameIsTheUsers) {
+    const auto with = [](const char* all, const char* collate, const char* lang) {
+        setenv("LC_ALL", all, 1);
+        setenv("LC_COLLATE", collate, 1);
+        setenv("LANG", lang, 1);
+        return IcuLocale("").Name();
+    };
+    EXPECT_EQ(with("", "", "fr_FR.UTF-8"), "fr_FR");
+    EXPECT_EQ(with("", "sv_SE", "fr_FR.UTF-8"), "sv_SE");
+    EXPECT_EQ(with("de_AT.UTF-8", "sv_SE", "fr_FR"), "de_AT");
+    EXPECT_EQ(with("C.UTF-8", "sv_SE", "fr_FR"), "");
+    EXPECT_EQ(with("xx_nonsense", "", ""), "");
+}
+
+}  // namespace
+}  // namespace desk

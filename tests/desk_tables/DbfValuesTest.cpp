@@ -1,0 +1,135 @@
+#include <cmath>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "desk/tables/DbfTable.h"
+#include "support/DbfBuilder.h"
+#include "support/TemporaryFolder.h"
+
+namespace desk {
+namespace {
+
+using host::Null;
+using host::Variant;
+using support::DbfBuilder;
+using Text = std::string;
+
+struct ValueCase {
+    support::DbfColumn column;
+    std::string bytes;
+    Variant value;
+    bool isFaulty = false;
+};
+
+const std::vector<ValueCase> kValues = {
+    {{"F", 'N', 10}, "12", 12},
+    {{"F", 'N', 10}, "-7", -7},
+    {{"F", 'N', 10}, "+7", 7},
+    {{"F", 'N', 10, 2}, "12.00", 12},
+    {{"F", 'N', 10, 2}, "12.50", 12.5},
+    {{"F", 'N', 10, 2}, "12,5", 12.5},
+    {{"F", 'F', 12}, "1.5e+03", 1500},
+    {{"F", 'N', 10}, "2147483648", 2147483648.0},
+    {{"F", 'N', 20}, "9007199254740993", Text("9007199254740993")},
+    {{"F", 'N', 20}, "99999999999999999999", Text("99999999999999999999")},
+    {{"F", 'N', 10}, "", Null{}},
+    {{"F", 'N', 4}, Text(4, '\0'), Null{}},
+    {{"F", 'N', 5}, "*****", Null{}, true},
+    {{"F", 'N', 5}, "nan", Null{}, true},
+    {{"F", 'N', 5}, "-", Null{}, true},
+    {{"F", 'N', 1}, "+", Null{}, true},
+    {{"F", 'C', 10}, "  a b   ", Text("  a b")},
+    {{"F", 'C', 10}, Text("ab\0cd", 5), Text("ab")},
+    {{"F", 'C', 10}, "", Text()},
+    {{"F", 'D', 8}, "20240229", Text("2024-02-29")},
+    {{"F", 'D', 8}, "20230229", Null{}, true},
+    {{"F", 'D', 8}, "", Null{}},
+    {{"F", 'D', 8}, "00000000", Null{}},
+    {{"F", 'L', 1}, "T", true},
+    {{"F", 'L', 1}, "n", false},
+    {{"F", 'L', 1}, "?", Null{}},
+    {{"F", 'L', 1}, Text(1, '\0'), Null{}},
+};
+
+TEST(DbfValues, AreReadByType) {
+    const support::TemporaryFolder folder;
+    for (const ValueCase& example : kValues) {
+        SCOPED_TRACE(Text(1, example.column.type) + " " + example.bytes);
+        DbfBuilder({example.column}).Row({example.bytes}).Write(folder.File("a.dbf"));
+        DbfTable table(folder.File("a.dbf"));
+        const auto cursor = table.Search(nullptr, false);
+        EXPECT_EQ(cursor->NextRow()->Value(0), example.value);
+        EXPECT_EQ(table.Warnings().size(), example.isFaulty ? 1U : 0U);
+    }
+}
+
+struct EncodingCase {
+    std::uint8_t driver;
+    std::string cpg;
+    std::string bytes;
+    std::string text;
+    std::string encoding;
+};
+
+TEST(DbfValues, AreDecoded) {
+    const support::TemporaryFolder folder;
+    const std::vector<EncodingCase> cases = {
+        {0x57, "", "caf\xE9", "caf\u00e9", "windows-1252"},
+        {0x57, "UTF-8", "caf\xC3\xA9", "caf\u00e9", "UTF-8"},
+        {0, "65001\r\n", "caf\xC3\xA9", "caf\u00e9", "UTF-8"},
+        {0, "ANSI 1251", "\xC0", "\u0410", "windows-1251"},
+        {0, "OEM 437", "\x82", "\u00e9", "IBM437"},
+        {0, "LDID/87", "\xE9", "\u00e9", "windows-1252"},
+        {0, "88592", "\xB1", "\u0105", "ISO-8859-2"},
+        {0x65, "nonsense", "\x80", "\u0410", "IBM866"},
+        {0, "", "caf\xE9", "caf\u00e9", "windows-1252"},
+        {0, "", "12345678\xC3\xA9", "12345678\u00e9", "UTF-8"},
+        // The field's end cut the last character off.
+        {0, "", "123456\xC3\xA9\xE2\x82", "123456\u00e9", "UTF-8"},
+        {0, "UTF-8",
+         "a\xFF"
+         "b",
+         "a\uFFFD"
+         "b",
+         "UTF-8"}};
+    for (const EncodingCase& example : cases) {
+        SCOPED_TRACE(example.cpg + " " + example.text);
+        std::filesystem::remove(folder.File("a.cpg"));
+        if (!example.cpg.empty()) folder.Write("a.cpg", example.cpg);
+        DbfBuilder({{"F", 'C', 10}})
+            .LanguageDriver(example.driver)
+            .Row({example.bytes})
+            .Write(folder.File("a.dbf"));
+        DbfTable table(folder.File("a.dbf"));
+        EXPECT_EQ(table.Search(nullptr, true)->NextRow()->Value(0), Variant(example.text));
+        EXPECT_EQ(table.Encoding(), example.encoding);
+    }
+    EXPECT_EQ(DbfTable(folder.File("a.dbf")).Warnings().size(), 0U);
+}
+
+TEST(DbfValues, RowsKeepTheirRecordNumbersAndLives) {
+    const support::TemporaryFolder folder;
+    DbfBuilder({{"F", 'C', 10}})
+        .Row({"one"})
+        .Row({"two"}, true)
+        .Row({"three"})
+        .Write(folder.File("a.dbf"));
+    DbfTable table(folder.File("a.dbf"));
+    const auto cursor = table.Search(nullptr, false);
+    const auto first = cursor->NextRow();
+    const auto third = cursor->NextRow();
+    EXPECT_EQ(cursor->NextRow(), nullptr);
+    EXPECT_EQ(cursor->NextRow(), nullptr);
+    EXPECT_EQ(first->OID(), 1);
+    EXPECT_EQ(third->OID(), 3);
+    EXPECT_EQ(first->Value(0), Variant(Text("one")));
+
+    const auto recycling = table.Search(nullptr, true);
+    const auto* row = recycling->NextRow().get();
+    EXPECT_EQ(recycling->NextRow().get(), row);
+    EXPECT_EQ(row->Value(0), Variant(Text("three")));
+}
+
+}  // namespace
+}  // namespace desk

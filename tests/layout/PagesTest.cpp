@@ -1,0 +1,277 @@
+#include <gtest/gtest.h>
+#include <random>
+
+#include "support/TestDesk.h"
+
+namespace gazetteer {
+namespace {
+
+using support::TestDesk;
+
+// A random gazetteer whose references are unique, so that a drawn row tells its listing.
+struct RandomGazetteer {
+    explicit RandomGazetteer(unsigned seed) : random(seed) {
+        std::vector<std::vector<std::string>> rows;
+        const int count = Number(1, 160);
+        for (int i = 0; i < count; ++i) rows.push_back({Name(), "r" + std::to_string(i)});
+        const int listingWidth = Number(7, 18);
+        const int pageWidth = Number(7, 12);
+        // As the property page demands, one column group fits the frame.
+        element = desk.NewGazetteer(desk.ListingTable(rows),
+                                    (listingWidth + pageWidth + Number(0, 60)) / 10.0,
+                                    Number(15, 60) / 10.0);
+        desk.Column(element, "Page")->SetItem("Expression", std::string("[Ref]"));
+        for (const char* column : {"Listing", "Page"}) {
+            const auto set = desk.Column(element, column);
+            set->SetItem("ColumnFontSymbol",
+                         TestDesk::Object(desk.TextSymbol("Liberation Sans", Number(6, 14))));
+            set->SetItem("ColumnWidth", (column[0] == 'L' ? listingWidth : pageWidth) / 10.0);
+            set->SetItem("ShowTitle", Number(0, 2) > 0);
+            set->SetItem("BreakColumn", Number(0, 1) == 1 && column[0] == 'L');
+            set->SetItem("BreakHeading", Number(0, 1) == 1);
+            set->SetItem("AlternateBackground", Number(0, 1) == 1);
+            set->SetItem("ColorBackground", Number(0, 3) > 0);
+        }
+        const auto properties = desk.Properties(element);
+        properties->SetItem("RepeatColumns", Number(0, 3) > 0);
+        properties->SetItem("RepeatSpacing", Number(0, 4) / 10.0);
+        properties->SetItem("ClearRepeatingText", Number(0, 1) == 1);
+        properties->SetItem("AddStartingBreak", Number(0, 1) == 1);
+        properties->SetItem("CombineListings", false);
+    }
+
+    int Number(int from, int to) { return std::uniform_int_distribution(from, to)(random); }
+
+    std::string Name() {
+        static const std::vector<std::string> words = {"Abbey", "ash", "Birch", "Canal Street",
+                                                       "42nd",  "7",   "élan",  "Zion Hill Road"};
+        std::string name;
+        for (int i = Number(1, 4); i > 0; --i)
+            name += (name.empty() ? "" : " ") +
+                    words[static_cast<std::size_t>(Number(0, static_cast<int>(words.size()) - 1))];
+        return name;
+    }
+
+    std::mt19937 random;
+    TestDesk desk;
+    host::Ref<host::IHostGroupElement> element;
+};
+
+// References of the rows drawn, in the order in which they stand on the page.
+std::vector<std::string> DrawnReferences(const host::IHostGroupElement& element) {
+    std::vector<std::string> references;
+    for (const auto& row : TestDesk::Members(element, "ROWGROUP"))
+        references.push_back(TestDesk::CellText(*row, 1));
+    return references;
+}
+
+std::vector<std::string> NumberedReferences(CVNGazetteerManager& manager, int page) {
+    const auto rows = TestDesk::SetIn(*manager.Working().pageGroups, std::to_string(page));
+    const auto cells = TestDesk::SetIn(*manager.Working().listings, "Page");
+    std::vector<std::string> references;
+    for (const auto& row : rows->AllItems().names)
+        references.push_back(std::get<std::string>(cells->Item(row)));
+    return references;
+}
+
+// The rule of the width test counts one gap only, so the last of many column groups may pass the
+// frame's right edge by the other gaps.
+void ExpectInsideFrame(TestDesk& desk, const host::IHostGroupElement& element, double spacing) {
+    const auto frame = element.Geometry()->Bounds();
+    constexpr double kRounding = 1e-9;
+    for (std::int32_t i = 0; i < element.Count(); ++i) {
+        const auto box = desk.Bounds(*element.Item(i));
+        EXPECT_GE(box->XMin(), frame->XMin() - kRounding);
+        EXPECT_LE(box->YMax(), frame->YMax() + kRounding);
+        EXPECT_GE(box->YMin(), frame->YMin() - kRounding);
+        const double groups = std::floor((box->XMax() - frame->XMin()) / box->Width());
+        EXPECT_LE(box->XMax(), frame->XMax() + std::max(0.0, groups - 1) * spacing + kRounding);
+    }
+}
+
+TEST(Pages, RandomGazetteersKeepTheirPromises) {
+    int pagesSeen = 0;
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        RandomGazetteer random(seed);
+        CVNGazetteerManager manager(random.desk.HostRef());
+        manager.SetIndexElement(random.element);
+        if (random.desk.Dialogs().LastCause() ==
+            "Column width is set too narrow for selected Font!")
+            continue;
+        ASSERT_EQ(random.desk.Dialogs().LastCause(), "");
+
+        std::vector<std::string> all;
+        for (std::int32_t page = 1; page <= manager.Working().pageCount; ++page) {
+            ++pagesSeen;
+            manager.SetIndexToPageNumber(page);
+            ASSERT_EQ(random.desk.Dialogs().LastCause(), "");
+            const auto numbered = NumberedReferences(manager, page);
+            EXPECT_EQ(DrawnReferences(*random.element), numbered) << "page " << page;
+            all.insert(all.end(), numbered.begin(), numbered.end());
+            ExpectInsideFrame(random.desk, *random.element, manager.BoundSettings().repeatSpacing);
+
+            const std::string tree = random.desk.Dump(*random.element);
+            manager.SetIndexToPageNumber(page);
+            EXPECT_EQ(random.desk.Dump(*random.element), tree);
+            manager.DraftMode();
+            EXPECT_EQ(TestDesk::Members(*random.element, "ROWGROUP").size(), 0U);
+            manager.SetIndexToPageNumber(page);
+            EXPECT_EQ(random.desk.Dump(*random.element), tree);
+        }
+        std::vector<std::string> listings;
+        const auto cells = TestDesk::SetIn(*manager.Working().listings, "Page");
+        for (const auto& value : cells->AllItems().values)
+            listings.push_back(std::get<std::string>(value));
+        EXPECT_EQ(all, listings);
+    }
+    EXPECT_GT(pagesSeen, 150);
+}
+
+// Ten rows of one line each in a frame that takes four beside and below a title.
+class SmallPages : public ::testing::Test {
+protected:
+    void Make(int count, double width, double height) {
+        std::vector<std::vector<std::string>> rows;
+        for (int i = 0; i < count; ++i) rows.push_back({std::string(1, char('a' + i)), "1"});
+        element = desk.NewGazetteer(desk.ListingTable(rows), width, height);
+        for (const char* column : {"Listing", "Page"}) {
+            desk.Column(element, column)->SetItem("ColumnWidth", 1.0);
+            desk.Column(element, column)->SetItem("ShowTitle", false);
+            desk.Column(element, column)->SetItem("BreakColumn", false);
+        }
+    }
+    CVNGazetteerManager& Bind() {
+        manager = std::make_unique<CVNGazetteerManager>(desk.HostRef());
+        manager->SetIndexElement(element);
+        return *manager;
+    }
+    double RowHeight() {
+        return desk.Bounds(*TestDesk::Members(*element, "ROWGROUP").at(0))->Height();
+    }
+    TestDesk desk;
+    host::Ref<host::IHostGroupElement> element;
+    std::unique_ptr<CVNGazetteerManager> manager;
+};
+
+TEST_F(SmallPages, EqualityAtTheEdges) {
+    Make(4, 2, 5);
+    Bind().SetIndexToPageNumber(1);
+    const double line = RowHeight();
+    // Four rows that fill the frame to the last fraction fit.
+    double four = 0;
+    for (int i = 0; i < 4; ++i) four += line;
+    Make(4, 2, four);
+    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 1);
+    Make(5, 2, four);
+    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 2);
+    // A second column group needs more than exactly the frame's width.
+    Make(5, 4.25, four);
+    desk.Properties(element)->SetItem("RepeatSpacing", 0.25);
+    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 2);
+    Make(5, 4.26, four);
+    desk.Properties(element)->SetItem("RepeatSpacing", 0.25);
+    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 1);
+}
+
+TEST_F(SmallPages, FeetOfColumnsAreStretchedButTheLast) {
+    Make(6, 5, 1);
+    Bind().SetIndexToPageNumber(1);
+    const auto rows = TestDesk::Members(*element, "ROWGROUP");
+    ASSERT_EQ(rows.size(), 6U);
+    int atFoot = 0;
+    for (const auto& row : rows)
+        atFoot += desk.Bounds(*row)->YMin() < 1e-9 + element->Geometry()->Bounds()->YMin();
+    EXPECT_EQ(atFoot, 1);
+    EXPECT_GT(desk.Bounds(*rows.back())->YMin(), element->Geometry()->Bounds()->YMin());
+}
+
+TEST_F(SmallPages, RowTallerThanTheFrameStandsAndTheNextOverflows) {
+    Make(3, 2, 0.1);
+    auto& bound = Bind();
+    EXPECT_EQ(std::get<std::int32_t>(bound.PageCount()), 3);
+    bound.SetIndexToPageNumber(1);
+    EXPECT_EQ(TestDesk::Members(*element, "ROWGROUP").size(), 1U);
+    EXPECT_EQ(bound.LastRun().placed, 3);
+}
+
+TEST_F(SmallPages, TitleHigherThanTheFrameLeavesNoPage) {
+    Make(3, 2, 0.1);
+    desk.Column(element, "Page")->SetItem("ShowTitle", true);
+    auto& bound = Bind();
+    EXPECT_EQ(std::get<std::int32_t>(bound.PageCount()), 0);
+    EXPECT_EQ(desk.Dialogs().LastCause(), "");
+    EXPECT_EQ(bound.LastRun().listings, 3);
+    EXPECT_EQ(bound.LastRun().placed, 0);
+}
+
+TEST_F(SmallPages, SamplePageIsOneWithALabelOnTop) {
+    Make(20, 2, 1);
+    desk.Properties(element)->SetItem("SamplePage", true);
+    auto& bound = Bind();
+    EXPECT_EQ(std::get<std::int32_t>(bound.PageCount()), 1);
+    bound.SetIndexToPageNumber(1);
+    const auto top = element->Item(element->Count() - 1);
+    EXPECT_EQ(TestDesk::Tag(*top), "SAMPLELABEL");
+    EXPECT_EQ(host::As<host::IHostTextElement>(top)->Text(), "SAMPLE PAGE");
+    for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
+        EXPECT_NEAR(desk.Bounds(*row)->YMin(), element->Geometry()->Bounds()->YMin(), 1e-9);
+    bound.DraftMode();
+    EXPECT_EQ(element->Count(), 1);  // The label stays until the next draw.
+}
+
+TEST_F(SmallPages, BreaksFollowFirstLetters) {
+    struct Case {
+        const char* what;
+        std::vector<std::string> names;
+        bool startingBreak;
+        std::vector<std::string> headings;
+    };
+    const Case cases[] = {
+        {"case aside", {"Ash", "ash b", "Birch"}, false, {"B"}},
+        {"digits need none, a letter behind them does", {"1st", "2nd", "Ash"}, false, {"A"}},
+        {"a starting break before a letter", {"Ash", "Birch"}, true, {"A", "B"}},
+        {"but not before a digit", {"1st", "Ash"}, true, {"A"}},
+        {"accents count, marks are not torn", {"E", "É", "E\u0301b"}, false, {"É"}},
+    };
+    for (const Case& c : cases) {
+        std::vector<std::vector<std::string>> rows;
+        for (const auto& name : c.names) rows.push_back({name, "1"});
+        element = desk.NewGazetteer(desk.ListingTable(rows), 4.5, 5);
+        desk.Properties(element)->SetItem("SortColumns", false);
+        desk.Properties(element)->SetItem("AddStartingBreak", c.startingBreak);
+        Bind().SetIndexToPageNumber(1);
+        std::vector<std::string> headings;
+        for (const auto& row : TestDesk::Members(*element, "BREAKGROUP"))
+            headings.push_back(TestDesk::CellText(*row, 0));
+        EXPECT_EQ(headings, c.headings) << c.what;
+    }
+}
+
+TEST_F(SmallPages, RepeatingTextIsBlankedFromTheLeft) {
+    element = desk.NewGazetteer(
+        desk.ListingTable({{"Ash", "1"}, {"ASH", "2"}, {"Birch", "2"}, {"Birch", "3"}}), 4.5, 5);
+    desk.Properties(element)->SetItem("CombineListings", false);
+    desk.Properties(element)->SetItem("ClearRepeatingText", true);
+    Bind().SetIndexToPageNumber(1);
+    std::vector<std::string> texts;
+    for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
+        texts.push_back(TestDesk::CellText(*row, 0) + "|" + TestDesk::CellText(*row, 1));
+    EXPECT_EQ(texts, (std::vector<std::string>{"Ash|1", " |2", "Birch|2", " |3"}));
+}
+
+TEST_F(SmallPages, ForeignMembersSurviveBehindTheRows) {
+    Make(2, 2, 2);
+    auto own = desk.Host().NewTextElement();
+    host::As<host::IHostElementName>(own)->SetName("NOTE");
+    element->Add(own);
+    auto& bound = Bind();
+    bound.SetIndexToPageNumber(1);
+    bound.SetIndexToPageNumber(1);
+    EXPECT_EQ(element->Item(0), own);
+    bound.DraftMode();
+    ASSERT_EQ(element->Count(), 1);
+}
+
+}  // namespace
+}  // namespace gazetteer
