@@ -65,6 +65,8 @@ public:
     const WorkingResults& Working() const { return working_; }
     /// The settings as read at the binding.
     const Settings& BoundSettings() const { return settings_; }
+    /// The listing database that the check opened last.
+    const host::Ref<host::IHostTable>& DatabaseTable() const { return check_.databaseTable; }
     /// The bound element may be drawn.
     bool CanDraw() const { return canDraw_; }
     /// @}

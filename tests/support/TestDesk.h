@@ -26,6 +26,7 @@ public:
     RecordingDialogs& Dialogs() { return *dialogs_; }
     std::vector<std::string>& StatusTexts() { return *statusTexts_; }
     host::Ref<host::IHostDisplay> Display();
+    const std::shared_ptr<desk::TextEngine>& TextEngine() const { return desk_->Text(); }
 
     /// Path of a table with the fields Listing (C 60), Ref (C 20) and Page (N 6). Rows give listing
     /// and reference; Page holds the reference where that is a number.

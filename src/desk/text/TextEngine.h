@@ -3,6 +3,7 @@
 #include <cairo.h>
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,19 @@ struct TextPlacement {
     double angle = 0;  ///< Degrees, counter-clockwise.
 };
 
+/// An upright box in points, seen from the point that its text hangs on, Y downward.
+struct TextBox {
+    double left = 0, top = 0, right = 0, bottom = 0;
+};
+
+/// A text that hangs on a point.
+struct PlacedText {
+    FontSpec font;
+    std::string text;
+    TextPlacement placement;
+    double x = 0, y = 0;
+};
+
 /// A family that was asked for and the one that stands in for it.
 struct FontSubstitution {
     std::string wanted;
@@ -49,15 +63,17 @@ public:
     /// line, also at the end of the text.
     host::TextExtent Measure(const FontSpec& font, std::string_view text);
 
+    /// The smallest upright box around what Draw covers, by the measured size.
+    TextBox Bounds(const FontSpec& font, std::string_view text, const TextPlacement& placement);
+
     /// Draws the lines of a text at the current origin of the context, one unit of which is a
     /// point, Y downward. The box that Measure tells hangs on the origin as the placement says.
     /// The source colour is the context's.
     void Draw(cairo_t* context, const FontSpec& font, std::string_view text,
               const TextPlacement& placement);
 
-    /// Draws at a point other than the origin; cheaper than moving the origin of the context.
-    void Draw(cairo_t* context, const FontSpec& font, std::string_view text,
-              const TextPlacement& placement, double x, double y);
+    /// Draws texts at points other than the origin, in any order. Much cheaper than one by one.
+    void DrawAll(cairo_t* context, std::span<const PlacedText> texts);
 
     /// Families that were asked for so far and are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;

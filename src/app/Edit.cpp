@@ -1,0 +1,144 @@
+#include "app/Edit.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "app/Errors.h"
+#include "model/ColumnList.h"
+#include "model/Edit.h"
+
+namespace app {
+namespace {
+
+constexpr char kMarkOff[] = ":off";
+
+std::vector<std::string> SplitNames(const std::string& text) {
+    std::vector<std::string> names;
+    std::size_t begin = 0;
+    for (std::size_t end = text.find(','); end != std::string::npos; end = text.find(',', begin)) {
+        names.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    names.push_back(text.substr(begin));
+    return names;
+}
+
+}  // namespace
+
+std::string FullPath(const std::string& path) {
+    // Paths of other systems are taken as they stand.
+    if (path.empty() || path.find('\\') != std::string::npos) return path;
+    return std::filesystem::absolute(path).lexically_normal().string();
+}
+
+Edit::Edit(Session& session) : session_(session) {
+    auto& host = session.Host();
+    const auto copy = gazetteer::CopySet(host, session.Properties());
+    gazetteer::ReadSettings(*copy, host.Locale(), settings_);
+}
+
+void Edit::Set(const std::string& text) {
+    const Assignment assignment = ParseAssignment(text);
+    if (assignment.column.empty())
+        SetProperty(assignment.key, assignment.value);
+    else
+        SetColumn(assignment.column, assignment.key, assignment.value);
+}
+
+void Edit::SetIn(const std::string& column, const std::string& text) {
+    const Assignment assignment = ParseAssignment(text);
+    if (!assignment.column.empty())
+        throw UsageError("\"" + text + "\": keys of the new column stand without its name.");
+    SetColumn(column, assignment.key, assignment.value);
+}
+
+void Edit::SetProperty(const std::string& key, const std::string& value) {
+    using gazetteer::Settings;
+    const auto* entry = gazetteer::FindPropertyKey(key);
+    if (!entry) {
+        const bool ofColumn = gazetteer::FindColumnKey(key) != nullptr;
+        throw UsageError("There is no property \"" + key + "\"" +
+                         (ofColumn ? "; it is one of a column: COLUMN." + key + "=VALUE." : "."));
+    }
+    if (entry->writer == gazetteer::Writer::Run)
+        throw UsageError("The property \"" + key + "\" is kept by the gazetteer itself.");
+    if (key == "ColumnDisplayOrder")
+        return SetOrder(key, value, &Settings::columnDisplayOrder, false);
+    if (key == "ColumnSortOrder") return SetOrder(key, value, &Settings::columnSortOrder, true);
+
+    const auto variant = ParseValue(session_.Host(), key, entry->kind,
+                                    key == "IndexDatabaseFile" ? FullPath(value) : value);
+    std::visit(
+        [&](auto field) {
+            using Value = std::remove_reference_t<decltype(settings_.*field)>;
+            if constexpr (!std::is_same_v<Value, host::Ref<host::IHostPropertySet>>)
+                settings_.*field = std::get<Value>(variant);
+        },
+        entry->field);
+}
+
+void Edit::SetColumn(const std::string& column, const std::string& key, const std::string& value) {
+    const auto* entry = gazetteer::FindColumnKey(key);
+    if (!entry) throw UsageError("There is no column property \"" + key + "\".");
+    if (entry->writer == gazetteer::Writer::Run)
+        throw UsageError("The column property \"" + key + "\" is kept by the gazetteer itself.");
+    auto names = gazetteer::NamesOf(*settings_.columnNames);
+    if (column != "*") names = {ColumnName(column)};
+    // Symbols are made anew for each column, so that no two share one.
+    for (const std::string& name : names)
+        gazetteer::ColumnSet(*settings_.columnsProperties, name)
+            ->SetItem(key, ParseValue(session_.Host(), column + "." + key, entry->kind, value));
+}
+
+void Edit::SetOrder(const std::string& key, const std::string& value,
+                    host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks) {
+    auto set = session_.Host().NewPropertySet();
+    std::vector<std::string> seen;
+    for (std::string name : SplitNames(value)) {
+        const bool off = marks && name.ends_with(kMarkOff);
+        if (off) name.resize(name.size() - (sizeof kMarkOff - 1));
+        name = ColumnName(name);
+        if (std::ranges::find(seen, name) != seen.end())
+            throw UsageError(key + "=" + value + ": the column \"" + name + "\" stands twice.");
+        seen.push_back(name);
+        set->SetItem(name, marks ? host::Variant(!off) : host::Variant(name));
+    }
+    for (const std::string& name : gazetteer::NamesOf(*settings_.columnNames))
+        if (std::ranges::find(seen, name) == seen.end())
+            throw UsageError(key + "=" + value + ": the column \"" + name + "\" is missing.");
+    settings_.*order = set;
+}
+
+std::string Edit::ColumnName(const std::string& name) {
+    std::string known =
+        name.empty() ? "" : gazetteer::FindColumn(session_.Host().Locale(), settings_, name);
+    if (known.empty()) throw UsageError("There is no column \"" + name + "\".");
+    return known;
+}
+
+const gazetteer::ColumnProperties* Edit::CurrentColumn() {
+    const auto names = gazetteer::NamesOf(*settings_.columnNames);
+    if (names.empty()) return nullptr;
+    current_ = gazetteer::ReadColumnProperties(
+        *gazetteer::ColumnSet(*settings_.columnsProperties, names.front()),
+        session_.Host().Locale());
+    return &current_;
+}
+
+void Edit::Store() {
+    auto& host = session_.Host();
+    const auto& element = session_.Gazetteer();
+    const auto properties = session_.Properties();
+    gazetteer::StoreEdit(host, settings_, false, *properties);
+    host::As<host::IHostFrameElement>(element)->SetDraft(false);
+    const bool fits = gazetteer::ColumnsFitFrame(host.Locale(), settings_,
+                                                 element->Geometry()->Bounds()->Width());
+    if (!fits)
+        Warn(
+            "the total width of the defined columns is wider than the width of the gazetteer "
+            "frame.");
+    gazetteer::Findings reasons;
+    properties->SetItem("CanDrawIndex", session_.CanDraw(reasons) && fits);
+}
+
+}  // namespace app

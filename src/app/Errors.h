@@ -1,0 +1,28 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace app {
+
+/// Exit statuses of the program.
+inline constexpr int kDone = 0;
+inline constexpr int kCouldNot = 1;
+inline constexpr int kWrongUsage = 2;
+
+/// Wrong usage: an unknown key, a value of the wrong form, a column that does not exist.
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Something could not be done; the text is one plain sentence.
+struct CommandError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Something could not be done or was refused, and the user has been told already.
+struct AlreadyTold {
+    int exitStatus = kCouldNot;
+};
+
+}  // namespace app

@@ -1,0 +1,141 @@
+#include "app/Sheets.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+
+#include "app/Errors.h"
+#include "app/Furniture.h"
+#include "app/Progress.h"
+#include "desk/drawing/ElementPainter.h"
+#include "desk/drawing/PageWriter.h"
+#include "support/Conversions.h"
+
+namespace app {
+namespace {
+
+std::string LowerEnding(const std::string& path) {
+    std::string ending = std::filesystem::path(path).extension().string();
+    std::ranges::transform(ending, ending.begin(), [](unsigned char c) {
+        return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+    });
+    return ending;
+}
+
+std::string Trimmed(const std::string& text) {
+    const auto begin = text.find_first_not_of(' ');
+    return begin == std::string::npos ? ""
+                                      : text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+}
+
+// The number printed on a page's sheet: counted on from the start of the gazetteer's own section
+// where it stands in a map book.
+std::string SheetNumber(Session& session, std::int32_t page) {
+    auto& host = session.Host();
+    const auto context = host.NewLayoutContext();
+    const auto key = context->CurrentTemplateKey();
+    if (std::holds_alternative<host::Empty>(key)) return std::to_string(page);
+    const auto book = host.NewMapBook();
+    const std::string section = book->TemplateSection(gazetteer::ToText(key, host.Locale()));
+    const auto start = gazetteer::ToLong(book->SectionStartPage(section), host.Locale());
+    return std::to_string(start + page - 1);
+}
+
+void PaintSheet(Session& session, desk::PageWriter& writer, std::int32_t page) {
+    auto& document = session.TheDesk().CurrentDocument();
+    auto& manager = session.Manager();
+    FillFurniture(session.Host(), document, Trimmed(manager.FirstListing(page)),
+                  Trimmed(manager.LastListing(page)), SheetNumber(session, page),
+                  session.Gazetteer()->Geometry()->Bounds()->Width());
+    writer.BeginPage(document.pageWidth, document.pageHeight);
+    desk::ElementPainter painter(*session.TheDesk().Text());
+    for (const auto& element : document.elements) painter.Paint(writer.Canvas(), element);
+    writer.EndPage(Trimmed(gazetteer::ToText(manager.PageName(page), session.Host().Locale())));
+}
+
+void DrawSheet(Session& session, desk::PageWriter& writer, std::int32_t page) {
+    session.Manager().SetIndexToPageNumber(page);
+    session.CheckNothingFailed();
+    PaintSheet(session, writer, page);
+}
+
+std::string NumberedPath(const std::string& path, std::int32_t page) {
+    const std::filesystem::path whole = path;
+    return (whole.parent_path() /
+            (whole.stem().string() + '-' + std::to_string(page) + whole.extension().string()))
+        .string();
+}
+
+std::unique_ptr<desk::PageWriter> OpenWriter(Session& session, const std::string& path) {
+    return desk::OpenPageWriter(path, {.title = session.TheDesk().CurrentDocument().title});
+}
+
+void WritePdf(Session& session, const std::string& path, const PageRange& pages) {
+    const auto writer = OpenWriter(session, path);
+    for (std::int32_t page = pages.first; page <= pages.last; ++page)
+        DrawSheet(session, *writer, page);
+    writer->Finish();
+}
+
+void WriteNumberedFiles(Session& session, const std::string& path, const PageRange& pages) {
+    std::vector<std::string> written;
+    try {
+        for (std::int32_t page = pages.first; page <= pages.last; ++page) {
+            const std::string file = NumberedPath(path, page);
+            const auto writer = OpenWriter(session, file);
+            DrawSheet(session, *writer, page);
+            writer->Finish();
+            written.push_back(file);
+        }
+    } catch (...) {
+        std::error_code ignored;
+        for (const auto& file : written) std::filesystem::remove(file, ignored);
+        throw;
+    }
+}
+
+}  // namespace
+
+void CheckOutputName(const std::string& path) {
+    const std::string ending = LowerEnding(path);
+    if (ending != ".pdf" && ending != ".png" && ending != ".svg")
+        throw UsageError("The output \"" + path + "\" must end in .pdf, .png or .svg.");
+}
+
+PageRange ParsePages(const std::string& text, std::int32_t pageCount) {
+    if (text.empty()) return {1, pageCount};
+    const auto number = [&](std::string_view piece) {
+        std::int32_t value = 0;
+        const auto [end, error] = std::from_chars(piece.data(), piece.data() + piece.size(), value);
+        if (error != std::errc() || end != piece.data() + piece.size() || value < 1)
+            throw UsageError("--pages " + text + ": pages are given as 3 or 2-5.");
+        return value;
+    };
+    const auto dash = text.find('-');
+    const std::string_view whole = text;
+    PageRange range;
+    range.first = number(whole.substr(0, dash));
+    range.last = dash == std::string::npos ? range.first : number(whole.substr(dash + 1));
+    if (range.last < range.first)
+        throw UsageError("--pages " + text + ": the last page stands before the first.");
+    if (range.last > pageCount)
+        throw CommandError("There is no page " + std::to_string(range.last) +
+                           ": the gazetteer has " + std::to_string(pageCount) + " pages.");
+    return range;
+}
+
+void WriteSheets(Session& session, const std::string& path, const PageRange& pages) {
+    if (LowerEnding(path) == ".pdf")
+        WritePdf(session, path, pages);
+    else
+        WriteNumberedFiles(session, path, pages);
+    ClearProgress();
+}
+
+void WriteDrawnPage(Session& session, const std::string& path, std::int32_t page) {
+    const auto writer = OpenWriter(session, path);
+    PaintSheet(session, *writer, page);
+    writer->Finish();
+}
+
+}  // namespace app

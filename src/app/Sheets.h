@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/Session.h"
+
+namespace app {
+
+/// Pages from and to, both included, from 1.
+struct PageRange {
+    std::int32_t first = 1;
+    std::int32_t last = 1;
+};
+
+/// "2-5" or "3"; empty for all pages. Raises a UsageError for another form, a CommandError for
+/// pages that are not there.
+PageRange ParsePages(const std::string& text, std::int32_t pageCount);
+
+/// Writes pages of the bound gazetteer, one sheet each, by the ending of the file's name: one PDF
+/// with bookmarks, or PNG or SVG files with -1, -2, ... before the ending. Nothing is left behind
+/// after a failure.
+void WriteSheets(Session& session, const std::string& path, const PageRange& pages);
+
+/// Writes the page that is drawn in the document as it stands.
+void WriteDrawnPage(Session& session, const std::string& path, std::int32_t page);
+
+/// Fails unless the name ends in .pdf, .png or .svg.
+void CheckOutputName(const std::string& path);
+
+}  // namespace app

@@ -1,0 +1,24 @@
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "app/Session.h"
+#include "app/commands/Commands.h"
+
+namespace app {
+
+int Check(const CommonOptions& common, const DocumentOptions& options) {
+    Session session(common);
+    session.Open(options.document);
+    gazetteer::Findings reasons;
+    const bool drawable = session.CanDraw(reasons);
+    if (options.json) {
+        const nlohmann::ordered_json json = {{"drawable", drawable}, {"reasons", reasons}};
+        std::puts(json.dump(2).c_str());
+        return 0;
+    }
+    std::puts(drawable ? "The gazetteer can be drawn." : "The gazetteer cannot be drawn:");
+    for (const auto& reason : reasons) std::printf("  %s\n", reason.c_str());
+    return 0;
+}
+
+}  // namespace app

@@ -1,0 +1,36 @@
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "app/ElementTree.h"
+#include "app/Errors.h"
+#include "app/Sheets.h"
+#include "app/commands/Commands.h"
+
+namespace app {
+
+int Draw(const CommonOptions& common, const DrawOptions& options) {
+    if (!options.output.empty()) CheckOutputName(options.output);
+    Session session(common);
+    session.Open(options.document);
+    session.BindDrawable();
+    session.CheckHasPages();
+    ParsePages(std::to_string(options.page), session.PageCount());
+    session.Manager().SetIndexToPageNumber(options.page);
+    session.CheckNothingFailed();
+
+    if (!options.output.empty()) WriteDrawnPage(session, options.output, options.page);
+    if (options.json) {
+        const auto& element = session.Gazetteer();
+        const nlohmann::ordered_json json = {
+            {"page", options.page},
+            {"pageCount", session.PageCount()},
+            {"draft", host::As<host::IHostFrameElement>(element)->Draft()},
+            {"frame", BoxJson(*element->Geometry()->Bounds())},
+            {"members", ElementTree(session.Host(), *element)}};
+        std::puts(json.dump(1).c_str());
+    }
+    if (options.output.empty() && !options.json) session.Save();
+    return kDone;
+}
+
+}  // namespace app

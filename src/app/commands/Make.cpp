@@ -1,0 +1,28 @@
+#include "app/Edit.h"
+#include "app/NewDocument.h"
+#include "app/Sheets.h"
+#include "app/commands/Commands.h"
+
+namespace app {
+
+int Make(const CommonOptions& common, const MakeOptions& options) {
+    CheckOutputName(options.output);
+    Session session(common);
+    // Without a document of its own the work has no file; its paths are seen from the folder of the
+    // output.
+    StartNewDocument(session, options,
+                     options.document.empty() ? options.output : options.document);
+    DressForPrint(session);
+    Edit edit(session);
+    for (const auto& assignment : options.assignments) edit.Set(assignment);
+    if (options.sample) edit.Set("SamplePage=true");
+    edit.Store();
+
+    session.BindDrawable();
+    session.CheckHasPages();
+    WriteSheets(session, options.output, ParsePages("", session.PageCount()));
+    if (!options.document.empty()) session.Save();
+    return 0;
+}
+
+}  // namespace app

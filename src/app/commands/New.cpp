@@ -1,0 +1,27 @@
+#include <filesystem>
+
+#include "app/Edit.h"
+#include "app/Errors.h"
+#include "app/NewDocument.h"
+#include "app/commands/Commands.h"
+
+namespace app {
+
+int New(const CommonOptions& common, const NewOptions& options) {
+    std::error_code ignored;
+    if (!options.force && std::filesystem::exists(options.document, ignored))
+        throw CommandError("The document \"" + options.document +
+                           "\" exists already; --force replaces it.");
+    Session session(common);
+    StartNewDocument(session, options, options.document);
+    if (options.sample || !options.assignments.empty()) {
+        Edit edit(session);
+        for (const auto& assignment : options.assignments) edit.Set(assignment);
+        if (options.sample) edit.Set("SamplePage=true");
+        edit.Store();
+    }
+    session.Save();
+    return 0;
+}
+
+}  // namespace app

@@ -1,0 +1,16 @@
+#include "app/Edit.h"
+#include "app/commands/Commands.h"
+
+namespace app {
+
+int Set(const CommonOptions& common, const SetOptions& options) {
+    Session session(common);
+    session.Open(options.document);
+    Edit edit(session);
+    for (const auto& assignment : options.assignments) edit.Set(assignment);
+    edit.Store();
+    session.Save();
+    return 0;
+}
+
+}  // namespace app

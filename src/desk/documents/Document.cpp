@@ -1,0 +1,135 @@
+#include "desk/documents/Document.h"
+
+#include <filesystem>
+#include <simdjson.h>
+
+#include "desk/documents/ElementReader.h"
+#include "desk/documents/ElementWriter.h"
+#include "desk/documents/Files.h"
+#include "desk/documents/JsonWriter.h"
+#include "desk/documents/ValueWriter.h"
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+constexpr const char* kFormat = "desk document";
+constexpr int kVersion = 1;
+
+[[noreturn]] void Fail(const std::string& path, const std::string& sentence) {
+    host::Failure failure(host::kFailureUnspecified, "desk::Document", sentence);
+    failure.AddFact("file", path);
+    throw failure;
+}
+
+/// The parser keeps what the answer consists of, not the text that it was made from.
+simdjson::dom::element Parse(simdjson::dom::parser& parser, const std::string& content,
+                             const std::string& path) {
+    simdjson::dom::element root;
+    const auto error = parser.parse(content).get(root);
+    if (error == simdjson::MEMALLOC || error == simdjson::CAPACITY)
+        Fail(path, "The file \"" + path + "\" is too large to be read.");
+    if (error == simdjson::UTF8_ERROR)
+        Fail(path, "The file \"" + path + "\" is damaged: it holds text that is not UTF-8.");
+    if (error != simdjson::SUCCESS)
+        Fail(path, "The file \"" + path + "\" is damaged: it is not JSON as a whole.");
+    return root;
+}
+
+void CheckFormat(simdjson::dom::element root, const std::string& path) {
+    std::string_view format;
+    if (root["format"].get(format) != simdjson::SUCCESS || format != kFormat)
+        Fail(path, "The file \"" + path + "\" is no document of the desk.");
+    const JsonNode top(root, path);
+    const auto version = top.Member("version").Whole(1);
+    if (version <= kVersion) return;
+    Fail(path, "The file \"" + path + "\" is written in version " + std::to_string(version) +
+                   " of the document format, of which this program knows versions up to " +
+                   std::to_string(kVersion) + ".");
+}
+
+double Length(const JsonNode& node) {
+    const double length = node.Number();
+    if (!(length > 0) || length > std::numeric_limits<double>::max())
+        node.Fail("a length above 0 is expected");
+    return length;
+}
+
+std::string OptionalText(const JsonNode& node, std::string_view key) {
+    const auto member = node.Optional(key);
+    return member ? std::string(member->Text()) : std::string();
+}
+
+void ReadPage(const JsonNode& node, const ValueReader& values, Document& document) {
+    document.pageWidth = Length(node.Member("width"));
+    document.pageHeight = Length(node.Member("height"));
+    const auto elements = node.Member("elements");
+    elements.Each([&](const JsonNode& element) {
+        document.elements.push_back(ReadElement(element, values));
+    });
+}
+
+std::string DocumentText(const Document& document) {
+    JsonWriter writer;
+    writer.BeginObject();
+    writer.Member("format", kFormat);
+    writer.Member("version", kVersion);
+    writer.Member("title", document.title);
+    if (!document.mapBook.empty()) writer.Member("mapBook", document.mapBook);
+    if (!document.templateKey.empty()) writer.Member("template", document.templateKey);
+    writer.Key("page");
+    writer.BeginObject();
+    writer.Key("width");
+    WriteNumber(writer, document.pageWidth);
+    writer.Key("height");
+    WriteNumber(writer, document.pageHeight);
+    writer.Key("elements");
+    writer.BeginArray();
+    for (const auto& element : document.elements) {
+        writer.NewLine();
+        WriteElement(writer, element);
+    }
+    writer.EndArray();
+    writer.EndObject();
+    writer.EndObject();
+    return writer.TakeResult() + '\n';
+}
+
+}  // namespace
+
+Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine) {
+    simdjson::dom::parser parser;
+    const auto root = Parse(parser, ReadWholeFile(path), path);
+    CheckFormat(root, path);
+
+    const JsonNode top(root, path);
+    Document document;
+    document.title = top.Member("title").Text();
+    document.mapBook = OptionalText(top, "mapBook");
+    document.templateKey = OptionalText(top, "template");
+    ReadPage(top.Member("page"), ValueReader(engine), document);
+    return document;
+}
+
+void WriteDocument(const Document& document, const std::string& path) {
+    std::string text;
+    try {
+        text = DocumentText(document);
+    } catch (const host::Failure& failure) {
+        Fail(path, "The document \"" + path + "\" cannot be saved: " + failure.description + ".");
+    }
+    ReplaceFile(path, text);
+}
+
+std::string MapBookPath(const Document& document, const std::string& documentPath) {
+    if (document.mapBook.empty()) return {};
+    return (std::filesystem::path(documentPath).parent_path() / document.mapBook).string();
+}
+
+std::string PathFromDocument(const std::string& path, const std::string& documentPath) {
+    namespace fs = std::filesystem;
+    return fs::proximate(path, fs::absolute(documentPath).parent_path()).string();
+}
+
+}  // namespace desk

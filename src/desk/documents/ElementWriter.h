@@ -1,0 +1,12 @@
+#pragma once
+
+#include "desk/documents/JsonWriter.h"
+#include "host/Elements.h"
+
+namespace desk {
+
+/// Writes an element with all that it holds. Fails for an element or a geometry of a kind that
+/// the desk does not know, and for groups nested deeper than 100.
+void WriteElement(JsonWriter& writer, const host::Ref<host::IHostElement>& element, int depth = 0);
+
+}  // namespace desk

@@ -1,0 +1,131 @@
+#include "desk/documents/ValueReader.h"
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <system_error>
+
+#include "desk/objects/PropertySet.h"
+#include "desk/objects/Symbols.h"
+
+namespace desk {
+
+namespace {
+
+using simdjson::dom::element_type;
+
+using Object = host::Ref<host::IHostObject>;
+
+std::uint32_t ColorValue(const JsonNode& node) {
+    const std::string_view text = node.Text();
+    std::uint32_t value = 0;
+    const char* end = text.data() + text.size();
+    if (text.size() != 7 || text[0] != '#' ||
+        std::from_chars(text.data() + 1, end, value, 16).ptr != end)
+        node.Fail("a colour is expected, such as \"#B00000\"");
+    const std::uint32_t red = value >> 16U;
+    return red | (value & 0xFF00U) | ((value & 0xFFU) << 16U);
+}
+
+Object NoObject(const JsonNode& node) {
+    if (node.Type() != element_type::NULL_VALUE) node.Fail("null is expected");
+    return nullptr;
+}
+
+host::Ref<host::IHostFont> FontIn(const JsonNode& node) {
+    auto font = std::make_shared<desk::Font>();
+    font->SetName(std::string(node.Member("name").Text()));
+    font->SetSize(node.Member("size").Number());
+    font->SetBold(node.Member("bold").Flag());
+    return font;
+}
+
+host::Ref<host::IHostColor> ColorIn(const JsonNode& node) {
+    auto color = std::make_shared<desk::Color>(ColorValue(node.Member("rgb")));
+    color->SetTransparent(node.Member("transparent").Flag());
+    return color;
+}
+
+}  // namespace
+
+host::Variant ValueReader::Value(const JsonNode& node) const {
+    switch (node.Type()) {
+        case element_type::STRING:
+            return std::string(node.Text());
+        case element_type::BOOL:
+            return node.Flag();
+        case element_type::INT64:
+            return node.Whole();
+        case element_type::DOUBLE:
+            return node.Number();
+        case element_type::NULL_VALUE:
+            return host::Null{};
+        case element_type::OBJECT:
+            return TaggedValue(node);
+        case element_type::ARRAY:
+        case element_type::UINT64:
+            break;
+    }
+    node.Fail("this is no value");
+}
+
+host::Variant ValueReader::TaggedValue(const JsonNode& node) const {
+    const JsonNode content = node.OnlyMember();
+    const std::string_view kind = content.Key();
+    if (kind == "set") return Set(content);
+    if (kind == "textSymbol") return Object(TextSymbol(content));
+    if (kind == "fillSymbol") return Object(FillSymbol(content));
+    if (kind == "lineSymbol") return Object(LineSymbol(content));
+    if (kind == "integer") {
+        using Limits = std::numeric_limits<std::int16_t>;
+        return static_cast<std::int16_t>(content.Whole(Limits::min(), Limits::max()));
+    }
+    if (kind == "double") return content.Number();
+    if (kind == "empty") return host::Empty{};
+    if (kind == "object") return NoObject(content);
+    content.Fail("no kind of value has this name");
+}
+
+Object ValueReader::Set(const JsonNode& node) const {
+    auto set = std::make_shared<PropertySet>();
+    set->Reserve(node.Count());
+    node.Each([&](const JsonNode& item) {
+        if (item.Count() != 2) item.Fail("a name and a value are expected");
+        std::string_view name;
+        item.Each([&](const JsonNode& part) {
+            if (name.data() == nullptr) {
+                name = part.Text();
+            } else if (!set->Append(name, Value(part))) {
+                item.Fail("the name \"" + std::string(name) + "\" stands in the set twice");
+            }
+        });
+    });
+    return set;
+}
+
+host::Ref<host::IHostTextSymbol> ValueReader::TextSymbol(const JsonNode& node) const {
+    auto symbol = std::make_shared<desk::TextSymbol>(engine_);
+    symbol->SetFont(FontIn(node.Member("font")));
+    symbol->SetColor(ColorIn(node.Member("color")));
+    symbol->SetHorizontalPlacement(node.Member("horizontal").Whole(0, 3));
+    symbol->SetVerticalPlacement(node.Member("vertical").Whole(0, 3));
+    symbol->SetAngle(node.Member("angle").Number());
+    symbol->SetText(std::string(node.Member("text").Text()));
+    return symbol;
+}
+
+host::Ref<host::IHostLineSymbol> ValueReader::LineSymbol(const JsonNode& node) const {
+    auto symbol = std::make_shared<desk::LineSymbol>();
+    symbol->SetColor(ColorIn(node.Member("color")));
+    return symbol;
+}
+
+host::Ref<host::IHostFillSymbol> ValueReader::FillSymbol(const JsonNode& node) const {
+    auto symbol = std::make_shared<desk::FillSymbol>();
+    symbol->SetColor(ColorIn(node.Member("color")));
+    if (const auto outline = node.Optional("outline")) symbol->SetOutline(LineSymbol(*outline));
+    return symbol;
+}
+
+}  // namespace desk

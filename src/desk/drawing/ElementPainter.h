@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cairo.h>
+
+#include "desk/drawing/PaintQueue.h"
+#include "desk/text/TextEngine.h"
+#include "host/Elements.h"
+
+namespace desk {
+
+/// Paints elements of a layout page: rectangles by their fill symbols, texts, groups in the order
+/// of their members, and map frames as a thin frame around their name. A group in draft state shows
+/// a crossed frame in place of its members. Elements without geometry, or of another kind, are not
+/// seen.
+class ElementPainter {
+public:
+    explicit ElementPainter(TextEngine& engine) : engine_(engine) {}
+
+    /// Paints on a context whose origin is the lower left corner of the sheet, one unit of which is
+    /// a point, Y downward. Lengths of the elements are inches, Y upward.
+    void Paint(cairo_t* context, const host::Ref<host::IHostElement>& element);
+
+private:
+    TextEngine& engine_;
+};
+
+}  // namespace desk

@@ -1,0 +1,62 @@
+#include "desk/drawing/PageWriter.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+#include "desk/drawing/PdfWriter.h"
+#include "desk/drawing/PngWriter.h"
+#include "desk/drawing/SvgWriter.h"
+#include "host/Failure.h"
+
+namespace desk {
+namespace {
+
+std::string LowerEnding(const std::string& path) {
+    std::string ending = std::filesystem::path(path).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return ending;
+}
+
+}  // namespace
+
+void PageWriter::BeginPage(double width, double height) {
+    if (++sheets_ > 1 && most_ == Sheets::One) Refuse("it can hold one page only");
+    cairo_surface_t* const surface = BeginSheet(width * kPointsPerInch, height * kPointsPerInch);
+    file_.Check(cairo_surface_status(surface));
+    canvas_.reset(cairo_create(surface));
+    cairo_translate(canvas_.get(), 0, height * kPointsPerInch);
+}
+
+void PageWriter::EndPage(const std::string& bookmark) {
+    const cairo_status_t status = cairo_status(canvas_.get());
+    canvas_.reset();
+    file_.Check(status);
+    EndSheet(bookmark);
+}
+
+void PageWriter::Finish() {
+    canvas_.reset();
+    if (sheets_ == 0) Refuse("there is no page");
+    Close();
+    file_.Commit();
+}
+
+void PageWriter::Refuse(const std::string& reason) const {
+    throw host::Failure(host::kFailureUnspecified, "PageWriter",
+                        "The file \"" + file_.Path() + "\" cannot be written: " + reason + ".");
+}
+
+std::unique_ptr<PageWriter> OpenPageWriter(const std::string& path,
+                                           const PageWriterOptions& options) {
+    const std::string ending = LowerEnding(path);
+    if (ending == ".pdf") return std::make_unique<PdfWriter>(path, options.title);
+    if (ending == ".svg") return std::make_unique<SvgWriter>(path);
+    if (ending == ".png") return std::make_unique<PngWriter>(path, options.dotsPerInch);
+    throw host::Failure(
+        host::kFailureUnspecified, "OpenPageWriter",
+        "The file \"" + path + "\" cannot be written: its name must end in .pdf, .svg or .png.");
+}
+
+}  // namespace desk

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cairo.h>
+#include <memory>
+#include <string>
+
+#include "desk/drawing/OutputFile.h"
+
+namespace desk {
+
+/// Owners of what cairo hands out.
+struct CairoReleaser {
+    void operator()(cairo_t* context) const { cairo_destroy(context); }
+    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+};
+using CairoContext = std::unique_ptr<cairo_t, CairoReleaser>;
+using CairoSurface = std::unique_ptr<cairo_surface_t, CairoReleaser>;
+
+inline constexpr double kPointsPerInch = 72;
+
+/// Writes sheets to a file: BeginPage, drawing, EndPage for each, then Finish. Every failure is a
+/// host::Failure that names the file. Without Finish no file comes about, and one that was there
+/// before stays.
+class PageWriter {
+public:
+    virtual ~PageWriter() = default;
+
+    /// Starts a sheet of a size in inches.
+    void BeginPage(double width, double height);
+
+    /// Where the sheet is drawn: the origin at its lower left corner, one unit a point, Y downward,
+    /// so that what stands on the sheet has a negative Y. Null between sheets.
+    cairo_t* Canvas() const { return canvas_.get(); }
+
+    /// Ends the sheet. The name is its bookmark, where the kind of file has bookmarks.
+    void EndPage(const std::string& bookmark = {});
+
+    void Finish();
+
+protected:
+    enum class Sheets { One, Many };
+
+    PageWriter(const std::string& path, Sheets most) : file_(path), most_(most) {}
+
+    /// A surface for a sheet of a size in points. What it shows is kept only if EndSheet follows.
+    virtual cairo_surface_t* BeginSheet(double width, double height) = 0;
+    virtual void EndSheet(const std::string& bookmark) = 0;
+    /// Hands the last bytes to the file.
+    virtual void Close() = 0;
+
+    OutputFile& File() { return file_; }
+    int SheetCount() const { return sheets_; }
+
+private:
+    [[noreturn]] void Refuse(const std::string& reason) const;
+
+    OutputFile file_;
+    Sheets most_;
+    CairoContext canvas_;
+    int sheets_ = 0;  ///< Sheets begun.
+};
+
+struct PageWriterOptions {
+    std::string title;         ///< Of the document, for PDF.
+    double dotsPerInch = 150;  ///< Resolution, for PNG.
+};
+
+/// The writer for a file name that ends in .pdf, .svg or .png, whatever its case. Only PDF takes
+/// more than one sheet.
+std::unique_ptr<PageWriter> OpenPageWriter(const std::string& path,
+                                           const PageWriterOptions& options = {});
+
+}  // namespace desk

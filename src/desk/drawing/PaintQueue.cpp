@@ -1,0 +1,127 @@
+#include "desk/drawing/PaintQueue.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace desk {
+namespace {
+
+/// Points by which boxes that touch may overlap: what adding up lengths loses.
+constexpr double kTolerance = 1e-3;
+
+constexpr double kOutlineWidth = 0.5;  ///< Points.
+
+void AddRectangle(cairo_t* context, const PaintBox& box) {
+    cairo_rectangle(context, box.left, box.top, box.right - box.left, box.bottom - box.top);
+}
+
+void AddLine(cairo_t* context, double x1, double y1, double x2, double y2) {
+    cairo_move_to(context, x1, y1);
+    cairo_line_to(context, x2, y2);
+}
+
+bool Same(double a, double b) {
+    return std::abs(a - b) < kTolerance;
+}
+
+/// Makes one box of two that share a whole side, the second to the right of the first or below it.
+bool Joins(PaintBox& box, const PaintBox& next) {
+    const bool right =
+        Same(box.top, next.top) && Same(box.bottom, next.bottom) && Same(box.right, next.left);
+    const bool below =
+        Same(box.left, next.left) && Same(box.right, next.right) && Same(box.bottom, next.top);
+    if (right) box.right = next.right;
+    if (below) box.bottom = next.bottom;
+    return right || below;
+}
+
+/// Cells come one after another, then the rows that they make.
+void Add(std::vector<PaintBox>& boxes, const PaintBox& box) {
+    boxes.push_back(box);
+    while (boxes.size() > 1 && Joins(boxes[boxes.size() - 2], boxes.back())) boxes.pop_back();
+}
+
+}  // namespace
+
+void PaintQueue::Fill(const PaintBox& box, std::uint32_t color) {
+    if (HidesDrawing(box)) Flush();
+    Add(PlaceFor(box, color).boxes, box);
+}
+
+void PaintQueue::Draw(PlacedText text, std::uint32_t color) {
+    reaches_.push_back(ReachOf(text));
+    auto* last = drawings_.empty() ? nullptr : std::get_if<ColoredTexts>(&drawings_.back());
+    if (!last || last->color != color)
+        last = &std::get<ColoredTexts>(drawings_.emplace_back(ColoredTexts{color, {}}));
+    last->texts.push_back(std::move(text));
+}
+
+void PaintQueue::Draw(const PaintOutline& outline) {
+    reaches_.push_back(outline.box.Shrunk(kOutlineWidth));
+    drawings_.emplace_back(outline);
+}
+
+void PaintQueue::Flush() {
+    for (const auto& fill : fills_) Paint(fill);
+    for (const auto& drawing : drawings_)
+        std::visit([this](const auto& one) { Paint(one); }, drawing);
+    fills_.clear();
+    drawings_.clear();
+    reaches_.clear();
+}
+
+bool PaintQueue::HidesDrawing(const PaintBox& box) const {
+    const PaintBox inside = box.Shrunk(kTolerance);
+    return std::any_of(reaches_.begin(), reaches_.end(),
+                       [&](const PaintBox& reach) { return reach.Overlaps(inside); });
+}
+
+/// The rectangles of the colour, unless one of another colour above them would be covered wrongly.
+PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, std::uint32_t color) {
+    const PaintBox inside = box.Shrunk(kTolerance);
+    for (auto fill = fills_.rbegin(); fill != fills_.rend(); ++fill) {
+        if (fill->color == color) return *fill;
+        const bool covers =
+            std::any_of(fill->boxes.begin(), fill->boxes.end(),
+                        [&](const PaintBox& other) { return other.Overlaps(inside); });
+        if (covers) break;
+    }
+    return fills_.emplace_back(ColoredBoxes{color, {}});
+}
+
+PaintBox PaintQueue::ReachOf(const PlacedText& text) const {
+    const TextBox box = engine_.Bounds(text.font, text.text, text.placement);
+    return {text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom};
+}
+
+void PaintQueue::Paint(const ColoredBoxes& fill) {
+    UseColor(fill.color);
+    for (const PaintBox& box : fill.boxes) AddRectangle(context_, box);
+    cairo_set_antialias(context_, CAIRO_ANTIALIAS_NONE);
+    cairo_fill(context_);
+    cairo_set_antialias(context_, CAIRO_ANTIALIAS_DEFAULT);
+}
+
+void PaintQueue::Paint(const ColoredTexts& texts) {
+    UseColor(texts.color);
+    engine_.DrawAll(context_, texts.texts);
+}
+
+void PaintQueue::Paint(const PaintOutline& outline) {
+    UseColor(outline.color);
+    cairo_set_line_width(context_, kOutlineWidth);
+    const PaintBox& box = outline.box;
+    AddRectangle(context_, box);
+    if (outline.crossed) {
+        AddLine(context_, box.left, box.top, box.right, box.bottom);
+        AddLine(context_, box.left, box.bottom, box.right, box.top);
+    }
+    cairo_stroke(context_);
+}
+
+void PaintQueue::UseColor(std::uint32_t color) {
+    const auto share = [&](unsigned shift) { return ((color >> shift) & 0xFF) / 255.0; };
+    cairo_set_source_rgb(context_, share(0), share(8), share(16));
+}
+
+}  // namespace desk

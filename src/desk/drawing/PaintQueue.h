@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cairo.h>
+#include <cstdint>
+#include <variant>
+#include <vector>
+
+#include "desk/text/TextEngine.h"
+
+namespace desk {
+
+/// An upright rectangle in points, Y downward.
+struct PaintBox {
+    double left = 0, top = 0, right = 0, bottom = 0;
+
+    bool Overlaps(const PaintBox& other) const {
+        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+    }
+    PaintBox Shrunk(double by) const { return {left + by, top + by, right - by, bottom - by}; }
+};
+
+/// A line of half a point along the edges of a box, and along its diagonals if it is crossed.
+struct PaintOutline {
+    PaintBox box;
+    std::uint32_t color = 0;
+    bool crossed = false;
+};
+
+/// Paints rectangles and texts as if each came right after the one before, but gathers the
+/// rectangles of one colour into a single path wherever none can tell the difference. Neighbours of
+/// one colour then show no seam, however they are rendered, and a page takes few changes of state.
+/// An outline is not counted as hidden by a rectangle that merely touches its box.
+class PaintQueue {
+public:
+    PaintQueue(cairo_t* context, TextEngine& engine) : context_(context), engine_(engine) {}
+
+    // Colours are 0xBBGGRR.
+    void Fill(const PaintBox& box, std::uint32_t color);
+    void Draw(PlacedText text, std::uint32_t color);
+    void Draw(const PaintOutline& outline);
+
+    /// Paints what is still held back.
+    void Flush();
+
+private:
+    struct ColoredBoxes {
+        std::uint32_t color;
+        std::vector<PaintBox> boxes;
+    };
+    struct ColoredTexts {
+        std::uint32_t color;
+        std::vector<PlacedText> texts;
+    };
+
+    bool HidesDrawing(const PaintBox& box) const;
+    ColoredBoxes& PlaceFor(const PaintBox& box, std::uint32_t color);
+    PaintBox ReachOf(const PlacedText& text) const;
+    void Paint(const ColoredBoxes& fill);
+    void Paint(const ColoredTexts& texts);
+    void Paint(const PaintOutline& outline);
+    void UseColor(std::uint32_t color);
+
+    cairo_t* context_;
+    TextEngine& engine_;
+    // What is held back: rectangles, colour by colour, and above them all drawings in their order.
+    std::vector<ColoredBoxes> fills_;
+    std::vector<std::variant<ColoredTexts, PaintOutline>> drawings_;
+    std::vector<PaintBox> reaches_;  ///< Of all drawings.
+};
+
+}  // namespace desk

@@ -1,0 +1,112 @@
+#include "desk/session/Application.h"
+
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+/// Any number but 0, which stands for no surface.
+constexpr host::DeviceContext kTheDevice = 1;
+
+using Listeners = std::shared_ptr<const SessionListeners>;
+
+class Transformation final : public host::IHostDisplayTransformation {};
+
+class Animation final : public host::IHostProgressAnimation {
+public:
+    explicit Animation(Listeners told) : told_(std::move(told)) {}
+    void Show() override { Tell(AnimationStep::Show); }
+    void Play() override { Tell(AnimationStep::Play); }
+    void Hide() override { Tell(AnimationStep::Hide); }
+    void Stop() override { Tell(AnimationStep::Stop); }
+
+private:
+    void Tell(AnimationStep step) {
+        if (told_->animation) told_->animation(step);
+    }
+
+    Listeners told_;
+};
+
+class StatusBar final : public host::IHostStatusBar {
+public:
+    explicit StatusBar(Listeners told)
+        : told_(std::move(told)), animation_(std::make_shared<Animation>(told_)) {}
+
+    void SetText(std::int32_t pane, const std::string& text) override {
+        if (told_->statusText) told_->statusText(pane, text);
+    }
+    host::Ref<host::IHostProgressAnimation> ProgressAnimation() override { return animation_; }
+
+private:
+    Listeners told_;
+    host::Ref<host::IHostProgressAnimation> animation_;
+};
+
+class ActiveView final : public host::IHostActiveView {
+public:
+    explicit ActiveView(Listeners told) : told_(std::move(told)) {}
+
+    host::Ref<host::IHostDisplay> Display() override { return display_; }
+    void Refresh() override {
+        if (told_->refresh) told_->refresh();
+    }
+
+private:
+    Listeners told_;
+    host::Ref<host::IHostDisplay> display_ = std::make_shared<desk::Display>();
+};
+
+class OpenDocument final : public host::IHostDocument {
+public:
+    explicit OpenDocument(const Listeners& told)
+        : view_(std::make_shared<desk::ActiveView>(told)) {}
+    host::Ref<host::IHostActiveView> ActiveView() override { return view_; }
+
+private:
+    host::Ref<host::IHostActiveView> view_;
+};
+
+class Application final : public host::IHostApplication {
+public:
+    explicit Application(const Listeners& told)
+        : document_(std::make_shared<OpenDocument>(told)),
+          statusBar_(std::make_shared<desk::StatusBar>(told)) {}
+    host::Ref<host::IHostDocument> Document() override { return document_; }
+    host::Ref<host::IHostStatusBar> StatusBar() override { return statusBar_; }
+
+private:
+    host::Ref<host::IHostDocument> document_;
+    host::Ref<host::IHostStatusBar> statusBar_;
+};
+
+}  // namespace
+
+Display::Display() : transformation_(std::make_shared<desk::Transformation>()) {}
+
+host::DeviceContext Display::Device() const {
+    return kTheDevice;
+}
+
+void Display::BeginDrawing(host::DeviceContext device, int /*cacheId*/) {
+    if (device != kTheDevice) {
+        throw host::Failure(host::kFailureTypeMismatch, "desk::Display",
+                            "The drawing surface is none of this display.");
+    }
+    ++openBrackets_;
+}
+
+void Display::EndDrawing() {
+    if (openBrackets_ == 0) {
+        throw host::Failure(host::kFailureUnspecified, "desk::Display",
+                            "A drawing was ended that had not been begun.");
+    }
+    --openBrackets_;
+}
+
+host::Ref<host::IHostApplication> MakeApplication(std::shared_ptr<const SessionListeners> told) {
+    return std::make_shared<Application>(told);
+}
+
+}  // namespace desk

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "host/Application.h"
+
+namespace desk {
+
+enum class AnimationStep { Show, Play, Hide, Stop };
+
+/// Who is told of what goes on. Any of them may be missing.
+struct SessionListeners {
+    std::function<void(std::int32_t pane, const std::string& text)> statusText;
+    std::function<void(AnimationStep step)> animation;
+    std::function<void()> refresh;  ///< The view is to be drawn anew.
+};
+
+/// The surface on which texts are measured. Sizes of the desk hang on no device, so that there is
+/// one for all.
+class Display final : public host::IHostDisplay {
+public:
+    Display();
+
+    host::DeviceContext Device() const override;
+    host::Ref<host::IHostDisplayTransformation> Transformation() const override {
+        return transformation_;
+    }
+    /// Brackets may stand in one another; one that a failure left open does no harm. Fails for a
+    /// device that is not this display's.
+    void BeginDrawing(host::DeviceContext device, int cacheId) override;
+    /// Fails where no bracket is open.
+    void EndDrawing() override;
+
+private:
+    host::Ref<host::IHostDisplayTransformation> transformation_;
+    int openBrackets_ = 0;
+};
+
+/// The application with its status bar, its document and the view on it, in one.
+host::Ref<host::IHostApplication> MakeApplication(std::shared_ptr<const SessionListeners> told);
+
+}  // namespace desk

@@ -1,0 +1,153 @@
+#include "desk/session/Desk.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "desk/locale/IcuLocale.h"
+#include "desk/mapbook/SeriesManager.h"
+#include "desk/objects/Elements.h"
+#include "desk/objects/Geometry.h"
+#include "desk/objects/PropertySet.h"
+#include "desk/objects/Symbols.h"
+#include "desk/tables/DbfWorkspace.h"
+#include "desk/tables/PlainObjects.h"
+#include "desk/tables/Scratch.h"
+#include "desk/tables/TableSort.h"
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+host::Ref<host::IHostTable> OpenTableFile(const std::string& path) {
+    return DbfWorkspaceFactory().OpenFromFile("", 0)->OpenTable(path);
+}
+
+}  // namespace
+
+Desk::Desk(DeskOptions options)
+    : locale_(std::make_shared<IcuLocale>(options.locale)),
+      dialogs_(std::move(options.dialogs)),
+      expressionEditor_(std::move(options.expressionEditor)),
+      application_(
+          MakeApplication(std::make_shared<const SessionListeners>(std::move(options.listeners)))) {
+    if (!dialogs_) {
+        throw host::Failure(host::kFailureTypeMismatch, "desk::Desk",
+                            "A desk cannot work without dialogs.");
+    }
+}
+
+void Desk::Open(const std::string& path) {
+    Start(ReadDocument(path, engine_), path);
+}
+
+void Desk::Start(Document document, const std::string& path) {
+    document_ = std::move(document);
+    path_ = path;
+    book_ = std::make_shared<BookSource>(MapBookPath(document_, path_));
+}
+
+void Desk::Save() const {
+    WriteDocument(document_, path_);
+}
+
+host::Ref<host::IHostPropertySet> Desk::NewPropertySet() {
+    return std::make_shared<PropertySet>();
+}
+
+host::Ref<host::IHostObjectCopy> Desk::NewObjectCopy() {
+    return std::make_shared<ObjectCopy>();
+}
+
+host::Ref<host::IHostPoint> Desk::NewPoint() {
+    return std::make_shared<Point>();
+}
+
+host::Ref<host::IHostEnvelope> Desk::NewEnvelope() {
+    return std::make_shared<Envelope>();
+}
+
+host::Ref<host::IHostFont> Desk::NewFont() {
+    return std::make_shared<Font>();
+}
+
+host::Ref<host::IHostColor> Desk::NewColor() {
+    return std::make_shared<Color>();
+}
+
+host::Ref<host::IHostTextSymbol> Desk::NewTextSymbol() {
+    return std::make_shared<TextSymbol>(engine_);
+}
+
+host::Ref<host::IHostFillSymbol> Desk::NewFillSymbol() {
+    return std::make_shared<FillSymbol>();
+}
+
+host::Ref<host::IHostLineSymbol> Desk::NewLineSymbol() {
+    return std::make_shared<LineSymbol>();
+}
+
+host::Ref<host::IHostGroupElement> Desk::NewGroupElement() {
+    return std::make_shared<GroupElement>();
+}
+
+host::Ref<host::IHostTextElement> Desk::NewTextElement() {
+    return std::make_shared<TextElement>(engine_);
+}
+
+host::Ref<host::IHostFilledElement> Desk::NewRectangleElement() {
+    return std::make_shared<RectangleElement>();
+}
+
+host::Ref<host::IHostScratchWorkspaceFactory> Desk::NewScratchWorkspaceFactory() {
+    return std::make_shared<ScratchWorkspaceFactory>();
+}
+
+host::Ref<host::IHostWorkspaceFactory> Desk::NewWorkspaceFactory() {
+    return std::make_shared<DbfWorkspaceFactory>();
+}
+
+host::Ref<host::IHostFields> Desk::NewFields() {
+    return std::make_shared<Fields>();
+}
+
+host::Ref<host::IHostField> Desk::NewField() {
+    return std::make_shared<Field>();
+}
+
+host::Ref<host::IHostQueryFilter> Desk::NewQueryFilter() {
+    return std::make_shared<QueryFilter>();
+}
+
+host::Ref<host::IHostIdentifier> Desk::NewIdentifier() {
+    return std::make_shared<Identifier>();
+}
+
+host::Ref<host::IHostTableSort> Desk::NewTableSort() {
+    return std::make_shared<TableSort>();
+}
+
+host::Ref<host::CVNLayoutContext> Desk::NewLayoutContext() {
+    return std::make_shared<LayoutContext>(book_, document_.templateKey);
+}
+
+host::Ref<host::CVNMapBook> Desk::NewMapBook() {
+    return std::make_shared<MapBook>(book_);
+}
+
+host::Ref<host::MapSeriesManager> Desk::NewMapSeriesManager() {
+    return std::make_shared<SeriesManager>(OpenTableFile);
+}
+
+host::Ref<host::CVNExpressionEngine> Desk::NewExpressionEngine() {
+    return std::make_shared<ExpressionEngine>(locale_, expressionEditor_);
+}
+
+bool Desk::FileExists(const std::string& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(ResolveTablePath(path), error);
+    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+}  // namespace desk

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desk/documents/Document.h"
+#include "desk/expressions/ExpressionEngine.h"
+#include "desk/mapbook/MapBook.h"
+#include "desk/session/Application.h"
+#include "desk/text/TextEngine.h"
+#include "host/Host.h"
+
+namespace desk {
+
+struct DeskOptions {
+    std::string locale;                     ///< As IcuLocale takes it; empty: the user's.
+    host::Ref<host::IHostDialogs> dialogs;  ///< Must be there.
+    SessionListeners listeners;
+    ExpressionEngine::Editor expressionEditor;  ///< None: expressions cannot be edited.
+};
+
+/// The running host: makes every object of the desk and holds the one document that it works on.
+/// Used by one thread.
+class Desk final : public host::IHost {
+public:
+    /// Starts with an empty document. Fails for a locale that is not known.
+    explicit Desk(DeskOptions options);
+
+    /// Reads a document and works on it from here on. Its map book is read when first asked for.
+    void Open(const std::string& path);
+    /// Works on a document that is not on disk yet; its paths are seen from where the file of that
+    /// path will stand.
+    void Start(Document document, const std::string& path);
+    /// Writes the document to its path.
+    void Save() const;
+
+    Document& CurrentDocument() { return document_; }
+    const std::string& DocumentPath() const { return path_; }
+    const std::shared_ptr<TextEngine>& Text() const { return engine_; }
+
+    host::Ref<host::IHostPropertySet> NewPropertySet() override;
+    host::Ref<host::IHostObjectCopy> NewObjectCopy() override;
+    host::Ref<host::IHostPoint> NewPoint() override;
+    host::Ref<host::IHostEnvelope> NewEnvelope() override;
+    host::Ref<host::IHostFont> NewFont() override;
+    host::Ref<host::IHostColor> NewColor() override;
+    host::Ref<host::IHostTextSymbol> NewTextSymbol() override;
+    host::Ref<host::IHostFillSymbol> NewFillSymbol() override;
+    host::Ref<host::IHostLineSymbol> NewLineSymbol() override;
+    host::Ref<host::IHostGroupElement> NewGroupElement() override;
+    host::Ref<host::IHostTextElement> NewTextElement() override;
+    host::Ref<host::IHostFilledElement> NewRectangleElement() override;
+    host::Ref<host::IHostApplication> NewApplication() override { return application_; }
+    host::Ref<host::IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() override;
+    host::Ref<host::IHostWorkspaceFactory> NewWorkspaceFactory() override;
+    host::Ref<host::IHostFields> NewFields() override;
+    host::Ref<host::IHostField> NewField() override;
+    host::Ref<host::IHostQueryFilter> NewQueryFilter() override;
+    host::Ref<host::IHostIdentifier> NewIdentifier() override;
+    host::Ref<host::IHostTableSort> NewTableSort() override;
+
+    // These speak of the map book of the document that is being worked on when they are made.
+
+    host::Ref<host::CVNLayoutContext> NewLayoutContext() override;
+    host::Ref<host::CVNMapBook> NewMapBook() override;
+    host::Ref<host::MapSeriesManager> NewMapSeriesManager() override;
+    host::Ref<host::CVNExpressionEngine> NewExpressionEngine() override;
+
+    host::IHostLocale& Locale() override { return *locale_; }
+    host::IHostDialogs& Dialogs() override { return *dialogs_; }
+    /// Either separator, and another case of the ending, as for tables. False for folders.
+    bool FileExists(const std::string& path) override;
+
+private:
+    host::Ref<host::IHostLocale> locale_;
+    host::Ref<host::IHostDialogs> dialogs_;
+    ExpressionEngine::Editor expressionEditor_;
+    std::shared_ptr<TextEngine> engine_ = std::make_shared<TextEngine>();
+    host::Ref<host::IHostApplication> application_;
+    Document document_;
+    std::string path_;
+    std::shared_ptr<BookSource> book_ = std::make_shared<BookSource>("");
+};
+
+}  // namespace desk

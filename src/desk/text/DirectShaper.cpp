@@ -1,0 +1,77 @@
+#include "desk/text/DirectShaper.h"
+
+namespace desk {
+namespace {
+
+constexpr double kUnitsPerPoint = PANGO_SCALE;
+
+/// The language that a layout gives to a run of the script, so that both choose the same forms.
+hb_language_t SampleLanguage(PangoScript script) {
+    PangoLanguage* const language = pango_script_get_sample_language(script);
+    return hb_language_from_string((pango_language_to_string)(language), -1);
+}
+
+}  // namespace
+
+DirectShaper::DirectShaper()
+    : common_(hb_language_from_string(kTextLanguage, -1)),
+      greek_(SampleLanguage(PANGO_SCRIPT_GREEK)),
+      cyrillic_(SampleLanguage(PANGO_SCRIPT_CYRILLIC)),
+      buffer_(hb_buffer_create()) {}
+
+Writing DirectShaper::WritingOf(hb_script_t script) const {
+    switch (script) {
+        case HB_SCRIPT_GREEK:
+            return {script, greek_};
+        case HB_SCRIPT_CYRILLIC:
+            return {script, cyrillic_};
+        default:
+            return {script, common_};
+    }
+}
+
+PairTable& DirectShaper::TableOf(const ResolvedFont& font, hb_script_t script) {
+    if (tables_.size() <= font.number) tables_.resize(font.number + 1);
+    FontTables& all = tables_[font.number];
+    auto& table = script == HB_SCRIPT_LATIN      ? all.latin
+                  : script == HB_SCRIPT_GREEK    ? all.greek
+                  : script == HB_SCRIPT_CYRILLIC ? all.cyrillic
+                                                 : all.common;
+    if (!table) table = std::make_unique<PairTable>(font, WritingOf(script));
+    return *table;
+}
+
+std::optional<int> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
+                                          std::string_view line) {
+    return TableOf(font, script).Width(line);
+}
+
+int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line) {
+    return ShapeLine(buffer_.get(), font.shaping, WritingOf(script), line);
+}
+
+int DirectShaper::Place(const ResolvedFont& font, hb_script_t script, std::string_view line,
+                        GlyphRun& run) {
+    if (const auto width = TableOf(font, script).Place(line, run)) return *width;
+    const int width = ShapedWidth(font, script, line);
+    AddShaped(line, run);
+    return width;
+}
+
+void DirectShaper::AddShaped(std::string_view line, GlyphRun& run) {
+    const auto infos = Glyphs(buffer_.get());
+    const auto positions = Positions(buffer_.get());
+    int pen = 0;
+    for (std::size_t i = 0, first = 0; i < infos.size(); ++i) {
+        run.AddGlyph(infos[i].codepoint, (pen + positions[i].x_offset) / kUnitsPerPoint,
+                     -positions[i].y_offset / kUnitsPerPoint);
+        pen += positions[i].x_advance;
+        const std::size_t end = i + 1 < infos.size() ? infos[i + 1].cluster : line.size();
+        if (end == infos[first].cluster) continue;
+        run.AddText(line.substr(infos[first].cluster, end - infos[first].cluster),
+                    static_cast<int>(i + 1 - first));
+        first = i + 1;
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,143 @@
+#include "desk/text/PairTable.h"
+
+#include <hb-ot.h>
+
+namespace desk {
+namespace {
+
+constexpr double kUnitsPerPoint = PANGO_SCALE;
+
+/// More runs than any index in one script should hold; past it they are learnt anew.
+constexpr std::size_t kMostRuns = 8192;
+
+/// Glyphs of the characters that a line of the script may hold.
+SetHandle PlainGlyphs(const ResolvedFont& font, hb_script_t script) {
+    SetHandle glyphs(hb_set_create());
+    for (hb_codepoint_t letter = 0; letter < kPlainTextLimit; ++letter) {
+        hb_codepoint_t glyph = 0;
+        const hb_script_t own = ScriptOf(font.plain[letter]);
+        if ((own == script || own == HB_SCRIPT_COMMON) &&
+            hb_font_get_nominal_glyph(font.shaping, letter, &glyph))
+            hb_set_add(glyphs.get(), glyph);
+    }
+    return glyphs;
+}
+
+}  // namespace
+
+PairTable::PairTable(const ResolvedFont& font, const Writing& writing)
+    : font_(font.shaping),
+      writing_(writing),
+      rules_(ReadPairRules(hb_font_get_face(font.shaping), writing,
+                           PlainGlyphs(font, writing.script).get())),
+      buffer_(hb_buffer_create()),
+      characters_(1) {
+    if (rules_.positionsByPairs) pairs_.assign(kSlots * kSlots, kUnknownPair);
+}
+
+std::optional<int> PairTable::Width(std::string_view line) {
+    return Walk(line, [](const Character&, int, std::string_view) {});
+}
+
+std::optional<int> PairTable::Place(std::string_view line, GlyphRun& run) {
+    const auto width = Walk(line, [&](const Character& character, int x, std::string_view bytes) {
+        run.AddGlyph(character.glyph, x / kUnitsPerPoint, 0);
+        run.AddText(bytes, 1);
+    });
+    if (!width) run.DropLine();
+    return width;
+}
+
+template <class OnGlyph>
+std::optional<int> PairTable::Walk(std::string_view line, const OnGlyph& onGlyph) {
+    if (!rules_.positionsByPairs) return std::nullopt;
+    int pen = 0;
+    Slot before = 0;
+    std::size_t runStart = 0;  // of joining characters side by side
+    std::size_t runLength = 0;
+    for (std::size_t place = 0; place < line.size();) {
+        const std::size_t start = place;
+        const char32_t letter = NextCharacter(line, place);
+        const Slot slot = SlotOf(letter, line.substr(start, place - start));
+        const Character& character = characters_[slot];
+        if (character.kind == Kind::Shaped) return std::nullopt;
+        if (before != 0) {
+            const std::int32_t pair = PairWidth(before, slot);
+            if (pair == kShapedPair) return std::nullopt;
+            pen += pair;
+        }
+        onGlyph(character, pen, line.substr(start, place - start));
+        pen += character.width;
+        before = slot;
+        if (character.kind == Kind::Joining) {
+            if (runLength++ == 0) runStart = start;
+        } else {
+            if (runLength > 1 && !StaysUnjoined(line.substr(runStart, start - runStart)))
+                return std::nullopt;
+            runLength = 0;
+        }
+    }
+    if (runLength > 1 && !StaysUnjoined(line.substr(runStart))) return std::nullopt;
+    return pen;
+}
+
+PairTable::Slot PairTable::LearnCharacter(char32_t letter, std::string_view bytes) {
+    if (characters_.size() == kSlots) return 0;
+    Character character{std::string(bytes)};
+    hb_font_get_nominal_glyph(font_, letter, &character.glyph);
+    character.width = ShapeLine(buffer_.get(), font_, writing_, bytes);
+    const bool mark = hb_ot_layout_get_glyph_class(hb_font_get_face(font_), character.glyph) ==
+                      HB_OT_LAYOUT_GLYPH_CLASS_MARK;
+    const Slot slot = static_cast<Slot>(characters_.size());
+    slots_[letter] = slot;
+    characters_.push_back(std::move(character));
+    Character& learnt = characters_.back();
+    if (!mark && !hb_set_has(rules_.unsteady.get(), learnt.glyph) && ShapesAsPairs(bytes))
+        learnt.kind = hb_set_has(rules_.joining.get(), learnt.glyph) ? Kind::Joining : Kind::Steady;
+    return slot;
+}
+
+std::int32_t PairTable::LearnPair(Slot first, Slot second) {
+    const Character& one = characters_[first];
+    const Character& two = characters_[second];
+    const std::string both = one.bytes + two.bytes;
+    std::int32_t& pair = pairs_[first * kSlots + second];
+    pair = ShapeLine(buffer_.get(), font_, writing_, both) - one.width - two.width;
+    if (!ShapesAsPairs(both)) pair = kShapedPair;
+    return pair;
+}
+
+/// Whether characters that join with some stay themselves in this company.
+bool PairTable::StaysUnjoined(std::string_view run) {
+    if (runs_.size() > kMostRuns) runs_.clear();
+    scratch_.assign(run);
+    if (const auto known = runs_.find(scratch_); known != runs_.end()) return known->second;
+    return runs_.emplace(run, ShapesAsPairs(run)).first->second;
+}
+
+/// Whether the shaper gives the glyphs and the places that follow from what is learnt. All
+/// characters and pairs of the text are.
+bool PairTable::ShapesAsPairs(std::string_view text) {
+    const int width = ShapeLine(buffer_.get(), font_, writing_, text);
+    const auto positions = Positions(buffer_.get());
+    std::size_t place = 0;
+    std::size_t count = 0;
+    int expected = 0;
+    int pen = 0;
+    Slot before = 0;
+    for (const auto& info : Glyphs(buffer_.get())) {
+        if (info.cluster != place || place == text.size()) return false;
+        const Slot slot = slots_[NextCharacter(text, place)];
+        if (before != 0) expected += pairs_[before * kSlots + slot];
+        const auto& position = positions[count++];
+        if (info.codepoint != characters_[slot].glyph || position.y_offset != 0 ||
+            pen + position.x_offset != expected)
+            return false;
+        pen += position.x_advance;
+        expected += characters_[slot].width;
+        before = slot;
+    }
+    return place == text.size() && width == expected;
+}
+
+}  // namespace desk

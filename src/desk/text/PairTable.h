@@ -1,0 +1,77 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "desk/text/FontCache.h"
+#include "desk/text/GlyphRun.h"
+#include "desk/text/PairRules.h"
+
+namespace desk {
+
+/// Sets plain lines in one font and writing from what the shaper told of single characters and of
+/// pairs: the same glyphs at the same places as shaping the line, many times as fast. Learns each
+/// character and pair when it first meets it.
+class PairTable {
+public:
+    PairTable(const ResolvedFont& font, const Writing& writing);
+
+    /// Width in 1024ths of a point. Nothing for a line that has to be shaped, for instance since
+    /// letters join in it.
+    std::optional<int> Width(std::string_view line);
+
+    /// Adds the glyphs of a line to the run, and returns the width as above. Nothing is added where
+    /// the line has to be shaped.
+    std::optional<int> Place(std::string_view line, GlyphRun& run);
+
+private:
+    /// The most different characters that are learnt; lines with others are shaped.
+    static constexpr std::size_t kSlots = 256;
+    static constexpr std::int32_t kUnknownPair = INT32_MIN;
+    static constexpr std::int32_t kShapedPair = INT32_MIN + 1;
+
+    enum class Kind : unsigned char {
+        Shaped,   ///< Seen only in lines that are shaped.
+        Steady,   ///< Always the same glyph.
+        Joining,  ///< The same glyph, unless it joins with others at its side.
+    };
+    struct Character {
+        std::string bytes;
+        hb_codepoint_t glyph = 0;
+        std::int32_t width = 0;
+        Kind kind = Kind::Shaped;
+    };
+    using Slot = std::uint8_t;
+
+    Slot SlotOf(char32_t letter, std::string_view bytes) {
+        const Slot known = slots_[letter];
+        return known != 0 ? known : LearnCharacter(letter, bytes);
+    }
+    std::int32_t PairWidth(Slot first, Slot second) {
+        const std::int32_t known = pairs_[first * kSlots + second];
+        return known != kUnknownPair ? known : LearnPair(first, second);
+    }
+    template <class OnGlyph>
+    std::optional<int> Walk(std::string_view line, const OnGlyph& onGlyph);
+    Slot LearnCharacter(char32_t letter, std::string_view bytes);
+    std::int32_t LearnPair(Slot first, Slot second);
+    bool StaysUnjoined(std::string_view run);
+    bool ShapesAsPairs(std::string_view text);
+
+    hb_font_t* font_;
+    Writing writing_;
+    PairRules rules_;
+    BufferHandle buffer_;
+    std::array<Slot, kPlainTextLimit> slots_{};   ///< 0 where the character is not learnt yet.
+    std::vector<Character> characters_;           ///< By slot; the first stands for all unlearnt.
+    std::vector<std::int32_t> pairs_;             ///< What a pair adds to the first one's width.
+    std::unordered_map<std::string, bool> runs_;  ///< Whether joining characters stay themselves.
+    std::string scratch_;
+};
+
+}  // namespace desk

@@ -1,0 +1,166 @@
+// The quick ways of setting plain text must give exactly what a full layout gives.
+#include <algorithm>
+#include <array>
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+#include "desk/text/DirectShaper.h"
+#include "desk/text/LayoutShaper.h"
+
+namespace {
+
+using desk::PlainClass;
+
+constexpr std::array kFamilies = {"DejaVu Sans",     "DejaVu Serif",     "DejaVu Sans Mono",
+                                  "Liberation Sans", "Liberation Serif", "Noto Sans",
+                                  "Noto Serif"};
+
+std::string Utf8(char32_t c) {
+    const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | (c >> shift & 0x3F)); };
+    if (c < 0x80) return {static_cast<char>(c)};
+    if (c < 0x800) return {static_cast<char>(0xC0 | c >> 6), tail(0)};
+    return {static_cast<char>(0xE0 | c >> 12), tail(6), tail(0)};
+}
+
+std::vector<std::string> CharactersOf(const desk::ResolvedFont& font, PlainClass own) {
+    std::vector<std::string> characters;
+    for (char32_t c = 0; c < desk::kPlainTextLimit; ++c)
+        if (font.plain[c] == own || (font.plain[c] == PlainClass::Common && c < 0x80))
+            characters.push_back(Utf8(c));
+    return characters;
+}
+
+/// Lines as they come in an index, with what joins in many fonts well mixed in.
+rc::Gen<std::string> AnyLine(const std::vector<std::string>& characters) {
+    std::vector<std::string> pieces = characters;
+    if (std::find(characters.begin(), characters.end(), "f") != characters.end())
+        for (const char* piece :
+             {"f", "ff", "fi", "fl", "ffi", "il", "AV", "To", "...", "Rd", "ij"})
+            pieces.insert(pieces.end(), 5, piece);
+    return rc::gen::map(rc::gen::container<std::vector<std::string>>(rc::gen::elementOf(pieces)),
+                        [](const std::vector<std::string>& chosen) {
+                            std::string line;
+                            for (const auto& piece : chosen) line += piece;
+                            return line;
+                        });
+}
+
+struct Case {
+    const char* family;
+    PlainClass script;
+    double points;
+    bool bold;
+};
+
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.family << " " << c.points << (c.bold ? " bold" : "") << " script "
+         << static_cast<int>(c.script);
+}
+
+std::vector<Case> Cases() {
+    std::vector<Case> cases;
+    for (const char* family : kFamilies)
+        for (const auto script :
+             {PlainClass::Common, PlainClass::Latin, PlainClass::Greek, PlainClass::Cyrillic})
+            for (const bool bold : {false, true})
+                cases.push_back({family, script, bold ? 7.3 : 8, bold});
+    return cases;
+}
+
+class PlainText : public testing::TestWithParam<Case> {
+protected:
+    desk::FontCache fonts;
+    desk::DirectShaper direct;
+    desk::LayoutShaper layout{fonts.Context()};
+    const desk::ResolvedFont& font =
+        fonts.Find({GetParam().family, GetParam().points, GetParam().bold});
+};
+
+/// Visual places of the glyphs by the shaper alone, in points.
+std::vector<std::pair<unsigned long, double>> Shaped(const desk::ResolvedFont& font,
+                                                     hb_script_t script, const std::string& line) {
+    const desk::BufferHandle buffer(hb_buffer_create());
+    const char* const language = script == HB_SCRIPT_GREEK      ? "el"
+                                 : script == HB_SCRIPT_CYRILLIC ? "ru"
+                                                                : "en";
+    desk::ShapeLine(buffer.get(), font.shaping, {script, hb_language_from_string(language, -1)},
+                    line);
+    std::vector<std::pair<unsigned long, double>> glyphs;
+    int pen = 0;
+    for (std::size_t i = 0; i < desk::Glyphs(buffer.get()).size(); ++i) {
+        const auto& position = desk::Positions(buffer.get())[i];
+        glyphs.emplace_back(desk::Glyphs(buffer.get())[i].codepoint,
+                            (pen + position.x_offset) / 1024.0);
+        pen += position.x_advance;
+    }
+    return glyphs;
+}
+
+TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
+    const auto characters = CharactersOf(font, GetParam().script);
+    int summed = 0;
+    int lines = 0;
+    EXPECT_TRUE(rc::check([&] {
+        const std::string line = *AnyLine(characters);
+        const auto script = desk::PlainScript(line, font.plain);
+        RC_ASSERT(script.has_value());
+        const int wanted = layout.Shape(font, line);
+        RC_ASSERT(direct.ShapedWidth(font, *script, line) == wanted);
+        const auto sum = direct.SumWidth(font, *script, line);
+        if (sum) RC_ASSERT(*sum == wanted);
+        ++lines;
+        summed += sum.has_value();
+        desk::GlyphRun run;
+        run.BeginLine();
+        RC_ASSERT(direct.Place(font, *script, line, run) == wanted);
+        std::vector<std::pair<unsigned long, double>> placed;
+        for (const auto& glyph : run.Glyphs()) placed.emplace_back(glyph.index, glyph.x);
+        RC_ASSERT(placed == Shaped(font, *script, line));
+    }));
+    // Where nearly all lines were shaped, the sums would be tested in name only.
+    EXPECT_GT(summed, lines / 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Fonts, PlainText, testing::ValuesIn(Cases()));
+
+TEST(PlainTextScan, TellsPlainLinesFromOthers) {
+    desk::FontCache fonts;
+    const auto& font = fonts.Find({"DejaVu Sans", 8, false});
+    struct Line {
+        const char* text;
+        std::optional<hb_script_t> script;
+    };
+    const Line lines[] = {
+        {"Main St......4, B-3", HB_SCRIPT_LATIN},
+        {"4, 6; 9", HB_SCRIPT_COMMON},
+        {"", HB_SCRIPT_COMMON},
+        {"Österåker (Ængø)", HB_SCRIPT_LATIN},
+        {"Αθήνα 12", HB_SCRIPT_GREEK},
+        {"Москва", HB_SCRIPT_CYRILLIC},
+        {"Москва B-3", std::nullopt},  // two scripts
+        {"e\u0301", std::nullopt},     // a combining mark
+        {"a\u00ADb", std::nullopt},    // a hyphen that does not show
+        {"a\tb", std::nullopt},
+        {"a\u2044b", std::nullopt},  // a fraction
+        {"اسم", std::nullopt},
+        {"北京", std::nullopt},
+        {"\xC3", std::nullopt},          // cut off
+        {"\xC0\x80", std::nullopt},      // longer than need be
+        {"\xE2\x28\xA1", std::nullopt},  // not UTF-8
+    };
+    for (const auto& line : lines) EXPECT_EQ(desk::PlainScript(line.text, font.plain), line.script);
+}
+
+TEST(PlainTextScan, LettersThatJoinAreLeftToTheShaper) {
+    desk::FontCache fonts;
+    desk::DirectShaper direct;
+    const auto& font = fonts.Find({"DejaVu Sans", 8, false});
+    desk::GlyphRun run;
+    run.BeginLine();
+    direct.Place(font, HB_SCRIPT_LATIN, "Affi", run);
+    EXPECT_LT(run.Glyphs().size(), 4U);
+    EXPECT_FALSE(direct.SumWidth(font, HB_SCRIPT_LATIN, "Affi").has_value());
+    EXPECT_TRUE(direct.SumWidth(font, HB_SCRIPT_LATIN, "Hill").has_value());
+}
+
+}  // namespace
