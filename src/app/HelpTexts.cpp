@@ -26,6 +26,7 @@ Beyond the default columns and properties, make sets what an index needs that go
   *.MarginTop=0.003 *.MarginBottom=0.003 *.MarginLeft=0.02 *.MarginRight=0.02
   *.BreakSpacing=0.08  RepeatSpacing=0.15
   Listing.Expression=[Listing]$$DOTS
+  Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN with a no-break space, where the table has a grid
   and widths with which column groups of at least 2.1 inches fill the frame: three on a Letter sheet
 and adds a running head and a sheet number to the sheet. --set comes after all of these.
 

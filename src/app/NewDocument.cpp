@@ -16,6 +16,9 @@
 namespace app {
 namespace {
 
+// The default reference of a table with a grid.
+constexpr char kGridReference[] = "$$PAGE_NUMBER $$ROW-$$COLUMN";
+
 constexpr double kSheetMargin = 0.5;   // Inches.
 constexpr double kHeadRoom = 0.25;     // For the running head, above the frame.
 constexpr double kFootRoom = 0.3;      // For the sheet number, below it.
@@ -147,6 +150,10 @@ void DressForPrint(Session& session) {
         edit.Set(assignment);
     edit.Set("RepeatSpacing=" + NumberText(kGap));
     edit.Set("Page.ColumnWidth=" + NumberText(reference));
+    // A reference is not torn apart: its page and its square are joined by a no-break space.
+    const auto columns = edit.Settings().columnsProperties;
+    if (ValueText(gazetteer::ColumnSet(*columns, "Page")->Item("Expression")) == kGridReference)
+        edit.Set(std::string("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN"));
     if (hasListing) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");
         edit.Set("Listing.ColumnWidth=" + NumberText(group - reference));
