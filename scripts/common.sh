@@ -21,16 +21,22 @@ install_missing() {
         --no-install-recommends "${missing[@]}" >&2
 }
 
-# build PRESET [TARGET...]: configures where that has not been done and builds; quiet unless it fails.
+# configure PRESET [OPTION...] and build PRESET [TARGET...]: quiet unless they fail.
+configure() { quietly "The configuration of preset $1" cmake --preset "$@"; }
 build() {
-    local preset=$1 log
+    local preset=$1
+    shift
+    quietly "The build of preset $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+quietly() {
+    local what=$1 log
     shift
     log=$(mktemp)
-    if ! { { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } &&
-           cmake --build --preset "$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+    if ! "$@" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
-        say "The build of preset $preset failed."
+        say "$what failed."
         exit 1
     fi
     rm -f "$log"

@@ -1,5 +1,7 @@
 #include "listings/NumberTokens.h"
 
+#include "support/Text.h"
+
 namespace gazetteer {
 
 const NumberTokens& NumberTokenizer::Tokens(const std::string& text) {
@@ -11,12 +13,8 @@ const NumberTokens& NumberTokenizer::Tokens(const std::string& text) {
 NumberTokens NumberTokenizer::Split(const std::string& text, bool separated) {
     NumberTokens tokens;
     if (text.empty()) return tokens;
-    std::size_t begin = 0;
-    for (std::size_t end = text.find(' '); end != std::string::npos; end = text.find(' ', begin)) {
-        tokens.push_back(Token(text.substr(begin, end - begin), separated));
-        begin = end + 1;
-    }
-    tokens.push_back(Token(text.substr(begin), separated));
+    for (const std::string& piece : gazetteer::Split(text, ' '))
+        tokens.push_back(Token(piece, separated));
     return tokens;
 }
 

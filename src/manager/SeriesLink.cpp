@@ -1,5 +1,6 @@
 #include "manager/SeriesLink.h"
 
+#include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
@@ -37,7 +38,7 @@ Frames GetMapSeriesFrames(host::MapSeriesManager& seriesManager,
                           const Ref<host::IHostObject>& layout) try {
     Frames frames;
     const auto elements = host::As<host::IHostElementContainer>(layout);
-    if (!elements) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+    if (!elements) FailTypeMismatch();
     elements->Reset();
     for (auto element = elements->Next(); element; element = elements->Next())
         AddElement(seriesManager, element, frames);

@@ -11,51 +11,9 @@ namespace {
 using TextSymbolField = host::Ref<host::IHostTextSymbol> ColumnProperties::*;
 using FillSymbolField = host::Ref<host::IHostFillSymbol> ColumnProperties::*;
 
-struct Reader {
-    const host::Variant& value;
-    host::IHostLocale& locale;
-    ColumnProperties& column;
-
-    void operator()(bool ColumnProperties::*field) const { column.*field = ToBoolean(value); }
-    void operator()(std::int32_t ColumnProperties::*field) const {
-        column.*field = ToLong(value, locale);
-    }
-    void operator()(double ColumnProperties::*field) const {
-        column.*field = ToDouble(value, locale);
-    }
-    void operator()(std::string ColumnProperties::*field) const {
-        column.*field = ToText(value, locale);
-    }
-    void operator()(TextSymbolField field) const { ReadSymbol(field); }
-    void operator()(FillSymbolField field) const { ReadSymbol(field); }
-
-    template <class Symbol>
-    void ReadSymbol(host::Ref<Symbol> ColumnProperties::*field) const {
-        column.*field = ToObject<Symbol>(value);
-        if (!(column.*field)) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
-    }
-};
-
 host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column) {
-    struct Writer {
-        const ColumnKey& key;
-        const ColumnProperties& column;
-        host::Variant operator()(bool ColumnProperties::*field) const { return column.*field; }
-        host::Variant operator()(std::int32_t ColumnProperties::*field) const {
-            return static_cast<std::int16_t>(column.*field);
-        }
-        host::Variant operator()(double ColumnProperties::*field) const { return column.*field; }
-        host::Variant operator()(std::string ColumnProperties::*field) const {
-            return column.*field;
-        }
-        host::Variant operator()(TextSymbolField field) const {
-            return host::Ref<host::IHostObject>(column.*field);
-        }
-        host::Variant operator()(FillSymbolField field) const {
-            return host::Ref<host::IHostObject>(column.*field);
-        }
-    };
-    return std::visit(Writer{key, column}, key.field);
+    if (key.kind == ValueKind::Integer) return static_cast<std::int16_t>(column.version);
+    return std::visit([&](auto field) { return AsVariant(column.*field); }, key.field);
 }
 
 // Gives the column symbols of its own.
@@ -77,7 +35,12 @@ ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
         if (scope == ColumnKeyScope::Run && key.storedOnly) continue;
         const host::Variant value = properties.Item(key.name);
         try {
-            std::visit(Reader{value, locale, column}, key.field);
+            std::visit(
+                [&](auto field) {
+                    column.*field =
+                        ValueAs<std::remove_reference_t<decltype(column.*field)>>(value, locale);
+                },
+                key.field);
         } catch (host::Failure& failure) {
             failure.AddFact("key", key.name);
             throw;
@@ -120,7 +83,7 @@ host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const 
 host::Ref<host::IHostPropertySet> ColumnSet(const host::IHostPropertySet& columnsProperties,
                                             const std::string& name) {
     auto set = ToObject<host::IHostPropertySet>(columnsProperties.Item(name));
-    if (!set) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+    if (!set) FailTypeMismatch();
     return set;
 }
 

@@ -67,7 +67,7 @@ Ref<IHostPropertySet> StoredGazetteerProperties(const Ref<IHostElement>& element
     const auto container = Container(element);
     const auto maker = container ? ToObject<IHostPropertySet>(container->Item(kMakerKey)) : nullptr;
     auto stored = maker ? ToObject<IHostPropertySet>(maker->Item(kGazetteerKey)) : nullptr;
-    if (!stored) throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+    if (!stored) FailTypeMismatch();
     return stored;
 }
 

@@ -1,30 +1,14 @@
 #include "model/Paths.h"
 
-#include <vector>
+#include "support/Text.h"
 
 namespace gazetteer {
-namespace {
-
-std::vector<std::string> SplitAtBackslashes(const std::string& path) {
-    std::vector<std::string> pieces;
-    std::size_t begin = 0;
-    for (std::size_t end = path.find('\\'); end != std::string::npos;
-         end = path.find('\\', begin)) {
-        pieces.push_back(path.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    pieces.push_back(path.substr(begin));
-    return pieces;
-}
-
-}  // namespace
-
 std::string GetFileName(const std::string& path) {
-    return SplitAtBackslashes(path).back();
+    return Split(path, '\\').back();
 }
 
 std::string RemoveFileName(const std::string& path) {
-    auto pieces = SplitAtBackslashes(path);
+    auto pieces = Split(path, '\\');
     pieces.pop_back();
     std::string folder;
     for (const std::string& piece : pieces) folder = folder.empty() ? piece : folder + '\\' + piece;

@@ -13,28 +13,13 @@ using SetField = host::Ref<host::IHostPropertySet> Settings::*;
 void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties,
              host::IHostLocale& locale, Settings& settings) {
     const host::Variant value = properties.Item(key.name);
-    struct Reader {
-        const host::Variant& value;
-        host::IHostLocale& locale;
-        Settings& settings;
-        void operator()(bool Settings::*field) const { settings.*field = ToBoolean(value); }
-        void operator()(std::int32_t Settings::*field) const {
-            settings.*field = ToLong(value, locale);
-        }
-        void operator()(double Settings::*field) const {
-            settings.*field = ToDouble(value, locale);
-        }
-        void operator()(std::string Settings::*field) const {
-            settings.*field = ToText(value, locale);
-        }
-        void operator()(SetField field) const {
-            settings.*field = ToObject<host::IHostPropertySet>(value);
-            if (!(settings.*field))
-                throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
-        }
-    };
     try {
-        std::visit(Reader{value, locale, settings}, key.field);
+        std::visit(
+            [&](auto field) {
+                settings.*field =
+                    ValueAs<std::remove_reference_t<decltype(settings.*field)>>(value, locale);
+            },
+            key.field);
     } catch (host::Failure& failure) {
         failure.AddFact("key", key.name);
         throw;
@@ -48,21 +33,8 @@ bool IsReadLast(const PropertyKey& key) {
 }
 
 host::Variant ValueOf(const PropertyKey& key, const Settings& settings) {
-    struct Writer {
-        const PropertyKey& key;
-        const Settings& settings;
-        host::Variant operator()(bool Settings::*field) const { return settings.*field; }
-        host::Variant operator()(std::int32_t Settings::*field) const {
-            if (key.kind == ValueKind::Integer) return static_cast<std::int16_t>(settings.*field);
-            return settings.*field;
-        }
-        host::Variant operator()(double Settings::*field) const { return settings.*field; }
-        host::Variant operator()(std::string Settings::*field) const { return settings.*field; }
-        host::Variant operator()(SetField field) const {
-            return host::Ref<host::IHostObject>(settings.*field);
-        }
-    };
-    return std::visit(Writer{key, settings}, key.field);
+    if (key.kind == ValueKind::Integer) return static_cast<std::int16_t>(settings.version);
+    return std::visit([&](auto field) { return AsVariant(settings.*field); }, key.field);
 }
 
 }  // namespace

@@ -8,10 +8,6 @@
 namespace gazetteer {
 namespace {
 
-[[noreturn]] void FailMismatch() {
-    throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
-}
-
 [[noreturn]] void FailNull() {
     throw host::Failure(host::kFailureTypeMismatch, "", "Invalid use of Null");
 }
@@ -34,10 +30,10 @@ struct NumberOf {
     double operator()(double value) const { return value; }
     double operator()(const std::string& value) const {
         const auto number = locale.ParseNumber(value);
-        if (!number) FailMismatch();
+        if (!number) FailTypeMismatch();
         return *number;
     }
-    double operator()(const host::Ref<host::IHostObject>&) const { FailMismatch(); }
+    double operator()(const host::Ref<host::IHostObject>&) const { FailTypeMismatch(); }
 };
 
 struct TextOf {
@@ -49,7 +45,7 @@ struct TextOf {
     std::string operator()(std::int32_t value) const { return std::to_string(value); }
     std::string operator()(double value) const { return locale.FormatNumber(value); }
     std::string operator()(const std::string& value) const { return value; }
-    std::string operator()(const host::Ref<host::IHostObject>&) const { FailMismatch(); }
+    std::string operator()(const host::Ref<host::IHostObject>&) const { FailTypeMismatch(); }
 };
 
 struct BooleanOf {
@@ -62,12 +58,16 @@ struct BooleanOf {
     bool operator()(const std::string& value) const {
         if (EqualsWord(value, "true")) return true;
         if (EqualsWord(value, "false")) return false;
-        FailMismatch();
+        FailTypeMismatch();
     }
-    bool operator()(const host::Ref<host::IHostObject>&) const { FailMismatch(); }
+    bool operator()(const host::Ref<host::IHostObject>&) const { FailTypeMismatch(); }
 };
 
 }  // namespace
+
+void FailTypeMismatch() {
+    throw host::Failure(host::kFailureTypeMismatch, "", "Type mismatch");
+}
 
 bool ToBoolean(const host::Variant& value) {
     return std::visit(BooleanOf{}, value);

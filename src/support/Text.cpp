@@ -18,6 +18,18 @@ std::string ReplaceAll(std::string text, std::string_view piece, std::string_vie
     return text;
 }
 
+std::vector<std::string> Split(const std::string& text, char separator) {
+    std::vector<std::string> pieces;
+    std::size_t begin = 0;
+    for (auto end = text.find(separator); end != std::string::npos;
+         end = text.find(separator, begin)) {
+        pieces.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    pieces.push_back(text.substr(begin));
+    return pieces;
+}
+
 bool ContainsInAnyCase(std::string_view text, std::string_view piece) {
     return !std::ranges::search(text, piece, {}, Lower, Lower).empty();
 }

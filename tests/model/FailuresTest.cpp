@@ -32,9 +32,11 @@ TEST(Failures, StackRunsFromOutermostToInnermostWithOneBlock) {
     EXPECT_EQ(message.title, "Unexpected Program Error");
     EXPECT_EQ(message.style, 48);
     EXPECT_EQ(dialogs.beeps, 1);
-    // The line is that of the raise above; only the procedure nearest to it has one.
+    // Only the procedure nearest to the raise has a line.
     EXPECT_EQ(message.text, std::string(kHead) +
-                                "Top Unit \r\n\tMiddle Unit \r\n\tInnermost Unit Line : 12\r\n"
+                                "Top Unit \r\n\tMiddle Unit \r\n\tInnermost Unit Line : " +
+                                std::to_string(kLineOfTheRaise) +
+                                "\r\n"
                                 "\r\nError Number \r\n\t-2147220991\r\nDescription\r\n\t"
                                 "The wheel is off.\r\n\r\n");
 }
