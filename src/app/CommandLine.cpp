@@ -1,6 +1,9 @@
 #include "app/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <functional>
 
 #include "app/ConsoleDialogs.h"
@@ -19,6 +22,7 @@ public:
         : cli_("Makes the printed index of a map book from a table of listings.", "gazetteer") {
         cli_.require_subcommand(1);
         cli_.footer(kProgramHelp);
+        cli_.set_version_flag("--version", GAZETTEER_VERSION);
         AddMake();
         AddNew();
         AddSet();
@@ -180,6 +184,33 @@ private:
     TableOptions table_;
 };
 
+// The first word that stands where a command is expected and is none; empty where all are known.
+std::string UnknownCommand(CLI::App& program, int argc, const char* const* argv) {
+    CLI::App* place = &program;
+    for (int i = 1; i < argc; ++i) {
+        if (place->get_subcommands({}).empty()) return {};
+        CLI::App* const next = place->get_subcommand_no_throw(argv[i]);
+        if (next == nullptr) return argv[i][0] == '-' ? "" : argv[i];
+        place = next;
+    }
+    return {};
+}
+
+int Refuse(CLI::App& program, const CLI::ParseError& error, int argc, const char* const* argv) {
+    const std::string unknown = UnknownCommand(program, argc, argv);
+    if (unknown.empty())
+        program.exit(error);
+    else
+        Tell("There is no command \"" + unknown + "\"; --help lists them.");
+    return kWrongUsage;
+}
+
+// Results count only once they have left the program.
+int CheckResultsWritten(int exitStatus) {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return exitStatus;
+    throw CommandError(std::string("The results cannot be written: ") + std::strerror(errno) + ".");
+}
+
 }  // namespace
 
 int Run(int argc, const char* const* argv) {
@@ -189,11 +220,10 @@ int Run(int argc, const char* const* argv) {
     } catch (const CLI::Success& help) {
         return parser.Cli().exit(help);
     } catch (const CLI::ParseError& error) {
-        parser.Cli().exit(error);
-        return kWrongUsage;
+        return Refuse(parser.Cli(), error, argc, argv);
     }
     try {
-        return parser.RunChosen();
+        return CheckResultsWritten(parser.RunChosen());
     } catch (const AlreadyTold& told) {
         return told.exitStatus;
     } catch (const UsageError& error) {

@@ -23,13 +23,13 @@ std::string FactPhrase(const host::FailureFact& fact) {
 }  // namespace
 
 std::string FailureSentence(const host::Failure& failure) {
-    std::string sentence = failure.cause;
-    std::string separator = " (";
+    std::string facts;
     for (const auto& fact : failure.facts) {
-        sentence += separator + FactPhrase(fact);
-        separator = ", ";
+        // The sentence may name the fact already.
+        if (failure.cause.find('"' + fact.value + '"') != std::string::npos) continue;
+        facts += (facts.empty() ? " (" : ", ") + FactPhrase(fact);
     }
-    return failure.facts.empty() ? sentence : sentence + ')';
+    return failure.cause + (facts.empty() ? "" : facts + ')');
 }
 
 void Tell(const std::string& line) {

@@ -1,6 +1,7 @@
 #include "app/KeyValues.h"
 
 #include <charconv>
+#include <simdjson.h>
 
 #include "app/Errors.h"
 #include "app/SymbolValues.h"
@@ -29,6 +30,8 @@ host::Variant Object(const host::Ref<host::IHostObject>& object) {
 }  // namespace
 
 Assignment ParseAssignment(const std::string& text) {
+    // A document takes no other texts.
+    if (!simdjson::validate_utf8(text)) throw UsageError("\"" + text + "\" is not UTF-8.");
     const auto equals = text.find('=');
     if (equals == std::string::npos)
         throw UsageError("\"" + text + "\" is not of the form KEY=VALUE.");

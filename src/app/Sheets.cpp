@@ -118,10 +118,14 @@ PageRange ParsePages(const std::string& text, std::int32_t pageCount) {
     range.last = dash == std::string::npos ? range.first : number(whole.substr(dash + 1));
     if (range.last < range.first)
         throw UsageError("--pages " + text + ": the last page stands before the first.");
-    if (range.last > pageCount)
-        throw CommandError("There is no page " + std::to_string(range.last) +
-                           ": the gazetteer has " + std::to_string(pageCount) + " pages.");
+    CheckPage(range.last, pageCount);
     return range;
+}
+
+void CheckPage(std::int32_t page, std::int32_t pageCount) {
+    if (page >= 1 && page <= pageCount) return;
+    throw CommandError("There is no page " + std::to_string(page) + ": the gazetteer has " +
+                       std::to_string(pageCount) + (pageCount == 1 ? " page." : " pages."));
 }
 
 void WriteSheets(Session& session, const std::string& path, const PageRange& pages) {

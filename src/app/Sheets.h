@@ -17,6 +17,9 @@ struct PageRange {
 /// pages that are not there.
 PageRange ParsePages(const std::string& text, std::int32_t pageCount);
 
+/// Raises a CommandError for a page that is not there.
+void CheckPage(std::int32_t page, std::int32_t pageCount);
+
 /// Writes pages of the bound gazetteer, one sheet each, by the ending of the file's name: one PDF
 /// with bookmarks, or PNG or SVG files with -1, -2, ... before the ending. Nothing is left behind
 /// after a failure.

@@ -110,8 +110,8 @@ TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
         if (sum) RC_ASSERT(*sum == wanted);
         ++lines;
         summed += sum.has_value();
-        desk::GlyphRun run;
-        run.BeginLine();
+        desk::GlyphRun run(nullptr);
+        run.BeginLine(font.drawing);
         RC_ASSERT(direct.Place(font, *script, line, run) == wanted);
         std::vector<std::pair<unsigned long, double>> placed;
         for (const auto& glyph : run.Glyphs()) placed.emplace_back(glyph.index, glyph.x);
@@ -155,8 +155,8 @@ TEST(PlainTextScan, LettersThatJoinAreLeftToTheShaper) {
     desk::FontCache fonts;
     desk::DirectShaper direct;
     const auto& font = fonts.Find({"DejaVu Sans", 8, false});
-    desk::GlyphRun run;
-    run.BeginLine();
+    desk::GlyphRun run(nullptr);
+    run.BeginLine(font.drawing);
     direct.Place(font, HB_SCRIPT_LATIN, "Affi", run);
     EXPECT_LT(run.Glyphs().size(), 4U);
     EXPECT_FALSE(direct.SumWidth(font, HB_SCRIPT_LATIN, "Affi").has_value());

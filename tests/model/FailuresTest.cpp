@@ -8,6 +8,8 @@ using support::RecordingDialogs;
 namespace gazetteer {
 namespace {
 
+constexpr int kLineOfTheRaise = __LINE__ + 3;
+
 void Innermost() try { Raise("Unit.Innermost", "The wheel is off."); } catch (...) {
     PassOn("Innermost", "Unit");
 }

@@ -14,7 +14,7 @@ int Draw(const CommonOptions& common, const DrawOptions& options) {
     session.Open(options.document);
     session.BindDrawable();
     session.CheckHasPages();
-    ParsePages(std::to_string(options.page), session.PageCount());
+    CheckPage(options.page, session.PageCount());
     session.Manager().SetIndexToPageNumber(options.page);
     session.CheckNothingFailed();
 

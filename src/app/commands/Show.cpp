@@ -54,8 +54,10 @@ Json ShowJson(gazetteer::CVNGazetteerManager& manager, bool drawable) {
 
 void Print(gazetteer::CVNGazetteerManager& manager, bool drawable) {
     if (!drawable) {
-        std::puts("The gazetteer cannot be drawn:");
-        for (const auto& reason : manager.LastFindings()) std::printf("  %s\n", reason.c_str());
+        const auto& reasons = manager.LastFindings();
+        std::puts(reasons.empty() ? "The gazetteer has no page."
+                                  : "The gazetteer cannot be drawn:");
+        for (const auto& reason : reasons) std::printf("  %s\n", reason.c_str());
         return;
     }
     std::printf("Pages: %d\nDefault page: %d\n", manager.Working().pageCount,
@@ -73,7 +75,7 @@ int Show(const CommonOptions& common, const DocumentOptions& options) {
     bool drawable = session.CanDraw(reasons);
     if (drawable && !session.Bind()) return kCouldNot;
     auto& manager = session.Manager();
-    drawable = drawable && manager.CanDraw();
+    drawable = drawable && manager.CanDraw() && session.PageCount() > 0;
     if (options.json)
         std::puts(ShowJson(manager, drawable).dump(1).c_str());
     else

@@ -9,12 +9,15 @@
 
 namespace desk {
 
-/// Glyphs of one font that are shown together. A call of cairo costs as much as some twenty glyphs,
-/// so a page is better shown in one.
+/// Gathers glyphs of one font, so that they are shown together: a call of cairo costs as much as
+/// some twenty glyphs.
 class GlyphRun {
 public:
-    /// Begins a line; what is added next hangs on its left end until PlaceLine.
-    void BeginLine() { line_ = {glyphs_.size(), clusters_.size(), text_.size()}; }
+    explicit GlyphRun(cairo_t* context) : context_(context) {}
+
+    /// Begins a line, or a part of one, in a font. What is added next hangs on its left end until
+    /// PlaceLine. Shows what was gathered in another font.
+    void BeginLine(cairo_scaled_font_t* font);
 
     void AddGlyph(unsigned long glyph, double x, double y) { glyphs_.push_back({glyph, x, y}); }
 
@@ -33,15 +36,17 @@ public:
 
     std::span<const cairo_glyph_t> Glyphs() const { return glyphs_; }
 
-    /// Shows all glyphs in a font and begins anew. On an image they are filled outlines, since
-    /// cairo would set them on whole pixels.
-    void Show(cairo_t* context, cairo_scaled_font_t* font);
+    /// Shows all glyphs and begins anew. On an image they are filled outlines, since cairo would
+    /// set them on whole pixels.
+    void Show();
 
 private:
     struct Sizes {
         std::size_t glyphs = 0, clusters = 0, text = 0;
     };
 
+    cairo_t* context_;
+    cairo_scaled_font_t* font_ = nullptr;
     std::vector<cairo_glyph_t> glyphs_;
     std::vector<cairo_text_cluster_t> clusters_;
     std::string text_;

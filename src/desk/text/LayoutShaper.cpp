@@ -1,8 +1,8 @@
 #include "desk/text/LayoutShaper.h"
 
+#include <algorithm>
 #include <pango/pangocairo.h>
-
-#include "desk/text/Surfaces.h"
+#include <span>
 
 namespace desk {
 namespace {
@@ -28,6 +28,64 @@ std::string Readable(std::string_view line) {
     return text;
 }
 
+constexpr double kUnitsPerPoint = PANGO_SCALE;
+
+std::span<const PangoGlyphInfo> Glyphs(const PangoGlyphItem& part) {
+    return {part.glyphs->glyphs, static_cast<std::size_t>(part.glyphs->num_glyphs)};
+}
+
+/// Whether no font has a glyph for some character, so that a box stands for it.
+bool HasUnknown(const PangoLayoutLine* line) {
+    for (const GSList* part = line->runs; part; part = part->next)
+        for (const auto& glyph : Glyphs(*static_cast<const PangoGlyphItem*>(part->data)))
+            if ((glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0) return true;
+    return false;
+}
+
+void ShowAsIs(cairo_t* context, PangoLayoutLine* line, double x, double y) {
+    cairo_move_to(context, x, y);
+    pango_cairo_show_layout_line(context, line);
+    cairo_new_path(context);
+}
+
+/// Where the bytes end that begin at a place of a part: where the next ones begin, which in a part
+/// from right to left stand before them.
+int EndOfBytes(const PangoGlyphItem& part, int start) {
+    const std::span<const gint> starts(part.glyphs->log_clusters, Glyphs(part).size());
+    int end = part.item->length;
+    for (const int other : starts)
+        if (other > start) end = std::min(end, other);
+    return end;
+}
+
+/// Adds a part in one font and direction, its text in the order of the glyphs: readers of a file
+/// put a text from right to left in order by themselves, and take jumps to the left for gaps.
+/// Returns its width in points.
+double AddPart(const PangoGlyphItem& part, std::string_view text, GlyphRun& run, double x,
+               double y) {
+    run.BeginLine(pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(part.item->analysis.font)));
+    const auto glyphs = Glyphs(part);
+    int pen = 0;
+    int shown = 0;
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        const PangoGlyphGeometry& place = glyphs[i].geometry;
+        if (glyphs[i].glyph != PANGO_GLYPH_EMPTY) {
+            run.AddGlyph(glyphs[i].glyph, (pen + place.x_offset) / kUnitsPerPoint,
+                         place.y_offset / kUnitsPerPoint);
+            ++shown;
+        }
+        pen += place.width;
+        const int start = part.glyphs->log_clusters[i];
+        if (i + 1 < glyphs.size() && part.glyphs->log_clusters[i + 1] == start) continue;
+        const auto bytes = text.substr(static_cast<std::size_t>(part.item->offset + start),
+                                       static_cast<std::size_t>(EndOfBytes(part, start) - start));
+        if (shown > 0) run.AddText(bytes, shown);
+        shown = 0;
+    }
+    run.PlaceLine(x, y);
+    return pen / kUnitsPerPoint;
+}
+
 }  // namespace
 
 LayoutShaper::LayoutShaper(PangoContext* context) : layout_(pango_layout_new(context)) {
@@ -39,24 +97,19 @@ int LayoutShaper::Shape(const ResolvedFont& font, std::string_view line) {
         pango_layout_set_font_description(layout_.get(), font.description.get());
         font_ = &font;
     }
-    scratch_ = Readable(line);
-    pango_layout_set_text(layout_.get(), scratch_.data(), static_cast<int>(scratch_.size()));
+    text_ = Readable(line);
+    pango_layout_set_text(layout_.get(), text_.data(), static_cast<int>(text_.size()));
     PangoRectangle logical{};
     pango_layout_line_get_extents(pango_layout_get_line_readonly(layout_.get(), 0), nullptr,
                                   &logical);
     return logical.width;
 }
 
-void LayoutShaper::Show(cairo_t* context, double x, double y) {
+void LayoutShaper::Show(cairo_t* context, GlyphRun& run, double x, double y) {
     PangoLayoutLine* const line = pango_layout_get_line_readonly(layout_.get(), 0);
-    cairo_move_to(context, x, y);
-    if (IsImage(context)) {
-        pango_cairo_layout_line_path(context, line);
-        cairo_fill(context);
-    } else {
-        pango_cairo_show_layout_line(context, line);
-        cairo_new_path(context);
-    }
+    if (HasUnknown(line)) return ShowAsIs(context, line, x, y);
+    for (const GSList* part = line->runs; part; part = part->next)
+        x += AddPart(*static_cast<const PangoGlyphItem*>(part->data), text_, run, x, y);
 }
 
 }  // namespace desk

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "desk/text/FontCache.h"
+#include "desk/text/GlyphRun.h"
 
 namespace desk {
 
@@ -16,12 +17,12 @@ public:
     int Shape(const ResolvedFont& font, std::string_view line);
 
     /// Draws the line shaped last, with the left end of its baseline at the point.
-    void Show(cairo_t* context, double x, double y);
+    void Show(cairo_t* context, GlyphRun& run, double x, double y);
 
 private:
     GObjectHandle<PangoLayout> layout_;
     const ResolvedFont* font_ = nullptr;
-    std::string scratch_;
+    std::string text_;  ///< Of the line shaped last.
 };
 
 }  // namespace desk

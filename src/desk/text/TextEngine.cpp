@@ -76,8 +76,6 @@ struct TextEngine::State {
     DirectShaper direct;
     LayoutShaper layout{fonts.Context()};
     WidthMemo memo;
-    GlyphRun run;
-    const ResolvedFont* runFont = nullptr;  ///< Font of the glyphs that are gathered, if any.
     std::size_t measurements = 0;
 
     /// Width of a line in points.
@@ -99,46 +97,38 @@ struct TextEngine::State {
         return extent;
     }
 
-    /// Shows what is gathered.
-    void ShowRun(cairo_t* context) {
-        if (runFont) run.Show(context, runFont->drawing);
-        runFont = nullptr;
-    }
-
-    /// Adds plain lines to the run and shows others at once, each with the share of its width left
-    /// of the point.
-    void DrawLines(cairo_t* context, const ResolvedFont& font, std::string_view text,
+    /// Draws the lines, each with the share of its width left of the point.
+    void DrawLines(cairo_t* context, GlyphRun& run, const ResolvedFont& font, std::string_view text,
                    double leftShare, double x, double baseline) {
-        if (runFont != &font) ShowRun(context);
         ForEachLine(text, [&](std::string_view line) {
             if (const auto script = PlainScript(line, font.plain)) {
-                runFont = &font;
-                run.BeginLine();
+                run.BeginLine(font.drawing);
                 const double width = direct.Place(font, *script, line, run) / kUnitsPerPoint;
                 run.PlaceLine(x - leftShare * width, baseline);
             } else {
                 const double width = layout.Shape(font, line) / kUnitsPerPoint;
-                layout.Show(context, x - leftShare * width, baseline);
+                layout.Show(context, run, x - leftShare * width, baseline);
             }
             baseline += font.lineHeight;
         });
     }
 
-    void DrawUpright(cairo_t* context, const PlacedText& placed, double x, double y) {
+    void DrawUpright(cairo_t* context, GlyphRun& run, const PlacedText& placed, double x,
+                     double y) {
         const ResolvedFont& font = fonts.Find(placed.font);
         const std::string text = WithoutReturns(placed.text);
         const double height = LineCount(text) * font.lineHeight;
-        DrawLines(context, font, text, LeftShare(placed.placement.horizontal), x,
+        DrawLines(context, run, font, text, LeftShare(placed.placement.horizontal), x,
                   y + FirstBaseline(font, height, placed.placement.vertical));
     }
 
     void DrawTurned(cairo_t* context, const PlacedText& placed) {
-        ShowRun(context);
         cairo_save(context);
         cairo_translate(context, placed.x, placed.y);
         cairo_rotate(context, -Radians(placed.placement.angle));
-        DrawUpright(context, placed, 0, 0);
-        ShowRun(context);
+        GlyphRun run(context);
+        DrawUpright(context, run, placed, 0, 0);
+        run.Show();
         cairo_restore(context);
     }
 };
@@ -170,13 +160,14 @@ void TextEngine::Draw(cairo_t* context, const FontSpec& font, std::string_view t
 }
 
 void TextEngine::DrawAll(cairo_t* context, std::span<const PlacedText> texts) {
+    GlyphRun run(context);
     for (const PlacedText& placed : texts) {
         if (placed.placement.angle == 0)
-            state_->DrawUpright(context, placed, placed.x, placed.y);
+            state_->DrawUpright(context, run, placed, placed.x, placed.y);
         else
             state_->DrawTurned(context, placed);
     }
-    state_->ShowRun(context);
+    run.Show();
 }
 
 std::vector<FontSubstitution> TextEngine::Substitutions() const {
