@@ -8,7 +8,7 @@ using support::RecordingDialogs;
 namespace gazetteer {
 namespace {
 
-constexpr int kLineOfTheRaise = __LINE__ + 3;
+constexpr int kLineOfTheRaise = __LINE__ + 2;
 
 void Innermost() try { Raise("Unit.Innermost", "The wheel is off."); } catch (...) {
     PassOn("Innermost", "Unit");
