@@ -40,8 +40,8 @@ void CellComposer::SetRow(const host::Ref<host::IHostRow>& row) {
     gridColumn_ = hasGrid ? row->Value(columnField_) : host::Variant(kNoNumber);
 }
 
-std::string CellComposer::Text(std::size_t index) {
-    const Column& column = columns_[index];
+std::string CellComposer::Text(std::size_t columnIndex) {
+    const Column& column = columns_[columnIndex];
     try {
         return column.fromDatabase ? TextFromDatabase(column) : TextFromIndexLayer(column);
     } catch (host::Failure& failure) {

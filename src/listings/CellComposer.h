@@ -35,7 +35,7 @@ public:
     const std::string& ColumnName(std::size_t column) const { return columns_[column].name; }
 
     /// Text of one cell of the row. A failure knows column, record, field and value.
-    std::string Text(std::size_t column);
+    std::string Text(std::size_t columnIndex);
 
 private:
     struct Column {

@@ -28,6 +28,7 @@ std::vector<Ref<IHostPropertySet>> TextColumns(const Settings& settings,
     auto names = NamesOf(*settings.columnSortOrder);
     if (!names.empty()) names.pop_back();
     std::vector<Ref<IHostPropertySet>> columns;
+    columns.reserve(names.size());
     for (const std::string& name : names)
         columns.push_back(ToObject<IHostPropertySet>(results.listings->Item(name)));
     return columns;

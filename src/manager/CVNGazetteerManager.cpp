@@ -64,8 +64,8 @@ void CVNGazetteerManager::TakeResults() {
         PopulateIndexTable();
 }
 
-// After a failure: new empty sets, so that no page of an earlier element can come up. The page count
-// stays.
+// After a failure: new empty sets, so that no page of an earlier element can come up. The page
+// count stays.
 void CVNGazetteerManager::DiscardResults() {
     for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
                            &WorkingResults::firstListings, &WorkingResults::lastListings})

@@ -59,7 +59,7 @@ void CheckLink(host::IHostLocale& locale, const SiblingObjects& siblings,
 
 void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& check) {
     if (path.empty()) {
-        check.findings.push_back("No listing database is set.");
+        check.findings.emplace_back("No listing database is set.");
     } else if (!host.FileExists(path)) {
         check.findings.push_back("The listing database \"" + path + "\" does not exist.");
     } else {
@@ -73,7 +73,7 @@ ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& sib
                                     const host::Ref<host::IHostElement>& element) try {
     ElementCheck check;
     if (!HasGazetteerProperties(host, element)) {
-        check.findings.push_back("The element is no gazetteer.");
+        check.findings.emplace_back("The element is no gazetteer.");
         return check;
     }
     auto& locale = host.Locale();

@@ -79,8 +79,8 @@ double ToDouble(const host::Variant& value, host::IHostLocale& locale) {
 
 std::int32_t ToLong(const host::Variant& value, host::IHostLocale& locale) {
     const double rounded = std::nearbyint(ToDouble(value, locale));
-    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
-          rounded <= std::numeric_limits<std::int32_t>::max()))
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (std::isnan(rounded) || rounded < Limits::min() || rounded > Limits::max())
         throw host::Failure(host::kFailureOverflow, "", "Overflow");
     return static_cast<std::int32_t>(rounded);
 }
