@@ -7,7 +7,7 @@ namespace gazetteer {
 
 void Status::Show(const char* text, std::int64_t number) {
     std::array<char, 20> digits{};
-    const auto* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     text_.assign(text).append(digits.data(), end);
     bar_->SetText(0, text_);
 }
