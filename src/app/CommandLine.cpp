@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -184,14 +185,14 @@ private:
     TableOptions table_;
 };
 
-// The first word that stands where a command is expected and is none; empty where all are known.
+// The first word that stands where a command is expected and is none; empty where there is none.
 std::string UnknownCommand(CLI::App& program, int argc, const char* const* argv) {
     CLI::App* place = &program;
     for (int i = 1; i < argc; ++i) {
-        if (place->get_subcommands({}).empty()) return {};
-        CLI::App* const next = place->get_subcommand_no_throw(argv[i]);
-        if (next == nullptr) return argv[i][0] == '-' ? "" : argv[i];
-        place = next;
+        const auto commands = place->get_subcommands([](const CLI::App*) { return true; });
+        const auto command = std::ranges::find(commands, argv[i], &CLI::App::get_name);
+        if (command == commands.end()) return commands.empty() || argv[i][0] == '-' ? "" : argv[i];
+        place = *command;
     }
     return {};
 }

@@ -86,7 +86,7 @@ void Edit::SetColumn(const std::string& column, const std::string& key, const st
     if (column != "*") names = {ColumnName(column)};
     // Symbols are made anew for each column, so that no two share one.
     for (const std::string& name : names)
-        gazetteer::ColumnSet(*settings_.columnsProperties, name)
+        gazetteer::SetUnder(*settings_.columnsProperties, name)
             ->SetItem(key, ParseValue(session_.Host(), column + "." + key, entry->kind, value));
 }
 
@@ -120,7 +120,7 @@ const gazetteer::ColumnProperties* Edit::CurrentColumn() {
     const auto names = gazetteer::NamesOf(*settings_.columnNames);
     if (names.empty()) return nullptr;
     current_ = gazetteer::ReadColumnProperties(
-        *gazetteer::ColumnSet(*settings_.columnsProperties, names.front()),
+        *gazetteer::SetUnder(*settings_.columnsProperties, names.front()),
         session_.Host().Locale());
     return &current_;
 }

@@ -1,5 +1,6 @@
 #include "app/Furniture.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "model/DefaultSymbols.h"
@@ -59,6 +60,13 @@ void AddFurniture(host::IHost& host, desk::Document& document, const FrameOption
         MakeLabel(host, kHeadTag, middle, frame.bottom + frame.height + kHeadAbove, 9, true));
     document.elements.push_back(
         MakeLabel(host, kNumberTag, middle, frame.bottom - kNumberBelow, 9, false));
+}
+
+bool HasFurniture(const desk::Document& document) {
+    return std::ranges::any_of(document.elements, [](const auto& element) {
+        const auto named = host::As<host::IHostElementName>(element);
+        return named && (named->Name() == kHeadTag || named->Name() == kNumberTag);
+    });
 }
 
 void FillFurniture(host::IHost& host, desk::Document& document, const std::string& first,

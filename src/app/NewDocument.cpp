@@ -152,7 +152,7 @@ void DressForPrint(Session& session) {
     edit.Set("Page.ColumnWidth=" + NumberText(reference));
     // A reference is not torn apart: its page and its square are joined by a no-break space.
     const auto columns = edit.Settings().columnsProperties;
-    if (ValueText(gazetteer::ColumnSet(*columns, "Page")->Item("Expression")) == kGridReference)
+    if (ValueText(gazetteer::SetUnder(*columns, "Page")->Item("Expression")) == kGridReference)
         edit.Set(std::string("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN"));
     if (hasListing) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");

@@ -42,15 +42,13 @@ std::string SheetNumber(Session& session, std::int32_t page) {
 }
 
 void PaintSheet(Session& session, desk::PageWriter& writer, std::int32_t page) {
+    LabelSheet(session, page);
     auto& document = session.TheDesk().CurrentDocument();
-    auto& manager = session.Manager();
-    FillFurniture(session.Host(), document, Trimmed(manager.FirstListing(page)),
-                  Trimmed(manager.LastListing(page)), SheetNumber(session, page),
-                  session.Gazetteer()->Geometry()->Bounds()->Width());
     writer.BeginPage(document.pageWidth, document.pageHeight);
     desk::ElementPainter painter(*session.TheDesk().Text());
     for (const auto& element : document.elements) painter.Paint(writer.Canvas(), element);
-    writer.EndPage(Trimmed(gazetteer::ToText(manager.PageName(page), session.Host().Locale())));
+    const auto name = session.Manager().PageName(page);
+    writer.EndPage(Trimmed(gazetteer::ToText(name, session.Host().Locale())));
 }
 
 void DrawSheet(Session& session, desk::PageWriter& writer, std::int32_t page) {
@@ -126,6 +124,16 @@ void CheckPage(std::int32_t page, std::int32_t pageCount) {
     if (page >= 1 && page <= pageCount) return;
     throw CommandError("There is no page " + std::to_string(page) + ": the gazetteer has " +
                        std::to_string(pageCount) + (pageCount == 1 ? " page." : " pages."));
+}
+
+void LabelSheet(Session& session, std::int32_t page) {
+    auto& document = session.TheDesk().CurrentDocument();
+    // Without labels nobody asks for the map book, which may be gone.
+    if (!HasFurniture(document)) return;
+    auto& manager = session.Manager();
+    FillFurniture(session.Host(), document, Trimmed(manager.FirstListing(page)),
+                  Trimmed(manager.LastListing(page)), SheetNumber(session, page),
+                  session.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
 void WriteSheets(Session& session, const std::string& path, const PageRange& pages) {

@@ -25,6 +25,9 @@ void CheckPage(std::int32_t page, std::int32_t pageCount);
 /// after a failure.
 void WriteSheets(Session& session, const std::string& path, const PageRange& pages);
 
+/// Gives the sheet the running head and the number of a page.
+void LabelSheet(Session& session, std::int32_t page);
+
 /// Writes the page that is drawn in the document as it stands.
 void WriteDrawnPage(Session& session, const std::string& path, std::int32_t page);
 

@@ -12,18 +12,18 @@ std::string LayoutColumn::Cell(const std::string& rowKey, host::IHostLocale& loc
 
 LayoutContext::LayoutContext(host::IHost& host, const Settings& settings,
                              const WorkingResults& results,
-                             host::Ref<host::IHostFillSymbol> transparentFill)
+                             host::Ref<host::IHostFillSymbol> transparentFill,
+                             host::Ref<host::IHostDisplay> display)
     : host_(host),
       settings_(settings),
       results_(results),
       transparentFill_(std::move(transparentFill)),
-      view_(host.NewApplication()->Document()->ActiveView()),
-      display_(view_->Display()),
+      display_(std::move(display)),
       text_(host, display_) {
     for (const std::string& name : NamesOf(*settings.columnDisplayOrder)) {
-        const auto set = ColumnSet(*settings.columnsProperties, name);
-        columns_.push_back({name, ReadColumnProperties(*set, host.Locale()),
-                            ToObject<host::IHostPropertySet>(results.listings->Item(name))});
+        const auto set = SetUnder(*settings.columnsProperties, name);
+        columns_.push_back(
+            {name, ReadColumnProperties(*set, host.Locale()), SetUnder(*results.listings, name)});
     }
 }
 

@@ -27,12 +27,12 @@ struct LayoutColumn {
 class LayoutContext {
 public:
     LayoutContext(host::IHost& host, const Settings& settings, const WorkingResults& results,
-                  host::Ref<host::IHostFillSymbol> transparentFill);
+                  host::Ref<host::IHostFillSymbol> transparentFill,
+                  host::Ref<host::IHostDisplay> display);
 
     host::IHost& Host() { return host_; }
     const Settings& GetSettings() const { return settings_; }
     const WorkingResults& Results() const { return results_; }
-    const host::Ref<host::IHostActiveView>& View() const { return view_; }
     const host::Ref<host::IHostDisplay>& Display() const { return display_; }
     TextFit& Text() { return text_; }
     std::vector<LayoutColumn>& Columns() { return columns_; }
@@ -48,7 +48,6 @@ private:
     const Settings& settings_;
     const WorkingResults& results_;
     host::Ref<host::IHostFillSymbol> transparentFill_;
-    host::Ref<host::IHostActiveView> view_;
     host::Ref<host::IHostDisplay> display_;
     TextFit text_;
     std::vector<LayoutColumn> columns_;

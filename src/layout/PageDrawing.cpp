@@ -39,13 +39,13 @@ public:
         // from the last row of the column group before.
         if (row.kind == PlacedRow::Kind::Break || row.kind == PlacedRow::Kind::Listing)
             lastPlaced_ = row.group;
-        if (row.kind != PlacedRow::Kind::Listing) return;
-        if (atLastRowOfMany_ || context_.GetSettings().samplePage)
-            Stretch(row.group, row.height, row.room);
+        reachesFoot_ = row.kind == PlacedRow::Kind::Listing &&
+                       (atLastRowOfMany_ || context_.GetSettings().samplePage);
+        if (reachesFoot_) Stretch(row.group, row.height, row.room);
     }
 
     void ColumnFull(double room) override {
-        if (lastPlaced_)
+        if (lastPlaced_ && !reachesFoot_)
             Stretch(lastPlaced_,
                     GetElementHeight(context_.Host(), *lastPlaced_, context_.Display()), room);
     }
@@ -59,13 +59,15 @@ private:
     LayoutContext& context_;
     Ref<IHostGroupElement> group_;
     Ref<IHostElement> lastPlaced_;
+    bool reachesFoot_ = false;      // The row placed last is stretched already.
     bool atLastRowOfMany_ = false;  // The row is the page's last, and a page follows.
 };
 
 void PlaceRows(LayoutContext& context, const Ref<IHostGroupElement>& group,
-               const std::vector<std::string>& rows, std::int32_t pageNumber) {
+               const FrameBounds& frame, const std::vector<std::string>& rows,
+               std::int32_t pageNumber) {
     PageDrawer drawer(context, group);
-    ColumnFlow flow(context, ReadFrame(*group), drawer);
+    ColumnFlow flow(context, frame, drawer);
     if (pageNumber == 1) flow.SetAtFirstListing();
     const bool pageFollows = pageNumber != context.Results().pageCount;
     const std::string placing =
@@ -118,20 +120,22 @@ void AddSampleLabel(host::IHost& host, IHostGroupElement& group) {
 bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults& results,
               const Ref<host::IHostFillSymbol>& transparentFill,
               const Ref<IHostGroupElement>& group, std::int32_t pageNumber) try {
+    const auto view = host.NewApplication()->Document()->ActiveView();
+    const auto display = view->Display();
     RemoveMembers(*group, MembersTagged(*group, {kTitleGroupTag, kRowGroupTag, kBreakGroupTag,
                                                  kSampleLabelTag, kColumnTextTag}));
-    const auto page =
-        ToObject<host::IHostPropertySet>(results.pageGroups->Item(std::to_string(pageNumber)));
+    const FrameBounds frame = ReadFrame(*group);
+    const auto page = SetUnder(*results.pageGroups, std::to_string(pageNumber));
     if (page->Count() == 0) return false;
 
-    LayoutContext context(host, settings, results, transparentFill);
-    PlaceRows(context, group, NamesOf(*page), pageNumber);
+    LayoutContext context(host, settings, results, transparentFill, display);
+    PlaceRows(context, group, frame, NamesOf(*page), pageNumber);
 
     BringTitlesToFront(*group);
     if (settings.samplePage) AddSampleLabel(host, *group);
-    host::As<host::IHostFrameElement>(group)->SetDraft(false);
+    Require<host::IHostFrameElement>(group)->SetDraft(false);
     Status(host).Clear();
-    context.View()->Refresh();
+    view->Refresh();
     return true;
 } catch (...) {
     PassOn("DrawPage", kManagerLabel);
@@ -139,7 +143,7 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
 
 void TakePageAway(const Ref<IHostGroupElement>& group) {
     RemoveMembers(*group, MembersTagged(*group, {kTitleGroupTag, kRowGroupTag, kBreakGroupTag}));
-    host::As<host::IHostDraftOption>(group)->SetValue(0);
+    Require<host::IHostDraftOption>(group)->SetValue(0);
 }
 
 }  // namespace gazetteer

@@ -80,10 +80,12 @@ bool PopulatePageGroups(host::IHost& host, const Settings& settings,
                         const host::IHostElement& frameElement,
                         const host::Ref<host::IHostFillSymbol>& transparentFill,
                         WorkingResults& results) try {
+    const auto display = host.NewApplication()->Document()->ActiveView()->Display();
+    const FrameBounds frame = ReadFrame(frameElement);
     if (results.listings->Count() == 0) return false;
-    LayoutContext context(host, settings, results, transparentFill);
+    LayoutContext context(host, settings, results, transparentFill, display);
     PageRecorder pages(host);
-    NumberPages(context, ReadFrame(frameElement), pages);
+    NumberPages(context, frame, pages);
     pages.ClosePage();
     results.pageGroups = pages.Pages();
     results.pageCount = results.pageGroups->Count();

@@ -28,6 +28,15 @@ Leaders TakeLeaders(std::string& text) {
     return leaders;
 }
 
+// Without a width of its own no number of dots would ever fill a column.
+std::string WithDots(const std::optional<std::string>& filled, host::IHostTextSymbol& symbol) {
+    if (!filled)
+        Raise("CVNGazetteerManager.SplitText", "The dot has no width in the font \"" +
+                                                   symbol.Font()->Name() +
+                                                   "\", so that dots cannot fill the column.");
+    return *filled;
+}
+
 }  // namespace
 
 TextFit::TextFit(host::IHost& host, host::Ref<host::IHostDisplay> display)
@@ -46,11 +55,13 @@ void TextFit::GetTextSize(host::IHostTextElement& element, double& width, double
     PassOn("GetTextSize", kManagerLabel);
 }
 
-double TextFit::Width(host::IHostTextSymbol& symbol, const std::string& text) {
+double TextFit::Width(host::IHostTextSymbol& symbol, const std::string& text) try {
     display_->BeginDrawing(display_->Device(), kNoCache);
     const auto extent = symbol.MeasureText(display_->Device(), display_->Transformation(), text);
     display_->EndDrawing();
     return extent.xSize / kPointsPerInch;
+} catch (...) {
+    PassOn("GetTextSize", kManagerLabel);
 }
 
 std::string TextFit::SplitText(std::string& text, double width,
@@ -64,9 +75,10 @@ std::string TextFit::SplitText(std::string& text, double width,
     std::string result;
     if (textWidth > width) {
         result = LineBreaker(host_.Locale(), measure, width).Wrap(text, textWidth);
-        if (leaders.any && leaders.atEnd) result += LeaderAfter(measure, result, width);
+        if (leaders.any && leaders.atEnd)
+            result += WithDots(LeaderAfter(measure, result, width), *symbol);
     } else if (leaders.any && textWidth < width) {
-        result = FillLeaders(measure, filledTemplate, textWidth, width);
+        result = WithDots(FillLeaders(measure, filledTemplate, textWidth, width), *symbol);
     } else {
         result = text;
     }
@@ -79,7 +91,10 @@ std::string TextFit::SplitText(std::string& text, double width,
 std::string TextFit::WithoutLastLineEnd(std::string text) {
     const std::string plain = parser_->PlainText(text).plain;
     const auto last = plain.find_last_not_of(' ');
-    if (last != std::string::npos && plain[last] == '\n') text.resize(text.rfind("\r\n"));
+    if (last == std::string::npos || plain[last] != '\n') return text;
+    // A text of the user's own may end in a bare LF, which is not this line end.
+    const auto lineEnd = text.rfind("\r\n");
+    if (lineEnd != std::string::npos) text.resize(lineEnd);
     return text;
 }
 

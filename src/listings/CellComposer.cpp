@@ -23,21 +23,23 @@ CellComposer::CellComposer(host::IHost& host, const Settings& settings,
         grid_ = FindIndexGrid(source.seriesMapFrame);
     }
     for (const std::string& name : NamesOf(*settings.columnNames)) {
-        const auto set = ColumnSet(*settings.columnsProperties, name);
+        const auto set = SetUnder(*settings.columnsProperties, name);
         columns_.push_back({name, ToText(set->Item("Expression"), host.Locale()),
                             ToBoolean(set->Item("FromDatabase"))});
     }
-    pageField_ = source.databaseTable->FindField("Page");
-    rowField_ = source.databaseTable->FindField("Row");
-    columnField_ = source.databaseTable->FindField("Column");
+}
+
+void CellComposer::FindFields() {
+    pageField_ = source_.databaseTable->FindField("Page");
+    rowField_ = source_.databaseTable->FindField("Row");
+    columnField_ = source_.databaseTable->FindField("Column");
 }
 
 void CellComposer::SetRow(const host::Ref<host::IHostRow>& row) {
     row_ = row;
     page_ = pageField_ >= 0 ? row->Value(pageField_) : host::Variant(kNoNumber);
-    const bool hasGrid = rowField_ >= 0 && columnField_ >= 0;
-    gridRow_ = hasGrid ? row->Value(rowField_) : host::Variant(kNoNumber);
-    gridColumn_ = hasGrid ? row->Value(columnField_) : host::Variant(kNoNumber);
+    gridRow_ = HasGridFields() ? row->Value(rowField_) : host::Variant(kNoNumber);
+    gridColumn_ = HasGridFields() ? row->Value(columnField_) : host::Variant(kNoNumber);
 }
 
 std::string CellComposer::Text(std::size_t columnIndex) {
@@ -61,9 +63,11 @@ std::string CellComposer::TextFromDatabase(const Column& column) {
 
 std::string CellComposer::TextFromIndexLayer(const Column& column) {
     const std::int32_t page = Number(page_, "Page");
-    tokens_["PAGE_NUMBER"] = correction_.Corrected(page);
-    tokens_["ROW"] = grid_ ? Label(gridRow_, true) : gridRow_;
-    tokens_["COLUMN"] = grid_ ? Label(gridColumn_, false) : gridColumn_;
+    // A field that is not there counts as 0, which is neither corrected nor looked up on the grid.
+    const bool labelled = grid_ && HasGridFields();
+    tokens_["PAGE_NUMBER"] = pageField_ >= 0 ? correction_.Corrected(page) : kNoNumber;
+    tokens_["ROW"] = labelled ? Label(gridRow_, true) : gridRow_;
+    tokens_["COLUMN"] = labelled ? Label(gridColumn_, false) : gridColumn_;
     const auto feature = siblings_.seriesManager->PageFeature(page);
     return siblings_.expressionEngine->Evaluate(source_.indexLayerTable, feature, column.expression,
                                                 tokens_);

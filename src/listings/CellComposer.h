@@ -28,6 +28,9 @@ public:
     CellComposer(host::IHost& host, const Settings& settings, const SiblingObjects& siblings,
                  const ListingSource& source);
 
+    /// Looks up the fields of the listing database that have a role of their own.
+    void FindFields();
+
     /// Takes up a row of the listing database. The row must outlive the calls of Text.
     void SetRow(const host::Ref<host::IHostRow>& row);
 
@@ -47,6 +50,7 @@ private:
     std::string TextFromDatabase(const Column& column);
     std::string TextFromIndexLayer(const Column& column);
     std::int32_t Number(const host::Variant& value, const char* field);
+    bool HasGridFields() const { return rowField_ >= 0 && columnField_ >= 0; }
     host::Variant Label(const host::Variant& value, bool isRow);
 
     host::IHost& host_;
@@ -55,9 +59,9 @@ private:
     std::vector<Column> columns_;
     PageCorrection correction_;
     host::Ref<host::IHostIndexGrid> grid_;
-    std::int32_t pageField_;
-    std::int32_t rowField_;
-    std::int32_t columnField_;
+    std::int32_t pageField_ = -1;
+    std::int32_t rowField_ = -1;
+    std::int32_t columnField_ = -1;
 
     host::Ref<host::IHostRow> row_;
     host::Variant page_;

@@ -29,8 +29,7 @@ std::vector<Ref<IHostPropertySet>> TextColumns(const Settings& settings,
     if (!names.empty()) names.pop_back();
     std::vector<Ref<IHostPropertySet>> columns;
     columns.reserve(names.size());
-    for (const std::string& name : names)
-        columns.push_back(ToObject<IHostPropertySet>(results.listings->Item(name)));
+    for (const std::string& name : names) columns.push_back(SetUnder(*results.listings, name));
     return columns;
 }
 
@@ -46,7 +45,7 @@ void PopulateFirstLastListings(host::IHost& host, const Settings& settings,
     for (std::int32_t page = 1; page <= results.pageCount; ++page) {
         status.Show("Finding first and last listing on each page: ", page);
         const std::string key = std::to_string(page);
-        const auto rows = NamesOf(*ToObject<IHostPropertySet>(results.pageGroups->Item(key)));
+        const auto rows = NamesOf(*SetUnder(*results.pageGroups, key));
         const auto text = [&](const std::string& row) {
             return ListingText(columns, row, host.Locale());
         };

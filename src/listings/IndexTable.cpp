@@ -98,7 +98,10 @@ std::int64_t ComposeIndexTable(host::IHost& host, const Settings& settings,
     std::int64_t cells = 0;
     std::int64_t records = 0;
     const auto rows = source.databaseTable->Search(host.NewQueryFilter(), true);
-    for (auto row = rows->NextRow(); row; row = rows->NextRow()) {
+    auto row = rows->NextRow();
+    if (!row) return 0;
+    composer.FindFields();
+    for (; row; row = rows->NextRow()) {
         composer.SetRow(row);
         const auto buffer = indexTable.CreateRowBuffer();
         for (std::size_t i = 0; i < fields.size(); ++i) {

@@ -1,5 +1,8 @@
 #include "listings/PageCorrection.h"
 
+#include <limits>
+
+#include "host/Failure.h"
 #include "support/Conversions.h"
 
 namespace gazetteer {
@@ -34,6 +37,14 @@ std::int32_t OffsetOfTemplate(const std::vector<std::string>& pages, const std::
 }
 
 }  // namespace
+
+std::int32_t PageCorrection::Corrected(std::int32_t page) const {
+    const std::int64_t corrected = std::int64_t{page} + pageBase + seriesFirstPage - 2;
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (corrected < Limits::min() || corrected > Limits::max())
+        throw host::Failure(host::kFailureOverflow, "", "Overflow");
+    return static_cast<std::int32_t>(corrected);
+}
 
 PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects& siblings,
                                   const host::Ref<host::IHostMapFrame>& frame,

@@ -14,9 +14,8 @@ struct PageCorrection {
     std::int32_t pageBase = 1;
     std::int32_t seriesFirstPage = 0;
 
-    std::int32_t Corrected(std::int32_t page) const {
-        return page + pageBase + seriesFirstPage - 2;
-    }
+    /// The listing's page in the book. A page beyond 32 bits is an overflow.
+    std::int32_t Corrected(std::int32_t page) const;
 };
 
 /// Works the correction out from the map book. The frame becomes the series manager's frame.

@@ -33,9 +33,9 @@ Ref<host::IHostElement> ClearRepeatingText(host::IHost& host, const Settings& se
     const auto row = host::As<host::IHostGroupElement>(rowGroup);
     const auto names = NamesOf(*settings.columnDisplayOrder);
     for (std::size_t i = 0; i < names.size(); ++i) {
-        const auto column = ColumnSet(*settings.columnsProperties, names[i]);
+        const auto column = SetUnder(*settings.columnsProperties, names[i]);
         if (HoldsReference(ToText(column->Item("Expression"), locale))) continue;
-        const auto cells = ToObject<host::IHostPropertySet>(results.listings->Item(names[i]));
+        const auto cells = SetUnder(*results.listings, names[i]);
         if (locale.CompareText(ToText(cells->Item(thisRow), locale),
                                ToText(cells->Item(previousRow), locale)) != 0)
             break;

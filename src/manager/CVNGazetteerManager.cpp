@@ -43,11 +43,12 @@ void CVNGazetteerManager::SetIndexElement(const Ref<IHostGroupElement>& indexEle
         Raise("CVNGazetteerManager.SetIndexElement",
               "Index element no longer has series properties.");
     hasRun_ = false;
-    BindSettings(indexElement);
+    const std::int32_t earlierPages = working_.pageCount;
     try {
+        BindSettings(indexElement);
         TakeResults();
     } catch (...) {
-        DiscardResults();
+        DiscardResults(earlierPages);
         throw;
     }
 } catch (...) {
@@ -64,12 +65,14 @@ void CVNGazetteerManager::TakeResults() {
         PopulateIndexTable();
 }
 
-// After a failure: new empty sets, so that no page of an earlier element can come up. The page
-// count stays.
-void CVNGazetteerManager::DiscardResults() {
+// After a failure: columns of the manager's own and new empty sets, so that no page of an earlier
+// element can come up and no stored symbol is touched. The page count stays.
+void CVNGazetteerManager::DiscardResults(std::int32_t earlierPages) {
+    settings_.columnsProperties = host_->NewPropertySet();
     for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
                            &WorkingResults::firstListings, &WorkingResults::lastListings})
         working_.*set = host_->NewPropertySet();
+    working_.pageCount = earlierPages;
 }
 
 void CVNGazetteerManager::BindSettings(const Ref<IHostGroupElement>& indexElement) {

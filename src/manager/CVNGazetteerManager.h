@@ -78,7 +78,7 @@ private:
     void Reload();
     void PopulateIndexTable();
     void StoreResults();
-    void DiscardResults();
+    void DiscardResults(std::int32_t earlierPages);
     void MakeTransparentFill();
     void NoteFailure();
     void CheckPage(const char* operation, std::int32_t pageNumber) const;

@@ -28,11 +28,11 @@ bool CheckColumn(host::CVNExpressionEngine& engine, const std::string& name,
 bool CheckColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale& locale,
                             const host::IHostPropertySet& properties,
                             const ExpressionTables& tables, Findings& findings) try {
-    const auto columnNames = ToObject<host::IHostPropertySet>(properties.Item("ColumnNames"));
-    const auto columns = ToObject<host::IHostPropertySet>(properties.Item("ColumnsProperties"));
+    const auto columnNames = SetUnder(properties, "ColumnNames");
+    const auto columns = SetUnder(properties, "ColumnsProperties");
     bool valid = true;
     for (const std::string& name : NamesOf(*columnNames)) {
-        const auto column = ColumnSet(*columns, name);
+        const auto column = SetUnder(*columns, name);
         const std::string expression = ToText(column->Item("Expression"), locale);
         auto table = tables.database;
         if (!ToBoolean(column->Item("FromDatabase"))) {

@@ -20,7 +20,7 @@ bool Holds(const std::vector<std::string>& keys, const std::string& key) {
 // Takes the last frame of the stored name, with its index layer.
 void TakeFrame(const SiblingObjects& siblings, const std::string& name, ElementCheck& check) {
     for (const auto& frame : check.seriesFrames) {
-        if (host::As<host::IHostElementName>(frame)->Name() != name) continue;
+        if (Require<host::IHostElementName>(frame)->Name() != name) continue;
         check.seriesMapFrame = frame;
         siblings.seriesManager->ClearFrame();
         siblings.seriesManager->SetFrame(frame);
@@ -30,12 +30,25 @@ void TakeFrame(const SiblingObjects& siblings, const std::string& name, ElementC
     }
 }
 
+// What an element stores about where its listings come from.
+struct StoredSource {
+    StoredSource(const IHostPropertySet& properties, host::IHostLocale& locale)
+        : linked(ToBoolean(properties.Item("LinkToMapSeries"))),
+          section(ToText(properties.Item("MapSeriesSectionKey"), locale)),
+          templateKey(ToText(properties.Item("MapSeriesTemplateKey"), locale)),
+          frameName(ToText(properties.Item("MapSeriesFrameName"), locale)),
+          database(ToText(properties.Item("IndexDatabaseFile"), locale)) {}
+
+    bool linked;
+    std::string section;
+    std::string templateKey;
+    std::string frameName;
+    std::string database;
+};
+
 // Follows the stored link from section to template to frame.
-void CheckLink(host::IHostLocale& locale, const SiblingObjects& siblings,
-               const IHostPropertySet& properties, ElementCheck& check) {
-    const std::string section = ToText(properties.Item("MapSeriesSectionKey"), locale);
-    const std::string templateKey = ToText(properties.Item("MapSeriesTemplateKey"), locale);
-    const std::string frameName = ToText(properties.Item("MapSeriesFrameName"), locale);
+void CheckLink(const SiblingObjects& siblings, const StoredSource& stored, ElementCheck& check) {
+    const auto& [linked, section, templateKey, frameName, database] = stored;
     auto& book = *siblings.mapBook;
 
     check.sectionKeys = book.SectionKeys(book.SectionBook(section));
@@ -72,22 +85,25 @@ void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& che
 ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& siblings,
                                     const host::Ref<host::IHostElement>& element) try {
     ElementCheck check;
+    if (!siblings.expressionEngine)
+        throw host::Failure(host::kFailureUnspecified, "",
+                            "The map series library could not be reached.");
     if (!HasGazetteerProperties(host, element)) {
         check.findings.emplace_back("The element is no gazetteer.");
         return check;
     }
     auto& locale = host.Locale();
     const auto properties = StoredGazetteerProperties(element);
-    const bool linked = ToBoolean(properties->Item("LinkToMapSeries"));
-    if (linked) CheckLink(locale, siblings, *properties, check);
-    CheckDatabase(host, ToText(properties->Item("IndexDatabaseFile"), locale), check);
+    const StoredSource stored(*properties, locale);
+    if (stored.linked) CheckLink(siblings, stored, check);
+    CheckDatabase(host, stored.database, check);
 
     bool columnsValid = false;
     if (check.databaseTable)
         columnsValid = CheckColumnExpressions(
             *siblings.expressionEngine, locale, *properties,
             {check.databaseTable, check.linkValid, check.indexLayerTable}, check.findings);
-    check.canDraw = check.databaseTable && columnsValid && (!linked || check.linkValid);
+    check.canDraw = check.databaseTable && columnsValid && (!stored.linked || check.linkValid);
     return check;
 } catch (...) {
     PassOn("CheckElementProperties", kManagerLabel);

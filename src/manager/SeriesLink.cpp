@@ -37,8 +37,7 @@ void AddElement(host::MapSeriesManager& seriesManager, const Ref<IHostElement>& 
 Frames GetMapSeriesFrames(host::MapSeriesManager& seriesManager,
                           const Ref<host::IHostObject>& layout) try {
     Frames frames;
-    const auto elements = host::As<host::IHostElementContainer>(layout);
-    if (!elements) FailTypeMismatch();
+    const auto elements = Require<host::IHostElementContainer>(layout);
     elements->Reset();
     for (auto element = elements->Next(); element; element = elements->Next())
         AddElement(seriesManager, element, frames);

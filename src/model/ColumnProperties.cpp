@@ -80,11 +80,4 @@ host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const 
     PassOn("MakeColumnProperties", kFormLabel);
 }
 
-host::Ref<host::IHostPropertySet> ColumnSet(const host::IHostPropertySet& columnsProperties,
-                                            const std::string& name) {
-    auto set = ToObject<host::IHostPropertySet>(columnsProperties.Item(name));
-    if (!set) FailTypeMismatch();
-    return set;
-}
-
 }  // namespace gazetteer

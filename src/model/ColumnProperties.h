@@ -65,8 +65,4 @@ host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const 
                                                        bool fromDatabase, bool breakColumn,
                                                        const ColumnProperties* current);
 
-/// The set of the named column in a set of columns. Fails for an absent column.
-host::Ref<host::IHostPropertySet> ColumnSet(const host::IHostPropertySet& columnsProperties,
-                                            const std::string& name);
-
 }  // namespace gazetteer

@@ -2,6 +2,7 @@
 
 #include "model/ColumnProperties.h"
 #include "support/Conversions.h"
+#include "support/ErrorHandling.h"
 
 namespace gazetteer {
 
@@ -11,7 +12,7 @@ host::Ref<host::IHostPropertySet> CopySet(host::IHost& host,
 }
 
 void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
-               host::IHostPropertySet& properties) {
+               host::IHostPropertySet& properties) try {
     settings.haveSavedListings = false;
     settings.savedListings = host.NewPropertySet();
     settings.pageGroups = host.NewPropertySet();
@@ -23,18 +24,21 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
     Settings stored = settings;
     stored.columnsProperties = CopySet(host, settings.columnsProperties);
     WriteSettings(stored, properties);
+} catch (...) {
+    PassOn("UpdateProperties", kFormLabel);
 }
 
 double TotalColumnWidth(host::IHostLocale& locale, const Settings& settings) {
     double total = 0;
     for (const std::string& name : NamesOf(*settings.columnNames))
-        total +=
-            ToDouble(ColumnSet(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
+        total += ToDouble(SetUnder(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
     return total;
 }
 
-bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) {
+bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) try {
     return TotalColumnWidth(locale, settings) <= frameWidth;
+} catch (...) {
+    PassOn("CheckColumnSizing", kFormLabel);
 }
 
 }  // namespace gazetteer

@@ -38,7 +38,7 @@ Ref<IHostPropertySet> EnsureMakerSet(host::IHost& host, const Ref<IHostElement>&
         return ToObject<IHostPropertySet>(container->Item(kMakerKey));
     if (!container) {
         container = host.NewPropertySet();
-        host::As<IHostCustomProperty>(element)->SetCustomProperty(Ref<IHostObject>(container));
+        Require<IHostCustomProperty>(element)->SetCustomProperty(Ref<IHostObject>(container));
     }
     auto maker = host.NewPropertySet();
     container->SetItem(kMakerKey, Ref<IHostObject>(maker));

@@ -68,6 +68,13 @@ void FillEmptySets(host::IHost& host, Settings& settings) {
             settings.** field = host.NewPropertySet();
 }
 
+host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,
+                                           const std::string& name) {
+    auto inner = ToObject<host::IHostPropertySet>(set.Item(name));
+    if (!inner) FailTypeMismatch();
+    return inner;
+}
+
 std::vector<std::string> NamesOf(const host::IHostPropertySet& set) {
     return set.AllItems().names;
 }

@@ -80,6 +80,10 @@ void WriteSettings(const Settings& settings, host::IHostPropertySet& properties)
 /// Gives every set that the settings hold null for a new empty one.
 void FillEmptySets(host::IHost& host, Settings& settings);
 
+/// The set under a name of another set. Fails for an absent name and for another kind of value.
+host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,
+                                           const std::string& name);
+
 /// Names of a set in its order.
 std::vector<std::string> NamesOf(const host::IHostPropertySet& set);
 

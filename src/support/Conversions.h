@@ -33,6 +33,14 @@ host::Ref<T> ToObject(const host::Variant& value) {
     return object ? host::As<T>(*object) : nullptr;
 }
 
+/// The object seen as T; a type mismatch for null and for another kind.
+template <class T, class U>
+host::Ref<T> Require(const host::Ref<U>& object) {
+    auto wanted = host::As<T>(object);
+    if (!wanted) FailTypeMismatch();
+    return wanted;
+}
+
 /// The value as one of the types that settings have; objects of another kind are a type mismatch.
 template <class T>
 T ValueAs(const host::Variant& value, host::IHostLocale& locale) {

@@ -127,7 +127,8 @@ std::string SplitText(host::IHost& host, const host::Ref<host::IHostDisplay>& di
     }
     std::string trimmed = result;
     while (!trimmed.empty() && trimmed.back() == ' ') trimmed.pop_back();
-    if (!trimmed.empty() && trimmed.back() == '\n') result.resize(result.rfind("\r\n"));
+    if (!trimmed.empty() && trimmed.back() == '\n' && result.find("\r\n") != std::string::npos)
+        result.resize(result.rfind("\r\n"));
     return result;
 }
 

@@ -53,6 +53,7 @@ public:
             if (Number(0, 9) < 7) text += std::string(static_cast<std::size_t>(Number(0, 2)), ' ');
             text += words[static_cast<std::size_t>(Number(0, static_cast<int>(words.size()) - 1))];
             if (Number(0, 19) == 0) text += "$$NEWLINE";
+            if (Number(0, 59) == 0) text += Number(0, 1) == 0 ? "\n" : "\r";
             if (Number(0, 14) == 0) text += "$$DOTS";
         }
         if (Number(0, 3) == 0) text += ' ';
@@ -122,6 +123,7 @@ TEST_F(SplitText, TextsAndTokens) {
     };
     const Case cases[] = {
         {"nothing", "", 1, ""},
+        {"a bare line feed of the user's own stays", "Ash\n", 1, "Ash\n"},
         {"exactly as wide takes no dots", "Main St$$DOTS", main, "Main St"},
         {"a hard line end", "a$$NEWLINEb", 1, "a\r\nb"},
         {"a blank that overflows at the end leaves no line end", "Main St  ", main, "Main St"},
@@ -141,6 +143,19 @@ TEST_F(SplitText, LeadersEndWithinOneDotOfTheEdge) {
             std::string(text).find("$$DOTS", 1) != std::string::npos && text[0] == '$' ? 2 : 1;
         EXPECT_LE(WidthOf(result), 2) << text;
         EXPECT_GT(WidthOf(result) + static_cast<double>(places) * dot, 2) << text;
+    }
+}
+
+// Where the dotted line just overtakes another one, the growth of that step tells no dot's width.
+TEST_F(SplitText, DottedLineThatOvertakesTheWidestOne) {
+    for (const char* text : {"rhxzco$$NEWLINEfxsfg$$DOTS", "biztgqlclh$$NEWLINEx$$DOTS",
+                             "kntueo$$NEWLINEgrdql$$DOTS", "wide one$$NEWLINE.$$DOTS"}) {
+        const auto symbol = desk_.TextSymbol("Noto Sans", 10);
+        std::string shipped = text;
+        std::string plain = text;
+        EXPECT_EQ(fit_.SplitText(shipped, 6, symbol),
+                  reference::SplitText(desk_.Host(), desk_.Display(), plain, 6, symbol))
+            << text;
     }
 }
 

@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "model/GeneralFunctions.h"
@@ -192,6 +193,55 @@ TEST_F(Lifecycle, OlderVersionsLackKeys) {
         EXPECT_EQ(manager.BoundSettings().samplePage, version > 1) << version;
         EXPECT_EQ(manager.BoundSettings().combineFirstAndLast, version > 2) << version;
     }
+}
+
+// Whatever a damaged document holds ends in the dialog.
+TEST_F(Lifecycle, StoredValuesOfTheWrongKindAreFailures) {
+    struct Case {
+        const char* what;
+        std::function<void(const host::Ref<host::IHostPropertySet>&)> damage;
+    };
+    const auto text = std::string("x");
+    const Case cases[] = {
+        {"ColumnNames", [&](const auto& set) { set->SetItem("ColumnNames", text); }},
+        {"ColumnsProperties", [&](const auto& set) { set->SetItem("ColumnsProperties", text); }},
+        {"PageGroups",
+         [&](const auto& set) { TestDesk::SetIn(*set, "PageGroups")->SetItem("1", text); }},
+        {"SavedListings",
+         [&](const auto& set) {
+             TestDesk::SetIn(*set, "SavedListings")->SetItem("Listing", text);
+         }},
+        {"Version", [&](const auto& set) { set->RemoveItem("Version"); }},
+    };
+    for (const Case& c : cases) {
+        const auto element = Gazetteer();
+        CVNGazetteerManager(desk.HostRef()).SetIndexElement(element);
+        c.damage(desk.Properties(element));
+        CVNGazetteerManager manager(desk.HostRef());
+        desk.Dialogs().messages.clear();
+        manager.CanDrawIndex(element);
+        manager.SetIndexElement(element);
+        manager.SetIndexToPageNumber(1);
+        EXPECT_FALSE(desk.Dialogs().messages.empty()) << c.what;
+    }
+    CVNGazetteerManager(desk.HostRef())
+        .AddGazetteerProperties(nullptr, desk.Host().NewPropertySet());
+    EXPECT_EQ(desk.Dialogs().LastCause(), "Error attempting to set gazetteer properties.");
+}
+
+// The element's own symbols are never written to, also after a binding that failed half-way.
+TEST_F(Lifecycle, FailedBindingLeavesStoredSymbolsAlone) {
+    const auto good = Gazetteer();
+    const auto bad = Gazetteer();
+    desk.Column(bad, "Listing")->SetItem("Alignment", std::string("Right"));
+    desk.Properties(bad)->RemoveItem("Version");
+    CVNGazetteerManager manager(desk.HostRef());
+    manager.SetIndexElement(good);
+    manager.SetIndexElement(bad);
+    manager.SetIndexToPageNumber(1);
+    const auto symbol = std::get<host::Ref<host::IHostObject>>(
+        desk.Column(bad, "Listing")->Item("ColumnFontSymbol"));
+    EXPECT_EQ(host::As<host::IHostTextSymbol>(symbol)->HorizontalPlacement(), 0);
 }
 
 TEST_F(Lifecycle, PropertiesHangBesideThoseOfOthers) {

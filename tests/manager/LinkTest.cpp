@@ -58,6 +58,19 @@ TEST_F(Link, IndexLayerColumnsSeeCorrectedPagesAndLabels) {
     EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|6 C-j North", "Birch|7 40-i South"}));
 }
 
+// Fields that are not there count as 0, which no grid is asked about.
+TEST_F(Link, TableWithoutGridFields) {
+    const auto link = {"MapSeriesSectionKey", "MapSeriesTemplateKey", "MapSeriesFrameName"};
+    const auto linked = element;
+    element = desk.NewGazetteer(desk.ListingTable({{"Ash", "1"}}), 4.5, 3);
+    for (const char* key : link) Set(key, desk.Properties(linked)->Item(key));
+    Set("LinkToMapSeries", true);
+    desk.Column(element, "Page")->SetItem("FromDatabase", false);
+    desk.Column(element, "Page")
+        ->SetItem("Expression", std::string("$$PAGE_NUMBER $$ROW-$$COLUMN"));
+    EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|6 0-0"}));
+}
+
 TEST_F(Link, DatabaseColumnsSeeRawValues) {
     EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|1 3-2", "Birch|2 40-1"}));
 }

@@ -14,7 +14,7 @@ using Json = nlohmann::ordered_json;
 Json ColumnJson(Edit& edit, const std::string& name) {
     auto& settings = edit.Settings();
     Json json = {{"name", name}, {"sorted", std::get<bool>(settings.columnSortOrder->Item(name))}};
-    const auto items = gazetteer::ColumnSet(*settings.columnsProperties, name)->AllItems();
+    const auto items = gazetteer::SetUnder(*settings.columnsProperties, name)->AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i) {
         const auto& value = items.values[i];
         if (const auto* flag = std::get_if<bool>(&value))
@@ -31,7 +31,7 @@ Json ColumnJson(Edit& edit, const std::string& name) {
 
 void PrintColumn(Edit& edit, const std::string& name) {
     std::printf("%s\n", name.c_str());
-    const auto items = gazetteer::ColumnSet(*edit.Settings().columnsProperties, name)->AllItems();
+    const auto items = gazetteer::SetUnder(*edit.Settings().columnsProperties, name)->AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i)
         std::printf("  %s=%s\n", items.names[i].c_str(), ValueText(items.values[i]).c_str());
 }

@@ -17,6 +17,7 @@ int Draw(const CommonOptions& common, const DrawOptions& options) {
     CheckPage(options.page, session.PageCount());
     session.Manager().SetIndexToPageNumber(options.page);
     session.CheckNothingFailed();
+    LabelSheet(session, options.page);
 
     if (!options.output.empty()) WriteDrawnPage(session, options.output, options.page);
     if (options.json) {

@@ -20,8 +20,9 @@ int Make(const CommonOptions& common, const MakeOptions& options) {
 
     session.BindDrawable();
     session.CheckHasPages();
-    WriteSheets(session, options.output, ParsePages("", session.PageCount()));
+    // First what may be refused at once: a failing command leaves no sheet behind.
     if (!options.document.empty()) session.Save();
+    WriteSheets(session, options.output, ParsePages("", session.PageCount()));
     return 0;
 }
 

@@ -16,7 +16,7 @@ using host::IHostPropertySet;
 
 Json PageJson(gazetteer::CVNGazetteerManager& manager, std::int32_t page) {
     const auto rows =
-        ToObject<IHostPropertySet>(manager.Working().pageGroups->Item(std::to_string(page)));
+        gazetteer::SetUnder(*manager.Working().pageGroups, std::to_string(page));
     return {{"page", page},
             {"name", std::get<std::string>(manager.PageName(page))},
             {"first", manager.FirstListing(page)},

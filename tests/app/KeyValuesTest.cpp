@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include "app/Errors.h"
+#include "app/KeyValues.h"
+#include "support/TestDesk.h"
+
+namespace tests {
+namespace {
+
+using app::ParseValue;
+using gazetteer::ValueKind;
+
+TEST(Assignments, CutAtTheFirstEqualsAndTheLastDotBeforeIt) {
+    struct Case {
+        const char* text;
+        const char* column;
+        const char* key;
+        const char* value;
+    };
+    for (const Case& c : {Case{"SortColumns=false", "", "SortColumns", "false"},
+                          Case{"Listing.Title= a=b.c ", "Listing", "Title", " a=b.c "},
+                          Case{"St.Name.Title=x", "St.Name", "Title", "x"},
+                          Case{"*.ColumnWidth=1", "*", "ColumnWidth", "1"},
+                          Case{"CombineDelimeter=", "", "CombineDelimeter", ""}}) {
+        const auto parsed = app::ParseAssignment(c.text);
+        EXPECT_EQ(parsed.column, c.column) << c.text;
+        EXPECT_EQ(parsed.key, c.key) << c.text;
+        EXPECT_EQ(parsed.value, c.value) << c.text;
+    }
+    for (const char* wrong : {"", "Title", ".Title=x", "Listing.Title=\xff"})
+        EXPECT_THROW(app::ParseAssignment(wrong), app::UsageError) << wrong;
+}
+
+TEST(Values, ReadAsTheTypeOfTheirKeyAndWrittenBackTheSame) {
+    support::TestDesk desk;
+    const std::pair<ValueKind, const char*> values[] = {
+        {ValueKind::Boolean, "true"},
+        {ValueKind::Boolean, "false"},
+        {ValueKind::Long, "-12"},
+        {ValueKind::Double, "0.1"},
+        {ValueKind::Double, "-2"},
+        {ValueKind::String, " two  blanks, a comma "},
+        {ValueKind::TextSymbol, "DejaVu Sans Mono,10,bold,#B00010"},
+        {ValueKind::TextSymbol, "Liberation Sans,8.5"},
+        {ValueKind::TextSymbol, "Liberation Sans,8,#00FF01"},
+        {ValueKind::FillSymbol, "#0A0B0C"},
+    };
+    for (const auto& [kind, text] : values)
+        EXPECT_EQ(app::ValueText(ParseValue(desk.Host(), "Key", kind, text)), text);
+}
+
+TEST(Values, RedIsTheFirstPairOfAColour) {
+    support::TestDesk desk;
+    const auto value = ParseValue(desk.Host(), "Key", ValueKind::FillSymbol, "#B01020");
+    const auto fill =
+        host::As<host::IHostFillSymbol>(std::get<host::Ref<host::IHostObject>>(value));
+    EXPECT_EQ(fill->Color()->RGB(), 0x2010B0U);
+}
+
+TEST(Values, RefusedInAnotherForm) {
+    support::TestDesk desk;
+    const std::pair<ValueKind, const char*> values[] = {
+        {ValueKind::Boolean, "True"},
+        {ValueKind::Boolean, "1"},
+        {ValueKind::Boolean, ""},
+        {ValueKind::Long, "1.0"},
+        {ValueKind::Long, "3000000000"},
+        {ValueKind::Long, " 1"},
+        {ValueKind::Double, "1,5"},
+        {ValueKind::Double, "nan"},
+        {ValueKind::Double, "1 "},
+        {ValueKind::TextSymbol, "Liberation Sans"},
+        {ValueKind::TextSymbol, "Liberation Sans,0"},
+        {ValueKind::TextSymbol, ",8"},
+        {ValueKind::TextSymbol, "Liberation Sans,8,italic"},
+        {ValueKind::TextSymbol, "Liberation Sans,8,#B00010,bold"},
+        {ValueKind::TextSymbol, "Liberation Sans,8,bold,#B0001"},
+        {ValueKind::FillSymbol, "B00010"},
+        {ValueKind::FillSymbol, "#B0001G"},
+        {ValueKind::FillSymbol, "#B000100"},
+    };
+    for (const auto& [kind, text] : values)
+        EXPECT_THROW(ParseValue(desk.Host(), "Key", kind, text), app::UsageError) << text;
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,138 @@
+#include <array>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <memory>
+#include <set>
+
+#include "app/Program.h"
+
+namespace tests {
+namespace {
+
+std::string Shell(const std::string& command) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(command.c_str(), "r"),
+                                                               ::pclose);
+    std::string output;
+    std::array<char, 4096> bytes{};
+    while (const auto count = std::fread(bytes.data(), 1, bytes.size(), pipe.get()))
+        output.append(bytes.data(), count);
+    return output;
+}
+
+class Print : public ::testing::Test {
+protected:
+    void SetUp() override { program_.WriteLongTable("long.dbf", 520); }
+    Program program_;
+};
+
+TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
+    const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--document", "o.json"});
+    EXPECT_EQ(made.errors.find("warning"), std::string::npos) << made.errors;
+    const auto tree = program_.Done({"draw", "o.json", "--page", "1", "--json"}).Json();
+    const auto& frame = tree["frame"];
+    std::set<double> lefts;
+    double right = 0;
+    int headings = 0;
+    for (const auto& member : tree["members"]) {
+        const auto& bounds = member["bounds"];
+        lefts.insert(std::round(bounds["xmin"].get<double>() * 1000));
+        right = std::max(right, bounds["xmax"].get<double>());
+        EXPECT_GE(bounds["ymin"].get<double>(), frame["ymin"].get<double>() - 1e-6);
+        EXPECT_LE(bounds["ymax"].get<double>(), frame["ymax"].get<double>() + 1e-6);
+        if (member["tag"] == "BREAKGROUP") ++headings;
+    }
+    EXPECT_EQ(lefts.size(), 3U);
+    EXPECT_NEAR(right, frame["xmax"], 1e-6);
+    EXPECT_GT(headings, 3);
+}
+
+TEST_F(Print, LeadersEndWithinADotOfOneEdge) {
+    program_.Done({"make", "long.dbf", "-o", "o.pdf"});
+    // Words with their boxes in points: lines of "<word xMin= yMin= xMax= yMax=>text</word>".
+    const std::string words = Shell("pdftotext -bbox '" + program_.File("o.pdf") + "' -");
+    std::vector<double> ends;
+    for (std::size_t at = words.find("..</word>"); at != std::string::npos;
+         at = words.find("..</word>", at + 1)) {
+        const auto edge = words.rfind("xMax=\"", at) + 6;
+        const double end = std::stod(words.substr(edge));
+        if (end < 204) ends.push_back(end);  // The first of three column groups.
+    }
+    ASSERT_GT(ends.size(), 100U);
+    const auto [least, most] = std::ranges::minmax(ends);
+    EXPECT_LT(most - least, 8 * 0.278 + 0.05);  // A dot of the font is 0.278 em wide.
+}
+
+TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
+    program_.Done({"make", "long.dbf", "-o", "o.pdf", "--document", "o.json"});
+    const auto pages = program_.Done({"show", "o.json", "--json"}).Json()["pages"];
+    ASSERT_GE(pages.size(), 2U);
+    const std::string info = Shell("pdfinfo '" + program_.File("o.pdf") + "'");
+    EXPECT_NE(info.find("Title:           long"), std::string::npos) << info;
+    EXPECT_NE(info.find("Pages:           " + std::to_string(pages.size())), std::string::npos);
+    const std::string second =
+        Shell("pdftotext -f 2 -l 2 -layout '" + program_.File("o.pdf") + "' -");
+    const std::string first = pages[1]["first"].get<std::string>().substr(1);
+    const std::string head = first + " \u2013 " + pages[1]["last"].get<std::string>().substr(1);
+    EXPECT_NE(second.find(head), std::string::npos) << second;
+    EXPECT_NE(second.find(" 2\n", second.rfind(' ')), std::string::npos);
+    EXPECT_NE(program_.Bytes("o.pdf").find("/Outlines"), std::string::npos);
+}
+
+TEST_F(Print, ADrawnDocumentIsLabelledWithItsPage) {
+    program_.Done({"make", "long.dbf", "-o", "o.pdf", "--document", "o.json"});
+    for (const char* page : {"2", "1"}) {
+        program_.Done({"draw", "o.json", "--page", page});
+        const auto document = nlohmann::json::parse(program_.Bytes("o.json"));
+        const auto& elements = document["page"]["elements"];
+        EXPECT_EQ(elements[1]["tag"], "RUNNINGHEAD");
+        EXPECT_EQ(elements[1]["text"].get<std::string>().starts_with("Aa Street"),
+                  page == std::string("1"));
+        EXPECT_EQ(elements[2]["tag"], "SHEETNUMBER");
+        EXPECT_EQ(elements[2]["text"], page);
+    }
+}
+
+TEST_F(Print, OverridesComeLast) {
+    program_.Done({"make", "streets.dbf", "-o", "o.pdf", "--document", "o.json", "--set",
+                   "CombineDelimeter=; ", "--set", "Listing.Title=Place"});
+    const auto stored = program_.Stored("o.json");
+    EXPECT_EQ(stored["CombineDelimeter"], "; ");
+    EXPECT_EQ(stored["ColumnsProperties"]["Listing"]["Title"], "Place");
+    EXPECT_EQ(stored["CombineWithNewLine"], false);
+    EXPECT_EQ(stored["CombineFirstAndLast"], false);
+    EXPECT_EQ(stored["HaveSavedListings"], true);
+    const std::string text = Shell("pdftotext -layout '" + program_.File("o.pdf") + "' -");
+    EXPECT_NE(text.find("Place"), std::string::npos) << text;
+    EXPECT_NE(text.find(";"), std::string::npos) << text;
+}
+
+TEST_F(Print, ImagesAreNumbered) {
+    program_.Done({"make", "long.dbf", "-o", "o.svg", "--document", "o.json"});
+    EXPECT_TRUE(program_.Exists("o-1.svg"));
+    EXPECT_TRUE(program_.Exists("o-2.svg"));
+    EXPECT_FALSE(program_.Exists("o.svg"));
+    program_.Done({"export", "o.json", "-o", "p.PNG", "--pages", "2"});
+    EXPECT_TRUE(program_.Exists("p-2.PNG"));
+    EXPECT_FALSE(program_.Exists("p-1.PNG"));
+    program_.Done({"draw", "o.json", "--page", "2", "-o", "one.png"});
+    EXPECT_EQ(program_.Bytes("one.png"), program_.Bytes("p-2.PNG"));
+}
+
+TEST_F(Print, AReplacedFileStaysWhereMakingFails) {
+    program_.Done({"make", "streets.dbf", "-o", "o.pdf"});
+    const auto before = program_.Bytes("o.pdf");
+    EXPECT_EQ(program_.Run({"make", "streets.dbf", "-o", "o.pdf", "--set", "Page.ColumnWidth=0.05"})
+                  .status,
+              1);
+    EXPECT_EQ(program_.Bytes("o.pdf"), before);
+}
+
+TEST_F(Print, ASampleIsOnePage) {
+    const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample"});
+    EXPECT_NE(made.errors.find("found no place on a page"), std::string::npos) << made.errors;
+    EXPECT_NE(Shell("pdfinfo '" + program_.File("o.pdf") + "'").find("Pages:           1\n"),
+              std::string::npos);
+}
+
+}  // namespace
+}  // namespace tests

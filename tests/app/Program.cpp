@@ -1,0 +1,106 @@
+#include "app/Program.h"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tests {
+namespace {
+
+std::string ReadAll(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void Redirect(const std::string& path, int stream) {
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    ::dup2(file, stream);
+}
+
+// A property set's list of names and values as an object, and the sets in it likewise.
+nlohmann::json AsObject(const nlohmann::json& value) {
+    if (!value.is_object() || !value.contains("set")) return value;
+    nlohmann::json object = nlohmann::json::object();
+    for (const auto& entry : value["set"]) object[entry[0].get<std::string>()] = AsObject(entry[1]);
+    return object;
+}
+
+}  // namespace
+
+Program::Program() {
+    WriteTable("streets.dbf", {{"Main St", "6", "2", "3"},
+                               {"Abbey Road", "4", "1", "2"},
+                               {"Abbey Road", "9", "3", "1"},
+                               {"Abbey Road", "4", "1", "2"}});
+}
+
+Outcome Program::Run(std::vector<std::string> arguments) const {
+    const std::string output = File(".output");
+    const std::string errors = File(".errors");
+    arguments.insert(arguments.begin(), GAZETTEER_BINARY_DIR "/bin/gazetteer");
+    std::vector<char*> pointers;
+    for (auto& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::chdir(folder_.Path().c_str()) != 0) ::_exit(126);
+        ::setenv("LC_ALL", "en_US.UTF-8", 1);
+        Redirect(output, STDOUT_FILENO);
+        Redirect(errors, STDERR_FILENO);
+        ::execv(pointers[0], pointers.data());
+        ::_exit(127);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(output), ReadAll(errors)};
+}
+
+Outcome Program::Done(std::vector<std::string> arguments) const {
+    auto outcome = Run(std::move(arguments));
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    return outcome;
+}
+
+bool Program::Exists(const std::string& name) const {
+    return std::filesystem::exists(File(name));
+}
+
+std::string Program::Bytes(const std::string& name) const {
+    return ReadAll(File(name));
+}
+
+nlohmann::json Program::Stored(const std::string& document) const {
+    const auto whole = nlohmann::json::parse(Bytes(document));
+    for (const auto& element : whole["page"]["elements"])
+        if (element.contains("custom"))
+            return AsObject(element["custom"])["CorvaneProperties"]["GazetteerProperties"];
+    return {};
+}
+
+void Program::WriteTable(const std::string& name,
+                         const std::vector<std::vector<std::string>>& rows) const {
+    support::DbfBuilder table(
+        {{"Listing", 'C', 40}, {"Page", 'N', 4}, {"Row", 'N', 4}, {"Column", 'N', 4}});
+    table.LanguageDriver(0x57);
+    for (const auto& row : rows) table.Row(row);
+    table.Write(File(name));
+}
+
+void Program::WriteLongTable(const std::string& name, int listings) const {
+    std::vector<std::vector<std::string>> rows;
+    for (int i = 0; i < listings; ++i) {
+        std::string listing = "Aa Street";
+        listing[0] = static_cast<char>('A' + i / 2 % 26);
+        listing[1] = static_cast<char>('a' + i / 52 % 26);
+        listing += i % 2 == 0 ? "" : " North Extension";
+        rows.push_back({listing, std::to_string(i + 1), "1", "2"});
+    }
+    WriteTable(name, rows);
+}
+
+}  // namespace tests

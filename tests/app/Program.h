@@ -1,0 +1,46 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "support/DbfBuilder.h"
+#include "support/TemporaryFolder.h"
+
+namespace tests {
+
+/// What a run of the program left.
+struct Outcome {
+    int status = -1;
+    std::string output;
+    std::string errors;
+
+    nlohmann::json Json() const { return nlohmann::json::parse(output); }
+};
+
+/// The real program, run in a folder of its own as a user would run it.
+class Program {
+public:
+    Program();
+
+    Outcome Run(std::vector<std::string> arguments) const;
+    /// Runs a command that must succeed.
+    Outcome Done(std::vector<std::string> arguments) const;
+
+    std::string File(const std::string& name) const { return folder_.File(name); }
+    bool Exists(const std::string& name) const;
+    std::string Bytes(const std::string& name) const;
+    /// The values under the gazetteer's keys as the document stores them, by name.
+    nlohmann::json Stored(const std::string& document) const;
+
+    /// A table with Listing (C 40), Page, Row and Column (N 4).
+    void WriteTable(const std::string& name,
+                    const std::vector<std::vector<std::string>>& rows) const;
+    /// As many listings as asked for, two to a letter, each with its number as the page.
+    void WriteLongTable(const std::string& name, int listings) const;
+
+private:
+    support::TemporaryFolder folder_;
+};
+
+}  // namespace tests

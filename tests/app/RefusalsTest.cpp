@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include "app/Program.h"
+
+namespace tests {
+namespace {
+
+struct Refusal {
+    std::vector<std::string> arguments;
+    int status;
+    const char* sentence;  ///< A part of standard error.
+};
+
+class Refusals : public ::testing::Test {
+protected:
+    void SetUp() override {
+        program_.WriteTable("empty.dbf", {});
+        support::DbfBuilder({{"NAME", 'C', 8}, {"SHEET", 'N', 4}})
+            .Row({"x", "1"})
+            .Write(program_.File("nopage.dbf"));
+        program_.Done({"new", "d.json", "--listing-database", "streets.dbf"});
+        program_.Done({"new", "empty.json", "--listing-database", "empty.dbf"});
+        program_.Done(
+            {"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
+        program_.Done({"new", "narrow.json", "--listing-database", "streets.dbf", "--set",
+                       "Page.ColumnWidth=0.05"});
+    }
+
+    // Each leaves the document as it was and no result, neither on standard output nor as a file.
+    void Expect(const std::vector<Refusal>& refusals) {
+        const auto before = program_.Bytes("d.json");
+        for (const auto& refusal : refusals) {
+            std::string command;
+            for (const auto& argument : refusal.arguments) command += argument + ' ';
+            const auto outcome = program_.Run(refusal.arguments);
+            EXPECT_EQ(outcome.status, refusal.status) << command;
+            EXPECT_NE(outcome.errors.find(refusal.sentence), std::string::npos) << command << "\n"
+                                                                                << outcome.errors;
+            EXPECT_EQ(outcome.output, "") << command;
+            EXPECT_EQ(program_.Bytes("d.json"), before) << command;
+            for (const char* file : {"o.pdf", "o-1.png", "o.svg", "x.json"})
+                EXPECT_FALSE(program_.Exists(file)) << command;
+        }
+    }
+
+    Program program_;
+};
+
+TEST_F(Refusals, OfWrongUsage) {
+    Expect({
+        {{}, 2, "--help"},
+        {{"print"}, 2, "no command \"print\""},
+        {{"column", "rename"}, 2, "no command \"rename\""},
+        {{"show"}, 2, "DOC"},
+        {{"show", "d.json", "--pretty"}, 2, "--pretty"},
+        {{"draw", "d.json"}, 2, "--page"},
+        {{"make", "streets.dbf"}, 2, "--output"},
+        {{"make", "streets.dbf", "-o", "o.docx"}, 2, "o.docx"},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--set", "Foo=1"}, 2, "no property \"Foo\""},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--page-size", "a0"}, 2, "--page-size a0"},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--frame", "1,1,9,3"}, 2, "--frame 1,1,9,3"},
+        {{"export", "d.json", "-o", "o.pdf", "--pages", "2-1"}, 2, "--pages 2-1"},
+        {{"set", "d.json"}, 2, "KEY=VALUE"},
+        {{"set", "d.json", "SortColumns"}, 2, "KEY=VALUE"},
+        {{"set", "d.json", "DefaultPage=2", "Foo=1"}, 2, "no property \"Foo\""},
+        {{"set", "d.json", "ColumnWidth=1"}, 2, "COLUMN.ColumnWidth=VALUE"},
+        {{"set", "d.json", "Listing.Foo=1"}, 2, "no column property \"Foo\""},
+        {{"set", "d.json", "Region.Title=x"}, 2, "no column \"Region\""},
+        {{"set", "d.json", "SortColumns=yes"}, 2, "true or false"},
+        {{"set", "d.json", "HaveSavedListings=true"}, 2, "HaveSavedListings"},
+        {{"set", "d.json", "PageGroups=1"}, 2, "PageGroups"},
+        {{"set", "d.json", "ColumnNames=Page"}, 2, "ColumnNames"},
+        {{"set", "d.json", "Version=3"}, 2, "Version"},
+        {{"set", "d.json", "ColumnDisplayOrder=Page"}, 2, "\"Listing\" is missing"},
+        {{"set", "d.json", "ColumnDisplayOrder=Page,Listing,page"}, 2, "\"Page\" stands twice"},
+        {{"set", "d.json", "ColumnDisplayOrder=Page:off,Listing"}, 2, "\"Page:off\""},
+        {{"column", "add", "d.json", "PAGE"}, 2, "Invalid Name: Column name already in use!"},
+        {{"column", "add", "d.json", "  "}, 2, "name"},
+        {{"column", "add", "d.json", "New", "Foo=1"}, 2, "\"Foo\""},
+        {{"column", "add", "d.json", "New", "Page.Title=x"}, 2, "Page.Title"},
+        {{"column", "remove", "d.json", "Region"}, 2, "no column \"Region\""},
+        {{"column", "remove", "d.json", "page"}, 2, "There 'Page' column can't be removed"},
+        {{"column", "remove", "d.json", "Listing"}, 2, "at least one column defined"},
+    });
+}
+
+TEST_F(Refusals, OfWhatCannotBeDone) {
+    Expect({
+        {{"new", "d.json", "--listing-database", "streets.dbf"}, 1, "--force"},
+        {{"new", "x.json", "--listing-database", "gone.dbf"}, 1, "gone.dbf"},
+        {{"new", "x.json", "--listing-database", "nopage.dbf"}, 1, "NAME, SHEET"},
+        {{"make", "nopage.dbf", "-o", "o.pdf"}, 1, "no field \"Page\""},
+        {{"make", "empty.dbf", "-o", "o.pdf"}, 1, "no records"},
+        {{"make", "streets.dbf", "-o", "nowhere/o.pdf"}, 1, "nowhere/o.pdf"},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--frame", "1,1,5,0.02"}, 1, "no page"},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--locale", "xx_YY"}, 1, "xx_YY"},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--set", "Listing.Expression=[X]"}, 1, "named X"},
+        {{"make", "streets.dbf", "-o", "o.png", "--document", "nowhere/x.json"}, 1, "nowhere"},
+        {{"show", "gone.json"}, 1, "gone.json"},
+        {{"show", "streets.dbf"}, 1, "streets.dbf"},
+        {{"table", "gone.dbf"}, 1, "gone.dbf"},
+        {{"draw", "d.json", "--page", "0"}, 1, "There is no page 0"},
+        {{"draw", "d.json", "--page", "2"}, 1, "There is no page 2"},
+        {{"export", "d.json", "-o", "o.pdf", "--pages", "1-2"}, 1, "There is no page 2"},
+        {{"generate", "empty.json"}, 1, "no records"},
+        {{"draw", "empty.json", "--page", "1"}, 1, "no records"},
+        {{"export", "empty.json", "-o", "o.pdf"}, 1, "no records"},
+        {{"draw", "low.json", "--page", "1"}, 1, "no page"},
+        {{"export", "low.json", "-o", "o.png"}, 1, "no page"},
+        {{"generate", "narrow.json"}, 1, "too narrow for selected Font! (column \"Page\""},
+        {{"component", "install"}, 1, "cannot be loaded"},
+    });
+}
+
+TEST_F(Refusals, ShowTheWholeDialogWhenAskedTo) {
+    const auto outcome = program_.Run({"generate", "narrow.json", "--verbose"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_NE(outcome.errors.find("SplitText"), std::string::npos) << outcome.errors;
+    EXPECT_NE(outcome.errors.find("-2147220991"), std::string::npos) << outcome.errors;
+}
+
+TEST_F(Refusals, LeaveAGazetteerWithoutPagesGenerated) {
+    const auto outcome = program_.Done({"generate", "low.json"});
+    EXPECT_NE(outcome.errors.find("2 listings found no place"), std::string::npos);
+    EXPECT_EQ(program_.Done({"check", "empty.json", "--json"}).Json()["drawable"], true);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,151 @@
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "app/Program.h"
+
+namespace tests {
+namespace {
+
+using nlohmann::json;
+
+class Results : public ::testing::Test {
+protected:
+    void SetUp() override {
+        program_.Done({"new", "d.json", "--listing-database", "streets.dbf", "--set",
+                       "*.ColumnFontSymbol=Liberation Sans,8"});
+    }
+    Program program_;
+};
+
+TEST_F(Results, ShowTellsPagesAndListings) {
+    const auto shown = program_.Done({"show", "d.json", "--json"});
+    EXPECT_EQ(shown.Json(), json::parse(R"({"drawable": true, "defaultPage": 1, "pageCount": 1,
+        "columns": ["Listing", "Page"],
+        "pages": [{"page": 1, "name": " Abbey Road -  Main St", "first": " Abbey Road",
+                   "last": " Main St", "rows": ["2", "1"]}],
+        "listings": [
+         {"row": "2", "cells": {"Listing": "Abbey Road", "Page": "4 1-2$$NEWLINE9 3-1"}},
+         {"row": "1", "cells": {"Listing": "Main St", "Page": "6 2-3"}}]})"));
+    EXPECT_NE(shown.errors.find("4 records: 2 listings, 1 duplicate dropped, 1 reference combined, "
+                                "1 page."),
+              std::string::npos)
+        << shown.errors;
+    EXPECT_NE(program_.Done({"show", "d.json"}).output.find("Abbey Road -  Main St"),
+              std::string::npos);
+}
+
+TEST_F(Results, ShowKeepsItsShapeWithoutPages) {
+    const auto nothing = json::parse(R"({"drawable": false, "defaultPage": 0, "pageCount": 0,
+        "columns": [], "pages": [], "listings": []})");
+    program_.Done({"set", "d.json", "Listing.Expression=[Nowhere]"});
+    EXPECT_EQ(program_.Done({"show", "d.json", "--json"}).Json(), nothing);
+    program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
+    EXPECT_EQ(program_.Done({"show", "low.json", "--json"}).Json(), nothing);
+}
+
+TEST_F(Results, DrawPrintsTheElementTree) {
+    const auto tree = program_.Done({"draw", "d.json", "--page", "1", "--json"}).Json();
+    EXPECT_EQ(tree["page"], 1);
+    EXPECT_EQ(tree["pageCount"], 1);
+    EXPECT_EQ(tree["draft"], false);
+    EXPECT_NEAR(tree["frame"]["xmax"], 8.0, 1e-9);
+    std::string tags;
+    for (const auto& member : tree["members"]) tags += member["tag"].get<std::string>() + ' ';
+    // Titles come last, on top. Nothing stands before the first listing without a starting break.
+    EXPECT_EQ(tags, "ROWGROUP BREAKGROUP ROWGROUP TITLEGROUP ");
+    const auto& row = tree["members"][0];
+    EXPECT_NEAR(row["bounds"]["xmin"], 0.5, 1e-9);
+    EXPECT_NEAR(row["bounds"]["xmax"], 4.5, 1e-9);
+    const auto& cell = row["members"][0];
+    EXPECT_EQ(cell["tag"], "COLUMNELEMENT");
+    EXPECT_EQ(cell["members"][0]["tag"], "COLUMNBACKGROUND");
+    EXPECT_EQ(cell["members"][0]["fill"], "#FFFFFF");
+    const auto& text = cell["members"][1];
+    EXPECT_EQ(text["text"], "Abbey Road");
+    EXPECT_EQ(text["font"], "Liberation Sans");
+    EXPECT_EQ(text["size"], 8.0);
+    EXPECT_NEAR(text["at"]["x"], 0.55, 1e-9);
+    EXPECT_EQ(text["horizontal"], 0);
+    EXPECT_EQ(text["vertical"], 1);
+}
+
+TEST_F(Results, DrawTellsATransparentFillFromAColour) {
+    program_.Done(
+        {"set", "d.json", "Listing.ColorBackground=false", "Page.BackgroundSymbol=#0A1B2C"});
+    const auto tree = program_.Done({"draw", "d.json", "--page", "1", "--json"}).Json();
+    const auto& cells = tree["members"][0]["members"];
+    EXPECT_EQ(cells[0]["members"][0]["fill"], nullptr);
+    EXPECT_EQ(cells[1]["members"][0]["fill"], "#0A1B2C");
+}
+
+TEST_F(Results, AreOnDiskOnceACommandSaves) {
+    const auto fresh = program_.Bytes("d.json");
+    program_.Done({"show", "d.json"});
+    program_.Done({"check", "d.json"});
+    program_.Done({"column", "list", "d.json"});
+    program_.Done({"export", "d.json", "-o", "d.pdf"});
+    program_.Done({"draw", "d.json", "--page", "1", "--json"});
+    program_.Done({"draw", "d.json", "--page", "1", "-o", "d.svg"});
+    EXPECT_EQ(program_.Bytes("d.json"), fresh);
+
+    program_.Done({"generate", "d.json"});
+    const auto generated = program_.Bytes("d.json");
+    EXPECT_NE(generated, fresh);
+    EXPECT_EQ(program_.Done({"generate", "d.json"}).errors, "");
+    EXPECT_EQ(program_.Bytes("d.json"), generated);
+
+    program_.Done({"draw", "d.json", "--page", "1"});
+    const auto drawn = program_.Bytes("d.json");
+    EXPECT_NE(drawn.find("ROWGROUP"), std::string::npos);
+    program_.Done({"draft", "d.json"});
+    const auto draft = program_.Bytes("d.json");
+    EXPECT_EQ(draft.find("ROWGROUP"), std::string::npos);
+    EXPECT_EQ(json::parse(draft)["page"]["elements"][0]["draft"], true);
+    EXPECT_EQ(program_.Stored("d.json")["HaveSavedListings"], true);
+}
+
+TEST_F(Results, OfEveryBindingAreNeverStored) {
+    program_.Done({"set", "d.json", "AutoRefreshListings=true"});
+    const auto before = program_.Bytes("d.json");
+    EXPECT_NE(program_.Done({"generate", "d.json"}).errors.find("4 records"), std::string::npos);
+    EXPECT_EQ(program_.Bytes("d.json"), before);
+}
+
+TEST_F(Results, CheckGivesEveryReason) {
+    EXPECT_EQ(program_.Done({"check", "d.json", "--json"}).Json(),
+              json({{"drawable", true}, {"reasons", json::array()}}));
+    program_.Done({"set", "d.json", "Listing.Expression=[Nowhere]", "Page.FromDatabase=false"});
+    const auto check = program_.Done({"check", "d.json", "--json"}).Json();
+    EXPECT_EQ(check["drawable"], false);
+    ASSERT_EQ(check["reasons"].size(), 2U);
+    EXPECT_NE(check["reasons"][0].get<std::string>().find("Nowhere"), std::string::npos);
+    EXPECT_NE(check["reasons"][1].get<std::string>().find("Page"), std::string::npos);
+    // A check that fails on its way is an answer, too, and told once.
+    std::ofstream(program_.File("broken.dbf")) << "no table";
+    program_.Done({"set", "d.json", "IndexDatabaseFile=broken.dbf"});
+    const auto broken = program_.Done({"check", "d.json", "--json"});
+    EXPECT_EQ(broken.errors, "");
+    EXPECT_EQ(broken.Json()["reasons"].size(), 1U);
+}
+
+TEST_F(Results, TableTellsHowAFileIsRead) {
+    support::DbfBuilder table({{"NAME", 'C', 8}, {"SHEET", 'N', 5, 1}, {"SEEN", 'L', 1}});
+    table.LanguageDriver(0x57).Row({"K\xF6ln ", "2.5", "T"}).Row({"x", "1"}, true).Row({"y"});
+    table.Write(program_.File("t.dbf"));
+    const auto shown = program_.Done({"table", "t.dbf", "--json"}).Json();
+    EXPECT_EQ(shown["file"], "t.dbf");
+    EXPECT_EQ(shown["encoding"], "windows-1252");
+    EXPECT_EQ(shown["encodingFrom"], "language driver 0x57");
+    EXPECT_EQ(shown["fields"][1],
+              json({{"name", "SHEET"}, {"type", "N"}, {"length", 5}, {"decimals", 1}}));
+    EXPECT_EQ(shown["records"], 2);
+    ASSERT_EQ(shown["rows"].size(), 2U);
+    EXPECT_EQ(shown["rows"][0], json({"K\u00F6ln", "2.5", "True"}));
+    EXPECT_EQ(shown["rows"][1], json({"y", nullptr, nullptr}));
+    EXPECT_EQ(shown["warnings"], json::array());
+    EXPECT_EQ(program_.Done({"table", "t.dbf", "--json", "--limit", "1"}).Json()["rows"].size(),
+              1U);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,149 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "desk/drawing/ElementPainter.h"
+#include "desk/drawing/PageWriter.h"
+#include "desk/objects/Elements.h"
+#include "desk/objects/Geometry.h"
+#include "desk/objects/Symbols.h"
+#include "support/TemporaryFolder.h"
+
+namespace sheet {
+
+constexpr double kSide = 4;  ///< Inches of a test sheet.
+
+/// Short ways to elements; lengths are inches, colours 0xBBGGRR.
+class Elements {
+public:
+    host::Ref<host::IHostElement> Text(double x, double y, const std::string& text,
+                                       const std::string& family = "DejaVu Sans",
+                                       double points = 10, int horizontal = 0) const {
+        const auto font = std::make_shared<desk::Font>();
+        font->SetName(family);
+        font->SetSize(points);
+        const auto symbol = std::make_shared<desk::TextSymbol>(engine);
+        symbol->SetFont(font);
+        symbol->SetHorizontalPlacement(horizontal);
+        symbol->SetVerticalPlacement(1);
+        const auto element = std::make_shared<desk::TextElement>(engine);
+        element->SetText(text);
+        element->SetSymbol(symbol);
+        element->SetGeometry(std::make_shared<desk::Point>(x, y));
+        return element;
+    }
+
+    static host::Ref<host::IHostElement> Rectangle(double xmin, double ymin, double xmax,
+                                                   double ymax, std::uint32_t color,
+                                                   bool transparent = false) {
+        const auto symbol = std::make_shared<desk::FillSymbol>();
+        symbol->SetColor(Color(color, transparent));
+        const auto line = std::make_shared<desk::LineSymbol>();
+        line->SetColor(Color(0, true));
+        symbol->SetOutline(line);
+        const auto element = std::make_shared<desk::RectangleElement>();
+        element->SetGeometry(std::make_shared<desk::Envelope>(xmin, ymin, xmax, ymax));
+        element->SetSymbol(symbol);
+        return element;
+    }
+
+    static host::Ref<desk::GroupElement> Group(
+        const std::vector<host::Ref<host::IHostElement>>& members) {
+        const auto group = std::make_shared<desk::GroupElement>();
+        group->SetGeometry(std::make_shared<desk::Envelope>(0.5, 0.5, 3.5, 3.5));
+        for (const auto& member : members) group->Add(member);
+        return group;
+    }
+
+    static host::Ref<host::IHostColor> Color(std::uint32_t color, bool transparent = false) {
+        const auto made = std::make_shared<desk::Color>(color);
+        made->SetTransparent(transparent);
+        return made;
+    }
+
+    std::shared_ptr<desk::TextEngine> engine = std::make_shared<desk::TextEngine>();
+};
+
+/// Standard output of a command.
+inline std::string Output(const std::string& command) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    std::string output;
+    std::array<char, 4096> bytes{};
+    while (const auto count = std::fread(bytes.data(), 1, bytes.size(), pipe.get()))
+        output.append(bytes.data(), count);
+    return output;
+}
+
+/// A folder of test sheets.
+class Sheets {
+public:
+    std::string File(const std::string& name) const { return folder_.File(name); }
+    const std::string& Folder() const { return folder_.Path(); }
+
+    std::string Draw(const std::string& name, const host::Ref<host::IHostElement>& element,
+                     const desk::PageWriterOptions& options = {}) const {
+        const auto writer = desk::OpenPageWriter(File(name), options);
+        writer->BeginPage(kSide, kSide);
+        desk::ElementPainter(*elements.engine).Paint(writer->Canvas(), element);
+        writer->EndPage("Sheet");
+        writer->Finish();
+        return File(name);
+    }
+
+    Elements elements;
+
+private:
+    support::TemporaryFolder folder_;
+};
+
+/// An image, as grey values from the upper left corner.
+struct Image {
+    int width = 0;
+    int height = 0;
+    std::vector<unsigned char> grey;
+
+    int At(int x, int y) const { return grey[static_cast<std::size_t>(y * width + x)]; }
+    /// The pixel at a place in inches from the lower left corner of a test sheet.
+    int Inch(double x, double y) const {
+        return At(static_cast<int>(x / kSide * width),
+                  static_cast<int>((kSide - y) / kSide * height));
+    }
+};
+
+/// A PDF or PNG as others see it.
+inline Image Look(const std::string& path, int dotsPerInch) {
+    std::string bytes;
+    if (path.ends_with(".pdf")) {
+        bytes = Output("pdftoppm -gray -r " + std::to_string(dotsPerInch) + " '" + path + "'");
+    } else {
+        const desk::CairoSurface png(cairo_image_surface_create_from_png(path.c_str()));
+        Image image{cairo_image_surface_get_width(png.get()),
+                    cairo_image_surface_get_height(png.get()),
+                    {}};
+        const unsigned char* const data = cairo_image_surface_get_data(png.get());
+        for (int y = 0; y < image.height; ++y)
+            for (int x = 0; x < image.width; ++x)
+                image.grey.push_back(
+                    data[y * cairo_image_surface_get_stride(png.get()) + 4 * x + 1]);
+        return image;
+    }
+    Image image;
+    int depth = 0;
+    int header = 0;
+    if (std::sscanf(bytes.c_str(), "P5 %d %d %d%n", &image.width, &image.height, &depth, &header) !=
+        3) {
+        ADD_FAILURE() << "no image of " << path;
+        return {1, 1, {0}};
+    }
+    image.grey.assign(bytes.begin() + header + 1, bytes.end());
+    return image;
+}
+
+}  // namespace sheet
