@@ -114,7 +114,9 @@ TEST(PageWriter, PngSetsLettersBetweenPixels) {
         const auto text = sheets.elements.Text(1 + quarter / 600.0, 2, "l.");
         const double center = InkCenter(Look(sheets.Draw("text.png", text), 150));
         if (quarter == 0) start = center;
-        EXPECT_NEAR(center - start, quarter / 4.0, 0.03);
+        // Cairo's coverage is of a grid of some 15 samples a pixel; whole pixels would be off by
+        // 0.5.
+        EXPECT_NEAR(center - start, quarter / 4.0, 0.1);
     }
 }
 
