@@ -6,22 +6,12 @@
 #include "app/Errors.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
+#include "support/Text.h"
 
 namespace app {
 namespace {
 
 constexpr char kMarkOff[] = ":off";
-
-std::vector<std::string> SplitNames(const std::string& text) {
-    std::vector<std::string> names;
-    std::size_t begin = 0;
-    for (std::size_t end = text.find(','); end != std::string::npos; end = text.find(',', begin)) {
-        names.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    names.push_back(text.substr(begin));
-    return names;
-}
 
 }  // namespace
 
@@ -94,7 +84,7 @@ void Edit::SetOrder(const std::string& key, const std::string& value,
                     host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks) {
     auto set = session_.Host().NewPropertySet();
     std::vector<std::string> seen;
-    for (std::string name : SplitNames(value)) {
+    for (std::string name : gazetteer::Split(value, ',')) {
         const bool off = marks && name.ends_with(kMarkOff);
         if (off) name.resize(name.size() - (sizeof kMarkOff - 1));
         name = ColumnName(name);

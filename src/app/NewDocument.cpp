@@ -12,6 +12,7 @@
 #include "model/Edit.h"
 #include "model/GeneralFunctions.h"
 #include "model/Paths.h"
+#include "support/Text.h"
 
 namespace app {
 namespace {
@@ -26,13 +27,10 @@ constexpr double kLargestSheet = 200;  // Inches, what PDF readers take.
 
 std::vector<double> ParseNumbers(const std::string& text, char separator) {
     std::vector<double> numbers;
-    std::size_t begin = 0;
-    while (begin <= text.size()) {
-        const std::size_t end = std::min(text.find(separator, begin), text.size());
-        const auto number = ParseDecimal(text.substr(begin, end - begin));
+    for (const auto& piece : gazetteer::Split(text, separator)) {
+        const auto number = ParseDecimal(piece);
         if (!number) return {};
         numbers.push_back(*number);
-        begin = end + 1;
     }
     return numbers;
 }

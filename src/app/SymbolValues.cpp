@@ -3,9 +3,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <vector>
 
 #include "model/DefaultSymbols.h"
+#include "support/Text.h"
 
 namespace app {
 namespace {
@@ -19,17 +19,6 @@ std::optional<std::uint32_t> ParseColor(const std::string& text) {
     return gazetteer::RGB(value >> 16, value >> 8 & 0xFF, value & 0xFF);
 }
 
-std::vector<std::string> SplitAtCommas(const std::string& text) {
-    std::vector<std::string> pieces;
-    std::size_t begin = 0;
-    for (std::size_t end = text.find(','); end != std::string::npos; end = text.find(',', begin)) {
-        pieces.push_back(text.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    pieces.push_back(text.substr(begin));
-    return pieces;
-}
-
 }  // namespace
 
 std::optional<double> ParseDecimal(const std::string& text) {
@@ -41,7 +30,7 @@ std::optional<double> ParseDecimal(const std::string& text) {
 }
 
 host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::string& value) {
-    const auto pieces = SplitAtCommas(value);
+    const auto pieces = gazetteer::Split(value, ',');
     if (pieces.size() < 2 || pieces.size() > 4 || pieces[0].empty()) return nullptr;
     const auto points = ParseDecimal(pieces[1]);
     if (!points || *points <= 0) return nullptr;

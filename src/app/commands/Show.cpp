@@ -15,8 +15,7 @@ using gazetteer::ToObject;
 using host::IHostPropertySet;
 
 Json PageJson(gazetteer::CVNGazetteerManager& manager, std::int32_t page) {
-    const auto rows =
-        gazetteer::SetUnder(*manager.Working().pageGroups, std::to_string(page));
+    const auto rows = gazetteer::SetUnder(*manager.Working().pageGroups, std::to_string(page));
     return {{"page", page},
             {"name", std::get<std::string>(manager.PageName(page))},
             {"first", manager.FirstListing(page)},
