@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "desk/documents/Document.h"
-#include "desk/documents/Files.h"
+#include "desk/files/Files.h"
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/PropertySet.h"

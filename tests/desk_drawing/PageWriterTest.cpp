@@ -155,7 +155,7 @@ TEST(PageWriter, SaysWhichFileCannotBeWrittenAndWhy) {
     };
     const Fault faults[] = {
         {sheets.File("none/a.pdf"), 1, "No such file or directory"},
-        {sheets.File("folder.pdf"), 1, "Is a directory"},
+        {sheets.File("folder.pdf"), 1, "it is a folder"},
         {sheets.File("folder.pdf/a.pdf/b.png"), 1, "No such file or directory"},
         {sheets.File("a.txt"), 1, "its name must end in .pdf, .svg or .png"},
         {sheets.File("none"), 1, "its name must end in .pdf, .svg or .png"},

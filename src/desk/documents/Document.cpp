@@ -5,9 +5,9 @@
 
 #include "desk/documents/ElementReader.h"
 #include "desk/documents/ElementWriter.h"
-#include "desk/documents/Files.h"
 #include "desk/documents/JsonWriter.h"
 #include "desk/documents/ValueWriter.h"
+#include "desk/files/Files.h"
 #include "host/Failure.h"
 
 namespace desk {

@@ -5,7 +5,7 @@
 #include <set>
 #include <utility>
 
-#include "desk/documents/Files.h"
+#include "desk/files/Files.h"
 #include "desk/mapbook/BookNode.h"
 #include "desk/mapbook/SeriesFrame.h"
 #include "host/Failure.h"

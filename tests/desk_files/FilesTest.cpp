@@ -6,7 +6,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-#include "desk/documents/Files.h"
+#include "desk/files/Files.h"
 #include "host/Failure.h"
 #include "support/TemporaryFolder.h"
 
@@ -88,7 +88,7 @@ TEST(ReplaceFile, LeavesTheOldFileWhenTheDiskIsFull) {
         const SmallDisk disk(1000);
         description = FailureOf(path, std::string(5000, 'x'));
     }
-    EXPECT_EQ(description, "The file \"" + path + "\" could not be written: File too large.");
+    EXPECT_EQ(description, "The file \"" + path + "\" cannot be written: File too large.");
     EXPECT_EQ(desk::ReadWholeFile(folder.File("a.json")), "old");
     EXPECT_EQ(FileCount(folder), 1);
 }

@@ -1,0 +1,81 @@
+#include "desk/files/Files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <fcntl.h>
+#include <simdjson.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "desk/files/ReplacingFile.h"
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+constexpr std::size_t kChunk = 1 << 20;  // Read per call where the size is not known, bytes.
+
+[[noreturn]] void Fail(const std::string& path, const std::string& reason) {
+    const bool gone = errno == ENOENT;
+    host::Failure failure(gone ? host::kFailureNotFound : host::kFailureUnspecified, "desk::Files",
+                          "The file \"" + path + "\" could not be read: " + reason + ".");
+    failure.AddFact("file", path);
+    throw failure;
+}
+
+std::string SystemReason() {
+    return std::generic_category().message(errno);
+}
+
+/// An open file, closed on every way out.
+class Handle {
+public:
+    explicit Handle(int descriptor) : descriptor_(descriptor) {}
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle() {
+        if (descriptor_ >= 0) ::close(descriptor_);
+    }
+
+    bool IsOpen() const { return descriptor_ >= 0; }
+    int Get() const { return descriptor_; }
+
+private:
+    int descriptor_;
+};
+
+}  // namespace
+
+std::string ReadWholeFile(const std::string& path) {
+    const Handle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.IsOpen()) {
+        Fail(path, errno == ENOENT ? "there is no such file" : SystemReason());
+    }
+    struct stat info {};
+    if (::fstat(file.Get(), &info) != 0) Fail(path, SystemReason());
+    if (S_ISDIR(info.st_mode)) Fail(path, "it is a folder");
+
+    std::string content;
+    const auto expected = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));
+    content.reserve(expected + simdjson::SIMDJSON_PADDING);
+    for (;;) {
+        const std::size_t have = content.size();
+        // One byte more than expected finds the end of a file of the known size in one go.
+        content.resize(have < expected ? expected + 1 : have + kChunk);
+        const auto got = ::read(file.Get(), content.data() + have, content.size() - have);
+        content.resize(have + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got == 0) return content;
+        if (got < 0 && errno != EINTR) Fail(path, SystemReason());
+    }
+}
+
+void ReplaceFile(const std::string& path, std::string_view content) {
+    ReplacingFile file(path);
+    file.Write(content);
+    file.Commit();
+}
+
+}  // namespace desk
