@@ -19,9 +19,9 @@ public:
     explicit Edit(Session& session);
 
     /// Applies one KEY=VALUE. Raises a UsageError that names what is wrong.
-    void Set(const std::string& assignment);
+    void Set(const std::string& text);
     /// The same, for assignments that may leave out the name of their column.
-    void SetIn(const std::string& column, const std::string& assignment);
+    void SetIn(const std::string& column, const std::string& text);
 
     gazetteer::Settings& Settings() { return settings_; }
     /// The stored form of a column's name; raises a UsageError for a column that does not exist.

@@ -84,7 +84,7 @@ void Session::CheckNothingFailed() {
     if (dialogs_->TakeFailureShown()) throw AlreadyTold{};
 }
 
-void Session::CheckHasPages() {
+void Session::CheckHasPages() const {
     if (PageCount() == 0)
         throw CommandError("the gazetteer has no page: its frame is lower than the row of titles.");
 }

@@ -45,7 +45,7 @@ public:
     gazetteer::CVNGazetteerManager& Manager() { return *manager_; }
     std::int32_t PageCount() const { return manager_->Working().pageCount; }
     /// Fails if there is no page to draw.
-    void CheckHasPages();
+    void CheckHasPages() const;
 
 private:
     void FindGazetteer();

@@ -62,7 +62,7 @@ std::string ColorText(std::uint32_t rgb) {
 
 std::string NumberText(double value) {
     std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
     return {text.data(), end};
 }
 

@@ -83,7 +83,7 @@ void JsonWriter::Whole(std::int32_t number) {
 void JsonWriter::Number(double number) {
     Separate();
     std::array<char, kNumberRoom> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     const std::string_view text(digits.data(), static_cast<std::size_t>(end - digits.data()));
     out_ += text;
     if (text.find_first_of(".e") == std::string_view::npos) out_ += ".0";

@@ -106,7 +106,7 @@ void Display::EndDrawing() {
 }
 
 host::Ref<host::IHostApplication> MakeApplication(std::shared_ptr<const SessionListeners> told) {
-    return std::make_shared<Application>(told);
+    return std::make_shared<Application>(std::move(told));
 }
 
 }  // namespace desk

@@ -77,7 +77,7 @@ Variant FromDouble(double value) {
 bool ParseDecimal(std::string_view text, double& value) {
     std::array<char, 256> plain{};
     if (text.size() > plain.size()) return false;
-    const auto end = std::replace_copy(text.begin(), text.end(), plain.begin(), ',', '.');
+    char* const end = std::replace_copy(text.begin(), text.end(), plain.begin(), ',', '.');
     const auto parsed = std::from_chars(plain.data(), end, value);
     return parsed.ec == std::errc() && parsed.ptr == end;
 }
@@ -194,8 +194,9 @@ Variant ReadText(const Cell& cell, std::string_view bytes) {
 
 bool Flag(const DbfSchema& schema, std::string_view record, std::int32_t bit) {
     if (bit < 0 || schema.nullFlagsOffset < 0 || bit / 8 >= schema.nullFlagsLength) return false;
-    const auto flags = static_cast<unsigned char>(
-        record[static_cast<std::size_t>(schema.nullFlagsOffset + bit / 8)]);
+    const auto flags =
+        static_cast<unsigned char>(record[static_cast<std::size_t>(schema.nullFlagsOffset) +
+                                          static_cast<std::size_t>(bit / 8)]);
     return (flags >> (bit % 8) & 1) != 0;
 }
 

@@ -61,10 +61,10 @@ public:
 
     /// Size in points, by the promises of host::IHostTextSymbol::MeasureText. Each LF begins a new
     /// line, also at the end of the text.
-    host::TextExtent Measure(const FontSpec& font, std::string_view text);
+    host::TextExtent Measure(const FontSpec& spec, std::string_view text);
 
     /// The smallest upright box around what Draw covers, by the measured size.
-    TextBox Bounds(const FontSpec& font, std::string_view text, const TextPlacement& placement);
+    TextBox Bounds(const FontSpec& spec, std::string_view text, const TextPlacement& placement);
 
     /// Draws the lines of a text at the current origin of the context, one unit of which is a
     /// point, Y downward. The box that Measure tells hangs on the origin as the placement says.
