@@ -40,7 +40,7 @@ std::optional<std::size_t> MostDots(const WidthWithDots& widthWith, double width
             if (fits > kMostDots) return std::nullopt;
             step *= 2;
         } else if (grew) {
-            const double most = static_cast<double>(8 * fits + 256);
+            const auto most = static_cast<double>(8 * fits + 256);
             step = static_cast<std::size_t>(std::clamp((width - fittingWidth) / perDot, 1.0, most));
         } else {
             step = 1;

@@ -96,7 +96,8 @@ NumberText::NumberText(const icu::Locale& locale) {
         throw host::Failure(
             host::kFailureUnspecified, "NumberText",
             std::string("ICU has no number signs for the locale ") + locale.getName() + ".");
-    const auto decimal = symbols.getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
+    const auto& decimal =
+        symbols.getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
     if (const char32_t sign = OnlyCharacter(decimal)) decimalSign_ = sign;
     icu::UnicodeString(static_cast<UChar32>(decimalSign_)).toUTF8String(decimal_);
     groupSigns_ = GroupSigns(
@@ -135,7 +136,8 @@ std::optional<double> NumberText::Parse(std::string_view text) const {
         const Piece piece = Classify(static_cast<char32_t>(character));
         if (!grammar.Accepts(piece.part)) return std::nullopt;
         // from_chars takes no plus before the number, only in the exponent.
-        if (piece.ascii != '\0' && !(first && piece.ascii == '+')) ascii[length++] = piece.ascii;
+        const bool isLeadingPlus = first && piece.ascii == '+';
+        if (piece.ascii != '\0' && !isLeadingPlus) ascii[length++] = piece.ascii;
     }
     if (!grammar.MayEnd()) return std::nullopt;
 

@@ -105,8 +105,9 @@ void Display::EndDrawing() {
     --openBrackets_;
 }
 
-host::Ref<host::IHostApplication> MakeApplication(std::shared_ptr<const SessionListeners> told) {
-    return std::make_shared<Application>(std::move(told));
+host::Ref<host::IHostApplication> MakeApplication(
+    const std::shared_ptr<const SessionListeners>& told) {
+    return std::make_shared<Application>(told);
 }
 
 }  // namespace desk

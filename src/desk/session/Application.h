@@ -41,6 +41,7 @@ private:
 };
 
 /// The application with its status bar, its document and the view on it, in one.
-host::Ref<host::IHostApplication> MakeApplication(std::shared_ptr<const SessionListeners> told);
+host::Ref<host::IHostApplication> MakeApplication(
+    const std::shared_ptr<const SessionListeners>& told);
 
 }  // namespace desk

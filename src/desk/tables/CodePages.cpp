@@ -104,16 +104,17 @@ int NumberAtEnd(std::string_view text) {
 
 std::string Trimmed(std::string_view text) {
     const auto isWord = [](char letter) { return static_cast<unsigned char>(letter) > ' '; };
-    const auto first = std::find_if(text.begin(), text.end(), isWord);
-    const auto last = std::find_if(text.rbegin(), text.rend(), isWord).base();
+    const auto* const first = std::find_if(text.begin(), text.end(), isWord);
+    const auto* const last = std::find_if(text.rbegin(), text.rend(), isWord).base();
     return first < last ? std::string(first, last) : std::string();
 }
 
 }  // namespace
 
 std::string EncodingOfDriver(std::uint8_t driver) {
-    const auto found = std::find_if(kDrivers.begin(), kDrivers.end(),
-                                    [&](const auto& entry) { return entry.driver == driver; });
+    const auto* const found =
+        std::find_if(kDrivers.begin(), kDrivers.end(),
+                     [&](const auto& entry) { return entry.driver == driver; });
     return found == kDrivers.end() ? std::string() : std::string(found->encoding);
 }
 

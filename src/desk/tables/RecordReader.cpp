@@ -9,7 +9,7 @@ namespace desk {
 namespace {
 
 /// Large enough that the calls do not count, small enough to stay in the cache.
-constexpr std::int64_t kBlockBytes = 256 * 1024;
+constexpr std::int64_t kBlockBytes = std::int64_t{256} * 1024;
 
 }  // namespace
 

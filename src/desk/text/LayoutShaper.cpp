@@ -77,8 +77,9 @@ double AddPart(const PangoGlyphItem& part, std::string_view text, GlyphRun& run,
         pen += place.width;
         const int start = part.glyphs->log_clusters[i];
         if (i + 1 < glyphs.size() && part.glyphs->log_clusters[i + 1] == start) continue;
-        const auto bytes = text.substr(static_cast<std::size_t>(part.item->offset + start),
-                                       static_cast<std::size_t>(EndOfBytes(part, start) - start));
+        const auto bytes = text.substr(
+            static_cast<std::size_t>(part.item->offset) + static_cast<std::size_t>(start),
+            static_cast<std::size_t>(EndOfBytes(part, start) - start));
         if (shown > 0) run.AddText(bytes, shown);
         shown = 0;
     }
