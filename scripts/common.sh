@@ -12,7 +12,7 @@ install_missing() {
         [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
             missing+=("$package")
     done < <(awk -v kinds="^($kinds)$" '$1 ~ kinds {print $2}' scripts/packages)
-    [ ${#missing[@]} -eq 0 ] && return
+    if [ ${#missing[@]} -eq 0 ]; then return; fi
     local as_root=()
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     say "Installing: ${missing[*]}"

@@ -16,13 +16,18 @@
 namespace app {
 namespace {
 
+// Empty for a whole number that is not negative, else what is wrong.
+std::string CheckCount(const std::string& text) {
+    const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+    return whole ? "" : "\"" + text + "\" is no whole number from 0";
+}
+
 // Declares the commands and keeps what the arguments said.
 class Parser {
 public:
     Parser()
         : cli_("Makes the printed index of a map book from a table of listings.", "gazetteer") {
         cli_.require_subcommand(1);
-        cli_.footer(kProgramHelp);
         cli_.set_version_flag("--version", GAZETTEER_VERSION);
         AddMake();
         AddNew();
@@ -33,6 +38,8 @@ public:
         AddExport();
         AddTable();
         AddComponent();
+        // Last, since commands would inherit it.
+        cli_.footer(kProgramHelp);
     }
 
     CLI::App& Cli() { return cli_; }
@@ -66,7 +73,8 @@ private:
     }
 
     CLI::App* AddDocument(CLI::App* command, std::string& document) {
-        command->add_option("DOC", document, "The document")->required();
+        command->add_option("DOC", document, "The document, a file that new or make has written")
+            ->required();
         return command;
     }
 
@@ -85,13 +93,14 @@ private:
     void AddNew() {
         auto* command = Add(cli_, "new", "Make a new document with the default columns",
                             [this] { return New(common_, new_); });
-        AddDocument(command, new_.document);
+        command->add_option("DOC", new_.document, "The document to write")->required();
         command
             ->add_option("--listing-database", new_.listingDatabase,
                          "Listing database, a dBase table")
             ->required();
         command->add_flag("--force", new_.force, "Replace a document that exists");
         AddNewDocumentOptions(*command, new_);
+        command->footer(kNewHelp);
     }
 
     void AddSet() {
@@ -99,7 +108,7 @@ private:
                             [this] { return Set(common_, set_); });
         AddDocument(command, set_.document);
         command->add_option("KEY=VALUE", set_.assignments, "What to change")->required();
-        command->footer(kKeysHelp);
+        command->footer(SetHelp());
     }
 
     void AddColumn() {
@@ -129,11 +138,14 @@ private:
                 document_.document);
         };
         add("check", "Say whether the gazetteer can be drawn, and if not, why", Check)
+            ->footer(kCheckHelp)
             ->add_flag("--json", document_.json, "As JSON");
-        add("generate", "Reload the stored results, or run and store them", Generate);
+        add("generate", "Reload the stored results, or run and store them", Generate)
+            ->footer(kGenerateHelp);
         add("show", "Show page count, default page and the name of each page", Show)
+            ->footer(kShowHelp)
             ->add_flag("--json", document_.json, "As JSON, with all listings");
-        add("draft", "Take the drawn page away and set the draft state", Draft);
+        add("draft", "Take the drawn page away and set the draft state", Draft)->footer(kDraftHelp);
     }
 
     void AddDraw() {
@@ -144,6 +156,7 @@ private:
         command->add_flag("--json", draw_.json, "Print the element tree; the document stays");
         command->add_option("-o,--output", draw_.output,
                             "Write the sheet to a .pdf, .png or .svg file; the document stays");
+        command->footer(kDrawHelp);
     }
 
     void AddExport() {
@@ -162,12 +175,14 @@ private:
         command->add_option("FILE", table_.file, "The table")->required();
         command->add_flag("--json", table_.json, "As JSON");
         command->add_option("--limit", table_.limit, "Show at most this many rows")
-            ->check(CLI::NonNegativeNumber);
+            ->check(CheckCount);
+        command->footer(kTableHelp);
     }
 
     void AddComponent() {
         auto* command = cli_.add_subcommand("component", "Enter the property page with the desk");
         command->require_subcommand(1);
+        command->footer(kComponentHelp);
         Add(*command, "install", "Enter it", [this] { return Component(common_, true); });
         Add(*command, "uninstall", "Take it out", [this] { return Component(common_, false); });
     }
@@ -185,24 +200,25 @@ private:
     TableOptions table_;
 };
 
-// The first word that stands where a command is expected and is none; empty where there is none.
-std::string UnknownCommand(CLI::App& program, int argc, const char* const* argv) {
+// What is wrong with the words that should name a command; empty where they name one.
+std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
     CLI::App* place = &program;
-    for (int i = 1; i < argc; ++i) {
+    for (int i = 1;; ++i) {
         const auto commands = place->get_subcommands([](const CLI::App*) { return true; });
+        if (commands.empty()) return {};
+        if (i == argc) return "A command is missing; --help lists them.";
         const auto command = std::ranges::find(commands, argv[i], &CLI::App::get_name);
-        if (command == commands.end()) return commands.empty() || argv[i][0] == '-' ? "" : argv[i];
+        if (command == commands.end())
+            return argv[i][0] == '-'
+                       ? ""
+                       : std::string("There is no command \"") + argv[i] + "\"; --help lists them.";
         place = *command;
     }
-    return {};
 }
 
 int Refuse(CLI::App& program, const CLI::ParseError& error, int argc, const char* const* argv) {
-    const std::string unknown = UnknownCommand(program, argc, argv);
-    if (unknown.empty())
-        program.exit(error);
-    else
-        Tell("There is no command \"" + unknown + "\"; --help lists them.");
+    const std::string fault = CommandFault(program, argc, argv);
+    Tell(fault.empty() ? std::string(error.what()) + "; --help tells more." : fault);
     return kWrongUsage;
 }
 
@@ -218,13 +234,11 @@ int Run(int argc, const char* const* argv) {
     Parser parser;
     try {
         parser.Cli().parse(argc, argv);
+        return CheckResultsWritten(parser.RunChosen());
     } catch (const CLI::Success& help) {
         return parser.Cli().exit(help);
     } catch (const CLI::ParseError& error) {
         return Refuse(parser.Cli(), error, argc, argv);
-    }
-    try {
-        return CheckResultsWritten(parser.RunChosen());
     } catch (const AlreadyTold& told) {
         return told.exitStatus;
     } catch (const UsageError& error) {

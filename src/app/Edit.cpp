@@ -1,9 +1,9 @@
 #include "app/Edit.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "app/Errors.h"
+#include "app/Files.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "support/Text.h"
@@ -14,12 +14,6 @@ namespace {
 constexpr char kMarkOff[] = ":off";
 
 }  // namespace
-
-std::string FullPath(const std::string& path) {
-    // Paths of other systems are taken as they stand.
-    if (path.empty() || path.find('\\') != std::string::npos) return path;
-    return std::filesystem::absolute(path).lexically_normal().string();
-}
 
 Edit::Edit(Session& session) : session_(session) {
     auto& host = session.Host();
@@ -87,6 +81,8 @@ void Edit::SetOrder(const std::string& key, const std::string& value,
     for (std::string name : gazetteer::Split(value, ',')) {
         const bool off = marks && name.ends_with(kMarkOff);
         if (off) name.resize(name.size() - (sizeof kMarkOff - 1));
+        if (name.empty())
+            throw UsageError(key + "=" + value + ": the value must name every column once.");
         name = ColumnName(name);
         if (std::ranges::find(seen, name) != seen.end())
             throw UsageError(key + "=" + value + ": the column \"" + name + "\" stands twice.");
@@ -100,8 +96,7 @@ void Edit::SetOrder(const std::string& key, const std::string& value,
 }
 
 std::string Edit::ColumnName(const std::string& name) {
-    std::string known =
-        name.empty() ? "" : gazetteer::FindColumn(session_.Host().Locale(), settings_, name);
+    std::string known = gazetteer::FindColumn(session_.Host().Locale(), settings_, name);
     if (known.empty()) throw UsageError("There is no column \"" + name + "\".");
     return known;
 }

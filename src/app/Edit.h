@@ -42,7 +42,4 @@ private:
     gazetteer::ColumnProperties current_;
 };
 
-/// A path as it is stored: full, so that the document finds the file from anywhere.
-std::string FullPath(const std::string& path);
-
 }  // namespace app

@@ -6,6 +6,7 @@
 
 #include "app/Edit.h"
 #include "app/Errors.h"
+#include "app/Files.h"
 #include "app/Furniture.h"
 #include "app/SymbolValues.h"
 #include "model/ColumnList.h"
@@ -58,9 +59,13 @@ void DefineColumnsOf(Session& session, const std::string& database) {
     auto& host = session.Host();
     const auto table = gazetteer::OpenTableFile(host, database);
     const auto fields = table->Fields();
-    if (fields->FindField("Page") < 0)
-        throw CommandError("The listing database \"" + database +
-                           "\" has no field \"Page\"; its fields are " + FieldNames(*fields) + ".");
+    const auto lacks = [&](const char* field) {
+        return "the listing database \"" + database + "\" has no field \"" + field +
+               "\"; its fields are " + FieldNames(*fields) + ".";
+    };
+    if (fields->FindField("Page") < 0) throw CommandError(lacks("Page"));
+    // An index of page numbers alone is seldom what is wanted.
+    if (fields->FindField("Listing") < 0) Warn(lacks("Listing"));
     Edit edit(session);
     edit.Settings().indexDatabaseFile = FullPath(database);
     gazetteer::DefineColumns(host, *fields, edit.Settings());
@@ -75,8 +80,8 @@ FrameOption FrameOf(const host::IHostElement& element) {
 }  // namespace
 
 PageSize ParsePageSize(const std::string& text) {
-    if (text == "letter") return {8.5, 11};
-    if (text == "a4") return {210 / 25.4, 297 / 25.4};
+    if (text == "letter" || text == "Letter") return {8.5, 11};
+    if (text == "a4" || text == "A4") return {210 / 25.4, 297 / 25.4};
     const auto numbers = ParseNumbers(text, 'x');
     if (numbers.size() != 2 || numbers[0] <= 0 || numbers[1] <= 0 || numbers[0] > kLargestSheet ||
         numbers[1] > kLargestSheet)
@@ -121,6 +126,8 @@ void StartNewDocument(Session& session, const NewDocumentOptions& options,
     document.elements.push_back(element);
     session.Start(std::move(document), documentPath, element);
     DefineColumnsOf(session, options.listingDatabase);
+    // A map book that cannot be read is told of now, not by a later command.
+    if (!options.book.empty()) session.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
 void DressForPrint(Session& session) {

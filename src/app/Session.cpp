@@ -31,7 +31,14 @@ Session::~Session() {
 }
 
 void Session::Open(const std::string& path) {
+    Look(path);
+    if (!gazetteer_) throw CommandError("The document \"" + path + "\" has no gazetteer frame.");
+}
+
+void Session::Look(const std::string& path) {
     desk_->Open(path);
+    // A manager keeps the map book of the document that it was made with.
+    manager_ = std::make_unique<gazetteer::CVNGazetteerManager>(desk_);
     FindGazetteer();
 }
 
@@ -39,19 +46,15 @@ void Session::Start(desk::Document document, const std::string& path,
                     const host::Ref<host::IHostGroupElement>& gazetteer) {
     desk_->Start(std::move(document), path);
     gazetteer_ = gazetteer;
-    // A manager keeps the map book of the document that it was made with.
     manager_ = std::make_unique<gazetteer::CVNGazetteerManager>(desk_);
 }
 
 void Session::FindGazetteer() {
-    manager_ = std::make_unique<gazetteer::CVNGazetteerManager>(desk_);
     for (const auto& element : desk_->CurrentDocument().elements) {
-        auto group = host::As<host::IHostGroupElement>(element);
-        if (!group || !manager_->IsGazetteerElement(group)) continue;
-        gazetteer_ = group;
-        return;
+        gazetteer_ = host::As<host::IHostGroupElement>(element);
+        if (gazetteer_ && manager_->IsGazetteerElement(gazetteer_)) return;
     }
-    throw CommandError("The document \"" + desk_->DocumentPath() + "\" has no gazetteer frame.");
+    gazetteer_ = nullptr;
 }
 
 host::Ref<host::IHostPropertySet> Session::Properties() {
@@ -59,6 +62,10 @@ host::Ref<host::IHostPropertySet> Session::Properties() {
 }
 
 bool Session::CanDraw(gazetteer::Findings& reasons) {
+    if (!gazetteer_) {
+        reasons = {"The document has no gazetteer frame."};
+        return false;
+    }
     const auto quiet = dialogs_->Silence();
     const bool canDraw = manager_->CanDrawIndex(gazetteer_);
     reasons = manager_->LastFindings();
@@ -75,7 +82,7 @@ bool Session::Bind() {
 void Session::BindDrawable() {
     if (!Bind()) throw AlreadyTold{};
     if (manager_->CanDraw()) return;
-    std::string reasons = "the gazetteer cannot be drawn.";
+    std::string reasons = "The gazetteer cannot be drawn.";
     for (const auto& finding : manager_->LastFindings()) reasons += ' ' + finding;
     throw CommandError(reasons);
 }
@@ -86,7 +93,7 @@ void Session::CheckNothingFailed() {
 
 void Session::CheckHasPages() const {
     if (PageCount() == 0)
-        throw CommandError("the gazetteer has no page: its frame is lower than the row of titles.");
+        throw CommandError("The gazetteer has no page: its frame is lower than the row of titles.");
 }
 
 void Session::TellRun() {

@@ -22,6 +22,9 @@ public:
 
     /// Works on a document from disk. Fails for one without a gazetteer frame.
     void Open(const std::string& path);
+    /// The same for commands that only tell about a document: one without a gazetteer frame is one
+    /// that cannot be drawn.
+    void Look(const std::string& path);
     /// Works on a new document with this gazetteer frame.
     void Start(desk::Document document, const std::string& path,
                const host::Ref<host::IHostGroupElement>& gazetteer);
@@ -29,6 +32,7 @@ public:
 
     desk::Desk& TheDesk() { return *desk_; }
     host::IHost& Host() { return *desk_; }
+    /// Null where the document has none.
     const host::Ref<host::IHostGroupElement>& Gazetteer() const { return gazetteer_; }
     host::Ref<host::IHostPropertySet> Properties();
 

@@ -100,8 +100,8 @@ void CheckOutputName(const std::string& path) {
         throw UsageError("The output \"" + path + "\" must end in .pdf, .png or .svg.");
 }
 
-PageRange ParsePages(const std::string& text, std::int32_t pageCount) {
-    if (text.empty()) return {1, pageCount};
+std::optional<PageRange> ParsePages(const std::string& text) {
+    if (text.empty()) return std::nullopt;
     const auto number = [&](std::string_view piece) {
         std::int32_t value = 0;
         const auto [end, error] = std::from_chars(piece.data(), piece.data() + piece.size(), value);
@@ -116,7 +116,6 @@ PageRange ParsePages(const std::string& text, std::int32_t pageCount) {
     range.last = dash == std::string::npos ? range.first : number(whole.substr(dash + 1));
     if (range.last < range.first)
         throw UsageError("--pages " + text + ": the last page stands before the first.");
-    CheckPage(range.last, pageCount);
     return range;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "app/Session.h"
@@ -13,9 +14,9 @@ struct PageRange {
     std::int32_t last = 1;
 };
 
-/// "2-5" or "3"; empty for all pages. Raises a UsageError for another form, a CommandError for
-/// pages that are not there.
-PageRange ParsePages(const std::string& text, std::int32_t pageCount);
+/// "2-5" or "3"; nothing for an empty text, which stands for all pages. Raises a UsageError for
+/// another form.
+std::optional<PageRange> ParsePages(const std::string& text);
 
 /// Raises a CommandError for a page that is not there.
 void CheckPage(std::int32_t page, std::int32_t pageCount);

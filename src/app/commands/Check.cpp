@@ -8,7 +8,7 @@ namespace app {
 
 int Check(const CommonOptions& common, const DocumentOptions& options) {
     Session session(common);
-    session.Open(options.document);
+    session.Look(options.document);
     gazetteer::Findings reasons;
     const bool drawable = session.CanDraw(reasons);
     if (options.json) {

@@ -3,6 +3,7 @@
 
 #include "app/ElementTree.h"
 #include "app/Errors.h"
+#include "app/Files.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
 
@@ -10,6 +11,7 @@ namespace app {
 
 int Draw(const CommonOptions& common, const DrawOptions& options) {
     if (!options.output.empty()) CheckOutputName(options.output);
+    CheckApart(options.output, {options.document});
     Session session(common);
     session.Open(options.document);
     session.BindDrawable();

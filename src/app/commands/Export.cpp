@@ -1,3 +1,4 @@
+#include "app/Files.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
 
@@ -5,11 +6,15 @@ namespace app {
 
 int Export(const CommonOptions& common, const ExportOptions& options) {
     CheckOutputName(options.output);
+    CheckApart(options.output, {options.document});
+    const auto asked = ParsePages(options.pages);
     Session session(common);
     session.Open(options.document);
     session.BindDrawable();
     session.CheckHasPages();
-    WriteSheets(session, options.output, ParsePages(options.pages, session.PageCount()));
+    const auto pages = asked.value_or(PageRange{1, session.PageCount()});
+    CheckPage(pages.last, session.PageCount());
+    WriteSheets(session, options.output, pages);
     return 0;
 }
 

@@ -1,4 +1,5 @@
 #include "app/Edit.h"
+#include "app/Files.h"
 #include "app/NewDocument.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
@@ -7,6 +8,8 @@ namespace app {
 
 int Make(const CommonOptions& common, const MakeOptions& options) {
     CheckOutputName(options.output);
+    CheckApart(options.output, {options.listingDatabase, options.book, options.document});
+    CheckApart(options.document, {options.listingDatabase, options.book});
     Session session(common);
     // Without a document of its own the work has no file; its paths are seen from the folder of the
     // output.
@@ -22,7 +25,7 @@ int Make(const CommonOptions& common, const MakeOptions& options) {
     session.CheckHasPages();
     // First what may be refused at once: a failing command leaves no sheet behind.
     if (!options.document.empty()) session.Save();
-    WriteSheets(session, options.output, ParsePages("", session.PageCount()));
+    WriteSheets(session, options.output, {1, session.PageCount()});
     return 0;
 }
 

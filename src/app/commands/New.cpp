@@ -2,12 +2,14 @@
 
 #include "app/Edit.h"
 #include "app/Errors.h"
+#include "app/Files.h"
 #include "app/NewDocument.h"
 #include "app/commands/Commands.h"
 
 namespace app {
 
 int New(const CommonOptions& common, const NewOptions& options) {
+    CheckApart(options.document, {options.listingDatabase, options.book});
     std::error_code ignored;
     if (!options.force && std::filesystem::exists(options.document, ignored))
         throw CommandError("The document \"" + options.document +

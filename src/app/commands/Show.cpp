@@ -51,9 +51,9 @@ Json ShowJson(gazetteer::CVNGazetteerManager& manager, bool drawable) {
     return json;
 }
 
-void Print(gazetteer::CVNGazetteerManager& manager, bool drawable) {
+void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
+           const gazetteer::Findings& reasons) {
     if (!drawable) {
-        const auto& reasons = manager.LastFindings();
         std::puts(reasons.empty() ? "The gazetteer has no page."
                                   : "The gazetteer cannot be drawn:");
         for (const auto& reason : reasons) std::printf("  %s\n", reason.c_str());
@@ -69,16 +69,19 @@ void Print(gazetteer::CVNGazetteerManager& manager, bool drawable) {
 
 int Show(const CommonOptions& common, const DocumentOptions& options) {
     Session session(common);
-    session.Open(options.document);
+    session.Look(options.document);
     gazetteer::Findings reasons;
     bool drawable = session.CanDraw(reasons);
-    if (drawable && !session.Bind()) return kCouldNot;
     auto& manager = session.Manager();
+    if (drawable) {
+        if (!session.Bind()) return kCouldNot;
+        reasons = manager.LastFindings();
+    }
     drawable = drawable && manager.CanDraw() && session.PageCount() > 0;
     if (options.json)
         std::puts(ShowJson(manager, drawable).dump(1).c_str());
     else
-        Print(manager, drawable);
+        Print(manager, drawable, reasons);
     return kDone;
 }
 
