@@ -209,9 +209,7 @@ std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
         if (i == argc) return "A command is missing; --help lists them.";
         const auto command = std::ranges::find(commands, argv[i], &CLI::App::get_name);
         if (command == commands.end())
-            return argv[i][0] == '-'
-                       ? ""
-                       : std::string("There is no command \"") + argv[i] + "\"; --help lists them.";
+            return std::string("There is no command \"") + argv[i] + "\"; --help lists them.";
         place = *command;
     }
 }

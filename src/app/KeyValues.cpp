@@ -65,7 +65,7 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
             if (!symbol)
                 FailForm(key, value,
                          "a font such as \"DejaVu Sans,10,bold,#B00000\" (FAMILY,SIZE[,bold]"
-                         "[,#RRGGBB])");
+                         "[,#RRGGBB], SIZE at most 1000)");
             return Object(symbol);
         }
         case ValueKind::FillSymbol: {

@@ -59,13 +59,14 @@ void DefineColumnsOf(Session& session, const std::string& database) {
     auto& host = session.Host();
     const auto table = gazetteer::OpenTableFile(host, database);
     const auto fields = table->Fields();
-    const auto lacks = [&](const char* field) {
-        return "the listing database \"" + database + "\" has no field \"" + field +
-               "\"; its fields are " + FieldNames(*fields) + ".";
-    };
-    if (fields->FindField("Page") < 0) throw CommandError(lacks("Page"));
-    // An index of page numbers alone is seldom what is wanted.
-    if (fields->FindField("Listing") < 0) Warn(lacks("Listing"));
+    const std::string name = "listing database \"" + database + '"';
+    const std::string fieldsAre = "; its fields are " + FieldNames(*fields) + '.';
+    if (fields->FindField("Page") < 0)
+        throw CommandError("The " + name + " has no field \"Page\"" + fieldsAre);
+    // Page references without names are seldom what is wanted.
+    if (fields->FindField("Listing") < 0)
+        Warn("the " + name + " has no field \"Listing\", so that Page is the only column" +
+             fieldsAre);
     Edit edit(session);
     edit.Settings().indexDatabaseFile = FullPath(database);
     gazetteer::DefineColumns(host, *fields, edit.Settings());
