@@ -59,28 +59,18 @@ TEST(Values, RedIsTheFirstPairOfAColour) {
 
 TEST(Values, RefusedInAnotherForm) {
     support::TestDesk desk;
-    const std::pair<ValueKind, const char*> values[] = {
-        {ValueKind::Boolean, "True"},
-        {ValueKind::Boolean, "1"},
-        {ValueKind::Boolean, ""},
-        {ValueKind::Long, "1.0"},
-        {ValueKind::Long, "3000000000"},
-        {ValueKind::Long, " 1"},
-        {ValueKind::Double, "1,5"},
-        {ValueKind::Double, "nan"},
-        {ValueKind::Double, "1 "},
-        {ValueKind::TextSymbol, "Liberation Sans"},
-        {ValueKind::TextSymbol, "Liberation Sans,0"},
-        {ValueKind::TextSymbol, ",8"},
-        {ValueKind::TextSymbol, "Liberation Sans,8,italic"},
-        {ValueKind::TextSymbol, "Liberation Sans,8,#B00010,bold"},
-        {ValueKind::TextSymbol, "Liberation Sans,8,bold,#B0001"},
-        {ValueKind::FillSymbol, "B00010"},
-        {ValueKind::FillSymbol, "#B0001G"},
-        {ValueKind::FillSymbol, "#B000100"},
-    };
-    for (const auto& [kind, text] : values)
-        EXPECT_THROW(ParseValue(desk.Host(), "Key", kind, text), app::UsageError) << text;
+    const std::pair<ValueKind, std::vector<const char*>> kinds[] = {
+        {ValueKind::Boolean, {"True", "1", ""}},
+        {ValueKind::Long, {"1.0", "3000000000", " 1"}},
+        {ValueKind::Double, {"1,5", "nan", "1 ", "1e400"}},
+        {ValueKind::TextSymbol,
+         {"Liberation Sans", "Liberation Sans,0", "Liberation Sans,1001", ",8",
+          "Liberation Sans,8,italic", "Liberation Sans,8,#B00010,bold",
+          "Liberation Sans,8,bold,#B0001"}},
+        {ValueKind::FillSymbol, {"B00010", "#B0001G", "#B000100"}}};
+    for (const auto& [kind, texts] : kinds)
+        for (const char* text : texts)
+            EXPECT_THROW(ParseValue(desk.Host(), "Key", kind, text), app::UsageError) << text;
 }
 
 }  // namespace

@@ -1,23 +1,11 @@
-#include <array>
-#include <cstdio>
 #include <gtest/gtest.h>
-#include <memory>
 #include <set>
+#include <thread>
 
 #include "app/Program.h"
 
 namespace tests {
 namespace {
-
-std::string Shell(const std::string& command) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(command.c_str(), "r"),
-                                                               ::pclose);
-    std::string output;
-    std::array<char, 4096> bytes{};
-    while (const auto count = std::fread(bytes.data(), 1, bytes.size(), pipe.get()))
-        output.append(bytes.data(), count);
-    return output;
-}
 
 class Print : public ::testing::Test {
 protected:
@@ -49,7 +37,7 @@ TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
 TEST_F(Print, LeadersEndWithinADotOfOneEdge) {
     program_.Done({"make", "long.dbf", "-o", "o.pdf"});
     // Words with their boxes in points: lines of "<word xMin= yMin= xMax= yMax=>text</word>".
-    const std::string words = Shell("pdftotext -bbox '" + program_.File("o.pdf") + "' -");
+    const std::string words = program_.Shell("pdftotext -bbox o.pdf -");
     std::vector<double> ends;
     for (std::size_t at = words.find("..</word>"); at != std::string::npos;
          at = words.find("..</word>", at + 1)) {
@@ -66,16 +54,23 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
     program_.Done({"make", "long.dbf", "-o", "o.pdf", "--document", "o.json"});
     const auto pages = program_.Done({"show", "o.json", "--json"}).Json()["pages"];
     ASSERT_GE(pages.size(), 2U);
-    const std::string info = Shell("pdfinfo '" + program_.File("o.pdf") + "'");
+    const std::string info = program_.Shell("pdfinfo o.pdf");
     EXPECT_NE(info.find("Title:           long"), std::string::npos) << info;
     EXPECT_NE(info.find("Pages:           " + std::to_string(pages.size())), std::string::npos);
-    const std::string second =
-        Shell("pdftotext -f 2 -l 2 -layout '" + program_.File("o.pdf") + "' -");
+    const std::string second = program_.Shell("pdftotext -f 2 -l 2 -layout o.pdf -");
     const std::string first = pages[1]["first"].get<std::string>().substr(1);
     const std::string head = first + " \u2013 " + pages[1]["last"].get<std::string>().substr(1);
     EXPECT_NE(second.find(head), std::string::npos) << second;
     EXPECT_NE(second.find(" 2\n", second.rfind(' ')), std::string::npos);
-    EXPECT_NE(program_.Bytes("o.pdf").find("/Outlines"), std::string::npos);
+    const std::string bookmarks = program_.Shell("pdftohtml -xml -i -stdout o.pdf");
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const std::string name = pages[i]["name"].get<std::string>().substr(1);
+        EXPECT_NE(
+            bookmarks.find("<item page=\"" + std::to_string(i + 1) + "\">" + name + "</item>"),
+            std::string::npos)
+            << name << "\n"
+            << bookmarks;
+    }
 }
 
 TEST_F(Print, ADrawnDocumentIsLabelledWithItsPage) {
@@ -101,7 +96,7 @@ TEST_F(Print, OverridesComeLast) {
     EXPECT_EQ(stored["CombineWithNewLine"], false);
     EXPECT_EQ(stored["CombineFirstAndLast"], false);
     EXPECT_EQ(stored["HaveSavedListings"], true);
-    const std::string text = Shell("pdftotext -layout '" + program_.File("o.pdf") + "' -");
+    const std::string text = program_.Shell("pdftotext -layout o.pdf -");
     EXPECT_NE(text.find("Place"), std::string::npos) << text;
     EXPECT_NE(text.find(";"), std::string::npos) << text;
 }
@@ -118,6 +113,58 @@ TEST_F(Print, ImagesAreNumbered) {
     EXPECT_EQ(program_.Bytes("one.png"), program_.Bytes("p-2.PNG"));
 }
 
+TEST_F(Print, TextsOfEveryScriptComeBackFromThePdf) {
+    const std::vector<std::string> names = {"\u00C6r\u00F8",
+                                            "\u0110\u00E0 N\u1EB5ng",
+                                            "\u0391\u03B8\u03AE\u03BD\u03B1",
+                                            "\u041C\u043E\u0441\u043A\u0432\u0430",
+                                            "\u0627\u0644\u0642\u0627\u0647\u0631\u0629",
+                                            "\u5317\u4EAC"};
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& name : names) rows.push_back({name, "1", "2", "3"});
+    program_.WriteTable("names.dbf", rows);
+    program_.Write("names.cpg", "UTF-8");
+    const auto made = program_.Done({"make", "names.dbf", "-o", "o.pdf"});
+    EXPECT_EQ(made.errors.find("warning"), std::string::npos) << made.errors;
+    const std::string text = program_.Shell("pdftotext o.pdf -");
+    for (const auto& name : names) EXPECT_NE(text.find(name), std::string::npos) << name;
+    const std::string fonts = program_.Shell("pdffonts o.pdf");
+    EXPECT_EQ(fonts.find(" no "), std::string::npos) << "a font is not embedded\n" << fonts;
+}
+
+TEST_F(Print, TheSameInputGivesTheSameBytes) {
+    const auto make = [&](const char* name) {
+        const std::string ending = name;
+        for (const char* output : {".pdf", ".svg", ".png"})
+            program_.Done(
+                {"make", "long.dbf", "-o", ending + output, "--document", ending + ".json"});
+        program_.Done({"draw", ending + ".json", "--page", "2"});
+    };
+    make("a");
+    // Times are stored in seconds.
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    make("b");
+    for (const char* file : {".pdf", "-1.svg", "-2.png", ".json"})
+        EXPECT_EQ(program_.Bytes(std::string("a") + file), program_.Bytes(std::string("b") + file))
+            << file;
+}
+
+TEST_F(Print, ProgressIsForTerminals) {
+    const std::string make = GAZETTEER_PROGRAM " make long.dbf -o o.pdf";
+    EXPECT_EQ(program_.Run({"make", "long.dbf", "-o", "o.pdf"}).errors.find('\r'),
+              std::string::npos);
+    const std::string seen = program_.Shell("script -qec '" + make + "' /dev/null");
+    EXPECT_NE(seen.find("\x1b[K"), std::string::npos) << seen;
+    EXPECT_EQ(program_.Shell("script -qec '" + make + " 2>errors' /dev/null"), "");
+}
+
+TEST_F(Print, AFontThatIsMissingIsTold) {
+    const auto made = program_.Done(
+        {"make", "streets.dbf", "-o", "o.pdf", "--set", "*.ColumnFontSymbol=No Such Font,8"});
+    EXPECT_NE(made.errors.find("\"No Such Font\" is not installed; \""), std::string::npos)
+        << made.errors;
+}
+
 TEST_F(Print, AReplacedFileStaysWhereMakingFails) {
     program_.Done({"make", "streets.dbf", "-o", "o.pdf"});
     const auto before = program_.Bytes("o.pdf");
@@ -125,13 +172,6 @@ TEST_F(Print, AReplacedFileStaysWhereMakingFails) {
                   .status,
               1);
     EXPECT_EQ(program_.Bytes("o.pdf"), before);
-}
-
-TEST_F(Print, ASampleIsOnePage) {
-    const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample"});
-    EXPECT_NE(made.errors.find("found no place on a page"), std::string::npos) << made.errors;
-    EXPECT_NE(Shell("pdfinfo '" + program_.File("o.pdf") + "'").find("Pages:           1\n"),
-              std::string::npos);
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 #include "app/Program.h"
 
+#include <array>
+#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <memory>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -41,7 +44,7 @@ Program::Program() {
 Outcome Program::Run(std::vector<std::string> arguments) const {
     const std::string output = File(".output");
     const std::string errors = File(".errors");
-    arguments.insert(arguments.begin(), GAZETTEER_BINARY_DIR "/bin/gazetteer");
+    arguments.insert(arguments.begin(), GAZETTEER_PROGRAM);
     std::vector<char*> pointers;
     for (auto& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
@@ -58,6 +61,17 @@ Outcome Program::Run(std::vector<std::string> arguments) const {
     int status = 0;
     ::waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(output), ReadAll(errors)};
+}
+
+std::string Program::Shell(const std::string& command) const {
+    const std::string inFolder = "cd '" + folder_.Path() + "' && " + command;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(inFolder.c_str(), "r"),
+                                                               ::pclose);
+    std::string output;
+    std::array<char, 4096> bytes{};
+    while (const auto count = std::fread(bytes.data(), 1, bytes.size(), pipe.get()))
+        output.append(bytes.data(), count);
+    return output;
 }
 
 Outcome Program::Done(std::vector<std::string> arguments) const {

@@ -27,7 +27,14 @@ public:
     /// Runs a command that must succeed.
     Outcome Done(std::vector<std::string> arguments) const;
 
+    /// Standard output of a shell command that runs in the folder.
+    std::string Shell(const std::string& command) const;
+
     std::string File(const std::string& name) const { return folder_.File(name); }
+    /// Writes a file into the folder.
+    void Write(const std::string& name, const std::string& bytes) const {
+        folder_.Write(name, bytes);
+    }
     bool Exists(const std::string& name) const;
     std::string Bytes(const std::string& name) const;
     /// The values under the gazetteer's keys as the document stores them, by name.

@@ -41,6 +41,10 @@ TEST_F(Results, ShowKeepsItsShapeWithoutPages) {
     EXPECT_EQ(program_.Done({"show", "d.json", "--json"}).Json(), nothing);
     program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
     EXPECT_EQ(program_.Done({"show", "low.json", "--json"}).Json(), nothing);
+    program_.Write("bare.json", R"({"format":"desk document","version":1,"title":"t",
+        "page":{"width":8.5,"height":11.0,"elements":[]}})");
+    EXPECT_EQ(program_.Done({"show", "bare.json", "--json"}).Json(), nothing);
+    EXPECT_EQ(program_.Done({"check", "bare.json", "--json"}).Json()["reasons"].size(), 1U);
 }
 
 TEST_F(Results, DrawPrintsTheElementTree) {
@@ -76,6 +80,25 @@ TEST_F(Results, DrawTellsATransparentFillFromAColour) {
     const auto& cells = tree["members"][0]["members"];
     EXPECT_EQ(cells[0]["members"][0]["fill"], nullptr);
     EXPECT_EQ(cells[1]["members"][0]["fill"], "#0A1B2C");
+}
+
+TEST_F(Results, DrawTellsOfForeignMembersTagAndKindAlone) {
+    program_.Done({"draw", "d.json", "--page", "1"});
+    auto document = json::parse(program_.Bytes("d.json"));
+    auto& members = document["page"]["elements"][0]["members"];
+    auto north = members[0]["members"][0]["members"][1];
+    north["tag"] = "NORTH";
+    members.push_back(north);
+    auto shade = members[0]["members"][0]["members"][0];
+    shade["tag"] = "SHADE";
+    members.push_back(shade);
+    program_.Write("d.json", document.dump());
+    const auto tree = program_.Done({"draw", "d.json", "--page", "1", "--json"}).Json();
+    std::vector<json> foreign;
+    for (const auto& member : tree["members"])
+        if (!member.contains("members")) foreign.push_back(member);
+    EXPECT_EQ(foreign, (std::vector<json>{{{"tag", "NORTH"}, {"kind", "text"}},
+                                          {{"tag", "SHADE"}, {"kind", "rectangle"}}}));
 }
 
 TEST_F(Results, AreOnDiskOnceACommandSaves) {

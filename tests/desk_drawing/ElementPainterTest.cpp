@@ -13,14 +13,15 @@ constexpr int kGreyLevel = 0xB4;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 
 /// Rows of a few cells, at places that fall between the pixels of any usual resolution.
-host::Ref<host::IHostElement> Cells(const Sheets& sheets, bool alternate) {
+/// Every other row is in the second colour.
+host::Ref<host::IHostElement> Cells(const Sheets& sheets, std::uint32_t second) {
     std::vector<host::Ref<host::IHostElement>> rows;
     for (int row = 0; row < 12; ++row) {
         const double top = 3.3071 - row * 0.19837;
         std::vector<host::Ref<host::IHostElement>> cells;
         for (int column = 0; column < 5; ++column) {
             const double left = 0.7013 + column * 0.51731;
-            const auto color = alternate && row % 2 == 1 ? kWhite : kGrey;
+            const auto color = row % 2 == 1 ? second : kGrey;
             cells.push_back(sheets.elements.Group(
                 {sheets.elements.Rectangle(left, top - 0.19837, left + 0.51731, top, color),
                  sheets.elements.Text(left, top - 0.09, row == 5 ? "l" : "")}));
@@ -36,7 +37,7 @@ TEST(Painter, NeighboursOfOneColourShowNoSeam) {
             Sheets sheets;
             desk::PageWriterOptions options;
             options.dotsPerInch = resolution;
-            const auto image = Look(sheets.Draw(name, Cells(sheets, false), options), resolution);
+            const auto image = Look(sheets.Draw(name, Cells(sheets, kGrey), options), resolution);
             int inside = 0;
             for (double x = 0.75; x < 3.25; x += 1.0 / resolution)
                 for (double y = 2.4; y < 3.25; y += 1.0 / resolution) {
@@ -50,7 +51,7 @@ TEST(Painter, NeighboursOfOneColourShowNoSeam) {
 TEST(Painter, AlternatingRowsKeepTheirColoursAndEdges) {
     for (const char* name : {"rows.pdf", "rows.png"}) {
         Sheets sheets;
-        const auto image = Look(sheets.Draw(name, Cells(sheets, true)), 150);
+        const auto image = Look(sheets.Draw(name, Cells(sheets, kWhite)), 150);
         for (int row = 0; row < 12; ++row)
             for (double x = 0.75; row != 5 && x < 3.25; x += 0.05)
                 EXPECT_EQ(image.Inch(x, 3.3071 - (row + 0.5) * 0.19837),
@@ -59,6 +60,12 @@ TEST(Painter, AlternatingRowsKeepTheirColoursAndEdges) {
         EXPECT_EQ(image.Inch(0.69, 3.2), 255);
         EXPECT_EQ(image.Inch(3.3, 3.2), 255);
     }
+}
+
+TEST(Painter, PaperDoesNotShowBetweenRowsOfAnImage) {
+    Sheets sheets;
+    const auto image = Look(sheets.Draw("greys.png", Cells(sheets, 0xA8A8A8)), 150);
+    for (double y = 1; y < 3.25; y += 1.0 / 150) EXPECT_LE(image.Inch(2, y), kGreyLevel) << y;
 }
 
 TEST(Painter, LaterElementsCoverEarlierOnes) {

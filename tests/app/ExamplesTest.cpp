@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include "app/Program.h"
+
+namespace tests {
+namespace {
+
+const std::string kExamples = GAZETTEER_SOURCE_DIR "/examples/";
+
+struct Example {
+    const char* table;
+    const char* locale;
+    int listings;
+    std::vector<std::string> inOrder;  ///< Lines of the PDF, each below the one before.
+};
+
+TEST(Examples, AllMake) {
+    const Program program;
+    for (const Example& example :
+         {Example{"czechia-slovakia", "cs", 1420, {"Humpolec", "Cheb", "Ostrava..."}},
+          Example{
+              "vietnam", "vi", 611, {"D\u01B0\u01A1ng \u0110\u00F4ng", "\u0110\u00E0 N\u1EB5ng"}},
+          Example{"streets", "en", 714, {"2nd St...", "10th St...", "AVE 2.", "AVE 10"}},
+          Example{"atlas", "sv", 2177, {"Reykjav\u00EDk", "\u00C5sele", "\u00D6verum"}}}) {
+        const auto made = program.Done({"make", kExamples + example.table + ".dbf", "-o", "o.pdf",
+                                        "--document", "o.json", "--locale", example.locale});
+        EXPECT_EQ(made.errors.find("warning"), std::string::npos) << made.errors;
+        const auto shown = program.Done({"show", "o.json", "--json"}).Json();
+        EXPECT_EQ(shown["listings"].size(), static_cast<std::size_t>(example.listings));
+        const std::string pages = "Pages:           " + std::to_string(shown["pages"].size());
+        EXPECT_NE(program.Shell("pdfinfo o.pdf").find(pages), std::string::npos) << example.table;
+        const std::string text = program.Shell("pdftotext o.pdf -");
+        std::size_t at = 0;
+        for (const auto& line : example.inOrder) {
+            at = text.find('\n' + line, at);
+            EXPECT_NE(at, std::string::npos) << example.table << ": " << line;
+        }
+    }
+}
+
+class Linked : public ::testing::Test {
+protected:
+    void SetUp() override {
+        program_.Done({"new", "atlas.json", "--listing-database", kExamples + "atlas.dbf", "--book",
+                       kExamples + "atlas-book.json"});
+        program_.Done({"set", "atlas.json", "LinkToMapSeries=true", "MapSeriesSectionKey=maps",
+                       "MapSeriesTemplateKey=sheet", "MapSeriesFrameName=Main map",
+                       "Page.FromDatabase=false"});
+    }
+    Program program_;
+};
+
+TEST_F(Linked, ShowsThePagesAndTheGridOfTheBook) {
+    program_.Done({"column", "add", "atlas.json", "Region", "Expression=[REGION]",
+                   "FromDatabase=false", "ColumnWidth=1"});
+    EXPECT_EQ(program_.Stored("atlas.json")["CanDrawIndex"], true);
+    const auto shown = program_.Done({"show", "atlas.json", "--json"}).Json();
+    nlohmann::json found;
+    for (const auto& listing : shown["listings"])
+        if (listing["cells"]["Listing"] == "Reykjav\u00EDk") found = listing["cells"];
+    EXPECT_EQ(found["Page"], "7 C-5");
+    EXPECT_EQ(found["Region"], "Iceland");
+}
+
+TEST_F(Linked, NamesTheRecordWhoseReferenceIsNoNumber) {
+    for (const char* fact : {"field \"Page\", value \"x3\"", "field \"Row\", value \"\"",
+                             "field \"Column\", value \"1-2\""}) {
+        const std::string text = fact;
+        const auto of = [&](const char* field, const char* value) {
+            return text.find(field) != std::string::npos ? value : "1";
+        };
+        support::DbfBuilder({{"LISTING"}, {"PAGE"}, {"ROW"}, {"COLUMN"}})
+            .Row({"Good", "1", "1", "1"})
+            .Row({"Gone", "y", "y", "y"}, true)
+            .Row({"Bad", of("Page", "x3"), of("Row", ""), of("Column", "1-2")})
+            .Write(program_.File("odd.dbf"));
+        program_.Done({"set", "atlas.json", "IndexDatabaseFile=odd.dbf"});
+        const auto before = program_.Bytes("atlas.json");
+        const auto outcome = program_.Run({"generate", "atlas.json"});
+        EXPECT_EQ(outcome.status, 1) << fact;
+        EXPECT_NE(outcome.errors.find(fact), std::string::npos) << outcome.errors;
+        EXPECT_NE(outcome.errors.find("record 3"), std::string::npos) << outcome.errors;
+        EXPECT_EQ(program_.Bytes("atlas.json"), before);
+    }
+}
+
+}  // namespace
+}  // namespace tests
