@@ -12,6 +12,7 @@
 #include "desk/objects/Symbols.h"
 #include "desk/text/TextEngine.h"
 #include "host/Failure.h"
+#include "support/FixedSeed.h"
 #include "support/TemporaryFolder.h"
 
 namespace {

@@ -7,6 +7,7 @@
 #include "desk/objects/PropertySet.h"
 #include "desk/objects/Symbols.h"
 #include "host/Failure.h"
+#include "support/FixedSeed.h"
 
 namespace {
 
