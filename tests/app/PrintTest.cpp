@@ -1,6 +1,9 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <set>
+#include <stdlib.h>
 #include <thread>
+#include <unistd.h>
 
 #include "app/Program.h"
 
@@ -150,6 +153,10 @@ TEST_F(Print, TheSameInputGivesTheSameBytes) {
 }
 
 TEST_F(Print, ProgressIsForTerminals) {
+    // A container may have no pseudo-terminals.
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (terminal < 0) GTEST_SKIP() << "there is no pseudo-terminal here";
+    ::close(terminal);
     const std::string make = GAZETTEER_PROGRAM " make long.dbf -o o.pdf";
     EXPECT_EQ(program_.Run({"make", "long.dbf", "-o", "o.pdf"}).errors.find('\r'),
               std::string::npos);
