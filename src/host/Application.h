@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <string>
 
+#include "host/Commands.h"
 #include "host/Display.h"
+#include "host/PropertyPages.h"
 
 namespace host {
 
@@ -27,12 +29,15 @@ struct IHostActiveView : virtual IHostObject {
 
 struct IHostDocument : virtual IHostObject {
     virtual Ref<IHostActiveView> ActiveView() = 0;
+    virtual Ref<IHostCommandBars> CommandBars() = 0;
 };
 
 /// Every instance reaches the one running host.
 struct IHostApplication : virtual IHostObject {
     virtual Ref<IHostDocument> Document() = 0;
     virtual Ref<IHostStatusBar> StatusBar() = 0;
+    /// The main window, as the parent of dialogs; 0 without one.
+    virtual host::WindowHandle WindowHandle() = 0;
 };
 
 }  // namespace host

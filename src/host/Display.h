@@ -1,11 +1,22 @@
 #pragma once
 
-#include "host/Symbols.h"
+#include "host/Devices.h"
+#include "host/Geometry.h"
 
 namespace host {
 
-/// Turns page units into those of a device.
-struct IHostDisplayTransformation : virtual IHostObject {};
+/// Turns map units into those of a device: the shown extent fills the device's rectangle, Y growing
+/// upward in the one and downward in the other.
+struct IHostDisplayTransformation : virtual IHostObject {
+    virtual Ref<IHostEnvelope> ShownExtent() const = 0;
+    virtual void SetShownExtent(const Ref<IHostEnvelope>& extent) = 0;
+    virtual Ref<IHostEnvelope> FullExtent() const = 0;
+    virtual void SetFullExtent(const Ref<IHostEnvelope>& extent) = 0;
+    virtual PixelRectangle DeviceRectangle() const = 0;
+    virtual void SetDeviceRectangle(const PixelRectangle& rectangle) = 0;
+    virtual double DotsPerInch() const = 0;
+    virtual void SetDotsPerInch(double dotsPerInch) = 0;
+};
 
 /// The surface on which texts and elements are measured.
 struct IHostDisplay : virtual IHostObject {

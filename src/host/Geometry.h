@@ -24,8 +24,22 @@ struct IHostPoint : virtual IHostGeometry {
     virtual void SetY(double y) = 0;
 };
 
+/// A straight line between two points.
+struct IHostLine : virtual IHostGeometry {
+    virtual Ref<IHostPoint> StartPoint() const = 0;
+    virtual Ref<IHostPoint> EndPoint() const = 0;
+    virtual void SetStartPoint(const Ref<IHostPoint>& point) = 0;
+    virtual void SetEndPoint(const Ref<IHostPoint>& point) = 0;
+};
+
+/// A shape that covers something.
+struct IHostArea : virtual IHostObject {
+    /// A new point at the middle.
+    virtual Ref<IHostPoint> Centre() const = 0;
+};
+
 /// An upright rectangle.
-struct IHostEnvelope : virtual IHostGeometry, virtual IHostMovable {
+struct IHostEnvelope : virtual IHostGeometry, virtual IHostMovable, virtual IHostArea {
     virtual double XMin() const = 0;
     virtual double YMin() const = 0;
     virtual double XMax() const = 0;
@@ -34,8 +48,10 @@ struct IHostEnvelope : virtual IHostGeometry, virtual IHostMovable {
     virtual double Height() const = 0;
     /// Changes the height. The lower edge stays where it was.
     virtual void SetHeight(double height) = 0;
-    /// A new point at the upper left corner.
+    /// A new point at a corner.
     virtual Ref<IHostPoint> TopLeft() const = 0;
+    virtual Ref<IHostPoint> BottomLeft() const = 0;
+    virtual Ref<IHostPoint> BottomRight() const = 0;
     virtual void SetCoords(double xmin, double ymin, double xmax, double ymax) = 0;
 };
 

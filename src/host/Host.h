@@ -3,10 +3,12 @@
 #include <string>
 
 #include "host/Application.h"
+#include "host/Component.h"
 #include "host/Dialogs.h"
 #include "host/Elements.h"
 #include "host/Locale.h"
 #include "host/MapBook.h"
+#include "host/ObjectDialogs.h"
 #include "host/PropertySet.h"
 #include "host/Tables.h"
 
@@ -20,6 +22,7 @@ struct IHost : virtual IHostObject {
 
     virtual Ref<IHostPoint> NewPoint() = 0;
     virtual Ref<IHostEnvelope> NewEnvelope() = 0;
+    virtual Ref<IHostLine> NewLine() = 0;
 
     virtual Ref<IHostFont> NewFont() = 0;
     virtual Ref<IHostColor> NewColor() = 0;
@@ -32,6 +35,17 @@ struct IHost : virtual IHostObject {
     virtual Ref<IHostFilledElement> NewRectangleElement() = 0;
 
     virtual Ref<IHostApplication> NewApplication() = 0;
+    virtual Ref<IHostDisplayTransformation> NewDisplayTransformation() = 0;
+    /// An area of pixels, at least 1 by 1, all transparent.
+    virtual Ref<IHostPixelSurface> NewPixelSurface(std::int32_t width, std::int32_t height,
+                                                   double dotsPerInch) = 0;
+
+    // Dialogs fail where the host has no window.
+
+    virtual Ref<IHostObjectDialog> NewObjectDialog() = 0;
+    virtual Ref<IHostObjectFilter> NewTableFilter() = 0;
+    virtual Ref<IHostSymbolDialog> NewSymbolDialog() = 0;
+    virtual Ref<IHostComponentRegistrar> NewComponentRegistrar() = 0;
 
     virtual Ref<IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() = 0;
     virtual Ref<IHostWorkspaceFactory> NewWorkspaceFactory() = 0;
@@ -48,6 +62,7 @@ struct IHost : virtual IHostObject {
 
     virtual IHostLocale& Locale() = 0;
     virtual IHostDialogs& Dialogs() = 0;
+    virtual IHostDevices& Devices() = 0;
     virtual bool FileExists(const std::string& path) = 0;
 };
 

@@ -30,8 +30,18 @@ struct IHostColor : virtual IHostClonable {
     virtual void SetTransparent(bool transparent) = 0;
 };
 
-/// Any symbol of the host.
-struct IHostSymbol : virtual IHostClonable {};
+struct IHostGeometry;
+
+/// Any symbol of the host. Drawing goes PrepareDevice, DrawGeometry, ReleaseDevice.
+struct IHostSymbol : virtual IHostClonable {
+    virtual void PrepareDevice(DeviceContext device,
+                               const Ref<IHostDisplayTransformation>& transformation) = 0;
+    /// Draws along or on a geometry: a text its sample text, from the start of a line.
+    virtual void DrawGeometry(const Ref<IHostGeometry>& geometry) = 0;
+    virtual void ReleaseDevice() = 0;
+};
+
+struct IHostMarkerSymbol : virtual IHostSymbol {};
 
 struct IHostLineSymbol : virtual IHostSymbol {
     virtual Ref<IHostColor> Color() const = 0;

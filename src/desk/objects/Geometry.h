@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "host/Geometry.h"
 
 namespace desk {
@@ -21,6 +23,20 @@ private:
     double y_ = 0;
 };
 
+class Line final : public host::IHostLine {
+public:
+    host::Ref<host::IHostPoint> StartPoint() const override { return start_; }
+    host::Ref<host::IHostPoint> EndPoint() const override { return end_; }
+    void SetStartPoint(const host::Ref<host::IHostPoint>& point) override { start_ = point; }
+    void SetEndPoint(const host::Ref<host::IHostPoint>& point) override { end_ = point; }
+    host::Ref<host::IHostEnvelope> Bounds() const override;
+    host::Ref<host::IHostObject> Copy() const override;
+
+private:
+    host::Ref<host::IHostPoint> start_ = std::make_shared<Point>();
+    host::Ref<host::IHostPoint> end_ = std::make_shared<Point>();
+};
+
 /// Corners stay as they were given; nothing puts them in order.
 class Envelope final : public host::IHostEnvelope {
 public:
@@ -36,6 +52,9 @@ public:
     double Height() const override { return ymax_ - ymin_; }
     void SetHeight(double height) override { ymax_ = ymin_ + height; }
     host::Ref<host::IHostPoint> TopLeft() const override;
+    host::Ref<host::IHostPoint> BottomLeft() const override;
+    host::Ref<host::IHostPoint> BottomRight() const override;
+    host::Ref<host::IHostPoint> Centre() const override;
     void SetCoords(double xmin, double ymin, double xmax, double ymax) override;
     void Shift(double dx, double dy) override;
     host::Ref<host::IHostEnvelope> Bounds() const override;

@@ -54,6 +54,9 @@ public:
     host::Ref<host::IHostColor> Color() const override { return color_; }
     void SetColor(const host::Ref<host::IHostColor>& color) override;
     host::Ref<host::IHostObject> Copy() const override;
+    void PrepareDevice(host::DeviceContext, const host::Ref<host::IHostDisplayTransformation>&) override {}
+    void DrawGeometry(const host::Ref<host::IHostGeometry>&) override {}
+    void ReleaseDevice() override {}
 
 private:
     host::Ref<host::IHostColor> color_;
@@ -69,6 +72,9 @@ public:
     host::Ref<host::IHostLineSymbol> Outline() const override { return outline_; }
     void SetOutline(const host::Ref<host::IHostLineSymbol>& outline) override;
     host::Ref<host::IHostObject> Copy() const override;
+    void PrepareDevice(host::DeviceContext, const host::Ref<host::IHostDisplayTransformation>&) override {}
+    void DrawGeometry(const host::Ref<host::IHostGeometry>&) override {}
+    void ReleaseDevice() override {}
 
 private:
     host::Ref<host::IHostColor> color_;
@@ -102,6 +108,9 @@ public:
                                  const std::string& text) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
+    void PrepareDevice(host::DeviceContext, const host::Ref<host::IHostDisplayTransformation>&) override {}
+    void DrawGeometry(const host::Ref<host::IHostGeometry>&) override {}
+    void ReleaseDevice() override {}
 
 private:
     std::shared_ptr<TextEngine> engine_;

@@ -1,5 +1,6 @@
 #include "desk/session/Application.h"
 
+#include "desk/objects/Transformation.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -10,8 +11,6 @@ namespace {
 constexpr host::DeviceContext kTheDevice = 1;
 
 using Listeners = std::shared_ptr<const SessionListeners>;
-
-class Transformation final : public host::IHostDisplayTransformation {};
 
 class Animation final : public host::IHostProgressAnimation {
 public:
@@ -60,30 +59,35 @@ private:
 
 class OpenDocument final : public host::IHostDocument {
 public:
-    explicit OpenDocument(const Listeners& told)
-        : view_(std::make_shared<desk::ActiveView>(told)) {}
+    OpenDocument(const Listeners& told, host::Ref<host::IHostCommandBars> commands)
+        : view_(std::make_shared<desk::ActiveView>(told)), commands_(std::move(commands)) {}
     host::Ref<host::IHostActiveView> ActiveView() override { return view_; }
+    host::Ref<host::IHostCommandBars> CommandBars() override { return commands_; }
 
 private:
     host::Ref<host::IHostActiveView> view_;
+    host::Ref<host::IHostCommandBars> commands_;
 };
 
 class Application final : public host::IHostApplication {
 public:
-    explicit Application(const Listeners& told)
-        : document_(std::make_shared<OpenDocument>(told)),
-          statusBar_(std::make_shared<desk::StatusBar>(told)) {}
+    explicit Application(ApplicationParts parts)
+        : document_(std::make_shared<OpenDocument>(parts.told, std::move(parts.commands))),
+          statusBar_(std::make_shared<desk::StatusBar>(parts.told)),
+          windowHandle_(std::move(parts.windowHandle)) {}
     host::Ref<host::IHostDocument> Document() override { return document_; }
     host::Ref<host::IHostStatusBar> StatusBar() override { return statusBar_; }
+    host::WindowHandle WindowHandle() override { return windowHandle_ ? windowHandle_() : 0; }
 
 private:
     host::Ref<host::IHostDocument> document_;
     host::Ref<host::IHostStatusBar> statusBar_;
+    std::function<host::WindowHandle()> windowHandle_;
 };
 
 }  // namespace
 
-Display::Display() : transformation_(std::make_shared<desk::Transformation>()) {}
+Display::Display() : transformation_(std::make_shared<DisplayTransformation>()) {}
 
 host::DeviceContext Display::Device() const {
     return kTheDevice;
@@ -105,9 +109,8 @@ void Display::EndDrawing() {
     --openBrackets_;
 }
 
-host::Ref<host::IHostApplication> MakeApplication(
-    const std::shared_ptr<const SessionListeners>& told) {
-    return std::make_shared<Application>(told);
+host::Ref<host::IHostApplication> MakeApplication(ApplicationParts parts) {
+    return std::make_shared<Application>(std::move(parts));
 }
 
 }  // namespace desk

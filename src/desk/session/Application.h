@@ -40,8 +40,14 @@ private:
     int openBrackets_ = 0;
 };
 
+/// What an application is put together from.
+struct ApplicationParts {
+    std::shared_ptr<const SessionListeners> told;
+    host::Ref<host::IHostCommandBars> commands;
+    std::function<host::WindowHandle()> windowHandle;  ///< None: there is no window.
+};
+
 /// The application with its status bar, its document and the view on it, in one.
-host::Ref<host::IHostApplication> MakeApplication(
-    const std::shared_ptr<const SessionListeners>& told);
+host::Ref<host::IHostApplication> MakeApplication(ApplicationParts parts);
 
 }  // namespace desk

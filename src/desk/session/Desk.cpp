@@ -10,6 +10,7 @@
 #include "desk/objects/Geometry.h"
 #include "desk/objects/PropertySet.h"
 #include "desk/objects/Symbols.h"
+#include "desk/objects/Transformation.h"
 #include "desk/tables/DbfWorkspace.h"
 #include "desk/tables/PlainObjects.h"
 #include "desk/tables/Scratch.h"
@@ -24,14 +25,26 @@ host::Ref<host::IHostTable> OpenTableFile(const std::string& path) {
     return DbfWorkspaceFactory().OpenFromFile("", 0)->OpenTable(path);
 }
 
+// The desk's one filter: dBase tables.
+class TableFilter final : public host::IHostObjectFilter {};
+
+template <class T>
+host::Ref<T> FromWindow(const std::function<host::Ref<T>()>& make) {
+    if (make) return make();
+    throw host::Failure(host::kFailureUnspecified, "desk::Desk",
+                        "There is no window in which a dialog could be shown.");
+}
+
 }  // namespace
 
 Desk::Desk(DeskOptions options)
     : locale_(std::make_shared<IcuLocale>(options.locale)),
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),
-      application_(
-          MakeApplication(std::make_shared<const SessionListeners>(std::move(options.listeners)))) {
+      window_(std::move(options.window)),
+      application_(MakeApplication(
+          {std::make_shared<const SessionListeners>(std::move(options.listeners)), commands_,
+           window_.windowHandle})) {
     if (!dialogs_) {
         throw host::Failure(host::kFailureTypeMismatch, "desk::Desk",
                             "A desk cannot work without dialogs.");
@@ -66,6 +79,26 @@ host::Ref<host::IHostPoint> Desk::NewPoint() {
 
 host::Ref<host::IHostEnvelope> Desk::NewEnvelope() {
     return std::make_shared<Envelope>();
+}
+
+host::Ref<host::IHostLine> Desk::NewLine() {
+    return std::make_shared<Line>();
+}
+
+host::Ref<host::IHostDisplayTransformation> Desk::NewDisplayTransformation() {
+    return std::make_shared<DisplayTransformation>();
+}
+
+host::Ref<host::IHostObjectDialog> Desk::NewObjectDialog() {
+    return FromWindow(window_.newObjectDialog);
+}
+
+host::Ref<host::IHostObjectFilter> Desk::NewTableFilter() {
+    return std::make_shared<TableFilter>();
+}
+
+host::Ref<host::IHostSymbolDialog> Desk::NewSymbolDialog() {
+    return FromWindow(window_.newSymbolDialog);
 }
 
 host::Ref<host::IHostFont> Desk::NewFont() {
@@ -148,6 +181,18 @@ bool Desk::FileExists(const std::string& path) {
     std::error_code error;
     const auto status = std::filesystem::status(ResolveTablePath(path), error);
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+host::Ref<host::IHostPixelSurface> Desk::NewPixelSurface(std::int32_t, std::int32_t, double) {
+    return nullptr;
+}
+
+host::Ref<host::IHostComponentRegistrar> Desk::NewComponentRegistrar() {
+    return nullptr;
+}
+
+host::IHostDevices& Desk::Devices() {
+    throw host::Failure(host::kFailureUnspecified, "desk::Desk", "no devices");
 }
 
 }  // namespace desk

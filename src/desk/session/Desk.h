@@ -7,16 +7,25 @@
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/mapbook/MapBook.h"
 #include "desk/session/Application.h"
+#include "desk/session/CommandTable.h"
 #include "desk/text/TextEngine.h"
 #include "host/Host.h"
 
 namespace desk {
+
+/// What only a host with a window has. Any of them may be missing; asking for it then fails.
+struct WindowServices {
+    std::function<host::Ref<host::IHostObjectDialog>()> newObjectDialog;
+    std::function<host::Ref<host::IHostSymbolDialog>()> newSymbolDialog;
+    std::function<host::WindowHandle()> windowHandle;
+};
 
 struct DeskOptions {
     std::string locale;                     ///< As IcuLocale takes it; empty: the user's.
     host::Ref<host::IHostDialogs> dialogs;  ///< Must be there.
     SessionListeners listeners;
     ExpressionEngine::Editor expressionEditor;  ///< None: expressions cannot be edited.
+    WindowServices window;
 };
 
 /// The running host: makes every object of the desk and holds the one document that it works on.
@@ -37,11 +46,14 @@ public:
     Document& CurrentDocument() { return document_; }
     const std::string& DocumentPath() const { return path_; }
     const std::shared_ptr<TextEngine>& Text() const { return engine_; }
+    /// The commands that others find by name.
+    CommandTable& Commands() { return *commands_; }
 
     host::Ref<host::IHostPropertySet> NewPropertySet() override;
     host::Ref<host::IHostObjectCopy> NewObjectCopy() override;
     host::Ref<host::IHostPoint> NewPoint() override;
     host::Ref<host::IHostEnvelope> NewEnvelope() override;
+    host::Ref<host::IHostLine> NewLine() override;
     host::Ref<host::IHostFont> NewFont() override;
     host::Ref<host::IHostColor> NewColor() override;
     host::Ref<host::IHostTextSymbol> NewTextSymbol() override;
@@ -51,6 +63,13 @@ public:
     host::Ref<host::IHostTextElement> NewTextElement() override;
     host::Ref<host::IHostFilledElement> NewRectangleElement() override;
     host::Ref<host::IHostApplication> NewApplication() override { return application_; }
+    host::Ref<host::IHostDisplayTransformation> NewDisplayTransformation() override;
+    host::Ref<host::IHostPixelSurface> NewPixelSurface(std::int32_t width, std::int32_t height,
+                                                       double dotsPerInch) override;
+    host::Ref<host::IHostObjectDialog> NewObjectDialog() override;
+    host::Ref<host::IHostObjectFilter> NewTableFilter() override;
+    host::Ref<host::IHostSymbolDialog> NewSymbolDialog() override;
+    host::Ref<host::IHostComponentRegistrar> NewComponentRegistrar() override;
     host::Ref<host::IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() override;
     host::Ref<host::IHostWorkspaceFactory> NewWorkspaceFactory() override;
     host::Ref<host::IHostFields> NewFields() override;
@@ -68,6 +87,7 @@ public:
 
     host::IHostLocale& Locale() override { return *locale_; }
     host::IHostDialogs& Dialogs() override { return *dialogs_; }
+    host::IHostDevices& Devices() override;
     /// Either separator, and another case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
 
@@ -76,6 +96,8 @@ private:
     host::Ref<host::IHostDialogs> dialogs_;
     ExpressionEngine::Editor expressionEditor_;
     std::shared_ptr<TextEngine> engine_ = std::make_shared<TextEngine>();
+    WindowServices window_;
+    std::shared_ptr<CommandTable> commands_ = std::make_shared<CommandTable>();
     host::Ref<host::IHostApplication> application_;
     Document document_;
     std::string path_;
