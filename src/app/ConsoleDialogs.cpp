@@ -1,8 +1,8 @@
 #include "app/ConsoleDialogs.h"
 
 #include <cstdio>
-#include <utility>
 
+#include "app/Errors.h"
 #include "app/Progress.h"
 
 namespace app {
@@ -14,23 +14,7 @@ std::string WithoutCarriageReturns(std::string text) {
     return text;
 }
 
-// "record 17", but texts in quotation marks.
-std::string FactPhrase(const host::FailureFact& fact) {
-    if (fact.name == "record") return fact.name + ' ' + fact.value;
-    return fact.name + " \"" + fact.value + '"';
-}
-
 }  // namespace
-
-std::string FailureSentence(const host::Failure& failure) {
-    std::string facts;
-    for (const auto& fact : failure.facts) {
-        // The sentence may name the fact already.
-        if (failure.cause.find('"' + fact.value + '"') != std::string::npos) continue;
-        facts += (facts.empty() ? " (" : ", ") + FactPhrase(fact);
-    }
-    return failure.cause + (facts.empty() ? "" : facts + ')');
-}
 
 void Tell(const std::string& line) {
     ClearProgress();
@@ -41,10 +25,8 @@ void Warn(const std::string& line) {
     Tell("warning: " + line);
 }
 
-host::MessageAnswer ConsoleDialogs::MessageBox(const host::MessageBoxRequest& request) {
+host::MessageAnswer ConsoleDialogs::Show(const host::MessageBoxRequest& request) {
     if (request.style == host::kYesNo) return host::MessageAnswer::Yes;
-    if (request.failure && silent_) return host::MessageAnswer::Ok;
-    if (request.failure) failureShown_ = true;
     if (request.failure && !verbose_)
         Tell(FailureSentence(*request.failure));
     else
@@ -55,10 +37,6 @@ host::MessageAnswer ConsoleDialogs::MessageBox(const host::MessageBoxRequest& re
 std::optional<std::string> ConsoleDialogs::InputBox(const std::string&, const std::string&,
                                                     const std::string&) {
     return std::nullopt;
-}
-
-bool ConsoleDialogs::TakeFailureShown() {
-    return std::exchange(failureShown_, false);
 }
 
 }  // namespace app

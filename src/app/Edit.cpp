@@ -15,9 +15,9 @@ constexpr char kMarkOff[] = ":off";
 
 }  // namespace
 
-Edit::Edit(Session& session) : session_(session) {
-    auto& host = session.Host();
-    const auto copy = gazetteer::CopySet(host, session.Properties());
+Edit::Edit(Work& work) : work_(work) {
+    auto& host = work.Host();
+    const auto copy = gazetteer::CopySet(host, work.Properties());
     gazetteer::ReadSettings(*copy, host.Locale(), settings_);
 }
 
@@ -50,7 +50,7 @@ void Edit::SetProperty(const std::string& key, const std::string& value) {
         return SetOrder(key, value, &Settings::columnDisplayOrder, false);
     if (key == "ColumnSortOrder") return SetOrder(key, value, &Settings::columnSortOrder, true);
 
-    const auto variant = ParseValue(session_.Host(), key, entry->kind,
+    const auto variant = ParseValue(work_.Host(), key, entry->kind,
                                     key == "IndexDatabaseFile" ? FullPath(value) : value);
     std::visit(
         [&](auto field) {
@@ -71,12 +71,12 @@ void Edit::SetColumn(const std::string& column, const std::string& key, const st
     // Symbols are made anew for each column, so that no two share one.
     for (const std::string& name : names)
         gazetteer::SetUnder(*settings_.columnsProperties, name)
-            ->SetItem(key, ParseValue(session_.Host(), column + "." + key, entry->kind, value));
+            ->SetItem(key, ParseValue(work_.Host(), column + "." + key, entry->kind, value));
 }
 
 void Edit::SetOrder(const std::string& key, const std::string& value,
                     host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks) {
-    auto set = session_.Host().NewPropertySet();
+    auto set = work_.Host().NewPropertySet();
     std::vector<std::string> seen;
     for (std::string name : gazetteer::Split(value, ',')) {
         const bool off = marks && name.ends_with(kMarkOff);
@@ -96,7 +96,7 @@ void Edit::SetOrder(const std::string& key, const std::string& value,
 }
 
 std::string Edit::ColumnName(const std::string& name) {
-    std::string known = gazetteer::FindColumn(session_.Host().Locale(), settings_, name);
+    std::string known = gazetteer::FindColumn(work_.Host().Locale(), settings_, name);
     if (known.empty()) throw UsageError("There is no column \"" + name + "\".");
     return known;
 }
@@ -105,25 +105,24 @@ const gazetteer::ColumnProperties* Edit::CurrentColumn() {
     const auto names = gazetteer::NamesOf(*settings_.columnNames);
     if (names.empty()) return nullptr;
     current_ = gazetteer::ReadColumnProperties(
-        *gazetteer::SetUnder(*settings_.columnsProperties, names.front()),
-        session_.Host().Locale());
+        *gazetteer::SetUnder(*settings_.columnsProperties, names.front()), work_.Host().Locale());
     return &current_;
 }
 
 void Edit::Store() {
-    auto& host = session_.Host();
-    const auto& element = session_.Gazetteer();
-    const auto properties = session_.Properties();
+    auto& host = work_.Host();
+    const auto& element = work_.Gazetteer();
+    const auto properties = work_.Properties();
     gazetteer::StoreEdit(host, settings_, false, *properties);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
     const bool fits = gazetteer::ColumnsFitFrame(host.Locale(), settings_,
                                                  element->Geometry()->Bounds()->Width());
     if (!fits)
-        Warn(
+        work_.Caution(
             "the total width of the defined columns is wider than the width of the gazetteer "
             "frame.");
     gazetteer::Findings reasons;
-    properties->SetItem("CanDrawIndex", session_.CanDraw(reasons) && fits);
+    properties->SetItem("CanDrawIndex", work_.CanDraw(reasons) && fits);
 }
 
 }  // namespace app

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/KeyValues.h"
-#include "app/Session.h"
+#include "app/Work.h"
 #include "model/ColumnProperties.h"
 #include "model/Settings.h"
 
@@ -15,8 +15,8 @@ namespace app {
 /// version, takes the element out of draft state and works out anew whether it can be drawn.
 class Edit {
 public:
-    /// Works on a copy of what the session's gazetteer stores.
-    explicit Edit(Session& session);
+    /// Works on a copy of what the gazetteer stores.
+    explicit Edit(Work& work);
 
     /// Applies one KEY=VALUE. Raises a UsageError that names what is wrong.
     void Set(const std::string& text);
@@ -37,7 +37,7 @@ private:
     void SetOrder(const std::string& key, const std::string& value,
                   host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks);
 
-    Session& session_;
+    Work& work_;
     gazetteer::Settings settings_;
     gazetteer::ColumnProperties current_;
 };

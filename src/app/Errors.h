@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "host/Failure.h"
+
 namespace app {
 
 /// Exit statuses of the program.
@@ -24,5 +26,8 @@ struct CommandError : std::runtime_error {
 struct AlreadyTold {
     int exitStatus = kCouldNot;
 };
+
+/// A failure in one line: its first text and its facts.
+std::string FailureSentence(const host::Failure& failure);
 
 }  // namespace app

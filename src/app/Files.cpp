@@ -21,10 +21,13 @@ std::string FullPath(const std::string& path) {
     return std::filesystem::absolute(path).lexically_normal().string();
 }
 
+bool IsSameFile(const std::string& one, const std::string& other) {
+    return !one.empty() && !other.empty() && Resolved(one) == Resolved(other);
+}
+
 void CheckApart(const std::string& written, std::initializer_list<std::string> others) {
-    if (written.empty()) return;
     for (const std::string& other : others)
-        if (!other.empty() && Resolved(other) == Resolved(written))
+        if (IsSameFile(written, other))
             throw UsageError("The file \"" + written +
                              "\" cannot be written: the command needs it for something else.");
 }

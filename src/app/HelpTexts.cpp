@@ -152,7 +152,9 @@ records that are missing or damaged.)";
 
 const char kComponentHelp[] = R"(
   gazetteer component install
-The component's library, with the property page, is loaded for this command alone.)";
+The desk's window shows the property page for as long as it is entered. The component's library
+is looked for as ../lib/libCVNGazetteer.so beside the program, and is loaded for this command alone.
+The list of what is entered is gazetteer-desk/components.json in your data folder.)";
 
 std::string SetHelp() {
     return kSetHelp + Lines("\nProperties:", gazetteer::PropertyKeys()) +

@@ -55,8 +55,8 @@ host::Ref<host::IHostGroupElement> MakeGazetteer(host::IHost& host, const FrameO
     return element;
 }
 
-void DefineColumnsOf(Session& session, const std::string& database) {
-    auto& host = session.Host();
+void DefineColumnsOf(Work& work, const std::string& database) {
+    auto& host = work.Host();
     const auto table = gazetteer::OpenTableFile(host, database);
     const auto fields = table->Fields();
     const std::string name = "listing database \"" + database + '"';
@@ -65,9 +65,9 @@ void DefineColumnsOf(Session& session, const std::string& database) {
         throw CommandError("The " + name + " has no field \"Page\"" + fieldsAre);
     // Page references without names are seldom what is wanted.
     if (fields->FindField("Listing") < 0)
-        Warn("the " + name + " has no field \"Listing\", so that Page is the only column" +
-             fieldsAre);
-    Edit edit(session);
+        work.Caution("the " + name + " has no field \"Listing\", so that Page is the only column" +
+                     fieldsAre);
+    Edit edit(work);
     edit.Settings().indexDatabaseFile = FullPath(database);
     gazetteer::DefineColumns(host, *fields, edit.Settings());
     edit.Store();
@@ -111,7 +111,7 @@ FrameOption ParseFrame(const std::string& text, const PageSize& page) {
     return frame;
 }
 
-void StartNewDocument(Session& session, const NewDocumentOptions& options,
+void StartNewDocument(Work& work, const NewDocumentOptions& options,
                       const std::string& documentPath) {
     const PageSize page = ParsePageSize(options.pageSize);
     desk::Document document;
@@ -123,18 +123,18 @@ void StartNewDocument(Session& session, const NewDocumentOptions& options,
         document.mapBook =
             std::filesystem::absolute(options.book).lexically_proximate(folder).string();
     }
-    const auto element = MakeGazetteer(session.Host(), ParseFrame(options.frame, page));
+    const auto element = MakeGazetteer(work.Host(), ParseFrame(options.frame, page));
     document.elements.push_back(element);
-    session.Start(std::move(document), documentPath, element);
-    DefineColumnsOf(session, options.listingDatabase);
+    work.Start(std::move(document), documentPath, element);
+    DefineColumnsOf(work, options.listingDatabase);
     // A map book that cannot be read is told of now, not by a later command.
-    if (!options.book.empty()) session.Host().NewLayoutContext()->CurrentTemplateKey();
+    if (!options.book.empty()) work.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
-void DressForPrint(Session& session) {
-    auto& host = session.Host();
-    auto& document = session.TheDesk().CurrentDocument();
-    const FrameOption frame = FrameOf(*session.Gazetteer());
+void DressForPrint(Work& work) {
+    auto& host = work.Host();
+    auto& document = work.TheDesk().CurrentDocument();
+    const FrameOption frame = FrameOf(*work.Gazetteer());
     AddFurniture(host, document, frame);
 
     // As many column groups as stand well side by side: three on a Letter sheet. They and the gaps
@@ -144,7 +144,7 @@ void DressForPrint(Session& session) {
     const double groups = std::max(1.0, std::floor((frame.width + kGap) / (kLeastGroup + kGap)));
     const double group = (frame.width - (groups - 1) * kGap) / groups;
 
-    Edit edit(session);
+    Edit edit(work);
     const bool hasListing = edit.Settings().columnNames->Count() > 1;
     const double reference = hasListing ? std::min(0.95, group * 0.4) : group;
     for (const char* assignment :

@@ -6,7 +6,6 @@
 
 #include "app/Errors.h"
 #include "app/Furniture.h"
-#include "app/Progress.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/Conversions.h"
@@ -30,8 +29,8 @@ std::string Trimmed(const std::string& text) {
 
 // The number printed on a page's sheet: counted on from the start of the gazetteer's own section
 // where it stands in a map book.
-std::string SheetNumber(Session& session, std::int32_t page) {
-    auto& host = session.Host();
+std::string SheetNumber(Work& work, std::int32_t page) {
+    auto& host = work.Host();
     const auto context = host.NewLayoutContext();
     const auto key = context->CurrentTemplateKey();
     if (std::holds_alternative<host::Empty>(key)) return std::to_string(page);
@@ -41,20 +40,22 @@ std::string SheetNumber(Session& session, std::int32_t page) {
     return std::to_string(start + page - 1);
 }
 
-void PaintSheet(Session& session, desk::PageWriter& writer, std::int32_t page) {
-    LabelSheet(session, page);
-    auto& document = session.TheDesk().CurrentDocument();
+void PaintSheet(Work& work, desk::PageWriter& writer, std::int32_t page) {
+    LabelSheet(work, page);
+    auto& document = work.TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
-    desk::ElementPainter painter(*session.TheDesk().Text());
+    desk::ElementPainter painter(*work.TheDesk().Text());
     for (const auto& element : document.elements) painter.Paint(writer.Canvas(), element);
-    const auto name = session.Manager().PageName(page);
-    writer.EndPage(Trimmed(gazetteer::ToText(name, session.Host().Locale())));
+    const auto name = work.Manager().PageName(page);
+    writer.EndPage(Trimmed(gazetteer::ToText(name, work.Host().Locale())));
 }
 
-void DrawSheet(Session& session, desk::PageWriter& writer, std::int32_t page) {
-    session.Manager().SetIndexToPageNumber(page);
-    session.CheckNothingFailed();
-    PaintSheet(session, writer, page);
+void DrawSheet(Work& work, desk::PageWriter& writer, std::int32_t page,
+               const SheetListener& before) {
+    if (before) before(page);
+    work.Manager().SetIndexToPageNumber(page);
+    work.CheckNothingFailed();
+    PaintSheet(work, writer, page);
 }
 
 std::string NumberedPath(const std::string& path, std::int32_t page) {
@@ -64,24 +65,26 @@ std::string NumberedPath(const std::string& path, std::int32_t page) {
         .string();
 }
 
-std::unique_ptr<desk::PageWriter> OpenWriter(Session& session, const std::string& path) {
-    return desk::OpenPageWriter(path, {.title = session.TheDesk().CurrentDocument().title});
+std::unique_ptr<desk::PageWriter> OpenWriter(Work& work, const std::string& path) {
+    return desk::OpenPageWriter(path, {.title = work.TheDesk().CurrentDocument().title});
 }
 
-void WritePdf(Session& session, const std::string& path, const PageRange& pages) {
-    const auto writer = OpenWriter(session, path);
+void WritePdf(Work& work, const std::string& path, const PageRange& pages,
+              const SheetListener& before) {
+    const auto writer = OpenWriter(work, path);
     for (std::int32_t page = pages.first; page <= pages.last; ++page)
-        DrawSheet(session, *writer, page);
+        DrawSheet(work, *writer, page, before);
     writer->Finish();
 }
 
-void WriteNumberedFiles(Session& session, const std::string& path, const PageRange& pages) {
+void WriteNumberedFiles(Work& work, const std::string& path, const PageRange& pages,
+                        const SheetListener& before) {
     std::vector<std::string> written;
     try {
         for (std::int32_t page = pages.first; page <= pages.last; ++page) {
             const std::string file = NumberedPath(path, page);
-            const auto writer = OpenWriter(session, file);
-            DrawSheet(session, *writer, page);
+            const auto writer = OpenWriter(work, file);
+            DrawSheet(work, *writer, page, before);
             writer->Finish();
             written.push_back(file);
         }
@@ -125,27 +128,27 @@ void CheckPage(std::int32_t page, std::int32_t pageCount) {
                        std::to_string(pageCount) + (pageCount == 1 ? " page." : " pages."));
 }
 
-void LabelSheet(Session& session, std::int32_t page) {
-    auto& document = session.TheDesk().CurrentDocument();
+void LabelSheet(Work& work, std::int32_t page) {
+    auto& document = work.TheDesk().CurrentDocument();
     // Without labels nobody asks for the map book, which may be gone.
     if (!HasFurniture(document)) return;
-    auto& manager = session.Manager();
-    FillFurniture(session.Host(), document, Trimmed(manager.FirstListing(page)),
-                  Trimmed(manager.LastListing(page)), SheetNumber(session, page),
-                  session.Gazetteer()->Geometry()->Bounds()->Width());
+    auto& manager = work.Manager();
+    FillFurniture(work.Host(), document, Trimmed(manager.FirstListing(page)),
+                  Trimmed(manager.LastListing(page)), SheetNumber(work, page),
+                  work.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
-void WriteSheets(Session& session, const std::string& path, const PageRange& pages) {
+void WriteSheets(Work& work, const std::string& path, const PageRange& pages,
+                 const SheetListener& before) {
     if (LowerEnding(path) == ".pdf")
-        WritePdf(session, path, pages);
+        WritePdf(work, path, pages, before);
     else
-        WriteNumberedFiles(session, path, pages);
-    ClearProgress();
+        WriteNumberedFiles(work, path, pages, before);
 }
 
-void WriteDrawnPage(Session& session, const std::string& path, std::int32_t page) {
-    const auto writer = OpenWriter(session, path);
-    PaintSheet(session, *writer, page);
+void WriteDrawnPage(Work& work, const std::string& path, std::int32_t page) {
+    const auto writer = OpenWriter(work, path);
+    PaintSheet(work, *writer, page);
     writer->Finish();
 }
 

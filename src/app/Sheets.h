@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
-#include "app/Session.h"
+#include "app/Work.h"
 
 namespace app {
 
@@ -21,16 +22,20 @@ std::optional<PageRange> ParsePages(const std::string& text);
 /// Raises a CommandError for a page that is not there.
 void CheckPage(std::int32_t page, std::int32_t pageCount);
 
+/// Is told of each page before it is drawn. What it raises ends the writing.
+using SheetListener = std::function<void(std::int32_t page)>;
+
 /// Writes pages of the bound gazetteer, one sheet each, by the ending of the file's name: one PDF
 /// with bookmarks, or PNG or SVG files with -1, -2, ... before the ending. Nothing is left behind
 /// after a failure.
-void WriteSheets(Session& session, const std::string& path, const PageRange& pages);
+void WriteSheets(Work& work, const std::string& path, const PageRange& pages,
+                 const SheetListener& before = {});
 
 /// Gives the sheet the running head and the number of a page.
-void LabelSheet(Session& session, std::int32_t page);
+void LabelSheet(Work& work, std::int32_t page);
 
 /// Writes the page that is drawn in the document as it stands.
-void WriteDrawnPage(Session& session, const std::string& path, std::int32_t page);
+void WriteDrawnPage(Work& work, const std::string& path, std::int32_t page);
 
 /// Fails unless the name ends in .pdf, .png or .svg.
 void CheckOutputName(const std::string& path);

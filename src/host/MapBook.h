@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -79,6 +80,9 @@ struct TokenDescription {
 struct ExpressionFinding {
     std::string text;   ///< "no field named Foo", "[ without ]".
     std::string field;  ///< The field at fault, where it is one.
+    // The part of the expression at fault, in bytes.
+    std::size_t begin = 0;
+    std::size_t length = 0;
 };
 
 struct CVNExpressionEngine : virtual IHostObject {

@@ -5,54 +5,34 @@
 
 #include "host/Host.h"
 #include "manager/ElementCheck.h"
+#include "manager/ICVNGazetteerManager.h"
 #include "model/Results.h"
 #include "model/Settings.h"
 
 namespace gazetteer {
 
-/// Binds to one gazetteer element, draws its index pages into it and answers questions about them.
-///
-/// All public operations are top procedures: a failure is shown in the dialog of the failure
-/// convention, and the operation returns normally with an empty result. Expected order of calls:
-/// SetIndexElement, then queries and SetIndexToPageNumber in any order. IsGazetteerElement,
-/// CanDrawIndex and the three operations on properties work on their arguments and need no binding.
-/// Not for use by two threads; a run blocks its caller, with the status bar as its sign of life.
-class CVNGazetteerManager {
+/// The manager of this component, and what it can tell beyond its default interface.
+class CVNGazetteerManager : public ICVNGazetteerManager {
 public:
     explicit CVNGazetteerManager(host::Ref<host::IHost> host);
-    ~CVNGazetteerManager() = default;
-    CVNGazetteerManager(const CVNGazetteerManager&) = delete;
-    CVNGazetteerManager& operator=(const CVNGazetteerManager&) = delete;
+    ~CVNGazetteerManager() override = default;
 
-    /// Reads and checks the element, then reloads its stored results, or runs the pipeline and
-    /// stores them where there are none. Raises for an element without gazetteer properties.
-    void SetIndexElement(const host::Ref<host::IHostGroupElement>& indexElement);
-    bool IsGazetteerElement(const host::Ref<host::IHostGroupElement>& groupElement);
-    /// The element check without keeping anything.
-    bool CanDrawIndex(const host::Ref<host::IHostGroupElement>& indexElement);
-    /// Draws a page, from 1 to PageCount, into the element.
-    void SetIndexToPageNumber(std::int32_t pageNumber);
-    /// Takes the rows of a drawn page away.
-    void DraftMode();
-    /// A new property set of all defaults.
-    host::Ref<host::IHostPropertySet> MakeGazetteerProperties();
+    void SetIndexElement(const host::Ref<host::IHostGroupElement>& indexElement) override;
+    bool IsGazetteerElement(const host::Ref<host::IHostGroupElement>& groupElement) override;
+    bool CanDrawIndex(const host::Ref<host::IHostGroupElement>& indexElement) override;
+    void SetIndexToPageNumber(std::int32_t pageNumber) override;
+    void DraftMode() override;
+    host::Ref<host::IHostPropertySet> MakeGazetteerProperties() override;
     void AddGazetteerProperties(const host::Ref<host::IHostGroupElement>& groupElement,
-                                const host::Ref<host::IHostPropertySet>& seriesProperties);
-    void RemoveGazetteerProperties(const host::Ref<host::IHostGroupElement>& groupElement);
-    /// Releases the bound objects. The page count counts again after the next binding.
-    void Reset();
-
-    /// The default page as it was at the binding. A value above 32767 is an overflow.
-    std::int16_t DefaultPage();
-    /// Stores the default page with the element; DefaultPage answers it after the next binding.
-    void SetDefaultPageNumber(std::int32_t pageNumber);
-    /// Number of pages, a Long; empty after a failure.
-    host::Variant PageCount();
-    /// Text of a page's first or last listing; one blank for a page beyond the stored ones.
-    std::string FirstListing(std::int32_t pageNumber);
-    std::string LastListing(std::int32_t pageNumber);
-    /// First and last listing joined by " - ", a String; empty after a failure.
-    host::Variant PageName(std::int32_t pageNumber);
+                                const host::Ref<host::IHostPropertySet>& seriesProperties) override;
+    void RemoveGazetteerProperties(const host::Ref<host::IHostGroupElement>& groupElement) override;
+    void Reset() override;
+    std::int16_t DefaultPage() override;
+    void SetDefaultPageNumber(std::int32_t pageNumber) override;
+    host::Variant PageCount() override;
+    std::string FirstListing(std::int32_t pageNumber) override;
+    std::string LastListing(std::int32_t pageNumber) override;
+    host::Variant PageName(std::int32_t pageNumber) override;
 
     /// For those who can show more than yes or no. None of these raises anything.
     /// @{

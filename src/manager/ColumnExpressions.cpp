@@ -25,23 +25,28 @@ bool CheckColumn(host::CVNExpressionEngine& engine, const std::string& name,
 
 }  // namespace
 
-bool CheckColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale& locale,
-                            const host::IHostPropertySet& properties,
-                            const ExpressionTables& tables, Findings& findings) try {
-    const auto columnNames = SetUnder(properties, "ColumnNames");
-    const auto columns = SetUnder(properties, "ColumnsProperties");
+bool JudgeColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale& locale,
+                            const ExpressionColumns& columns, const ExpressionTables& tables,
+                            Findings& findings) {
     bool valid = true;
-    for (const std::string& name : NamesOf(*columnNames)) {
-        const auto column = SetUnder(*columns, name);
+    for (const std::string& name : NamesOf(*columns.names)) {
+        const auto column = SetUnder(*columns.columns, name);
         const std::string expression = ToText(column->Item("Expression"), locale);
-        auto table = tables.database;
-        if (!ToBoolean(column->Item("FromDatabase"))) {
-            const bool linked = ToBoolean(properties.Item("LinkToMapSeries")) && tables.linkValid;
-            table = linked ? tables.indexLayer : nullptr;
-        }
+        const bool fromDatabase = ToBoolean(column->Item("FromDatabase"));
+        const auto& table = fromDatabase ? tables.database : tables.indexLayer;
         valid = CheckColumn(engine, name, expression, table, findings) && valid;
     }
     return valid;
+}
+
+bool CheckColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale& locale,
+                            const host::IHostPropertySet& properties, ExpressionTables tables,
+                            Findings& findings) try {
+    if (!ToBoolean(properties.Item("LinkToMapSeries"))) tables.indexLayer = nullptr;
+    return JudgeColumnExpressions(
+        engine, locale,
+        {SetUnder(properties, "ColumnNames"), SetUnder(properties, "ColumnsProperties")}, tables,
+        findings);
 } catch (...) {
     PassOn("CheckColumnExpressions", kManagerLabel);
 }

@@ -102,7 +102,8 @@ ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& sib
     if (check.databaseTable)
         columnsValid = CheckColumnExpressions(
             *siblings.expressionEngine, locale, *properties,
-            {check.databaseTable, check.linkValid, check.indexLayerTable}, check.findings);
+            {check.databaseTable, check.linkValid ? check.indexLayerTable : nullptr},
+            check.findings);
     check.canDraw = check.databaseTable && columnsValid && (!stored.linked || check.linkValid);
     return check;
 } catch (...) {

@@ -35,7 +35,7 @@ void AddElement(host::MapSeriesManager& seriesManager, const Ref<IHostElement>& 
 }  // namespace
 
 Frames GetMapSeriesFrames(host::MapSeriesManager& seriesManager,
-                          const Ref<host::IHostObject>& layout) try {
+                          const Ref<host::IHostObject>& layout, const char* label) try {
     Frames frames;
     const auto elements = Require<host::IHostElementContainer>(layout);
     elements->Reset();
@@ -43,7 +43,7 @@ Frames GetMapSeriesFrames(host::MapSeriesManager& seriesManager,
         AddElement(seriesManager, element, frames);
     return frames;
 } catch (...) {
-    PassOn("GetMapSeriesFrames", kManagerLabel);
+    PassOn("GetMapSeriesFrames", label);
 }
 
 }  // namespace gazetteer

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "support/ErrorHandling.h"
+#include "support/Text.h"
 
 namespace gazetteer {
 namespace {
@@ -19,12 +20,6 @@ void StoreColumn(Settings& settings, const std::string& name, const Ref<IHostPro
     settings.columnNames->SetItem(name, name);
     settings.columnDisplayOrder->SetItem(name, name);
     settings.columnSortOrder->SetItem(name, true);
-}
-
-std::string WithoutOuterBlanks(const std::string& text) {
-    const auto begin = text.find_first_not_of(' ');
-    if (begin == std::string::npos) return {};
-    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
 }  // namespace

@@ -11,22 +11,22 @@ namespace {
 using TextSymbolField = host::Ref<host::IHostTextSymbol> ColumnProperties::*;
 using FillSymbolField = host::Ref<host::IHostFillSymbol> ColumnProperties::*;
 
+}  // namespace
+
 host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column) {
     if (key.kind == ValueKind::Integer) return static_cast<std::int16_t>(column.version);
     return std::visit([&](auto field) { return AsVariant(column.*field); }, key.field);
 }
 
-// Gives the column symbols of its own.
-void CopySymbols(ColumnProperties& column) {
+ColumnProperties WithOwnSymbols(ColumnProperties column) {
     for (const ColumnKey& key : ColumnKeys()) {
         if (const auto* text = std::get_if<TextSymbolField>(&key.field))
             column.** text = host::As<host::IHostTextSymbol>((column.**text)->Copy());
         else if (const auto* fill = std::get_if<FillSymbolField>(&key.field))
             column.** fill = host::As<host::IHostFillSymbol>((column.**fill)->Copy());
     }
+    return column;
 }
-
-}  // namespace
 
 ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
                                       host::IHostLocale& locale, ColumnKeyScope scope) {
@@ -62,8 +62,7 @@ host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const 
                                                        const ColumnProperties* current) try {
     ColumnProperties column;
     if (current) {
-        column = *current;
-        CopySymbols(column);
+        column = WithOwnSymbols(*current);
         column.showMissingLetters = false;
         column.showTitle = true;
         column.version = 1;

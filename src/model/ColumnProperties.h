@@ -52,6 +52,9 @@ ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
                                       host::IHostLocale& locale,
                                       ColumnKeyScope scope = ColumnKeyScope::Run);
 
+/// The same properties with copies of the symbols.
+ColumnProperties WithOwnSymbols(ColumnProperties column);
+
 /// A new set with all keys in the order of the table. Symbols are shared with the argument.
 host::Ref<host::IHostPropertySet> NewColumnSet(host::IHost& host,
                                                const ColumnProperties& properties);

@@ -54,6 +54,9 @@ struct ColumnKey {
 /// The 24 keys of a column, in the order in which they are stored.
 std::span<const ColumnKey> ColumnKeys();
 
+/// A column's value under a key, as it is stored. Symbols are shared with the column.
+host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column);
+
 /// The entry of a name, compared exactly; null for an unknown one.
 const PropertyKey* FindPropertyKey(std::string_view name);
 const ColumnKey* FindColumnKey(std::string_view name);

@@ -26,6 +26,10 @@ void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties,
     }
 }
 
+bool IsColumnList(std::string_view name) {
+    return name == "ColumnNames" || name == "ColumnsProperties";
+}
+
 // Keys that every version has but which are read after the rest.
 bool IsReadLast(const PropertyKey& key) {
     const std::string_view name = key.name;
@@ -40,9 +44,12 @@ host::Variant ValueOf(const PropertyKey& key, const Settings& settings) {
 }  // namespace
 
 void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& locale,
-                  Settings& settings) {
+                  Settings& settings, SettingsScope scope) {
+    const auto inScope = [&](const PropertyKey& key) {
+        return scope == SettingsScope::All || key.writer == Writer::User || IsColumnList(key.name);
+    };
     for (const PropertyKey& key : PropertyKeys())
-        if (!IsReadLast(key)) ReadKey(key, properties, locale, settings);
+        if (!IsReadLast(key) && inScope(key)) ReadKey(key, properties, locale, settings);
 
     ReadKey(*FindPropertyKey("Version"), properties, locale, settings);
     const std::int32_t version = settings.version;
@@ -54,7 +61,8 @@ void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& l
         else
             settings.*std::get<bool Settings::*>(key.field) = false;
     }
-    ReadKey(*FindPropertyKey("CanDrawIndex"), properties, locale, settings);
+    if (scope == SettingsScope::All)
+        ReadKey(*FindPropertyKey("CanDrawIndex"), properties, locale, settings);
 }
 
 void WriteSettings(const Settings& settings, host::IHostPropertySet& properties) {

@@ -67,12 +67,18 @@ struct Settings {
     std::int32_t version = kSchemaVersion;
 };
 
+/// Which keys are read.
+enum class SettingsScope {
+    Edit,  ///< What the property page edits: no results of a run, and no verdict.
+    All,
+};
+
 /// Reads a stored set into the settings, key by key in the order of the table, then the version and
 /// the keys that depend on it: keys younger than the stored version become false without being
 /// read; with an unknown version they keep what the settings held. A key that cannot be read fails
 /// and leaves those after it as they were.
 void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& locale,
-                  Settings& settings);
+                  Settings& settings, SettingsScope scope = SettingsScope::All);
 
 /// Writes all keys in the order of the table.
 void WriteSettings(const Settings& settings, host::IHostPropertySet& properties);

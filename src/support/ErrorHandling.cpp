@@ -20,7 +20,12 @@ std::string TakeLocation(const char* procedure, const char* label, host::Failure
 }  // namespace
 
 void Raise(const std::string& source, const std::string& description, std::source_location where) {
-    host::Failure failure(kOwnError, source, description);
+    Raise(kOwnError, source, description, where);
+}
+
+void Raise(std::int32_t number, const std::string& source, const std::string& description,
+           std::source_location where) {
+    host::Failure failure(number, source, description);
     failure.line = static_cast<int>(where.line());
     throw failure;
 }

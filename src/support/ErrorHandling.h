@@ -20,9 +20,15 @@ inline constexpr char kGeneralFunctionsLabel[] = "CVNGazetteer:GeneralFunctions"
 inline constexpr char kManagerLabel[] = "CVNGazeteer:CVNGazetteerManager";
 inline constexpr char kSortLabel[] = "CVNGazetteer:clsTableSortNumberAware";
 inline constexpr char kFormLabel[] = "CVNGazetteer:frmGazetteerPropertyPage";
+inline constexpr char kPropertyPageLabel[] = "CVNGazetteer:GazetteerPropertyPage";
+inline constexpr char kDrawSymbolLabel[] = "CVNGazetteer:basDrawSymbol";
 
 /// Raises an error of the system's own, with the line of the caller on record.
 [[noreturn]] void Raise(const std::string& source, const std::string& description,
+                        std::source_location where = std::source_location::current());
+/// The same with a number of the unit's own.
+[[noreturn]] void Raise(std::int32_t number, const std::string& source,
+                        const std::string& description,
                         std::source_location where = std::source_location::current());
 
 /// Failure exit of an inner procedure: passes the exception in flight on, with a line for the

@@ -34,4 +34,10 @@ bool ContainsInAnyCase(std::string_view text, std::string_view piece) {
     return !std::ranges::search(text, piece, {}, Lower, Lower).empty();
 }
 
+std::string WithoutOuterBlanks(const std::string& text) {
+    const auto begin = text.find_first_not_of(' ');
+    if (begin == std::string::npos) return {};
+    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+}
+
 }  // namespace gazetteer

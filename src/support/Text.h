@@ -12,6 +12,9 @@ std::string ReplaceAll(std::string text, std::string_view piece, std::string_vie
 /// The pieces between separators; a text without one is one piece.
 std::vector<std::string> Split(const std::string& text, char separator);
 
+/// The text without blanks at either end.
+std::string WithoutOuterBlanks(const std::string& text);
+
 /// Whether the text holds the piece, ASCII letters in any case.
 bool ContainsInAnyCase(std::string_view text, std::string_view piece);
 

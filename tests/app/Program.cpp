@@ -56,6 +56,7 @@ Outcome Program::Run(std::vector<std::string> arguments) const {
     if (child == 0) {
         if (::chdir(folder_.Path().c_str()) != 0) ::_exit(126);
         ::setenv("LC_ALL", "en_US.UTF-8", 1);
+        ::setenv("XDG_DATA_HOME", File("data").c_str(), 1);
         Redirect(output, STDOUT_FILENO);
         Redirect(errors, STDERR_FILENO);
         ::execv(pointers[0], pointers.data());

@@ -116,7 +116,6 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
         {{"draw", "low.json", "--page", "1"}, 1, "no page"},
         {{"export", "low.json", "-o", "o.png"}, 1, "no page"},
         {{"generate", "narrow.json"}, 1, "too narrow for selected Font! (column \"Page\""},
-        {{"component", "install"}, 1, "cannot be loaded"},
     });
 }
 

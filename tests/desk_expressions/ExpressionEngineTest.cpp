@@ -65,16 +65,18 @@ TEST_F(ExpressionEngineTest, PutsValuesIntoText) {
 }
 
 TEST_F(ExpressionEngineTest, ExplainsWhatIsNotValid) {
+    // Expression, text, field, the part at fault.
     const std::vector<std::vector<std::string>> cases = {
-        {"x [Listing", "[ without ]", ""},
-        {"[Listing][", "[ without ]", ""},
-        {"[Foo] [Bar]", "no field named Foo", "Foo"},
-        {"[ Listing ]", "no field named  Listing ", " Listing "},
-        {"a[]b", "[] names no field", ""}};
+        {"x [Listing", "[ without ]", "", "[Listing"},
+        {"[Listing][", "[ without ]", "", "["},
+        {"[Foo] [Bar]", "no field named Foo", "Foo", "[Foo]"},
+        {"\u00e9 [ Listing ] x", "no field named  Listing ", " Listing ", "[ Listing ]"},
+        {"a[]b", "[] names no field", "", "[]"}};
     for (const auto& expected : cases) {
         const auto finding = engine_.Explain(table_, expected[0]);
         EXPECT_EQ(finding.text, expected[1]);
         EXPECT_EQ(finding.field, expected[2]);
+        EXPECT_EQ(expected[0].substr(finding.begin, finding.length), expected[3]);
         EXPECT_FALSE(engine_.IsValidExpression(table_, expected[0]));
         EXPECT_THROW(Evaluate(expected[0]), host::Failure);
     }

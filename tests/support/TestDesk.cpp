@@ -20,8 +20,7 @@ void WriteListings(const std::string& path, const TestDesk::Rows& rows) {
 
 }  // namespace
 
-TestDesk::TestDesk() {
-    desk::DeskOptions options;
+TestDesk::TestDesk(desk::DeskOptions options) {
     options.locale = "en_US";
     options.dialogs = dialogs_;
     options.listeners.statusText = [texts = statusTexts_](std::int32_t, const std::string& text) {

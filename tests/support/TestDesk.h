@@ -19,8 +19,11 @@ public:
     using Rows = std::vector<std::vector<std::string>>;
     using Group = host::Ref<host::IHostGroupElement>;
 
-    TestDesk();
+    /// The options are taken but for locale, dialogs and the status bar's text.
+    explicit TestDesk(desk::DeskOptions options = {});
 
+    desk::Desk& TheDesk() { return *desk_; }
+    const std::string& Folder() const { return folder_.Path(); }
     host::IHost& Host() { return *desk_; }
     host::Ref<host::IHost> HostRef() { return desk_; }
     RecordingDialogs& Dialogs() { return *dialogs_; }

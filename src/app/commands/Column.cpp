@@ -3,6 +3,7 @@
 
 #include "app/Edit.h"
 #include "app/Errors.h"
+#include "app/Session.h"
 #include "app/commands/Commands.h"
 #include "model/ColumnList.h"
 

@@ -1,24 +1,34 @@
-#include <dlfcn.h>
+#include <filesystem>
+#include <utility>
 
+#include "app/ConsoleDialogs.h"
 #include "app/Errors.h"
 #include "app/commands/Commands.h"
+#include "desk/components/ComponentLibrary.h"
+#include "desk/session/Desk.h"
 
 namespace app {
+namespace {
+
+constexpr char kLibrary[] = "libCVNGazetteer.so";
 
 // The library is loaded for this command alone, so that the program itself needs no display.
-int Component(const CommonOptions&, bool install) {
-    constexpr char kLibrary[] = "libCVNGazetteer.so";
-    void* const library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr)
-        throw CommandError(std::string("The component library ") + kLibrary +
-                           " cannot be loaded: " + ::dlerror() + ".");
-    const char* const entry = install ? "CVNGazetteerRegister" : "CVNGazetteerUnregister";
-    const auto call = reinterpret_cast<std::int32_t (*)()>(::dlsym(library, entry));
-    const bool done = call != nullptr && call() == 0;
-    ::dlclose(library);
-    if (!done)
-        throw CommandError(std::string("The property page could not be ") +
-                           (install ? "entered with the desk." : "taken out of the desk."));
+desk::ComponentLibrary LoadLibrary() {
+    const std::string path = desk::LibraryOfProgram(kLibrary);
+    if (!std::filesystem::exists(path))
+        throw CommandError("The component library \"" + path +
+                           "\" is not there; it is built and installed together with the window "
+                           "part of the program.");
+    return desk::ComponentLibrary(path);
+}
+
+}  // namespace
+
+int Component(const CommonOptions& common, bool install) {
+    desk::DeskOptions options;
+    options.locale = common.locale;
+    options.dialogs = std::make_shared<ConsoleDialogs>(common.verbose);
+    LoadLibrary().Register(std::make_shared<desk::Desk>(std::move(options)), install);
     return kDone;
 }
 

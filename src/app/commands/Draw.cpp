@@ -4,6 +4,7 @@
 #include "app/ElementTree.h"
 #include "app/Errors.h"
 #include "app/Files.h"
+#include "app/Session.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
 

@@ -1,4 +1,6 @@
 #include "app/Files.h"
+#include "app/Progress.h"
+#include "app/Session.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
 
@@ -15,6 +17,7 @@ int Export(const CommonOptions& common, const ExportOptions& options) {
     const auto pages = asked.value_or(PageRange{1, session.PageCount()});
     CheckPage(pages.last, session.PageCount());
     WriteSheets(session, options.output, pages);
+    ClearProgress();
     return 0;
 }
 

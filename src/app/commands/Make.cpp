@@ -1,6 +1,8 @@
 #include "app/Edit.h"
 #include "app/Files.h"
 #include "app/NewDocument.h"
+#include "app/Progress.h"
+#include "app/Session.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
 
@@ -26,6 +28,7 @@ int Make(const CommonOptions& common, const MakeOptions& options) {
     // First what may be refused at once: a failing command leaves no sheet behind.
     if (!options.document.empty()) session.Save();
     WriteSheets(session, options.output, {1, session.PageCount()});
+    ClearProgress();
     return 0;
 }
 

@@ -4,6 +4,7 @@
 #include "app/Errors.h"
 #include "app/Files.h"
 #include "app/NewDocument.h"
+#include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {

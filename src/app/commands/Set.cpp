@@ -1,4 +1,5 @@
 #include "app/Edit.h"
+#include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {

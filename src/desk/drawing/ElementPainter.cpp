@@ -5,13 +5,13 @@
 #include <utility>
 #include <vector>
 
+#include "desk/drawing/CairoHandles.h"
 #include "host/Geometry.h"
 #include "host/Symbols.h"
 
 namespace desk {
 namespace {
 
-constexpr double kPointsPerInch = 72;
 constexpr std::uint32_t kFrameColor = 0xA0A0A0;
 constexpr double kFrameNamePoints = 10;
 
@@ -23,30 +23,14 @@ std::optional<PaintBox> BoxOf(const host::IHostElement& element) {
                     bounds->XMax() * kPointsPerInch, -bounds->YMin() * kPointsPerInch};
 }
 
-/// Nothing for a colour that does not show.
-std::optional<std::uint32_t> Visible(const host::Ref<host::IHostColor>& color) {
-    if (!color || color->Transparent()) return std::nullopt;
-    return color->RGB();
-}
-
 void PaintFilled(PaintQueue& queue, const host::IHostFilledElement& element) {
     const auto symbol = element.Symbol();
     const auto box = BoxOf(element);
     if (!symbol || !box) return;
-    if (const auto color = Visible(symbol->Color())) queue.Fill(*box, *color);
+    if (const auto color = VisibleColor(symbol->Color())) queue.Fill(*box, *color);
     if (const auto outline = symbol->Outline())
-        if (const auto color = Visible(outline->Color())) queue.Draw(PaintOutline{*box, *color});
-}
-
-FontSpec FontOf(const host::IHostTextSymbol& symbol) {
-    const auto font = symbol.Font();
-    FontSpec spec;
-    spec.points = symbol.Size();
-    if (font) {
-        spec.family = font->Name();
-        spec.bold = font->Bold();
-    }
-    return spec;
+        if (const auto color = VisibleColor(outline->Color()))
+            queue.Draw(PaintOutline{*box, *color});
 }
 
 void PaintTextElement(PaintQueue& queue, const host::IHostTextElement& element) {
@@ -54,7 +38,7 @@ void PaintTextElement(PaintQueue& queue, const host::IHostTextElement& element) 
     const auto geometry = element.Geometry();
     const auto* const point = dynamic_cast<const host::IHostPoint*>(geometry.get());
     if (!symbol || !point) return;
-    const auto color = Visible(symbol->Color());
+    const auto color = VisibleColor(symbol->Color());
     if (!color) return;
     queue.Draw(PlacedText{FontOf(*symbol), element.Text(),
                           TextPlacement{symbol->HorizontalPlacement(), symbol->VerticalPlacement(),

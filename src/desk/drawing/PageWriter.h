@@ -4,19 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "desk/drawing/CairoHandles.h"
 #include "desk/drawing/OutputFile.h"
 
 namespace desk {
-
-/// Owners of what cairo hands out.
-struct CairoReleaser {
-    void operator()(cairo_t* context) const { cairo_destroy(context); }
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-};
-using CairoContext = std::unique_ptr<cairo_t, CairoReleaser>;
-using CairoSurface = std::unique_ptr<cairo_surface_t, CairoReleaser>;
-
-inline constexpr double kPointsPerInch = 72;
 
 /// Writes sheets to a file: BeginPage, drawing, EndPage for each, then Finish. Every failure is a
 /// host::Failure that names the file. Without Finish no file comes about, and one that was there

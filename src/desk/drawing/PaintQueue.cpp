@@ -9,17 +9,6 @@ namespace {
 /// Points by which boxes that touch may overlap: what adding up lengths loses.
 constexpr double kTolerance = 1e-3;
 
-constexpr double kOutlineWidth = 0.5;  ///< Points.
-
-void AddRectangle(cairo_t* context, const PaintBox& box) {
-    cairo_rectangle(context, box.left, box.top, box.right - box.left, box.bottom - box.top);
-}
-
-void AddLine(cairo_t* context, double x1, double y1, double x2, double y2) {
-    cairo_move_to(context, x1, y1);
-    cairo_line_to(context, x2, y2);
-}
-
 bool Same(double a, double b) {
     return std::abs(a - b) < kTolerance;
 }
@@ -57,12 +46,12 @@ void PaintQueue::Draw(PlacedText text, std::uint32_t color) {
 }
 
 void PaintQueue::Draw(const PaintOutline& outline) {
-    reaches_.push_back(outline.box.Shrunk(kOutlineWidth));
+    reaches_.push_back(outline.box.Shrunk(kLineWidth));
     drawings_.emplace_back(outline);
 }
 
 void PaintQueue::Flush() {
-    for (const auto& fill : fills_) Paint(fill);
+    for (const auto& fill : fills_) FillBoxes(context_, fill.boxes, fill.color);
     for (const auto& drawing : drawings_)
         std::visit([this](const auto& one) { Paint(one); }, drawing);
     fills_.clear();
@@ -94,34 +83,9 @@ PaintBox PaintQueue::ReachOf(const PlacedText& text) const {
     return {text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom};
 }
 
-void PaintQueue::Paint(const ColoredBoxes& fill) {
-    UseColor(fill.color);
-    for (const PaintBox& box : fill.boxes) AddRectangle(context_, box);
-    cairo_set_antialias(context_, CAIRO_ANTIALIAS_NONE);
-    cairo_fill(context_);
-    cairo_set_antialias(context_, CAIRO_ANTIALIAS_DEFAULT);
-}
-
 void PaintQueue::Paint(const ColoredTexts& texts) {
-    UseColor(texts.color);
+    UseColor(context_, texts.color);
     engine_.DrawAll(context_, texts.texts);
-}
-
-void PaintQueue::Paint(const PaintOutline& outline) {
-    UseColor(outline.color);
-    cairo_set_line_width(context_, kOutlineWidth);
-    const PaintBox& box = outline.box;
-    AddRectangle(context_, box);
-    if (outline.crossed) {
-        AddLine(context_, box.left, box.top, box.right, box.bottom);
-        AddLine(context_, box.left, box.bottom, box.right, box.top);
-    }
-    cairo_stroke(context_);
-}
-
-void PaintQueue::UseColor(std::uint32_t color) {
-    const auto share = [&](unsigned shift) { return ((color >> shift) & 0xFF) / 255.0; };
-    cairo_set_source_rgb(context_, share(0), share(8), share(16));
 }
 
 }  // namespace desk

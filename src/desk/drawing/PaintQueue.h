@@ -5,26 +5,10 @@
 #include <variant>
 #include <vector>
 
+#include "desk/drawing/Ink.h"
 #include "desk/text/TextEngine.h"
 
 namespace desk {
-
-/// An upright rectangle in points, Y downward.
-struct PaintBox {
-    double left = 0, top = 0, right = 0, bottom = 0;
-
-    bool Overlaps(const PaintBox& other) const {
-        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
-    }
-    PaintBox Shrunk(double by) const { return {left + by, top + by, right - by, bottom - by}; }
-};
-
-/// A line of half a point along the edges of a box, and along its diagonals if it is crossed.
-struct PaintOutline {
-    PaintBox box;
-    std::uint32_t color = 0;
-    bool crossed = false;
-};
 
 /// Paints rectangles and texts as if each came right after the one before, but gathers the
 /// rectangles of one colour into a single path wherever none can tell the difference. Neighbours of
@@ -55,10 +39,8 @@ private:
     bool HidesDrawing(const PaintBox& box) const;
     ColoredBoxes& PlaceFor(const PaintBox& box, std::uint32_t color);
     PaintBox ReachOf(const PlacedText& text) const;
-    void Paint(const ColoredBoxes& fill);
     void Paint(const ColoredTexts& texts);
-    void Paint(const PaintOutline& outline);
-    void UseColor(std::uint32_t color);
+    void Paint(const PaintOutline& outline) { StrokeOutline(context_, outline); }
 
     cairo_t* context_;
     TextEngine& engine_;

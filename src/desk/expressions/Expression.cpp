@@ -20,7 +20,7 @@ std::string_view TokenAt(std::string_view text) {
 class Parser {
 public:
     Parser(const host::Ref<host::IHostTable>& table, std::string_view text)
-        : table_(table), rest_(text) {}
+        : table_(table), whole_(text), rest_(text) {}
 
     Expression Run() {
         while (!rest_.empty() && expression_.finding.text.empty()) Step();
@@ -42,18 +42,19 @@ private:
     }
 
     void TakeField() {
+        const std::size_t begin = whole_.size() - rest_.size();
         const std::size_t end = rest_.find(']');
         if (end == std::string_view::npos) {
-            expression_.finding = {"[ without ]", {}};
+            expression_.finding = {"[ without ]", {}, begin, rest_.size()};
             return;
         }
         const std::string name(rest_.substr(1, end - 1));
         rest_.remove_prefix(end + 1);
         const std::int32_t index = table_ && !name.empty() ? table_->FindField(name) : -1;
         if (name.empty())
-            expression_.finding = {"[] names no field", {}};
+            expression_.finding = {"[] names no field", {}, begin, end + 1};
         else if (index < 0)
-            expression_.finding = {"no field named " + name, name};
+            expression_.finding = {"no field named " + name, name, begin, end + 1};
         else
             Add(ExpressionPart::Kind::Field, name, index);
     }
@@ -70,6 +71,7 @@ private:
     }
 
     const host::Ref<host::IHostTable>& table_;
+    std::string_view whole_;
     std::string_view rest_;
     std::string literal_;
     Expression expression_;

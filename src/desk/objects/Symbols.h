@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "desk/drawing/PreparedDevice.h"
 #include "host/Symbols.h"
 
 namespace desk {
@@ -45,7 +46,8 @@ private:
 };
 
 // Symbols keep the fonts, colours and outlines that are set on them and hand out the same objects
-// again; their copies have copies of them. A missing font or colour is refused.
+// again; their copies have copies of them. A missing font or colour is refused. Drawing fails on a
+// geometry that the kind of symbol cannot be drawn on, and where no device has been prepared.
 
 class LineSymbol final : public host::IHostLineSymbol {
 public:
@@ -54,12 +56,17 @@ public:
     host::Ref<host::IHostColor> Color() const override { return color_; }
     void SetColor(const host::Ref<host::IHostColor>& color) override;
     host::Ref<host::IHostObject> Copy() const override;
-    void PrepareDevice(host::DeviceContext, const host::Ref<host::IHostDisplayTransformation>&) override {}
-    void DrawGeometry(const host::Ref<host::IHostGeometry>&) override {}
-    void ReleaseDevice() override {}
+    void PrepareDevice(host::DeviceContext device,
+                       const host::Ref<host::IHostDisplayTransformation>& transformation) override {
+        device_.Prepare(device, transformation);
+    }
+    /// A line, or the edges of an envelope.
+    void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
+    void ReleaseDevice() override { device_.Release(); }
 
 private:
     host::Ref<host::IHostColor> color_;
+    PreparedDevice device_;
 };
 
 /// Without outline at first.
@@ -72,13 +79,18 @@ public:
     host::Ref<host::IHostLineSymbol> Outline() const override { return outline_; }
     void SetOutline(const host::Ref<host::IHostLineSymbol>& outline) override;
     host::Ref<host::IHostObject> Copy() const override;
-    void PrepareDevice(host::DeviceContext, const host::Ref<host::IHostDisplayTransformation>&) override {}
-    void DrawGeometry(const host::Ref<host::IHostGeometry>&) override {}
-    void ReleaseDevice() override {}
+    void PrepareDevice(host::DeviceContext device,
+                       const host::Ref<host::IHostDisplayTransformation>& transformation) override {
+        device_.Prepare(device, transformation);
+    }
+    /// An envelope, its outline on top.
+    void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
+    void ReleaseDevice() override { device_.Release(); }
 
 private:
     host::Ref<host::IHostColor> color_;
     host::Ref<host::IHostLineSymbol> outline_;
+    PreparedDevice device_;
 };
 
 /// Knows no markup: every character of a text stands for itself.
@@ -108,14 +120,20 @@ public:
                                  const std::string& text) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
-    void PrepareDevice(host::DeviceContext, const host::Ref<host::IHostDisplayTransformation>&) override {}
-    void DrawGeometry(const host::Ref<host::IHostGeometry>&) override {}
-    void ReleaseDevice() override {}
+    void PrepareDevice(host::DeviceContext device,
+                       const host::Ref<host::IHostDisplayTransformation>& transformation) override {
+        device_.Prepare(device, transformation);
+    }
+    /// On a point, or along a line: from its start, around its middle or to its end, as the
+    /// horizontal placement says. The vertical placement tells how it stands to the line.
+    void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
+    void ReleaseDevice() override { device_.Release(); }
 
 private:
     std::shared_ptr<TextEngine> engine_;
     host::Ref<host::IHostFont> font_;
     host::Ref<host::IHostColor> color_;
+    PreparedDevice device_;
     std::string text_;
     double angle_ = 0;
     std::int32_t vertical_ = 0;

@@ -4,6 +4,8 @@
 #include <system_error>
 #include <utility>
 
+#include "desk/components/Registrar.h"
+#include "desk/drawing/PixelSurface.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/mapbook/SeriesManager.h"
 #include "desk/objects/Elements.h"
@@ -42,9 +44,9 @@ Desk::Desk(DeskOptions options)
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),
       window_(std::move(options.window)),
-      application_(MakeApplication(
-          {std::make_shared<const SessionListeners>(std::move(options.listeners)), commands_,
-           window_.windowHandle})) {
+      application_(
+          MakeApplication({std::make_shared<const SessionListeners>(std::move(options.listeners)),
+                           commands_, window_.windowHandle})) {
     if (!dialogs_) {
         throw host::Failure(host::kFailureTypeMismatch, "desk::Desk",
                             "A desk cannot work without dialogs.");
@@ -183,16 +185,13 @@ bool Desk::FileExists(const std::string& path) {
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
-host::Ref<host::IHostPixelSurface> Desk::NewPixelSurface(std::int32_t, std::int32_t, double) {
-    return nullptr;
+host::Ref<host::IHostPixelSurface> Desk::NewPixelSurface(std::int32_t width, std::int32_t height,
+                                                         double dotsPerInch) {
+    return std::make_shared<PixelSurface>(width, height, dotsPerInch);
 }
 
 host::Ref<host::IHostComponentRegistrar> Desk::NewComponentRegistrar() {
-    return nullptr;
-}
-
-host::IHostDevices& Desk::Devices() {
-    throw host::Failure(host::kFailureUnspecified, "desk::Desk", "no devices");
+    return std::make_shared<Registrar>(ComponentsFile());
 }
 
 }  // namespace desk

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desk/documents/Document.h"
+#include "desk/drawing/Devices.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/mapbook/MapBook.h"
 #include "desk/session/Application.h"
@@ -87,7 +88,7 @@ public:
 
     host::IHostLocale& Locale() override { return *locale_; }
     host::IHostDialogs& Dialogs() override { return *dialogs_; }
-    host::IHostDevices& Devices() override;
+    host::IHostDevices& Devices() override { return *devices_; }
     /// Either separator, and another case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
 
@@ -96,6 +97,7 @@ private:
     host::Ref<host::IHostDialogs> dialogs_;
     ExpressionEngine::Editor expressionEditor_;
     std::shared_ptr<TextEngine> engine_ = std::make_shared<TextEngine>();
+    host::Ref<host::IHostDevices> devices_ = std::make_shared<desk::Devices>();
     WindowServices window_;
     std::shared_ptr<CommandTable> commands_ = std::make_shared<CommandTable>();
     host::Ref<host::IHostApplication> application_;

@@ -1,0 +1,24 @@
+#include "app/Errors.h"
+
+namespace app {
+namespace {
+
+// "record 17", but texts in quotation marks.
+std::string FactPhrase(const host::FailureFact& fact) {
+    if (fact.name == "record") return fact.name + ' ' + fact.value;
+    return fact.name + " \"" + fact.value + '"';
+}
+
+}  // namespace
+
+std::string FailureSentence(const host::Failure& failure) {
+    std::string facts;
+    for (const auto& fact : failure.facts) {
+        // The sentence may name the fact already.
+        if (failure.cause.find('"' + fact.value + '"') != std::string::npos) continue;
+        facts += (facts.empty() ? " (" : ", ") + FactPhrase(fact);
+    }
+    return failure.cause + (facts.empty() ? "" : facts + ')');
+}
+
+}  // namespace app

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desk/text/TextEngine.h"
+#include "manager/CVNGazetteerManager.h"
+
+/// What is told after a run.
+namespace app {
+
+/// What became of the records, in one line.
+std::string RunSummary(const gazetteer::CVNGazetteerManager& manager);
+
+/// What is odd about the table and about the outcome, one sentence each.
+std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
+
+/// Which fonts stood in for others so far, one sentence each.
+std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
+
+}  // namespace app

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/Options.h"
+#include "app/Sheets.h"
+#include "app/Work.h"
+
+namespace app {
+
+/// Something that the user should know about the document, in one sentence.
+struct Notice {
+    enum class Kind { Information, Warning };
+    Kind kind = Kind::Information;
+    std::string text;
+};
+
+/// The layout page that the window works on, with a manager for each gazetteer frame on it. The
+/// frame that was selected last, at first the lowest, is the one whose pages are turned.
+///
+/// The document counts as modified once its settings, its elements or their draft state were
+/// changed. Drawn pages and the results of a run are saved with it, but can always be had again, so
+/// that making them is no change.
+class Layout final : public Work {
+public:
+    Layout(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs);
+
+    bool HasDocument() const { return hasDocument_; }
+    /// Reads a document and draws it. Fails, with the document before still there, for a file that
+    /// cannot be read.
+    void Open(const std::string& path);
+    /// A new document, not on disk yet: the given options, dressed for print if so asked. Fails
+    /// with the document before still there.
+    void StartNew(const NewDocumentOptions& options, bool dressed);
+    /// Saves under a path, which is the document's from then on. Fails with nothing changed.
+    void SaveTo(const std::string& path);
+    /// Where the document is or, of one not on disk yet, where it might be saved.
+    const std::string& Path() { return TheDesk().DocumentPath(); }
+    bool OnDisk() const { return onDisk_; }
+    bool Modified() const { return modified_; }
+    void NoteChange() { modified_ = true; }
+    /// Whether the document needs this file, so that nothing may be written over it.
+    bool Needs(const std::string& path);
+
+    /// Binds a new manager to each gazetteer frame and draws its page anew, where it can be drawn
+    /// and is not in draft state. The page is the default page at first, later that shown before,
+    /// or the last one where there are fewer.
+    void Refresh();
+    /// What is to be told since the last refresh.
+    const std::vector<Notice>& Notices() const { return notices_; }
+    /// What became of the records in the runs of the last refresh; empty without one.
+    const std::string& RunText() const { return runText_; }
+
+    /// The page on show, from 1; 0 where there is none.
+    std::int32_t Page() const;
+    /// Pages that can be shown.
+    std::int32_t Pages() const;
+    /// Draws a page from 1 to Pages, unless the frame is in draft state.
+    void TurnTo(std::int32_t page);
+    std::string PageName(std::int32_t page);
+    bool InDraft() const;
+    /// Takes the drawn page away, or brings it back.
+    void SetDraft(bool draft);
+
+    /// Writes pages as WriteSheets does. The page on show is the same afterwards.
+    void Export(const std::string& path, const PageRange& pages, const SheetListener& before);
+
+    /// The uppermost element at a place in inches; null where there is none.
+    host::Ref<host::IHostElement> ElementAt(double x, double y);
+    /// Null for an element without extent.
+    host::Ref<host::IHostEnvelope> BoundsOf(const host::Ref<host::IHostElement>& element);
+    /// Turns to the pages of this element, if it is a gazetteer frame.
+    void Choose(const host::Ref<host::IHostElement>& element);
+
+    void Caution(const std::string& sentence) override;
+
+private:
+    struct Frame {
+        host::Ref<host::IHostGroupElement> element;
+        std::shared_ptr<gazetteer::CVNGazetteerManager> manager;
+        std::int32_t page = 0;
+    };
+
+    void TakeDocument(bool onDisk);
+    void FindFrames();
+    void Bind(Frame& frame);
+    void Draw(Frame& frame);
+    void ShowAgain(bool draft);
+    void TellOf(const Frame& frame);
+    void TellOfFonts();
+    void UseChosen();
+    bool Drawable(const Frame& frame) const;
+    Frame* Chosen() { return frames_.empty() ? nullptr : &frames_[chosen_]; }
+    const Frame* Chosen() const { return frames_.empty() ? nullptr : &frames_[chosen_]; }
+
+    std::vector<Frame> frames_;
+    std::size_t chosen_ = 0;
+    std::vector<Notice> notices_;
+    std::string runText_;
+    std::size_t fontsTold_ = 0;  ///< Of those told of for the documents before.
+    bool hasDocument_ = false;
+    bool onDisk_ = false;
+    bool modified_ = false;
+};
+
+}  // namespace app

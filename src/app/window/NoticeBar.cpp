@@ -1,0 +1,74 @@
+#include "app/window/NoticeBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStringList>
+#include <QStyle>
+#include <QToolButton>
+#include <algorithm>
+
+#include "app/window/Icons.h"
+#include "desk/window/QtText.h"
+
+namespace app {
+namespace {
+
+// More would leave no room for the page; the whole is in the tool tip.
+constexpr qsizetype kMostShown = 4;
+
+QString Sentence(const Notice& notice) {
+    QString text = desk::ToQt(notice.text);
+    if (!text.isEmpty()) text[0] = text[0].toUpper();
+    return text;
+}
+
+}  // namespace
+
+NoticeBar::NoticeBar(QWidget* parent)
+    : QFrame(parent), icon_(new QLabel(this)), text_(new QLabel(this)) {
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    text_->setObjectName("noticeText");
+    text_->setForegroundRole(QPalette::ToolTipText);
+    text_->setTextFormat(Qt::PlainText);
+    text_->setWordWrap(true);
+    text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    auto* close = new QToolButton(this);
+    close->setIcon(ThemeIcon("window-close"));
+    close->setAutoRaise(true);
+    close->setToolTip("Hide this message");
+    close->setAccessibleName("Hide this message");
+    connect(close, &QToolButton::clicked, this, &QWidget::hide);
+    auto* layout = new QHBoxLayout(this);
+    layout->addWidget(icon_, 0, Qt::AlignTop);
+    layout->addWidget(text_, 1);
+    layout->addWidget(close, 0, Qt::AlignTop);
+    hide();
+}
+
+void NoticeBar::Show(const std::vector<Notice>& notices) {
+    QStringList lines;
+    for (const Notice& notice : notices) lines << Sentence(notice);
+    setVisible(!lines.isEmpty());
+    if (lines.isEmpty()) return text_->clear();
+    const QString all = lines.join('\n');
+    const auto more = lines.size() - kMostShown;
+    if (more > 0) {
+        lines = lines.first(kMostShown);
+        lines << QString("%1 more, in the tool tip of this message.").arg(more);
+    }
+    text_->setText(lines.join('\n'));
+    text_->setToolTip(more > 0 ? all : QString());
+    const bool warns = std::ranges::any_of(
+        notices, [](const Notice& notice) { return notice.kind == Notice::Kind::Warning; });
+    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    icon_->setPixmap(ThemeIcon(warns ? "dialog-warning" : "dialog-information")
+                         .pixmap(QSize(side, side), devicePixelRatioF()));
+}
+
+QString NoticeBar::Text() const {
+    return isHidden() ? QString() : text_->text();
+}
+
+}  // namespace app

@@ -1,0 +1,289 @@
+#include "app/window/PageView.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace app {
+namespace {
+
+constexpr int kMargin = 24;  // Around the sheet, in pixels of the view.
+constexpr double kLeastZoom = 0.05;
+constexpr double kMostZoom = 16;
+constexpr std::array kZooms{0.05, 0.1, 0.25, 0.33, 0.5, 0.67, 0.75, 1.0, 1.25,
+                            1.5,  2.0, 3.0,  4.0,  6.0, 8.0,  12.0, 16.0};
+constexpr double kWheelStep = 120;   // Eighths of a degree of one notch.
+constexpr double kNotchZoom = 1.15;  // A notch of the wheel.
+constexpr double kAlmost = 1e-3;
+
+}  // namespace
+
+PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
+    setAccessibleName("Layout page");
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setBackgroundRole(QPalette::Dark);
+    viewport()->setAutoFillBackground(true);
+    horizontalScrollBar()->setSingleStep(40);
+    verticalScrollBar()->setSingleStep(40);
+}
+
+void PageView::SetPicture(std::shared_ptr<const PagePicture> picture) {
+    tiles_.SetPicture(std::move(picture));
+    ApplyFit();
+    UpdateScale();
+    UpdateScrollBars();
+    viewport()->update();
+}
+
+void PageView::SetSelection(std::optional<QRectF> frame) {
+    selection_ = frame;
+    viewport()->update();
+}
+
+double PageView::PixelsPerInch() const {
+    return logicalDpiX() * zoom_;
+}
+
+QSizeF PageView::SheetSize() const {
+    const PagePicture* const picture = tiles_.Picture();
+    return picture == nullptr ? QSizeF()
+                              : QSizeF(picture->Width(), picture->Height()) * PixelsPerInch();
+}
+
+// In the middle where there is room, else as the scroll bars say.
+QPointF PageView::SheetCorner() const {
+    const QSizeF sheet = SheetSize();
+    const auto edge = [](double room, double size, int scrolled) {
+        const double whole = size + 2 * kMargin;
+        return room >= whole ? (room - size) / 2 : kMargin - scrolled;
+    };
+    return {edge(viewport()->width(), sheet.width(), horizontalScrollBar()->value()),
+            edge(viewport()->height(), sheet.height(), verticalScrollBar()->value())};
+}
+
+QPointF PageView::ToSheet(QPointF place) const {
+    return (place - SheetCorner()) / PixelsPerInch();
+}
+
+QPointF PageView::ToView(QPointF inches) const {
+    return SheetCorner() + inches * PixelsPerInch();
+}
+
+double PageView::FittingZoom(Fit fit) const {
+    const PagePicture* const picture = tiles_.Picture();
+    if (picture == nullptr) return zoom_;
+    // The scroll bar that a page fitted to its width will need takes room.
+    const QSize room = maximumViewportSize();
+    const double inch = logicalDpiX();
+    const double width = (room.width() - 2 * kMargin) / (picture->Width() * inch);
+    const double height = (room.height() - 2 * kMargin) / (picture->Height() * inch);
+    if (fit == Fit::Page || width <= height) return std::min(width, height);
+    return (room.width() - verticalScrollBar()->sizeHint().width() - 2 * kMargin) /
+           (picture->Width() * inch);
+}
+
+void PageView::ApplyFit() {
+    if (fit_ == Fit::None || tiles_.Picture() == nullptr) return;
+    const double zoom = std::clamp(FittingZoom(fit_), kLeastZoom, kMostZoom);
+    if (zoom == zoom_) return;
+    zoom_ = zoom;
+    UpdateScale();
+    UpdateScrollBars();
+    viewport()->update();
+    Q_EMIT ZoomChanged();
+}
+
+void PageView::SetFit(Fit fit) {
+    fit_ = fit;
+    ApplyFit();
+    Q_EMIT ZoomChanged();
+}
+
+void PageView::SetZoom(double zoom) {
+    ZoomAt(zoom, QPointF(viewport()->width(), viewport()->height()) / 2);
+}
+
+void PageView::ZoomIn() {
+    const auto* const next = std::ranges::upper_bound(kZooms, zoom_ + kAlmost);
+    SetZoom(next == kZooms.end() ? kMostZoom : *next);
+}
+
+void PageView::ZoomOut() {
+    const auto* const next = std::ranges::lower_bound(kZooms, zoom_ - kAlmost);
+    SetZoom(next == kZooms.begin() ? kLeastZoom : *(next - 1));
+}
+
+// What lies under the place stays there.
+void PageView::ZoomAt(double zoom, QPointF place) {
+    fit_ = Fit::None;
+    const QPointF held = ToSheet(place);
+    zoom_ = std::clamp(zoom, kLeastZoom, kMostZoom);
+    UpdateScale();
+    UpdateScrollBars();
+    const QPointF off = ToView(held) - place;
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(off.x()));
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(off.y()));
+    viewport()->update();
+    Q_EMIT ZoomChanged();
+}
+
+void PageView::UpdateScale() {
+    tiles_.SetPixelsPerInch(PixelsPerInch() * viewport()->devicePixelRatioF());
+}
+
+void PageView::UpdateScrollBars() {
+    const QSizeF sheet = SheetSize();
+    const auto set = [](QScrollBar& bar, double size, int room) {
+        bar.setRange(0, std::max(0, static_cast<int>(std::ceil(size)) + 2 * kMargin - room));
+        bar.setPageStep(room);
+    };
+    set(*horizontalScrollBar(), sheet.width(), viewport()->width());
+    set(*verticalScrollBar(), sheet.height(), viewport()->height());
+}
+
+void PageView::resizeEvent(QResizeEvent*) {
+    ApplyFit();
+    UpdateScrollBars();
+}
+
+void PageView::scrollContentsBy(int, int) {
+    viewport()->update();
+}
+
+void PageView::paintEvent(QPaintEvent* event) {
+    if (tiles_.Picture() == nullptr) return;
+    // The window may have moved to a screen of another resolution.
+    UpdateScale();
+    QPainter painter(viewport());
+    PaintSheet(painter, event->rect());
+    if (selection_) PaintSelection(painter);
+}
+
+void PageView::PaintSheet(QPainter& painter, const QRect& part) {
+    const double ratio = viewport()->devicePixelRatioF();
+    const QPoint corner = (SheetCorner() * ratio).toPoint();
+    const QRectF sheet(QPointF(corner) / ratio, QSizeF(tiles_.Size()) / ratio);
+
+    // A soft shadow, below and to the right.
+    painter.setPen(Qt::NoPen);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int reach = 6; reach >= 1; --reach) {
+        painter.setBrush(QColor(0, 0, 0, 14));
+        painter.drawRoundedRect(sheet.adjusted(1 - reach, 2 - reach, reach, reach + 1), reach,
+                                reach);
+    }
+
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    painter.translate(corner);
+    const QRect pixels(QPoint(static_cast<int>(std::floor(part.left() * ratio)),
+                              static_cast<int>(std::floor(part.top() * ratio))),
+                       QSize(static_cast<int>(std::ceil(part.width() * ratio)) + 1,
+                             static_cast<int>(std::ceil(part.height() * ratio)) + 1));
+    tiles_.Paint(painter, pixels.translated(-corner));
+    painter.restore();
+}
+
+void PageView::PaintSelection(QPainter& painter) {
+    constexpr double kHandle = 7;
+    const QRectF frame(ToView(selection_->topLeft()), ToView(selection_->bottomRight()));
+    const QColor color = palette().color(QPalette::Active, QPalette::Highlight);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(color, hasFocus() ? 2 : 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(frame);
+    painter.setPen(QPen(palette().color(QPalette::Base), 1));
+    painter.setBrush(color);
+    for (const QPointF& corner :
+         {frame.topLeft(), frame.topRight(), frame.bottomLeft(), frame.bottomRight()})
+        painter.drawRect(QRectF(corner - QPointF(kHandle / 2, kHandle / 2), QSizeF(kHandle, kHandle)));
+}
+
+void PageView::wheelEvent(QWheelEvent* event) {
+    if ((event->modifiers() & Qt::ControlModifier) == 0)
+        return QAbstractScrollArea::wheelEvent(event);
+    const double notches = event->angleDelta().y() / kWheelStep;
+    if (notches != 0) ZoomAt(zoom_ * std::pow(kNotchZoom, notches), event->position());
+    event->accept();
+}
+
+void PageView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_PageUp:
+            return Q_EMIT PreviousPageWanted();
+        case Qt::Key_PageDown:
+            return Q_EMIT NextPageWanted();
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return Q_EMIT PropertiesWanted();
+        case Qt::Key_Escape:
+            return Q_EMIT EscapePressed();
+        case Qt::Key_Plus:
+            return ZoomIn();
+        case Qt::Key_Minus:
+            return ZoomOut();
+        case Qt::Key_Space:
+            spaceDown_ = true;
+            return UpdatePointer();
+        default:
+            QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+void PageView::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Space || event->isAutoRepeat())
+        return QAbstractScrollArea::keyReleaseEvent(event);
+    spaceDown_ = false;
+    UpdatePointer();
+}
+
+void PageView::focusOutEvent(QFocusEvent* event) {
+    spaceDown_ = false;
+    UpdatePointer();
+    QAbstractScrollArea::focusOutEvent(event);
+}
+
+void PageView::mousePressEvent(QMouseEvent* event) {
+    const bool pans = event->button() == Qt::MiddleButton ||
+                      (event->button() == Qt::LeftButton && spaceDown_);
+    if (pans) {
+        panFrom_ = event->pos();
+        UpdatePointer();
+    } else if (event->button() == Qt::LeftButton && tiles_.Picture() != nullptr) {
+        Q_EMIT Clicked(ToSheet(event->position()));
+    }
+}
+
+void PageView::mouseMoveEvent(QMouseEvent* event) {
+    if (!panFrom_) return;
+    const QPoint by = event->pos() - *panFrom_;
+    panFrom_ = event->pos();
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - by.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
+}
+
+void PageView::mouseReleaseEvent(QMouseEvent*) {
+    panFrom_.reset();
+    UpdatePointer();
+}
+
+void PageView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && !spaceDown_ && tiles_.Picture() != nullptr)
+        Q_EMIT PropertiesWanted();
+}
+
+void PageView::UpdatePointer() {
+    if (panFrom_)
+        viewport()->setCursor(Qt::ClosedHandCursor);
+    else if (spaceDown_)
+        viewport()->setCursor(Qt::OpenHandCursor);
+    else
+        viewport()->unsetCursor();
+}
+
+}  // namespace app

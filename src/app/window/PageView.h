@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <memory>
+#include <optional>
+
+#include "app/window/PageTiles.h"
+
+namespace app {
+
+/// Shows a layout page as it prints: a sheet on the desktop, zoomed with the wheel or by actions,
+/// panned with the middle button, the space bar or the scroll bars. Tells where it was clicked;
+/// what lies there is for others to know.
+class PageView : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    /// What the zoom follows when the window is resized.
+    enum class Fit { None, Page, Width };
+
+    explicit PageView(QWidget* parent = nullptr);
+
+    /// Another picture of the page; null for no page.
+    void SetPicture(std::shared_ptr<const PagePicture> picture);
+    /// A frame around what is selected, in inches from the sheet's upper left corner, Y downward.
+    void SetSelection(std::optional<QRectF> frame);
+
+    double Zoom() const { return zoom_; }  ///< 1 is the size on paper, as far as the screen says.
+    void SetZoom(double zoom);
+    void ZoomIn();
+    void ZoomOut();
+    Fit FitMode() const { return fit_; }
+    void SetFit(Fit fit);
+    /// Where a place of the sheet is seen, in the viewport.
+    QPointF ToView(QPointF inches) const;
+
+Q_SIGNALS:
+    void ZoomChanged();
+    /// A click, in inches from the sheet's upper left corner; it may lie beside the sheet.
+    void Clicked(QPointF inches);
+    /// A double click, or Enter.
+    void PropertiesWanted();
+    void EscapePressed();
+    void PreviousPageWanted();
+    void NextPageWanted();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    double PixelsPerInch() const;  ///< Of the view, independent of the device.
+    QSizeF SheetSize() const;
+    QPointF SheetCorner() const;
+    QPointF ToSheet(QPointF place) const;
+    double FittingZoom(Fit fit) const;
+    void ApplyFit();
+    void ZoomAt(double zoom, QPointF place);
+    void UpdateScale();
+    void UpdateScrollBars();
+    void UpdatePointer();
+    void PaintSheet(QPainter& painter, const QRect& part);
+    void PaintSelection(QPainter& painter);
+
+    PageTiles tiles_;
+    std::optional<QRectF> selection_;
+    double zoom_ = 1;
+    Fit fit_ = Fit::Page;
+    bool spaceDown_ = false;
+    std::optional<QPoint> panFrom_;  ///< The pointer's last place while the sheet is dragged.
+};
+
+}  // namespace app

@@ -1,0 +1,90 @@
+// How the symbols draw themselves on a device. What stands on the page is drawn by ElementPainter,
+// with the same ink.
+
+#include <cmath>
+#include <numbers>
+#include <string>
+
+#include "desk/drawing/SymbolCanvas.h"
+#include "desk/objects/Symbols.h"
+#include "desk/text/TextEngine.h"
+#include "host/Failure.h"
+#include "host/Geometry.h"
+
+namespace desk {
+
+namespace {
+
+[[noreturn]] void FailGeometry(const char* symbol, const char* geometry) {
+    throw host::Failure(host::kFailureTypeMismatch, symbol,
+                        std::string("A ") + symbol + " is drawn on " + geometry + ".");
+}
+
+void DrawOutline(const SymbolCanvas& canvas, const host::IHostEnvelope& envelope,
+                 const host::IHostLineSymbol& line) {
+    if (const auto color = VisibleColor(line.Color()))
+        StrokeOutline(canvas.Context(), {canvas.Place(envelope), *color});
+}
+
+// Where a text hangs, and how it is turned there.
+struct Hook {
+    PaintPoint point;
+    double angle = 0;  ///< Degrees, counter-clockwise.
+};
+
+// Share of a line's length that lies before the point on which a text hangs.
+double ShareBefore(std::int32_t horizontal) {
+    return horizontal == 1 ? 0.5 : horizontal == 2 ? 1.0 : 0.0;
+}
+
+Hook HookOn(const SymbolCanvas& canvas, const host::IHostLine& line, std::int32_t horizontal) {
+    const PaintPoint start = canvas.Place(*line.StartPoint());
+    const PaintPoint end = canvas.Place(*line.EndPoint());
+    const double share = ShareBefore(horizontal);
+    const double angle = std::atan2(start.y - end.y, end.x - start.x) * 180 / std::numbers::pi;
+    return {{std::lerp(start.x, end.x, share), std::lerp(start.y, end.y, share)}, angle};
+}
+
+}  // namespace
+
+void LineSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
+    const SymbolCanvas& canvas = device_.Canvas();
+    if (const auto envelope = host::As<host::IHostEnvelope>(geometry))
+        return DrawOutline(canvas, *envelope, *this);
+    const auto line = host::As<host::IHostLine>(geometry);
+    if (!line) FailGeometry("line symbol", "a line or an envelope");
+    if (const auto color = VisibleColor(color_))
+        StrokeLine(canvas.Context(), canvas.Place(*line->StartPoint()),
+                   canvas.Place(*line->EndPoint()), *color);
+}
+
+void FillSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
+    const SymbolCanvas& canvas = device_.Canvas();
+    const auto envelope = host::As<host::IHostEnvelope>(geometry);
+    if (!envelope) FailGeometry("fill symbol", "an envelope");
+    const PaintBox box = canvas.Place(*envelope);
+    if (const auto color = VisibleColor(color_)) FillBoxes(canvas.Context(), {&box, 1}, *color);
+    if (outline_) DrawOutline(canvas, *envelope, *outline_);
+}
+
+void TextSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
+    const SymbolCanvas& canvas = device_.Canvas();
+    Hook hook;
+    if (const auto line = host::As<host::IHostLine>(geometry))
+        hook = HookOn(canvas, *line, horizontal_);
+    else if (const auto point = host::As<host::IHostPoint>(geometry))
+        hook.point = canvas.Place(*point);
+    else
+        FailGeometry("text symbol", "a line or a point");
+    const auto color = VisibleColor(color_);
+    if (!color) return;
+    UseColor(canvas.Context(), *color);
+    const PlacedText text{FontOf(*this),
+                          text_,
+                          {horizontal_, vertical_, angle_ + hook.angle},
+                          hook.point.x,
+                          hook.point.y};
+    engine_->DrawAll(canvas.Context(), {&text, 1});
+}
+
+}  // namespace desk

@@ -1,0 +1,198 @@
+#include "desk/window/ExpressionDialog.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "desk/window/DialogParent.h"
+#include "desk/window/ExpressionText.h"
+#include "desk/window/FieldTypes.h"
+#include "desk/window/QtText.h"
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+/// What the list enters into the expression for an item.
+constexpr int kInsertRole = Qt::UserRole;
+
+constexpr char kEmptyHint[] =
+    "An empty expression would leave the old one in place: write one, or press Cancel.";
+
+/// A list of two columns in which Return enters the current item.
+class PieceList : public QTreeWidget {
+public:
+    PieceList(const QStringList& headers, QWidget* parent) : QTreeWidget(parent) {
+        setHeaderLabels(headers);
+        setRootIsDecorated(false);
+        setWordWrap(true);
+        setAllColumnsShowFocus(true);
+        setTabKeyNavigation(false);
+        header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    }
+
+    void Add(const QString& name, const QString& meaning, const QString& inserted) {
+        auto* item = new QTreeWidgetItem(this, {name, meaning});
+        item->setData(0, kInsertRole, inserted);
+        item->setToolTip(1, meaning);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        QTreeWidget::keyPressEvent(event);
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) event->accept();
+    }
+};
+
+QLabel* WrappedLabel(const char* name, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+/// "no field named Foo" as a sentence.
+QString Sentence(const std::string& finding) {
+    QString sentence = ToQt(finding) + ".";
+    sentence[0] = sentence[0].toUpper();
+    return sentence;
+}
+
+}  // namespace
+
+ExpressionDialog::ExpressionDialog(ExpressionParts parts, const std::string& expression,
+                                   QWidget* parent)
+    : QDialog(parent),
+      parts_(std::move(parts)),
+      fields_(new PieceList({"Field", "Type"}, this)),
+      tokens_(new PieceList({"Token", "Stands for"}, this)),
+      text_(new ExpressionText(expression, this)),
+      finding_(WrappedLabel("finding", this)),
+      texts_(new QListWidget(this)),
+      note_(WrappedLabel("note", this)),
+      buttons_(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this)) {
+    setWindowTitle("Text Expression");
+    fields_->setObjectName("fields");
+    tokens_->setObjectName("tokens");
+    text_->setObjectName("expression");
+    texts_->setObjectName("texts");
+    LayOut();
+    FillFields();
+    FillTokens();
+    OpenPreview();
+    connect(text_, &QPlainTextEdit::textChanged, this, &ExpressionDialog::Judge);
+    connect(buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    Judge();
+    text_->setFocus();
+}
+
+ExpressionDialog::~ExpressionDialog() = default;
+
+void ExpressionDialog::LayOut() {
+    auto* layout = new QVBoxLayout(this);
+    auto* lists = new QHBoxLayout;
+    lists->addWidget(Column("&Fields of the table:", fields_, "Insert Fi&eld"), 2);
+    lists->addWidget(Column("&Tokens:", tokens_, "Insert T&oken"), 3);
+    layout->addLayout(lists, 3);
+    auto* textLabel = new QLabel("E&xpression:", this);
+    textLabel->setBuddy(text_);
+    layout->addWidget(textLabel);
+    layout->addWidget(text_, 1);
+    layout->addWidget(finding_);
+    auto* textsLabel = new QLabel("First &records:", this);
+    textsLabel->setBuddy(texts_);
+    layout->addWidget(textsLabel);
+    layout->addWidget(texts_, 2);
+    layout->addWidget(note_);
+    layout->addWidget(buttons_);
+    texts_->setMinimumHeight(fontMetrics().lineSpacing() * 6);
+    texts_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // The line stays where it is, whether there is something to say or not.
+    finding_->setMinimumHeight(fontMetrics().lineSpacing());
+    ResizeToScreen(*this,
+                   {fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 38});
+}
+
+QWidget* ExpressionDialog::Column(const QString& label, QTreeWidget* list, const QString& button) {
+    auto* column = new QWidget(this);
+    auto* heading = new QLabel(label, column);
+    heading->setBuddy(list);
+    auto* insert = new QPushButton(button, column);
+    insert->setAutoDefault(false);
+    connect(insert, &QPushButton::clicked, this, [this, list] { Insert(list->currentItem()); });
+    connect(list, &QTreeWidget::itemActivated, this, &ExpressionDialog::Insert);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(heading);
+    layout->addWidget(list, 1);
+    layout->addWidget(insert, 0, Qt::AlignLeft);
+    return column;
+}
+
+void ExpressionDialog::FillFields() {
+    if (!parts_.table) return;
+    const auto fields = parts_.table->Fields();
+    for (std::int32_t i = 0; i < fields->FieldCount(); ++i) {
+        const auto field = fields->Field(i);
+        const QString name = ToQt(field->Name());
+        static_cast<PieceList*>(fields_)->Add(name, TypeInWords(*field), "[" + name + "]");
+    }
+    fields_->setCurrentItem(fields_->topLevelItem(0));
+}
+
+void ExpressionDialog::FillTokens() {
+    for (const auto& token : parts_.tokens)
+        static_cast<PieceList*>(tokens_)->Add(ToQt(token.token), ToQt(token.description),
+                                              ToQt(token.token));
+    tokens_->setCurrentItem(tokens_->topLevelItem(0));
+}
+
+void ExpressionDialog::OpenPreview() {
+    try {
+        preview_ = std::make_unique<ExpressionPreview>(parts_.table, parts_.locale);
+        note_->setText(ToQt(preview_->Sources()));
+    } catch (const host::Failure& failure) {
+        note_->setText("The table cannot be read. " + ToQt(failure.cause));
+    }
+}
+
+void ExpressionDialog::Insert(const QTreeWidgetItem* item) {
+    if (item != nullptr) text_->Insert(item->data(0, kInsertRole).toString());
+}
+
+std::string ExpressionDialog::Expression() const {
+    return text_->Text();
+}
+
+void ExpressionDialog::Judge() {
+    const std::string expression = Expression();
+    const auto finding = ExpressionEngine(parts_.locale).Explain(parts_.table, expression);
+    text_->Mark(finding.begin, finding.length);
+    if (!finding.text.empty())
+        finding_->setText(Sentence(finding.text));
+    else
+        finding_->setText(expression.empty() ? kEmptyHint : "");
+    buttons_->button(QDialogButtonBox::Ok)->setEnabled(finding.text.empty() && !expression.empty());
+    texts_->clear();
+    if (finding.text.empty() && preview_) ShowTexts(expression);
+}
+
+void ExpressionDialog::ShowTexts(const std::string& expression) {
+    try {
+        for (const std::string& text : preview_->Texts(expression)) texts_->addItem(ToQt(text));
+    } catch (const host::Failure& failure) {
+        texts_->clear();
+        note_->setText(ToQt(failure.cause));
+    }
+}
+
+}  // namespace desk

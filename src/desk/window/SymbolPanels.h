@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QWidget>
+
+#include "host/Host.h"
+
+class QCheckBox;
+class QDoubleSpinBox;
+class QFontComboBox;
+class QLabel;
+
+namespace desk {
+
+class ColorButton;
+
+// The panels edit the symbol they are given. They write only what the user touches, so that a value
+// that a control cannot show stays what it is.
+
+/// Font, size, weight and colour of a text symbol.
+class TextSymbolPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    TextSymbolPanel(host::Ref<host::IHostTextSymbol> symbol, QWidget* parent);
+
+Q_SIGNALS:
+    void Edited();
+
+private:
+    void Fill();
+    void Wire();
+    void SetFamily(const QString& family);
+    void UpdateNote();
+
+    host::Ref<host::IHostTextSymbol> symbol_;
+    QString firstFamily_;  ///< As the symbol came.
+    QFontComboBox* family_;
+    QDoubleSpinBox* size_;
+    QCheckBox* bold_;
+    ColorButton* color_;
+    QLabel* note_;
+};
+
+/// Colour and outline of a fill symbol.
+class FillSymbolPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    FillSymbolPanel(host::IHost& host, host::Ref<host::IHostFillSymbol> symbol, QWidget* parent);
+
+Q_SIGNALS:
+    void Edited();
+
+private:
+    void Fill();
+    void SetFilled(bool filled);
+    void SetFillColor();
+    void SetOutlined(bool outlined);
+    void SetOutlineColor();
+
+    host::IHost& host_;
+    host::Ref<host::IHostFillSymbol> symbol_;
+    host::Ref<host::IHostLineSymbol> lastOutline_;
+    QCheckBox* filled_;
+    ColorButton* color_;
+    QCheckBox* outlined_;
+    ColorButton* outlineColor_;
+};
+
+}  // namespace desk

@@ -1,0 +1,330 @@
+#include "desk/window/TableChooser.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSplitter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "desk/window/DialogParent.h"
+#include "desk/window/FolderList.h"
+#include "desk/window/QtText.h"
+#include "desk/window/TablePreview.h"
+
+namespace desk {
+
+namespace {
+
+constexpr char kTopLevel[] = "Folder Connections";
+constexpr char kTable[] = "dBASE Table";
+constexpr char kFolder[] = "Folder";
+constexpr char kConnection[] = "Folder Connection";
+
+/// Milliseconds that a selection has to last before its table is read, so that the keys can run
+/// through a list of large tables.
+constexpr int kPreviewDelay = 120;
+
+/// Size at first, in characters and lines.
+constexpr int kColumns = 130;
+constexpr int kLines = 30;
+
+QStringList FileNames(const QStringList& paths) {
+    QStringList names;
+    for (const QString& path : paths) names << QFileInfo(path).fileName();
+    return names;
+}
+
+}  // namespace
+
+TableChooser::TableChooser(const QString& startFolder, bool allowMultiSelect, QWidget* parent)
+    : QDialog(parent),
+      placeList_(startFolder),
+      address_(new QLineEdit(this)),
+      up_(new QToolButton(this)),
+      places_(new QListWidget(this)),
+      addPlace_(new QPushButton("&Add Folder...", this)),
+      removePlace_(new QPushButton("&Remove", this)),
+      list_(new FolderList(this)),
+      preview_(new TablePreview(this)),
+      name_(new QLineEdit(this)),
+      note_(new QLabel(this)),
+      buttons_(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this)) {
+    list_->setSelectionMode(allowMultiSelect ? QAbstractItemView::ExtendedSelection
+                                             : QAbstractItemView::SingleSelection);
+    previewTimer_.setSingleShot(true);
+    previewTimer_.setInterval(kPreviewDelay);
+    LayOut();
+    Wire();
+    FillPlaces();
+    Enter(QFileInfo(startFolder).isDir() ? startFolder : QDir::homePath());
+    list_->setFocus();
+}
+
+void TableChooser::LayOut() {
+    auto* splitter = new QSplitter(this);
+    splitter->addWidget(PlacesColumn());
+    splitter->addWidget(list_);
+    splitter->addWidget(preview_);
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(1, 1);
+    const int width = fontMetrics().averageCharWidth();
+    splitter->setSizes({width * 24, width * 64, width * 36});
+    note_->setObjectName("note");
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(AddressRow());
+    layout->addWidget(splitter, 1);
+    layout->addWidget(NameRow());
+    layout->addWidget(note_);
+    layout->addWidget(buttons_);
+    ResizeToScreen(*this, {width * kColumns, fontMetrics().lineSpacing() * kLines});
+}
+
+QWidget* TableChooser::AddressRow() {
+    auto* row = new QWidget(this);
+    auto* label = new QLabel("&Look in:", row);
+    label->setBuddy(address_);
+    address_->setObjectName("address");
+    up_->setObjectName("up");
+    up_->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent, nullptr, this));
+    up_->setToolTip("Up One Folder (Alt+Up)");
+    up_->setAccessibleName("Up One Folder");
+    up_->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Up));
+    up_->setAutoRaise(true);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(label);
+    layout->addWidget(address_, 1);
+    layout->addWidget(up_);
+    return row;
+}
+
+QWidget* TableChooser::PlacesColumn() {
+    auto* column = new QWidget(this);
+    places_->setObjectName("places");
+    places_->setAccessibleName("Places");
+    places_->setTextElideMode(Qt::ElideMiddle);
+    places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    places_->setIconSize({icon, icon});
+    places_->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
+    addPlace_->setObjectName("addPlace");
+    removePlace_->setObjectName("removePlace");
+    addPlace_->setAutoDefault(false);
+    removePlace_->setAutoDefault(false);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(places_, 1);
+    auto* row = new QHBoxLayout;
+    row->addWidget(addPlace_);
+    row->addWidget(removePlace_);
+    layout->addLayout(row);
+    return column;
+}
+
+QWidget* TableChooser::NameRow() {
+    auto* row = new QWidget(this);
+    auto* label = new QLabel("&Name:", row);
+    label->setBuddy(name_);
+    list_->setObjectName("list");
+    name_->setObjectName("name");
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(label);
+    layout->addWidget(name_, 1);
+    return row;
+}
+
+void TableChooser::Wire() {
+    // The dialog's order of making is not its reading order.
+    QWidget* const order[] = {address_, up_, places_, addPlace_, removePlace_, list_, name_};
+    for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+    connect(up_, &QToolButton::clicked, this, &TableChooser::GoUp);
+    connect(places_, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem* item) { Enter(item->data(Qt::UserRole).toString()); });
+    connect(places_, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { Enter(item->data(Qt::UserRole).toString()); });
+    connect(places_, &QListWidget::currentRowChanged, this, &TableChooser::UpdateButtons);
+    connect(addPlace_, &QPushButton::clicked, this, &TableChooser::AddPlace);
+    connect(removePlace_, &QPushButton::clicked, this, &TableChooser::RemovePlace);
+    connect(list_, &QTreeWidget::itemActivated, this, &TableChooser::Activate);
+    connect(list_, &QTreeWidget::itemSelectionChanged, this, &TableChooser::TakeSelection);
+    connect(name_, &QLineEdit::textChanged, this, [this] {
+        previewTimer_.start();
+        UpdateButtons();
+    });
+    connect(&previewTimer_, &QTimer::timeout, this, &TableChooser::ShowPreview);
+    connect(address_, &QLineEdit::returnPressed, this, &TableChooser::GoToAddress);
+    // Return in these fields goes somewhere; it does not press OK as well.
+    connect(buttons_, &QDialogButtonBox::accepted, this, [this] {
+        if (!address_->hasFocus() && !places_->hasFocus()) TakeName();
+    });
+    connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+void TableChooser::FillPlaces() {
+    places_->clear();
+    const auto add = [this](const QString& name, const QString& path, QStyle::StandardPixmap icon,
+                            bool own) {
+        auto* item = new QListWidgetItem(style()->standardIcon(icon, nullptr, this), name, places_);
+        item->setData(Qt::UserRole, path);
+        item->setData(Qt::UserRole + 1, own);
+        item->setToolTip(path);
+    };
+    add(kTopLevel, {}, QStyle::SP_DriveNetIcon, false);
+    for (const FolderPlace& place : placeList_.List())
+        add(place.name, place.path, QStyle::SP_DirIcon, place.own);
+    UpdateButtons();
+}
+
+void TableChooser::Enter(const QString& folder) {
+    const QString clean = folder.isEmpty() ? QString() : QDir::cleanPath(folder);
+    if (clean.isEmpty()) {
+        list_->ShowPlaces(placeList_.List());
+    } else if (!list_->ShowFolder(clean)) {
+        Tell(QFileInfo(clean).isDir() ? "The folder " + clean + " cannot be read."
+                                      : "There is no folder " + clean + ".");
+        return;
+    }
+    folder_ = clean;
+    address_->setText(clean.isEmpty() ? QString(kTopLevel) : clean);
+    note_->clear();
+    if (list_->topLevelItemCount() > 0)
+        list_->setCurrentItem(list_->topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
+    TakeSelection();
+}
+
+void TableChooser::GoUp() {
+    if (folder_.isEmpty()) return;
+    const QString before = folder_;
+    QDir dir(folder_);
+    Enter(dir.cdUp() ? dir.path() : QString());
+    list_->Select(before);
+    list_->setFocus();
+}
+
+void TableChooser::Activate(const QTreeWidgetItem* item) {
+    if (FolderList::KindOf(item) != FolderList::Kind::Table) return Enter(FolderList::PathOf(item));
+    const QStringList selected = list_->SelectedTables();
+    TakeTables(selected.isEmpty() ? QStringList(FolderList::PathOf(item)) : selected);
+}
+
+void TableChooser::GoToAddress() {
+    const QString text = address_->text().trimmed();
+    if (text.isEmpty() || text == kTopLevel)
+        Enter({});
+    else if (!FollowPath(text))
+        Tell("There is no folder " + text + ".");
+}
+
+void TableChooser::TakeSelection() {
+    const QStringList tables = list_->SelectedTables();
+    // A name that was typed stays while the user looks for a folder to put it in.
+    if (!tables.isEmpty()) name_->setText(FileNames(tables).join("; "));
+    previewTimer_.start();
+    UpdateButtons();
+}
+
+void TableChooser::ShowPreview() {
+    const QString typed = name_->text().trimmed();
+    const QString table = list_->TableNamed(typed);
+    const QStringList selected = list_->SelectedTables();
+    if (!table.isEmpty())
+        preview_->ShowTable(table);
+    else if (selected.size() > 1)
+        preview_->ShowText(locale().toString(selected.size()) + " tables are selected.");
+    else if (!typed.isEmpty() && !folder_.isEmpty() && !typed.contains('/'))
+        preview_->ShowText("There is no table named " + typed + " in this folder.");
+    else
+        preview_->ShowText("Select a table to see its fields.");
+}
+
+void TableChooser::AddPlace() {
+    const QString path = QFileDialog::getExistingDirectory(
+        this, "Add Folder Connection", folder_.isEmpty() ? QDir::homePath() : folder_);
+    if (path.isEmpty()) return;
+    placeList_.Add(path);
+    FillPlaces();
+    Enter(path);
+}
+
+void TableChooser::RemovePlace() {
+    const QListWidgetItem* item = places_->currentItem();
+    if (item == nullptr) return;
+    placeList_.Remove(item->data(Qt::UserRole).toString());
+    FillPlaces();
+    if (folder_.isEmpty()) Enter({});
+}
+
+void TableChooser::UpdateButtons() {
+    const QListWidgetItem* place = places_->currentItem();
+    removePlace_->setEnabled(place != nullptr && place->data(Qt::UserRole + 1).toBool());
+    up_->setEnabled(!folder_.isEmpty());
+    buttons_->button(QDialogButtonBox::Ok)
+        ->setEnabled(!name_->text().trimmed().isEmpty() || list_->SelectedFolder() != nullptr);
+}
+
+void TableChooser::TakeName() {
+    const QString name = name_->text().trimmed();
+    const QStringList selected = list_->SelectedTables();
+    if (!selected.isEmpty() && name == FileNames(selected).join("; ")) {
+        TakeTables(selected);
+    } else if (name.isEmpty()) {
+        if (const auto* folder = list_->SelectedFolder()) Enter(FolderList::PathOf(folder));
+    } else if (name.contains('/') || name == "~" || name == "..") {
+        if (!FollowPath(name)) Tell("There is no folder " + QFileInfo(name).path() + ".");
+    } else {
+        TakeTypedName(name);
+    }
+}
+
+bool TableChooser::FollowPath(const QString& path) {
+    QString full = path;
+    if (full == "~" || full.startsWith("~/")) full = QDir::homePath() + full.mid(1);
+    full = QDir::cleanPath(QDir(folder_).absoluteFilePath(full));
+    const QFileInfo info(full);
+    if (!info.isDir() && !QFileInfo(info.path()).isDir()) return false;
+    Enter(info.isDir() ? full : info.path());
+    name_->setText(info.isDir() ? QString() : info.fileName());
+    if (!info.isDir()) list_->Select(list_->TableNamed(info.fileName()));
+    name_->setFocus();
+    UpdateButtons();
+    return true;
+}
+
+void TableChooser::TakeTables(const QStringList& paths) {
+    if (paths.isEmpty()) return;
+    picked_.clear();
+    for (const QString& path : paths)
+        picked_.push_back({FromQt(QDir::toNativeSeparators(path)), kTable});
+    pickedName_ = QFileInfo(paths.front()).fileName();
+    accept();
+}
+
+void TableChooser::TakeTypedName(const QString& name) {
+    const QString table = list_->TableNamed(name);
+    if (!table.isEmpty()) return TakeTables({table});
+    const auto* connection = list_->SelectedFolder();
+    if (folder_.isEmpty() && connection == nullptr)
+        return Tell("Select the folder connection in which " + name + " is to be.");
+    const QString folder = folder_.isEmpty() ? FolderList::PathOf(connection) : folder_;
+    picked_ = {
+        {FromQt(QDir::toNativeSeparators(folder)), folder_.isEmpty() ? kConnection : kFolder}};
+    pickedName_ = name;
+    accept();
+}
+
+void TableChooser::Tell(const QString& text) {
+    note_->setText(text);
+    QApplication::beep();
+}
+
+}  // namespace desk

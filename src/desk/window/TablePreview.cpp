@@ -1,0 +1,118 @@
+#include "desk/window/TablePreview.h"
+
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "desk/tables/DbfTable.h"
+#include "desk/window/FieldTypes.h"
+#include "desk/window/QtText.h"
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+/// Beyond this size a table is not read through only to leave out its deleted records.
+constexpr qint64 kReadThrough = 64 << 20;
+
+/// Odd things told before the list is cut off.
+constexpr std::size_t kNotes = 3;
+
+QLabel* WrappedLabel(QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long name without blanks must not widen the panel.
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    return label;
+}
+
+QString Records(const DbfTable& table) {
+    const QString path = ToQt(table.Path());
+    const QLocale locale;
+    if (QFileInfo(path).size() > kReadThrough)
+        return locale.toString(OpenDbf(table.Path())->recordCount) + " records with deleted ones";
+    const auto count = table.LiveRecords();
+    return locale.toString(count) + (count == 1 ? " record" : " records");
+}
+
+QString Notes(const DbfTable& table) {
+    QStringList notes;
+    const auto warnings = table.Warnings();
+    for (std::size_t i = 0; i < warnings.size() && i < kNotes; ++i) notes << ToQt(warnings[i]);
+    return notes.join('\n');
+}
+
+}  // namespace
+
+TablePreview::TablePreview(QWidget* parent)
+    : QWidget(parent),
+      name_(WrappedLabel(this)),
+      summary_(WrappedLabel(this)),
+      fields_(new QTreeWidget(this)),
+      notes_(WrappedLabel(this)) {
+    name_->setObjectName("previewName");
+    summary_->setObjectName("previewSummary");
+    notes_->setObjectName("previewNotes");
+    QFont bold = font();
+    bold.setBold(true);
+    name_->setFont(bold);
+    fields_->setObjectName("previewFields");
+    fields_->setHeaderLabels({"Field", "Type"});
+    fields_->setRootIsDecorated(false);
+    fields_->setUniformRowHeights(true);
+    fields_->setTabKeyNavigation(false);
+    fields_->setAccessibleName("Fields of the table");
+    fields_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(name_);
+    layout->addWidget(summary_);
+    layout->addWidget(fields_, 1);
+    layout->addWidget(notes_);
+    layout->addStretch(0);
+    ShowText({});
+}
+
+void TablePreview::ShowText(const QString& text) {
+    name_->clear();
+    name_->hide();
+    summary_->setText(text);
+    fields_->clear();
+    fields_->hide();
+    notes_->clear();
+    notes_->hide();
+    summary_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+void TablePreview::ShowTable(const QString& path) {
+    ShowText({});
+    name_->setText(QFileInfo(path).fileName());
+    name_->show();
+    try {
+        Fill(path);
+    } catch (const host::Failure& failure) {
+        fields_->hide();
+        summary_->setText(ToQt(failure.cause));
+    }
+}
+
+void TablePreview::Fill(const QString& path) {
+    const DbfTable table(FromQt(path));
+    const auto& fields = table.DbfFields();
+    for (const DbfField& field : fields)
+        new QTreeWidgetItem(fields_, {ToQt(field.name), TypeInWords(field)});
+    summary_->setText(Records(table) + ", " + QLocale().toString(fields.size()) +
+                      (fields.size() == 1 ? " field" : " fields") + "\nText in " +
+                      ToQt(table.Encoding()));
+    fields_->show();
+    notes_->setText(Notes(table));
+    notes_->setVisible(!notes_->text().isEmpty());
+}
+
+}  // namespace desk

@@ -1,0 +1,99 @@
+// Expressions and widths of the columns: the editor, and the two checks.
+
+#include "manager/ColumnExpressions.h"
+#include "model/Edit.h"
+#include "model/Paths.h"
+#include "page/ControlValues.h"
+#include "page/frmGazetteerPropertyPage.h"
+#include "support/ErrorHandling.h"
+#include "ui_frmGazetteerPropertyPage.h"
+
+namespace gazetteer {
+namespace {
+
+std::vector<host::TokenDescription> Tokens(bool linked) {
+    return {{"$$PAGE_NUMBER",
+             linked ? "Corrected page number for index item" : "Page number for index item"},
+            {"$$ROW", linked ? "Grid row name for index item" : "Grid row for index item"},
+            {"$$COLUMN", linked ? "Grid column name for index item" : "Grid column for index item"},
+            {"$$DOTS", "Expand text to column width using dots. (i.e. 'Main St......3')"}};
+}
+
+host::MessageBoxRequest IndexLayerOutOfReach() {
+    return {"Unable to Edit Expression!",
+            "Error attempting to access Map Series Frame's Index Layer Table", host::kStopOk};
+}
+
+host::MessageBoxRequest ExpressionsInvalid() {
+    return {"Invalid Column Text Expression!",
+            "Some of the column expression definitions are invalid for the selected Database File "
+            "and/or Linked Map Series Frame.\r\n\r\nPlease update column properties!",
+            host::kStopOk};
+}
+
+// The title is the same as that of the message on expressions.
+host::MessageBoxRequest ColumnsTooWide() {
+    return {"Invalid Column Text Expression!",
+            "The total width of the defined columns is wider than the width of the Gazetteer "
+            "Frame.\r\n\r\nPlease update column widths!",
+            host::kStopOk};
+}
+
+}  // namespace
+
+using Form = frmGazetteerPropertyPage;
+
+void Form::cmdExpression_Click() try {
+    if (populating_) return;
+    const bool linked = IsLinkedInFact();
+    auto table = listingTable_;
+    if (linked && ui_->optColumnSource_1->isChecked()) {
+        table = IndexLayerTable(true);
+        if (!table) {
+            host_->Dialogs().MessageBox(IndexLayerOutOfReach());
+            return;
+        }
+    }
+    const std::string edited = siblings_.expressionEngine->EditExpression(
+        table, ShownText(*this, "txtExpression"), Tokens(linked));
+    if (!edited.empty()) ShowText(*this, "txtExpression", edited);
+} catch (...) {
+    ShowAtTop(host_->Dialogs(), "cmdExpression_Click", kFormLabel);
+}
+
+// Null where the selected frame has no index layer, or is no series frame where that is asked.
+host::Ref<host::IHostTable> Form::IndexLayerTable(bool onlySeriesFrames) {
+    auto& series = *siblings_.seriesManager;
+    if (onlySeriesFrames && !series.IsSeriesFrame(mapFrame_)) return nullptr;
+    if (!series.HasIndexLayer(mapFrame_)) return nullptr;
+    series.ClearFrame();
+    series.SetFrame(mapFrame_);
+    return series.IndexLayer()->Table();
+}
+
+// The link counts as it was when the page was opened: a column that is switched to the index layer
+// under a new link stays invalid until the page is opened again.
+void Form::CheckColumnExpressions(bool ShowMessage) try {
+    expressionsValid_ = false;
+    if (!haveDatabase_) return;
+    siblings_.expressionEngine = host_->NewExpressionEngine();
+    ExpressionTables tables{OpenTableFile(*host_, ShownText(*this, "txtDatabaseFile")), nullptr};
+    if (fields_.linkToMapSeries && haveMapSeriesFrame_) tables.indexLayer = IndexLayerTable(false);
+    Findings findings;
+    expressionsValid_ = JudgeColumnExpressions(*siblings_.expressionEngine, host_->Locale(),
+                                               {fields_.columnNames, fields_.columnsProperties},
+                                               tables, findings);
+    if (ShowMessage && !expressionsValid_) host_->Dialogs().MessageBox(ExpressionsInvalid());
+} catch (...) {
+    PassOn("CheckColumnExpressions", kFormLabel);
+}
+
+void Form::CheckColumnSizing(bool ShowMessage) try {
+    const double width = element_->Geometry()->Bounds()->Width();
+    sizingValid_ = TotalColumnWidth(host_->Locale(), fields_) <= width;
+    if (ShowMessage && !sizingValid_) host_->Dialogs().MessageBox(ColumnsTooWide());
+} catch (...) {
+    PassOn("CheckColumnSizing", kFormLabel);
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,112 @@
+#include "page/FormSizing.h"
+
+#include <QFontInfo>
+#include <QLayout>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QTabWidget>
+#include <algorithm>
+#include <cmath>
+
+namespace gazetteer {
+namespace {
+
+constexpr double kTwipsPerInch = 1440;
+
+// Where the tab control stands and the free margin on its other sides, in twips. The tab controls'
+// sizes are those that the default font needs at least.
+constexpr int kLeft = 120;
+constexpr int kMargin = 100;
+constexpr int kPropertiesWidth = 6735;
+constexpr int kPropertiesHeight = 6855;
+constexpr int kColumnWidth = 6255;
+constexpr int kColumnHeight = 2775;
+
+// Width of the form in font sizes: a line of the explaining texts then has some 90 letters.
+constexpr int kFontSizesWide = 50;
+// Rows that a list shows without scrolling, lines of an expression, digits of a size.
+constexpr int kRows = 4;
+constexpr int kLines = 3;
+constexpr int kDigits = 9;
+
+int Pixels(int twips, int dotsPerInch) {
+    return static_cast<int>(std::lround(twips * dotsPerInch / kTwipsPerInch));
+}
+
+int RowHeight(const QListWidget& list) {
+    return list.fontMetrics().height() +
+           2 * list.style()->pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, &list);
+}
+
+void SizeLists(const QWidget& form) {
+    for (auto* list : form.findChildren<QListWidget*>())
+        list->setMinimumHeight(kRows * RowHeight(*list) + 2 * list->frameWidth());
+}
+
+void SizeTexts(const QWidget& form) {
+    for (auto* text : form.findChildren<QPlainTextEdit*>()) {
+        const double frame = 2 * (text->frameWidth() + text->document()->documentMargin());
+        text->setMinimumHeight(kLines * text->fontMetrics().lineSpacing() +
+                               static_cast<int>(std::ceil(frame)));
+    }
+}
+
+// Some styles let a caption touch the border of its button.
+void SizeButtons(const QWidget& form) {
+    for (auto* button : form.findChildren<QPushButton*>()) {
+        if (button->text().isEmpty()) continue;
+        const int room = 2 * button->fontMetrics().averageCharWidth();
+        button->setMinimumWidth(button->sizeHint().width() + room);
+    }
+}
+
+// Boxes that do not grow hold a number or a separator.
+void SizeNumbers(const QWidget& form) {
+    for (auto* box : form.findChildren<QLineEdit*>()) {
+        if (box->sizePolicy().horizontalPolicy() != QSizePolicy::Fixed) continue;
+        const int letters = box->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 17;
+        const int digits = box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDigits;
+        // The box's own hint is 17 times "x" and what its frame needs.
+        box->setFixedWidth(box->sizeHint().width() - letters + digits);
+    }
+}
+
+// Layouts of tabs that are not on show do not hear of a new font by themselves.
+void ForgetSizes(const QWidget& form) {
+    for (auto* layout : form.findChildren<QLayout*>()) layout->invalidate();
+    for (auto* tabs : form.findChildren<QTabWidget*>()) tabs->updateGeometry();
+}
+
+void SetLeastSize(const QWidget& form, const char* name, int width, int height) {
+    const int dpi = form.logicalDpiX();
+    auto& tabs = *form.findChild<QTabWidget*>(name);
+    const QSize given(Pixels(width, dpi), Pixels(height, dpi));
+    tabs.setMinimumSize(given.expandedTo(tabs.minimumSizeHint()));
+}
+
+}  // namespace
+
+void FitFormToTabs(QWidget& form) {
+    SizeLists(form);
+    SizeTexts(form);
+    SizeButtons(form);
+    SizeNumbers(form);
+    ForgetSizes(form);
+    SetLeastSize(form, "SSTabColumnProps", kColumnWidth, kColumnHeight);
+    SetLeastSize(form, "SSTabGazetteerProperties", kPropertiesWidth, kPropertiesHeight);
+
+    QLayout& layout = *form.layout();
+    const int margin = Pixels(kMargin, form.logicalDpiX());
+    layout.setContentsMargins(Pixels(kLeft, form.logicalDpiX()), margin, margin, margin);
+    const int readable = kFontSizesWide * QFontInfo(form.font()).pixelSize();
+    const int width = std::max(layout.totalMinimumSize().width(), readable);
+    const int height =
+        std::max(layout.totalMinimumSize().height(), layout.totalHeightForWidth(width));
+    form.setMinimumSize(width, height);
+    form.resize(width, height);
+}
+
+}  // namespace gazetteer

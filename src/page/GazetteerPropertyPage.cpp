@@ -1,0 +1,172 @@
+#include "page/GazetteerPropertyPage.h"
+
+#include <utility>
+
+#include "manager/CVNGazetteerManager.h"
+#include "model/Edit.h"
+#include "model/GeneralFunctions.h"
+#include "page/frmGazetteerPropertyPage.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+// What is not found is skipped.
+void RunCommand(host::IHostIdentifier& identifier, host::IHostApplication& application,
+                const host::Ref<host::IHostIdentifier>& shared, const char* name) {
+    identifier.SetValue(name);
+    const auto command = application.Document()->CommandBars()->Find(shared, false, false);
+    if (command) command->Execute();
+}
+
+void RefreshLayout(host::IHost& host) {
+    const auto identifier = host.NewIdentifier();
+    const auto application = host.NewApplication();
+    for (const char* command : {"CVNLayoutsCmds.RefreshLayout", "CVNLayoutsCmds.RefreshTOC"})
+        RunCommand(*identifier, *application, identifier, command);
+}
+
+}  // namespace
+
+GazetteerPropertyPage::GazetteerPropertyPage(host::Ref<host::IHost> host)
+    : host_(std::move(host)) {
+    try {
+        form_ = new frmGazetteerPropertyPage(host_);
+    } catch (...) {
+        ShowAtTop("Class_Initialize");
+    }
+}
+
+GazetteerPropertyPage::~GazetteerPropertyPage() {
+    try {
+        UnloadForm();
+        delete form_.data();
+    } catch (...) {
+        ShowAtTop("Class_Terminate");
+    }
+}
+
+void GazetteerPropertyPage::ShowAtTop(const char* operation) noexcept {
+    gazetteer::ShowAtTop(host_->Dialogs(), operation, kPropertyPageLabel);
+}
+
+frmGazetteerPropertyPage& GazetteerPropertyPage::Form() {
+    if (form_) return *form_;
+    throw host::Failure(host::kFailureUnspecified, "GazetteerPropertyPage.Form",
+                        "The form of the property page is gone.");
+}
+
+std::int32_t GazetteerPropertyPage::Width() try {
+    return Form().width();
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Width");
+    return 0;
+}
+
+std::int32_t GazetteerPropertyPage::Height() try {
+    return Form().height();
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Height");
+    return 0;
+}
+
+void GazetteerPropertyPage::SetPageSite(const host::Ref<host::IHostPageSite>& site) try {
+    Form().SetPageSite(site);
+} catch (...) {
+    ShowAtTop("IComPropertyPage_PageSite");
+}
+
+bool GazetteerPropertyPage::IsPageDirty() try {
+    return Form().IsPageDirty();
+} catch (...) {
+    ShowAtTop("IComPropertyPage_IsPageDirty");
+    return false;
+}
+
+host::WindowHandle GazetteerPropertyPage::Activate() try {
+    return static_cast<host::WindowHandle>(Form().winId());
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Activate");
+    return 0;
+}
+
+void GazetteerPropertyPage::Deactivate() try {
+    UnloadForm();
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Deactivate");
+}
+
+void GazetteerPropertyPage::UnloadForm() {
+    if (!form_) return;
+    form_->hide();
+    form_->Form_Unload();
+    form_->setParent(nullptr);
+}
+
+host::Ref<host::IHostGroupElement> GazetteerPropertyPage::GazetteerIn(
+    const host::Ref<host::IHostObject>& object) {
+    const auto group = host::As<host::IHostGroupElement>(object);
+    return group && HasGazetteerProperties(*host_, group) ? group : nullptr;
+}
+
+bool GazetteerPropertyPage::Applies(const host::Ref<host::IHostObjectSet>& objects) try {
+    objects->Reset();
+    for (auto object = objects->Next(); object; object = objects->Next())
+        if (GazetteerIn(object)) return true;
+    return false;
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Applies");
+    return false;
+}
+
+// Of several gazetteers the last one in the set is edited.
+void GazetteerPropertyPage::SetObjects(const host::Ref<host::IHostObjectSet>& objects) try {
+    objects->Reset();
+    for (auto object = objects->Next(); object; object = objects->Next()) {
+        const auto element = GazetteerIn(object);
+        if (!element) continue;
+        stored_ = GetGazetteerProperties(*host_, element);
+        element_ = element;
+    }
+    Form().SetGazetteerProperties(CopySet(*host_, stored_));
+    Form().SetGazetteerElement(element_);
+} catch (...) {
+    ShowAtTop("IComPropertyPage_SetObjects");
+}
+
+void GazetteerPropertyPage::Show() try {
+    Form().show();
+    if (!Form().IsFilled()) Form().Form_Activate();
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Show");
+}
+
+void GazetteerPropertyPage::Hide() try {
+    Form().hide();
+    if (Form().IsFilled()) Form().Form_Deactivate();
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Hide");
+}
+
+void GazetteerPropertyPage::Apply() try {
+    SetGazetteerProperties(*host_, element_, CopySet(*host_, Form().GazetteerProperties()));
+    CVNGazetteerManager manager(host_);
+    manager.SetIndexElement(element_);
+    const auto frame = Require<host::IHostFrameElement>(element_);
+    if (manager.CanDrawIndex(element_)) {
+        if (frame->Draft()) manager.DraftMode();
+    } else {
+        manager.DraftMode();
+        frame->SetDraft(true);
+        host_->Dialogs().MessageBox(
+            {.title = "Properties Incomplete",
+             .text = "Gazetteer can not be drawn with current properties.",
+             .style = host::kInformationOk});
+    }
+    RefreshLayout(*host_);
+} catch (...) {
+    ShowAtTop("IComPropertyPage_Apply");
+}
+
+}  // namespace gazetteer

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QPointer>
+#include <cstdint>
+#include <string>
+
+#include "host/Host.h"
+
+namespace gazetteer {
+
+class frmGazetteerPropertyPage;
+
+/// The page that the host's property sheet shows for an element with gazetteer properties. All
+/// editing happens on a copy of the element's properties; the element is touched by Apply alone.
+/// Every operation is a top procedure of the failure convention.
+class GazetteerPropertyPage : public host::IComPropertyPage {
+public:
+    explicit GazetteerPropertyPage(host::Ref<host::IHost> host);
+    ~GazetteerPropertyPage() override;
+
+    void SetTitle(const std::string&) override {}
+    std::string Title() override { return "Gazetteer"; }
+    void SetPriority(std::int32_t) override {}
+    std::int32_t Priority() override { return 1; }
+    std::int32_t Width() override;
+    std::int32_t Height() override;
+    void SetPageSite(const host::Ref<host::IHostPageSite>& site) override;
+    bool IsPageDirty() override;
+    std::string HelpFile() override { return {}; }
+    std::int32_t HelpContextID(std::int32_t) override { return 0; }
+    host::WindowHandle Activate() override;
+    void Deactivate() override;
+    bool Applies(const host::Ref<host::IHostObjectSet>& objects) override;
+    void SetObjects(const host::Ref<host::IHostObjectSet>& objects) override;
+    void Show() override;
+    void Hide() override;
+    void Apply() override;
+    void Cancel() override {}
+
+private:
+    frmGazetteerPropertyPage& Form();
+    host::Ref<host::IHostGroupElement> GazetteerIn(const host::Ref<host::IHostObject>& object);
+    void UnloadForm();
+    void ShowAtTop(const char* operation) noexcept;
+
+    host::Ref<host::IHost> host_;
+    /// The sheet that took the form in may take it along when it goes.
+    QPointer<frmGazetteerPropertyPage> form_;
+    /// The element's stored set: the source of the first copy.
+    host::Ref<host::IHostPropertySet> stored_;
+    host::Ref<host::IHostGroupElement> element_;
+};
+
+}  // namespace gazetteer

@@ -1,0 +1,38 @@
+#include "support/CategoryInstall.h"
+
+#include <utility>
+
+#include "support/CategoryIDs.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+constexpr char kPropertyPageClass[] = "CVNGazetteer.GazetteerPropertyPage";
+
+}  // namespace
+
+CategoryInstall::CategoryInstall(host::Ref<host::IHost> host, std::string folder,
+                                 std::string baseName)
+    : host_(std::move(host)), folder_(std::move(folder)), baseName_(std::move(baseName)) {}
+
+std::int32_t CategoryInstall::Install(bool install, const std::string& /*customOptions*/) try {
+    errorMessage_.clear();
+    Enter(install);
+    return 0;
+} catch (...) {
+    const host::Failure failure = CurrentFailure();
+    errorMessage_ = failure.description;
+    return failure.number;
+}
+
+void CategoryInstall::Enter(bool install) {
+    // The host maps names of this form to those of its platform.
+    const std::string file = folder_ + '\\' + baseName_ + ".dll";
+    const auto registrar = host_->NewComponentRegistrar();
+    CategoryIDs categories(host_);
+    registrar->RegisterComponent(file, categories.MakeUID(kPropertyPageClass),
+                                 categories.ElementPropertyPages(), install);
+}
+
+}  // namespace gazetteer

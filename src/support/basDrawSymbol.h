@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+#include "host/Host.h"
+
+/// Paints a symbol into a plain device context, for the previews of the property page. There is no
+/// display behind a preview, so that background, transformation and geometry are made here.
+/// Lengths are whole pixels of the device; the map space is that of the pixels, Y growing upward.
+namespace gazetteer {
+
+/// Clears the device to white and draws the symbol: a text or a line on the middle of the area, a
+/// marker in the middle of its upper half, a fill over its upper half. The gap is left free on each
+/// side. A top procedure: false for no device (0), and after a failure, which it shows.
+bool DrawToDC(host::IHost& host, host::DeviceContext device, std::int32_t width,
+              std::int32_t height, const host::Ref<host::IHostSymbol>& symbol,
+              std::int32_t gap) noexcept;
+
+}  // namespace gazetteer

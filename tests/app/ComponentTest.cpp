@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "app/Program.h"
+
+namespace tests {
+namespace {
+
+constexpr char kList[] = "data/gazetteer-desk/components.json";
+
+TEST(Component, IsLookedForBesideTheProgram) {
+    const Program program;
+    const std::string copy = "mkdir bin; cp '" GAZETTEER_PROGRAM "' bin; bin/gazetteer component ";
+    for (const char* way : {"install", "uninstall"})
+        EXPECT_EQ(program.Shell(copy + way + " 2>&1; echo $?"),
+                  "gazetteer: The component library \"" + program.File("lib/libCVNGazetteer.so") +
+                      "\" is not there; it is built and installed together with the window part "
+                      "of the program.\n1\n");
+}
+
+TEST(Component, IsNotNeededByTheProgramItself) {
+    const auto libraries = Program().Shell("ldd '" GAZETTEER_PROGRAM "'");
+    EXPECT_NE(libraries.find("libcairo"), std::string::npos);
+    EXPECT_EQ(libraries.find("Qt"), std::string::npos) << libraries;
+    EXPECT_EQ(libraries.find("CVNGazetteer"), std::string::npos) << libraries;
+}
+
+#ifdef GAZETTEER_COMPONENT
+
+TEST(Component, IsEnteredAndTakenOut) {
+    const Program program;
+    const auto list = [&] { return nlohmann::json::parse(program.Bytes(kList))["components"]; };
+    program.Done({"component", "uninstall"});
+    EXPECT_FALSE(program.Exists("data"));
+    for (int twice = 0; twice < 2; ++twice) {
+        const auto outcome = program.Done({"component", "install"});
+        EXPECT_EQ(outcome.output + outcome.errors, "");
+        ASSERT_EQ(list().size(), 1U);
+        EXPECT_EQ(list()[0]["file"], GAZETTEER_COMPONENT);
+    }
+    for (int twice = 0; twice < 2; ++twice) {
+        program.Done({"component", "uninstall"});
+        EXPECT_EQ(list().size(), 0U);
+    }
+}
+
+TEST(Component, CannotBeEnteredInADamagedList) {
+    const Program program;
+    program.Done({"component", "install"});
+    program.Write(kList, "{");
+    const auto outcome = program.Run({"component", "install"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "gazetteer: The list of components \"" + program.File(kList) +
+                                  "\" is damaged; delete it and install the components again.\n");
+    EXPECT_EQ(program.Bytes(kList), "{");
+}
+
+#endif
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,4 @@
+extern "C" int Nothing();
+extern "C" int Nothing() {
+    return 0;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "host/PropertySet.h"
+
+namespace page_test {
+
+/// Everything in a set as text, a line a value, sets and symbols spelled out. Equal sets give equal
+/// texts, order included.
+std::string Dump(const host::IHostPropertySet& set, const std::string& indent = "");
+
+/// The sets and symbols below a set. Two sets that share none can be edited apart.
+std::set<const host::IHostObject*> ObjectsIn(const host::IHostPropertySet& set);
+
+}  // namespace page_test
