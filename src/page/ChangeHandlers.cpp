@@ -37,10 +37,10 @@ bool Form::IsLinkTicked() const {
     return ui_->chkLinkToMapSeriesFrame->isChecked();
 }
 
-void Form::OnChange(const char* procedure, void (Form::*takeOver)()) try {
-    if (!populating_) (this->*takeOver)();
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), procedure, kFormLabel);
+void Form::OnChange(const char* procedure, void (Form::*takeOver)()) {
+    Top(procedure, [&] {
+        if (!populating_) (this->*takeOver)();
+    });
 }
 
 // clang-format off

@@ -80,9 +80,9 @@ void Form::CheckColumnExpressions(bool ShowMessage) try {
     ExpressionTables tables{OpenTableFile(*host_, ShownText(*this, "txtDatabaseFile")), nullptr};
     if (fields_.linkToMapSeries && haveMapSeriesFrame_) tables.indexLayer = IndexLayerTable(false);
     Findings findings;
-    expressionsValid_ = JudgeColumnExpressions(*siblings_.expressionEngine, host_->Locale(),
-                                               {fields_.columnNames, fields_.columnsProperties},
-                                               tables, findings);
+    expressionsValid_ =
+        JudgeColumnExpressions(*siblings_.expressionEngine, host_->Locale(),
+                               {fields_.columnNames, fields_.columnsProperties}, tables, findings);
     if (ShowMessage && !expressionsValid_) host_->Dialogs().MessageBox(ExpressionsInvalid());
 } catch (...) {
     PassOn("CheckColumnExpressions", kFormLabel);

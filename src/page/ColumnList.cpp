@@ -116,13 +116,6 @@ void Form::RearrangeSortOrder(Movement movement) try {
     PassOn("RearrangeSortOrder", kFormLabel);
 }
 
-template <class Body>
-void Form::Top(const char* procedure, Body body) try {
-    body();
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), procedure, kFormLabel);
-}
-
 // clang-format off
 void Form::cmdOrderUp_Click() { Top(__func__, [&] { RearrangeColumnOrder(Movement::Up); }); }
 void Form::cmdOrderDown_Click() { Top(__func__, [&] { RearrangeColumnOrder(Movement::Down); }); }

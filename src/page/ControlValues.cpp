@@ -48,7 +48,8 @@ void ShowText(const QWidget& form, const std::string& control, const std::string
         line->setText(ToQt(text));
         line->setCursorPosition(0);
     } else if (auto* list = dynamic_cast<QComboBox*>(&widget)) {
-        list->setCurrentIndex(list->findText(ToQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive));
+        list->setCurrentIndex(
+            list->findText(ToQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive));
     } else {
         widget.setProperty(kWholeText, ToQt(text));
         dynamic_cast<QPlainTextEdit&>(widget).setPlainText(ToQt(text));

@@ -101,9 +101,8 @@ template <class Record, class Find>
 void FillAll(const QWidget& form, host::IHostLocale& locale, const auto& bindings, Find find,
              const Record& record) {
     for (const Binding& binding : bindings)
-        std::visit(
-            [&](auto field) { FillControl(form, locale, binding.control, record.*field); },
-            find(binding.key)->field);
+        std::visit([&](auto field) { FillControl(form, locale, binding.control, record.*field); },
+                   find(binding.key)->field);
 }
 
 template <class Record, class Find>
@@ -113,8 +112,8 @@ void ReadAll(const QWidget& form, host::IHostLocale& locale, const auto& binding
     for (const Binding& binding : bindings)
         std::visit(
             [&](auto field) {
-                record.*field = ReadControl(form, locale, binding.control, defaults.*field,
-                                            record.*field);
+                record.*field =
+                    ReadControl(form, locale, binding.control, defaults.*field, record.*field);
             },
             find(binding.key)->field);
 }

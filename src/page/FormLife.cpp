@@ -26,9 +26,7 @@ frmGazetteerPropertyPage::frmGazetteerPropertyPage(host::Ref<host::IHost> host)
 
 frmGazetteerPropertyPage::~frmGazetteerPropertyPage() = default;
 
-void frmGazetteerPropertyPage::Form_Load() try {
-    FitFormToTabs(*this);
-} catch (...) {
+void frmGazetteerPropertyPage::Form_Load() try { FitFormToTabs(*this); } catch (...) {
     ShowAtTop(host_->Dialogs(), "Form_Load", kFormLabel);
 }
 

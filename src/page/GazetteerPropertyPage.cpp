@@ -29,8 +29,7 @@ void RefreshLayout(host::IHost& host) {
 
 }  // namespace
 
-GazetteerPropertyPage::GazetteerPropertyPage(host::Ref<host::IHost> host)
-    : host_(std::move(host)) {
+GazetteerPropertyPage::GazetteerPropertyPage(host::Ref<host::IHost> host) : host_(std::move(host)) {
     try {
         form_ = new frmGazetteerPropertyPage(host_);
     } catch (...) {
@@ -57,16 +56,12 @@ frmGazetteerPropertyPage& GazetteerPropertyPage::Form() {
                         "The form of the property page is gone.");
 }
 
-std::int32_t GazetteerPropertyPage::Width() try {
-    return Form().width();
-} catch (...) {
+std::int32_t GazetteerPropertyPage::Width() try { return Form().width(); } catch (...) {
     ShowAtTop("IComPropertyPage_Width");
     return 0;
 }
 
-std::int32_t GazetteerPropertyPage::Height() try {
-    return Form().height();
-} catch (...) {
+std::int32_t GazetteerPropertyPage::Height() try { return Form().height(); } catch (...) {
     ShowAtTop("IComPropertyPage_Height");
     return 0;
 }
@@ -77,9 +72,7 @@ void GazetteerPropertyPage::SetPageSite(const host::Ref<host::IHostPageSite>& si
     ShowAtTop("IComPropertyPage_PageSite");
 }
 
-bool GazetteerPropertyPage::IsPageDirty() try {
-    return Form().IsPageDirty();
-} catch (...) {
+bool GazetteerPropertyPage::IsPageDirty() try { return Form().IsPageDirty(); } catch (...) {
     ShowAtTop("IComPropertyPage_IsPageDirty");
     return false;
 }
@@ -91,9 +84,7 @@ host::WindowHandle GazetteerPropertyPage::Activate() try {
     return 0;
 }
 
-void GazetteerPropertyPage::Deactivate() try {
-    UnloadForm();
-} catch (...) {
+void GazetteerPropertyPage::Deactivate() try { UnloadForm(); } catch (...) {
     ShowAtTop("IComPropertyPage_Deactivate");
 }
 
@@ -159,10 +150,9 @@ void GazetteerPropertyPage::Apply() try {
     } else {
         manager.DraftMode();
         frame->SetDraft(true);
-        host_->Dialogs().MessageBox(
-            {.title = "Properties Incomplete",
-             .text = "Gazetteer can not be drawn with current properties.",
-             .style = host::kInformationOk});
+        host_->Dialogs().MessageBox({.title = "Properties Incomplete",
+                                     .text = "Gazetteer can not be drawn with current properties.",
+                                     .style = host::kInformationOk});
     }
     RefreshLayout(*host_);
 } catch (...) {

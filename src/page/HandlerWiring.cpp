@@ -41,9 +41,8 @@ void ConnectOption(QRadioButton& option, int index, const Handler& handler) {
 
 void ConnectList(QListWidget& list, const QString& event, const Handler& handler) {
     if (event == "ItemCheck") {
-        QObject::connect(&list, &QListWidget::itemChanged, [handler, &list](QListWidgetItem* item) {
-            handler(list.row(item));
-        });
+        QObject::connect(&list, &QListWidget::itemChanged,
+                         [handler, &list](QListWidgetItem* item) { handler(list.row(item)); });
     } else {
         QObject::connect(&list, &QListWidget::currentRowChanged, [handler](int row) {
             if (row >= 0) handler();

@@ -50,7 +50,8 @@ void Form::PopulateLink() {
         sectionKeys_ = book.SectionKeys(book.SectionBook(section));
     }
     std::vector<std::string> names = {kNoSelection};
-    for (const std::string& key : sectionKeys_) names.push_back(siblings_.mapBook->SectionName(key));
+    for (const std::string& key : sectionKeys_)
+        names.push_back(siblings_.mapBook->SectionName(key));
     FillList(*ui_->cmbSection, names);
     const auto stored = std::ranges::find(sectionKeys_, fields_.mapSeriesSectionKey);
     if (stored != sectionKeys_.end()) {

@@ -17,8 +17,7 @@ using Form = frmGazetteerPropertyPage;
 void Form::DrawPreview(SymbolPreview& preview, const host::Ref<host::IHostSymbol>& symbol) {
     const QSize size = preview.PixelSize();
     if (size.isEmpty()) return;  // Not laid out yet: the paint comes.
-    const auto surface =
-        host_->NewPixelSurface(size.width(), size.height(), preview.DotsPerInch());
+    const auto surface = host_->NewPixelSurface(size.width(), size.height(), preview.DotsPerInch());
     if (!DrawToDC(*host_, surface->Device(), size.width(), size.height(), symbol, 0)) return;
     const auto pixels = surface->Pixels();
     const QImage picture(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
@@ -54,76 +53,49 @@ void Form::EditSymbol(SymbolField<T> field, SymbolPreview& preview) {
     UpdateColumnProperties();
 }
 
-void Form::cmdColumnFont_Click() try {
-    EditSymbol(&ColumnProperties::columnFontSymbol, *ui_->picColumnFont);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdColumnFont_Click", kFormLabel);
+void Form::cmdColumnFont_Click() {
+    Top(__func__, [&] { EditSymbol(&ColumnProperties::columnFontSymbol, *ui_->picColumnFont); });
+}
+void Form::cmdColumnBackgroundsymbol_Click() {
+    Top(__func__,
+        [&] { EditSymbol(&ColumnProperties::backgroundSymbol, *ui_->picBackgroundSymbol); });
+}
+void Form::cmdAlternateBackgroundSymbol_Click() {
+    Top(__func__, [&] {
+        EditSymbol(&ColumnProperties::alternateBackgroundSymbol,
+                   *ui_->picAlternateBackgroundSymbol);
+    });
+}
+void Form::cmdBreakFont_Click() {
+    Top(__func__, [&] { EditSymbol(&ColumnProperties::breakFontSymbol, *ui_->picBreakFont); });
+}
+void Form::cmdTitleFont_Click() {
+    Top(__func__, [&] { EditSymbol(&ColumnProperties::titleFontSymbol, *ui_->picTitleFont); });
+}
+void Form::cmdTitleBackground_Click() {
+    Top(__func__,
+        [&] { EditSymbol(&ColumnProperties::titleBackgroundSymbol, *ui_->picTitleBackground); });
 }
 
-void Form::cmdColumnBackgroundsymbol_Click() try {
-    EditSymbol(&ColumnProperties::backgroundSymbol, *ui_->picBackgroundSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdColumnBackgroundsymbol_Click", kFormLabel);
+void Form::picColumnFont_Paint() {
+    Top(__func__, [&] { PaintPreview(*ui_->picColumnFont, editors_.columnFontSymbol); });
 }
-
-void Form::cmdAlternateBackgroundSymbol_Click() try {
-    EditSymbol(&ColumnProperties::alternateBackgroundSymbol, *ui_->picAlternateBackgroundSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdAlternateBackgroundSymbol_Click", kFormLabel);
+void Form::picBackgroundSymbol_Paint() {
+    Top(__func__, [&] { PaintPreview(*ui_->picBackgroundSymbol, editors_.backgroundSymbol); });
 }
-
-void Form::cmdBreakFont_Click() try {
-    EditSymbol(&ColumnProperties::breakFontSymbol, *ui_->picBreakFont);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdBreakFont_Click", kFormLabel);
+void Form::picAlternateBackgroundSymbol_Paint() {
+    Top(__func__, [&] {
+        PaintPreview(*ui_->picAlternateBackgroundSymbol, editors_.alternateBackgroundSymbol);
+    });
 }
-
-void Form::cmdTitleFont_Click() try {
-    EditSymbol(&ColumnProperties::titleFontSymbol, *ui_->picTitleFont);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdTitleFont_Click", kFormLabel);
+void Form::picBreakFont_Paint() {
+    Top(__func__, [&] { PaintPreview(*ui_->picBreakFont, editors_.breakFontSymbol); });
 }
-
-void Form::cmdTitleBackground_Click() try {
-    EditSymbol(&ColumnProperties::titleBackgroundSymbol, *ui_->picTitleBackground);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdTitleBackground_Click", kFormLabel);
+void Form::picTitleFont_Paint() {
+    Top(__func__, [&] { PaintPreview(*ui_->picTitleFont, editors_.titleFontSymbol); });
 }
-
-void Form::picColumnFont_Paint() try {
-    PaintPreview(*ui_->picColumnFont, editors_.columnFontSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "picColumnFont_Paint", kFormLabel);
-}
-
-void Form::picBackgroundSymbol_Paint() try {
-    PaintPreview(*ui_->picBackgroundSymbol, editors_.backgroundSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "picBackgroundSymbol_Paint", kFormLabel);
-}
-
-void Form::picAlternateBackgroundSymbol_Paint() try {
-    PaintPreview(*ui_->picAlternateBackgroundSymbol, editors_.alternateBackgroundSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "picAlternateBackgroundSymbol_Paint", kFormLabel);
-}
-
-void Form::picBreakFont_Paint() try {
-    PaintPreview(*ui_->picBreakFont, editors_.breakFontSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "picBreakFont_Paint", kFormLabel);
-}
-
-void Form::picTitleFont_Paint() try {
-    PaintPreview(*ui_->picTitleFont, editors_.titleFontSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "picTitleFont_Paint", kFormLabel);
-}
-
-void Form::picTitleBackground_Paint() try {
-    PaintPreview(*ui_->picTitleBackground, editors_.titleBackgroundSymbol);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "picTitleBackground_Paint", kFormLabel);
+void Form::picTitleBackground_Paint() {
+    Top(__func__, [&] { PaintPreview(*ui_->picTitleBackground, editors_.titleBackgroundSymbol); });
 }
 
 }  // namespace gazetteer

@@ -11,6 +11,7 @@
 #include "model/Settings.h"
 #include "page/FormControls.h"
 #include "page/FormLists.h"
+#include "support/ErrorHandling.h"
 
 namespace Ui {
 class frmGazetteerPropertyPage;
@@ -148,9 +149,13 @@ private:
     template <class T>
     using SymbolField = host::Ref<T> ColumnProperties::*;
 
-    /// Failure exit of the events that have one step.
+    /// The failure exit of an event that has one step.
     template <class Body>
-    void Top(const char* procedure, Body body);
+    void Top(const char* procedure, Body body) try {
+        body();
+    } catch (...) {
+        ShowAtTop(host_->Dialogs(), procedure, kFormLabel);
+    }
     /// An event that only passes an edit on to an update procedure.
     void OnChange(const char* procedure, void (frmGazetteerPropertyPage::*takeOver)());
 
