@@ -29,6 +29,17 @@ build() {
     quietly "The build of preset $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
+# Configures the release preset unless it has been.
+configure_release() { [ -f build/release/build.ninja ] || configure release; }
+# The same with the property page and the window, which a folder may have been configured without.
+configure_window() {
+    if grep -qs '^GAZETTEER_WINDOW:BOOL=ON$' build/release/CMakeCache.txt; then
+        configure_release
+    else
+        configure release -DGAZETTEER_WINDOW=ON
+    fi
+}
+
 quietly() {
     local what=$1 log
     shift

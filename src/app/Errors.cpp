@@ -1,5 +1,7 @@
 #include "app/Errors.h"
 
+#include <new>
+
 namespace app {
 namespace {
 
@@ -19,6 +21,18 @@ std::string FailureSentence(const host::Failure& failure) {
         facts += (facts.empty() ? " (" : ", ") + FactPhrase(fact);
     }
     return failure.cause + (facts.empty() ? "" : facts + ')');
+}
+
+std::string CurrentSentence() {
+    try {
+        throw;
+    } catch (const host::Failure& failure) {
+        return FailureSentence(failure);
+    } catch (const std::bad_alloc&) {
+        return "There is not enough memory.";
+    } catch (const std::exception& error) {
+        return error.what();
+    }
 }
 
 }  // namespace app

@@ -30,4 +30,7 @@ struct AlreadyTold {
 /// A failure in one line: its first text and its facts.
 std::string FailureSentence(const host::Failure& failure);
 
+/// The exception being handled in one line.
+std::string CurrentSentence();
+
 }  // namespace app

@@ -20,6 +20,16 @@ std::string RunSummary(const gazetteer::CVNGazetteerManager& manager) {
            Counted(manager.Working().pageCount, "page", "pages") + ".";
 }
 
+std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager) {
+    const auto& results = manager.Working();
+    if (!results.listings) return {};
+    const auto columns = gazetteer::NamesOf(*results.listings);
+    if (columns.empty()) return {};
+    return Counted(gazetteer::SetUnder(*results.listings, columns.front())->Count(), "listing",
+                   "listings") +
+           ", " + Counted(results.pageCount, "page", "pages") + '.';
+}
+
 std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager) {
     std::vector<std::string> warnings;
     if (const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable()))

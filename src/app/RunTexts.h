@@ -12,6 +12,9 @@ namespace app {
 /// What became of the records, in one line.
 std::string RunSummary(const gazetteer::CVNGazetteerManager& manager);
 
+/// How much the results hold, in one line; empty where there are none.
+std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
+
 /// What is odd about the table and about the outcome, one sentence each.
 std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
 

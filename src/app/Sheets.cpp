@@ -58,13 +58,6 @@ void DrawSheet(Work& work, desk::PageWriter& writer, std::int32_t page,
     PaintSheet(work, writer, page);
 }
 
-std::string NumberedPath(const std::string& path, std::int32_t page) {
-    const std::filesystem::path whole = path;
-    return (whole.parent_path() /
-            (whole.stem().string() + '-' + std::to_string(page) + whole.extension().string()))
-        .string();
-}
-
 std::unique_ptr<desk::PageWriter> OpenWriter(Work& work, const std::string& path) {
     return desk::OpenPageWriter(path, {.title = work.TheDesk().CurrentDocument().title});
 }
@@ -96,6 +89,13 @@ void WriteNumberedFiles(Work& work, const std::string& path, const PageRange& pa
 }
 
 }  // namespace
+
+std::string NumberedPath(const std::string& path, std::int32_t page) {
+    const std::filesystem::path whole = path;
+    return (whole.parent_path() /
+            (whole.stem().string() + '-' + std::to_string(page) + whole.extension().string()))
+        .string();
+}
 
 void CheckOutputName(const std::string& path) {
     const std::string ending = LowerEnding(path);

@@ -31,6 +31,9 @@ using SheetListener = std::function<void(std::int32_t page)>;
 void WriteSheets(Work& work, const std::string& path, const PageRange& pages,
                  const SheetListener& before = {});
 
+/// The name under which a page is written, where each page has a file.
+std::string NumberedPath(const std::string& path, std::int32_t page);
+
 /// Gives the sheet the running head and the number of a page.
 void LabelSheet(Work& work, std::int32_t page);
 

@@ -30,7 +30,7 @@ extern "C" {
 
 void ComponentCreateClassObject(const char* className,
                                 host::Ref<host::IHostClassFactory>* factory) noexcept try {
-    *factory = gazetteer::CreateClassObject(className);
+    *factory = className == nullptr ? nullptr : gazetteer::CreateClassObject(className);
 } catch (...) {
     factory->reset();
 }

@@ -1,5 +1,6 @@
 #include "layout/ElementSizes.h"
 
+#include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
@@ -23,7 +24,7 @@ double GetElementWidth(host::IHost& host, host::IHostElement& element,
 }
 
 FrameBounds ReadFrame(const host::IHostElement& element) {
-    const auto bounds = element.Geometry()->Bounds();
+    const auto bounds = Require<host::IHostGeometry>(element.Geometry())->Bounds();
     return {bounds->TopLeft(), bounds->Width(), bounds->Height()};
 }
 

@@ -2,7 +2,6 @@
 
 #include "model/ColumnProperties.h"
 #include "support/Conversions.h"
-#include "support/ErrorHandling.h"
 
 namespace gazetteer {
 
@@ -12,7 +11,7 @@ host::Ref<host::IHostPropertySet> CopySet(host::IHost& host,
 }
 
 void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
-               host::IHostPropertySet& properties) try {
+               host::IHostPropertySet& properties) {
     settings.haveSavedListings = false;
     settings.savedListings = host.NewPropertySet();
     settings.pageGroups = host.NewPropertySet();
@@ -24,21 +23,13 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
     Settings stored = settings;
     stored.columnsProperties = CopySet(host, settings.columnsProperties);
     WriteSettings(stored, properties);
-} catch (...) {
-    PassOn("UpdateProperties", kFormLabel);
 }
 
-double TotalColumnWidth(host::IHostLocale& locale, const Settings& settings) {
+bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) {
     double total = 0;
     for (const std::string& name : NamesOf(*settings.columnNames))
         total += ToDouble(SetUnder(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
-    return total;
-}
-
-bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) try {
-    return TotalColumnWidth(locale, settings) <= frameWidth;
-} catch (...) {
-    PassOn("CheckColumnSizing", kFormLabel);
+    return total <= frameWidth;
 }
 
 }  // namespace gazetteer

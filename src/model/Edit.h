@@ -12,10 +12,8 @@ namespace gazetteer {
 void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
                host::IHostPropertySet& properties);
 
-/// Sum of the column widths, in inches, in the order of definition.
-double TotalColumnWidth(host::IHostLocale& locale, const Settings& settings);
-
-/// One column group must fit the frame. A total equal to the frame's width fits.
+/// One column group must fit the frame: the sum of the column widths, in inches and in the order of
+/// definition, is at most the frame's width.
 bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth);
 
 /// Deep copy of a property set.

@@ -5,6 +5,7 @@
 #include "model/Paths.h"
 #include "page/ControlValues.h"
 #include "page/frmGazetteerPropertyPage.h"
+#include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "ui_frmGazetteerPropertyPage.h"
 
@@ -48,27 +49,38 @@ void Form::cmdExpression_Click() try {
     const bool linked = IsLinkedInFact();
     auto table = listingTable_;
     if (linked && ui_->optColumnSource_1->isChecked()) {
-        table = IndexLayerTable(true);
+        auto& series = *siblings_.seriesManager;
+        series.ClearFrame();
+        table = series.IsSeriesFrame(mapFrame_) ? OpenIndexLayer() : nullptr;
         if (!table) {
             host_->Dialogs().MessageBox(IndexLayerOutOfReach());
             return;
         }
     }
-    const std::string edited = siblings_.expressionEngine->EditExpression(
-        table, ShownText(*this, "txtExpression"), Tokens(linked));
+    // The form may be emptied while the dialog is open.
+    const auto engine = siblings_.expressionEngine;
+    const std::string edited =
+        engine->EditExpression(table, ShownText(*this, "txtExpression"), Tokens(linked));
     if (!edited.empty()) ShowText(*this, "txtExpression", edited);
 } catch (...) {
     ShowAtTop(host_->Dialogs(), "cmdExpression_Click", kFormLabel);
 }
 
-// Null where the selected frame has no index layer, or is no series frame where that is asked.
-host::Ref<host::IHostTable> Form::IndexLayerTable(bool onlySeriesFrames) {
+// Null where the selected frame has no index layer.
+host::Ref<host::IHostTable> Form::OpenIndexLayer() {
     auto& series = *siblings_.seriesManager;
-    if (onlySeriesFrames && !series.IsSeriesFrame(mapFrame_)) return nullptr;
     if (!series.HasIndexLayer(mapFrame_)) return nullptr;
     series.ClearFrame();
     series.SetFrame(mapFrame_);
     return series.IndexLayer()->Table();
+}
+
+// Nothing else needs the index layer, which may be out of reach.
+bool Form::AnyColumnFromIndexLayer() const {
+    for (const std::string& name : NamesOf(*fields_.columnNames))
+        if (!ToBoolean(SetUnder(*fields_.columnsProperties, name)->Item("FromDatabase")))
+            return true;
+    return false;
 }
 
 // The link counts as it was when the page was opened: a column that is switched to the index layer
@@ -76,9 +88,10 @@ host::Ref<host::IHostTable> Form::IndexLayerTable(bool onlySeriesFrames) {
 void Form::CheckColumnExpressions(bool ShowMessage) try {
     expressionsValid_ = false;
     if (!haveDatabase_) return;
-    siblings_.expressionEngine = host_->NewExpressionEngine();
     ExpressionTables tables{OpenTableFile(*host_, ShownText(*this, "txtDatabaseFile")), nullptr};
-    if (fields_.linkToMapSeries && haveMapSeriesFrame_) tables.indexLayer = IndexLayerTable(false);
+    siblings_.expressionEngine = host_->NewExpressionEngine();
+    if (fields_.linkToMapSeries && haveMapSeriesFrame_ && AnyColumnFromIndexLayer())
+        tables.indexLayer = OpenIndexLayer();
     Findings findings;
     expressionsValid_ =
         JudgeColumnExpressions(*siblings_.expressionEngine, host_->Locale(),
@@ -89,8 +102,9 @@ void Form::CheckColumnExpressions(bool ShowMessage) try {
 }
 
 void Form::CheckColumnSizing(bool ShowMessage) try {
-    const double width = element_->Geometry()->Bounds()->Width();
-    sizingValid_ = TotalColumnWidth(host_->Locale(), fields_) <= width;
+    const auto element = Require<host::IHostElement>(element_);
+    const double width = Require<host::IHostGeometry>(element->Geometry())->Bounds()->Width();
+    sizingValid_ = ColumnsFitFrame(host_->Locale(), fields_, width);
     if (ShowMessage && !sizingValid_) host_->Dialogs().MessageBox(ColumnsTooWide());
 } catch (...) {
     PassOn("CheckColumnSizing", kFormLabel);

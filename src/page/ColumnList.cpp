@@ -2,6 +2,8 @@
 
 #include "model/ColumnList.h"
 
+#include <utility>
+
 #include "page/QtText.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/Conversions.h"
@@ -9,6 +11,23 @@
 #include "ui_frmGazetteerPropertyPage.h"
 
 namespace gazetteer {
+
+namespace {
+
+// Sets the flag for as long as it lives.
+class Populating {
+public:
+    explicit Populating(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~Populating() { flag_ = before_; }
+    Populating(const Populating&) = delete;
+    Populating& operator=(const Populating&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
+}  // namespace
 
 using Form = frmGazetteerPropertyPage;
 
@@ -36,13 +55,7 @@ void Form::SaveEditors() {
 }
 
 void Form::ShowSelectedColumn() {
-    struct Populating {
-        explicit Populating(bool& flag) : flag_(flag) { flag_ = true; }
-        ~Populating() { flag_ = false; }
-        Populating(const Populating&) = delete;
-        Populating& operator=(const Populating&) = delete;
-        bool& flag_;
-    };
+    if (!filled_) return;  // Emptied by whoever was told of the edit.
     {
         const Populating populating(populating_);
         PopulateColumnProperties();

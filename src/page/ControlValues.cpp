@@ -11,8 +11,9 @@
 namespace gazetteer {
 namespace {
 
-// A box of several lines normalises blanks and line ends of what it shows. What was put in is kept
-// beside it; the boxes are read-only, so that nothing else changes their text.
+// What was put into a control that cannot show every text, kept beside it. A box of several lines
+// normalises blanks and line ends; such boxes are read-only, so that nothing else changes their
+// text. A drop-down list shows no selection for a text that it does not offer.
 constexpr char kWholeText[] = "wholeText";
 
 QWidget* Find(const QWidget& form, const std::string& name) {
@@ -47,11 +48,13 @@ void ShowText(const QWidget& form, const std::string& control, const std::string
     if (auto* line = dynamic_cast<QLineEdit*>(&widget)) {
         line->setText(ToQt(text));
         line->setCursorPosition(0);
-    } else if (auto* list = dynamic_cast<QComboBox*>(&widget)) {
+        return;
+    }
+    widget.setProperty(kWholeText, ToQt(text));
+    if (auto* list = dynamic_cast<QComboBox*>(&widget)) {
         list->setCurrentIndex(
             list->findText(ToQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive));
     } else {
-        widget.setProperty(kWholeText, ToQt(text));
         dynamic_cast<QPlainTextEdit&>(widget).setPlainText(ToQt(text));
     }
 }
@@ -59,8 +62,8 @@ void ShowText(const QWidget& form, const std::string& control, const std::string
 std::string ShownText(const QWidget& form, const std::string& control) {
     const QWidget& widget = ControlNamed(form, control);
     if (const auto* line = dynamic_cast<const QLineEdit*>(&widget)) return FromQt(line->text());
-    if (const auto* list = dynamic_cast<const QComboBox*>(&widget))
-        return FromQt(list->currentText());
+    const auto* list = dynamic_cast<const QComboBox*>(&widget);
+    if (list != nullptr && list->currentIndex() >= 0) return FromQt(list->currentText());
     return FromQt(widget.property(kWholeText).toString());
 }
 

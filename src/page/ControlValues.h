@@ -13,7 +13,8 @@ QWidget& ControlNamed(const QWidget& form, const std::string& name);
 void ShowFlag(const QWidget& form, const std::string& control, bool value);
 bool ShownFlag(const QWidget& form, const std::string& control);
 
-/// A text box, or a drop-down list, which shows no selection for a text that it does not offer.
+/// A text box, or a drop-down list, which shows no selection for a text that it does not offer and
+/// keeps it until one is made.
 void ShowText(const QWidget& form, const std::string& control, const std::string& text);
 std::string ShownText(const QWidget& form, const std::string& control);
 

@@ -61,6 +61,10 @@ constexpr std::array kColumnControls = {
 template <class T>
 constexpr bool kIsNumber = std::is_same_v<T, double> || std::is_same_v<T, std::int32_t>;
 
+// Sets and symbols have controls of their own.
+template <class T>
+constexpr bool kIsShown = std::is_same_v<T, bool> || kIsNumber<T> || std::is_same_v<T, std::string>;
+
 template <class T>
 void FillControl(const QWidget& form, host::IHostLocale& locale, const char* control,
                  const T& value) {
@@ -86,15 +90,13 @@ std::optional<T> NumberIn(std::string text, host::IHostLocale& locale) {
 
 template <class T>
 T ReadControl(const QWidget& form, host::IHostLocale& locale, const char* control,
-              const T& byDefault, const T& kept) {
+              const T& byDefault) {
     if constexpr (std::is_same_v<T, bool>)
         return ShownFlag(form, control);
     else if constexpr (kIsNumber<T>)
         return NumberIn<T>(ShownText(form, control), locale).value_or(byDefault);
-    else if constexpr (std::is_same_v<T, std::string>)
-        return ShownText(form, control);
     else
-        return kept;
+        return ShownText(form, control);
 }
 
 template <class Record, class Find>
@@ -112,8 +114,9 @@ void ReadAll(const QWidget& form, host::IHostLocale& locale, const auto& binding
     for (const Binding& binding : bindings)
         std::visit(
             [&](auto field) {
-                record.*field =
-                    ReadControl(form, locale, binding.control, defaults.*field, record.*field);
+                using Value = std::remove_reference_t<decltype(record.*field)>;
+                if constexpr (kIsShown<Value>)
+                    record.*field = ReadControl(form, locale, binding.control, defaults.*field);
             },
             find(binding.key)->field);
 }

@@ -6,6 +6,7 @@
 #include "page/FormPictures.h"
 #include "page/FormSizing.h"
 #include "page/HandlerWiring.h"
+#include "page/SymbolPreview.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
@@ -17,6 +18,9 @@ frmGazetteerPropertyPage::frmGazetteerPropertyPage(host::Ref<host::IHost> host)
     : host_(std::move(host)),
       ui_(std::make_unique<Ui::frmGazetteerPropertyPage>()),
       controls_(*this, host_->Locale()) {
+    // Options that a set of an unknown version does not tell of are off at first.
+    fields_.samplePage = fields_.clearRepeatingText = fields_.addStartingBreak =
+        fields_.combineFirstAndLast = false;
     LoadFormPictures();
     ui_->setupUi(this);
     ReleaseObjects();
@@ -31,14 +35,14 @@ void frmGazetteerPropertyPage::Form_Load() try { FitFormToTabs(*this); } catch (
 }
 
 void frmGazetteerPropertyPage::Form_Activate() try {
-    populating_ = true;
+    ReleaseObjects();
+    ui_->SSTabColumnProps->setEnabled(false);
     const auto properties = Require<host::IHostPropertySet>(properties_);
     ReadSettings(*properties, host_->Locale(), fields_, SettingsScope::Edit);
     fields_.columnsProperties = CopySet(*host_, fields_.columnsProperties);
-    haveDatabase_ = haveMapSeriesFrame_ = expressionsValid_ = sizingValid_ = false;
     PopulateForm();
     populating_ = false;
-    filled_ = true;
+    SetFilled(true);
     if (ui_->lstListingColumns->count() > 0) lstListingColumns_Click();
     ui_->SSTabGazetteerProperties->setCurrentIndex(0);
     ui_->SSTabColumnProps->setCurrentIndex(0);
@@ -48,35 +52,40 @@ void frmGazetteerPropertyPage::Form_Activate() try {
     ShowAtTop(host_->Dialogs(), "Form_Activate", kFormLabel);
 }
 
-void frmGazetteerPropertyPage::Form_Deactivate() try {
-    filled_ = false;
-    populating_ = true;
-    ReleaseObjects();
-} catch (...) {
+void frmGazetteerPropertyPage::Form_Deactivate() try { ReleaseObjects(); } catch (...) {
     ShowAtTop(host_->Dialogs(), "Form_Deactivate", kFormLabel);
 }
 
 void frmGazetteerPropertyPage::Form_Unload() try {
-    filled_ = false;
-    populating_ = true;
     ReleaseObjects();
     pageSite_ = nullptr;
 } catch (...) {
     ShowAtTop(host_->Dialogs(), "Form_Unload", kFormLabel);
 }
 
+// What does not show the working copy cannot be worked with.
+void frmGazetteerPropertyPage::SetFilled(bool filled) {
+    filled_ = filled;
+    ui_->SSTabGazetteerProperties->setEnabled(filled);
+}
+
 // Everything that comes back from the working copy at the next activation.
 void frmGazetteerPropertyPage::ReleaseObjects() {
+    SetFilled(false);
+    populating_ = true;
     listingTable_ = nullptr;
     mapFrame_ = nullptr;
     siblings_ = {};
     sectionKeys_.clear();
     templateKeys_.clear();
     frames_.clear();
-    fields_ = {};
-    FillEmptySets(*host_, fields_);
+    for (const auto set : {&Settings::columnNames, &Settings::columnsProperties,
+                           &Settings::columnDisplayOrder, &Settings::columnSortOrder})
+        fields_.*set = host_->NewPropertySet();
     editors_ = {};
     currentColumn_.clear();
+    haveDatabase_ = haveMapSeriesFrame_ = expressionsValid_ = sizingValid_ = false;
+    for (auto* preview : findChildren<SymbolPreview*>()) preview->Clear();
 }
 
 void frmGazetteerPropertyPage::changeEvent(QEvent* event) {

@@ -1,5 +1,6 @@
 #include "page/GazetteerPropertyPage.h"
 
+#include <QApplication>
 #include <utility>
 
 #include "manager/CVNGazetteerManager.h"
@@ -13,24 +14,23 @@ namespace gazetteer {
 namespace {
 
 // What is not found is skipped.
-void RunCommand(host::IHostIdentifier& identifier, host::IHostApplication& application,
-                const host::Ref<host::IHostIdentifier>& shared, const char* name) {
-    identifier.SetValue(name);
-    const auto command = application.Document()->CommandBars()->Find(shared, false, false);
-    if (command) command->Execute();
-}
-
-void RefreshLayout(host::IHost& host) {
+void RunRefreshCommands(host::IHost& host) {
     const auto identifier = host.NewIdentifier();
     const auto application = host.NewApplication();
-    for (const char* command : {"CVNLayoutsCmds.RefreshLayout", "CVNLayoutsCmds.RefreshTOC"})
-        RunCommand(*identifier, *application, identifier, command);
+    for (const char* name : {"CVNLayoutsCmds.RefreshLayout", "CVNLayoutsCmds.RefreshTOC"}) {
+        identifier->SetValue(name);
+        const auto bars = application->Document()->CommandBars();
+        if (const auto command = bars->Find(identifier, false, false)) command->Execute();
+    }
 }
 
 }  // namespace
 
 GazetteerPropertyPage::GazetteerPropertyPage(host::Ref<host::IHost> host) : host_(std::move(host)) {
     try {
+        if (qApp == nullptr)
+            Raise("GazetteerPropertyPage.Class_Initialize",
+                  "The property page needs a host with windows.");
         form_ = new frmGazetteerPropertyPage(host_);
     } catch (...) {
         ShowAtTop("Class_Initialize");
@@ -102,8 +102,9 @@ host::Ref<host::IHostGroupElement> GazetteerPropertyPage::GazetteerIn(
 }
 
 bool GazetteerPropertyPage::Applies(const host::Ref<host::IHostObjectSet>& objects) try {
-    objects->Reset();
-    for (auto object = objects->Next(); object; object = objects->Next())
+    const auto set = Require<host::IHostObjectSet>(objects);
+    set->Reset();
+    for (auto object = set->Next(); object; object = set->Next())
         if (GazetteerIn(object)) return true;
     return false;
 } catch (...) {
@@ -113,15 +114,20 @@ bool GazetteerPropertyPage::Applies(const host::Ref<host::IHostObjectSet>& objec
 
 // Of several gazetteers the last one in the set is edited.
 void GazetteerPropertyPage::SetObjects(const host::Ref<host::IHostObjectSet>& objects) try {
-    objects->Reset();
-    for (auto object = objects->Next(); object; object = objects->Next()) {
+    const auto set = Require<host::IHostObjectSet>(objects);
+    set->Reset();
+    for (auto object = set->Next(); object; object = set->Next()) {
         const auto element = GazetteerIn(object);
         if (!element) continue;
         stored_ = GetGazetteerProperties(*host_, element);
         element_ = element;
     }
-    Form().SetGazetteerProperties(CopySet(*host_, stored_));
+    // A form that shows other objects shows these from now on.
+    const bool shown = Form().IsFilled();
+    if (shown) Form().Form_Deactivate();
+    Form().SetGazetteerProperties(CopySet(*host_, Require<host::IHostPropertySet>(stored_)));
     Form().SetGazetteerElement(element_);
+    if (shown) Form().Form_Activate();
 } catch (...) {
     ShowAtTop("IComPropertyPage_SetObjects");
 }
@@ -141,10 +147,11 @@ void GazetteerPropertyPage::Hide() try {
 }
 
 void GazetteerPropertyPage::Apply() try {
-    SetGazetteerProperties(*host_, element_, CopySet(*host_, Form().GazetteerProperties()));
+    const auto frame = Require<host::IHostFrameElement>(element_);
+    const auto working = Require<host::IHostPropertySet>(Form().GazetteerProperties());
+    SetGazetteerProperties(*host_, element_, CopySet(*host_, working));
     CVNGazetteerManager manager(host_);
     manager.SetIndexElement(element_);
-    const auto frame = Require<host::IHostFrameElement>(element_);
     if (manager.CanDrawIndex(element_)) {
         if (frame->Draft()) manager.DraftMode();
     } else {
@@ -154,7 +161,7 @@ void GazetteerPropertyPage::Apply() try {
                                      .text = "Gazetteer can not be drawn with current properties.",
                                      .style = host::kInformationOk});
     }
-    RefreshLayout(*host_);
+    RunRefreshCommands(*host_);
 } catch (...) {
     ShowAtTop("IComPropertyPage_Apply");
 }

@@ -164,7 +164,7 @@ std::string Form::PickListingDatabase() {
     bool accepted = false;
     dialog->DoModal(host_->NewApplication()->WindowHandle(), selection, accepted);
     if (!accepted) return {};
-    selection->Reset();
+    Require<host::IHostObjectSelection>(selection)->Reset();
     const auto object = Require<host::IHostCatalogObject>(selection->Next());
     return DatabasePath(object->Category(), object->FullName(), dialog->Name());
 }

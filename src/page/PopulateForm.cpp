@@ -25,7 +25,6 @@ void Form::PopulateForm() try {
     PopulateDatabase();
     FillList(*ui_->cmbAlignment, kAlignments);
     FillList(*ui_->cmbTitleAlignment, kAlignments);
-    currentColumn_.clear();
     PopulateLists();
     controls_.Fill(fields_);
     CheckColumnExpressions(true);
@@ -37,10 +36,6 @@ void Form::PopulateForm() try {
 // A document that is in no map book has no template on show, and nothing to link to.
 void Form::PopulateLink() {
     ui_->chkLinkToMapSeriesFrame->setChecked(fields_.linkToMapSeries);
-    sectionKeys_.clear();
-    templateKeys_.clear();
-    frames_.clear();
-    mapFrame_ = nullptr;
     FillList(*ui_->CmbTemplate, {});
     FillList(*ui_->cmbMapSeriesFrame, {});
     const auto onShow = siblings_.layoutContext->CurrentTemplateKey();
@@ -61,16 +56,19 @@ void Form::PopulateLink() {
     EnableIndexLayerOption();
 }
 
-// A database that is gone is no failure: the box stays empty.
+// A database that is gone is no failure: the box stays empty. One that is there but cannot be
+// opened is told of, and then counts as gone, so that another one can be chosen.
 void Form::PopulateDatabase() {
     const std::string& path = fields_.indexDatabaseFile;
-    listingTable_ = nullptr;
-    haveDatabase_ = !path.empty() && host_->FileExists(path);
-    ShowText(*this, "txtDatabaseFile", haveDatabase_ ? path : "");
-    if (!haveDatabase_) return;
-    haveDatabase_ = false;
-    listingTable_ = OpenTableFile(*host_, path);
-    haveDatabase_ = true;
+    ShowText(*this, "txtDatabaseFile", "");
+    if (path.empty() || !host_->FileExists(path)) return;
+    try {
+        listingTable_ = OpenTableFile(*host_, path);
+        haveDatabase_ = true;
+        ShowText(*this, "txtDatabaseFile", path);
+    } catch (...) {
+        ShowAtTop(host_->Dialogs(), "PopulateForm", kFormLabel);
+    }
 }
 
 void Form::PopulateLists() {

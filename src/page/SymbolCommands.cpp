@@ -18,7 +18,10 @@ void Form::DrawPreview(SymbolPreview& preview, const host::Ref<host::IHostSymbol
     const QSize size = preview.PixelSize();
     if (size.isEmpty()) return;  // Not laid out yet: the paint comes.
     const auto surface = host_->NewPixelSurface(size.width(), size.height(), preview.DotsPerInch());
-    if (!DrawToDC(*host_, surface->Device(), size.width(), size.height(), symbol, 0)) return;
+    if (!DrawToDC(*host_, surface->Device(), size.width(), size.height(), symbol, 0)) {
+        preview.Clear();
+        return;
+    }
     const auto pixels = surface->Pixels();
     const QImage picture(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
                          size.width() * static_cast<int>(sizeof(std::uint32_t)),
@@ -49,8 +52,8 @@ void Form::EditSymbol(SymbolField<T> field, SymbolPreview& preview) {
     editors_.*field = symbol;
     if constexpr (std::is_same_v<T, host::IHostTextSymbol>)
         symbol->SetText(SampleText(*host_, symbol->Font()->Name(), symbol->Size()));
-    DrawPreview(preview, symbol);
     UpdateColumnProperties();
+    DrawPreview(preview, symbol);
 }
 
 void Form::cmdColumnFont_Click() {

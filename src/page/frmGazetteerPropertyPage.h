@@ -165,6 +165,7 @@ private:
     void PopulateDatabase();
     void PopulateLists();
     void ReleaseObjects();
+    void SetFilled(bool filled);
 
     // Taking edits over.
     void UpdateProperties();
@@ -199,7 +200,8 @@ private:
     // Checks.
     void CheckColumnExpressions(bool ShowMessage);
     void CheckColumnSizing(bool ShowMessage);
-    host::Ref<host::IHostTable> IndexLayerTable(bool onlySeriesFrames);
+    host::Ref<host::IHostTable> OpenIndexLayer();
+    bool AnyColumnFromIndexLayer() const;
     bool IsLinkedInFact() const { return IsLinkTicked() && haveMapSeriesFrame_; }
 
     host::Ref<host::IHost> host_;

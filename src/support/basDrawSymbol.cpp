@@ -17,16 +17,34 @@ bool Clear(host::IHostDevices& devices, host::DeviceContext device, std::uint32_
            const host::PixelRectangle& rectangle) {
     host::Brush brush = 0;
     bool cleared = false;
+    // What fails here ends here: the caller has a sentence of its own for it.
     try {
         brush = devices.CreateSolidBrush(color);
         if (brush == 0) Raise(kNoBrush, "basDrawSymbol.Clear", "Could not create GDI Brush.");
         devices.FillRect(device, rectangle, brush);
         cleared = true;
     } catch (...) {
-        // The caller has a sentence of its own for this.
     }
-    if (brush != 0) devices.DeleteObject(brush);
+    try {
+        if (brush != 0) devices.DeleteObject(brush);
+    } catch (...) {
+        cleared = false;
+    }
     return cleared;
+}
+
+// Draws, and frees the device also where the drawing fails.
+void Draw(host::IHostSymbol& symbol, host::DeviceContext device,
+          const host::Ref<host::IHostDisplayTransformation>& transformation,
+          const host::Ref<host::IHostGeometry>& geometry) {
+    symbol.PrepareDevice(device, transformation);
+    try {
+        symbol.DrawGeometry(geometry);
+    } catch (...) {
+        symbol.ReleaseDevice();
+        throw;
+    }
+    symbol.ReleaseDevice();
 }
 
 host::Ref<host::IHostEnvelope> MakeEnvelope(host::IHost& host, double xmin, double ymin,
@@ -85,10 +103,7 @@ bool DrawToDC(host::IHost& host, host::DeviceContext device, std::int32_t width,
     if (!transformation || !geometry)
         Raise(kNothingToDrawWith, "basDrawSymbol.DrawToDC",
               "Could not create required Transformation or Geometry for this draw operation.");
-    Require<host::IHostSymbol>(symbol);
-    symbol->PrepareDevice(device, transformation);
-    symbol->DrawGeometry(geometry);
-    symbol->ReleaseDevice();
+    Draw(*Require<host::IHostSymbol>(symbol), device, transformation, geometry);
     return true;
 } catch (...) {
     ShowAtTop(host.Dialogs(), "DrawToDC", kDrawSymbolLabel);

@@ -9,7 +9,8 @@ constexpr char kList[] = "data/gazetteer-desk/components.json";
 
 TEST(Component, IsLookedForBesideTheProgram) {
     const Program program;
-    const std::string copy = "mkdir bin; cp '" GAZETTEER_PROGRAM "' bin; bin/gazetteer component ";
+    const std::string copy =
+        "mkdir -p bin; cp '" GAZETTEER_PROGRAM "' bin; bin/gazetteer component ";
     for (const char* way : {"install", "uninstall"})
         EXPECT_EQ(program.Shell(copy + way + " 2>&1; echo $?"),
                   "gazetteer: The component library \"" + program.File("lib/libCVNGazetteer.so") +

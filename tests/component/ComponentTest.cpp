@@ -74,7 +74,7 @@ TEST_F(Component, MakesAManagerThatDrawsTheHostsElements) {
     manager->SetIndexElement(element);
     EXPECT_TRUE(desk_.Dialogs().messages.empty()) << desk_.Dialogs().LastCause();
     EXPECT_EQ(manager->PageCount(), host::Variant(1));
-    EXPECT_EQ(manager->PageName(1), host::Variant(std::string("Abbey Road - Main St")));
+    EXPECT_EQ(manager->PageName(1), host::Variant(std::string(" Abbey Road -  Main St")));
     manager->SetIndexToPageNumber(1);
     EXPECT_EQ(desk_.Members(*element, "ROWGROUP").size(), 2U);
 }

@@ -97,6 +97,7 @@ TEST_F(ObjectDialogTest, WalksThroughFolders) {
                   DoubleClick(List(shown), 0);
                   EXPECT_EQ(Names(shown), QStringList{"inner.dbf"});
                   QTest::keyClick(&shown, Qt::Key_Up, Qt::AltModifier);
+                  EXPECT_TRUE(QTest::qWaitFor([&] { return Names(shown).size() == 3; }));
                   EXPECT_EQ(List(shown).currentItem()->text(0), "maps");
                   Type(shown, "address", "/no/such/folder");
                   EXPECT_EQ(Part<QLabel>(shown, "note").text(),

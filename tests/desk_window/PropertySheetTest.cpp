@@ -184,22 +184,20 @@ TEST_F(PropertySheetTest, AppliesByReturnOnceMoreAfterAnotherEdit) {
 }
 
 TEST_F(PropertySheetTest, ShowsAPagesMessagesOverItself) {
-    bool overTheSheet = false;
+    desk::PropertySheet sheet({first_}, objects_, nullptr);
+    bool wasOverTheSheet = false;
     first_->onShow = [&] {
         WhenModal([&](QWidget& message) {
-            overTheSheet = dynamic_cast<desk::PropertySheet*>(message.parentWidget()) != nullptr &&
-                           message.parentWidget()->isVisible();
+            wasOverTheSheet = message.parentWidget() == &sheet && sheet.isVisible();
             QTest::keyClick(&message, Qt::Key_Return);
         });
-        desk::WindowDialogs([] { return nullptr; }).MessageBox({"T", "t", 64, nullptr});
-        first_->onShow = {};
+        desk::WindowDialogs([] {
+            return nullptr;
+        }).MessageBox({"Invalid", "Too wide.", host::kStopOk, nullptr});
+        sheet.reject();
     };
-    Show([&](desk::PropertySheet& sheet) {
-        // The message may be open still, as its loop runs inside the sheet's.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return overTheSheet; }));
-        QTimer::singleShot(50, &sheet, [&] { Button(sheet, QDialogButtonBox::Ok).click(); });
-    });
-    EXPECT_TRUE(overTheSheet);
+    sheet.exec();
+    EXPECT_TRUE(wasOverTheSheet);
 }
 
 TEST_F(PropertySheetTest, TellsTheFailureOfAPageAndGoesOn) {

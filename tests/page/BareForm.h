@@ -9,9 +9,13 @@
 
 namespace page_test {
 
-/// The form as it is loaded, before any element is given to it.
+/// The form as it is loaded, before any element is given to it, but with its tabs open to the user.
 class BareForm : public testing::Test {
 public:
+    BareForm() {
+        for (auto* tabs : form_.findChildren<QTabWidget*>()) tabs->setEnabled(true);
+    }
+
     void ShowTab(const char* tabs, const char* title) {
         if (std::string(tabs) == "SSTabColumnProps")
             ShowTab("SSTabGazetteerProperties", "Index Layout");

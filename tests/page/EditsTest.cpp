@@ -20,30 +20,76 @@ public:
     Edits() { Open(desk_.ListingTable({{"Oak St", "3"}, {"Elm St", "1"}}), 8); }
 };
 
-
-constexpr const char* kHandlers[] = {
-    "Form_Load", "Form_Activate", "Form_Deactivate", "Form_Unload", "cmdSetNewFileName_Click",
-    "txtDatabaseFile_Change", "chkLinkToMapSeriesFrame_Click", "cmbSection_Click",
-    "CmbTemplate_Click", "cmbMapSeriesFrame_Click", "lstListingColumns_Click", "cmdAdd_Click",
-    "cmdRemove_Click", "cmdOrderUp_Click", "cmdOrderDown_Click", "cmdOrderTop_Click",
-    "cmdOrderBottom_Click", "cmdSortUp_Click", "cmdSortDown_Click", "cmdSortTop_Click",
-    "cmdSortBottom_Click", "lstSortOrder_ItemCheck", "ChkAddStartingBreak_Click",
-    "chkAutoRefreshListings_Click", "ChkClearRepeatingText_Click", "ChkCombineFirstAndLast_Click",
-    "chkCombineListings_Click", "chkMultipleColumnGroups_Click", "chkSamplePage_Click",
-    "chkSortIndex_Click", "optCombineListings_Click", "OptDisplayDirection_Click",
-    "OptSortOrder_Click", "txtCombineDelimeter_Change", "txtDefaultPage_Change",
-    "txtGroupSpacing_Change", "chkAlternateBackground_Click", "chkBreakColumn_Click",
-    "chkBreakHeader_Click", "chkColumnBackground_Click", "chkDisplayTitle_Click",
-    "chkMissingHeaders_Click", "cmbAlignment_Click", "cmbTitleAlignment_Change",
-    "txtBottomMargin_Change", "txtBreakSpacing_Change", "txtColumnTitle_Change",
-    "txtColumnWidth_Change", "txtExpression_Change", "txtLeftMargin_Change",
-    "txtRightMargin_Change", "txtTopMargin_Change", "optColumnSource_Click",
-    "cmdExpression_Click", "cmdColumnFont_Click", "cmdColumnBackgroundsymbol_Click",
-    "cmdAlternateBackgroundSymbol_Click", "cmdBreakFont_Click", "cmdTitleFont_Click",
-    "cmdTitleBackground_Click", "picColumnFont_Paint", "picBackgroundSymbol_Paint",
-    "picAlternateBackgroundSymbol_Paint", "picBreakFont_Paint", "picTitleFont_Paint",
-    "picTitleBackground_Paint", "cmdColumnFontToAll_Click", "cmdBackgroundToAll_Click",
-    "cmdMarginsToAll_Click", "cmdTitleSymbolsToAll_Click"};
+constexpr const char* kHandlers[] = {"Form_Load",
+                                     "Form_Activate",
+                                     "Form_Deactivate",
+                                     "Form_Unload",
+                                     "cmdSetNewFileName_Click",
+                                     "txtDatabaseFile_Change",
+                                     "chkLinkToMapSeriesFrame_Click",
+                                     "cmbSection_Click",
+                                     "CmbTemplate_Click",
+                                     "cmbMapSeriesFrame_Click",
+                                     "lstListingColumns_Click",
+                                     "cmdAdd_Click",
+                                     "cmdRemove_Click",
+                                     "cmdOrderUp_Click",
+                                     "cmdOrderDown_Click",
+                                     "cmdOrderTop_Click",
+                                     "cmdOrderBottom_Click",
+                                     "cmdSortUp_Click",
+                                     "cmdSortDown_Click",
+                                     "cmdSortTop_Click",
+                                     "cmdSortBottom_Click",
+                                     "lstSortOrder_ItemCheck",
+                                     "ChkAddStartingBreak_Click",
+                                     "chkAutoRefreshListings_Click",
+                                     "ChkClearRepeatingText_Click",
+                                     "ChkCombineFirstAndLast_Click",
+                                     "chkCombineListings_Click",
+                                     "chkMultipleColumnGroups_Click",
+                                     "chkSamplePage_Click",
+                                     "chkSortIndex_Click",
+                                     "optCombineListings_Click",
+                                     "OptDisplayDirection_Click",
+                                     "OptSortOrder_Click",
+                                     "txtCombineDelimeter_Change",
+                                     "txtDefaultPage_Change",
+                                     "txtGroupSpacing_Change",
+                                     "chkAlternateBackground_Click",
+                                     "chkBreakColumn_Click",
+                                     "chkBreakHeader_Click",
+                                     "chkColumnBackground_Click",
+                                     "chkDisplayTitle_Click",
+                                     "chkMissingHeaders_Click",
+                                     "cmbAlignment_Click",
+                                     "cmbTitleAlignment_Change",
+                                     "txtBottomMargin_Change",
+                                     "txtBreakSpacing_Change",
+                                     "txtColumnTitle_Change",
+                                     "txtColumnWidth_Change",
+                                     "txtExpression_Change",
+                                     "txtLeftMargin_Change",
+                                     "txtRightMargin_Change",
+                                     "txtTopMargin_Change",
+                                     "optColumnSource_Click",
+                                     "cmdExpression_Click",
+                                     "cmdColumnFont_Click",
+                                     "cmdColumnBackgroundsymbol_Click",
+                                     "cmdAlternateBackgroundSymbol_Click",
+                                     "cmdBreakFont_Click",
+                                     "cmdTitleFont_Click",
+                                     "cmdTitleBackground_Click",
+                                     "picColumnFont_Paint",
+                                     "picBackgroundSymbol_Paint",
+                                     "picAlternateBackgroundSymbol_Paint",
+                                     "picBreakFont_Paint",
+                                     "picTitleFont_Paint",
+                                     "picTitleBackground_Paint",
+                                     "cmdColumnFontToAll_Click",
+                                     "cmdBackgroundToAll_Click",
+                                     "cmdMarginsToAll_Click",
+                                     "cmdTitleSymbolsToAll_Click"};
 
 // Handlers are connected by their names, so that one that is there is also wired.
 TEST_F(Edits, EveryHandlerIsThere) {
@@ -125,28 +171,28 @@ struct Toggle {
 
 // Every check box and option that can be clicked, with the key that it turns over.
 TEST_F(Edits, AClickTurnsItsKeyOver) {
-    for (const auto& [control, key] : std::vector<Toggle>{
-             {"chkLinkToMapSeriesFrame", "LinkToMapSeries"},
-             {"chkSortIndex", "SortColumns"},
-             {"OptSortOrder_1", "SortAscending"},
-             {"OptSortOrder_0", "SortAscending"},
-             {"chkMultipleColumnGroups", "RepeatColumns"},
-             {"chkCombineListings", "CombineListings"},
-             {"optCombineListings_1", "CombineWithNewLine"},
-             {"ChkCombineFirstAndLast", "CombineFirstAndLast"},
-             {"ChkClearRepeatingText", "ClearRepeatingText"},
-             {"ChkAddStartingBreak", "AddStartingBreak"},
-             {"chkSamplePage", "SamplePage"}}) {
+    for (const auto& [control, key] :
+         std::vector<Toggle>{{"chkLinkToMapSeriesFrame", "LinkToMapSeries"},
+                             {"chkSortIndex", "SortColumns"},
+                             {"OptSortOrder_1", "SortAscending"},
+                             {"OptSortOrder_0", "SortAscending"},
+                             {"chkMultipleColumnGroups", "RepeatColumns"},
+                             {"chkCombineListings", "CombineListings"},
+                             {"optCombineListings_1", "CombineWithNewLine"},
+                             {"ChkCombineFirstAndLast", "CombineFirstAndLast"},
+                             {"ChkClearRepeatingText", "ClearRepeatingText"},
+                             {"ChkAddStartingBreak", "AddStartingBreak"},
+                             {"chkSamplePage", "SamplePage"}}) {
         const bool before = std::get<bool>(Value(key));
         Click(control);
         EXPECT_EQ(std::get<bool>(Value(key)), !before) << control;
     }
-    for (const auto& [control, key] : std::vector<Toggle>{
-             {"chkColumnBackground", "ColorBackground"},
-             {"chkAlternateBackground", "AlternateBackground"},
-             {"chkBreakColumn", "BreakColumn"},
-             {"chkBreakHeader", "BreakHeading"},
-             {"chkDisplayTitle", "ShowTitle"}}) {
+    for (const auto& [control, key] :
+         std::vector<Toggle>{{"chkColumnBackground", "ColorBackground"},
+                             {"chkAlternateBackground", "AlternateBackground"},
+                             {"chkBreakColumn", "BreakColumn"},
+                             {"chkBreakHeader", "BreakHeading"},
+                             {"chkDisplayTitle", "ShowTitle"}}) {
         const bool before = std::get<bool>(ColumnValue("Listing", key));
         const auto page = ColumnValue("Page", key);
         Click(control);
@@ -170,10 +216,13 @@ TEST_F(Edits, TypedNumbersAreStoredOrTheirDefaults) {
         const char* key;
         double byDefault;
     };
-    for (const auto& [control, key, byDefault] : std::vector<Box>{
-             {"txtColumnWidth", "ColumnWidth", 2.0}, {"txtTopMargin", "MarginTop", 0.05},
-             {"txtBottomMargin", "MarginBottom", 0.05}, {"txtLeftMargin", "MarginLeft", 0.05},
-             {"txtRightMargin", "MarginRight", 0.05}, {"txtBreakSpacing", "BreakSpacing", 0.1}})
+    for (const auto& [control, key, byDefault] :
+         std::vector<Box>{{"txtColumnWidth", "ColumnWidth", 2.0},
+                          {"txtTopMargin", "MarginTop", 0.05},
+                          {"txtBottomMargin", "MarginBottom", 0.05},
+                          {"txtLeftMargin", "MarginLeft", 0.05},
+                          {"txtRightMargin", "MarginRight", 0.05},
+                          {"txtBreakSpacing", "BreakSpacing", 0.1}})
         for (const auto& [text, stored] : texts) {
             Type(control, text);
             EXPECT_EQ(std::get<double>(ColumnValue("Listing", key)),
@@ -223,8 +272,8 @@ TEST_F(Edits, ToAllMovesItsKeysAlone) {
 
 TEST_F(Edits, AnOldSetOpensWithTheNewerOptionsOff) {
     CloseSheet();
-    for (const char* key : {"SamplePage", "ClearRepeatingText", "AddStartingBreak",
-                            "CombineFirstAndLast"})
+    for (const char* key :
+         {"SamplePage", "ClearRepeatingText", "AddStartingBreak", "CombineFirstAndLast"})
         Stored()->RemoveItem(key);
     Stored()->SetItem("Version", std::int16_t{1});
     OpenSheet();

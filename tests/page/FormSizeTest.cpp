@@ -3,8 +3,10 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
 #include <QTabBar>
@@ -18,11 +20,13 @@ namespace {
 struct Look {
     const char* style;
     const char* family;
-    double factor;  ///< Of the font's size.
+    double factor;       ///< Of the font's size.
+    double width = 100;  ///< Of a letter and the space behind it, in percent.
 };
 
 std::ostream& operator<<(std::ostream& out, const Look& look) {
-    return out << look.style << ", " << look.family << " times " << look.factor;
+    return out << look.style << ", " << look.family << " times " << look.factor << ", "
+               << look.width << "% wide";
 }
 
 constexpr double kDefaultPoints = 9;
@@ -31,11 +35,13 @@ class FormSize : public BareForm, public testing::WithParamInterface<Look> {
 public:
     FormSize() { form_.show(); }
 
-    void Wear(const Look& look) {
+    void Wear() {
+        const Look& look = GetParam();
         form_.setStyle(style_.get());
         for (QWidget* part : form_.findChildren<QWidget*>()) part->setStyle(style_.get());
         QFont font(look.family);
         font.setPointSizeF(kDefaultPoints * look.factor);
+        font.setLetterSpacing(QFont::PercentageSpacing, look.width);
         form_.setFont(font);
         QApplication::processEvents();
     }
@@ -86,7 +92,7 @@ bool IsWhollyOnItsPage(const QWidget& widget) {
 }
 
 TEST_P(FormSize, EveryTextIsShownInFull) {
-    Wear(GetParam());
+    Wear();
     for (const ExpectedTab& tab : ExpectedTabs()) {
         ShowTab(tab.tabs, tab.title);
         for (const ExpectedControl& expected : tab.controls) {
@@ -99,7 +105,7 @@ TEST_P(FormSize, EveryTextIsShownInFull) {
 }
 
 TEST_P(FormSize, EveryTabIsShownInFull) {
-    Wear(GetParam());
+    Wear();
     ShowTab("SSTabColumnProps", "Column Text");
     for (const QTabWidget* tabs : form_.findChildren<QTabWidget*>()) {
         const QTabBar& bar = *tabs->tabBar();
@@ -112,9 +118,20 @@ TEST_P(FormSize, EveryTabIsShownInFull) {
     }
 }
 
+TEST_P(FormSize, ListsShowFourRowsWithoutScrolling) {
+    Wear();
+    for (auto* list : form_.findChildren<QListWidget*>()) {
+        ShowTab("SSTabGazetteerProperties",
+                list->objectName() == "lstListingColumns" ? "Index Layout" : "Display/Sort Order");
+        list->addItems({"Listing", "Page", "Grid", "Note"});
+        QApplication::processEvents();
+        EXPECT_EQ(list->verticalScrollBar()->maximum(), 0) << list->objectName().toStdString();
+    }
+}
+
 // The next control is to the right of the one before, or below it.
 TEST_P(FormSize, ControlsStandInReadingOrder) {
-    Wear(GetParam());
+    Wear();
     for (const ExpectedTab& tab : ExpectedTabs()) {
         ShowTab(tab.tabs, tab.title);
         const QWidget* before = nullptr;
@@ -132,12 +149,11 @@ TEST_P(FormSize, ControlsStandInReadingOrder) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, FormSize,
-                         testing::Values(Look{"fusion", "Liberation Sans", 1},
-                                         Look{"fusion", "DejaVu Sans", 1},
-                                         Look{"fusion", "Noto Sans", 1.5},
-                                         Look{"windows", "DejaVu Sans", 1.5},
-                                         Look{"fusion", "Liberation Sans", 2.2}));
+INSTANTIATE_TEST_SUITE_P(
+    Looks, FormSize,
+    testing::Values(Look{"fusion", "Liberation Sans", 1}, Look{"fusion", "DejaVu Sans", 1},
+                    Look{"fusion", "Noto Sans", 1.5}, Look{"windows", "DejaVu Sans", 1.5},
+                    Look{"fusion", "Liberation Sans", 2.2}, Look{"fusion", "DejaVu Sans", 1, 140}));
 
 class FormDefaultSize : public BareForm {
 public:
@@ -148,8 +164,9 @@ public:
     }
 };
 
-// A twip is 1/1440 inch.
+// A twip is 1/1440 inch. The font is one that would need less.
 TEST_F(FormDefaultSize, KeepsTheLeastSizesAndTheMargins) {
+    form_.setFont(QFont("Liberation Sans", 4));
     form_.show();
     ShowTab("SSTabColumnProps", "Font");
     const double pixels = form_.logicalDpiX() / 1440.0;

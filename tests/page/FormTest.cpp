@@ -106,7 +106,7 @@ TEST_F(Form, HasATitleAndItsTabsInOrder) {
     EXPECT_EQ(FlagsOf(Control("lblTitle")), "b");
     EXPECT_EQ(form_.findChild<QLabel*>("Image2")->pixmap().deviceIndependentSize(), QSizeF(16, 16));
     std::map<std::string, std::vector<std::string>> shown, expected;
-    for (const ExpectedTab& tab : ExpectedTabs()) expected[tab.tabs].push_back(tab.title);
+    for (const ExpectedTab& tab : ExpectedTabs()) expected[tab.tabs].emplace_back(tab.title);
     for (const QTabWidget* tabs : form_.findChildren<QTabWidget*>())
         for (int i = 0; i < tabs->count(); ++i)
             shown[tabs->objectName().toStdString()].push_back(tabs->tabText(i).toStdString());
@@ -208,7 +208,7 @@ TEST_F(Form, TabKeyGoesInReadingOrder) {
         ShowTab(tab.tabs, tab.title);
         std::vector<std::string> expected;
         for (const ExpectedControl& control : tab.controls)
-            if (IsTabStop(Control(control.name))) expected.push_back(control.name);
+            if (IsTabStop(Control(control.name))) expected.emplace_back(control.name);
         form_.findChild<QWidget*>(QString::fromStdString(expected.front()))->setFocus();
         std::vector<std::string> met = {expected.front()};
         while (met.size() < expected.size()) {

@@ -55,6 +55,10 @@ std::set<const IHostObject*> ObjectsIn(const host::IHostPropertySet& set) {
         found.insert(object->get());
         if (const auto inner = host::As<host::IHostPropertySet>(*object))
             found.merge(ObjectsIn(*inner));
+        if (const auto text = host::As<host::IHostTextSymbol>(*object))
+            found.insert({text->Font().get(), text->Color().get()});
+        if (const auto fill = host::As<host::IHostFillSymbol>(*object))
+            found.insert(fill->Color().get());
     }
     return found;
 }

@@ -1,7 +1,9 @@
 // Whole stories of a user at the property page; each looks at what is stored and what is drawn.
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -18,7 +20,8 @@ namespace {
 using Texts = std::vector<std::string>;
 using support::TestDesk;
 
-const TestDesk::Rows kStreets = {{"Oak St", "3"}, {"Elm St", "1"}, {"Oak St", "5"}, {"Ash St", "2"}};
+const TestDesk::Rows kStreets = {
+    {"Oak St", "3"}, {"Elm St", "1"}, {"Oak St", "5"}, {"Ash St", "2"}};
 
 // A map section from page 5 on whose template has a frame that pages through "sheets.dbf".
 constexpr char kBook[] = R"({"currentTemplate": "index", "books": [{"key": "atlas", "sections": [
@@ -174,8 +177,8 @@ TEST_F(Stories, ColumnsAreAddedRemovedAndReordered) {
     Click("cmdRemove");
     EXPECT_EQ(RowsOf("lstListingColumns"), (Texts{"Listing", "Page", "a_b_c_d_"}));
     EXPECT_EQ(Control<QLineEdit>("txtColumnTitle").text(), "Listing");
-    for (const char* set : {"ColumnNames", "ColumnsProperties", "ColumnDisplayOrder",
-                            "ColumnSortOrder"})
+    for (const char* set :
+         {"ColumnNames", "ColumnsProperties", "ColumnDisplayOrder", "ColumnSortOrder"})
         EXPECT_EQ(TestDesk::SetIn(*Working(), set)->Count(), 3) << set;
 
     desk_.Dialogs().messages.clear();
@@ -329,9 +332,18 @@ TEST_F(Stories, ADatabaseThatGoesWhileThePageIsOpen) {
     EXPECT_EQ(Dump(*Stored()), before);
 
     desk_.Dialogs().messages.clear();
+    Type("txtGroupSpacing", "0.3");
+    Press("Apply");
+    EXPECT_EQ(Titles(), Texts{"Properties Incomplete"});
+    EXPECT_TRUE(IsDraft());
+    EXPECT_EQ(Stored()->Item("RepeatSpacing"), host::Variant(0.3))
+        << "the edit is stored all the same";
+
+    desk_.Dialogs().messages.clear();
     PickDatabase(std::filesystem::path(other).filename().string());
     SelectRow("lstListingColumns", 0);
     Press("Apply");
+    EXPECT_FALSE(IsDraft());
     EXPECT_EQ(DrawnListings(), Texts{"Fir St"});
 }
 
@@ -349,6 +361,48 @@ TEST_F(Stories, ATableWithoutPageIsRefused) {
     support::WhenModal([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     Click("cmdSetNewFileName");
     EXPECT_FALSE(Page().IsPageDirty());
+}
+
+// Ink in a preview, in pixels.
+int Ink(QWidget& preview) {
+    const QImage picture = preview.grab().toImage();
+    int ink = 0;
+    for (int y = 3; y < picture.height() - 3; ++y)
+        for (int x = 3; x < picture.width() - 3; ++x)
+            if (qGray(picture.pixel(x, y)) < 100) ++ink;
+    return ink;
+}
+
+TEST_F(Stories, SymbolsAreEditedInTheHostsDialog) {
+    Open(desk_.ListingTable(kStreets));
+    Reveal("picColumnFont");
+    EXPECT_EQ(Ink(Control("picColumnFont")), 0) << "a symbol without a sample text";
+    const std::string before = Dump(*Working());
+    support::WhenModal([](QWidget& dialog) {
+        support::Part<QDoubleSpinBox>(dialog, "size").setValue(30);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    Click("cmdColumnFont");
+    EXPECT_EQ(Dump(*Working()), before);
+    EXPECT_FALSE(Page().IsPageDirty());
+
+    support::WhenModal([](QWidget& dialog) {
+        support::Part<QDoubleSpinBox>(dialog, "size").setValue(14);
+        support::Part<QCheckBox>(dialog, "bold").click();
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    });
+    Click("cmdColumnFont");
+    const auto symbol = host::As<host::IHostTextSymbol>(
+        std::get<host::Ref<host::IHostObject>>(ColumnValue("Listing", "ColumnFontSymbol")));
+    EXPECT_EQ(symbol->Text(), "Liberation Sans  14");
+    EXPECT_EQ(symbol->Size(), 14);
+    EXPECT_TRUE(symbol->Font()->Bold());
+    EXPECT_GT(Ink(Control("picColumnFont")), 100);
+    Press("OK");
+    const auto row = TestDesk::Members(*element_, "ROWGROUP").front();
+    const auto cell =
+        host::As<host::IHostGroupElement>(dynamic_cast<host::IHostGroupElement&>(*row).Item(0));
+    EXPECT_EQ(host::As<host::IHostTextElement>(cell->Item(1))->Symbol()->Size(), 14);
 }
 
 TEST_F(Stories, ThePageGoesAndComesBack) {

@@ -22,7 +22,7 @@ inline void WhenModal(std::function<void(QWidget&)> action) {
                      [timer, action = std::move(action), waited = 0,
                       before = QPointer<QWidget>(QApplication::activeModalWidget())]() mutable {
                          QWidget* modal = QApplication::activeModalWidget();
-                         if (modal == nullptr || modal == before) {
+                         if (modal == nullptr || modal == before || !modal->isActiveWindow()) {
                              if ((waited += timer->interval()) < kPatience) return;
                              ADD_FAILURE() << "no dialog opened";
                              timer->deleteLater();

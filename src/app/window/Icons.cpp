@@ -8,6 +8,11 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
+// The linker leaves the resources of a library out unless they are asked for.
+static void TakeResources() {
+    Q_INIT_RESOURCE(icons);
+}
+
 namespace app {
 namespace {
 
@@ -18,9 +23,11 @@ public:
 
     void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const auto role = mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText;
+        const auto role =
+            mode == QIcon::Selected ? QPalette::HighlightedText : QPalette::ButtonText;
         QByteArray colored = drawing_;
-        colored.replace("currentColor", QApplication::palette().color(group, role).name().toLatin1());
+        colored.replace("currentColor",
+                        QApplication::palette().color(group, role).name().toLatin1());
         QSvgRenderer(colored).render(painter, place);
     }
 
@@ -39,6 +46,7 @@ private:
 };
 
 QIcon Drawn(const QString& name) {
+    TakeResources();
     QFile file(":/desk/icons/" + name + ".svg");
     if (!file.open(QIODevice::ReadOnly)) return {};
     return QIcon(new DrawnIcon(file.readAll()));

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "app/Errors.h"
 #include "app/Files.h"
 #include "app/NewDocument.h"
 #include "app/RunTexts.h"
@@ -79,7 +80,7 @@ bool Layout::Needs(const std::string& path) {
 
 void Layout::Refresh() {
     notices_.clear();
-    runText_.clear();
+    summary_.clear();
     FindFrames();
     if (hasDocument_ && frames_.empty())
         notices_.push_back({Notice::Kind::Warning, "The document has no gazetteer frame."});
@@ -120,7 +121,11 @@ void Layout::Draw(Frame& frame) {
     if (!Drawable(frame) || StateOf(frame.element).Draft()) return;
     Use(frame.element, frame.manager);
     frame.manager->SetIndexToPageNumber(frame.page);
-    LabelSheet(*this, frame.page);
+    try {
+        LabelSheet(*this, frame.page);
+    } catch (const std::exception&) {
+        Caution(CurrentSentence());
+    }
 }
 
 void Layout::TellOf(const Frame& frame) {
@@ -128,8 +133,9 @@ void Layout::TellOf(const Frame& frame) {
     const auto warn = [&](std::string text) {
         notices_.push_back({Notice::Kind::Warning, std::move(text)});
     };
+    summary_ += (summary_.empty() ? "" : " ") +
+                (manager.HasRun() ? RunSummary(manager) : StoredSummary(manager));
     if (manager.HasRun()) {
-        runText_ += (runText_.empty() ? "" : " ") + RunSummary(manager);
         for (auto& warning : RunWarnings(manager)) warn(warning);
     }
     if (!manager.CanDraw()) {

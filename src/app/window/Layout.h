@@ -29,6 +29,7 @@ class Layout final : public Work {
 public:
     Layout(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs);
 
+    host::Ref<host::IHost> HostRef() const { return DeskRef(); }
     bool HasDocument() const { return hasDocument_; }
     /// Reads a document and draws it. Fails, with the document before still there, for a file that
     /// cannot be read.
@@ -52,8 +53,8 @@ public:
     void Refresh();
     /// What is to be told since the last refresh.
     const std::vector<Notice>& Notices() const { return notices_; }
-    /// What became of the records in the runs of the last refresh; empty without one.
-    const std::string& RunText() const { return runText_; }
+    /// What became of the records in the runs of the last refresh, or what was stored.
+    const std::string& Summary() const { return summary_; }
 
     /// The page on show, from 1; 0 where there is none.
     std::int32_t Page() const;
@@ -100,7 +101,7 @@ private:
     std::vector<Frame> frames_;
     std::size_t chosen_ = 0;
     std::vector<Notice> notices_;
-    std::string runText_;
+    std::string summary_;
     std::size_t fontsTold_ = 0;  ///< Of those told of for the documents before.
     bool hasDocument_ = false;
     bool onDisk_ = false;

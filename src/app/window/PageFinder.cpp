@@ -56,7 +56,8 @@ void PageFinder::Read() {
         const auto group = gazetteer::SetUnder(*results_.pageGroups, std::to_string(page));
         for (const auto& key : gazetteer::NamesOf(*group)) {
             const auto text = texts.find(key);
-            if (text != texts.end()) listings_.push_back({page, text->second, Folded(text->second)});
+            if (text != texts.end())
+                listings_.push_back({page, text->second, Folded(text->second)});
         }
     }
 }

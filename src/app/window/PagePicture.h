@@ -19,10 +19,12 @@ public:
     double Height() const { return height_; }
 
     /// Paints the part of the sheet that begins at a pixel of it. The image becomes white where
-    /// nothing is drawn; it must be of a 32-bit format.
+    /// nothing is drawn; it must be of the format RGB32.
     void Paint(QImage& image, QPoint from, double pixelsPerInch) const;
 
 private:
+    void PaintWide(QImage& image, QPoint from, double pixelsPerInch, int across) const;
+
     double width_;
     double height_;
     desk::CairoSurface recording_;

@@ -5,7 +5,7 @@
 namespace app {
 namespace {
 
-constexpr int kSide = 512;                   // Pixels of a tile.
+constexpr int kSide = 512;                     // Pixels of a tile.
 constexpr qsizetype kRoom = 96 * 1024 * 1024;  // Bytes: some windows full at twice the resolution.
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyle>
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
@@ -77,19 +78,22 @@ QPointF PageView::ToView(QPointF inches) const {
 double PageView::FittingZoom(Fit fit) const {
     const PagePicture* const picture = tiles_.Picture();
     if (picture == nullptr) return zoom_;
-    // The scroll bar that a page fitted to its width will need takes room.
+    const auto zoom = [](int room, double inches, double inch) {
+        return std::clamp((room - 2 * kMargin) / (inches * inch), kLeastZoom, kMostZoom);
+    };
     const QSize room = maximumViewportSize();
-    const double inch = logicalDpiX();
-    const double width = (room.width() - 2 * kMargin) / (picture->Width() * inch);
-    const double height = (room.height() - 2 * kMargin) / (picture->Height() * inch);
+    const double width = zoom(room.width(), picture->Width(), logicalDpiX());
+    const double height = zoom(room.height(), picture->Height(), logicalDpiX());
     if (fit == Fit::Page || width <= height) return std::min(width, height);
-    return (room.width() - verticalScrollBar()->sizeHint().width() - 2 * kMargin) /
-           (picture->Width() * inch);
+    // The scroll bar that is needed now takes room.
+    const int bar = verticalScrollBar()->sizeHint().width() +
+                    style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing, nullptr, this);
+    return zoom(room.width() - bar, picture->Width(), logicalDpiX());
 }
 
 void PageView::ApplyFit() {
     if (fit_ == Fit::None || tiles_.Picture() == nullptr) return;
-    const double zoom = std::clamp(FittingZoom(fit_), kLeastZoom, kMostZoom);
+    const double zoom = FittingZoom(fit_);
     if (zoom == zoom_) return;
     zoom_ = zoom;
     UpdateScale();
@@ -139,7 +143,9 @@ void PageView::UpdateScale() {
 void PageView::UpdateScrollBars() {
     const QSizeF sheet = SheetSize();
     const auto set = [](QScrollBar& bar, double size, int room) {
-        bar.setRange(0, std::max(0, static_cast<int>(std::ceil(size)) + 2 * kMargin - room));
+        // A hair more than what fits needs no bar.
+        const int whole = static_cast<int>(std::ceil(size - kAlmost)) + 2 * kMargin;
+        bar.setRange(0, std::max(0, whole - room));
         bar.setPageStep(room);
     };
     set(*horizontalScrollBar(), sheet.width(), viewport()->width());
@@ -201,7 +207,8 @@ void PageView::PaintSelection(QPainter& painter) {
     painter.setBrush(color);
     for (const QPointF& corner :
          {frame.topLeft(), frame.topRight(), frame.bottomLeft(), frame.bottomRight()})
-        painter.drawRect(QRectF(corner - QPointF(kHandle / 2, kHandle / 2), QSizeF(kHandle, kHandle)));
+        painter.drawRect(
+            QRectF(corner - QPointF(kHandle / 2, kHandle / 2), QSizeF(kHandle, kHandle)));
 }
 
 void PageView::wheelEvent(QWheelEvent* event) {
@@ -249,8 +256,8 @@ void PageView::focusOutEvent(QFocusEvent* event) {
 }
 
 void PageView::mousePressEvent(QMouseEvent* event) {
-    const bool pans = event->button() == Qt::MiddleButton ||
-                      (event->button() == Qt::LeftButton && spaceDown_);
+    const bool pans =
+        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && spaceDown_);
     if (pans) {
         panFrom_ = event->pos();
         UpdatePointer();

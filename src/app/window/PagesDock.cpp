@@ -65,7 +65,7 @@ void PagesDock::SetPages(const gazetteer::WorkingResults& results, int count,
     model_->SetPages(count, std::move(name));
     marking_ = before;
     // Room for the widest page number.
-    const int width = list_->fontMetrics().horizontalAdvance(QString::number(count) + "Page");
+    const int width = list_->fontMetrics().horizontalAdvance(QString::number(count) + "  Page");
     list_->header()->resizeSection(0, width);
     Search(filter_->text());
 }

@@ -28,10 +28,12 @@ StartPage::StartPage(const QList<QAction*>& actions, QWidget* parent)
     auto* column = new QVBoxLayout;
     column->addStretch(2);
     column->addWidget(Heading("Gazetteer", 2, this));
-    column->addWidget(new QLabel("The printed index of a map book, from a table of listings.", this));
+    column->addWidget(
+        new QLabel("The printed index of a map book, from a table of listings.", this));
     column->addSpacing(fontMetrics().height());
     for (QAction* action : actions) {
-        auto* button = new QCommandLinkButton(action->text().remove("..."), action->statusTip(), this);
+        auto* button =
+            new QCommandLinkButton(action->text().remove("..."), action->statusTip(), this);
         button->setIcon(action->icon());
         connect(button, &QCommandLinkButton::clicked, action, &QAction::trigger);
         column->addWidget(button);

@@ -91,7 +91,8 @@ void StatusPanes::ShowRunText(int pane, const QString& text) {
     const bool counts = !text.isEmpty() && !text.endsWith('.');
     if (counts && sinceShown_.isValid() && sinceShown_.elapsed() < kInterval) return;
     sinceShown_.start();
-    text_->setText(text);
+    // After a run, what came of the last one is seen again.
+    text_->setText(text.isEmpty() ? result_ : text);
     text_->repaint();
     sign_->Step();
 }
@@ -101,6 +102,7 @@ void StatusPanes::ShowAnimation(desk::AnimationStep step) {
 }
 
 void StatusPanes::ShowResult(const QString& text) {
+    result_ = text;
     text_->setText(text);
     text_->setToolTip(text);
 }
@@ -115,6 +117,7 @@ void StatusPanes::ShowPage(const QString& text) {
 }
 
 void StatusPanes::ShowZoom(double zoom) {
+    zoom_->setVisible(zoom > 0);
     zoom_->setText(QString("%1 %").arg(qRound(zoom * 100)));
 }
 

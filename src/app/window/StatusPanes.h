@@ -41,11 +41,11 @@ public:
     /// can follow. Only pane 0 is there.
     void ShowRunText(int pane, const QString& text);
     void ShowAnimation(desk::AnimationStep step);
-    /// A text that stays until the next run.
+    /// A text that stands whenever no run has something to tell.
     void ShowResult(const QString& text);
     QString Text() const;
     void ShowPage(const QString& text);
-    void ShowZoom(double zoom);
+    void ShowZoom(double zoom);  ///< 0 for none.
     const BusySign& Sign() const { return *sign_; }
 
 private:
@@ -53,6 +53,7 @@ private:
     QLabel* text_;
     QLabel* page_;
     QToolButton* zoom_;
+    QString result_;
     QElapsedTimer sinceShown_;
 };
 

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <utility>
@@ -26,6 +27,26 @@ constexpr int kInsertRole = Qt::UserRole;
 constexpr char kEmptyHint[] =
     "An empty expression would leave the old one in place: write one, or press Cancel.";
 
+/// Items as high as their wrapped text needs in the width of its column. A tree view on its own
+/// wraps a text only where the row happens to be high enough.
+class WrappedItems : public QStyledItemDelegate {
+public:
+    explicit WrappedItems(QTreeWidget* list) : QStyledItemDelegate(list), list_(list) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        if (index.column() == 0) return size;
+        const int margin = list_->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+        const QRect text = option.fontMetrics.boundingRect(
+            QRect(0, 0, list_->columnWidth(index.column()) - 2 * margin, 0), Qt::TextWordWrap,
+            index.data().toString());
+        return {0, text.height() + 2};
+    }
+
+private:
+    QTreeWidget* list_;
+};
+
 /// A list of two columns in which Return enters the current item.
 class PieceList : public QTreeWidget {
 public:
@@ -33,9 +54,13 @@ public:
         setHeaderLabels(headers);
         setRootIsDecorated(false);
         setWordWrap(true);
+        setItemDelegate(new WrappedItems(this));
         setAllColumnsShowFocus(true);
         setTabKeyNavigation(false);
         header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+        // Wrapped texts take other heights in another width.
+        connect(header(), &QHeaderView::sectionResized, this,
+                [this] { scheduleDelayedItemsLayout(); });
     }
 
     void Add(const QString& name, const QString& meaning, const QString& inserted) {
@@ -133,6 +158,7 @@ QWidget* ExpressionDialog::Column(const QString& label, QTreeWidget* list, const
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(heading);
+    list->setMinimumHeight(fontMetrics().lineSpacing() * 4);
     layout->addWidget(list, 1);
     layout->addWidget(insert, 0, Qt::AlignLeft);
     return column;
@@ -159,7 +185,8 @@ void ExpressionDialog::FillTokens() {
 void ExpressionDialog::OpenPreview() {
     try {
         preview_ = std::make_unique<ExpressionPreview>(parts_.table, parts_.locale);
-        note_->setText(ToQt(preview_->Sources()));
+        // A line is not to end inside of $$.
+        note_->setText(ToQt(preview_->Sources()).replace("$$", "$\u2060$\u2060"));
     } catch (const host::Failure& failure) {
         note_->setText("The table cannot be read. " + ToQt(failure.cause));
     }

@@ -40,7 +40,6 @@ FolderList::FolderList(QWidget* parent) : QTreeWidget(parent) {
     setTabKeyNavigation(false);
     setAccessibleName("Folders and tables");
     setColumnCount(3);
-    header()->setStretchLastSection(false);
 }
 
 void FolderList::Begin(const QStringList& headers) {
@@ -48,8 +47,7 @@ void FolderList::Begin(const QStringList& headers) {
     setHeaderLabels(headers);
     for (int column = 0; column < 3; ++column) {
         setColumnHidden(column, column >= headers.size());
-        header()->setSectionResizeMode(
-            column, column == kNameColumn ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+        header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     }
     headerItem()->setTextAlignment(kSizeColumn, Qt::AlignRight | Qt::AlignVCenter);
 }

@@ -59,7 +59,7 @@ QList<FolderPlace> FolderPlaces::List() const {
     return list.places;
 }
 
-void FolderPlaces::Add(const QString& path) {
+void FolderPlaces::Add(const QString& path) const {
     const QString clean = QDir::cleanPath(path);
     for (const FolderPlace& place : List())
         if (place.path == clean) return;
@@ -67,7 +67,7 @@ void FolderPlaces::Add(const QString& path) {
     settings.setValue(kSetting, settings.value(kSetting).toStringList() << clean);
 }
 
-void FolderPlaces::Remove(const QString& path) {
+void FolderPlaces::Remove(const QString& path) const {
     QSettings settings;
     QStringList paths = settings.value(kSetting).toStringList();
     paths.removeAll(QDir::cleanPath(path));

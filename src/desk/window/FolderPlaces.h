@@ -20,8 +20,8 @@ public:
 
     /// Each once. Only those that the user added may be missing on disk.
     QList<FolderPlace> List() const;
-    void Add(const QString& path);
-    void Remove(const QString& path);
+    void Add(const QString& path) const;
+    void Remove(const QString& path) const;
 
 private:
     QString documentFolder_;

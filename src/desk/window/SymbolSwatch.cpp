@@ -132,7 +132,7 @@ void SymbolSwatch::DrawText(const host::IHostTextSymbol& symbol, const QSize& pi
 
 std::string SymbolSwatch::SampleText(const host::IHostTextSymbol& symbol) const {
     // A sample that names its font would tell the wrong one after an edit.
-    const std::string text = symbol.Text();
+    std::string text = symbol.Text();
     if (!text.empty() && (firstFamily_.empty() || !text.starts_with(firstFamily_))) return text;
     return symbol.Font()->Name() + " " + host_.Locale().FormatNumber(symbol.Size());
 }

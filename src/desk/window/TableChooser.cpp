@@ -75,7 +75,9 @@ void TableChooser::LayOut() {
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(1, 1);
     const int width = fontMetrics().averageCharWidth();
-    splitter->setSizes({width * 24, width * 64, width * 36});
+    list_->setMinimumWidth(width * 28);
+    preview_->setMinimumWidth(width * 20);
+    splitter->setSizes({width * 24, width * 70, width * 30});
     note_->setObjectName("note");
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
@@ -115,7 +117,7 @@ QWidget* TableChooser::PlacesColumn() {
     places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     places_->setIconSize({icon, icon});
-    places_->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
+    places_->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
     addPlace_->setObjectName("addPlace");
     removePlace_->setObjectName("removePlace");
     addPlace_->setAutoDefault(false);
@@ -123,10 +125,8 @@ QWidget* TableChooser::PlacesColumn() {
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(places_, 1);
-    auto* row = new QHBoxLayout;
-    row->addWidget(addPlace_);
-    row->addWidget(removePlace_);
-    layout->addLayout(row);
+    layout->addWidget(addPlace_);
+    layout->addWidget(removePlace_);
     return column;
 }
 

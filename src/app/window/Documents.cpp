@@ -1,0 +1,131 @@
+#include "app/window/Documents.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include "app/Errors.h"
+#include "app/window/NewDocumentDialog.h"
+#include "app/window/RecentDocuments.h"
+#include "app/window/WaitPointer.h"
+#include "desk/window/QtText.h"
+
+namespace app {
+namespace {
+
+constexpr char kFilter[] = "Documents (*.json);;All files (*)";
+
+}  // namespace
+
+Documents::Documents(Layout& layout, QWidget& window)
+    : QObject(&window), layout_(layout), window_(window) {}
+
+bool Documents::IsTable(const QString& path) {
+    return QFileInfo(path).suffix().compare("dbf", Qt::CaseInsensitive) == 0;
+}
+
+QString Documents::Name() const {
+    const QFileInfo file(desk::ToQt(layout_.Path()));
+    return layout_.OnDisk() ? file.fileName() : file.completeBaseName() + " (not saved)";
+}
+
+QString Documents::StartFolder() const {
+    return layout_.HasDocument() ? QFileInfo(desk::ToQt(layout_.Path())).absolutePath() : QString();
+}
+
+void Documents::Warn(const QString& title, const QString& sentence) {
+    layout_.Host().Dialogs().MessageBox(
+        {desk::FromQt(title), desk::FromQt(sentence), host::kWarningOk, nullptr});
+}
+
+bool Documents::MayLeave() {
+    if (!layout_.Modified()) return true;
+    QMessageBox box(QMessageBox::Question, "Unsaved Changes",
+                    "The document \"" + Name() + "\" has changes that are not saved.",
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText("Save them?");
+    box.setDefaultButton(QMessageBox::Save);
+    const int pressed = box.exec();
+    if (pressed == QMessageBox::Save) return Save();
+    return pressed == QMessageBox::Discard;
+}
+
+void Documents::Open() {
+    const QString path =
+        QFileDialog::getOpenFileName(&window_, "Open Document", StartFolder(), kFilter);
+    if (!path.isEmpty()) Open(path);
+}
+
+void Documents::Open(const QString& path) {
+    if (IsTable(path)) return New(path);
+    if (!MayLeave()) return;
+    try {
+        const WaitPointer wait;
+        layout_.Open(desk::FromQt(path));
+    } catch (const std::exception&) {
+        return Warn("Open Document", desk::ToQt(CurrentSentence()));
+    }
+    RecentDocuments::Add(path);
+    Q_EMIT RecentChanged();
+    Q_EMIT Replaced();
+}
+
+void Documents::OpenRecent(const QString& path) {
+    if (QFileInfo::exists(path)) return Open(path);
+    RecentDocuments::Remove(path);
+    Q_EMIT RecentChanged();
+    Warn("Open Document", "The document \"" + path +
+                              "\" is no longer there, and was taken off the list of recent "
+                              "documents.");
+}
+
+void Documents::New(const QString& table) {
+    if (!MayLeave()) return;
+    const auto make = [this](const NewDocumentOptions& options, bool readyToPrint) -> QString {
+        try {
+            const WaitPointer wait;
+            layout_.StartNew(options, readyToPrint);
+            return {};
+        } catch (const std::exception&) {
+            return desk::ToQt(CurrentSentence());
+        }
+    };
+    NewDocumentDialog dialog(layout_.Host(), make, &window_);
+    if (!table.isEmpty()) dialog.SetTable(table);
+    if (dialog.exec() == QDialog::Accepted) Q_EMIT Replaced();
+}
+
+bool Documents::Save() {
+    return layout_.OnDisk() ? SaveTo(desk::ToQt(layout_.Path())) : SaveAs();
+}
+
+bool Documents::SaveAs() {
+    QFileDialog dialog(&window_, "Save Document", StartFolder(), kFilter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("json");
+    dialog.selectFile(QFileInfo(desk::ToQt(layout_.Path())).fileName());
+    if (dialog.exec() != QDialog::Accepted) return false;
+    return SaveTo(dialog.selectedFiles().value(0));
+}
+
+bool Documents::SaveTo(const QString& path) {
+    if (layout_.Needs(desk::FromQt(path))) {
+        Warn("Save Document",
+             "The document cannot be saved as \"" + path + "\", since it is made from that file.");
+        return false;
+    }
+    try {
+        layout_.SaveTo(desk::FromQt(path));
+    } catch (const std::exception&) {
+        Warn("Save Document", desk::ToQt(CurrentSentence()));
+        return false;
+    }
+    RecentDocuments::Add(path);
+    Q_EMIT RecentChanged();
+    Q_EMIT Saved();
+    return true;
+}
+
+}  // namespace app

@@ -1,0 +1,195 @@
+#include "app/window/ExportDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QStringList>
+#include <algorithm>
+
+#include "app/window/PathField.h"
+#include "desk/window/QtText.h"
+
+namespace app {
+namespace {
+
+struct Format {
+    const char* text;
+    const char* ending;
+};
+
+constexpr Format kFormats[] = {
+    {"PDF document", "pdf"}, {"PNG images", "png"}, {"SVG drawings", "svg"}};
+
+QString WithEnding(const QString& path, const QString& ending) {
+    const QFileInfo file(path);
+    const bool known = std::ranges::any_of(kFormats, [&](const Format& format) {
+        return file.suffix().compare(format.ending, Qt::CaseInsensitive) == 0;
+    });
+    return (known ? path.chopped(file.suffix().size() + 1) : path) + '.' + ending;
+}
+
+}  // namespace
+
+ExportDialog::ExportDialog(int page, int pages, const QString& base, QWidget* parent)
+    : QDialog(parent),
+      path_(new PathField(
+          "exportPath", [this](const QString& present) { return Choose(present); }, this)),
+      format_(new QComboBox(this)),
+      note_(new QLabel(this)),
+      page_(page),
+      pages_(pages) {
+    setWindowTitle("Export");
+    for (const Format& format : kFormats) format_->addItem(format.text, format.ending);
+    format_->setObjectName("exportFormat");
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    export_ = buttons->addButton("Export", QDialogButtonBox::AcceptRole);
+    export_->setDefault(true);
+
+    auto* form = new QFormLayout(this);
+    form->addRow("&Pages:", MakePages(page, pages));
+    static_cast<QLabel*>(form->labelForField(all_->parentWidget()))->setBuddy(all_);
+    form->addRow("&Format:", format_);
+    form->addRow("Fi&le:", path_);
+    form->addRow(QString(), note_);
+    form->addRow(buttons);
+
+    path_->SetPath(base + '.' + Ending());
+    connect(format_, &QComboBox::currentIndexChanged, this, &ExportDialog::TakeFormat);
+    connect(path_, &PathField::Changed, this, &ExportDialog::Update);
+    for (QRadioButton* const choice : {all_, current_, range_})
+        connect(choice, &QRadioButton::toggled, this, &ExportDialog::Update);
+    connect(first_, &QSpinBox::valueChanged, last_, &QSpinBox::setMinimum);
+    for (QSpinBox* const box : {first_, last_})
+        connect(box, &QSpinBox::valueChanged, this, &ExportDialog::Update);
+    connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &ExportDialog::reject);
+    Update();
+}
+
+QWidget* ExportDialog::MakePages(int page, int pages) {
+    auto* group = new QWidget(this);
+    all_ = new QRadioButton(QString("&All %1 pages").arg(pages), group);
+    if (pages == 1) all_->setText("&The only page");
+    current_ = new QRadioButton(QString("Page on &show (%1)").arg(page), group);
+    range_ = new QRadioButton("Pages f&rom", group);
+    range_->setObjectName("exportRange");
+    all_->setChecked(true);
+    first_ = new QSpinBox(group);
+    last_ = new QSpinBox(group);
+    first_->setObjectName("exportFirst");
+    last_->setObjectName("exportLast");
+    first_->setAccessibleName("First page");
+    last_->setAccessibleName("Last page");
+    for (QSpinBox* const box : {first_, last_}) {
+        box->setRange(1, pages);
+        // Whoever enters a page wants the range.
+        connect(box, &QSpinBox::valueChanged, range_, [this] { range_->setChecked(true); });
+    }
+    last_->setValue(pages);
+    all_->setChecked(true);
+
+    auto* range = new QHBoxLayout;
+    range->addWidget(range_);
+    range->addWidget(first_);
+    range->addWidget(new QLabel("to", group));
+    range->addWidget(last_);
+    range->addStretch(1);
+    auto* layout = new QVBoxLayout(group);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(all_);
+    layout->addWidget(current_);
+    layout->addLayout(range);
+    return group;
+}
+
+QString ExportDialog::Ending() const {
+    return format_->currentData().toString();
+}
+
+QString ExportDialog::Path() const {
+    return path_->Path().isEmpty() ? QString() : WithEnding(path_->Path(), Ending());
+}
+
+PageRange ExportDialog::Pages() const {
+    if (current_->isChecked()) return {page_, page_};
+    if (range_->isChecked()) return {first_->value(), last_->value()};
+    return {1, pages_};
+}
+
+void ExportDialog::TakeFormat() {
+    if (!path_->Path().isEmpty()) path_->SetPath(Path());
+    Update();
+}
+
+// The file's ending and the format follow each other.
+void ExportDialog::Update() {
+    const int typed = format_->findData(QFileInfo(path_->Path()).suffix().toLower());
+    if (typed >= 0 && typed != format_->currentIndex()) format_->setCurrentIndex(typed);
+    const PageRange pages = Pages();
+    const QFileInfo file(Path());
+    QString note;
+    if (Ending() == "pdf")
+        note = "One file, with a bookmark for each page.";
+    else if (!Path().isEmpty())
+        note = QString("One file for each page: %1-%2.%3%4")
+                   .arg(file.completeBaseName())
+                   .arg(pages.first)
+                   .arg(Ending(), pages.last > pages.first ? " and so on." : ".");
+    note_->setText(note);
+    export_->setEnabled(!path_->Path().isEmpty());
+}
+
+QString ExportDialog::Choose(const QString& present) {
+    QStringList filters;
+    for (const Format& format : kFormats)
+        filters << QString("%1 (*.%2)").arg(format.text, format.ending);
+    QString filter = filters[format_->currentIndex()];
+    // Whether a file may be replaced is asked at the end, for all files.
+    const QString path = QFileDialog::getSaveFileName(this, "Export", present, filters.join(";;"),
+                                                      &filter, QFileDialog::DontConfirmOverwrite);
+    if (path.isEmpty()) return {};
+    if (format_->findData(QFileInfo(path).suffix().toLower()) >= 0) return path;
+    return WithEnding(path, kFormats[filters.indexOf(filter)].ending);
+}
+
+// Files that the export would replace.
+QStringList ExportDialog::FilesThere() const {
+    QStringList there;
+    const auto look = [&](const std::string& path) {
+        if (QFileInfo::exists(desk::ToQt(path))) there << desk::ToQt(path);
+    };
+    const PageRange pages = Pages();
+    const std::string path = desk::FromQt(Path());
+    if (Ending() == "pdf")
+        look(path);
+    else
+        for (auto page = pages.first; page <= pages.last; ++page) look(NumberedPath(path, page));
+    return there;
+}
+
+void ExportDialog::accept() {
+    if (!export_->isEnabled()) return;
+    const QStringList there = FilesThere();
+    if (there.isEmpty()) return QDialog::accept();
+    const QString question =
+        there.size() == 1
+            ? QString("The file \"%1\" is there already. Replace it?").arg(there[0])
+            : QString("%1 of the files are there already. Replace them?").arg(there.size());
+    QMessageBox box(QMessageBox::Question, windowTitle(), question,
+                    QMessageBox::Yes | QMessageBox::No, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    if (box.exec() == QMessageBox::Yes) QDialog::accept();
+}
+
+}  // namespace app

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+#include "app/window/Layout.h"
+
+class QWidget;
+
+namespace app {
+
+/// Asks for pages and a file, and writes them with a progress dialog that can be cancelled. Answers
+/// what was done in one sentence; empty if nothing was.
+QString ExportPages(Layout& layout, QWidget& window);
+
+}  // namespace app

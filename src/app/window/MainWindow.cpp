@@ -1,0 +1,406 @@
+#include "app/window/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QSpinBox>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/window/Actions.h"
+#include "app/window/Documents.h"
+#include "app/window/Exporting.h"
+#include "app/window/Icons.h"
+#include "app/window/NoticeBar.h"
+#include "app/window/PageView.h"
+#include "app/window/PagesDock.h"
+#include "app/window/RecentDocuments.h"
+#include "app/window/StartPage.h"
+#include "app/window/StatusPanes.h"
+#include "app/window/WaitPointer.h"
+#include "app/window/WindowNotes.h"
+#include "desk/window/ExpressionEditor.h"
+#include "desk/window/ObjectDialog.h"
+#include "desk/window/ObjectSet.h"
+#include "desk/window/PropertySheet.h"
+#include "desk/window/QtText.h"
+#include "desk/window/SymbolDialog.h"
+
+namespace app {
+namespace {
+
+constexpr char kGeometry[] = "window/geometry";
+constexpr char kState[] = "window/state";
+
+// The one local file that is dragged; empty for anything else.
+QString DraggedFile(const QMimeData& data) {
+    const auto urls = data.urls();
+    return urls.size() == 1 && urls[0].isLocalFile() ? urls[0].toLocalFile() : QString();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const std::string& locale)
+    : view_(new PageView(this)),
+      notices_(new NoticeBar(this)),
+      pages_(new PagesDock(this)),
+      actions_(new Actions(*this)),
+      stack_(new QStackedWidget(this)) {
+    status_ = new StatusPanes(actions_->ZoomMenu(), this);
+    layout_ = std::make_unique<Layout>(DeskOptionsFor(locale),
+                                       std::make_shared<WindowNotes>([this] { return this; }));
+    documents_ = new Documents(*layout_, *this);
+    start_ = new StartPage({actions_->open, actions_->newDocument}, this);
+    Arrange();
+    ConnectFiles();
+    ConnectPages();
+    ConnectView();
+    AddCommands();
+    ShowRecent();
+    ShowState();
+    RestorePlace();
+}
+
+MainWindow::~MainWindow() = default;
+
+desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
+    const desk::ParentWidget self = [this] { return this; };
+    desk::DeskOptions options;
+    options.locale = locale;
+    options.listeners.statusText = [this](std::int32_t pane, const std::string& text) {
+        status_->ShowRunText(pane, desk::ToQt(text));
+    };
+    options.listeners.animation = [this](desk::AnimationStep step) {
+        status_->ShowAnimation(step);
+    };
+    options.listeners.refresh = [this] { TakePictureSoon(); };
+    options.expressionEditor = desk::ExpressionEditor(self, locale);
+    options.window.newObjectDialog = [this, self] {
+        return std::make_shared<desk::ObjectDialog>(
+            self, desk::FromQt(QFileInfo(desk::ToQt(layout_->Path())).absolutePath()));
+    };
+    options.window.newSymbolDialog = [this, self] {
+        return std::make_shared<desk::SymbolDialog>(layout_->Host(), self);
+    };
+    options.window.windowHandle = [this] { return static_cast<host::WindowHandle>(winId()); };
+    return options;
+}
+
+void MainWindow::Arrange() {
+    setWindowIcon(ProgramIcon());
+    setAcceptDrops(true);
+    auto* page = new QWidget(stack_);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(notices_);
+    layout->addWidget(view_, 1);
+    stack_->addWidget(start_);
+    stack_->addWidget(page);
+    setCentralWidget(stack_);
+    addDockWidget(Qt::LeftDockWidgetArea, pages_);
+    setStatusBar(status_);
+    pages_->toggleViewAction()->setText("Page &List");
+    actions_->AddMenus(*this, pages_->toggleViewAction());
+    actions_->AddToolBar(*this);
+    addActions({actions_->goToPage, actions_->findPage});
+}
+
+void MainWindow::ConnectFiles() {
+    connect(actions_->newDocument, &QAction::triggered, documents_, [this] { documents_->New(); });
+    connect(actions_->open, &QAction::triggered, documents_, [this] { documents_->Open(); });
+    connect(actions_->save, &QAction::triggered, documents_, &Documents::Save);
+    connect(actions_->saveAs, &QAction::triggered, documents_, &Documents::SaveAs);
+    connect(actions_->exportPages, &QAction::triggered, this, &MainWindow::Export);
+    connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
+    connect(actions_->about, &QAction::triggered, this, &MainWindow::ShowAbout);
+    connect(documents_, &Documents::Replaced, this, &MainWindow::TakeDocument);
+    connect(documents_, &Documents::Saved, this, &MainWindow::ShowState);
+    connect(documents_, &Documents::RecentChanged, this, &MainWindow::ShowRecent);
+    connect(start_, &StartPage::RecentChosen, documents_, &Documents::OpenRecent,
+            Qt::QueuedConnection);
+}
+
+void MainWindow::ConnectPages() {
+    connect(actions_->firstPage, &QAction::triggered, this, [this] { TurnTo(1); });
+    connect(actions_->previousPage, &QAction::triggered, this,
+            [this] { TurnTo(layout_->Page() - 1); });
+    connect(actions_->nextPage, &QAction::triggered, this, [this] { TurnTo(layout_->Page() + 1); });
+    connect(actions_->lastPage, &QAction::triggered, this, [this] { TurnTo(layout_->Pages()); });
+    connect(actions_->goToPage, &QAction::triggered, this, [this] {
+        actions_->pageBox->setFocus();
+        actions_->pageBox->selectAll();
+    });
+    connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
+    connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
+    connect(actions_->findPage, &QAction::triggered, pages_, &PagesDock::FocusFilter);
+    connect(actions_->refresh, &QAction::triggered, this, [this] {
+        RefreshLayout();
+        ListPages();
+    });
+    connect(actions_->draft, &QAction::triggered, this, &MainWindow::SetDraft);
+}
+
+void MainWindow::ConnectView() {
+    connect(actions_->zoomIn, &QAction::triggered, view_, &PageView::ZoomIn);
+    connect(actions_->zoomOut, &QAction::triggered, view_, &PageView::ZoomOut);
+    connect(actions_->zoomFull, &QAction::triggered, view_, [this] { view_->SetZoom(1); });
+    connect(actions_->fitPage, &QAction::triggered, view_,
+            [this] { view_->SetFit(PageView::Fit::Page); });
+    connect(actions_->fitWidth, &QAction::triggered, view_,
+            [this] { view_->SetFit(PageView::Fit::Width); });
+    connect(view_, &PageView::ZoomChanged, this, [this] {
+        status_->ShowZoom(view_->Zoom());
+        actions_->fitPage->setChecked(view_->FitMode() == PageView::Fit::Page);
+        actions_->fitWidth->setChecked(view_->FitMode() == PageView::Fit::Width);
+    });
+    connect(view_, &PageView::PreviousPageWanted, actions_->previousPage, &QAction::trigger);
+    connect(view_, &PageView::NextPageWanted, actions_->nextPage, &QAction::trigger);
+    connect(view_, &PageView::Clicked, this, &MainWindow::SelectAt);
+    connect(view_, &PageView::PropertiesWanted, actions_->properties, &QAction::trigger);
+    connect(view_, &PageView::EscapePressed, actions_->deselect, &QAction::trigger);
+    connect(actions_->deselect, &QAction::triggered, this, [this] { Select(nullptr); });
+    connect(actions_->properties, &QAction::triggered, this, &MainWindow::ShowProperties);
+}
+
+// The commands by which others ask for a refresh.
+void MainWindow::AddCommands() {
+    auto& commands = layout_->TheDesk().Commands();
+    commands.Add("CVNLayoutsCmds.RefreshLayout", [this] { RefreshLayout(); });
+    commands.Add("CVNLayoutsCmds.RefreshTOC", [this] { ListPages(); });
+}
+
+void MainWindow::RestorePlace() {
+    const QSettings settings;
+    const bool known = restoreGeometry(settings.value(kGeometry).toByteArray());
+    if (!known) resize(1180, 860);
+    // Without a document there are no pages to list.
+    pages_->hide();
+    pages_->toggleViewAction()->setEnabled(false);
+}
+
+// With the first document, the page list is where the user left it.
+void MainWindow::ShowDock() {
+    QAction& toggle = *pages_->toggleViewAction();
+    if (toggle.isEnabled()) return;
+    toggle.setEnabled(true);
+    pages_->show();
+    restoreState(QSettings().value(kState).toByteArray());
+}
+
+void MainWindow::Open(const QString& path) {
+    documents_->Open(path);
+}
+
+void MainWindow::TakeDocument() {
+    selected_ = nullptr;
+    ShowDock();
+    stack_->setCurrentIndex(1);
+    view_->SetFit(PageView::Fit::Page);
+    TakePicture();
+    ListPages();
+    ShowState();
+    status_->ShowResult(desk::ToQt(layout_->Summary()));
+    view_->setFocus();
+}
+
+void MainWindow::RefreshLayout() {
+    {
+        const WaitPointer wait;
+        layout_->Refresh();
+    }
+    TakePicture();
+    ShowState();
+    status_->ShowResult(desk::ToQt(layout_->Summary()));
+}
+
+void MainWindow::ListPages() {
+    pages_->SetPages(layout_->Manager().Working(), layout_->Pages(),
+                     [this](int page) { return desk::ToQt(layout_->PageName(page)).simplified(); });
+    ShowPage();
+}
+
+void MainWindow::TakePicture() {
+    pictureWanted_ = false;
+    if (!layout_->HasDocument()) return;
+    auto& desk = layout_->TheDesk();
+    view_->SetPicture(std::make_shared<PagePicture>(desk.CurrentDocument(), *desk.Text()));
+    ShowSelection();
+}
+
+// While pages are drawn one after another, the last one counts.
+void MainWindow::TakePictureSoon() {
+    if (std::exchange(pictureWanted_, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (pictureWanted_ && !exporting_) TakePicture();
+        },
+        Qt::QueuedConnection);
+}
+
+void MainWindow::ShowState() {
+    const bool there = layout_->HasDocument();
+    const bool gazetteer = layout_->Gazetteer() != nullptr;
+    setWindowTitle(there ? documents_->Name() + "[*] - Gazetteer" : "Gazetteer");
+    setWindowFilePath(layout_->OnDisk() ? desk::ToQt(layout_->Path()) : QString());
+    setWindowModified(layout_->Modified());
+    stack_->setCurrentIndex(there ? 1 : 0);
+    for (QAction* const action :
+         {actions_->save, actions_->saveAs, actions_->zoomIn, actions_->zoomOut, actions_->zoomFull,
+          actions_->fitPage, actions_->fitWidth})
+        action->setEnabled(there);
+    for (QAction* const action : {actions_->refresh, actions_->draft})
+        action->setEnabled(gazetteer);
+    actions_->draft->setChecked(layout_->InDraft());
+    notices_->Show(layout_->Notices());
+    ShowSelection();
+    ShowPage();
+}
+
+void MainWindow::ShowPage() {
+    const int page = layout_->Page();
+    const int count = layout_->Pages();
+    QSpinBox& box = *actions_->pageBox;
+    const QSignalBlocker quiet(box);
+    box.setEnabled(count > 0);
+    box.setRange(count > 0 ? 1 : 0, count);
+    box.setSuffix(count > 0 ? QString(" of %1").arg(count) : QString());
+    box.setSpecialValueText(count > 0 ? QString() : QString("No page"));
+    box.setValue(page);
+    for (QAction* const action : {actions_->firstPage, actions_->previousPage})
+        action->setEnabled(page > 1);
+    for (QAction* const action : {actions_->nextPage, actions_->lastPage})
+        action->setEnabled(page > 0 && page < count);
+    for (QAction* const action : {actions_->goToPage, actions_->findPage, actions_->exportPages})
+        action->setEnabled(count > 0);
+    const QString draft = layout_->InDraft() ? ", draft" : "";
+    status_->ShowPage(count > 0 ? QString("Page %1 of %2").arg(page).arg(count) + draft
+                                : QString());
+    pages_->SetCurrentPage(page);
+}
+
+void MainWindow::ShowRecent() {
+    const QStringList paths = RecentDocuments::Paths();
+    start_->ShowRecent(paths);
+    QMenu& menu = *actions_->recent;
+    menu.clear();
+    menu.setEnabled(!paths.isEmpty());
+    for (const QString& path : paths)
+        menu.addAction(desk::WithoutMnemonic(path), documents_,
+                       [this, path] { documents_->OpenRecent(path); });
+    menu.addSeparator();
+    menu.addAction("&Clear List", this, [this] {
+        RecentDocuments::Clear();
+        // The menu cannot go while it is at work.
+        QMetaObject::invokeMethod(
+            this, [this] { ShowRecent(); }, Qt::QueuedConnection);
+    });
+}
+
+void MainWindow::TurnTo(int page) {
+    if (page == layout_->Page() || page < 1 || page > layout_->Pages()) return;
+    layout_->TurnTo(page);
+    TakePicture();
+    ShowPage();
+}
+
+void MainWindow::SetDraft(bool draft) {
+    {
+        const WaitPointer wait;
+        layout_->SetDraft(draft);
+    }
+    TakePicture();
+    ShowState();
+}
+
+void MainWindow::SelectAt(QPointF inches) {
+    const double height = layout_->TheDesk().CurrentDocument().pageHeight;
+    Select(layout_->ElementAt(inches.x(), height - inches.y()));
+}
+
+void MainWindow::Select(const host::Ref<host::IHostElement>& element) {
+    selected_ = element;
+    const auto before = layout_->Gazetteer();
+    if (element) layout_->Choose(element);
+    if (layout_->Gazetteer() != before) ListPages();
+    ShowState();
+}
+
+void MainWindow::ShowSelection() {
+    const auto bounds = selected_ ? layout_->BoundsOf(selected_) : nullptr;
+    std::optional<QRectF> frame;
+    if (bounds)
+        frame =
+            QRectF(bounds->XMin(), layout_->TheDesk().CurrentDocument().pageHeight - bounds->YMax(),
+                   bounds->Width(), bounds->Height());
+    view_->SetSelection(frame);
+    actions_->deselect->setEnabled(selected_ != nullptr);
+    actions_->properties->setEnabled(selected_ || layout_->Gazetteer());
+}
+
+// Of what is selected or, where nothing is, of the gazetteer.
+void MainWindow::ShowProperties() {
+    if (!selected_) Select(layout_->Gazetteer());
+    const bool draftBefore = layout_->InDraft();
+    auto pages = elementPages_.Make(layout_->HostRef());
+    desk::PropertySheet sheet(
+        std::move(pages),
+        std::make_shared<desk::ObjectSet>(std::vector<host::Ref<host::IHostObject>>{selected_}),
+        this);
+    connect(&sheet, &desk::PropertySheet::Applied, this, [this] {
+        layout_->NoteChange();
+        ShowState();
+    });
+    sheet.exec();
+    if (layout_->InDraft() == draftBefore) return;
+    // An edit takes the element out of its draft state even if it is not applied.
+    layout_->NoteChange();
+    RefreshLayout();
+}
+
+void MainWindow::Export() {
+    exporting_ = true;
+    view_->setUpdatesEnabled(false);
+    const QString done = ExportPages(*layout_, *this);
+    view_->setUpdatesEnabled(true);
+    exporting_ = false;
+    TakePicture();
+    ShowState();
+    if (!done.isEmpty()) status_->ShowResult(done);
+}
+
+void MainWindow::ShowAbout() {
+    QMessageBox box(this);
+    box.setWindowTitle("About");
+    box.setIconPixmap(ProgramIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
+    box.setText("Gazetteer " GAZETTEER_VERSION);
+    box.setInformativeText("Makes the printed index of a map book from a table of listings.");
+    box.exec();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!documents_->MayLeave()) return event->ignore();
+    QSettings settings;
+    settings.setValue(kGeometry, saveGeometry());
+    if (layout_->HasDocument()) settings.setValue(kState, saveState());
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = DraggedFile(*event->mimeData());
+    event->acceptProposedAction();
+    // The program that the file came from is not to wait for what is asked here.
+    QMetaObject::invokeMethod(
+        this, [this, path] { Open(path); }, Qt::QueuedConnection);
+}
+
+}  // namespace app

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "app/window/ElementPages.h"
+#include "app/window/Layout.h"
+
+class QStackedWidget;
+
+namespace app {
+
+class Actions;
+class Documents;
+class NoticeBar;
+class PagesDock;
+class PageView;
+class StartPage;
+class StatusPanes;
+
+/// The desk's window: a layout page with its gazetteer, the list of pages, and all that can be done
+/// with them.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// With a locale as the command line takes it. Fails for one that is not known.
+    explicit MainWindow(const std::string& locale);
+    ~MainWindow() override;
+
+    /// Opens a document, or asks for a new one from a listing table.
+    void Open(const QString& path);
+    Layout& TheLayout() { return *layout_; }
+    PageView& View() { return *view_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    desk::DeskOptions DeskOptionsFor(const std::string& locale);
+    void Arrange();
+    void ConnectFiles();
+    void ConnectPages();
+    void ConnectView();
+    void AddCommands();
+    void RestorePlace();
+
+    void ShowDock();
+    void TakeDocument();
+    void RefreshLayout();
+    void ListPages();
+    void TakePicture();
+    void TakePictureSoon();
+    void ShowState();
+    void ShowPage();
+    void ShowRecent();
+    void TurnTo(int page);
+    void SetDraft(bool draft);
+    void SelectAt(QPointF inches);
+    void Select(const host::Ref<host::IHostElement>& element);
+    void ShowSelection();
+    void ShowProperties();
+    void Export();
+    void ShowAbout();
+
+    StatusPanes* status_ = nullptr;
+    PageView* view_;
+    NoticeBar* notices_;
+    PagesDock* pages_;
+    Actions* actions_;
+    StartPage* start_ = nullptr;
+    QStackedWidget* stack_;
+    std::unique_ptr<Layout> layout_;
+    Documents* documents_ = nullptr;
+    ElementPages elementPages_;
+    host::Ref<host::IHostElement> selected_;
+    bool pictureWanted_ = false;
+    bool exporting_ = false;
+};
+
+}  // namespace app

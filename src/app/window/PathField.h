@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+class QLineEdit;
+
+namespace app {
+
+/// A line for a path with a button beside it that opens a dialog to choose one.
+class PathField : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Answers a path, or an empty text for none, with the present one at hand.
+    using Chooser = std::function<QString(const QString& present)>;
+
+    PathField(const QString& name, Chooser chooser, QWidget* parent);
+
+    QString Path() const;
+    void SetPath(const QString& path);
+
+Q_SIGNALS:
+    void Changed();
+
+private:
+    QLineEdit* line_;
+};
+
+}  // namespace app

@@ -1,0 +1,58 @@
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QTimer>
+#include <cstdio>
+
+#include "app/Errors.h"
+#include "app/window/MainWindow.h"
+
+namespace {
+
+struct Arguments {
+    std::string document;
+    std::string locale;
+};
+
+int Run(int argc, char** argv, const Arguments& arguments) {
+    // The program's own arguments are read already.
+    argc = 1;
+    const QApplication application(argc, argv);
+    QApplication::setOrganizationName("gazetteer-desk");
+    QApplication::setApplicationName("gazetteer-desk");
+    QApplication::setDesktopFileName("gazetteer-desk");
+    app::MainWindow window(arguments.locale);
+    window.show();
+    // Once the window is there, for what has to be said about the document.
+    if (!arguments.document.empty())
+        QTimer::singleShot(
+            0, &window,
+            [&window, path = QString::fromStdString(arguments.document)] { window.Open(path); });
+    return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App cli("Shows the printed index of a map book, and edits what it is made of.",
+                 "gazetteer-desk");
+    Arguments arguments;
+    cli.set_version_flag("--version", GAZETTEER_VERSION);
+    cli.add_option("DOC", arguments.document,
+                   "Document to open, or a listing table (.dbf) to make one from");
+    cli.add_option("--locale", arguments.locale,
+                   "Locale for sorting and numbers, such as is or de_DE (default: yours)");
+    try {
+        cli.parse(argc, argv);
+    } catch (const CLI::Success& help) {
+        return cli.exit(help);
+    } catch (const CLI::ParseError& error) {
+        std::fprintf(stderr, "gazetteer-desk: %s; --help tells more.\n", error.what());
+        return app::kWrongUsage;
+    }
+    try {
+        return Run(argc, argv, arguments);
+    } catch (const std::exception&) {
+        std::fprintf(stderr, "gazetteer-desk: %s\n", app::CurrentSentence().c_str());
+        return app::kCouldNot;
+    }
+}

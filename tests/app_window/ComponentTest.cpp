@@ -1,0 +1,98 @@
+#include <QRadioButton>
+#include <QTabWidget>
+
+#include "app_window/WindowStory.h"
+#include "desk/components/ComponentLibrary.h"
+#include "desk/components/Registrar.h"
+
+namespace {
+
+using window_test::WindowStory;
+
+class Component : public WindowStory {
+public:
+    Component() { MakeSaved(Table("names.dbf", 900), "names.json"); }
+
+    void Register(bool install) const {
+        desk::ComponentLibrary(desk::LibraryOfProgram("libCVNGazetteer.so"))
+            .Register(Layout().HostRef(), install);
+    }
+    /// Opens the sheet, acts on it, and leaves it by a button.
+    void InSheet(const std::function<void(QWidget& sheet)>& act, const char* button = "Cancel") {
+        support::WhenModal([=](QWidget& sheet) {
+            QTest::qWait(50);
+            act(sheet);
+            Press(sheet, button);
+        });
+        Do("properties");
+    }
+    static QStringList Tabs(QWidget& sheet) {
+        QStringList titles;
+        const auto* const tabs = sheet.findChild<QTabWidget*>();
+        for (int i = 0; tabs != nullptr && i < tabs->count(); ++i) titles << tabs->tabText(i);
+        return titles;
+    }
+};
+
+TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
+    for (const bool installed : {false, true, false, true}) {
+        Register(installed);
+        QStringList tabs;
+        InSheet([&](QWidget& sheet) { tabs = Tabs(sheet); });
+        EXPECT_EQ(tabs, installed ? QStringList("Gazetteer") : QStringList());
+    }
+    EXPECT_FALSE(window_->isWindowModified());
+}
+
+TEST_F(Component, IsMissedWithOneMessageAndTheSheetStillOpens) {
+    folder_.Write("gone.so", "");
+    const auto registrar = Layout().Host().NewComponentRegistrar();
+    const auto id = [&](const char* value) {
+        auto made = Layout().Host().NewIdentifier();
+        made->SetValue(value);
+        return made;
+    };
+    registrar->RegisterComponent(folder_.File("gone.so"), id("Some.Page"),
+                                 id(host::kElementPropertyPages), true);
+    std::filesystem::remove(folder_.File("gone.so"));
+    bool opened = false;
+    support::WhenModal([&](QWidget& box) {
+        EXPECT_TRUE(qobject_cast<QMessageBox*>(&box)->text().contains("gone.so"));
+        support::WhenModal([&](QWidget& sheet) {
+            opened = Tabs(sheet).isEmpty();
+            Press(sheet, "Cancel");
+        });
+        Press(box, "OK");
+    });
+    Do("properties");
+    EXPECT_TRUE(opened);
+}
+
+TEST_F(Component, AnAppliedEditIsDrawnOnThePageOnShow) {
+    Register(true);
+    Do("nextPage");
+    const auto before = DrawnListings();
+    InSheet([](QWidget& sheet) {
+        auto& descending = support::Part<QRadioButton>(sheet, "OptSortOrder_1");
+        EXPECT_FALSE(descending.isChecked());
+        descending.click();
+    });
+    EXPECT_EQ(DrawnListings(), before);  // Cancelled.
+
+    std::vector<std::string> applied;
+    InSheet(
+        [&](QWidget& sheet) {
+            support::Part<QRadioButton>(sheet, "OptSortOrder_1").click();
+            Press(sheet, "Apply");
+            applied = DrawnListings();
+        },
+        "OK");
+    EXPECT_EQ(Layout().Page(), 2);
+    ASSERT_FALSE(applied.empty());
+    EXPECT_GT(applied.front(), applied.back());
+    EXPECT_EQ(DrawnListings(), applied);
+    EXPECT_TRUE(window_->isWindowModified());
+    EXPECT_TRUE(Status().startsWith("900 listings, ")) << Status().toStdString();
+}
+
+}  // namespace

@@ -1,0 +1,196 @@
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QWheelEvent>
+#include <functional>
+
+#include "app_window/WindowStory.h"
+#include "host/Commands.h"
+
+namespace {
+
+using window_test::WindowStory;
+
+class Pages : public WindowStory {
+public:
+    Pages() { MakeSaved(Table("names.dbf", 900), "names.json"); }
+
+    void Run(const std::string& command) {
+        const auto id = Layout().Host().NewIdentifier();
+        id->SetValue(command);
+        Layout()
+            .Host()
+            .NewApplication()
+            ->Document()
+            ->CommandBars()
+            ->Find(id, false, false)
+            ->Execute();
+    }
+};
+
+TEST_F(Pages, TurnByActionsBoxListAndKeys) {
+    const int last = Layout().Pages();
+    ASSERT_GE(last, 3);
+    EXPECT_EQ(ListedPages(), last);
+    ASSERT_FALSE(DrawnListings().empty());
+    EXPECT_EQ(DrawnListings().front(), "Alpha 0001");
+    auto& box = Find<QSpinBox>("pageBox");
+    auto& list = Find<QTreeView>("pageList");
+    auto& view = window_->View();
+
+    struct Turn {
+        const char* what;
+        std::function<void()> act;
+        int page;
+    };
+    const Turn turns[] = {
+        {"next", [&] { Do("nextPage"); }, 2},
+        {"last", [&] { Do("lastPage"); }, last},
+        {"previous", [&] { Do("previousPage"); }, last - 1},
+        {"first", [&] { Do("firstPage"); }, 1},
+        {"box", [&] { box.setValue(3); }, 3},
+        {"list", [&] { list.setCurrentIndex(list.model()->index(1, 0)); }, 2},
+        {"key", [&] { QTest::keyClick(&view, Qt::Key_PageDown); }, 3},
+        {"key back", [&] { QTest::keyClick(&view, Qt::Key_PageUp); }, 2},
+    };
+    std::vector<std::string> before = DrawnListings();
+    for (const Turn& turn : turns) {
+        turn.act();
+        EXPECT_EQ(Layout().Page(), turn.page) << turn.what;
+        EXPECT_EQ(box.value(), turn.page) << turn.what;
+        EXPECT_EQ(list.currentIndex().row(), turn.page - 1) << turn.what;
+        EXPECT_NE(DrawnListings(), before) << turn.what;
+        before = DrawnListings();
+    }
+    EXPECT_EQ(Find<QLabel>("statusPage").text(), QString("Page 2 of %1").arg(last));
+    EXPECT_FALSE(Layout().Modified());
+    EXPECT_FALSE(window_->isWindowModified());
+
+    Do("lastPage");
+    EXPECT_EQ(DrawnListings().back(), "Alpha 0900");
+    EXPECT_FALSE(Action("nextPage").isEnabled());
+    EXPECT_TRUE(Action("firstPage").isEnabled());
+}
+
+TEST_F(Pages, AreFoundByListing) {
+    auto& filter = Find<QLineEdit>("pageFilter");
+    auto& list = Find<QTreeView>("pageList");
+    Do("lastPage");
+    const std::string wanted = DrawnListings()[3];
+    const int page = Layout().Page();
+    Do("firstPage");
+
+    QTest::keyClicks(&filter, QString::fromStdString(wanted).toUpper());
+    ASSERT_EQ(ListedPages(), 1);
+    EXPECT_TRUE(list.model()->index(0, 1).data().toString().startsWith(wanted.c_str()));
+    EXPECT_EQ(Layout().Page(), 1);
+    QTest::keyClick(&filter, Qt::Key_Return);
+    EXPECT_EQ(Layout().Page(), page);
+
+    filter.setText("no such place");
+    EXPECT_EQ(ListedPages(), 0);
+    QTest::keyClick(&filter, Qt::Key_Escape);
+    EXPECT_EQ(ListedPages(), Layout().Pages());
+    EXPECT_EQ(list.currentIndex().row(), page - 1);
+}
+
+TEST_F(Pages, DraftTakesThePageAwayAndBringsItBack) {
+    Do("nextPage");
+    const auto drawn = DrawnListings();
+    Do("draft");
+    EXPECT_TRUE(host::As<host::IHostFrameElement>(Layout().Gazetteer())->Draft());
+    EXPECT_TRUE(DrawnListings().empty());
+    EXPECT_TRUE(window_->isWindowModified());
+
+    // Neither a refresh nor a turned page draws anything in draft state.
+    Run("CVNLayoutsCmds.RefreshLayout");
+    EXPECT_TRUE(DrawnListings().empty());
+    EXPECT_EQ(ListedPages(), Layout().Pages());
+
+    Do("draft");
+    EXPECT_FALSE(host::As<host::IHostFrameElement>(Layout().Gazetteer())->Draft());
+    EXPECT_EQ(DrawnListings(), drawn);
+    EXPECT_EQ(Layout().Page(), 2);
+    EXPECT_FALSE(Action("draft").isChecked());
+}
+
+TEST_F(Pages, TheRefreshCommandKeepsThePageOrTakesTheLastOne) {
+    Do("lastPage");
+    const int last = Layout().Page();
+    Run("CVNLayoutsCmds.RefreshLayout");
+    EXPECT_EQ(Layout().Page(), last);
+
+    // Fewer listings, and stored results that are no longer valid.
+    Table("names.dbf", 12);
+    Layout().Properties()->SetItem("HaveSavedListings", false);
+    Run("CVNLayoutsCmds.RefreshLayout");
+    Run("CVNLayoutsCmds.RefreshTOC");
+    EXPECT_EQ(Layout().Pages(), 1);
+    EXPECT_EQ(Layout().Page(), 1);
+    EXPECT_EQ(ListedPages(), 1);
+    EXPECT_EQ(DrawnListings().size(), 12U);
+    EXPECT_TRUE(Status().startsWith("12 records: 12 listings")) << Status().toStdString();
+}
+
+TEST_F(Pages, ADocumentOpensAtItsDefaultPage) {
+    Layout().Properties()->SetItem("DefaultPage", 2);
+    Do("save");
+    NewWindow();
+    window_->Open(QString::fromStdString(folder_.File("names.json")));
+    EXPECT_EQ(Layout().Page(), 2);
+}
+
+TEST_F(Pages, AGazetteerThatCannotBeDrawnSaysWhy) {
+    Layout().Properties()->SetItem("IndexDatabaseFile", folder_.File("gone.dbf"));
+    Run("CVNLayoutsCmds.RefreshLayout");
+    const QString told = Find<QLabel>("noticeText").text();
+    EXPECT_TRUE(told.startsWith("The gazetteer cannot be drawn.")) << told.toStdString();
+    EXPECT_TRUE(told.contains("gone.dbf")) << told.toStdString();
+    EXPECT_EQ(Layout().Pages(), 0);
+    EXPECT_FALSE(Action("exportPages").isEnabled());
+    EXPECT_TRUE(Action("properties").isEnabled());
+}
+
+TEST_F(Pages, TheGazetteerIsSelectedByAClickAndLetGoByEscape) {
+    auto& view = window_->View();
+    QWidget& paper = *view.viewport();
+    const QPoint middle = view.ToView({4, 5}).toPoint();
+    QTest::mouseClick(&paper, Qt::LeftButton, {}, middle);
+    EXPECT_TRUE(Action("deselect").isEnabled());
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_FALSE(Action("deselect").isEnabled());
+    // A double click opens the sheet, which has no page here.
+    support::WhenModal([](QWidget& sheet) { Press(sheet, "Cancel"); });
+    QTest::mouseDClick(&paper, Qt::LeftButton, {}, middle);
+    EXPECT_TRUE(Action("deselect").isEnabled());
+    // Beside the sheet nothing is selected.
+    QTest::mouseClick(&paper, Qt::LeftButton, {}, QPoint(3, 3));
+    EXPECT_FALSE(Action("deselect").isEnabled());
+}
+
+TEST_F(Pages, TheZoomHoldsThePlaceUnderThePointer) {
+    auto& view = window_->View();
+    Do("zoomFull");
+    EXPECT_DOUBLE_EQ(view.Zoom(), 1);
+    view.verticalScrollBar()->setValue(100);
+    const QPointF place = view.ToView({4, 4});
+    QWheelEvent wheel(place, view.viewport()->mapToGlobal(place), {}, {0, 240}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view.viewport(), &wheel);
+    EXPECT_GT(view.Zoom(), 1.2);
+    EXPECT_LE((view.ToView({4, 4}) - place).manhattanLength(), 2);
+
+    const int before = view.verticalScrollBar()->value();
+    QTest::mousePress(view.viewport(), Qt::MiddleButton, {}, QPoint(200, 200));
+    QTest::mouseMove(view.viewport(), QPoint(200, 150));
+    QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, QPoint(200, 150));
+    EXPECT_EQ(view.verticalScrollBar()->value(), before + 50);
+
+    for (const char* const fit : {"fitWidth", "fitPage"}) {
+        Do(fit);
+        EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0) << fit;
+        EXPECT_EQ(view.verticalScrollBar()->maximum() == 0, QString(fit) == "fitPage") << fit;
+        EXPECT_TRUE(Action(fit).isChecked());
+    }
+}
+
+}  // namespace
