@@ -15,8 +15,8 @@ namespace gazetteer {
 using Form = frmGazetteerPropertyPage;
 
 void Form::DrawPreview(SymbolPreview& preview, const host::Ref<host::IHostSymbol>& symbol) {
+    if (!preview.isVisible()) return preview.Clear();  // It asks for its picture once it is seen.
     const QSize size = preview.PixelSize();
-    if (size.isEmpty()) return;  // Not laid out yet: the paint comes.
     const auto surface = host_->NewPixelSurface(size.width(), size.height(), preview.DotsPerInch());
     if (!DrawToDC(*host_, surface->Device(), size.width(), size.height(), symbol, 0)) {
         preview.Clear();

@@ -63,6 +63,12 @@ bool SymbolPreview::Fits(const QImage& picture) const {
            qFuzzyCompare(picture.devicePixelRatio(), devicePixelRatioF());
 }
 
+// Asked for now, the picture is there for the first painting.
+void SymbolPreview::showEvent(QShowEvent* event) {
+    QFrame::showEvent(event);
+    if (!Fits(picture_)) Ask();
+}
+
 // A picture that no longer fits is shown until the new one is there, so that nothing flickers while
 // the window is being resized.
 void SymbolPreview::paintEvent(QPaintEvent* event) {

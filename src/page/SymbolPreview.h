@@ -33,6 +33,7 @@ signals:
     void Paint();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -51,6 +51,7 @@ ExportDialog::ExportDialog(int page, int pages, const QString& base, QWidget* pa
     format_->setObjectName("exportFormat");
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
+    note_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     export_ = buttons->addButton("Export", QDialogButtonBox::AcceptRole);
     export_->setDefault(true);
@@ -155,8 +156,8 @@ QString ExportDialog::Choose(const QString& present) {
         filters << QString("%1 (*.%2)").arg(format.text, format.ending);
     QString filter = filters[format_->currentIndex()];
     // Whether a file may be replaced is asked at the end, for all files.
-    const QString path = QFileDialog::getSaveFileName(this, "Export", present, filters.join(";;"),
-                                                      &filter, QFileDialog::DontConfirmOverwrite);
+    QString path = QFileDialog::getSaveFileName(this, "Export", present, filters.join(";;"),
+                                                &filter, QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty()) return {};
     if (format_->findData(QFileInfo(path).suffix().toLower()) >= 0) return path;
     return WithEnding(path, kFormats[filters.indexOf(filter)].ending);

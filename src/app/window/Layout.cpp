@@ -61,8 +61,8 @@ void Layout::TakeDocument(bool onDisk) {
 void Layout::SaveTo(const std::string& path) {
     desk::Document document = TheDesk().CurrentDocument();
     if (path != Path()) {
-        const std::string book = desk::MapBookPath(document, Path());
-        if (!book.empty()) document.mapBook = desk::PathFromDocument(book, path);
+        const std::string mapBook = desk::MapBookPath(document, Path());
+        if (!mapBook.empty()) document.mapBook = desk::PathFromDocument(mapBook, path);
     }
     desk::WriteDocument(document, path);
     if (path != Path()) TheDesk().Start(std::move(document), path);

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
+#include <algorithm>
 
 #include "app/Errors.h"
 #include "app/NewDocument.h"
@@ -29,9 +30,12 @@ constexpr double kLeastSheet = 1;  // Inches.
 constexpr double kMostSheet = 200;
 
 QString FieldList(const host::IHostFields& fields) {
+    // Some tables have hundreds.
+    constexpr std::int32_t kMostNamed = 16;
     QStringList names;
-    for (std::int32_t i = 0; i < fields.FieldCount(); ++i)
+    for (std::int32_t i = 0; i < std::min(fields.FieldCount(), kMostNamed); ++i)
         names << desk::ToQt(fields.Field(i)->Name());
+    if (fields.FieldCount() > kMostNamed) names << "and others";
     return names.join(", ");
 }
 
@@ -62,6 +66,7 @@ NewDocumentDialog::NewDocumentDialog(host::IHost& host, Maker maker, QWidget* pa
     tableNote_->setObjectName("tableNote");
     tableNote_->setTextFormat(Qt::PlainText);
     tableNote_->setWordWrap(true);
+    tableNote_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     ready_->setObjectName("readyToPrint");
     ready_->setChecked(true);
     ready_->setToolTip(

@@ -41,9 +41,9 @@ NoticeBar::NoticeBar(QWidget* parent)
     close->setAccessibleName("Hide this message");
     connect(close, &QToolButton::clicked, this, &QWidget::hide);
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(icon_, 0, Qt::AlignTop);
+    layout->addWidget(icon_, 0, Qt::AlignVCenter);
     layout->addWidget(text_, 1);
-    layout->addWidget(close, 0, Qt::AlignTop);
+    layout->addWidget(close, 0, Qt::AlignVCenter);
     hide();
 }
 

@@ -5,8 +5,8 @@
 namespace app {
 namespace {
 
-constexpr int kSide = 512;                     // Pixels of a tile.
-constexpr qsizetype kRoom = 96 * 1024 * 1024;  // Bytes: some windows full at twice the resolution.
+constexpr int kSide = 512;             // Pixels of a tile.
+constexpr qsizetype kRoom = 96 << 20;  // Bytes: some windows full at twice the resolution.
 
 }  // namespace
 
