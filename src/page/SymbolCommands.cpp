@@ -39,7 +39,8 @@ host::Ref<host::IHostSymbol> Form::AskForSymbol(const host::Ref<host::IHostSymbo
     bool ok = false;
     dialog->AddSymbol(symbol, ok);
     if (!ok) return nullptr;
-    dialog->Show(static_cast<host::WindowHandle>(winId()), ok);
+    // The window that the form stands in: asking for a handle of its own would make it native.
+    dialog->Show(static_cast<host::WindowHandle>(window()->winId()), ok);
     return ok ? dialog->Symbol(0) : nullptr;
 }
 

@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QMetaMethod>
 
+#include "desk/window/ObjectSet.h"
 #include "model/Keys.h"
 #include "page/DatabasePath.h"
 #include "page/PageStory.h"
@@ -282,6 +283,46 @@ TEST_F(Edits, AnOldSetOpensWithTheNewerOptionsOff) {
     Click("chkSortIndex");
     EXPECT_EQ(std::get<std::int16_t>(Value("Version")), 3);
     EXPECT_EQ(std::get<bool>(Value("CombineFirstAndLast")), false);
+}
+
+// Other orders of calls than the host's, and objects that are not there, end in a message at most.
+TEST_F(Edits, OddCallsDoNoHarm) {
+    const auto set = [](const host::Ref<host::IHostElement>& element) {
+        return std::make_shared<desk::ObjectSet>(
+            std::vector<host::Ref<host::IHostObject>>{element});
+    };
+    auto& page = Page();
+    page.Show();
+    const auto other = desk_.NewGazetteer(desk_.ListingTable({{"Fir St", "9"}}), 8, 3);
+    const auto table = Stored()->Item("IndexDatabaseFile");
+    page.SetObjects(set(other));
+    Click("chkSortIndex");
+    page.Apply();
+    EXPECT_EQ(Stored()->Item("IndexDatabaseFile"), table)
+        << "the page had moved to another element";
+    EXPECT_EQ(Stored()->Item("SortColumns"), host::Variant(true));
+    EXPECT_EQ(std::get<bool>(desk_.Properties(other)->Item("SortColumns")), false);
+    EXPECT_EQ(Titles(), std::vector<std::string>{});
+
+    EXPECT_FALSE(page.Applies(nullptr));
+    EXPECT_FALSE(page.Applies(set(desk_.Host().NewTextElement())));
+    page.SetObjects(nullptr);
+    other->SetGeometry(nullptr);
+    page.Hide();
+    page.Show();
+    page.Apply();
+    page.Deactivate();
+    page.Deactivate();
+    page.Hide();
+    EXPECT_EQ(Titles(), std::vector<std::string>(4, "Unexpected Program Error"));
+
+    gazetteer::GazetteerPropertyPage empty(desk_.HostRef());
+    desk_.Dialogs().messages.clear();
+    empty.Apply();
+    empty.SetObjects(set(desk_.Host().NewTextElement()));
+    empty.Show();
+    empty.Hide();
+    EXPECT_EQ(Titles(), std::vector<std::string>(3, "Unexpected Program Error"));
 }
 
 TEST(DatabasePath, FollowsTheKindOfObject) {

@@ -347,6 +347,36 @@ TEST_F(Stories, ADatabaseThatGoesWhileThePageIsOpen) {
     EXPECT_EQ(DrawnListings(), Texts{"Fir St"});
 }
 
+// A page that cannot be worked with would leave nobody to repair it.
+TEST_F(Stories, ThePageOpensOnWhatIsBroken) {
+    const std::string table = desk_.ListingTable(kStreets);
+    const std::string other = desk_.GridTable({{"Fir St", "1", "2", "3"}});
+    Open(table);
+    CloseSheet();
+    std::filesystem::resize_file(table, 20);
+    OpenSheet();
+    EXPECT_EQ(Titles(), Texts{"Unexpected Program Error"});
+    EXPECT_EQ(Control<QLineEdit>("txtDatabaseFile").text(), "");
+    PickDatabase(std::filesystem::path(other).filename().string());
+    Press("OK");
+    EXPECT_EQ(DrawnListings(), Texts{"Fir St"});
+
+    // A link that corrects page numbers alone does not need the layer's table to be edited.
+    desk_.Dialogs().messages.clear();
+    desk_.UseBook(kBook, kSheets);
+    Stored()->SetItem("LinkToMapSeries", true);
+    Stored()->SetItem("MapSeriesSectionKey", std::string("maps"));
+    Stored()->SetItem("MapSeriesTemplateKey", std::string("sheet"));
+    Stored()->SetItem("MapSeriesFrameName", std::string("Main map"));
+    std::filesystem::remove(desk_.Folder() + "/sheets.dbf");
+    OpenSheet();
+    EXPECT_EQ(Titles(), Texts{});
+    Click("chkLinkToMapSeriesFrame");
+    Press("OK");
+    EXPECT_EQ(Titles(), Texts{});
+    EXPECT_EQ(DrawnListings(), Texts{"Fir St"});
+}
+
 TEST_F(Stories, ATableWithoutPageIsRefused) {
     desk_.ListingTable({});
     Open(desk_.ListingTable(kStreets));

@@ -5,8 +5,6 @@
 
 #include "host/Dialogs.h"
 
-class QBoxLayout;
-
 namespace desk {
 
 /// A message too long for a plain box: what went wrong in one line with its facts, where the
