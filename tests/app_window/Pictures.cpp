@@ -20,6 +20,12 @@
 
 namespace {
 
+// The offscreen platform says at every window what it does not do.
+void PassOn(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (text.startsWith("This plugin does not support") || text.contains("XDG_RUNTIME_DIR")) return;
+    std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+}
+
 class Album {
 public:
     Album(const QString& folder, const QString& suffix) : folder_(folder), suffix_(suffix) {
@@ -83,6 +89,9 @@ void TakeWindow(Album& album, const QString& table) {
         QMetaObject::invokeMethod(&dialog, "accept");
     });
     window.Open(table);
+    // No picture is to show where it was taken.
+    window.TheLayout().Properties()->SetItem("IndexDatabaseFile", table.toStdString());
+    window.TheLayout().SaveTo("czechia-slovakia.json");
     window.TheLayout().TurnTo(2);
     Trigger(window, "nextPage");
     window.View().SetFit(app::PageView::Fit::Width);
@@ -116,6 +125,7 @@ int main(int count, char** arguments) {
         return 2;
     }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(PassOn);
     const support::TemporaryFolder home;
     const QString folder = QString::fromStdString(home.Path());
     qputenv("XDG_DATA_HOME", (folder + "/data").toLocal8Bit());
@@ -124,15 +134,15 @@ int main(int count, char** arguments) {
     QApplication::setOrganizationName("pictures");
     QApplication::setApplicationName("pictures");
     QApplication::setStyle("Fusion");
-    // A plain name, as the window shows it.
-    const QString table = folder + '/' + QFileInfo(arguments[1]).fileName();
-    QFile::copy(arguments[1], table);
+    Album album(QFileInfo(arguments[2]).absoluteFilePath(), count > 3 ? arguments[3] : "");
+    const QString table = QFileInfo(arguments[1]).fileName();
+    QFile::copy(arguments[1], folder + '/' + table);
+    QDir::setCurrent(folder);
     {
         app::MainWindow registers("en_US");
         desk::ComponentLibrary(desk::LibraryOfProgram("libCVNGazetteer.so"))
             .Register(registers.TheLayout().HostRef(), true);
     }
-    Album album(arguments[2], count > 3 ? arguments[3] : "");
     TakeWindow(album, table);
     return album.Failed() ? 1 : 0;
 }

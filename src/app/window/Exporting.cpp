@@ -52,7 +52,7 @@ bool WriteWithProgress(Layout& layout, QWidget& window, const std::string& path,
 
 QString ExportPages(Layout& layout, QWidget& window) {
     const QFileInfo document(desk::ToQt(layout.Path()));
-    const QString base = document.dir().filePath(document.completeBaseName());
+    const QString base = QDir::cleanPath(document.path() + '/' + document.completeBaseName());
     ExportDialog dialog(layout.Page(), layout.Pages(), base, &window);
     if (dialog.exec() != QDialog::Accepted) return {};
     const std::string path = desk::FromQt(QFileInfo(dialog.Path()).absoluteFilePath());

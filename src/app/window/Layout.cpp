@@ -176,7 +176,9 @@ void Layout::TurnTo(std::int32_t page) {
     Draw(*frame);
 }
 
+// A name that is missing in a damaged document is no reason for a message in the midst of a list.
 std::string Layout::PageName(std::int32_t page) {
+    const auto quiet = Dialogs().Silence();
     return gazetteer::ToText(Manager().PageName(page), Host().Locale());
 }
 

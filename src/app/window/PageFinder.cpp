@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <string>
-#include <unordered_map>
-#include <utility>
 
 #include "desk/window/QtText.h"
+#include "host/Failure.h"
 #include "model/Settings.h"
 
 namespace app {
@@ -18,52 +17,55 @@ QString Folded(const QString& text) {
     return folded.simplified();
 }
 
-std::string TextOf(const host::Variant& value) {
-    const auto* const text = std::get_if<std::string>(&value);
-    return text == nullptr ? std::string() : *text;
-}
-
-// The cells of each row in one line, by row key.
-std::unordered_map<std::string, QString> RowTexts(const host::IHostPropertySet& listings) {
-    std::unordered_map<std::string, QString> texts;
-    for (const auto& column : gazetteer::NamesOf(listings)) {
-        const auto cells = gazetteer::SetUnder(listings, column)->AllItems();
-        for (std::size_t i = 0; i < cells.names.size(); ++i)
-            texts[cells.names[i]] += ' ' + desk::ToQt(TextOf(cells.values[i]));
-    }
-    for (auto& [key, text] : texts) {
-        for (const char* const token :
-             {gazetteer::kDotsToken, gazetteer::kNewLineToken, gazetteer::kLastCombineToken})
-            text.replace(token, " ");
-        text = text.simplified();
-    }
-    return texts;
+// A stored text in one line as it is read.
+QString ShownText(const std::string& stored) {
+    QString text = desk::ToQt(stored);
+    if (!text.contains('$')) return text;
+    for (const char* const token :
+         {gazetteer::kDotsToken, gazetteer::kNewLineToken, gazetteer::kLastCombineToken})
+        text.replace(token, " ");
+    return text;
 }
 
 }  // namespace
 
-void PageFinder::SetResults(gazetteer::WorkingResults results) {
-    results_ = std::move(results);
-    listings_.clear();
-    read_ = false;
+void PageFinder::SetResults(const gazetteer::WorkingResults& results) {
+    *this = {};
+    if (!results.listings || !results.pageGroups) return;
+    pageCount_ = results.pageCount;
+    pageGroups_ = results.pageGroups;
+    for (const auto& column : gazetteer::NamesOf(*results.listings))
+        columns_.push_back(gazetteer::SetUnder(*results.listings, column));
 }
 
-void PageFinder::Read() {
-    read_ = true;
-    if (!results_.listings || !results_.pageGroups) return;
-    const auto texts = RowTexts(*results_.listings);
-    for (int page = 1; page <= results_.pageCount; ++page) {
-        const auto group = gazetteer::SetUnder(*results_.pageGroups, std::to_string(page));
-        for (const auto& key : gazetteer::NamesOf(*group)) {
-            const auto text = texts.find(key);
-            if (text != texts.end())
-                listings_.push_back({page, text->second, Folded(text->second)});
+bool PageFinder::ReadOn(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (pagesRead_ < pageCount_ && std::chrono::steady_clock::now() < end) {
+        ++pagesRead_;
+        try {
+            ReadPage(pagesRead_);
+        } catch (const host::Failure&) {
+            // In a damaged document, what is missing cannot be found.
         }
+    }
+    return pagesRead_ < pageCount_;
+}
+
+void PageFinder::ReadPage(int page) {
+    const auto group = gazetteer::SetUnder(*pageGroups_, std::to_string(page));
+    for (const auto& key : gazetteer::NamesOf(*group)) {
+        QString text;
+        for (const auto& column : columns_) {
+            const auto cell = column->Item(key);
+            if (const auto* const stored = std::get_if<std::string>(&cell))
+                text += ' ' + ShownText(*stored);
+        }
+        text = text.simplified();
+        listings_.push_back({page, text, Folded(text)});
     }
 }
 
-std::vector<PageHit> PageFinder::Find(const QString& text) {
-    if (!read_) Read();
+std::vector<PageHit> PageFinder::Find(const QString& text) const {
     std::vector<PageHit> hits;
     const QString folded = Folded(text);
     for (const Listing& listing : listings_) {
@@ -75,7 +77,7 @@ std::vector<PageHit> PageFinder::Find(const QString& text) {
     }
     bool isNumber = false;
     const int page = text.trimmed().toInt(&isNumber);
-    if (!isNumber || page < 1 || page > results_.pageCount) return hits;
+    if (!isNumber || page < 1 || page > pageCount_) return hits;
     const auto place = std::ranges::lower_bound(hits, page, {}, &PageHit::page);
     if (place == hits.end() || place->page != page) hits.insert(place, {page, {}, 0});
     return hits;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 #include <vector>
 
 #include "app/window/PageListModel.h"
@@ -11,11 +12,13 @@ namespace app {
 /// Finds the pages on which a listing stands. Upper and lower case, and accents, do not matter.
 class PageFinder {
 public:
-    /// What is searched from now on. The listings are read at the first search.
-    void SetResults(gazetteer::WorkingResults results);
+    /// What is searched from now on, as far as it has been read.
+    void SetResults(const gazetteer::WorkingResults& results);
+    /// Reads on for a while, which is not much longer than the one given. False once all is read.
+    bool ReadOn(std::chrono::milliseconds time);
 
-    /// Pages with a listing that holds the text, and those whose number is the text, in page order.
-    std::vector<PageHit> Find(const QString& text);
+    /// Pages with a listing that holds the text, and that whose number is the text, in page order.
+    std::vector<PageHit> Find(const QString& text) const;
 
 private:
     struct Listing {
@@ -24,10 +27,12 @@ private:
         QString folded;
     };
 
-    void Read();
+    void ReadPage(int page);
 
-    gazetteer::WorkingResults results_;
-    bool read_ = false;
+    int pageCount_ = 0;
+    int pagesRead_ = 0;
+    host::Ref<host::IHostPropertySet> pageGroups_;
+    std::vector<host::Ref<host::IHostPropertySet>> columns_;
     std::vector<Listing> listings_;  ///< In page order.
 };
 

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <utility>
@@ -17,7 +18,8 @@ PagesDock::PagesDock(QWidget* parent)
       filter_(new QLineEdit),
       list_(new QTreeView),
       nothing_(new QLabel),
-      model_(new PageListModel(this)) {
+      model_(new PageListModel(this)),
+      reading_(new QTimer(this)) {
     setObjectName("pagesDock");
     setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     auto* inside = new QWidget(this);
@@ -49,6 +51,7 @@ PagesDock::PagesDock(QWidget* parent)
     nothing_->setWordWrap(true);
     nothing_->hide();
 
+    connect(reading_, &QTimer::timeout, this, &PagesDock::ReadOn);
     connect(filter_, &QLineEdit::textChanged, this, &PagesDock::Search);
     connect(filter_, &QLineEdit::returnPressed, this, &PagesDock::TakeFirst);
     connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -61,6 +64,7 @@ PagesDock::PagesDock(QWidget* parent)
 void PagesDock::SetPages(const gazetteer::WorkingResults& results, int count,
                          std::function<QString(int page)> name) {
     finder_.SetResults(results);
+    reading_->start();
     const bool before = std::exchange(marking_, true);
     model_->SetPages(count, std::move(name));
     marking_ = before;
@@ -98,10 +102,19 @@ void PagesDock::Search(const QString& text) {
     ShowCount();
 }
 
+// Listings are made ready for a search little by little, while there is nothing else to do.
+void PagesDock::ReadOn() {
+    constexpr std::chrono::milliseconds kSlice{10};
+    if (finder_.ReadOn(kSlice)) return;
+    reading_->stop();
+    // Whoever was quicker sees the rest now.
+    if (!filter_->text().trimmed().isEmpty()) Search(filter_->text());
+}
+
 void PagesDock::ShowCount() {
     const bool searched = !filter_->text().trimmed().isEmpty();
     nothing_->setText("No page has such a listing.");
-    nothing_->setVisible(searched && model_->rowCount() == 0);
+    nothing_->setVisible(searched && model_->rowCount() == 0 && !reading_->isActive());
 }
 
 void PagesDock::TakeFirst() {

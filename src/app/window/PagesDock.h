@@ -8,6 +8,7 @@
 
 class QLabel;
 class QLineEdit;
+class QTimer;
 class QTreeView;
 
 namespace app {
@@ -33,6 +34,7 @@ protected:
 
 private:
     void Search(const QString& text);
+    void ReadOn();
     void ShowCount();
     void TakeFirst();
 
@@ -40,6 +42,7 @@ private:
     QTreeView* list_;
     QLabel* nothing_;
     PageListModel* model_;
+    QTimer* reading_;
     PageFinder finder_;
     int page_ = 0;
     bool marking_ = false;  ///< The list's current row is being set by us.

@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
 #include <cstdio>
 
@@ -13,10 +14,29 @@ struct Arguments {
     std::string locale;
 };
 
+// What nobody else took care of is told, and the window goes on.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception&) {
+            const QString sentence = QString::fromStdString(app::CurrentSentence());
+            QMessageBox box(QMessageBox::Critical, "Gazetteer", sentence, QMessageBox::Ok,
+                            QApplication::activeWindow());
+            box.setTextFormat(Qt::PlainText);
+            box.exec();
+            return true;
+        }
+    }
+};
+
 int Run(int argc, char** argv, const Arguments& arguments) {
     // The program's own arguments are read already.
     argc = 1;
-    const QApplication application(argc, argv);
+    const Application application(argc, argv);
     QApplication::setOrganizationName("gazetteer-desk");
     QApplication::setApplicationName("gazetteer-desk");
     QApplication::setDesktopFileName("gazetteer-desk");
