@@ -18,7 +18,7 @@ namespace {
 // A handler of the form, ready to be called.
 class Handler {
 public:
-    Handler(QWidget& form, QMetaMethod method) : form_(&form), method_(std::move(method)) {}
+    Handler(QWidget& form, const QMetaMethod& method) : form_(&form), method_(method) {}
 
     void operator()() const { method_.invoke(form_, Qt::DirectConnection); }
     void operator()(int index) const {

@@ -24,7 +24,7 @@ void Form::DrawPreview(SymbolPreview& preview, const host::Ref<host::IHostSymbol
     }
     const auto pixels = surface->Pixels();
     const QImage picture(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),
-                         size.width() * static_cast<int>(sizeof(std::uint32_t)),
+                         size.width() * static_cast<qsizetype>(sizeof(std::uint32_t)),
                          QImage::Format_ARGB32_Premultiplied);
     preview.SetPicture(picture.copy());
 }
