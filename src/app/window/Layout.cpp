@@ -58,14 +58,14 @@ void Layout::TakeDocument(bool onDisk) {
     notices_.insert(notices_.begin(), told.begin(), told.end());
 }
 
-void Layout::SaveTo(const std::string& path) {
+void Layout::SaveTo(const std::string& documentPath) {
     desk::Document document = TheDesk().CurrentDocument();
-    if (path != Path()) {
+    if (documentPath != Path()) {
         const std::string mapBook = desk::MapBookPath(document, Path());
-        if (!mapBook.empty()) document.mapBook = desk::PathFromDocument(mapBook, path);
+        if (!mapBook.empty()) document.mapBook = desk::PathFromDocument(mapBook, documentPath);
     }
-    desk::WriteDocument(document, path);
-    if (path != Path()) TheDesk().Start(std::move(document), path);
+    desk::WriteDocument(document, documentPath);
+    if (documentPath != Path()) TheDesk().Start(std::move(document), documentPath);
     onDisk_ = true;
     modified_ = false;
 }

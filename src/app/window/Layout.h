@@ -38,7 +38,7 @@ public:
     /// with the document before still there.
     void StartNew(const NewDocumentOptions& options, bool dressed);
     /// Saves under a path, which is the document's from then on. Fails with nothing changed.
-    void SaveTo(const std::string& path);
+    void SaveTo(const std::string& documentPath);
     /// Where the document is or, of one not on disk yet, where it might be saved.
     const std::string& Path() { return TheDesk().DocumentPath(); }
     bool OnDisk() const { return onDisk_; }
