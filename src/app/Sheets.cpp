@@ -9,6 +9,7 @@
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/Conversions.h"
+#include "support/Text.h"
 
 namespace app {
 namespace {
@@ -19,12 +20,6 @@ std::string LowerEnding(const std::string& path) {
         return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
     });
     return ending;
-}
-
-std::string Trimmed(const std::string& text) {
-    const auto begin = text.find_first_not_of(' ');
-    return begin == std::string::npos ? ""
-                                      : text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
 // The number printed on a page's sheet: counted on from the start of the gazetteer's own section
@@ -47,7 +42,7 @@ void PaintSheet(Work& work, desk::PageWriter& writer, std::int32_t page) {
     desk::ElementPainter painter(*work.TheDesk().Text());
     for (const auto& element : document.elements) painter.Paint(writer.Canvas(), element);
     const auto name = work.Manager().PageName(page);
-    writer.EndPage(Trimmed(gazetteer::ToText(name, work.Host().Locale())));
+    writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, work.Host().Locale())));
 }
 
 void DrawSheet(Work& work, desk::PageWriter& writer, std::int32_t page,
@@ -133,8 +128,8 @@ void LabelSheet(Work& work, std::int32_t page) {
     // Without labels nobody asks for the map book, which may be gone.
     if (!HasFurniture(document)) return;
     auto& manager = work.Manager();
-    FillFurniture(work.Host(), document, Trimmed(manager.FirstListing(page)),
-                  Trimmed(manager.LastListing(page)), SheetNumber(work, page),
+    FillFurniture(work.Host(), document, gazetteer::WithoutOuterBlanks(manager.FirstListing(page)),
+                  gazetteer::WithoutOuterBlanks(manager.LastListing(page)), SheetNumber(work, page),
                   work.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
