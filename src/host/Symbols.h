@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "host/Object.h"
 
@@ -84,6 +87,24 @@ struct IHostTextSymbol : virtual IHostSymbol {
     virtual TextExtent MeasureText(DeviceContext device,
                                    const Ref<IHostDisplayTransformation>& transformation,
                                    const std::string& text) = 0;
+};
+
+/// Sizes in points of the beginnings of a line.
+struct PrefixExtents {
+    std::vector<double> widths;
+    double height = 0;  ///< Of each of them.
+};
+
+/// What a text symbol may offer beside MeasureText: many measurements at once. A host need not have
+/// it.
+struct IHostTextPrefixes : virtual IHostObject {
+    /// The sizes of those beginnings of a line that end before the given bytes, which ascend and
+    /// stand between characters: exactly what MeasureText tells of each. False, and nothing told,
+    /// where that takes as long as asking for each.
+    virtual bool MeasurePrefixes(DeviceContext device,
+                                 const Ref<IHostDisplayTransformation>& transformation,
+                                 const std::string& line, std::span<const std::size_t> ends,
+                                 PrefixExtents& extents) = 0;
 };
 
 /// What a text is made of once markup is told from characters.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <numeric>
+#include <vector>
 
 #include "model/Results.h"
 #include "support/Text.h"
@@ -49,27 +51,62 @@ std::optional<std::size_t> MostDots(const WidthWithDots& widthWith, double width
     }
 }
 
+// The most dots that a column may take, to the best of knowledge: the full stops of text fonts are
+// 0.22 to 0.32 ems wide. Where more fit, and in a very long line, they are counted another way.
+std::size_t DotsToTry(const TextMeasure& measure, double width) {
+    constexpr double kNarrowDot = 0.22;  // Ems.
+    constexpr double kMostAtOnce = 4096;
+    constexpr double kPointsPerInch = 72;
+    const double dots = width * kPointsPerInch / (measure.Symbol().Size() * kNarrowDot);
+    return static_cast<std::size_t>(std::clamp(dots, 0.0, kMostAtOnce)) + 1;
+}
+
+// The dots that a line takes, told by the widths of its beginnings: without dots, with one, two and
+// so on. Nothing if that cannot be told at once, or if the line is too long without dots.
+std::optional<std::size_t> DotsAtOnce(TextMeasure& measure, const std::string& line, double width) {
+    const std::size_t most = DotsToTry(measure, width);
+    std::vector<std::size_t> ends(most + 1);
+    std::iota(ends.begin(), ends.end(), line.size());
+    const std::string dotted = line + std::string(most, '.');
+    const auto* const widths = measure.PrefixWidths(dotted, ends);
+    if (!widths) return std::nullopt;
+    const auto tooLong = std::ranges::find_if(*widths, [&](double each) { return each > width; });
+    if (tooLong == widths->begin() || tooLong == widths->end()) return std::nullopt;
+    const auto dots = static_cast<std::size_t>(tooLong - widths->begin()) - 1;
+    measure.Remember(dotted.substr(0, line.size() + dots), (*widths)[dots]);
+    return dots;
+}
+
 }  // namespace
 
-std::optional<std::string> FillLeaders(const MeasureWidth& measure,
-                                       const std::string& textWithTokens, double textWidth,
-                                       double width) {
+std::optional<std::string> FillLeaders(TextMeasure& measure, const std::string& textWithTokens,
+                                       double textWidth, double width) {
     const auto filled = [&](std::size_t dots) {
         return ReplaceAll(textWithTokens, kDotsToken, std::string(dots, '.'));
     };
     const auto dots =
-        MostDots([&](std::size_t count) { return measure(filled(count)); }, textWidth, width);
+        MostDots([&](std::size_t count) { return measure.Width(filled(count)); }, textWidth, width);
     if (!dots) return std::nullopt;
     return filled(*dots);
 }
 
-std::optional<std::string> LeaderAfter(const MeasureWidth& measure, const std::string& text,
+std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::string& text,
+                                          double width) {
+    const auto dots = DotsAtOnce(measure, text, width);
+    if (!dots) return std::nullopt;
+    return text + std::string(*dots, '.');
+}
+
+std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& text,
                                        double width) {
-    const double textWidth = measure(text);
+    const double textWidth = measure.Width(text);
     if (textWidth > width) return std::string();
-    const auto dots =
-        MostDots([&](std::size_t count) { return measure(text + std::string(count, '.')); },
-                 textWidth, width);
+    const auto lineStart = text.rfind('\n') + 1;  // 0 where there is none.
+    auto dots = DotsAtOnce(measure, text.substr(lineStart), width);
+    if (!dots)
+        dots = MostDots(
+            [&](std::size_t count) { return measure.Width(text + std::string(count, '.')); },
+            textWidth, width);
     if (!dots) return std::nullopt;
     return std::string(*dots, '.');
 }

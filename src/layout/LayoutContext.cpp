@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "support/Conversions.h"
+#include "support/ErrorHandling.h"
 
 namespace gazetteer {
 
@@ -13,18 +14,28 @@ std::string LayoutColumn::Cell(const std::string& rowKey, host::IHostLocale& loc
 LayoutContext::LayoutContext(host::IHost& host, const Settings& settings,
                              const WorkingResults& results,
                              host::Ref<host::IHostFillSymbol> transparentFill,
-                             host::Ref<host::IHostDisplay> display)
+                             host::Ref<host::IHostDisplay> display, RowSource::Use rows)
     : host_(host),
       settings_(settings),
       results_(results),
       transparentFill_(std::move(transparentFill)),
       display_(std::move(display)),
-      text_(host, display_) {
+      text_(host, display_),
+      rows_(rows),
+      pen_(host.NewPoint()),
+      bounds_(host.NewEnvelope()) {
     for (const std::string& name : NamesOf(*settings.columnDisplayOrder)) {
         const auto set = SetUnder(*settings.columnsProperties, name);
         columns_.push_back(
             {name, ReadColumnProperties(*set, host.Locale()), SetUnder(*results.listings, name)});
     }
+}
+
+const host::IHostEnvelope& LayoutContext::Measure(host::IHostElement& element) try {
+    element.MeasureBounds(display_, bounds_);
+    return *bounds_;
+} catch (...) {
+    PassOn("GetElementWidth", kManagerLabel);
 }
 
 bool LayoutContext::HasTitle() const {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/Host.h"
+#include "layout/RowTree.h"
 #include "layout/TextFit.h"
 #include "model/ColumnProperties.h"
 #include "model/Results.h"
@@ -28,13 +29,19 @@ class LayoutContext {
 public:
     LayoutContext(host::IHost& host, const Settings& settings, const WorkingResults& results,
                   host::Ref<host::IHostFillSymbol> transparentFill,
-                  host::Ref<host::IHostDisplay> display);
+                  host::Ref<host::IHostDisplay> display, RowSource::Use rows);
 
     host::IHost& Host() { return host_; }
     const Settings& GetSettings() const { return settings_; }
     const WorkingResults& Results() const { return results_; }
     const host::Ref<host::IHostDisplay>& Display() const { return display_; }
     TextFit& Text() { return text_; }
+    RowSource& Rows() { return rows_; }
+    /// A point to place cells with, of nobody's.
+    host::IHostPoint& Pen() { return *pen_; }
+    /// Width and height in one question, until the next one. Its failures are those of
+    /// GetElementWidth.
+    const host::IHostEnvelope& Measure(host::IHostElement& element);
     std::vector<LayoutColumn>& Columns() { return columns_; }
     const host::Ref<host::IHostFillSymbol>& TransparentFill() const { return transparentFill_; }
 
@@ -50,6 +57,9 @@ private:
     host::Ref<host::IHostFillSymbol> transparentFill_;
     host::Ref<host::IHostDisplay> display_;
     TextFit text_;
+    RowSource rows_;
+    host::Ref<host::IHostPoint> pen_;
+    host::Ref<host::IHostEnvelope> bounds_;
     std::vector<LayoutColumn> columns_;
 };
 

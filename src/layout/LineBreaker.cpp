@@ -47,8 +47,8 @@ bool OnlyWidens(std::string_view character) {
 
 }  // namespace
 
-LineBreaker::LineBreaker(host::IHostLocale& locale, MeasureWidth measure, double width)
-    : locale_(locale), measure_(std::move(measure)), width_(width) {}
+LineBreaker::LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double width)
+    : locale_(locale), measure_(measure), width_(width) {}
 
 std::string LineBreaker::Wrap(const std::string& text, double textWidth) {
     std::size_t at = 0;
@@ -127,7 +127,7 @@ bool LineBreaker::Fits(std::size_t index) {
     if (index < knownToFit_) return true;
     if (index == knownTooLong_) return false;
     if (!OnlyWidens(characters_[index])) return LineFits(index, index + 1);
-    FindLineEnd(index);
+    if (!FindLineEndAtOnce(index)) FindLineEnd(index);
     return index < knownToFit_;
 }
 
@@ -138,7 +138,7 @@ void LineBreaker::FindLineEnd(std::size_t index) {
     const std::string line = Line();
     std::size_t fits = index;          // The line takes the characters before this one,
     std::size_t tooLong = runEnd + 1;  // and not those before this one.
-    double fittingWidth = line.empty() ? 0 : measure_(line);
+    double fittingWidth = line.empty() ? 0 : measure_.Width(line);
     while (fits + 1 < tooLong) {
         const double room = std::max(0.0, (width_ - fittingWidth) / averageWidth_);
         const std::size_t most = tooLong - 1 - fits;
@@ -147,7 +147,7 @@ void LineBreaker::FindLineEnd(std::size_t index) {
         const std::size_t end = fits + std::max<std::size_t>(1, more);
         std::string candidate = line;
         for (std::size_t i = index; i < end; ++i) candidate += characters_[i];
-        const double candidateWidth = measure_(candidate);
+        const double candidateWidth = measure_.Width(candidate);
         if (candidateWidth <= width_) {
             fits = end;
             fittingWidth = candidateWidth;
@@ -159,11 +159,37 @@ void LineBreaker::FindLineEnd(std::size_t index) {
     knownTooLong_ = fits < runEnd ? fits : std::string::npos;
 }
 
+// Finds it in one question, if the host tells the widths of a line's beginnings at once. A line may
+// turn out to take all the characters asked for; the next one is then asked for anew.
+bool LineBreaker::FindLineEndAtOnce(std::size_t index) {
+    constexpr double kMargin = 1.5;  // Characters narrower than the average.
+    constexpr std::size_t kAtLeast = 16;
+    const double room = std::max(0.0, kMargin * width_ / averageWidth_);
+    const std::size_t runEnd = PlainRunEnd(index);
+    const std::size_t most = runEnd - index;
+    const std::size_t count =
+        room < static_cast<double>(most)
+            ? std::max(std::min(most, kAtLeast), static_cast<std::size_t>(room))
+            : most;
+    std::string line = Line();
+    std::vector<std::size_t> ends;
+    for (std::size_t i = index; i < index + count; ++i) {
+        line += characters_[i];
+        ends.push_back(line.size());
+    }
+    const auto* const widths = measure_.PrefixWidths(line, ends);
+    if (!widths) return false;
+    const auto tooLong = std::ranges::find_if(*widths, [&](double each) { return each > width_; });
+    knownToFit_ = index + static_cast<std::size_t>(tooLong - widths->begin());
+    knownTooLong_ = tooLong == widths->end() ? std::string::npos : knownToFit_;
+    return true;
+}
+
 // Whether the present line takes the characters from begin to end.
 bool LineBreaker::LineFits(std::size_t begin, std::size_t end) {
     std::string line = Line();
     for (std::size_t i = begin; i < end; ++i) line += characters_[i];
-    return measure_(line) <= width_;
+    return measure_.Width(line) <= width_;
 }
 
 void LineBreaker::Append(std::string_view character) {
@@ -184,7 +210,7 @@ void LineBreaker::FinishLine() {
     const bool fits =
         lineMeasured_ && std::all_of(result_.begin() + static_cast<std::ptrdiff_t>(lineStart_),
                                      result_.end(), OnlyWidens);
-    if (!fits && !earlierTooWide_) earlierTooWide_ = measure_(Line()) > width_;
+    if (!fits && !earlierTooWide_) earlierTooWide_ = measure_.Width(Line()) > width_;
     lineMeasured_ = false;
 }
 

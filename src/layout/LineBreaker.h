@@ -1,16 +1,13 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/Locale.h"
+#include "layout/TextMeasure.h"
 
 namespace gazetteer {
-
-/// Width in inches of a text, the widest of its lines.
-using MeasureWidth = std::function<double(const std::string&)>;
 
 /// Wraps a text that is wider than its column. Lines break at blanks; a word longer than a line is
 /// broken with a hyphen in the place of the last character that fitted.
@@ -22,7 +19,7 @@ using MeasureWidth = std::function<double(const std::string&)>;
 class LineBreaker {
 public:
     /// The width of the column, in inches.
-    LineBreaker(host::IHostLocale& locale, MeasureWidth measure, double width);
+    LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double width);
 
     /// The text with CRLF line ends. textWidth is its width on one line. Fails if the first
     /// character that the text keeps does not fit.
@@ -33,6 +30,7 @@ private:
     void Overflow(std::string_view character);
     bool Fits(std::size_t index);
     void FindLineEnd(std::size_t index);
+    bool FindLineEndAtOnce(std::size_t index);
     bool LineFits(std::size_t begin, std::size_t end);
 
     std::vector<std::string_view> TakeNextLine();
@@ -43,7 +41,7 @@ private:
     std::size_t PlainRunEnd(std::size_t index) const;
 
     host::IHostLocale& locale_;
-    MeasureWidth measure_;
+    TextMeasure& measure_;
     double width_;
 
     std::vector<std::string_view> characters_;

@@ -128,7 +128,7 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
     const auto page = SetUnder(*results.pageGroups, std::to_string(pageNumber));
     if (page->Count() == 0) return false;
 
-    LayoutContext context(host, settings, results, transparentFill, display);
+    LayoutContext context(host, settings, results, transparentFill, display, RowSource::Use::Keep);
     PlaceRows(context, group, frame, NamesOf(*page), pageNumber);
 
     BringTitlesToFront(*group);

@@ -83,7 +83,8 @@ bool PopulatePageGroups(host::IHost& host, const Settings& settings,
     const auto display = host.NewApplication()->Document()->ActiveView()->Display();
     const FrameBounds frame = ReadFrame(frameElement);
     if (results.listings->Count() == 0) return false;
-    LayoutContext context(host, settings, results, transparentFill, display);
+    LayoutContext context(host, settings, results, transparentFill, display,
+                          RowSource::Use::Measure);
     PageRecorder pages(host);
     NumberPages(context, frame, pages);
     pages.ClosePage();

@@ -36,114 +36,104 @@ const Ref<host::IHostTextSymbol>& TextSymbolOf(const ColumnProperties& column, R
     return column.columnFontSymbol;
 }
 
-Ref<host::IHostFillSymbol> FillOf(const LayoutContext& context, const ColumnProperties& column,
-                                  bool alternate, RowKind kind) {
+const Ref<host::IHostFillSymbol>& FillOf(const LayoutContext& context,
+                                         const ColumnProperties& column, bool alternate,
+                                         RowKind kind) {
     if (kind == RowKind::Title) return column.titleBackgroundSymbol;
     if (!column.colorBackground) return context.TransparentFill();
     if (!alternate || !column.alternateBackground) return column.backgroundSymbol;
     return column.alternateBackgroundSymbol;
 }
 
-Ref<host::IHostTextElement> MakeText(LayoutContext& context, std::string& text,
-                                     const ColumnProperties& column, RowKind kind, double textWidth,
-                                     const Alignment& alignment) {
+void FillText(LayoutContext& context, host::IHostTextElement& element, std::string& text,
+              const ColumnProperties& column, RowKind kind, double textWidth,
+              const Alignment& alignment) {
     const auto& symbol = TextSymbolOf(column, kind);
     symbol->SetVerticalPlacement(kMiddle);
     if (alignment.placement >= 0) symbol->SetHorizontalPlacement(alignment.placement);
-    auto element = context.Host().NewTextElement();
-    element->SetSymbol(symbol);
+    element.SetSymbol(symbol);
     std::string blank = kBlank;
     const bool hidden = kind == RowKind::Break && !column.breakHeading;
-    element->SetText(context.Text().SplitText(hidden ? blank : text, textWidth, symbol));
-    element->SetScaleWithPage(false);
-    return element;
+    element.SetText(context.Text().SplitText(hidden ? blank : text, textWidth, symbol));
+    element.SetScaleWithPage(false);
 }
 
-Ref<host::IHostFilledElement> MakeBackground(LayoutContext& context,
-                                             const Ref<host::IHostFillSymbol>& fill,
-                                             const IHostPoint& position, double width,
-                                             double height) {
-    auto background = context.Host().NewRectangleElement();
-    background->SetSymbol(fill);
-    auto cell = context.Host().NewEnvelope();
-    cell->SetCoords(0, 0, width, height);
-    cell->Shift(position.X(), position.Y() - height);
-    background->SetGeometry(cell);
-    return background;
+void FillBackground(const CellElements& cell, const Ref<host::IHostFillSymbol>& fill,
+                    const IHostPoint& position, double width, double height) {
+    cell.background->SetSymbol(fill);
+    cell.box->SetCoords(0, 0, width, height);
+    cell.box->Shift(position.X(), position.Y() - height);
+    cell.background->SetGeometry(cell.box);
+}
+
+// Its top edge stays in place.
+void SetBackgroundHeight(host::IHostFilledElement& background, const Ref<host::IHostEnvelope>& box,
+                         double height) {
+    const double oldHeight = box->Height();
+    box->SetHeight(height);
+    box->Shift(0, oldHeight - height);
+    background.SetGeometry(box);
 }
 
 }  // namespace
 
-std::string TagOf(const Ref<IHostElement>& element) {
-    const auto named = host::As<host::IHostElementName>(element);
-    return named ? named->Name() : std::string();
-}
-
-Ref<IHostElement> MakeRowElement(LayoutContext& context, std::string& text,
-                                 const ColumnProperties& column, bool alternate,
-                                 const IHostPoint& position, RowKind kind) try {
+void MakeRowElement(LayoutContext& context, const CellElements& cell, std::string& text,
+                    const ColumnProperties& column, bool alternate, const IHostPoint& position,
+                    RowKind kind) try {
     text = ReplaceAll(std::move(text), kLastCombineToken, "");
     const double textWidth = column.columnWidth - column.marginLeft - column.marginRight;
     const Alignment alignment = AlignmentOf(
         column, kind == RowKind::Title ? column.titleAlignment : column.alignment, textWidth);
-    const auto element = MakeText(context, text, column, kind, textWidth, alignment);
+    FillText(context, *cell.text, text, column, kind, textWidth, alignment);
 
-    double width = 0;
-    double textHeight = 0;
-    context.Text().GetTextSize(*element, width, textHeight);
+    const double textHeight = context.Text().GetTextSize(*cell.text).height;
     const bool isHeading = kind == RowKind::Break && column.breakHeading;
     double cellHeight = textHeight + column.marginTop + column.marginBottom;
     if (isHeading && text != kBlank) cellHeight += column.breakSpacing;
-    const auto background = MakeBackground(context, FillOf(context, column, alternate, kind),
-                                           position, column.columnWidth, cellHeight);
+    FillBackground(cell, FillOf(context, column, alternate, kind), position, column.columnWidth,
+                   cellHeight);
 
-    auto anchor = context.Host().NewPoint();
-    anchor->SetX(position.X() + alignment.anchor);
-    anchor->SetY(position.Y() - column.marginTop - textHeight / 2 -
-                 (isHeading ? column.breakSpacing : 0));
-    element->SetGeometry(anchor);
-
-    SetTag(background, kColumnBackgroundTag);
-    SetTag(element, kColumnTextTag);
-    auto cell = context.Host().NewGroupElement();
-    cell->Add(background);
-    cell->Add(element);
-    SetTag(cell, kColumnElementTag);
-    return cell;
+    cell.anchor->SetX(position.X() + alignment.anchor);
+    cell.anchor->SetY(position.Y() - column.marginTop - textHeight / 2 -
+                      (isHeading ? column.breakSpacing : 0));
+    cell.text->SetGeometry(cell.anchor);
 } catch (...) {
     PassOn("MakeRowElement", kManagerLabel);
 }
 
 Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, bool alternate,
-                            RowKind kind, const char* tag,
+                            RowKind kind,
                             const std::function<std::string(const LayoutColumn&)>& textOf) {
-    auto group = context.Host().NewGroupElement();
-    const auto pen = host::As<IHostPoint>(position.Copy());
+    const auto& columns = context.Columns();
+    const RowElements& row = context.Rows().Take(context.Host(), kind, columns.size());
+    IHostPoint& pen = context.Pen();
+    pen.SetX(position.X());
+    pen.SetY(position.Y());
     double maxHeight = 0;
-    for (const LayoutColumn& column : context.Columns()) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const LayoutColumn& column = columns[i];
+        const CellElements& cell = row.cells[i];
         std::string text = textOf(column);
         try {
-            const auto cell =
-                MakeRowElement(context, text, column.properties, alternate, *pen, kind);
-            pen->SetX(pen->X() + GetElementWidth(context.Host(), *cell, context.Display()));
-            maxHeight =
-                std::max(maxHeight, GetElementHeight(context.Host(), *cell, context.Display()));
-            group->Add(cell);
+            MakeRowElement(context, cell, text, column.properties, alternate, pen, kind);
+            const auto& bounds = context.Measure(*cell.cell);
+            pen.SetX(pen.X() + bounds.Width());
+            maxHeight = std::max(maxHeight, bounds.Height());
         } catch (host::Failure& failure) {
             failure.AddFact("column", column.name);
             failure.AddFact("text", textOf(column));
             throw;
         }
     }
-    MakeBackgroundsSameHeight(maxHeight, group);
-    SetTag(group, tag);
-    return group;
+    for (const CellElements& cell : row.cells)
+        SetBackgroundHeight(*cell.background, cell.box, maxHeight);
+    return row.group;
 }
 
 Ref<IHostElement> MakeRowGroup(LayoutContext& context, const std::string& rowKey,
                                const IHostPoint& position, bool alternate) try {
     return MakeGroup(
-        context, position, alternate, RowKind::Listing, kRowGroupTag,
+        context, position, alternate, RowKind::Listing,
         [&](const LayoutColumn& column) { return column.Cell(rowKey, context.Host().Locale()); });
 } catch (...) {
     PassOn("MakeRowGroup", kManagerLabel);
@@ -156,11 +146,8 @@ void MakeBackgroundsSameHeight(double height, const Ref<host::IHostGroupElement>
         for (std::int32_t j = 0; j < cell->Count(); ++j) {
             const auto member = cell->Item(j);
             if (TagOf(member) != kColumnBackgroundTag) continue;
-            const auto bounds = member->Geometry()->Bounds();
-            const double oldHeight = bounds->Height();
-            bounds->SetHeight(height);
-            bounds->Shift(0, oldHeight - height);
-            member->SetGeometry(bounds);
+            if (const auto background = host::As<host::IHostFilledElement>(member))
+                SetBackgroundHeight(*background, background->Geometry()->Bounds(), height);
         }
     }
 } catch (...) {

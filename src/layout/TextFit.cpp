@@ -9,13 +9,11 @@
 namespace gazetteer {
 namespace {
 
-constexpr double kPointsPerInch = 72;
-constexpr int kNoCache = -1;
-
 // What a leader token in the text asks for.
 struct Leaders {
     bool any = false;
-    bool atEnd = false;  // Nothing but tokens follows the first one.
+    bool atEnd = false;    // Nothing but tokens follows the first one.
+    std::string withDots;  // The text as it stood, if there is any.
 };
 
 Leaders TakeLeaders(std::string& text) {
@@ -23,16 +21,21 @@ Leaders TakeLeaders(std::string& text) {
     const auto first = text.find(kDotsToken);
     if (first == std::string::npos) return leaders;
     leaders.any = true;
+    leaders.withDots = text;
     text = ReplaceAll(std::move(text), kDotsToken, "");
     leaders.atEnd = first == text.size();
     return leaders;
 }
 
+bool IsOne(const Leaders& leaders, const std::string& text) {
+    return leaders.atEnd && leaders.withDots.size() - text.size() == std::size(kDotsToken) - 1;
+}
+
 // Without a width of its own no number of dots would ever fill a column.
-std::string WithDots(const std::optional<std::string>& filled, host::IHostTextSymbol& symbol) {
+std::string WithDots(const std::optional<std::string>& filled, const TextMeasure& measure) {
     if (!filled)
         Raise("CVNGazetteerManager.SplitText", "The dot has no width in the font \"" +
-                                                   symbol.Font()->Name() +
+                                                   measure.Symbol().Font()->Name() +
                                                    "\", so that dots cannot fill the column.");
     return *filled;
 }
@@ -44,41 +47,28 @@ TextFit::TextFit(host::IHost& host, host::Ref<host::IHostDisplay> display)
     parser_ = host::As<host::IHostTextParser>(scratch_->Symbol());
 }
 
-void TextFit::GetTextSize(host::IHostTextElement& element, double& width, double& height) try {
-    display_->BeginDrawing(display_->Device(), kNoCache);
-    const auto extent = element.Symbol()->MeasureText(display_->Device(),
-                                                      display_->Transformation(), element.Text());
-    display_->EndDrawing();
-    width = extent.xSize / kPointsPerInch;
-    height = extent.ySize / kPointsPerInch;
-} catch (...) {
-    PassOn("GetTextSize", kManagerLabel);
-}
-
-double TextFit::Width(host::IHostTextSymbol& symbol, const std::string& text) try {
-    display_->BeginDrawing(display_->Device(), kNoCache);
-    const auto extent = symbol.MeasureText(display_->Device(), display_->Transformation(), text);
-    display_->EndDrawing();
-    return extent.xSize / kPointsPerInch;
-} catch (...) {
-    PassOn("GetTextSize", kManagerLabel);
+TextMeasure& TextFit::MeasureOf(const host::Ref<host::IHostTextSymbol>& symbol) {
+    const auto known = measures_.find(symbol.get());
+    if (known != measures_.end()) return known->second;
+    return measures_.try_emplace(symbol.get(), display_, symbol).first->second;
 }
 
 std::string TextFit::SplitText(std::string& text, double width,
                                const host::Ref<host::IHostTextSymbol>& symbol) try {
     text = ReplaceAll(std::move(text), kNewLineToken, "\r\n");
-    const std::string filledTemplate = text;
     const Leaders leaders = TakeLeaders(text);
-    const auto measure = [&](const std::string& piece) { return Width(*symbol, piece); };
+    TextMeasure& measure = MeasureOf(symbol);
+    const std::string plain = parser_->PlainText(text).plain;
+    if (plain == text && IsOne(leaders, text))
+        if (auto filled = LineWithLeader(measure, text, width)) return *std::move(filled);
 
-    const double textWidth = measure(parser_->PlainText(text).plain);
+    const double textWidth = measure.Width(plain);
     std::string result;
     if (textWidth > width) {
         result = LineBreaker(host_.Locale(), measure, width).Wrap(text, textWidth);
-        if (leaders.any && leaders.atEnd)
-            result += WithDots(LeaderAfter(measure, result, width), *symbol);
+        if (leaders.atEnd) result += WithDots(LeaderAfter(measure, result, width), measure);
     } else if (leaders.any && textWidth < width) {
-        result = WithDots(FillLeaders(measure, filledTemplate, textWidth, width), *symbol);
+        result = WithDots(FillLeaders(measure, leaders.withDots, textWidth, width), measure);
     } else {
         result = text;
     }
@@ -89,12 +79,12 @@ std::string TextFit::SplitText(std::string& text, double width,
 
 // A blank that overflowed at the very end of the text has left a line end behind.
 std::string TextFit::WithoutLastLineEnd(std::string text) {
+    const auto lineEnd = text.rfind("\r\n");
+    if (lineEnd == std::string::npos) return text;
     const std::string plain = parser_->PlainText(text).plain;
     const auto last = plain.find_last_not_of(' ');
     if (last == std::string::npos || plain[last] != '\n') return text;
-    // A text of the user's own may end in a bare LF, which is not this line end.
-    const auto lineEnd = text.rfind("\r\n");
-    if (lineEnd != std::string::npos) text.resize(lineEnd);
+    text.resize(lineEnd);
     return text;
 }
 

@@ -30,7 +30,7 @@ bool IsNumeric(LayoutContext& context, const std::string& letter) {
 
 host::Ref<host::IHostElement> MakeTitleGroup(LayoutContext& context,
                                              const host::IHostPoint& position) try {
-    return MakeGroup(context, position, false, RowKind::Title, kTitleGroupTag,
+    return MakeGroup(context, position, false, RowKind::Title,
                      [](const LayoutColumn& column) -> std::string {
                          const auto& properties = column.properties;
                          if (!properties.showTitle || properties.title.empty()) return kBlank;
@@ -42,7 +42,7 @@ host::Ref<host::IHostElement> MakeTitleGroup(LayoutContext& context,
 
 host::Ref<host::IHostElement> MakeBreakGroup(LayoutContext& context, const std::string& rowKey,
                                              const host::IHostPoint& position, bool alternate) try {
-    return MakeGroup(context, position, alternate, RowKind::Break, kBreakGroupTag,
+    return MakeGroup(context, position, alternate, RowKind::Break,
                      [&](const LayoutColumn& column) -> std::string {
                          if (!column.properties.breakColumn) return kBlank;
                          const std::string letter = BreakLetter(context, column, rowKey);

@@ -89,4 +89,9 @@ std::string ToText(const host::Variant& value, host::IHostLocale& locale) {
     return std::visit(TextOf{locale}, value);
 }
 
+std::string ToText(host::Variant&& value, host::IHostLocale& locale) {
+    if (auto* const text = std::get_if<std::string>(&value)) return std::move(*text);
+    return std::visit(TextOf{locale}, value);
+}
+
 }  // namespace gazetteer

@@ -25,6 +25,7 @@ double ToDouble(const host::Variant& value, host::IHostLocale& locale);
 /// Numbers in their shortest form. Null and objects cannot become a text; an empty variant is the
 /// empty text.
 std::string ToText(const host::Variant& value, host::IHostLocale& locale);
+std::string ToText(host::Variant&& value, host::IHostLocale& locale);
 
 /// The object of kind T in the variant; null where there is none, or one of another kind.
 template <class T>

@@ -86,7 +86,7 @@ protected:
         return fit_.SplitText(copy, width, symbol);
     }
     double WidthOf(const std::string& text) {
-        return fit_.Width(*desk_.TextSymbol("Liberation Sans", 10), text);
+        return TextMeasure(desk_.Display(), desk_.TextSymbol("Liberation Sans", 10)).Width(text);
     }
     support::TestDesk desk_;
     TextFit fit_{desk_.Host(), desk_.Display()};

@@ -104,6 +104,14 @@ host::TextExtent TextSymbol::MeasureText(
     return engine_->Measure({font_->Name(), font_->Size(), font_->Bold()}, text);
 }
 
+bool TextSymbol::MeasurePrefixes(
+    host::DeviceContext /*device*/,
+    const host::Ref<host::IHostDisplayTransformation>& /*transformation*/, const std::string& line,
+    std::span<const std::size_t> ends, host::PrefixExtents& extents) {
+    return engine_->MeasurePrefixes({font_->Name(), font_->Size(), font_->Bold()}, line, ends,
+                                    extents);
+}
+
 host::Ref<host::IHostObject> TextSymbol::Copy() const {
     auto copy = std::make_shared<TextSymbol>(engine_);
     copy->font_ = CopyOf(font_);

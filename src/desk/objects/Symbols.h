@@ -94,7 +94,9 @@ private:
 };
 
 /// Knows no markup: every character of a text stands for itself.
-class TextSymbol final : public host::IHostTextSymbol, public host::IHostTextParser {
+class TextSymbol final : public host::IHostTextSymbol,
+                         public host::IHostTextPrefixes,
+                         public host::IHostTextParser {
 public:
     explicit TextSymbol(std::shared_ptr<TextEngine> engine);
 
@@ -118,6 +120,10 @@ public:
     host::TextExtent MeasureText(host::DeviceContext device,
                                  const host::Ref<host::IHostDisplayTransformation>& transformation,
                                  const std::string& text) override;
+    bool MeasurePrefixes(host::DeviceContext device,
+                         const host::Ref<host::IHostDisplayTransformation>& transformation,
+                         const std::string& line, std::span<const std::size_t> ends,
+                         host::PrefixExtents& extents) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
     void PrepareDevice(host::DeviceContext device,

@@ -1,5 +1,7 @@
 #include "desk/text/DirectShaper.h"
 
+#include <algorithm>
+
 namespace desk {
 namespace {
 
@@ -43,7 +45,29 @@ PairTable& DirectShaper::TableOf(const ResolvedFont& font, hb_script_t script) {
 
 std::optional<int> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
                                           std::string_view line) {
-    return TableOf(font, script).Width(line);
+    PairTable& table = TableOf(font, script);
+    if (script != HB_SCRIPT_COMMON) {
+        last_ = &table;
+        lastFont_ = font.number;
+    }
+    return table.Width(line);
+}
+
+std::optional<int> DirectShaper::SumWidthAsBefore(const ResolvedFont& font, std::string_view line) {
+    if (!last_ || lastFont_ != font.number) return std::nullopt;
+    return last_->WidthInScript(line);
+}
+
+bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, hb_script_t script,
+                                   std::string_view line, std::span<const std::size_t> ends,
+                                   std::vector<int>& widths) {
+    // A beginning without a letter is a line without script.
+    const std::size_t letter = FirstLetter(line, font.plain);
+    const auto lettered = std::ranges::upper_bound(ends, letter);
+    const auto common = static_cast<std::size_t>(lettered - ends.begin());
+    return TableOf(font, HB_SCRIPT_COMMON)
+               .AddPrefixWidths(line.substr(0, letter), ends.first(common), widths) &&
+           TableOf(font, script).AddPrefixWidths(line, ends.subspan(common), widths);
 }
 
 int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line) {

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,15 @@ public:
     /// Width of a line, where it can be told without shaping.
     std::optional<int> SumWidth(const ResolvedFont& font, hb_script_t script,
                                 std::string_view line);
+
+    /// Width of a line in the script of the last one that had letters, where it can be told without
+    /// shaping and without looking for the line's script first.
+    std::optional<int> SumWidthAsBefore(const ResolvedFont& font, std::string_view line);
+
+    /// Widths of the beginnings of a line of the script that end before the given bytes, where all
+    /// can be told without shaping. As PairTable::AddPrefixWidths.
+    bool SumPrefixWidths(const ResolvedFont& font, hb_script_t script, std::string_view line,
+                         std::span<const std::size_t> ends, std::vector<int>& widths);
 
     /// Width of a line that is shaped.
     int ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
@@ -40,6 +50,8 @@ private:
     hb_language_t greek_;
     hb_language_t cyrillic_;
     std::vector<FontTables> tables_;  ///< By the fonts' numbers.
+    PairTable* last_ = nullptr;       ///< Of the last line with letters that was summed,
+    std::uint32_t lastFont_ = 0;      ///< in this font.
     BufferHandle buffer_;
 };
 

@@ -23,10 +23,62 @@ SetHandle PlainGlyphs(const ResolvedFont& font, hb_script_t script) {
     return glyphs;
 }
 
+/// What the walks along a line are for. A walk that need not see every glyph passes over the rest
+/// of equal ones, and one of prefixes makes sure of each beginning of a run of joining characters.
+struct ForWidth {
+    static constexpr bool kSeesAll = false;
+    static constexpr bool kChecksPrefixes = false;
+    void Visit(const auto& /*character*/, int /*x*/, std::string_view /*bytes*/) {}
+};
+
+struct ForWidthInScript : ForWidth {
+    bool letters = false;
+    void Visit(const auto& character, int /*x*/, std::string_view /*bytes*/) {
+        letters = letters || character.letter;
+    }
+};
+
+struct ForPrefixes {
+    static constexpr bool kSeesAll = true;
+    static constexpr bool kChecksPrefixes = true;
+    std::span<const std::size_t> ends;
+    std::vector<int>& widths;
+    std::size_t place = 0;  // Bytes of the line walked.
+
+    void Visit(const auto& character, int x, std::string_view bytes) {
+        place += bytes.size();
+        TakeEndsHere(x + character.width);
+    }
+    void TakeEndsHere(int width) {
+        for (; !ends.empty() && ends.front() == place; ends = ends.subspan(1))
+            widths.push_back(width);
+    }
+};
+
+/// Passes over the bytes after the character that begins at the start which repeat it, and tells
+/// how many: dots are half of the characters of an index.
+int SkipRepeats(std::string_view line, std::size_t start, std::size_t& place) {
+    if (place != start + 1) return 0;
+    while (place < line.size() && line[place] == line[start]) ++place;
+    return static_cast<int>(place - start - 1);
+}
+
+struct ForGlyphs {
+    static constexpr bool kSeesAll = true;
+    static constexpr bool kChecksPrefixes = false;
+    GlyphRun& run;
+
+    void Visit(const auto& character, int x, std::string_view bytes) {
+        run.AddGlyph(character.glyph, x / kUnitsPerPoint, 0);
+        run.AddText(bytes, 1);
+    }
+};
+
 }  // namespace
 
 PairTable::PairTable(const ResolvedFont& font, const Writing& writing)
     : font_(font.shaping),
+      plain_(font.plain),
       writing_(writing),
       rules_(ReadPairRules(hb_font_get_face(font.shaping), writing,
                            PlainGlyphs(font, writing.script).get())),
@@ -36,20 +88,32 @@ PairTable::PairTable(const ResolvedFont& font, const Writing& writing)
 }
 
 std::optional<int> PairTable::Width(std::string_view line) {
-    return Walk(line, [](const Character&, int, std::string_view) {});
+    return Walk(line, ForWidth{});
+}
+
+std::optional<int> PairTable::WidthInScript(std::string_view line) {
+    ForWidthInScript visitor;
+    const auto width = Walk(line, visitor);
+    return visitor.letters ? width : std::nullopt;
+}
+
+bool PairTable::AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
+                                std::vector<int>& widths) {
+    if (ends.empty()) return true;
+    ForPrefixes visitor{ends, widths};
+    visitor.TakeEndsHere(0);
+    return Walk(line, visitor) && visitor.ends.empty();
 }
 
 std::optional<int> PairTable::Place(std::string_view line, GlyphRun& run) {
-    const auto width = Walk(line, [&](const Character& character, int x, std::string_view bytes) {
-        run.AddGlyph(character.glyph, x / kUnitsPerPoint, 0);
-        run.AddText(bytes, 1);
-    });
+    const auto width = Walk(line, ForGlyphs{run});
     if (!width) run.DropLine();
     return width;
 }
 
-template <class OnGlyph>
-std::optional<int> PairTable::Walk(std::string_view line, const OnGlyph& onGlyph) {
+template <class Visitor>
+std::optional<int> PairTable::Walk(std::string_view line, Visitor&& visitor) {
+    using For = std::remove_cvref_t<Visitor>;
     if (!rules_.positionsByPairs) return std::nullopt;
     int pen = 0;
     Slot before = 0;
@@ -58,6 +122,7 @@ std::optional<int> PairTable::Walk(std::string_view line, const OnGlyph& onGlyph
     for (std::size_t place = 0; place < line.size();) {
         const std::size_t start = place;
         const char32_t letter = NextCharacter(line, place);
+        if (letter >= kPlainTextLimit) return std::nullopt;
         const Slot slot = SlotOf(letter, line.substr(start, place - start));
         const Character& character = characters_[slot];
         if (character.kind == Kind::Shaped) return std::nullopt;
@@ -65,25 +130,36 @@ std::optional<int> PairTable::Walk(std::string_view line, const OnGlyph& onGlyph
             const std::int32_t pair = PairWidth(before, slot);
             if (pair == kShapedPair) return std::nullopt;
             pen += pair;
+            if constexpr (!For::kSeesAll)
+                if (slot == before && character.kind == Kind::Steady)
+                    pen += SkipRepeats(line, start, place) * (character.width + pair);
         }
-        onGlyph(character, pen, line.substr(start, place - start));
+        visitor.Visit(character, pen, line.substr(start, place - start));
         pen += character.width;
         before = slot;
         if (character.kind == Kind::Joining) {
             if (runLength++ == 0) runStart = start;
+            if (For::kChecksPrefixes && runLength > 1 &&
+                !StaysUnjoined(line.substr(runStart, place - runStart)))
+                return std::nullopt;
         } else {
-            if (runLength > 1 && !StaysUnjoined(line.substr(runStart, start - runStart)))
+            if (!For::kChecksPrefixes && runLength > 1 &&
+                !StaysUnjoined(line.substr(runStart, start - runStart)))
                 return std::nullopt;
             runLength = 0;
         }
     }
-    if (runLength > 1 && !StaysUnjoined(line.substr(runStart))) return std::nullopt;
+    if (!For::kChecksPrefixes && runLength > 1 && !StaysUnjoined(line.substr(runStart)))
+        return std::nullopt;
     return pen;
 }
 
 PairTable::Slot PairTable::LearnCharacter(char32_t letter, std::string_view bytes) {
-    if (characters_.size() == kSlots) return 0;
+    const hb_script_t script = ScriptOf(plain_[letter]);
+    const bool own = script == writing_.script;
+    if (characters_.size() == kSlots || (!own && script != HB_SCRIPT_COMMON)) return 0;
     Character character{std::string(bytes)};
+    character.letter = own && script != HB_SCRIPT_COMMON;
     hb_font_get_nominal_glyph(font_, letter, &character.glyph);
     character.width = ShapeLine(buffer_.get(), font_, writing_, bytes);
     const bool mark = hb_ot_layout_get_glyph_class(hb_font_get_face(font_), character.glyph) ==

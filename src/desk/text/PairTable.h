@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,6 +26,16 @@ public:
     /// letters join in it.
     std::optional<int> Width(std::string_view line);
 
+    /// As Width, for a line of which the script is not known: nothing as well unless it holds a
+    /// letter of this table's script. Spares most lines the search for their script.
+    std::optional<int> WidthInScript(std::string_view line);
+
+    /// Widths of the line's beginnings that end before the given bytes, which stand in ascending
+    /// order on the bounds of characters. Each is what Width tells of that beginning alone, and
+    /// they are added to the list; false where any of them has to be shaped.
+    bool AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
+                         std::vector<int>& widths);
+
     /// Adds the glyphs of a line to the run, and returns the width as above. Nothing is added where
     /// the line has to be shaped.
     std::optional<int> Place(std::string_view line, GlyphRun& run);
@@ -45,6 +56,7 @@ private:
         hb_codepoint_t glyph = 0;
         std::int32_t width = 0;
         Kind kind = Kind::Shaped;
+        bool letter = false;  ///< Of the table's script, and not common to several.
     };
     using Slot = std::uint8_t;
 
@@ -56,14 +68,15 @@ private:
         const std::int32_t known = pairs_[first * kSlots + second];
         return known != kUnknownPair ? known : LearnPair(first, second);
     }
-    template <class OnGlyph>
-    std::optional<int> Walk(std::string_view line, const OnGlyph& onGlyph);
+    template <class Visitor>
+    std::optional<int> Walk(std::string_view line, Visitor&& visitor);
     Slot LearnCharacter(char32_t letter, std::string_view bytes);
     std::int32_t LearnPair(Slot first, Slot second);
     bool StaysUnjoined(std::string_view run);
     bool ShapesAsPairs(std::string_view text);
 
     hb_font_t* font_;
+    const PlainClasses& plain_;
     Writing writing_;
     PairRules rules_;
     BufferHandle buffer_;

@@ -51,4 +51,7 @@ inline char32_t NextCharacter(std::string_view text, std::size_t& place) {
 /// font; HB_SCRIPT_COMMON for a text without letters. Nothing for any other text.
 std::optional<hb_script_t> PlainScript(std::string_view text, const PlainClasses& classes);
 
+/// Where the first letter of a plain text stands, in bytes; its length where there is none.
+std::size_t FirstLetter(std::string_view text, const PlainClasses& classes);
+
 }  // namespace desk

@@ -77,9 +77,17 @@ struct TextEngine::State {
     LayoutShaper layout{fonts.Context()};
     WidthMemo memo;
     std::size_t measurements = 0;
+    std::vector<int> prefixSums;  ///< Kept for its storage.
+
+    /// The text measured last: who lays out a text asks for its size, and then its element for its
+    /// bounds.
+    std::string lastText;
+    const ResolvedFont* lastFont = nullptr;
+    host::TextExtent lastExtent;
 
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
+        if (const auto sum = direct.SumWidthAsBefore(font, line)) return *sum / kUnitsPerPoint;
         const auto script = PlainScript(line, font.plain);
         if (script)
             if (const auto sum = direct.SumWidth(font, *script, line)) return *sum / kUnitsPerPoint;
@@ -139,8 +147,29 @@ TextEngine::~TextEngine() = default;
 host::TextExtent TextEngine::Measure(const FontSpec& spec, std::string_view text) {
     ++state_->measurements;
     const ResolvedFont& font = state_->fonts.Find(spec);
-    if (text.find('\r') == std::string_view::npos) return state_->Extent(font, text);
-    return state_->Extent(font, WithoutReturns(text));
+    if (state_->lastFont != &font || state_->lastText != text) {
+        state_->lastExtent = text.find('\r') == std::string_view::npos
+                                 ? state_->Extent(font, text)
+                                 : state_->Extent(font, WithoutReturns(text));
+        state_->lastFont = &font;
+        state_->lastText = text;
+    }
+    return state_->lastExtent;
+}
+
+bool TextEngine::MeasurePrefixes(const FontSpec& spec, std::string_view line,
+                                 std::span<const std::size_t> ends, host::PrefixExtents& extents) {
+    const ResolvedFont& font = state_->fonts.Find(spec);
+    const auto script = PlainScript(line, font.plain);
+    std::vector<int>& sums = state_->prefixSums;
+    sums.clear();
+    if (!script || !state_->direct.SumPrefixWidths(font, *script, line, ends, sums)) return false;
+    ++state_->measurements;
+    extents.widths.resize(sums.size());
+    std::ranges::transform(sums, extents.widths.begin(),
+                           [](int sum) { return sum / kUnitsPerPoint; });
+    extents.height = font.lineHeight;
+    return true;
 }
 
 TextBox TextEngine::Bounds(const FontSpec& spec, std::string_view text,

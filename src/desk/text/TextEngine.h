@@ -63,6 +63,11 @@ public:
     /// line, also at the end of the text.
     host::TextExtent Measure(const FontSpec& spec, std::string_view text);
 
+    /// The sizes of a line's beginnings, by the promises of host::IHostTextPrefixes. False where a
+    /// beginning is not plain enough to be told without shaping it.
+    bool MeasurePrefixes(const FontSpec& spec, std::string_view line,
+                         std::span<const std::size_t> ends, host::PrefixExtents& extents);
+
     /// The smallest upright box around what Draw covers, by the measured size.
     TextBox Bounds(const FontSpec& spec, std::string_view text, const TextPlacement& placement);
 
@@ -78,7 +83,7 @@ public:
     /// Families that were asked for so far and are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;
 
-    /// How often Measure was called.
+    /// How many questions Measure and MeasurePrefixes answered.
     std::size_t Measurements() const;
 
 private:

@@ -1,0 +1,46 @@
+#include "layout/RowTree.h"
+
+namespace gazetteer {
+namespace {
+
+const char* GroupTag(RowKind kind) {
+    if (kind == RowKind::Title) return kTitleGroupTag;
+    return kind == RowKind::Break ? kBreakGroupTag : kRowGroupTag;
+}
+
+CellElements NewCell(host::IHost& host) {
+    CellElements elements{host.NewGroupElement(), host.NewRectangleElement(), host.NewEnvelope(),
+                          host.NewTextElement(), host.NewPoint()};
+    SetTag(elements.background, kColumnBackgroundTag);
+    SetTag(elements.text, kColumnTextTag);
+    SetTag(elements.cell, kColumnElementTag);
+    elements.cell->Add(elements.background);
+    elements.cell->Add(elements.text);
+    return elements;
+}
+
+}  // namespace
+
+std::string TagOf(const host::Ref<host::IHostElement>& element) {
+    const auto named = host::As<host::IHostElementName>(element);
+    return named ? named->Name() : std::string();
+}
+
+RowElements NewRow(host::IHost& host, RowKind kind, std::size_t columns) {
+    RowElements row{host.NewGroupElement(), {}};
+    SetTag(row.group, GroupTag(kind));
+    row.cells.reserve(columns);
+    for (std::size_t i = 0; i < columns; ++i) {
+        row.cells.push_back(NewCell(host));
+        row.group->Add(row.cells.back().cell);
+    }
+    return row;
+}
+
+const RowElements& RowSource::Take(host::IHost& host, RowKind kind, std::size_t columns) {
+    RowElements& row = rows_[static_cast<std::size_t>(kind)];
+    if (use_ == Use::Keep || !row.group) row = NewRow(host, kind, columns);
+    return row;
+}
+
+}  // namespace gazetteer
