@@ -61,20 +61,24 @@ std::size_t DotsToTry(const TextMeasure& measure, double width) {
     return static_cast<std::size_t>(std::clamp(dots, 0.0, kMostAtOnce)) + 1;
 }
 
+struct DotsThatFit {
+    std::size_t count = 0;
+    double width = 0;  // Of the line with these dots.
+};
+
 // The dots that a line takes, told by the widths of its beginnings: without dots, with one, two and
-// so on. Nothing if that cannot be told at once, or if the line is too long without dots.
-std::optional<std::size_t> DotsAtOnce(TextMeasure& measure, const std::string& line, double width) {
-    const std::size_t most = DotsToTry(measure, width);
+// so on. The line given has as many as are to be tried. Nothing if that cannot be told at once, or
+// if the line is too long without dots.
+std::optional<DotsThatFit> DotsAtOnce(TextMeasure& measure, const std::string& dotted,
+                                      std::size_t most, double width) {
     std::vector<std::size_t> ends(most + 1);
-    std::iota(ends.begin(), ends.end(), line.size());
-    const std::string dotted = line + std::string(most, '.');
+    std::iota(ends.begin(), ends.end(), dotted.size() - most);
     const auto* const widths = measure.PrefixWidths(dotted, ends);
     if (!widths) return std::nullopt;
     const auto tooLong = std::ranges::find_if(*widths, [&](double each) { return each > width; });
     if (tooLong == widths->begin() || tooLong == widths->end()) return std::nullopt;
-    const auto dots = static_cast<std::size_t>(tooLong - widths->begin()) - 1;
-    measure.Remember(dotted.substr(0, line.size() + dots), (*widths)[dots]);
-    return dots;
+    const auto last = tooLong - 1;
+    return DotsThatFit{static_cast<std::size_t>(last - widths->begin()), *last};
 }
 
 }  // namespace
@@ -92,9 +96,13 @@ std::optional<std::string> FillLeaders(TextMeasure& measure, const std::string& 
 
 std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::string& text,
                                           double width) {
-    const auto dots = DotsAtOnce(measure, text, width);
+    const std::size_t most = DotsToTry(measure, width);
+    std::string dotted = text + std::string(most, '.');
+    const auto dots = DotsAtOnce(measure, dotted, most, width);
     if (!dots) return std::nullopt;
-    return text + std::string(*dots, '.');
+    dotted.resize(text.size() + dots->count);
+    measure.Remember(dotted, dots->width);
+    return dotted;
 }
 
 std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& text,
@@ -102,11 +110,13 @@ std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& 
     const double textWidth = measure.Width(text);
     if (textWidth > width) return std::string();
     const auto lineStart = text.rfind('\n') + 1;  // 0 where there is none.
-    auto dots = DotsAtOnce(measure, text.substr(lineStart), width);
-    if (!dots)
-        dots = MostDots(
-            [&](std::size_t count) { return measure.Width(text + std::string(count, '.')); },
-            textWidth, width);
+    const std::size_t most = DotsToTry(measure, width);
+    const std::string lastLine = text.substr(lineStart) + std::string(most, '.');
+    if (const auto dots = DotsAtOnce(measure, lastLine, most, width))
+        return std::string(dots->count, '.');
+    const auto dots =
+        MostDots([&](std::size_t count) { return measure.Width(text + std::string(count, '.')); },
+                 textWidth, width);
     if (!dots) return std::nullopt;
     return std::string(*dots, '.');
 }

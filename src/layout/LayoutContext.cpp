@@ -7,8 +7,13 @@
 
 namespace gazetteer {
 
-std::string LayoutColumn::Cell(const std::string& rowKey, host::IHostLocale& locale) const {
-    return ToText(listings->Item(rowKey), locale);
+const std::string& LayoutColumn::Cell(const std::string& rowKey, host::IHostLocale& locale) {
+    for (const Known& cell : known_)
+        if (cell.isSet && cell.rowKey == rowKey) return cell.text;
+    Known& cell = known_[oldest_];
+    cell = {rowKey, ToText(listings->Item(rowKey), locale), true};
+    oldest_ = 1 - oldest_;
+    return cell.text;
 }
 
 LayoutContext::LayoutContext(host::IHost& host, const Settings& settings,
@@ -26,8 +31,8 @@ LayoutContext::LayoutContext(host::IHost& host, const Settings& settings,
       bounds_(host.NewEnvelope()) {
     for (const std::string& name : NamesOf(*settings.columnDisplayOrder)) {
         const auto set = SetUnder(*settings.columnsProperties, name);
-        columns_.push_back(
-            {name, ReadColumnProperties(*set, host.Locale()), SetUnder(*results.listings, name)});
+        columns_.emplace_back(name, ReadColumnProperties(*set, host.Locale()),
+                              SetUnder(*results.listings, name));
     }
 }
 

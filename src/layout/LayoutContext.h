@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/Host.h"
@@ -13,13 +15,30 @@
 namespace gazetteer {
 
 /// A column as one pass of layout works with it.
-struct LayoutColumn {
+class LayoutColumn {
+public:
+    LayoutColumn(std::string columnName, ColumnProperties columnProperties,
+                 host::Ref<host::IHostPropertySet> columnListings)
+        : name(std::move(columnName)),
+          properties(std::move(columnProperties)),
+          listings(std::move(columnListings)) {}
+
     std::string name;
     ColumnProperties properties;
     host::Ref<host::IHostPropertySet> listings;  ///< Row key to cell text.
 
-    /// Text of a row's cell. Fails for a row without one.
-    std::string Cell(const std::string& rowKey, host::IHostLocale& locale) const;
+    /// Text of a row's cell, until the next but one is asked for. Fails for a row without one.
+    const std::string& Cell(const std::string& rowKey, host::IHostLocale& locale);
+
+private:
+    struct Known {
+        std::string rowKey;
+        std::string text;
+        bool isSet = false;
+    };
+    /// The last two: of a row, and of the one before, with whose letter its own is compared.
+    std::array<Known, 2> known_;
+    std::size_t oldest_ = 0;
 };
 
 /// What one pass of layout works with: the display, the columns in display order, and the text

@@ -102,16 +102,15 @@ void MakeRowElement(LayoutContext& context, const CellElements& cell, std::strin
 }
 
 Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, bool alternate,
-                            RowKind kind,
-                            const std::function<std::string(const LayoutColumn&)>& textOf) {
-    const auto& columns = context.Columns();
+                            RowKind kind, const std::function<std::string(LayoutColumn&)>& textOf) {
+    auto& columns = context.Columns();
     const RowElements& row = context.Rows().Take(context.Host(), kind, columns.size());
     IHostPoint& pen = context.Pen();
     pen.SetX(position.X());
     pen.SetY(position.Y());
     double maxHeight = 0;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const LayoutColumn& column = columns[i];
+        LayoutColumn& column = columns[i];
         const CellElements& cell = row.cells[i];
         std::string text = textOf(column);
         try {
@@ -132,9 +131,9 @@ Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, 
 
 Ref<IHostElement> MakeRowGroup(LayoutContext& context, const std::string& rowKey,
                                const IHostPoint& position, bool alternate) try {
-    return MakeGroup(
-        context, position, alternate, RowKind::Listing,
-        [&](const LayoutColumn& column) { return column.Cell(rowKey, context.Host().Locale()); });
+    return MakeGroup(context, position, alternate, RowKind::Listing, [&](LayoutColumn& column) {
+        return column.Cell(rowKey, context.Host().Locale());
+    });
 } catch (...) {
     PassOn("MakeRowGroup", kManagerLabel);
 }

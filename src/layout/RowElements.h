@@ -18,9 +18,9 @@ void MakeRowElement(LayoutContext& context, const CellElements& cell, std::strin
 /// A whole row: one cell per column with the text that textOf gives, each starting where the bounds
 /// of the cell before it end, all backgrounds as high as the tallest cell. The position is the top
 /// left corner of the row.
-host::Ref<host::IHostElement> MakeGroup(
-    LayoutContext& context, const host::IHostPoint& position, bool alternate, RowKind kind,
-    const std::function<std::string(const LayoutColumn&)>& textOf);
+host::Ref<host::IHostElement> MakeGroup(LayoutContext& context, const host::IHostPoint& position,
+                                        bool alternate, RowKind kind,
+                                        const std::function<std::string(LayoutColumn&)>& textOf);
 
 /// Inner procedure: the row of one listing.
 host::Ref<host::IHostElement> MakeRowGroup(LayoutContext& context, const std::string& rowKey,

@@ -10,10 +10,9 @@ constexpr char kBlank[] = " ";
 
 // The first character of a cell in a break column, in the case in which it stands there; empty for
 // an empty cell.
-std::string BreakLetter(LayoutContext& context, const LayoutColumn& column,
-                        const std::string& rowKey) {
+std::string BreakLetter(LayoutContext& context, LayoutColumn& column, const std::string& rowKey) {
     auto& locale = context.Host().Locale();
-    const std::string text = column.Cell(rowKey, locale);
+    const std::string& text = column.Cell(rowKey, locale);
     if (text.empty()) return {};
     if (static_cast<unsigned char>(text[0]) < 0x80 &&
         (text.size() == 1 || static_cast<unsigned char>(text[1]) < 0x80))
@@ -43,7 +42,7 @@ host::Ref<host::IHostElement> MakeTitleGroup(LayoutContext& context,
 host::Ref<host::IHostElement> MakeBreakGroup(LayoutContext& context, const std::string& rowKey,
                                              const host::IHostPoint& position, bool alternate) try {
     return MakeGroup(context, position, alternate, RowKind::Break,
-                     [&](const LayoutColumn& column) -> std::string {
+                     [&](LayoutColumn& column) -> std::string {
                          if (!column.properties.breakColumn) return kBlank;
                          const std::string letter = BreakLetter(context, column, rowKey);
                          return letter.empty() || IsNumeric(context, letter) ? kBlank : letter;
@@ -54,7 +53,7 @@ host::Ref<host::IHostElement> MakeBreakGroup(LayoutContext& context, const std::
 
 bool RowNeedsBreak(LayoutContext& context, const std::string& thisRow,
                    const std::string& previousRow) try {
-    for (const LayoutColumn& column : context.Columns()) {
+    for (LayoutColumn& column : context.Columns()) {
         if (!column.properties.breakColumn) continue;
         const std::string letter = BreakLetter(context, column, thisRow);
         const std::string previous = BreakLetter(context, column, previousRow);
@@ -68,7 +67,7 @@ bool RowNeedsBreak(LayoutContext& context, const std::string& thisRow,
 
 bool NeedsTopMostBreak(LayoutContext& context) try {
     if (!context.GetSettings().addStartingBreak) return false;
-    for (const LayoutColumn& column : context.Columns()) {
+    for (LayoutColumn& column : context.Columns()) {
         if (!column.properties.breakColumn) continue;
         const auto rows = NamesOf(*column.listings);
         if (!rows.empty() && !IsNumeric(context, BreakLetter(context, column, rows.front())))

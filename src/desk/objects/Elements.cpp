@@ -89,21 +89,39 @@ void TextElement::SetGeometry(const host::Ref<host::IHostGeometry>& geometry) {
 
 void TextElement::MeasureBounds(const host::Ref<host::IHostDisplay>& display,
                                 const host::Ref<host::IHostEnvelope>& bounds) {
-    const auto symbol = Symbol();
-    const auto device = display ? display->Device() : 0;
-    const auto transformation =
-        display ? display->Transformation() : host::Ref<host::IHostDisplayTransformation>();
-    const host::TextExtent extent = symbol->MeasureText(device, transformation, text_);
-    const Box box = HangingBox(extent, symbol->HorizontalPlacement(), symbol->VerticalPlacement(),
-                               symbol->Angle());
+    const host::TextExtent extent = Extent(display);
+    const Box box = HangingBox(extent, symbol_->HorizontalPlacement(), symbol_->VerticalPlacement(),
+                               symbol_->Angle());
     const double x = point_ ? point_->X() : 0;
     const double y = point_ ? point_->Y() : 0;
     bounds->SetCoords(x + box.xmin, y + box.ymin, x + box.xmax, y + box.ymax);
 }
 
+/// A row asks for the bounds of its cells and then for its own, so that the size of a text that has
+/// not changed is kept.
+host::TextExtent TextElement::Extent(const host::Ref<host::IHostDisplay>& display) {
+    if (!symbol_) SetSymbol(std::make_shared<TextSymbol>(engine_));
+    const ResolvedFont* const font = ownSymbol_ ? &ownSymbol_->Resolved() : nullptr;
+    if (font && font == measuredFont_) return extent_;
+    const auto device = display ? display->Device() : 0;
+    const auto transformation =
+        display ? display->Transformation() : host::Ref<host::IHostDisplayTransformation>();
+    extent_ = symbol_->MeasureText(device, transformation, text_);
+    measuredFont_ = font;
+    return extent_;
+}
+
 host::Ref<host::IHostTextSymbol> TextElement::Symbol() const {
     if (!symbol_) symbol_ = std::make_shared<TextSymbol>(engine_);
     return symbol_;
+}
+
+void TextElement::SetSymbol(const host::Ref<host::IHostTextSymbol>& symbol) {
+    symbol_ = symbol;
+    const auto* const known = symbol.get();
+    ownSymbol_ = known && typeid(*known) == typeid(TextSymbol)
+                     ? static_cast<TextSymbol*>(dynamic_cast<void*>(symbol.get()))
+                     : nullptr;
 }
 
 void RectangleElement::SetGeometry(const host::Ref<host::IHostGeometry>& geometry) {

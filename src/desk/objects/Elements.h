@@ -8,10 +8,13 @@
 #include <vector>
 
 #include "host/Elements.h"
+#include "host/Symbols.h"
 
 namespace desk {
 
 class TextEngine;
+class TextSymbol;
+struct ResolvedFont;
 
 /// What every element of the desk has: a tag and a custom property. Elements are made by the ten
 /// thousand, so that the seldom used property takes no room until it is set.
@@ -83,17 +86,25 @@ public:
 
     /// The symbol that was set; a default symbol of its own where none was.
     host::Ref<host::IHostTextSymbol> Symbol() const override;
-    void SetSymbol(const host::Ref<host::IHostTextSymbol>& symbol) override { symbol_ = symbol; }
+    void SetSymbol(const host::Ref<host::IHostTextSymbol>& symbol) override;
     std::string Text() const override { return text_; }
-    void SetText(const std::string& text) override { text_ = text; }
+    void SetText(const std::string& text) override {
+        text_ = text;
+        measuredFont_ = nullptr;
+    }
     bool ScaleWithPage() const override { return scaleWithPage_; }
     void SetScaleWithPage(bool scale) override { scaleWithPage_ = scale; }
 
 private:
+    host::TextExtent Extent(const host::Ref<host::IHostDisplay>& display);
+
     std::shared_ptr<TextEngine> engine_;
     mutable host::Ref<host::IHostTextSymbol> symbol_;
+    TextSymbol* ownSymbol_ = nullptr;  ///< The symbol, if it is the desk's.
     host::Ref<host::IHostPoint> point_;
     std::string text_;
+    const ResolvedFont* measuredFont_ = nullptr;  ///< What the text was measured in last; null
+    host::TextExtent extent_;                     ///< where it was not since it was set.
     bool scaleWithPage_ = true;
 };
 

@@ -75,13 +75,23 @@ host::Ref<host::IHostObject> FillSymbol::Copy() const {
 }
 
 TextSymbol::TextSymbol(std::shared_ptr<TextEngine> engine)
-    : engine_(std::move(engine)),
-      font_(std::make_shared<desk::Font>()),
-      color_(std::make_shared<desk::Color>()) {}
+    : engine_(std::move(engine)), color_(std::make_shared<desk::Color>()) {
+    TextSymbol::SetFont(std::make_shared<desk::Font>());
+}
 
 void TextSymbol::SetFont(const host::Ref<host::IHostFont>& font) {
     Need(font.get(), "text symbol", "font");
     font_ = font;
+    ownFont_ = dynamic_cast<const desk::Font*>(font.get());
+    resolved_ = nullptr;
+}
+
+// Asked at every measurement of a run. A font of another kind may change unseen.
+const ResolvedFont& TextSymbol::Resolved() {
+    if (resolved_ && ownFont_ && ownFont_->Version() == resolvedVersion_) return *resolved_;
+    resolved_ = &engine_->Find({font_->Name(), font_->Size(), font_->Bold()});
+    if (ownFont_) resolvedVersion_ = ownFont_->Version();
+    return *resolved_;
 }
 
 void TextSymbol::SetColor(const host::Ref<host::IHostColor>& color) {
@@ -101,20 +111,19 @@ host::TextExtent TextSymbol::MeasureText(
     host::DeviceContext /*device*/,
     const host::Ref<host::IHostDisplayTransformation>& /*transformation*/,
     const std::string& text) {
-    return engine_->Measure({font_->Name(), font_->Size(), font_->Bold()}, text);
+    return engine_->Measure(Resolved(), text);
 }
 
 bool TextSymbol::MeasurePrefixes(
     host::DeviceContext /*device*/,
     const host::Ref<host::IHostDisplayTransformation>& /*transformation*/, const std::string& line,
     std::span<const std::size_t> ends, host::PrefixExtents& extents) {
-    return engine_->MeasurePrefixes({font_->Name(), font_->Size(), font_->Bold()}, line, ends,
-                                    extents);
+    return engine_->MeasurePrefixes(Resolved(), line, ends, extents);
 }
 
 host::Ref<host::IHostObject> TextSymbol::Copy() const {
     auto copy = std::make_shared<TextSymbol>(engine_);
-    copy->font_ = CopyOf(font_);
+    copy->SetFont(CopyOf(font_));
     copy->color_ = CopyOf(color_);
     copy->text_ = text_;
     copy->angle_ = angle_;

@@ -10,22 +10,26 @@
 namespace desk {
 
 class TextEngine;
+struct ResolvedFont;
 
 /// Helvetica 10, not bold, at first.
 class Font final : public host::IHostFont {
 public:
     std::string Name() const override { return name_; }
-    void SetName(const std::string& name) override { name_ = name; }
+    void SetName(const std::string& name) override { name_ = name, ++version_; }
     double Size() const override { return size_; }
-    void SetSize(double points) override { size_ = points; }
+    void SetSize(double points) override { size_ = points, ++version_; }
     bool Bold() const override { return bold_; }
-    void SetBold(bool bold) override { bold_ = bold; }
+    void SetBold(bool bold) override { bold_ = bold, ++version_; }
     host::Ref<host::IHostObject> Copy() const override;
+    /// Another number after each change.
+    std::uint32_t Version() const { return version_; }
 
 private:
     std::string name_ = "Helvetica";
     double size_ = 10;
     bool bold_ = false;
+    std::uint32_t version_ = 0;
 };
 
 /// Black at first. Only the lower 24 bits of a value are kept.
@@ -100,6 +104,9 @@ class TextSymbol final : public host::IHostTextSymbol,
 public:
     explicit TextSymbol(std::shared_ptr<TextEngine> engine);
 
+    /// The font that texts are set in, as it is now.
+    const ResolvedFont& Resolved();
+
     host::Ref<host::IHostFont> Font() const override { return font_; }
     void SetFont(const host::Ref<host::IHostFont>& font) override;
     double Size() const override { return font_->Size(); }
@@ -138,6 +145,9 @@ public:
 private:
     std::shared_ptr<TextEngine> engine_;
     host::Ref<host::IHostFont> font_;
+    const desk::Font* ownFont_ = nullptr;  ///< The font, if it is the desk's.
+    const ResolvedFont* resolved_ = nullptr;
+    std::uint32_t resolvedVersion_ = 0;  ///< Of the desk's font, when it was resolved.
     host::Ref<host::IHostColor> color_;
     PreparedDevice device_;
     std::string text_;

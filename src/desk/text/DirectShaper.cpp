@@ -58,16 +58,22 @@ std::optional<int> DirectShaper::SumWidthAsBefore(const ResolvedFont& font, std:
     return last_->WidthInScript(line);
 }
 
-bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, hb_script_t script,
-                                   std::string_view line, std::span<const std::size_t> ends,
-                                   std::vector<int>& widths) {
+bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, std::string_view line,
+                                   std::span<const std::size_t> ends, std::vector<int>& widths) {
     // A beginning without a letter is a line without script.
     const std::size_t letter = FirstLetter(line, font.plain);
-    const auto lettered = std::ranges::upper_bound(ends, letter);
-    const auto common = static_cast<std::size_t>(lettered - ends.begin());
+    const bool lettersInAll = !ends.empty() && letter < ends.front();
+    if (lettersInAll && last_ && lastFont_ == font.number &&
+        last_->AddPrefixWidths(line, ends, widths))
+        return true;
+    widths.clear();
+    const auto script = PlainScript(line, font.plain);
+    if (!script) return false;
+    const auto common =
+        static_cast<std::size_t>(std::ranges::upper_bound(ends, letter) - ends.begin());
     return TableOf(font, HB_SCRIPT_COMMON)
                .AddPrefixWidths(line.substr(0, letter), ends.first(common), widths) &&
-           TableOf(font, script).AddPrefixWidths(line, ends.subspan(common), widths);
+           TableOf(font, *script).AddPrefixWidths(line, ends.subspan(common), widths);
 }
 
 int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line) {

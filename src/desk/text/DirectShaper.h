@@ -26,9 +26,9 @@ public:
     /// shaping and without looking for the line's script first.
     std::optional<int> SumWidthAsBefore(const ResolvedFont& font, std::string_view line);
 
-    /// Widths of the beginnings of a line of the script that end before the given bytes, where all
-    /// can be told without shaping. As PairTable::AddPrefixWidths.
-    bool SumPrefixWidths(const ResolvedFont& font, hb_script_t script, std::string_view line,
+    /// Widths of the beginnings of a line that end before the given bytes, where all can be told
+    /// without shaping. As PairTable::AddPrefixWidths.
+    bool SumPrefixWidths(const ResolvedFont& font, std::string_view line,
                          std::span<const std::size_t> ends, std::vector<int>& widths);
 
     /// Width of a line that is shaped.

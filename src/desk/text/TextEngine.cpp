@@ -144,9 +144,12 @@ struct TextEngine::State {
 TextEngine::TextEngine() : state_(std::make_unique<State>()) {}
 TextEngine::~TextEngine() = default;
 
-host::TextExtent TextEngine::Measure(const FontSpec& spec, std::string_view text) {
+const ResolvedFont& TextEngine::Find(const FontSpec& spec) {
+    return state_->fonts.Find(spec);
+}
+
+host::TextExtent TextEngine::Measure(const ResolvedFont& font, std::string_view text) {
     ++state_->measurements;
-    const ResolvedFont& font = state_->fonts.Find(spec);
     if (state_->lastFont != &font || state_->lastText != text) {
         state_->lastExtent = text.find('\r') == std::string_view::npos
                                  ? state_->Extent(font, text)
@@ -157,13 +160,11 @@ host::TextExtent TextEngine::Measure(const FontSpec& spec, std::string_view text
     return state_->lastExtent;
 }
 
-bool TextEngine::MeasurePrefixes(const FontSpec& spec, std::string_view line,
+bool TextEngine::MeasurePrefixes(const ResolvedFont& font, std::string_view line,
                                  std::span<const std::size_t> ends, host::PrefixExtents& extents) {
-    const ResolvedFont& font = state_->fonts.Find(spec);
-    const auto script = PlainScript(line, font.plain);
     std::vector<int>& sums = state_->prefixSums;
     sums.clear();
-    if (!script || !state_->direct.SumPrefixWidths(font, *script, line, ends, sums)) return false;
+    if (!state_->direct.SumPrefixWidths(font, line, ends, sums)) return false;
     ++state_->measurements;
     extents.widths.resize(sums.size());
     std::ranges::transform(sums, extents.widths.begin(),
@@ -174,8 +175,8 @@ bool TextEngine::MeasurePrefixes(const FontSpec& spec, std::string_view line,
 
 TextBox TextEngine::Bounds(const FontSpec& spec, std::string_view text,
                            const TextPlacement& placement) {
-    const host::TextExtent size = Measure(spec, text);
-    const ResolvedFont& font = state_->fonts.Find(spec);
+    const ResolvedFont& font = Find(spec);
+    const host::TextExtent size = Measure(font, text);
     const double left = -LeftShare(placement.horizontal) * size.xSize;
     const double top = FirstBaseline(font, size.ySize, placement.vertical) - font.ascent;
     const TextBox box{left, top, left + size.xSize, top + size.ySize};

@@ -20,6 +20,9 @@ struct FontSpec {
     bool operator==(const FontSpec&) const = default;
 };
 
+/// A FontSpec that an engine has found the font of.
+struct ResolvedFont;
+
 /// How a text hangs on its point. The numbers are those of host::IHostTextSymbol; a justified text
 /// stands like one at the left. The baseline is that of the last line.
 struct TextPlacement {
@@ -59,13 +62,19 @@ public:
     TextEngine();
     ~TextEngine();
 
+    /// The font that a spec leads to; it stays valid for the engine's life. Equal specs have one.
+    const ResolvedFont& Find(const FontSpec& spec);
+
     /// Size in points, by the promises of host::IHostTextSymbol::MeasureText. Each LF begins a new
     /// line, also at the end of the text.
-    host::TextExtent Measure(const FontSpec& spec, std::string_view text);
+    host::TextExtent Measure(const ResolvedFont& font, std::string_view text);
+    host::TextExtent Measure(const FontSpec& spec, std::string_view text) {
+        return Measure(Find(spec), text);
+    }
 
     /// The sizes of a line's beginnings, by the promises of host::IHostTextPrefixes. False where a
     /// beginning is not plain enough to be told without shaping it.
-    bool MeasurePrefixes(const FontSpec& spec, std::string_view line,
+    bool MeasurePrefixes(const ResolvedFont& font, std::string_view line,
                          std::span<const std::size_t> ends, host::PrefixExtents& extents);
 
     /// The smallest upright box around what Draw covers, by the measured size.
