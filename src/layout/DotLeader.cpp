@@ -51,14 +51,19 @@ std::optional<std::size_t> MostDots(const WidthWithDots& widthWith, double width
     }
 }
 
-// The most dots that a column may take, to the best of knowledge: the full stops of text fonts are
-// 0.22 to 0.32 ems wide. Where more fit, and in a very long line, they are counted another way.
-std::size_t DotsToTry(const TextMeasure& measure, double width) {
+// The most dots that a column may take after a text, to the best of knowledge: the full stops of
+// text fonts are 0.22 to 0.32 ems wide, their letters half an em on average. Where more fit, and in
+// a very long line, they are counted another way.
+std::size_t DotsToTry(const TextMeasure& measure, const std::string& text, double width) {
     constexpr double kNarrowDot = 0.22;  // Ems.
+    constexpr double kNarrowLetter = 0.3;
     constexpr double kMostAtOnce = 4096;
     constexpr double kPointsPerInch = 72;
-    const double dots = width * kPointsPerInch / (measure.Symbol().Size() * kNarrowDot);
-    return static_cast<std::size_t>(std::clamp(dots, 0.0, kMostAtOnce)) + 1;
+    // Bytes that continue a character of UTF-8 are no characters of their own.
+    const auto letters = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
+    const double ems = width * kPointsPerInch / measure.Symbol().Size();
+    const double dots = (ems - kNarrowLetter * static_cast<double>(letters)) / kNarrowDot;
+    return static_cast<std::size_t>(std::clamp(dots, 0.0, kMostAtOnce)) + 2;
 }
 
 struct DotsThatFit {
@@ -96,7 +101,7 @@ std::optional<std::string> FillLeaders(TextMeasure& measure, const std::string& 
 
 std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::string& text,
                                           double width) {
-    const std::size_t most = DotsToTry(measure, width);
+    const std::size_t most = DotsToTry(measure, text, width);
     std::string dotted = text + std::string(most, '.');
     const auto dots = DotsAtOnce(measure, dotted, most, width);
     if (!dots) return std::nullopt;
@@ -110,8 +115,9 @@ std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& 
     const double textWidth = measure.Width(text);
     if (textWidth > width) return std::string();
     const auto lineStart = text.rfind('\n') + 1;  // 0 where there is none.
-    const std::size_t most = DotsToTry(measure, width);
-    const std::string lastLine = text.substr(lineStart) + std::string(most, '.');
+    std::string lastLine = text.substr(lineStart);
+    const std::size_t most = DotsToTry(measure, lastLine, width);
+    lastLine.append(most, '.');
     if (const auto dots = DotsAtOnce(measure, lastLine, most, width))
         return std::string(dots->count, '.');
     const auto dots =

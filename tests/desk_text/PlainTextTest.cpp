@@ -122,6 +122,26 @@ TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
     EXPECT_GT(summed, lines / 10);
 }
 
+// Beginnings without a letter have no script, and some cut letters apart that join.
+TEST_P(PlainText, BeginningsAreAsWideAsLinesOfTheirOwn) {
+    const auto characters = CharactersOf(font, GetParam().script);
+    int told = 0;
+    EXPECT_TRUE(rc::check([&] {
+        const std::string start = *rc::gen::element<std::string>("", "12 ", "..");
+        const std::string line = start + *AnyLine(characters) + "....";
+        std::vector<std::size_t> ends{0};
+        for (std::size_t place = 0; place < line.size(); ends.push_back(place))
+            desk::NextCharacter(line, place);
+        std::vector<int> widths;
+        if (!direct.SumPrefixWidths(font, line, ends, widths)) return;
+        ++told;
+        RC_ASSERT(widths.size() == ends.size());
+        for (std::size_t i = 0; i < ends.size(); ++i)
+            RC_ASSERT(widths[i] == layout.Shape(font, line.substr(0, ends[i])));
+    }));
+    EXPECT_GT(told, 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Fonts, PlainText, testing::ValuesIn(Cases()));
 
 TEST(PlainTextScan, TellsPlainLinesFromOthers) {

@@ -23,12 +23,23 @@ SetHandle PlainGlyphs(const ResolvedFont& font, hb_script_t script) {
     return glyphs;
 }
 
-/// What the walks along a line are for. A walk that need not see every glyph passes over the rest
-/// of equal ones, and one of prefixes makes sure of each beginning of a run of joining characters.
+/// How many bytes repeat the character that begins at the start and ends before the place. Dots are
+/// half of the characters of an index.
+std::size_t CountRepeats(std::string_view line, std::size_t start, std::size_t place) {
+    if (place != start + 1) return 0;
+    std::size_t end = place;
+    while (end < line.size() && line[end] == line[start]) ++end;
+    return end - place;
+}
+
+/// What the walks along a line are for. Visit tells of a glyph that begins at x, Repeat of further
+/// equal ones, each a step from the one before. A walk of prefixes makes sure of each beginning of
+/// a run of joining characters.
 struct ForWidth {
-    static constexpr bool kSeesAll = false;
+    static constexpr bool kTakesRepeats = true;
     static constexpr bool kChecksPrefixes = false;
     void Visit(const auto& /*character*/, int /*x*/, std::string_view /*bytes*/) {}
+    void Repeat(std::size_t /*count*/, int /*end*/, int /*step*/) {}
 };
 
 struct ForWidthInScript : ForWidth {
@@ -39,7 +50,7 @@ struct ForWidthInScript : ForWidth {
 };
 
 struct ForPrefixes {
-    static constexpr bool kSeesAll = true;
+    static constexpr bool kTakesRepeats = true;
     static constexpr bool kChecksPrefixes = true;
     std::span<const std::size_t> ends;
     std::vector<int>& widths;
@@ -49,22 +60,20 @@ struct ForPrefixes {
         place += bytes.size();
         TakeEndsHere(x + character.width);
     }
+    void Repeat(std::size_t count, int end, int step) {
+        for (; count > 0; --count) {
+            ++place;
+            TakeEndsHere(end += step);
+        }
+    }
     void TakeEndsHere(int width) {
         for (; !ends.empty() && ends.front() == place; ends = ends.subspan(1))
             widths.push_back(width);
     }
 };
 
-/// Passes over the bytes after the character that begins at the start which repeat it, and tells
-/// how many: dots are half of the characters of an index.
-int SkipRepeats(std::string_view line, std::size_t start, std::size_t& place) {
-    if (place != start + 1) return 0;
-    while (place < line.size() && line[place] == line[start]) ++place;
-    return static_cast<int>(place - start - 1);
-}
-
 struct ForGlyphs {
-    static constexpr bool kSeesAll = true;
+    static constexpr bool kTakesRepeats = false;
     static constexpr bool kChecksPrefixes = false;
     GlyphRun& run;
 
@@ -100,6 +109,7 @@ std::optional<int> PairTable::WidthInScript(std::string_view line) {
 bool PairTable::AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
                                 std::vector<int>& widths) {
     if (ends.empty()) return true;
+    widths.reserve(widths.size() + ends.size());
     ForPrefixes visitor{ends, widths};
     visitor.TakeEndsHere(0);
     return Walk(line, visitor) && visitor.ends.empty();
@@ -130,12 +140,18 @@ std::optional<int> PairTable::Walk(std::string_view line, Visitor&& visitor) {
             const std::int32_t pair = PairWidth(before, slot);
             if (pair == kShapedPair) return std::nullopt;
             pen += pair;
-            if constexpr (!For::kSeesAll)
-                if (slot == before && character.kind == Kind::Steady)
-                    pen += SkipRepeats(line, start, place) * (character.width + pair);
         }
         visitor.Visit(character, pen, line.substr(start, place - start));
         pen += character.width;
+        if constexpr (For::kTakesRepeats) {
+            if (slot == before && character.kind == Kind::Steady) {
+                const std::size_t repeats = CountRepeats(line, start, place);
+                const int step = character.width + PairWidth(slot, slot);
+                visitor.Repeat(repeats, pen, step);
+                pen += static_cast<int>(repeats) * step;
+                place += repeats;
+            }
+        }
         before = slot;
         if (character.kind == Kind::Joining) {
             if (runLength++ == 0) runStart = start;
