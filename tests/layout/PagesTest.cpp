@@ -10,7 +10,8 @@ using support::TestDesk;
 
 // A random gazetteer whose references are unique, so that a drawn row tells its listing.
 struct RandomGazetteer {
-    explicit RandomGazetteer(unsigned seed) : random(seed) {
+    explicit RandomGazetteer(unsigned seed, desk::DeskOptions options = {})
+        : random(seed), desk(std::move(options)) {
         std::vector<std::vector<std::string>> rows;
         const int count = Number(1, 160);
         for (int i = 0; i < count; ++i) rows.push_back({Name(), "r" + std::to_string(i)});
@@ -21,6 +22,8 @@ struct RandomGazetteer {
                                     (listingWidth + pageWidth + Number(0, 60)) / 10.0,
                                     Number(15, 60) / 10.0);
         desk.Column(element, "Page")->SetItem("Expression", std::string("[Ref]"));
+        if (Number(0, 1) == 1)
+            desk.Column(element, "Listing")->SetItem("Expression", std::string("[Listing]$$DOTS"));
         for (const char* column : {"Listing", "Page"}) {
             const auto set = desk.Column(element, column);
             set->SetItem("ColumnFontSymbol",
@@ -126,6 +129,28 @@ TEST(Pages, RandomGazetteersKeepTheirPromises) {
         EXPECT_EQ(all, listings);
     }
     EXPECT_GT(pagesSeen, 150);
+}
+
+// All pages as they are drawn, or what went wrong.
+std::string AllPages(RandomGazetteer& random) {
+    CVNGazetteerManager manager(random.desk.HostRef());
+    manager.SetIndexElement(random.element);
+    std::string pages = random.desk.Dialogs().LastCause();
+    for (std::int32_t page = 1; page <= manager.Working().pageCount; ++page) {
+        manager.SetIndexToPageNumber(page);
+        pages += random.desk.Dump(*random.element);
+    }
+    return pages;
+}
+
+TEST(Pages, QuickSizesChangeNothing) {
+    desk::DeskOptions plainSizes;
+    plainSizes.textSizes = desk::TextEngine::Ways::Plain;
+    for (unsigned seed = 101; seed <= 140; ++seed) {
+        RandomGazetteer quick(seed);
+        RandomGazetteer plain(seed, plainSizes);
+        ASSERT_EQ(AllPages(quick), AllPages(plain)) << "seed " << seed;
+    }
 }
 
 // Ten rows of one line each in a frame that takes four beside and below a title.

@@ -43,6 +43,7 @@ Desk::Desk(DeskOptions options)
     : locale_(std::make_shared<IcuLocale>(options.locale)),
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),
+      engine_(std::make_shared<TextEngine>(options.textSizes)),
       window_(std::move(options.window)),
       application_(
           MakeApplication({std::make_shared<const SessionListeners>(std::move(options.listeners)),

@@ -27,6 +27,7 @@ struct DeskOptions {
     SessionListeners listeners;
     ExpressionEngine::Editor expressionEditor;  ///< None: expressions cannot be edited.
     WindowServices window;
+    TextEngine::Ways textSizes = TextEngine::Ways::Quick;
 };
 
 /// The running host: makes every object of the desk and holds the one document that it works on.
@@ -96,7 +97,7 @@ private:
     host::Ref<host::IHostLocale> locale_;
     host::Ref<host::IHostDialogs> dialogs_;
     ExpressionEngine::Editor expressionEditor_;
-    std::shared_ptr<TextEngine> engine_ = std::make_shared<TextEngine>();
+    std::shared_ptr<TextEngine> engine_;
     host::Ref<host::IHostDevices> devices_ = std::make_shared<desk::Devices>();
     WindowServices window_;
     std::shared_ptr<CommandTable> commands_ = std::make_shared<CommandTable>();

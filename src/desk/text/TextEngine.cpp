@@ -72,6 +72,9 @@ TextBox Turned(const TextBox& box, double degrees) {
 }  // namespace
 
 struct TextEngine::State {
+    explicit State(Ways chosen) : ways(chosen) {}
+
+    Ways ways;
     FontCache fonts;
     DirectShaper direct;
     LayoutShaper layout{fonts.Context()};
@@ -87,6 +90,7 @@ struct TextEngine::State {
 
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
+        if (ways == Ways::Plain) return layout.Shape(font, line) / kUnitsPerPoint;
         if (const auto sum = direct.SumWidthAsBefore(font, line)) return *sum / kUnitsPerPoint;
         const auto script = PlainScript(line, font.plain);
         if (script)
@@ -141,7 +145,7 @@ struct TextEngine::State {
     }
 };
 
-TextEngine::TextEngine() : state_(std::make_unique<State>()) {}
+TextEngine::TextEngine(Ways ways) : state_(std::make_unique<State>(ways)) {}
 TextEngine::~TextEngine() = default;
 
 const ResolvedFont& TextEngine::Find(const FontSpec& spec) {
@@ -162,6 +166,7 @@ host::TextExtent TextEngine::Measure(const ResolvedFont& font, std::string_view 
 
 bool TextEngine::MeasurePrefixes(const ResolvedFont& font, std::string_view line,
                                  std::span<const std::size_t> ends, host::PrefixExtents& extents) {
+    if (state_->ways == Ways::Plain) return false;
     std::vector<int>& sums = state_->prefixSums;
     sums.clear();
     if (!state_->direct.SumPrefixWidths(font, line, ends, sums)) return false;

@@ -59,7 +59,11 @@ struct FontSubstitution {
 /// line takes its base direction from its first letter; alignment is always that of the page.
 class TextEngine {
 public:
-    TextEngine();
+    /// How sizes are found: every one by a full layout, or by whatever gives the same sooner. The
+    /// plain way is there to compare with.
+    enum class Ways { Plain, Quick };
+
+    explicit TextEngine(Ways ways = Ways::Quick);
     ~TextEngine();
 
     /// The font that a spec leads to; it stays valid for the engine's life. Equal specs have one.
