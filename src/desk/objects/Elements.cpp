@@ -59,6 +59,8 @@ void GroupElement::Add(const host::Ref<host::IHostElement>& element) {
                             element ? "A group cannot be a member of itself."
                                     : "A group cannot take in an element that is none.");
     }
+    // Most groups are cells, of a background and a text.
+    if (members_.empty()) members_.reserve(2);
     members_.push_back(element);
 }
 

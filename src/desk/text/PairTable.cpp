@@ -52,23 +52,23 @@ struct ForWidthInScript : ForWidth {
 struct ForPrefixes {
     static constexpr bool kTakesRepeats = true;
     static constexpr bool kChecksPrefixes = true;
-    std::span<const std::size_t> ends;
-    std::vector<int>& widths;
-    std::size_t place = 0;  // Bytes of the line walked.
+    const std::size_t* end;      // The next one of them,
+    const std::size_t* lastEnd;  // and where they end.
+    int* width;                  // Where its width goes.
+    std::size_t place = 0;       // Bytes of the line walked.
 
     void Visit(const auto& character, int x, std::string_view bytes) {
         place += bytes.size();
         TakeEndsHere(x + character.width);
     }
-    void Repeat(std::size_t count, int end, int step) {
+    void Repeat(std::size_t count, int pen, int step) {
         for (; count > 0; --count) {
             ++place;
-            TakeEndsHere(end += step);
+            TakeEndsHere(pen += step);
         }
     }
-    void TakeEndsHere(int width) {
-        for (; !ends.empty() && ends.front() == place; ends = ends.subspan(1))
-            widths.push_back(width);
+    void TakeEndsHere(int pen) {
+        for (; end != lastEnd && *end == place; ++end) *width++ = pen;
     }
 };
 
@@ -109,10 +109,11 @@ std::optional<int> PairTable::WidthInScript(std::string_view line) {
 bool PairTable::AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
                                 std::vector<int>& widths) {
     if (ends.empty()) return true;
-    widths.reserve(widths.size() + ends.size());
-    ForPrefixes visitor{ends, widths};
+    const std::size_t before = widths.size();
+    widths.resize(before + ends.size());
+    ForPrefixes visitor{ends.data(), ends.data() + ends.size(), widths.data() + before};
     visitor.TakeEndsHere(0);
-    return Walk(line, visitor) && visitor.ends.empty();
+    return Walk(line, visitor) && visitor.end == visitor.lastEnd;
 }
 
 std::optional<int> PairTable::Place(std::string_view line, GlyphRun& run) {
