@@ -2,16 +2,19 @@
 
 #include <algorithm>
 
-#include "layout/RowElements.h"
+#include "support/KnownCast.h"
 
 namespace gazetteer {
 
 std::vector<host::Ref<host::IHostElement>> MembersTagged(
     const host::IHostGroupElement& group, std::initializer_list<std::string_view> tags) {
     std::vector<host::Ref<host::IHostElement>> found;
+    KnownCast<host::IHostElementName> named;
     for (std::int32_t i = 0; i < group.Count(); ++i) {
         auto member = group.Item(i);
-        if (std::ranges::find(tags, std::string_view(TagOf(member))) != tags.end())
+        const auto* const name = named(member.get());
+        const std::string tag = name ? name->Name() : std::string();
+        if (std::ranges::find(tags, std::string_view(tag)) != tags.end())
             found.push_back(std::move(member));
     }
     return found;

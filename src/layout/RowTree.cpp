@@ -8,17 +8,6 @@ const char* GroupTag(RowKind kind) {
     return kind == RowKind::Break ? kBreakGroupTag : kRowGroupTag;
 }
 
-CellElements NewCell(host::IHost& host) {
-    CellElements elements{host.NewGroupElement(), host.NewRectangleElement(), host.NewEnvelope(),
-                          host.NewTextElement(), host.NewPoint()};
-    SetTag(elements.background, kColumnBackgroundTag);
-    SetTag(elements.text, kColumnTextTag);
-    SetTag(elements.cell, kColumnElementTag);
-    elements.cell->Add(elements.background);
-    elements.cell->Add(elements.text);
-    return elements;
-}
-
 }  // namespace
 
 std::string TagOf(const host::Ref<host::IHostElement>& element) {
@@ -26,9 +15,20 @@ std::string TagOf(const host::Ref<host::IHostElement>& element) {
     return named ? named->Name() : std::string();
 }
 
-RowElements NewRow(host::IHost& host, RowKind kind, std::size_t columns) {
+CellElements RowSource::NewCell(host::IHost& host) {
+    CellElements elements{host.NewGroupElement(), host.NewRectangleElement(), host.NewEnvelope(),
+                          host.NewTextElement(), host.NewPoint()};
+    nameOfBackground_(elements.background.get())->SetName(kColumnBackgroundTag);
+    nameOfText_(elements.text.get())->SetName(kColumnTextTag);
+    nameOfGroup_(elements.cell.get())->SetName(kColumnElementTag);
+    elements.cell->Add(elements.background);
+    elements.cell->Add(elements.text);
+    return elements;
+}
+
+RowElements RowSource::NewRow(host::IHost& host, RowKind kind, std::size_t columns) {
     RowElements row{host.NewGroupElement(), {}};
-    SetTag(row.group, GroupTag(kind));
+    nameOfGroup_(row.group.get())->SetName(GroupTag(kind));
     row.cells.reserve(columns);
     for (std::size_t i = 0; i < columns; ++i) {
         row.cells.push_back(NewCell(host));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/Host.h"
+#include "support/KnownCast.h"
 
 /// The element tree of a printed row. A row is a group with one cell per column, in display order;
 /// a cell is a group of a background and, on top of it, a text.
@@ -44,9 +45,6 @@ struct RowElements {
     std::vector<CellElements> cells;
 };
 
-/// A row of as many cells, tagged, without texts and places.
-RowElements NewRow(host::IHost& host, RowKind kind, std::size_t columns);
-
 /// Where a pass of layout gets its rows from. Drawing keeps each row that it places, and needs a
 /// new one every time. Numbering only asks for sizes, and fills one row of each kind again and
 /// again: the same elements filled by the same code have the same sizes, and making them anew is
@@ -61,8 +59,13 @@ public:
     const RowElements& Take(host::IHost& host, RowKind kind, std::size_t columns);
 
 private:
+    /// A row of as many cells, tagged, without texts and places.
+    RowElements NewRow(host::IHost& host, RowKind kind, std::size_t columns);
+    CellElements NewCell(host::IHost& host);
+
     Use use_;
     std::array<RowElements, 3> rows_;  ///< By kind.
+    KnownCast<host::IHostElementName> nameOfGroup_, nameOfBackground_, nameOfText_;
 };
 
 }  // namespace gazetteer

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <typeinfo>
+
+namespace gazetteer {
+
+/// Asks objects for another of their interfaces, as dynamic_cast does, but asks each class once: on
+/// classes with virtual bases that question costs more than making the object. Within an object of
+/// one class an interface always stands at the same place.
+///
+/// For one pass over objects: it must not outlive the library that a class comes from.
+template <class Wanted>
+class KnownCast {
+public:
+    /// Null for an object without the interface.
+    template <class Object>
+    Wanted* operator()(Object* object) {
+        if (!object) return nullptr;
+        auto* const whole = static_cast<std::byte*>(dynamic_cast<void*>(object));
+        const std::type_info* const type = &typeid(*object);
+        if (type != type_) {
+            auto* const wanted = dynamic_cast<Wanted*>(object);
+            type_ = type;
+            has_ = wanted != nullptr;
+            if (has_) offset_ = reinterpret_cast<std::byte*>(wanted) - whole;
+        }
+        return has_ ? reinterpret_cast<Wanted*>(whole + offset_) : nullptr;
+    }
+
+private:
+    const std::type_info* type_ = nullptr;  ///< Of the object asked last.
+    bool has_ = false;
+    std::ptrdiff_t offset_ = 0;
+};
+
+}  // namespace gazetteer
