@@ -5,6 +5,9 @@
 
 namespace desk {
 
+/// What the list of all folder connections is called.
+inline constexpr char kAllPlaces[] = "Folder Connections";
+
 /// A folder that is quick to reach.
 struct FolderPlace {
     QString name;

@@ -3,11 +3,9 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QSplitter>
 #include <QToolButton>
@@ -15,6 +13,7 @@
 
 #include "desk/window/DialogParent.h"
 #include "desk/window/FolderList.h"
+#include "desk/window/PlacesPanel.h"
 #include "desk/window/QtText.h"
 #include "desk/window/TablePreview.h"
 
@@ -22,7 +21,6 @@ namespace desk {
 
 namespace {
 
-constexpr char kTopLevel[] = "Folder Connections";
 constexpr char kTable[] = "dBASE Table";
 constexpr char kFolder[] = "Folder";
 constexpr char kConnection[] = "Folder Connection";
@@ -45,12 +43,14 @@ QStringList FileNames(const QStringList& paths) {
 
 TableChooser::TableChooser(const QString& startFolder, bool allowMultiSelect, QWidget* parent)
     : QDialog(parent),
-      placeList_(startFolder),
       address_(new QLineEdit(this)),
       up_(new QToolButton(this)),
-      places_(new QListWidget(this)),
-      addPlace_(new QPushButton("&Add Folder...", this)),
-      removePlace_(new QPushButton("&Remove", this)),
+      places_(new PlacesPanel(startFolder,
+                              {[this](const QString& path) { Enter(path); },
+                               [this] {
+                                   if (folder_.isEmpty()) Enter({});
+                               }},
+                              this)),
       list_(new FolderList(this)),
       preview_(new TablePreview(this)),
       name_(new QLineEdit(this)),
@@ -62,14 +62,13 @@ TableChooser::TableChooser(const QString& startFolder, bool allowMultiSelect, QW
     previewTimer_.setInterval(kPreviewDelay);
     LayOut();
     Wire();
-    FillPlaces();
     Enter(QFileInfo(startFolder).isDir() ? startFolder : QDir::homePath());
     list_->setFocus();
 }
 
 void TableChooser::LayOut() {
     auto* splitter = new QSplitter(this);
-    splitter->addWidget(PlacesColumn());
+    splitter->addWidget(places_);
     splitter->addWidget(list_);
     splitter->addWidget(preview_);
     splitter->setChildrenCollapsible(false);
@@ -109,27 +108,6 @@ QWidget* TableChooser::AddressRow() {
     return row;
 }
 
-QWidget* TableChooser::PlacesColumn() {
-    auto* column = new QWidget(this);
-    places_->setObjectName("places");
-    places_->setAccessibleName("Places");
-    places_->setTextElideMode(Qt::ElideMiddle);
-    places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    places_->setIconSize({icon, icon});
-    places_->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
-    addPlace_->setObjectName("addPlace");
-    removePlace_->setObjectName("removePlace");
-    addPlace_->setAutoDefault(false);
-    removePlace_->setAutoDefault(false);
-    auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(places_, 1);
-    layout->addWidget(addPlace_);
-    layout->addWidget(removePlace_);
-    return column;
-}
-
 QWidget* TableChooser::NameRow() {
     auto* row = new QWidget(this);
     auto* label = new QLabel("&Name:", row);
@@ -145,16 +123,10 @@ QWidget* TableChooser::NameRow() {
 
 void TableChooser::Wire() {
     // The dialog's order of making is not its reading order.
-    QWidget* const order[] = {address_, up_, places_, addPlace_, removePlace_, list_, name_};
-    for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+    const QList<QWidget*> order =
+        QList<QWidget*>{address_, up_} + places_->TabOrder() + QList<QWidget*>{list_, name_};
+    for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
     connect(up_, &QToolButton::clicked, this, &TableChooser::GoUp);
-    connect(places_, &QListWidget::itemActivated, this,
-            [this](QListWidgetItem* item) { Enter(item->data(Qt::UserRole).toString()); });
-    connect(places_, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { Enter(item->data(Qt::UserRole).toString()); });
-    connect(places_, &QListWidget::currentRowChanged, this, &TableChooser::UpdateButtons);
-    connect(addPlace_, &QPushButton::clicked, this, &TableChooser::AddPlace);
-    connect(removePlace_, &QPushButton::clicked, this, &TableChooser::RemovePlace);
     connect(list_, &QTreeWidget::itemActivated, this, &TableChooser::Activate);
     connect(list_, &QTreeWidget::itemSelectionChanged, this, &TableChooser::TakeSelection);
     connect(name_, &QLineEdit::textChanged, this, [this] {
@@ -165,37 +137,23 @@ void TableChooser::Wire() {
     connect(address_, &QLineEdit::returnPressed, this, &TableChooser::GoToAddress);
     // Return in these fields goes somewhere; it does not press OK as well.
     connect(buttons_, &QDialogButtonBox::accepted, this, [this] {
-        if (!address_->hasFocus() && !places_->hasFocus()) TakeName();
+        if (!address_->hasFocus() && !places_->TakesReturn()) TakeName();
     });
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
-}
-
-void TableChooser::FillPlaces() {
-    places_->clear();
-    const auto add = [this](const QString& name, const QString& path, QStyle::StandardPixmap icon,
-                            bool own) {
-        auto* item = new QListWidgetItem(style()->standardIcon(icon, nullptr, this), name, places_);
-        item->setData(Qt::UserRole, path);
-        item->setData(Qt::UserRole + 1, own);
-        item->setToolTip(path);
-    };
-    add(kTopLevel, {}, QStyle::SP_DriveNetIcon, false);
-    for (const FolderPlace& place : placeList_.List())
-        add(place.name, place.path, QStyle::SP_DirIcon, place.own);
-    UpdateButtons();
 }
 
 void TableChooser::Enter(const QString& folder) {
     const QString clean = folder.isEmpty() ? QString() : QDir::cleanPath(folder);
     if (clean.isEmpty()) {
-        list_->ShowPlaces(placeList_.List());
+        list_->ShowPlaces(places_->Places());
     } else if (!list_->ShowFolder(clean)) {
         Tell(QFileInfo(clean).isDir() ? "The folder " + clean + " cannot be read."
                                       : "There is no folder " + clean + ".");
         return;
     }
     folder_ = clean;
-    address_->setText(clean.isEmpty() ? QString(kTopLevel) : clean);
+    places_->SetFolder(clean);
+    address_->setText(clean.isEmpty() ? QString(kAllPlaces) : clean);
     note_->clear();
     if (list_->topLevelItemCount() > 0)
         list_->setCurrentItem(list_->topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
@@ -219,7 +177,7 @@ void TableChooser::Activate(const QTreeWidgetItem* item) {
 
 void TableChooser::GoToAddress() {
     const QString text = address_->text().trimmed();
-    if (text.isEmpty() || text == kTopLevel)
+    if (text.isEmpty() || text == kAllPlaces)
         Enter({});
     else if (!FollowPath(text))
         Tell("There is no folder " + text + ".");
@@ -247,26 +205,7 @@ void TableChooser::ShowPreview() {
         preview_->ShowText("Select a table to see its fields.");
 }
 
-void TableChooser::AddPlace() {
-    const QString path = QFileDialog::getExistingDirectory(
-        this, "Add Folder Connection", folder_.isEmpty() ? QDir::homePath() : folder_);
-    if (path.isEmpty()) return;
-    placeList_.Add(path);
-    FillPlaces();
-    Enter(path);
-}
-
-void TableChooser::RemovePlace() {
-    const QListWidgetItem* item = places_->currentItem();
-    if (item == nullptr) return;
-    placeList_.Remove(item->data(Qt::UserRole).toString());
-    FillPlaces();
-    if (folder_.isEmpty()) Enter({});
-}
-
 void TableChooser::UpdateButtons() {
-    const QListWidgetItem* place = places_->currentItem();
-    removePlace_->setEnabled(place != nullptr && place->data(Qt::UserRole + 1).toBool());
     up_->setEnabled(!folder_.isEmpty());
     buttons_->button(QDialogButtonBox::Ok)
         ->setEnabled(!name_->text().trimmed().isEmpty() || list_->SelectedFolder() != nullptr);

@@ -5,20 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "desk/window/FolderPlaces.h"
-
 class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
-class QListWidget;
-class QListWidgetItem;
-class QPushButton;
 class QToolButton;
 class QTreeWidgetItem;
 
 namespace desk {
 
 class FolderList;
+class PlacesPanel;
 class TablePreview;
 
 /// Something that was picked: a table, or the folder for a typed name.
@@ -40,11 +36,9 @@ public:
 private:
     void LayOut();
     QWidget* AddressRow();
-    QWidget* PlacesColumn();
     QWidget* NameRow();
     void Wire();
 
-    void FillPlaces();
     /// Shows a folder, or the folder connections for an empty path.
     void Enter(const QString& folder);
     void GoUp();
@@ -52,8 +46,6 @@ private:
     void GoToAddress();
     void TakeSelection();
     void ShowPreview();
-    void AddPlace();
-    void RemovePlace();
     void UpdateButtons();
 
     void TakeName();
@@ -63,16 +55,13 @@ private:
     void TakeTypedName(const QString& name);
     void Tell(const QString& text);
 
-    FolderPlaces placeList_;
     QString folder_;
     QTimer previewTimer_;
     std::vector<PickedObject> picked_;
     QString pickedName_;
     QLineEdit* address_;
     QToolButton* up_;
-    QListWidget* places_;
-    QPushButton* addPlace_;
-    QPushButton* removePlace_;
+    PlacesPanel* places_;
     FolderList* list_;
     TablePreview* preview_;
     QLineEdit* name_;

@@ -1,0 +1,98 @@
+#include "desk/window/PlacesPanel.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace desk {
+
+namespace {
+
+/// What an item holds besides its name.
+constexpr int kPath = Qt::UserRole;
+constexpr int kOwn = Qt::UserRole + 1;
+
+}  // namespace
+
+PlacesPanel::PlacesPanel(const QString& documentFolder, Listeners listeners, QWidget* parent)
+    : QWidget(parent),
+      places_(documentFolder),
+      listeners_(std::move(listeners)),
+      list_(new QListWidget(this)),
+      add_(new QPushButton("&Add Folder...", this)),
+      remove_(new QPushButton("&Remove", this)) {
+    list_->setObjectName("places");
+    list_->setAccessibleName("Places");
+    list_->setTextElideMode(Qt::ElideMiddle);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    list_->setIconSize({icon, icon});
+    list_->setMinimumWidth(fontMetrics().averageCharWidth() * 14);
+    add_->setObjectName("addPlace");
+    remove_->setObjectName("removePlace");
+    add_->setAutoDefault(false);
+    remove_->setAutoDefault(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(list_, 1);
+    layout->addWidget(add_);
+    layout->addWidget(remove_);
+
+    const auto go = [this](QListWidgetItem* item) { listeners_.go(item->data(kPath).toString()); };
+    connect(list_, &QListWidget::itemActivated, this, go);
+    connect(list_, &QListWidget::itemClicked, this, go);
+    connect(list_, &QListWidget::currentRowChanged, this, &PlacesPanel::UpdateButtons);
+    connect(add_, &QPushButton::clicked, this, &PlacesPanel::AddPlace);
+    connect(remove_, &QPushButton::clicked, this, &PlacesPanel::RemovePlace);
+    Fill();
+}
+
+QList<QWidget*> PlacesPanel::TabOrder() const {
+    return {list_, add_, remove_};
+}
+
+bool PlacesPanel::TakesReturn() const {
+    return list_->hasFocus();
+}
+
+void PlacesPanel::Fill() {
+    list_->clear();
+    const auto add = [this](const FolderPlace& place, QStyle::StandardPixmap icon) {
+        auto* item =
+            new QListWidgetItem(style()->standardIcon(icon, nullptr, this), place.name, list_);
+        item->setData(kPath, place.path);
+        item->setData(kOwn, place.own);
+        item->setToolTip(place.path);
+    };
+    add({kAllPlaces, {}, false}, QStyle::SP_DriveNetIcon);
+    for (const FolderPlace& place : places_.List()) add(place, QStyle::SP_DirIcon);
+    UpdateButtons();
+}
+
+void PlacesPanel::AddPlace() {
+    const QString path = QFileDialog::getExistingDirectory(
+        this, "Add Folder Connection", folder_.isEmpty() ? QDir::homePath() : folder_);
+    if (path.isEmpty()) return;
+    places_.Add(path);
+    Fill();
+    listeners_.changed();
+    listeners_.go(path);
+}
+
+void PlacesPanel::RemovePlace() {
+    const QListWidgetItem* item = list_->currentItem();
+    if (item == nullptr) return;
+    places_.Remove(item->data(kPath).toString());
+    Fill();
+    listeners_.changed();
+}
+
+void PlacesPanel::UpdateButtons() {
+    const QListWidgetItem* place = list_->currentItem();
+    remove_->setEnabled(place != nullptr && place->data(kOwn).toBool());
+}
+
+}  // namespace desk

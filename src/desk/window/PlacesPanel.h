@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "desk/window/FolderPlaces.h"
+
+class QListWidget;
+class QPushButton;
+
+namespace desk {
+
+/// The folder connections as a list beside the folder on show, with buttons to add one and to take
+/// one's own away again.
+class PlacesPanel : public QWidget {
+public:
+    struct Listeners {
+        std::function<void(const QString& path)> go;  ///< Empty: to the list of all of them.
+        std::function<void()> changed;                ///< One was added or removed.
+    };
+
+    PlacesPanel(const QString& documentFolder, Listeners listeners, QWidget* parent);
+
+    QList<FolderPlace> Places() const { return places_.List(); }
+    /// Where the search for a folder to add begins.
+    void SetFolder(const QString& folder) { folder_ = folder; }
+
+    /// Its parts in the order of the Tab key.
+    QList<QWidget*> TabOrder() const;
+    /// The list takes the Return key to go somewhere.
+    bool TakesReturn() const;
+
+private:
+    void Fill();
+    void AddPlace();
+    void RemovePlace();
+    void UpdateButtons();
+
+    FolderPlaces places_;
+    Listeners listeners_;
+    QString folder_;
+    QListWidget* list_;
+    QPushButton* add_;
+    QPushButton* remove_;
+};
+
+}  // namespace desk
