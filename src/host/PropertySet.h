@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -25,6 +26,13 @@ struct IHostPropertySet : virtual IHostClonable {
     virtual void SetItem(const std::string& name, Variant value) = 0;
     /// Takes a name out. Nothing happens for an absent name.
     virtual void RemoveItem(const std::string& name) = 0;
+};
+
+/// Names of a set without their values, which a property set may offer beside: among half a million
+/// texts their copies are most of what AllItems costs.
+struct IHostPropertyNames : virtual IHostObject {
+    /// In their order; at most so many.
+    virtual std::vector<std::string> FirstNames(std::size_t most) const = 0;
 };
 
 /// Makes deep copies: of a property set with all sets and symbols in it.

@@ -69,7 +69,7 @@ bool NeedsTopMostBreak(LayoutContext& context) try {
     if (!context.GetSettings().addStartingBreak) return false;
     for (LayoutColumn& column : context.Columns()) {
         if (!column.properties.breakColumn) continue;
-        const auto rows = NamesOf(*column.listings);
+        const auto rows = NamesOf(*column.listings, 1);
         if (!rows.empty() && !IsNumeric(context, BreakLetter(context, column, rows.front())))
             return true;
     }

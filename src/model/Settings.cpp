@@ -83,8 +83,12 @@ host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,
     return inner;
 }
 
-std::vector<std::string> NamesOf(const host::IHostPropertySet& set) {
-    return set.AllItems().names;
+std::vector<std::string> NamesOf(const host::IHostPropertySet& set, std::size_t most) {
+    if (const auto* own = dynamic_cast<const host::IHostPropertyNames*>(&set))
+        return own->FirstNames(most);
+    auto names = set.AllItems().names;
+    if (names.size() > most) names.resize(most);
+    return names;
 }
 
 }  // namespace gazetteer

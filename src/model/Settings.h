@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
+#include <vector>
 
 #include "host/Host.h"
 
@@ -90,7 +93,8 @@ void FillEmptySets(host::IHost& host, Settings& settings);
 host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,
                                            const std::string& name);
 
-/// Names of a set in its order.
-std::vector<std::string> NamesOf(const host::IHostPropertySet& set);
+/// Names of a set in its order; at most so many.
+std::vector<std::string> NamesOf(const host::IHostPropertySet& set,
+                                 std::size_t most = std::numeric_limits<std::size_t>::max());
 
 }  // namespace gazetteer

@@ -46,6 +46,13 @@ std::string Repeated(const std::string& text, int times) {
     return all;
 }
 
+/// The beginning of a set of texts.
+std::string ManyTexts(int count) {
+    std::string set = R"({"set":[)";
+    for (int i = 0; i < count; ++i) set += "[\"t" + std::to_string(i) + "\",\"\"],";
+    return set;
+}
+
 TEST(DamagedDocument, IsNamedWithPlaceAndFault) {
     const std::string text = R"({"kind":"text","tag":"","text":"","scaleWithPage":true,"symbol":)";
     const std::string font = R"({"font":{"name":"a","size":1,"bold":true},"color":{"rgb":)";
@@ -97,6 +104,11 @@ TEST(DamagedDocument, IsNamedWithPlaceAndFault) {
          " is damaged at page.elements[0].custom.set[0][0]: a text is expected."},
         {WithValue(R"({"set":[["a",1],["a",2]]})"),
          " is damaged at page.elements[0].custom.set[1]: the name \"a\" stands in the set twice."},
+        {WithValue(R"({"set":[["a","1"],["b",1],["a","2"]]})"),
+         " is damaged at page.elements[0].custom.set[2]: the name \"a\" stands in the set twice."},
+        {WithValue(ManyTexts(99) + R"(["t7",""]]})"),
+         " is damaged at page.elements[0].custom.set[99]: the name \"t7\" stands in the set "
+         "twice."},
         {WithValue(Repeated(R"({"set":[["a",)", 5000) + "1" + Repeated("]]}", 5000)),
          " is damaged: it is not JSON as a whole."}};
     const TemporaryFolder folder;

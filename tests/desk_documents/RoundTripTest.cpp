@@ -164,7 +164,9 @@ Variant AnyValue(int depth) {
     }
     const auto set = std::make_shared<desk::PropertySet>();
     const int count = *rc::gen::inRange(0, 8);
-    for (int i = 0; i < count; ++i) set->SetItem(*AnyText(), AnyValue(depth - 1));
+    const bool textsAlone = *rc::gen::arbitrary<bool>();
+    for (int i = 0; i < count; ++i)
+        set->SetItem(*AnyText(), textsAlone ? Variant(*AnyText()) : AnyValue(depth - 1));
     return Object(set);
 }
 
@@ -205,6 +207,11 @@ TEST(Document, GivesBackNotableValuesExactly) {
         set->SetItem(std::to_string(i), values[i]);
         ExpectRoundTrip(values[i], folder);
     }
+    ExpectRoundTrip(Object(set), folder);
+    // More than is written at a time.
+    const auto texts = std::make_shared<desk::PropertySet>();
+    for (int i = 0; i < 20'000; ++i) texts->SetItem(std::to_string(i), "text " + std::to_string(i));
+    set->SetItem("texts", Object(texts));
     ExpectRoundTrip(Object(set), folder);
 }
 

@@ -14,35 +14,52 @@ namespace {
 using desk::PropertySet;
 using host::Variant;
 
+using Model = std::vector<std::pair<std::string, Variant>>;
+
 struct Step {
-    bool remove;
-    int key;
+    int kind;
+    std::string name;
     int value;
 };
 
-/// Few keys and many steps, so that updates, removals and returns of a key are all common.
-rc::Gen<Step> AnyStep() {
-    return rc::gen::construct<Step>(rc::gen::weightedElement<bool>({{3, true}, {4, false}}),
-                                    rc::gen::inRange(0, 90), rc::gen::arbitrary<int>());
+constexpr int kNumber = 0;  // Below 0: stores a text.
+constexpr int kRemove = 1;
+constexpr int kCopy = 2;
+
+/// Few keys and many steps, so that updates, removals and returns of a key are all common. Up to
+/// the given kind; texts alone keep a set in packed form.
+rc::Gen<std::vector<Step>> Steps(int lastKind) {
+    return rc::gen::scale(
+        8.0, rc::gen::container<std::vector<Step>>(rc::gen::construct<Step>(
+                 rc::gen::inRange(-3, lastKind + 1),
+                 rc::gen::map(rc::gen::inRange(0, 90),
+                              [](int n) { return std::string(static_cast<std::size_t>(n), 'k'); }),
+                 rc::gen::inRange(0, 3))));
 }
 
-using Model = std::vector<std::pair<std::string, int>>;
+struct Pair {
+    std::shared_ptr<PropertySet> set = std::make_shared<PropertySet>();
+    Model model;
+};
 
-void Apply(const Step& step, PropertySet& set, Model& model) {
-    const std::string name = "key " + std::to_string(step.key);
+void Apply(const Step& step, Pair& pair) {
+    auto& model = pair.model;
     const auto known = std::find_if(model.begin(), model.end(),
-                                    [&](const auto& item) { return item.first == name; });
-    if (step.remove) {
-        set.RemoveItem(name);
+                                    [&](const auto& item) { return item.first == step.name; });
+    if (step.kind == kRemove) {
+        pair.set->RemoveItem(step.name);
         if (known != model.end()) model.erase(known);
         return;
     }
-    set.SetItem(name, std::int32_t{step.value});
-    if (known == model.end()) {
-        model.emplace_back(name, step.value);
-    } else {
-        known->second = step.value;
-    }
+    const Variant value = step.kind == kNumber
+                              ? Variant(std::int32_t{step.value})
+                              : Variant(std::string(static_cast<std::size_t>(step.value), 't'));
+    if (step.value == 0) RC_ASSERT(pair.set->Append(step.name, value) == (known == model.end()));
+    if (step.value != 0) pair.set->SetItem(step.name, value);
+    if (known == model.end())
+        model.emplace_back(step.name, value);
+    else if (step.value != 0)
+        known->second = value;
 }
 
 void ExpectSame(const PropertySet& set, const Model& model) {
@@ -52,21 +69,41 @@ void ExpectSame(const PropertySet& set, const Model& model) {
     RC_ASSERT(items.values.size() == model.size());
     for (std::size_t i = 0; i < model.size(); ++i) {
         RC_ASSERT(items.names[i] == model[i].first);
-        RC_ASSERT(std::get<std::int32_t>(items.values[i]) == model[i].second);
-        RC_ASSERT(std::get<std::int32_t>(set.Item(model[i].first)) == model[i].second);
+        RC_ASSERT(items.values[i] == model[i].second);
+        RC_ASSERT(set.Item(model[i].first) == model[i].second);
     }
+    const auto first = set.FirstNames(3);
+    RC_ASSERT(first.size() == std::min<std::size_t>(3, model.size()));
+    RC_ASSERT(std::equal(first.begin(), first.end(), items.names.begin()));
 }
 
-TEST(PropertySet, KeepsTheOrderOfFirstEntryThroughAnySteps) {
+TEST(PropertySet, AndItsCopiesKeepTheOrderOfFirstEntryThroughAnySteps) {
     EXPECT_TRUE(rc::check("order", [] {
-        const auto steps = *rc::gen::scale(8.0, rc::gen::container<std::vector<Step>>(AnyStep()));
-        PropertySet set;
-        Model model;
-        for (const Step& step : steps) Apply(step, set, model);
-        ExpectSame(set, model);
-        const auto copy = std::dynamic_pointer_cast<PropertySet>(set.Copy());
-        ExpectSame(*copy, model);
+        std::vector<Pair> pairs(1);
+        for (const int lastKind : {kCopy, kNumber - 1, kCopy}) {
+            for (const Step& step : *Steps(lastKind)) {
+                Pair& pair = pairs[*rc::gen::inRange<std::size_t>(0, pairs.size())];
+                if (step.kind != kCopy)
+                    Apply(step, pair);
+                else if (pairs.size() < 8)
+                    pairs.push_back(
+                        {std::dynamic_pointer_cast<PropertySet>(pair.set->Copy()), pair.model});
+            }
+            for (const Pair& pair : pairs) ExpectSame(*pair.set, pair.model);
+            pairs.resize(pairs.size() + 1);
+        }
     }));
+}
+
+TEST(TextItems, TellApartNamesWhoseHashesMeet) {
+    desk::TextItems texts;
+    constexpr std::size_t kNames = 400'000;  // Some 18 pairs with the same 32 bits.
+    for (std::size_t i = 0; i < kNames; ++i) texts.Add(std::to_string(i), "t" + std::to_string(i));
+    ASSERT_EQ(texts.IndexNames(), std::nullopt);
+    for (std::size_t i = 0; i < kNames; ++i)
+        ASSERT_EQ(texts.Find(std::to_string(i)), "t" + std::to_string(i));
+    texts.Add("399999", "");
+    EXPECT_EQ(texts.IndexNames(), kNames);
 }
 
 TEST(PropertySet, NamesAreBytesOfAnyKind) {
@@ -97,7 +134,7 @@ TEST(PropertySet, TakesAMillionKeysAndLosesThemFromTheFront) {
     const auto start = std::chrono::steady_clock::now();
     PropertySet set;
     constexpr int kKeys = 1'000'000;
-    for (int i = 0; i < kKeys; ++i) set.SetItem(std::to_string(i), std::int32_t{i});
+    for (int i = 0; i < kKeys; ++i) set.SetItem(std::to_string(i), std::to_string(i));
     for (int i = 0; i < kKeys - 1; ++i) set.RemoveItem(std::to_string(i));
     EXPECT_EQ(set.AllItems().names, std::vector<std::string>{std::to_string(kKeys - 1)});
     // A removal that moves the keys behind it would take hours.

@@ -14,6 +14,9 @@ namespace {
 /// Longer than any double or 64-bit integer in its shortest form.
 constexpr std::size_t kNumberRoom = 40;
 
+/// Handed to the sink at a time, about, in bytes.
+constexpr std::size_t kBlock = 1 << 16;
+
 /// A text's beginning, short and printable, to show which one is at fault.
 std::string Shown(std::string_view text) {
     std::string shown;
@@ -27,7 +30,18 @@ bool NeedsEscape(char c) {
 
 }  // namespace
 
+void JsonWriter::Flush() {
+    sink_(out_);
+    out_.clear();
+}
+
+void JsonWriter::Finish() {
+    out_ += '\n';
+    Flush();
+}
+
 void JsonWriter::Separate() {
+    if (out_.size() >= kBlock) Flush();
     if (comma_) out_ += ',';
     if (newLine_) out_ += '\n';
     comma_ = true;
@@ -107,10 +121,6 @@ void JsonWriter::Member(std::string_view key, bool flag) {
 void JsonWriter::Member(std::string_view key, std::int32_t number) {
     Key(key);
     Whole(number);
-}
-
-std::string JsonWriter::TakeResult() {
-    return std::exchange(out_, {});
 }
 
 void JsonWriter::Quote(std::string_view text) {

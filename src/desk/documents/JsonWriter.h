@@ -1,15 +1,25 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace desk {
 
-/// Writes JSON piece by piece, so that a large document never stands in memory as a tree. The
-/// caller sees to it that pieces come in an order that makes sense.
+/// Writes JSON piece by piece, so that a large document never stands in memory, neither as a tree
+/// nor as text. The caller sees to it that pieces come in an order that makes sense.
 class JsonWriter {
 public:
+    /// Takes the text as it comes, in blocks.
+    using Sink = std::function<void(std::string_view)>;
+
+    explicit JsonWriter(Sink sink) : sink_(std::move(sink)) {}
+
+    /// Ends the text with a line end, and hands over what there still is of it.
+    void Finish();
+
     void BeginObject();
     void EndObject();
     void BeginArray();
@@ -33,15 +43,14 @@ public:
     void Member(std::string_view key, bool flag);
     void Member(std::string_view key, std::int32_t number);
 
-    const std::string& Result() const { return out_; }
-    std::string TakeResult();
-
 private:
     void Separate();
+    void Flush();
     void Quote(std::string_view text);
     void Escape(char character);
 
-    std::string out_;
+    Sink sink_;
+    std::string out_;  ///< What the sink has not taken yet.
     bool comma_ = false;
     bool newLine_ = false;
 };

@@ -1,10 +1,14 @@
 #include "desk/documents/ValueReader.h"
 
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "desk/objects/PropertySet.h"
 #include "desk/objects/Symbols.h"
@@ -30,6 +34,45 @@ std::uint32_t ColorValue(const JsonNode& node) {
 
 Object NoObject(const JsonNode& node) {
     if (node.Type() != element_type::NULL_VALUE) node.Fail("null is expected");
+    return nullptr;
+}
+
+/// Hands each entry of a set to the visitor: the item, the name in it and the value.
+template <class Visitor>
+void EachEntry(const JsonNode& set, Visitor&& visitor) {
+    set.Each([&](const JsonNode& item) {
+        if (item.Count() != 2) item.Fail("a name and a value are expected");
+        std::string_view name;
+        item.Each([&](const JsonNode& part) {
+            if (name.data() == nullptr)
+                name = part.Text();
+            else
+                visitor(item, name, part);
+        });
+    });
+}
+
+[[noreturn]] void FailRepeated(const JsonNode& item, std::string_view name) {
+    item.Fail("the name \"" + std::string(name) + "\" stands in the set twice");
+}
+
+/// The entries of a set that holds texts alone; null for another one. Texts go straight from the
+/// parser's memory into that of the set.
+std::shared_ptr<TextItems> TextsIn(const JsonNode& node) {
+    auto texts = std::make_shared<TextItems>();
+    EachEntry(node, [&](const JsonNode&, std::string_view name, const JsonNode& value) {
+        if (!texts) return;
+        if (value.Type() == element_type::STRING && texts->HasRoomFor(name, value.Text()))
+            texts->Add(name, value.Text());
+        else
+            texts = nullptr;
+    });
+    const auto repeated = texts ? texts->IndexNames() : std::nullopt;
+    if (!repeated) return texts;
+    std::size_t position = 0;
+    EachEntry(node, [&](const JsonNode& item, std::string_view name, const JsonNode&) {
+        if (position++ == repeated) FailRepeated(item, name);
+    });
     return nullptr;
 }
 
@@ -88,18 +131,10 @@ host::Variant ValueReader::TaggedValue(const JsonNode& node) const {
 }
 
 Object ValueReader::Set(const JsonNode& node) const {
+    if (auto texts = TextsIn(node)) return std::make_shared<PropertySet>(std::move(texts));
     auto set = std::make_shared<PropertySet>();
-    set->Reserve(node.Count());
-    node.Each([&](const JsonNode& item) {
-        if (item.Count() != 2) item.Fail("a name and a value are expected");
-        std::string_view name;
-        item.Each([&](const JsonNode& part) {
-            if (name.data() == nullptr) {
-                name = part.Text();
-            } else if (!set->Append(name, Value(part))) {
-                item.Fail("the name \"" + std::string(name) + "\" stands in the set twice");
-            }
-        });
+    EachEntry(node, [&](const JsonNode& item, std::string_view name, const JsonNode& value) {
+        if (!set->Append(name, Value(value))) FailRepeated(item, name);
     });
     return set;
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "desk/objects/PropertySet.h"
 #include "host/Failure.h"
@@ -62,13 +63,15 @@ public:
         WriteNumber(writer_, value);
         writer_.EndObject();
     }
-    void operator()(const std::string& value) { writer_.Text(value); }
+    void operator()(std::string_view value) { writer_.Text(value); }
     void operator()(const host::Ref<host::IHostObject>& object);
 
 private:
     void Set(const host::IHostPropertySet& set);
     void SetItems(const host::IHostPropertySet& set);
-    void Item(const std::string& name, const host::Variant& value);
+    void Item(std::string_view name, const auto& value);
+    void Value(std::string_view value) { (*this)(value); }
+    void Value(const host::Variant& value) { std::visit(*this, value); }
 
     JsonWriter& writer_;
     int depth_ = 0;
@@ -112,19 +115,18 @@ void ValueWriter::Set(const host::IHostPropertySet& set) {
 
 void ValueWriter::SetItems(const host::IHostPropertySet& set) {
     if (const auto* own = dynamic_cast<const PropertySet*>(&set)) {
-        own->Visit(
-            [this](const std::string& name, const host::Variant& value) { Item(name, value); });
+        own->Visit([this](std::string_view name, const auto& value) { Item(name, value); });
         return;
     }
     const auto items = set.AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i) Item(items.names[i], items.values[i]);
 }
 
-void ValueWriter::Item(const std::string& name, const host::Variant& value) {
+void ValueWriter::Item(std::string_view name, const auto& value) {
     writer_.NewLine();
     writer_.BeginArray();
     writer_.Text(name);
-    std::visit(*this, value);
+    Value(value);
     writer_.EndArray();
 }
 

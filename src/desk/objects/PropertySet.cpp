@@ -1,8 +1,6 @@
 #include "desk/objects/PropertySet.h"
 
-#include <functional>
-#include <limits>
-#include <memory>
+#include <algorithm>
 #include <utility>
 
 #include "host/Failure.h"
@@ -10,12 +8,6 @@
 namespace desk {
 
 namespace {
-
-/// Removed entries that a set carries along before it looks whether it pays to close the gaps.
-constexpr std::size_t kFewGaps = 32;
-
-/// The part of the index that may be in use before it grows: dense, as sets of a run are large.
-constexpr float kFullestIndex = 0.8F;
 
 /// Far deeper than any stored setting; only a set that holds itself comes here.
 constexpr int kDeepestNesting = 100;
@@ -47,113 +39,105 @@ host::Variant CopyOf(const host::Variant& value) {
     return clonable ? host::Variant(clonable->Copy()) : value;
 }
 
+host::Variant VariantOf(std::string_view text) {
+    return std::string(text);
+}
+const host::Variant& VariantOf(const host::Variant& value) {
+    return value;
+}
+
 }  // namespace
 
-PropertySet::PropertySet() {
-    index_.max_load_factor(kFullestIndex);
+PropertySet::PropertySet() : texts_(std::make_shared<TextItems>()) {}
+
+PropertySet::PropertySet(std::shared_ptr<TextItems> texts) : texts_(std::move(texts)) {}
+
+// The packed texts, to write to: those shared with a copy are left to it.
+TextItems& PropertySet::OwnTexts() {
+    if (texts_.use_count() > 1) texts_ = std::make_shared<TextItems>(*texts_);
+    return *texts_;
 }
 
-std::size_t PropertySet::Hash::operator()(std::string_view name) const {
-    return std::hash<std::string_view>{}(name);
-}
-
-std::size_t PropertySet::Hash::operator()(std::uint32_t position) const {
-    return (*this)(std::string_view((*entries)[position].name));
-}
-
-bool PropertySet::Equal::operator()(std::uint32_t left, std::uint32_t right) const {
-    return (*entries)[left].name == (*entries)[right].name;
-}
-
-bool PropertySet::Equal::operator()(std::uint32_t position, std::string_view name) const {
-    return (*entries)[position].name == name;
-}
-
-bool PropertySet::Equal::operator()(std::string_view name, std::uint32_t position) const {
-    return (*entries)[position].name == name;
-}
-
-const PropertySet::Entry* PropertySet::Find(std::string_view name) const {
-    const auto found = index_.find(name);
-    return found == index_.end() ? nullptr : &entries_[*found];
+VariantItems& PropertySet::GeneralItems() {
+    if (items_) return *items_;
+    auto items = std::make_unique<VariantItems>();
+    items->Reserve(texts_->Count());
+    Visit([&](std::string_view name, const auto& value) { items->Append(name, VariantOf(value)); });
+    items_ = std::move(items);
+    texts_ = nullptr;
+    return *items_;
 }
 
 std::int32_t PropertySet::Count() const {
-    return static_cast<std::int32_t>(index_.size());
+    return static_cast<std::int32_t>(items_ ? items_->Count() : texts_->Count());
 }
 
 host::Variant PropertySet::Item(const std::string& name) const {
-    if (const Entry* entry = Find(name)) return entry->value;
+    if (items_) {
+        if (const auto* value = items_->Find(name)) return *value;
+    } else if (const auto text = texts_->Find(name)) {
+        return VariantOf(*text);
+    }
     throw host::Failure(host::kFailureNotFound, "PropertySet.Item",
                         "There is no property named \"" + name + "\".");
 }
 
 host::PropertyItems PropertySet::AllItems() const {
     host::PropertyItems items;
-    items.names.reserve(index_.size());
-    items.values.reserve(index_.size());
-    Visit([&](const std::string& name, const host::Variant& value) {
-        items.names.push_back(name);
-        items.values.push_back(value);
+    items.names.reserve(static_cast<std::size_t>(Count()));
+    items.values.reserve(static_cast<std::size_t>(Count()));
+    Visit([&](std::string_view name, const auto& value) {
+        items.names.emplace_back(name);
+        items.values.push_back(VariantOf(value));
     });
     return items;
 }
 
-void PropertySet::SetItem(const std::string& name, host::Variant value) {
-    const auto found = index_.find(std::string_view(name));
-    if (found == index_.end()) {
-        Append(name, std::move(value));
+std::vector<std::string> PropertySet::FirstNames(std::size_t most) const {
+    const std::size_t count = std::min(most, static_cast<std::size_t>(Count()));
+    std::vector<std::string> names;
+    names.reserve(count);
+    if (items_) {
+        items_->Visit([&](std::string_view name, const host::Variant&) {
+            if (names.size() < count) names.emplace_back(name);
+        });
     } else {
-        // The old value goes last: its destruction may reach back into this set.
-        std::swap(entries_[*found].value, value);
+        for (std::size_t i = 0; i < count; ++i) names.emplace_back(texts_->Name(i));
     }
+    return names;
+}
+
+void PropertySet::SetItem(const std::string& name, host::Variant value) {
+    if (const auto* text = std::get_if<std::string>(&value); text != nullptr && !items_) {
+        const auto known = texts_->Find(name);
+        if (known == *text) return;
+        if (!known && texts_->HasRoomFor(name, *text)) {
+            OwnTexts().Append(name, *text);
+            return;
+        }
+    }
+    GeneralItems().Set(name, std::move(value));
 }
 
 bool PropertySet::Append(std::string_view name, host::Variant value) {
-    if (entries_.size() >= std::numeric_limits<std::int32_t>::max()) {
-        throw host::Failure(host::kFailureOutOfMemory, "PropertySet.SetItem",
-                            "A property set is full.");
-    }
-    entries_.push_back({std::string(name), std::move(value), true});
-    bool isNew = false;
-    try {
-        isNew = index_.insert(static_cast<std::uint32_t>(entries_.size() - 1)).second;
-    } catch (...) {
-        entries_.pop_back();
-        throw;
-    }
-    if (!isNew) entries_.pop_back();
-    return isNew;
+    const auto* text = std::get_if<std::string>(&value);
+    if (!items_ && text != nullptr && texts_->HasRoomFor(name, *text))
+        return OwnTexts().Append(name, *text);
+    return GeneralItems().Append(name, std::move(value));
 }
 
 void PropertySet::RemoveItem(const std::string& name) {
-    const auto found = index_.find(std::string_view(name));
-    if (found == index_.end()) return;
-    const std::uint32_t position = *found;
-    index_.erase(found);
-    const Entry removed = std::exchange(entries_[position], Entry{{}, {}, false});
-    const std::size_t gaps = entries_.size() - index_.size();
-    if (gaps > kFewGaps && gaps > index_.size()) CloseGaps();
-}
-
-void PropertySet::CloseGaps() {
-    index_.clear();
-    std::erase_if(entries_, [](const Entry& entry) { return !entry.live; });
-    for (std::size_t position = 0; position < entries_.size(); ++position)
-        index_.insert(static_cast<std::uint32_t>(position));
-}
-
-void PropertySet::Reserve(std::size_t count) {
-    entries_.reserve(count);
-    index_.reserve(count);
+    if (items_ || texts_->Find(name)) GeneralItems().Remove(name);
 }
 
 host::Ref<host::IHostObject> PropertySet::Copy() const {
+    if (!items_) return std::make_shared<PropertySet>(texts_);
     const NestingGuard guard;
     auto copy = std::make_shared<PropertySet>();
-    copy->Reserve(index_.size());
-    Visit([&](const std::string& name, const host::Variant& value) {
-        copy->Append(name, CopyOf(value));
+    auto& items = copy->GeneralItems();
+    items.Reserve(items_->Count());
+    items_->Visit([&](std::string_view name, const host::Variant& value) {
+        items.Append(name, CopyOf(value));
     });
     return copy;
 }
