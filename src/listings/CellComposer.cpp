@@ -54,23 +54,20 @@ std::string CellComposer::Text(std::size_t columnIndex) {
 }
 
 std::string CellComposer::TextFromDatabase(const Column& column) {
-    tokens_["PAGE_NUMBER"] = page_;
-    tokens_["ROW"] = gridRow_;
-    tokens_["COLUMN"] = gridColumn_;
     return siblings_.expressionEngine->Evaluate(source_.databaseTable, row_, column.expression,
-                                                tokens_);
+                                                rawTokens_);
 }
 
 std::string CellComposer::TextFromIndexLayer(const Column& column) {
     const std::int32_t page = Number(page_, "Page");
     // A field that is not there counts as 0, which is neither corrected nor looked up on the grid.
     const bool labelled = grid_ && HasGridFields();
-    tokens_["PAGE_NUMBER"] = pageField_ >= 0 ? correction_.Corrected(page) : kNoNumber;
-    tokens_["ROW"] = labelled ? Label(gridRow_, true) : gridRow_;
-    tokens_["COLUMN"] = labelled ? Label(gridColumn_, false) : gridColumn_;
+    bookTokens_["PAGE_NUMBER"] = pageField_ >= 0 ? correction_.Corrected(page) : kNoNumber;
+    bookTokens_["ROW"] = labelled ? Label(gridRow_, true) : gridRow_;
+    bookTokens_["COLUMN"] = labelled ? Label(gridColumn_, false) : gridColumn_;
     const auto feature = siblings_.seriesManager->PageFeature(page);
     return siblings_.expressionEngine->Evaluate(source_.indexLayerTable, feature, column.expression,
-                                                tokens_);
+                                                bookTokens_);
 }
 
 host::Variant CellComposer::Label(const host::Variant& value, bool isRow) {

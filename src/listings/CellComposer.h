@@ -64,10 +64,12 @@ private:
     std::int32_t columnField_ = -1;
 
     host::Ref<host::IHostRow> row_;
-    host::Variant page_;
-    host::Variant gridRow_;
-    host::Variant gridColumn_;
-    host::TokenValues tokens_;
+    /// The tokens of columns from the database are the row's raw values, the same for all.
+    host::TokenValues rawTokens_;
+    host::Variant& page_ = rawTokens_["PAGE_NUMBER"];
+    host::Variant& gridRow_ = rawTokens_["ROW"];
+    host::Variant& gridColumn_ = rawTokens_["COLUMN"];
+    host::TokenValues bookTokens_;
 };
 
 }  // namespace gazetteer

@@ -1,6 +1,7 @@
 #include "listings/Combine.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,10 +16,12 @@ namespace {
 using host::IHostPropertySet;
 using host::Ref;
 
-// What makes a row the same as the row before it. The texts are joined with nothing between them.
+// What makes a row the same as the row before it: its texts, joined with nothing between them.
 struct RowTexts {
     std::string all;
-    std::string leading;  // Without the last column.
+    std::size_t leadingSize = 0;  // Without the last column.
+
+    std::string_view Leading() const { return std::string_view(all).substr(0, leadingSize); }
 };
 
 class ListingBuilder {
@@ -31,26 +34,27 @@ public:
             result_->SetItem(name, Ref<host::IHostObject>(sets_.back()));
         }
         cells_.resize(fields_.size());
+        head_.resize(fields_.size());
         separator_ =
             settings.combineWithNewLine ? std::string(kNewLineToken) : settings.combineDelimeter;
     }
 
     void Take(const host::IHostRow& row, RunReport& report) {
-        RowTexts texts = Read(row);
-        if (SameText(previous_.all, texts.all)) {
+        Read(row);
+        if (SameText(previous_.all, texts_.all)) {
             ++report.duplicates;
             return;
         }
         if (!MayCombine()) {
-            Begin(row.OID(), std::move(texts), report);
-        } else if (!haveHead_ || !SameText(previous_.leading, texts.leading)) {
+            Begin(row.OID(), report);
+        } else if (!haveHead_ || !SameText(previous_.Leading(), texts_.Leading())) {
             if (combined_) FinishCombination();
-            Begin(row.OID(), std::move(texts), report);
+            Begin(row.OID(), report);
         } else {
             Merge();
-            previous_ = std::move(texts);
             ++report.combined;
         }
+        std::swap(previous_, texts_);
     }
 
     // The listing that is still growing goes in as it stands: only the next one finishes it.
@@ -60,29 +64,30 @@ public:
     }
 
 private:
-    RowTexts Read(const host::IHostRow& row) {
-        RowTexts texts;
+    void Read(const host::IHostRow& row) {
+        texts_.all.clear();
         for (std::size_t i = 0; i < fields_.size(); ++i) {
             cells_[i] = ToText(row.Value(fields_[i]), host_.Locale());
-            if (i + 1 == fields_.size()) texts.leading = texts.all;
-            texts.all += cells_[i];
+            texts_.leadingSize = texts_.all.size();
+            texts_.all += cells_[i];
         }
-        return texts;
     }
 
-    bool SameText(const std::string& text1, const std::string& text2) {
-        return text1 == text2 || host_.Locale().CompareText(text1, text2) == 0;
+    bool SameText(std::string_view text1, std::string_view text2) {
+        if (text1 == text2) return true;
+        compared1_ = text1;
+        compared2_ = text2;
+        return host_.Locale().CompareText(compared1_, compared2_) == 0;
     }
 
     bool MayCombine() const { return fields_.size() >= 2 && settings_.combineListings; }
 
-    void Begin(std::int32_t oid, RowTexts texts, RunReport& report) {
+    void Begin(std::int32_t oid, RunReport& report) {
         StoreHead();
         headKey_ = std::to_string(oid);
-        head_ = cells_;
+        std::swap(head_, cells_);  // The cells are read anew for the next row.
         haveHead_ = true;
         combined_ = false;
-        previous_ = std::move(texts);
         ++report.listings;
     }
 
@@ -120,7 +125,9 @@ private:
     std::string headKey_;
     bool haveHead_ = false;
     bool combined_ = false;  // In first-and-last mode: the head has taken in a further row.
+    RowTexts texts_;         // Of the row just read.
     RowTexts previous_;      // Of the last row that was no duplicate.
+    std::string compared1_, compared2_;  // Kept for their storage.
 };
 
 }  // namespace

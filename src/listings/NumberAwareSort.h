@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "host/Host.h"
+#include "host/SortPreparation.h"
 #include "listings/NumberTokens.h"
 
 namespace gazetteer {
@@ -10,7 +11,8 @@ namespace gazetteer {
 /// Orders texts by the numbers in them: "AVE 2" before "AVE 10". Every field of the index table is
 /// text, and all sort columns go through this one comparison; it alone decides the order of the
 /// listings. It is no strict order: numbers, letters and mixed texts can form a circle.
-class clsTableSortNumberAware : public host::ITableSortCallBack {
+class clsTableSortNumberAware : public host::ITableSortCallBack,
+                                public host::ITableSortPreparation {
 public:
     explicit clsTableSortNumberAware(host::IHost& host) : host_(host), tokenizer_(host.Locale()) {}
 
@@ -18,6 +20,11 @@ public:
     /// the comparison failed. The field does not matter.
     std::int32_t Compare(const host::Variant& value1, const host::Variant& value2,
                          std::int32_t fieldIndex, std::int32_t fieldSortIndex) override;
+
+    /// Null, and no dialog, where some value has no text: Compare tells of it when it gets there.
+    host::Ref<host::IPreparedValues> Prepare(const host::SortValues& values,
+                                             std::int32_t fieldIndex,
+                                             std::int32_t fieldSortIndex) override;
 
 private:
     std::int32_t CompareStringsWithNumbers(const host::Variant& value1,

@@ -1,69 +1,66 @@
 #include "listings/NumberTokens.h"
 
-#include "support/Text.h"
+#include <cmath>
+#include <utility>
 
 namespace gazetteer {
+namespace {
+
+bool IsDigit(const std::string& character, host::IHostLocale& locale) {
+    const char first = character[0];
+    if (character.size() == 1) return first >= '0' && first <= '9';
+    return locale.ParseNumber(character).has_value();
+}
+
+}  // namespace
 
 const NumberTokens& NumberTokenizer::Tokens(const std::string& text) {
-    const auto [entry, isNew] = texts_.try_emplace(text);
-    if (isNew) entry->second = Split(text, false);
-    return entry->second;
-}
-
-NumberTokens NumberTokenizer::Split(const std::string& text, bool separated) {
+    const auto known = texts_.find(text);
+    if (known != texts_.end()) return known->second;
     NumberTokens tokens;
-    if (text.empty()) return tokens;
-    for (const std::string& piece : gazetteer::Split(text, ' '))
-        tokens.push_back(Token(piece, separated));
-    return tokens;
+    Split(text, [&](const NumberToken* token) { tokens.push_back(token); });
+    return texts_.emplace(text, std::move(tokens)).first->second;
 }
 
-const NumberToken* NumberTokenizer::Token(const std::string& text, bool separated) {
-    auto& words = separated ? separatedWords_ : words_;
-    const auto known = words.find(text);
-    if (known != words.end()) return known->second;
-
+const NumberToken* NumberTokenizer::AddToken(const std::string& text, Words& words) {
     NumberToken token;
-    token.containsNumber = ContainsNumber(text);
-    if (token.containsNumber) {
+    if (ContainsNumber(text, locale_)) {
         const auto number = locale_.ParseNumber(text);
-        token.numeric = number.has_value();
+        token.numeric =
+            number.has_value() && !std::isnan(*number);  // NaN has no place in an order.
         token.value = number.value_or(0);
         // Separated pieces are numbers or hold no digit, so they need not be taken apart again.
-        if (!separated) token.separated = Split(SeparateNumbers(text), true);
+        if (&words == &words_)
+            Split(SeparateNumbers(text, locale_), pieces_,
+                  [&](const NumberToken* piece) { token.separated.push_back(piece); });
     }
     token.key = locale_.CollationKey(text);
+    token.number = static_cast<std::uint32_t>(tokens_.size());
     return words.emplace(text, &tokens_.emplace_back(std::move(token))).first->second;
 }
 
-bool NumberTokenizer::IsDigit(const std::string& character) {
-    const char first = character[0];
-    if (character.size() == 1) return first >= '0' && first <= '9';
-    return locale_.ParseNumber(character).has_value();
-}
-
-bool NumberTokenizer::ContainsNumber(const std::string& text) {
-    std::size_t at = 0;
-    for (const std::size_t length : locale_.Characters(text)) {
-        if (IsDigit(text.substr(at, length))) return true;
-        at += length;
-    }
-    return false;
-}
-
-std::string NumberTokenizer::SeparateNumbers(const std::string& text) {
+std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale) {
     std::string result;
     bool previousIsDigit = false;
     std::size_t at = 0;
-    for (const std::size_t length : locale_.Characters(text)) {
+    for (const std::size_t length : locale.Characters(text)) {
         const std::string character = text.substr(at, length);
-        const bool isDigit = IsDigit(character);
+        const bool isDigit = IsDigit(character, locale);
         if (isDigit != previousIsDigit && at > 0) result += ' ';
         result += character;
         previousIsDigit = isDigit;
         at += length;
     }
     return result;
+}
+
+bool ContainsNumber(const std::string& text, host::IHostLocale& locale) {
+    std::size_t at = 0;
+    for (const std::size_t length : locale.Characters(text)) {
+        if (IsDigit(text.substr(at, length), locale)) return true;
+        at += length;
+    }
+    return false;
 }
 
 }  // namespace gazetteer

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -11,10 +14,10 @@ namespace gazetteer {
 
 /// A piece of text between single blanks, with all that ordering asks of it.
 struct NumberToken {
-    bool numeric = false;         ///< The number parser accepts the whole token.
-    bool containsNumber = false;  ///< Some character of it is a digit.
-    double value = 0;             ///< Of a numeric token.
-    std::string key;              ///< Collation key.
+    std::uint32_t number = 0;  ///< Its place among the tokens of its tokenizer.
+    bool numeric = false;      ///< The number parser accepts the whole token.
+    double value = 0;          ///< Of a numeric token.
+    std::string key;           ///< Collation key.
     /// Of a token that contains a number: its pieces once digits and other characters are apart.
     std::vector<const NumberToken*> separated;
 };
@@ -28,26 +31,55 @@ class NumberTokenizer {
 public:
     explicit NumberTokenizer(host::IHostLocale& locale) : locale_(locale) {}
 
-    /// The tokens of a text. Two blanks in a row give an empty token between them, a blank at
-    /// either end one there; an empty text has none.
+    /// The tokens of a text, which is kept with them.
     const NumberTokens& Tokens(const std::string& text);
 
-    /// One blank at every change between digits and other characters: "A12B" becomes "A 12 B".
-    std::string SeparateNumbers(const std::string& text);
+    /// Hands out the tokens of a text. Two blanks in a row give an empty token between them, a
+    /// blank at either end one there; an empty text has none.
+    template <class Take>
+    void Split(std::string_view text, const Take& take) {
+        Split(text, words_, take);
+    }
 
-    /// Any single character of the text is a digit.
-    bool ContainsNumber(const std::string& text);
+    /// All tokens so far, pieces included, by their numbers.
+    const std::deque<NumberToken>& All() const { return tokens_; }
 
 private:
-    NumberTokens Split(const std::string& text, bool separated);
-    const NumberToken* Token(const std::string& text, bool separated);
-    bool IsDigit(const std::string& character);
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+    using Words = std::unordered_map<std::string, const NumberToken*, Hash, std::equal_to<>>;
+
+    template <class Take>
+    void Split(std::string_view text, Words& words, const Take& take) {
+        if (text.empty()) return;
+        for (std::size_t end = text.find(' '); end != std::string_view::npos;
+             end = text.find(' ')) {
+            take(Token(text.substr(0, end), words));
+            text.remove_prefix(end + 1);
+        }
+        take(Token(text, words));
+    }
+    const NumberToken* Token(std::string_view text, Words& words) {
+        const auto known = words.find(text);
+        return known != words.end() ? known->second : AddToken(std::string(text), words);
+    }
+    const NumberToken* AddToken(const std::string& text, Words& words);
 
     host::IHostLocale& locale_;
     std::unordered_map<std::string, NumberTokens> texts_;
-    std::unordered_map<std::string, const NumberToken*> words_;
-    std::unordered_map<std::string, const NumberToken*> separatedWords_;
+    Words words_;
+    Words pieces_;
     std::deque<NumberToken> tokens_;
 };
+
+/// One blank at every change between digits and other characters: "A12B" becomes "A 12 B".
+std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale);
+
+/// Any single character of the text is a digit.
+bool ContainsNumber(const std::string& text, host::IHostLocale& locale);
 
 }  // namespace gazetteer

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "desk/tables/PlainObjects.h"
 #include "desk/tables/Scratch.h"
@@ -48,6 +49,42 @@ TEST_F(ScratchTest, GivesBackWhatWasPutIn) {
     EXPECT_EQ(second->Value(1), host::Variant(longText));
     EXPECT_THROW(first->Value(2), host::Failure);
     EXPECT_THROW(buffer->SetValue(-1, true), host::Failure);
+}
+
+TEST_F(ScratchTest, KeepsEveryKindOfValueApart) {
+    const auto object = std::make_shared<Identifier>();
+    const std::vector<host::Variant> values = {host::Empty{},
+                                               host::Null{},
+                                               true,
+                                               std::int16_t{-7},
+                                               std::int32_t{-70000},
+                                               -0.125,
+                                               std::string("a\0b", 3),
+                                               std::string(20000, 'y'),
+                                               host::Ref<host::IHostObject>(object)};
+    const auto table = Create();
+    const auto insert = table->Insert(true);
+    const auto held = table->CreateRowBuffer();
+    held->SetValue(1, std::string("held"));
+    const std::size_t count = 5000;  // More than a block of cells and a chunk of texts.
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto buffer = table->CreateRowBuffer();
+        EXPECT_EQ(buffer->Value(1), host::Variant());
+        EXPECT_EQ(buffer->OID(), -1);
+        buffer->SetValue(1, i % 9 == 6 ? std::string(i % 400, 'x') : values[i % 9]);
+        insert->InsertRow(buffer);
+    }
+    EXPECT_EQ(held->Value(1), host::Variant(std::string("held")));
+
+    std::vector<host::Ref<host::IHostRow>> kept;
+    const auto rows = table->Search(nullptr, false);
+    while (auto row = rows->NextRow()) kept.push_back(row);
+    ASSERT_EQ(kept.size(), count);
+    for (std::size_t i = 0; i < count; ++i) {
+        EXPECT_EQ(kept[i]->OID(), static_cast<std::int32_t>(i) + 1);
+        EXPECT_EQ(kept[i]->Value(1),
+                  i % 9 == 6 ? host::Variant(std::string(i % 400, 'x')) : values[i % 9]);
+    }
 }
 
 TEST_F(ScratchTest, TablesAreListedAndDeleted) {

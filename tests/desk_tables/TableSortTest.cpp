@@ -23,7 +23,7 @@ struct Callback : host::ITableSortCallBack {
     explicit Callback(Compared answer) : compare(std::move(answer)) {}
     std::int32_t Compare(const host::Variant& value1, const host::Variant& value2,
                          std::int32_t fieldIndex, std::int32_t fieldSortIndex) override {
-        asked.push_back({fieldIndex, fieldSortIndex});
+        asked.emplace_back(fieldIndex, fieldSortIndex);
         return compare(std::get<std::string>(value1), std::get<std::string>(value2));
     }
     Compared compare;

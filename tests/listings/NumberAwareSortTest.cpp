@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "listings/NumberAwareSort.h"
 #include "support/TestDesk.h"
@@ -51,6 +54,103 @@ TEST_F(NumberAwareSort, PairsOfTexts) {
             << c.first << " / " << c.second;
         EXPECT_EQ(Compare(std::string(c.second), std::string(c.first)), -c.order)
             << c.second << " / " << c.first;
+    }
+}
+
+// Texts of few words, so that many are alike: numbers, letters and both in one, in several
+// alphabets, with blanks in odd places. They form ties and circles.
+std::string RandomText(std::mt19937& random) {
+    static const char* const kPieces[] = {"a",   "A",   "b",       "ab", "é",    "E",     "ж",
+                                          "Ж",   "中",  "e\u0301", "9",  "10",   "9a",    "a9",
+                                          "a10", "10B", "007",     "7",  "1.5",  "1,000", "٣",
+                                          "٢٢",  "٣a",  "-",       "",   "\xFF", "1E5",   "A12B9"};
+    std::string text;
+    for (std::size_t words = random() % 7; words > 0; --words) {
+        text += kPieces[random() % std::size(kPieces)];
+        if (random() % 5 != 0) text += ' ';
+    }
+    return text;
+}
+
+class Texts : public host::SortValues {
+public:
+    explicit Texts(std::vector<std::string> texts) : texts_(std::move(texts)) {}
+    std::uint32_t Count() const override { return static_cast<std::uint32_t>(texts_.size()); }
+    const host::Variant& Value(std::uint32_t position, host::Variant& storage) const override {
+        return storage = texts_[position];
+    }
+
+private:
+    std::vector<std::string> texts_;
+};
+
+TEST_F(NumberAwareSort, PreparedTextsCompareAsTheTextsDo) {
+    std::mt19937 random(11);
+    std::vector<std::string> texts;
+    for (int i = 0; i < 700; ++i) texts.push_back(RandomText(random));
+    const auto prepared = callback_.Prepare(Texts(texts), 0, 0);
+    ASSERT_NE(prepared, nullptr);
+    std::size_t decided = 0;
+    for (std::uint32_t i = 0; i < texts.size(); ++i) {
+        for (std::uint32_t j = 0; j < texts.size(); ++j) {
+            const std::int32_t order = Compare(texts[i], texts[j]);
+            const auto lead = prepared->Lead(i).Decide(prepared->Lead(j));
+            ASSERT_EQ(prepared->Compare(i, j), order) << texts[i] << " / " << texts[j];
+            ASSERT_EQ(lead.value_or(order), order) << texts[i] << " / " << texts[j];
+            decided += lead ? 1 : 0;
+        }
+    }
+    EXPECT_GT(decided, texts.size() * texts.size() / 4);  // Else leads would be of no use.
+}
+
+// A callback as other hosts see it.
+struct OnlyCompare : host::ITableSortCallBack {
+    explicit OnlyCompare(host::IHost& host) : callback(host) {}
+    std::int32_t Compare(const host::Variant& value1, const host::Variant& value2,
+                         std::int32_t fieldIndex, std::int32_t fieldSortIndex) override {
+        return callback.Compare(value1, value2, fieldIndex, fieldSortIndex);
+    }
+    clsTableSortNumberAware callback;
+};
+
+TEST_F(NumberAwareSort, PreparationChangesNoOrderAndNoDialog) {
+    std::mt19937 random(12);
+    for (int round = 0; round < 60; ++round) {
+        auto fields = desk_.Host().NewFields();
+        fields->SetFieldCount(2);
+        for (const std::int32_t i : {0, 1}) {
+            auto field = desk_.Host().NewField();
+            field->SetName(i == 0 ? "A" : "B");
+            field->SetType(host::kFieldTypeText);
+            fields->SetField(i, field);
+        }
+        const auto table =
+            desk_.Host().NewScratchWorkspaceFactory()->CreateWorkspace()->CreateTable(
+                "T", fields, nullptr, nullptr, "");
+        const auto insert = table->Insert(true);
+        for (std::size_t rows = random() % 300; rows > 0; --rows) {
+            const auto row = table->CreateRowBuffer();
+            row->SetValue(0, RandomText(random));
+            row->SetValue(1, RandomText(random));
+            // Some fields hold a value that has no text.
+            if (round % 4 == 3 && random() % 50 == 0) row->SetValue(round % 8 / 4, host::Null{});
+            insert->InsertRow(row);
+        }
+        const auto order = [&](const host::Ref<host::ITableSortCallBack>& callback) {
+            desk_.Dialogs().messages.clear();
+            const auto sort = desk_.Host().NewTableSort();
+            sort->SetFields("A,B");
+            sort->SetAscending("A", round % 2 == 0);
+            sort->SetCallback(callback);
+            sort->SetTable(table);
+            sort->Sort(nullptr);
+            std::vector<std::int32_t> oids;
+            const auto rows = sort->Rows();
+            while (const auto row = rows->NextRow()) oids.push_back(row->OID());
+            return std::pair(oids, desk_.Dialogs().messages.size());
+        };
+        EXPECT_EQ(order(std::make_shared<clsTableSortNumberAware>(desk_.Host())),
+                  order(std::make_shared<OnlyCompare>(desk_.Host())));
     }
 }
 

@@ -89,6 +89,14 @@ const Expression& ExpressionEngine::Compile(const host::Ref<host::IHostTable>& t
     return recent_.front().expression;
 }
 
+void ExpressionEngine::AppendText(std::string& result, host::Variant&& value) {
+    auto* const text = std::get_if<std::string>(&value);
+    if (text != nullptr && result.empty())
+        result = std::move(*text);  // Most cells begin with a field, or are nothing else.
+    else
+        AppendText(result, value);
+}
+
 void ExpressionEngine::AppendText(std::string& result, const host::Variant& value) {
     std::visit(Overloaded{[](host::Empty) {}, [](host::Null) {},
                           [&](bool flag) { result += flag ? "True" : "False"; },

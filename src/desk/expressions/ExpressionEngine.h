@@ -46,6 +46,7 @@ private:
     };
     const Expression& Compile(const host::Ref<host::IHostTable>& table, const std::string& text);
     void AppendText(std::string& result, const host::Variant& value);
+    void AppendText(std::string& result, host::Variant&& value);
 
     host::Ref<host::IHostLocale> locale_;
     Editor editor_;

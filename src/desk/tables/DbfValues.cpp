@@ -52,6 +52,8 @@ std::string_view Trimmed(std::string_view text) {
 
 std::string_view UpToZeros(std::string_view text) {
     text = text.substr(0, text.find('\0'));
+    constexpr std::string_view kBlanks = "        ";  // Fields are padded, most by far more.
+    while (text.ends_with(kBlanks)) text.remove_suffix(kBlanks.size());
     while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
     return text;
 }

@@ -5,9 +5,12 @@
 #include <vector>
 
 #include "desk/tables/FieldNames.h"
+#include "desk/tables/ScratchCells.h"
 #include "host/Tables.h"
 
 namespace desk {
+
+class ScratchBuffer;
 
 /// A table in memory. Text longer than its field is kept whole. Rows are numbered from 1 as they
 /// are inserted; fields of the identifier type show that number.
@@ -25,29 +28,32 @@ public:
 
     const std::string& Name() const { return name_; }
     std::size_t RowCount() const { return rowCount_; }
-    std::size_t FieldCount() const { return isObjectId_.size(); }
-    /// The stored value itself; it stays where it is for the life of the table. Row and field
-    /// count from 0 and must exist.
-    const host::Variant& Cell(std::size_t row, std::size_t field) const {
-        const std::size_t cell = row * FieldCount() + field;
-        return blocks_[cell / kBlockCells][cell % kBlockCells];
-    }
+    std::size_t FieldCount() const { return slots_.size(); }
+    /// A stored value. Row and field count from 0 and must exist.
+    host::Variant Value(std::size_t row, std::size_t field) const;
+    /// The same put into the storage.
+    const host::Variant& Value(std::size_t row, std::size_t field, host::Variant& storage) const;
+    /// Brings the rows that stand at the positions from the one in an order given, which is read
+    /// next, nearer to the processor.
+    void LookAhead(const std::vector<std::uint32_t>& order, std::size_t next) const;
     /// Rows in an order given by their positions from 0.
     host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order, bool recycling);
 
 private:
     friend class ScratchInsertCursor;
-    static constexpr std::size_t kBlockCells = 1024;
+    static constexpr std::size_t kObjectId = static_cast<std::size_t>(-1);
 
     void Append(const host::Ref<host::IHostRow>& buffer);
 
     std::string name_;
     host::Ref<host::IHostFields> fields_;
     FieldNames names_;
-    std::vector<bool> isObjectId_;  ///< By field.
+    /// Place of a field among the stored values of a row, or kObjectId.
+    std::vector<std::size_t> slots_;
+    std::size_t slotCount_ = 0;
     std::size_t rowCount_ = 0;
-    /// Blocks that never move; every one but the last is full.
-    std::vector<std::unique_ptr<host::Variant[]>> blocks_;
+    ScratchCells cells_;
+    host::Ref<ScratchBuffer> buffer_;  ///< The last one handed out.
 };
 
 /// Tables that live as long as someone holds them.

@@ -21,7 +21,7 @@ host::Variant ScratchRow::Value(std::int32_t index) const {
     if (index < 0 || static_cast<std::size_t>(index) >= table_->FieldCount())
         Fail(host::kFailureNotFound,
              "The table " + table_->Name() + " has no field number " + std::to_string(index) + ".");
-    return table_->Cell(row_, static_cast<std::size_t>(index));
+    return table_->Value(row_, static_cast<std::size_t>(index));
 }
 
 void ScratchRow::SetValue(std::int32_t, host::Variant) {
@@ -32,6 +32,7 @@ void ScratchRow::SetValue(std::int32_t, host::Variant) {
 host::Ref<host::IHostRow> ScratchReadCursor::NextRow() {
     if (next_ >= (isOrdered_ ? order_.size() : table_->RowCount())) return nullptr;
     const std::size_t position = isOrdered_ ? order_[next_] : next_;
+    if (isOrdered_) table_->LookAhead(order_, next_);
     ++next_;
     if (!row_ || !recycling_)
         row_ = std::make_shared<ScratchRow>(table_, position);

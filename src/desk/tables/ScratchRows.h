@@ -19,6 +19,11 @@ public:
     }
     /// -1 until the row is inserted.
     std::int32_t OID() const override { return oid_; }
+    /// As it was made.
+    void Clear() {
+        values_.assign(values_.size(), host::Variant());
+        oid_ = -1;
+    }
     void SetOID(std::int32_t oid) { oid_ = oid; }
     const std::vector<host::Variant>& Values() const { return values_; }
 

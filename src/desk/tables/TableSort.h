@@ -6,14 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "desk/tables/SortKey.h"
+#include "desk/tables/SortRows.h"
 #include "host/Tables.h"
 
 namespace desk {
 
-struct SortSource;
-
-/// Orders rows by the answers of a callback with a stable merge sort. It asks about n log n pairs
-/// and ends whatever it is told. Where Sort fails, Rows keeps what it gave before.
+/// Orders rows by the answers of a callback with a stable merge sort, of values that the callback
+/// prepared where it offers that. It asks about n log n pairs and ends whatever it is told. Where
+/// Sort fails, Rows keeps what it gave before.
 class TableSort : public host::IHostTableSort {
 public:
     TableSort();
@@ -31,18 +32,14 @@ public:
     host::Ref<host::IHostCursor> Rows() override;
 
 private:
-    struct Key {
-        std::int32_t field = 0;
-        bool ascending = true;
-    };
-    std::vector<Key> Keys() const;
+    std::vector<SortKey::Field> Keys() const;
 
     host::Ref<host::IHostTable> table_;
     host::Ref<host::IHostQueryFilter> filter_;
     std::string fields_;
     std::map<std::string, bool> ascending_;  ///< By folded name.
     host::Ref<host::ITableSortCallBack> callback_;
-    std::unique_ptr<SortSource> source_;
+    std::unique_ptr<SortRows> rows_;
     std::vector<std::uint32_t> order_;
 };
 

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "desk/tables/SortRows.h"
+#include "host/SortPreparation.h"
+#include "host/Tables.h"
+
+namespace desk {
+
+/// One key of a sort: its values are compared as the callback prepared them, or by its Compare
+/// where it did not. They are prepared when the key is first asked for, since the second key of a
+/// sort has a say only where the first one ties.
+class SortKey {
+public:
+    struct Field {
+        std::int32_t index = 0;      ///< In the table.
+        std::int32_t sortIndex = 0;  ///< Among the keys.
+        bool ascending = true;
+    };
+
+    SortKey(const Field& field, const SortRows& rows, host::ITableSortCallBack& callback)
+        : field_(field), rows_(rows), callback_(callback) {}
+
+    /// Below 0 if the first row goes before the second, above 0 if after, 0 for a tie.
+    std::int32_t Compare(std::uint32_t row1, std::uint32_t row2) {
+        return Directed(Prepared() ? prepared_->Compare(row1, row2) : Ask(row1, row2));
+    }
+    /// The same where two rows' leads tell it.
+    std::optional<std::int32_t> Decide(const host::SortLead& lead1,
+                                       const host::SortLead& lead2) const {
+        const auto answer = lead1.Decide(lead2);
+        return answer ? std::optional(Directed(*answer)) : std::nullopt;
+    }
+    host::SortLead Lead(std::uint32_t row) {
+        return Prepared() ? prepared_->Lead(row) : host::SortLead();
+    }
+
+private:
+    std::int32_t Directed(std::int32_t answer) const {
+        return field_.ascending ? answer : (answer < 0) - (answer > 0);
+    }
+    bool Prepared() {
+        if (!isTried_) Prepare();
+        return prepared_ != nullptr;
+    }
+    void Prepare();
+    std::int32_t Ask(std::uint32_t row1, std::uint32_t row2);
+
+    Field field_;
+    const SortRows& rows_;
+    host::ITableSortCallBack& callback_;
+    bool isTried_ = false;
+    host::Ref<host::IPreparedValues> prepared_;
+    host::Variant storage1_, storage2_;
+};
+
+}  // namespace desk
