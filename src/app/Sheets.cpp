@@ -40,7 +40,7 @@ void PaintSheet(Work& work, desk::PageWriter& writer, std::int32_t page) {
     auto& document = work.TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
     desk::ElementPainter painter(*work.TheDesk().Text());
-    for (const auto& element : document.elements) painter.Paint(writer.Canvas(), element);
+    for (const auto& element : document.elements) painter.Paint(writer.Sheet(), element);
     const auto name = work.Manager().PageName(page);
     writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, work.Host().Locale())));
 }

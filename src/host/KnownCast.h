@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <typeinfo>
 
-namespace gazetteer {
+namespace host {
 
 /// Asks objects for another of their interfaces, as dynamic_cast does, but asks each class once: on
 /// classes with virtual bases that question costs more than making the object. Within an object of
@@ -17,15 +17,16 @@ public:
     template <class Object>
     Wanted* operator()(Object* object) {
         if (!object) return nullptr;
-        auto* const whole = static_cast<std::byte*>(dynamic_cast<void*>(object));
+        const auto* const whole = static_cast<const std::byte*>(dynamic_cast<const void*>(object));
         const std::type_info* const type = &typeid(*object);
         if (type != type_) {
             auto* const wanted = dynamic_cast<Wanted*>(object);
             type_ = type;
             has_ = wanted != nullptr;
-            if (has_) offset_ = reinterpret_cast<std::byte*>(wanted) - whole;
+            if (has_) offset_ = reinterpret_cast<const std::byte*>(wanted) - whole;
         }
-        return has_ ? reinterpret_cast<Wanted*>(whole + offset_) : nullptr;
+        if (!has_) return nullptr;
+        return reinterpret_cast<Wanted*>(const_cast<std::byte*>(whole + offset_));
     }
 
 private:
@@ -34,4 +35,4 @@ private:
     std::ptrdiff_t offset_ = 0;
 };
 
-}  // namespace gazetteer
+}  // namespace host

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "support/KnownCast.h"
+#include "host/KnownCast.h"
 
 namespace gazetteer {
 
 std::vector<host::Ref<host::IHostElement>> MembersTagged(
     const host::IHostGroupElement& group, std::initializer_list<std::string_view> tags) {
     std::vector<host::Ref<host::IHostElement>> found;
-    KnownCast<host::IHostElementName> named;
+    host::KnownCast<host::IHostElementName> named;
     for (std::int32_t i = 0; i < group.Count(); ++i) {
         auto member = group.Item(i);
         const auto* const name = named(member.get());

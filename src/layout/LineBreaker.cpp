@@ -36,13 +36,14 @@ CodePoint FirstCodePoint(std::string_view text) {
 // punctuation, and the ideographs, syllables and signs of East Asia, each of one code point. In
 // other scripts a letter may change the shape of the one before it and narrow the line.
 bool OnlyWidens(std::string_view character) {
+    if (character.size() == 1) return character[0] >= 0x20 && character[0] <= 0x7E;
     const auto [value, bytes] = FirstCodePoint(character);
     if (bytes != character.size()) return false;
     const auto in = [v = value](char32_t begin, char32_t end) { return v >= begin && v <= end; };
-    return in(0x20, 0x7E) || in(0xA0, 0xAC) || in(0xAE, 0x24F) || in(0x370, 0x3FF) ||
-           in(0x400, 0x482) || in(0x48A, 0x52F) || in(0x1E00, 0x1EFF) || in(0x2010, 0x2027) ||
-           in(0x3000, 0x3029) || in(0x3041, 0x3096) || in(0x30A0, 0x30FF) || in(0x3400, 0x9FFF) ||
-           in(0xAC00, 0xD7A3) || in(0xFF01, 0xFF60);
+    return in(0xA0, 0xAC) || in(0xAE, 0x24F) || in(0x370, 0x3FF) || in(0x400, 0x482) ||
+           in(0x48A, 0x52F) || in(0x1E00, 0x1EFF) || in(0x2010, 0x2027) || in(0x3000, 0x3029) ||
+           in(0x3041, 0x3096) || in(0x30A0, 0x30FF) || in(0x3400, 0x9FFF) || in(0xAC00, 0xD7A3) ||
+           in(0xFF01, 0xFF60);
 }
 
 }  // namespace
@@ -163,17 +164,14 @@ void LineBreaker::FindLineEnd(std::size_t index) {
 // turn out to take all the characters asked for; the next one is then asked for anew.
 bool LineBreaker::FindLineEndAtOnce(std::size_t index) {
     constexpr double kMargin = 1.5;  // Characters narrower than the average.
-    constexpr std::size_t kAtLeast = 16;
-    const double room = std::max(0.0, kMargin * width_ / averageWidth_);
-    const std::size_t runEnd = PlainRunEnd(index);
-    const std::size_t most = runEnd - index;
-    const std::size_t count =
-        room < static_cast<double>(most)
-            ? std::max(std::min(most, kAtLeast), static_cast<std::size_t>(room))
-            : most;
+    constexpr double kAtLeast = 16;
+    const auto taken = static_cast<double>(result_.size() - lineStart_);
+    const double room = std::max(kAtLeast, kMargin * width_ / averageWidth_ - taken);
     std::string line = Line();
     std::vector<std::size_t> ends;
-    for (std::size_t i = index; i < index + count; ++i) {
+    ends.reserve(characters_.size() - index);
+    for (std::size_t i = index; i < characters_.size() && OnlyWidens(characters_[i]); ++i) {
+        if (static_cast<double>(ends.size()) >= room) break;
         line += characters_[i];
         ends.push_back(line.size());
     }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/Host.h"
-#include "support/KnownCast.h"
+#include "host/KnownCast.h"
 
 /// The element tree of a printed row. A row is a group with one cell per column, in display order;
 /// a cell is a group of a background and, on top of it, a text.
@@ -65,7 +65,7 @@ private:
 
     Use use_;
     std::array<RowElements, 3> rows_;  ///< By kind.
-    KnownCast<host::IHostElementName> nameOfGroup_, nameOfBackground_, nameOfText_;
+    host::KnownCast<host::IHostElementName> nameOfGroup_, nameOfBackground_, nameOfText_;
 };
 
 }  // namespace gazetteer

@@ -33,7 +33,7 @@ void WriteBook(const Sheets& sheets, const std::string& path) {
     for (const char* name : {"Abbey – Main", "", "Ωmega"}) {
         writer->BeginPage(4, 3);
         desk::ElementPainter(*sheets.elements.engine)
-            .Paint(writer->Canvas(),
+            .Paint(writer->Sheet(),
                    sheets.elements.Group({sheets.elements.Rectangle(1, 1, 2, 2, 0xC0C0C0),
                                           sheets.elements.Text(1, 1, "Łódź 北京 fi"),
                                           sheets.elements.Text(1, 2, "Ωmega", "Helvetica")}));
@@ -67,6 +67,24 @@ TEST(PdfWriter, TellsTitleCreatorAndDate) {
     EXPECT_NE(info.find("288 x 216 pts"), std::string::npos) << info;
 }
 
+// Readers mend a file whose parts do not lie where it says, and say nothing.
+TEST(PdfWriter, NothingHasToBeMended) {
+    Sheets sheets;
+    const auto writer = desk::OpenPageWriter(sheets.File("long.pdf"), {"(a) \\ title", 150});
+    for (int page = 0; page < 300; ++page) {
+        writer->BeginPage(4, 3);
+        desk::ElementPainter(*sheets.elements.engine)
+            .Paint(writer->Sheet(), sheets.elements.Text(1, 1, "Łódź 北京 \uE000"));
+        writer->EndPage("Page");
+    }
+    writer->Finish();
+    const std::string found = Output("qpdf --check '" + sheets.File("long.pdf") + "' 2>&1");
+    EXPECT_NE(found.find("No syntax or stream encoding errors"), std::string::npos) << found;
+    EXPECT_EQ(found.find("WARNING"), std::string::npos) << found;
+    const std::string info = Output("pdfinfo '" + sheets.File("long.pdf") + "'");
+    EXPECT_NE(info.find("(a) \\ title\n"), std::string::npos) << info;
+}
+
 TEST(PdfWriter, BookmarksLeadToTheirPages) {
     Sheets sheets;
     WriteBook(sheets, sheets.File("book.pdf"));
@@ -83,7 +101,7 @@ TEST(PageWriter, PngHasTheResolutionAskedFor) {
         const auto writer = desk::OpenPageWriter(sheets.File("page.PNG"), {"", resolution});
         writer->BeginPage(2, 1.5);
         desk::ElementPainter(*sheets.elements.engine)
-            .Paint(writer->Canvas(), sheets.elements.Rectangle(0, 0, 1, 0.75, 0));
+            .Paint(writer->Sheet(), sheets.elements.Rectangle(0, 0, 1, 0.75, 0));
         writer->EndPage();
         writer->Finish();
         const auto image = Look(sheets.File("page.PNG"), 0);
@@ -135,7 +153,7 @@ std::string FailureOf(const std::string& path, int pages = 1) {
         const auto writer = desk::OpenPageWriter(path);
         for (int page = 0; page < pages; ++page) {
             writer->BeginPage(4, 4);
-            cairo_paint(writer->Canvas());
+            writer->Sheet().Stroke({{1, -2, 2, -1}, 0});
             writer->EndPage();
         }
         writer->Finish();

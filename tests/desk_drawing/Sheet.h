@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "desk/drawing/CairoHandles.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "desk/objects/Elements.h"
@@ -91,7 +92,7 @@ public:
                      const desk::PageWriterOptions& options = {}) const {
         const auto writer = desk::OpenPageWriter(File(name), options);
         writer->BeginPage(kSide, kSide);
-        desk::ElementPainter(*elements.engine).Paint(writer->Canvas(), element);
+        desk::ElementPainter(*elements.engine).Paint(writer->Sheet(), element);
         writer->EndPage("Sheet");
         writer->Finish();
         return File(name);

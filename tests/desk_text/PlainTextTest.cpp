@@ -111,11 +111,15 @@ TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
         if (sum) RC_ASSERT(*sum == wanted);
         ++lines;
         summed += sum.has_value();
-        desk::GlyphRun run(nullptr);
-        run.BeginLine(font.drawing);
-        RC_ASSERT(direct.Place(font, *script, line, run) == wanted);
+        desk::GlyphStore store;
+        RC_ASSERT(direct.Place(font, line, store) == wanted);
+        const auto set = store.Line({}, store.End());
+        RC_ASSERT(set.text == line);
         std::vector<std::pair<unsigned long, double>> placed;
-        for (const auto& glyph : run.Glyphs()) placed.emplace_back(glyph.index, glyph.x);
+        for (const auto& glyph : set.glyphs)
+            for (unsigned i = 0; i < glyph.count; ++i)
+                placed.emplace_back(glyph.id, (glyph.x + static_cast<int>(i) * glyph.step) /
+                                                  desk::kGlyphUnitsPerPoint);
         RC_ASSERT(placed == Shaped(font, *script, line));
     }));
     // Where nearly all lines were shaped, the sums would be tested in name only.
@@ -176,10 +180,9 @@ TEST(PlainTextScan, LettersThatJoinAreLeftToTheShaper) {
     desk::FontCache fonts;
     desk::DirectShaper direct;
     const auto& font = fonts.Find({"DejaVu Sans", 8, false});
-    desk::GlyphRun run(nullptr);
-    run.BeginLine(font.drawing);
-    direct.Place(font, HB_SCRIPT_LATIN, "Affi", run);
-    EXPECT_LT(run.Glyphs().size(), 4U);
+    desk::GlyphStore store;
+    direct.Place(font, "Affi", store);
+    EXPECT_LT(store.Line({}, store.End()).glyphs.size(), 4U);
     EXPECT_FALSE(direct.SumWidth(font, HB_SCRIPT_LATIN, "Affi").has_value());
     EXPECT_TRUE(direct.SumWidth(font, HB_SCRIPT_LATIN, "Hill").has_value());
 }

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "desk/text/CairoGlyphs.h"
+#include "desk/text/SetTexts.h"
 #include "desk/text/TextEngine.h"
 
 namespace {
@@ -106,7 +108,9 @@ Ink InkOf(TextEngine& engine, const std::string& text, const TextPlacement& plac
                                                                      &cairo_destroy);
     cairo_translate(context.get(), kSide / 2, kSide / 2);
     cairo_scale(context.get(), kScale, kScale);
-    engine.Draw(context.get(), kSans, text, placement);
+    desk::CairoGlyphs canvas(context.get());
+    const desk::PlacedText placed{&engine.Find(kSans), text, placement, 0, 0};
+    engine.Draw(canvas, placed);
     EXPECT_EQ(cairo_status(context.get()), CAIRO_STATUS_SUCCESS);
     cairo_surface_flush(surface.get());
     const unsigned char* const data = cairo_image_surface_get_data(surface.get());
@@ -167,7 +171,8 @@ TEST(Draw, StaysWithinItsBoundsAtAnyAngle) {
         for (const double angle : {0.0, 45.0, 90.0, 200.0, -30.0})
             for (const int across : {0, 1, 2}) {
                 const TextPlacement placement{across, across == 2 ? 3 : across, angle};
-                const auto box = engine.Bounds(kSans, text, placement);
+                desk::SetTexts texts;
+                const auto box = engine.Set({&engine.Find(kSans), text, placement, 0, 0}, texts);
                 const Ink ink = InkOf(engine, text, placement);
                 const double over = 2.5;  // a font that stands in may be higher than the line
                 EXPECT_GT(ink.left, box.left - over) << text << angle;

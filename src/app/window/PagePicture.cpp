@@ -1,5 +1,6 @@
 #include "app/window/PagePicture.h"
 
+#include "desk/drawing/CairoCanvas.h"
 #include "desk/drawing/ElementPainter.h"
 
 namespace app {
@@ -44,8 +45,9 @@ PagePicture::PagePicture(const desk::Document& document, desk::TextEngine& engin
       recording_(NewRecording(width_, height_)) {
     const desk::CairoContext context(cairo_create(recording_.get()));
     cairo_translate(context.get(), 0, height_ * desk::kPointsPerInch);
+    desk::CairoCanvas canvas(context.get());
     desk::ElementPainter painter(engine);
-    for (const auto& element : document.elements) painter.Paint(context.get(), element);
+    for (const auto& element : document.elements) painter.Paint(canvas, element);
 }
 
 void PagePicture::Paint(QImage& image, QPoint from, double pixelsPerInch) const {

@@ -4,7 +4,7 @@
 #include <QPoint>
 
 #include "desk/documents/Document.h"
-#include "desk/drawing/PageWriter.h"
+#include "desk/drawing/CairoHandles.h"
 #include "desk/text/TextEngine.h"
 
 namespace app {

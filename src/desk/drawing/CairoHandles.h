@@ -13,6 +13,4 @@ struct CairoReleaser {
 using CairoContext = std::unique_ptr<cairo_t, CairoReleaser>;
 using CairoSurface = std::unique_ptr<cairo_surface_t, CairoReleaser>;
 
-inline constexpr double kPointsPerInch = 72;
-
 }  // namespace desk

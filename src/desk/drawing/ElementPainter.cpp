@@ -5,8 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "desk/drawing/CairoHandles.h"
+#include "desk/drawing/Looks.h"
+#include "desk/drawing/PaintQueue.h"
 #include "host/Geometry.h"
+#include "host/KnownCast.h"
 #include "host/Symbols.h"
 
 namespace desk {
@@ -21,48 +23,6 @@ std::optional<PaintBox> BoxOf(const host::IHostElement& element) {
     const auto bounds = geometry->Bounds();
     return PaintBox{bounds->XMin() * kPointsPerInch, -bounds->YMax() * kPointsPerInch,
                     bounds->XMax() * kPointsPerInch, -bounds->YMin() * kPointsPerInch};
-}
-
-void PaintFilled(PaintQueue& queue, const host::IHostFilledElement& element) {
-    const auto symbol = element.Symbol();
-    const auto box = BoxOf(element);
-    if (!symbol || !box) return;
-    if (const auto color = VisibleColor(symbol->Color())) queue.Fill(*box, *color);
-    if (const auto outline = symbol->Outline())
-        if (const auto color = VisibleColor(outline->Color()))
-            queue.Draw(PaintOutline{*box, *color});
-}
-
-void PaintTextElement(PaintQueue& queue, const host::IHostTextElement& element) {
-    const auto symbol = element.Symbol();
-    const auto geometry = element.Geometry();
-    const auto* const point = dynamic_cast<const host::IHostPoint*>(geometry.get());
-    if (!symbol || !point) return;
-    const auto color = VisibleColor(symbol->Color());
-    if (!color) return;
-    queue.Draw(PlacedText{FontOf(*symbol), element.Text(),
-                          TextPlacement{symbol->HorizontalPlacement(), symbol->VerticalPlacement(),
-                                        symbol->Angle()},
-                          point->X() * kPointsPerInch, -point->Y() * kPointsPerInch},
-               *color);
-}
-
-void PaintMapFrame(PaintQueue& queue, const host::IHostMapFrame& frame) {
-    const auto box = BoxOf(frame);
-    if (!box) return;
-    queue.Draw(PaintOutline{*box, kFrameColor});
-    if (const auto* const name = dynamic_cast<const host::IHostElementName*>(&frame))
-        queue.Draw(PlacedText{FontSpec{"sans-serif", kFrameNamePoints, false}, name->Name(),
-                              TextPlacement{1, 1, 0}, (box->left + box->right) / 2,
-                              (box->top + box->bottom) / 2},
-                   kFrameColor);
-}
-
-/// A crossed frame: something stands here and is not shown.
-void PaintPlaceholder(PaintQueue& queue, const host::IHostGroupElement& group) {
-    const auto box = BoxOf(group);
-    if (!box) return;
-    queue.Draw(PaintOutline{*box, kFrameColor, true});
 }
 
 /// What an element is painted as.
@@ -92,38 +52,105 @@ private:
     std::vector<std::pair<const std::type_info*, Kind>> known_;
 };
 
-void PaintElement(PaintQueue& queue, Kinds& kinds, const host::IHostElement& element);
+/// One pass over elements.
+class Pass {
+public:
+    Pass(Canvas& canvas, TextEngine& engine)
+        : engine_(engine), queue_(canvas, engine), looks_(engine) {}
 
-void PaintGroup(PaintQueue& queue, Kinds& kinds, const host::IHostGroupElement& group) {
-    const auto* const state = dynamic_cast<const host::IHostFrameElement*>(&group);
-    if (state && state->Draft()) return PaintPlaceholder(queue, group);
-    for (std::int32_t i = 0; i < group.Count(); ++i)
-        if (const auto member = group.Item(i)) PaintElement(queue, kinds, *member);
-}
+    void Paint(const host::IHostElement& element);
+    void Finish() { queue_.Flush(); }
 
-void PaintElement(PaintQueue& queue, Kinds& kinds, const host::IHostElement& element) {
-    switch (kinds.Of(element)) {
+private:
+    void PaintText(const host::IHostTextElement& element);
+    void PaintFilled(const host::IHostFilledElement& element);
+    void PaintMapFrame(const host::IHostMapFrame& frame);
+    void PaintGroup(const host::IHostGroupElement& group);
+    void PaintPlaceholder(const host::IHostGroupElement& group);
+
+    TextEngine& engine_;
+    PaintQueue queue_;
+    Looks looks_;
+    Kinds kinds_;
+    host::KnownCast<const host::IHostTextElement> asText_;
+    host::KnownCast<const host::IHostFilledElement> asFilled_;
+    host::KnownCast<const host::IHostGroupElement> asGroup_;
+    host::KnownCast<const host::IHostFrameElement> asFrame_;
+    host::KnownCast<const host::IHostPoint> asPoint_;
+};
+
+void Pass::Paint(const host::IHostElement& element) {
+    switch (kinds_.Of(element)) {
         case Kind::Text:
-            return PaintTextElement(queue, dynamic_cast<const host::IHostTextElement&>(element));
+            return PaintText(*asText_(&element));
         case Kind::Filled:
-            return PaintFilled(queue, dynamic_cast<const host::IHostFilledElement&>(element));
+            return PaintFilled(*asFilled_(&element));
         case Kind::MapFrame:
-            return PaintMapFrame(queue, dynamic_cast<const host::IHostMapFrame&>(element));
+            return PaintMapFrame(dynamic_cast<const host::IHostMapFrame&>(element));
         case Kind::Group:
-            return PaintGroup(queue, kinds, dynamic_cast<const host::IHostGroupElement&>(element));
+            return PaintGroup(*asGroup_(&element));
         case Kind::Other:
             return;
     }
 }
 
+void Pass::PaintText(const host::IHostTextElement& element) {
+    const auto symbol = element.Symbol();
+    const auto geometry = element.Geometry();
+    const auto* const point = asPoint_(geometry.get());
+    if (!symbol || !point) return;
+    const TextLook& look = looks_.Of(symbol);
+    if (!look.color) return;
+    const std::string text = element.Text();
+    queue_.Draw(PlacedText{look.font, text, look.placement, point->X() * kPointsPerInch,
+                           -point->Y() * kPointsPerInch},
+                *look.color);
+}
+
+void Pass::PaintFilled(const host::IHostFilledElement& element) {
+    const auto symbol = element.Symbol();
+    if (!symbol) return;
+    const FillLook& look = looks_.Of(symbol);
+    if (!look.fill && !look.outline) return;
+    const auto box = BoxOf(element);
+    if (!box) return;
+    if (look.fill) queue_.Fill(*box, *look.fill);
+    if (look.outline) queue_.Draw(PaintOutline{*box, *look.outline});
+}
+
+void Pass::PaintMapFrame(const host::IHostMapFrame& frame) {
+    const auto box = BoxOf(frame);
+    if (!box) return;
+    queue_.Draw(PaintOutline{*box, kFrameColor});
+    const auto* const named = dynamic_cast<const host::IHostElementName*>(&frame);
+    if (!named) return;
+    const std::string name = named->Name();
+    queue_.Draw(PlacedText{&engine_.Find({"sans-serif", kFrameNamePoints, false}), name,
+                           TextPlacement{1, 1, 0}, (box->left + box->right) / 2,
+                           (box->top + box->bottom) / 2},
+                kFrameColor);
+}
+
+void Pass::PaintGroup(const host::IHostGroupElement& group) {
+    const auto* const state = asFrame_(&group);
+    if (state && state->Draft()) return PaintPlaceholder(group);
+    for (std::int32_t i = 0; i < group.Count(); ++i)
+        if (const auto member = group.Item(i)) Paint(*member);
+}
+
+/// A crossed frame: something stands here and is not shown.
+void Pass::PaintPlaceholder(const host::IHostGroupElement& group) {
+    const auto box = BoxOf(group);
+    if (box) queue_.Draw(PaintOutline{*box, kFrameColor, true});
+}
+
 }  // namespace
 
-void ElementPainter::Paint(cairo_t* context, const host::Ref<host::IHostElement>& element) {
+void ElementPainter::Paint(Canvas& canvas, const host::Ref<host::IHostElement>& element) {
     if (!element) return;
-    PaintQueue queue(context, engine_);
-    Kinds kinds;
-    PaintElement(queue, kinds, *element);
-    queue.Flush();
+    Pass pass(canvas, engine_);
+    pass.Paint(*element);
+    pass.Finish();
 }
 
 }  // namespace desk

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cairo.h>
-
-#include "desk/drawing/PaintQueue.h"
+#include "desk/drawing/Canvas.h"
 #include "desk/text/TextEngine.h"
 #include "host/Elements.h"
 
@@ -16,9 +14,9 @@ class ElementPainter {
 public:
     explicit ElementPainter(TextEngine& engine) : engine_(engine) {}
 
-    /// Paints on a context whose origin is the lower left corner of the sheet, one unit of which is
-    /// a point, Y downward. Lengths of the elements are inches, Y upward.
-    void Paint(cairo_t* context, const host::Ref<host::IHostElement>& element);
+    /// Paints on a canvas whose origin is the lower left corner of the sheet. Lengths of the
+    /// elements are inches, Y upward.
+    void Paint(Canvas& canvas, const host::Ref<host::IHostElement>& element);
 
 private:
     TextEngine& engine_;

@@ -1,28 +1,32 @@
 #pragma once
 
-#include <cairo.h>
 #include <string>
+#include <string_view>
 
 #include "desk/files/ReplacingFile.h"
 
 namespace desk {
 
-/// Where cairo writes to: a file that appears under its name only once it is complete. A place that
-/// is no ordinary file, such as a device, is written to at once.
+/// Where sheets are written to: a file that appears under its name only once it is complete. A
+/// place that is no ordinary file, such as a device, is written to at once. Failures are
+/// host::Failure.
 class OutputFile {
 public:
-    /// Throws host::Failure where no file can be written.
     explicit OutputFile(const std::string& path)
         : file_(path, ReplacingFile::Devices::WriteAtOnce) {}
 
-    /// Sink for cairo; the closure is the OutputFile.
-    static cairo_status_t Write(void* closure, const unsigned char* data, unsigned int length);
+    void Write(std::string_view bytes) {
+        if (!TryWrite(bytes)) Check();
+    }
+    /// False once something could not be written.
+    bool TryWrite(std::string_view bytes) { return file_.Write(bytes); }
 
-    /// Puts the file in its place. Throws host::Failure where any of it could not be written.
+    /// Puts the file in its place.
     void Commit() { file_.Commit(); }
 
-    /// Throws host::Failure unless cairo is content.
-    void Check(cairo_status_t status) const;
+    /// Fails with what went wrong so far, if anything did.
+    void Check() const { file_.Check(); }
+    [[noreturn]] void Fail(const std::string& reason) const { file_.Fail(reason); }
 
     const std::string& Path() const { return file_.Path(); }
 

@@ -23,21 +23,16 @@ std::string LowerEnding(const std::string& path) {
 
 void PageWriter::BeginPage(double width, double height) {
     if (++sheets_ > 1 && most_ == Sheets::One) Refuse("it can hold one page only");
-    cairo_surface_t* const surface = BeginSheet(width * kPointsPerInch, height * kPointsPerInch);
-    file_.Check(cairo_surface_status(surface));
-    canvas_.reset(cairo_create(surface));
-    cairo_translate(canvas_.get(), 0, height * kPointsPerInch);
+    sheet_ = &BeginSheet(width * kPointsPerInch, height * kPointsPerInch);
 }
 
 void PageWriter::EndPage(const std::string& bookmark) {
-    const cairo_status_t status = cairo_status(canvas_.get());
-    canvas_.reset();
-    file_.Check(status);
+    sheet_ = nullptr;
     EndSheet(bookmark);
 }
 
 void PageWriter::Finish() {
-    canvas_.reset();
+    sheet_ = nullptr;
     if (sheets_ == 0) Refuse("there is no page");
     Close();
     file_.Commit();

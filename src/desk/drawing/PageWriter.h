@@ -1,10 +1,9 @@
 #pragma once
 
-#include <cairo.h>
 #include <memory>
 #include <string>
 
-#include "desk/drawing/CairoHandles.h"
+#include "desk/drawing/Canvas.h"
 #include "desk/drawing/OutputFile.h"
 
 namespace desk {
@@ -19,9 +18,9 @@ public:
     /// Starts a sheet of a size in inches.
     void BeginPage(double width, double height);
 
-    /// Where the sheet is drawn: the origin at its lower left corner, one unit a point, Y downward,
-    /// so that what stands on the sheet has a negative Y. Null between sheets.
-    cairo_t* Canvas() const { return canvas_.get(); }
+    /// Where the sheet is drawn, until EndPage: the origin at its lower left corner, so that what
+    /// stands on the sheet has a negative Y.
+    Canvas& Sheet() const { return *sheet_; }
 
     /// Ends the sheet. The name is its bookmark, where the kind of file has bookmarks.
     void EndPage(const std::string& bookmark = {});
@@ -33,21 +32,21 @@ protected:
 
     PageWriter(const std::string& path, Sheets most) : file_(path), most_(most) {}
 
-    /// A surface for a sheet of a size in points. What it shows is kept only if EndSheet follows.
-    virtual cairo_surface_t* BeginSheet(double width, double height) = 0;
+    /// The canvas of a sheet of a size in points. What is painted is kept only if EndSheet follows.
+    virtual Canvas& BeginSheet(double width, double height) = 0;
     virtual void EndSheet(const std::string& bookmark) = 0;
     /// Hands the last bytes to the file.
     virtual void Close() = 0;
 
     OutputFile& File() { return file_; }
-    int SheetCount() const { return sheets_; }
+    const OutputFile& File() const { return file_; }
 
 private:
     [[noreturn]] void Refuse(const std::string& reason) const;
 
     OutputFile file_;
     Sheets most_;
-    CairoContext canvas_;
+    Canvas* sheet_ = nullptr;
     int sheets_ = 0;  ///< Sheets begun.
 };
 

@@ -33,36 +33,33 @@ void Add(std::vector<PaintBox>& boxes, const PaintBox& box) {
 }  // namespace
 
 void PaintQueue::Fill(const PaintBox& box, std::uint32_t color) {
-    if (HidesDrawing(box)) Flush();
+    if (reaches_.ReachInto(box.Shrunk(kTolerance))) Flush();
     Add(PlaceFor(box, color).boxes, box);
 }
 
-void PaintQueue::Draw(PlacedText text, std::uint32_t color) {
-    reaches_.push_back(ReachOf(text));
+void PaintQueue::Draw(const PlacedText& text, std::uint32_t color) {
+    const std::size_t first = texts_.LineCount();
+    const TextBox box = engine_.Set(text, texts_);
+    reaches_.Add({text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom});
     auto* last = drawings_.empty() ? nullptr : std::get_if<ColoredTexts>(&drawings_.back());
     if (!last || last->color != color)
-        last = &std::get<ColoredTexts>(drawings_.emplace_back(ColoredTexts{color, {}}));
-    last->texts.push_back(std::move(text));
+        last = &std::get<ColoredTexts>(drawings_.emplace_back(ColoredTexts{color, first, first}));
+    last->end = texts_.LineCount();
 }
 
 void PaintQueue::Draw(const PaintOutline& outline) {
-    reaches_.push_back(outline.box.Shrunk(kLineWidth));
+    reaches_.Add(outline.box.Shrunk(kLineWidth));
     drawings_.emplace_back(outline);
 }
 
 void PaintQueue::Flush() {
-    for (const auto& fill : fills_) FillBoxes(context_, fill.boxes, fill.color);
+    for (const auto& fill : fills_) canvas_.Fill(fill.boxes, fill.color);
     for (const auto& drawing : drawings_)
         std::visit([this](const auto& one) { Paint(one); }, drawing);
     fills_.clear();
     drawings_.clear();
-    reaches_.clear();
-}
-
-bool PaintQueue::HidesDrawing(const PaintBox& box) const {
-    const PaintBox inside = box.Shrunk(kTolerance);
-    return std::any_of(reaches_.begin(), reaches_.end(),
-                       [&](const PaintBox& reach) { return reach.Overlaps(inside); });
+    texts_.Clear();
+    reaches_.Clear();
 }
 
 /// The rectangles of the colour, unless one of another colour above them would be covered wrongly.
@@ -78,14 +75,9 @@ PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, std::uint32_
     return fills_.emplace_back(ColoredBoxes{color, {}});
 }
 
-PaintBox PaintQueue::ReachOf(const PlacedText& text) const {
-    const TextBox box = engine_.Bounds(text.font, text.text, text.placement);
-    return {text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom};
-}
-
 void PaintQueue::Paint(const ColoredTexts& texts) {
-    UseColor(context_, texts.color);
-    engine_.DrawAll(context_, texts.texts);
+    canvas_.SetTextColor(texts.color);
+    texts_.Show(canvas_, texts.first, texts.end);
 }
 
 }  // namespace desk

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <cairo.h>
 #include <cstdint>
 #include <variant>
 #include <vector>
 
-#include "desk/drawing/Ink.h"
+#include "desk/drawing/Canvas.h"
+#include "desk/drawing/Reaches.h"
+#include "desk/text/SetTexts.h"
 #include "desk/text/TextEngine.h"
 
 namespace desk {
@@ -16,11 +17,11 @@ namespace desk {
 /// An outline is not counted as hidden by a rectangle that merely touches its box.
 class PaintQueue {
 public:
-    PaintQueue(cairo_t* context, TextEngine& engine) : context_(context), engine_(engine) {}
+    PaintQueue(Canvas& canvas, TextEngine& engine) : canvas_(canvas), engine_(engine) {}
 
     // Colours are 0xBBGGRR.
     void Fill(const PaintBox& box, std::uint32_t color);
-    void Draw(PlacedText text, std::uint32_t color);
+    void Draw(const PlacedText& text, std::uint32_t color);
     void Draw(const PaintOutline& outline);
 
     /// Paints what is still held back.
@@ -33,21 +34,20 @@ private:
     };
     struct ColoredTexts {
         std::uint32_t color;
-        std::vector<PlacedText> texts;
+        std::size_t first, end;  ///< Of the lines of texts.
     };
 
-    bool HidesDrawing(const PaintBox& box) const;
     ColoredBoxes& PlaceFor(const PaintBox& box, std::uint32_t color);
-    PaintBox ReachOf(const PlacedText& text) const;
     void Paint(const ColoredTexts& texts);
-    void Paint(const PaintOutline& outline) { StrokeOutline(context_, outline); }
+    void Paint(const PaintOutline& outline) { canvas_.Stroke(outline); }
 
-    cairo_t* context_;
+    Canvas& canvas_;
     TextEngine& engine_;
     // What is held back: rectangles, colour by colour, and above them all drawings in their order.
     std::vector<ColoredBoxes> fills_;
     std::vector<std::variant<ColoredTexts, PaintOutline>> drawings_;
-    std::vector<PaintBox> reaches_;  ///< Of all drawings.
+    SetTexts texts_;
+    Reaches reaches_;  ///< Of all drawings.
 };
 
 }  // namespace desk

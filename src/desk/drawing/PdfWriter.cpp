@@ -1,14 +1,15 @@
 #include "desk/drawing/PdfWriter.h"
 
-#include <cairo-pdf.h>
 #include <cstdlib>
 #include <ctime>
+
+#include "desk/drawing/pdf/Numbers.h"
+#include "desk/drawing/pdf/Strings.h"
 
 namespace desk {
 namespace {
 
-/// ISO 8601, or empty where the environment sets no date. cairo leaves a date out that it cannot
-/// read.
+/// Empty where the environment sets no date.
 std::string CreationDate() {
     const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
     if (!epoch || !*epoch) return {};
@@ -17,7 +18,7 @@ std::string CreationDate() {
     std::tm date{};
     if (*end != '\0' || !gmtime_r(&seconds, &date)) return {};
     char text[32];
-    const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &date);
+    const std::size_t length = std::strftime(text, sizeof text, "D:%Y%m%d%H%M%SZ", &date);
     return {text, length};
 }
 
@@ -25,33 +26,60 @@ std::string CreationDate() {
 
 PdfWriter::PdfWriter(const std::string& path, const std::string& title)
     : PageWriter(path, Sheets::Many),
-      surface_(cairo_pdf_surface_create_for_stream(&OutputFile::Write, &File(), kPointsPerInch,
-                                                   kPointsPerInch)) {
-    File().Check(cairo_surface_status(surface_.get()));
-    cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_TITLE, title.c_str());
-    cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_CREATOR, "gazetteer");
-    cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_CREATE_DATE,
-                                   CreationDate().c_str());
-}
+      title_(title),
+      objects_(File()),
+      fonts_(objects_),
+      outline_(objects_),
+      catalog_(objects_.NewObject()),
+      pageTree_(objects_.NewObject()) {}
 
-cairo_surface_t* PdfWriter::BeginSheet(double width, double height) {
-    cairo_pdf_surface_set_size(surface_.get(), width, height);
-    return surface_.get();
+Canvas& PdfWriter::BeginSheet(double width, double height) {
+    width_ = width;
+    height_ = height;
+    content_ = std::make_unique<pdf::PageContent>(fonts_);
+    return *content_;
 }
 
 void PdfWriter::EndSheet(const std::string& bookmark) {
-    if (!bookmark.empty()) {
-        const std::string link = "page=" + std::to_string(SheetCount()) + " pos=[0 0]";
-        cairo_pdf_surface_add_outline(surface_.get(), CAIRO_PDF_OUTLINE_ROOT, bookmark.c_str(),
-                                      link.c_str(), static_cast<cairo_pdf_outline_flags_t>(0));
-    }
-    cairo_surface_show_page(surface_.get());
-    File().Check(cairo_surface_status(surface_.get()));
+    const int content = objects_.WriteStream("", content_->Take());
+    std::string page = "<</Type/Page/Parent ";
+    pdf::AppendReference(page, pageTree_);
+    page += "/MediaBox[0 0 ";
+    pdf::AppendNumber(page, width_);
+    page += ' ';
+    pdf::AppendNumber(page, height_);
+    page += "]/Contents ";
+    pdf::AppendReference(page, content);
+    pages_.push_back(objects_.WriteObject(page + ">>"));
+    if (!bookmark.empty()) outline_.Add(bookmark, pages_.back(), height_);
 }
 
 void PdfWriter::Close() {
-    cairo_surface_finish(surface_.get());
-    File().Check(cairo_surface_status(surface_.get()));
+    std::string tree = "<</Type/Pages/Resources<</Font<<" + fonts_.Write(objects_) + ">>>>/Count ";
+    pdf::AppendInteger(tree, std::ssize(pages_));
+    tree += "/Kids[";
+    for (const int page : pages_) {
+        pdf::AppendReference(tree, page);
+        tree += ' ';
+    }
+    objects_.WriteObject(pageTree_, tree + "]>>");
+    std::string catalog = "<</Type/Catalog/Pages ";
+    pdf::AppendReference(catalog, pageTree_);
+    if (const int outline = outline_.Write(); outline != 0) {
+        catalog += "/Outlines ";
+        pdf::AppendReference(catalog, outline);
+    }
+    objects_.WriteObject(catalog_, catalog + ">>");
+    objects_.Finish(catalog_, WriteInfo());
+}
+
+int PdfWriter::WriteInfo() {
+    std::string info = "<</Title";
+    pdf::AppendTextString(info, title_);
+    info += "/Creator(gazetteer)";
+    if (const std::string date = CreationDate(); !date.empty())
+        info += "/CreationDate(" + date + ')';
+    return objects_.WriteObject(info + ">>");
 }
 
 }  // namespace desk

@@ -1,6 +1,13 @@
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "desk/drawing/PageWriter.h"
+#include "desk/drawing/pdf/FontSet.h"
+#include "desk/drawing/pdf/ObjectFile.h"
+#include "desk/drawing/pdf/Outline.h"
+#include "desk/drawing/pdf/PageContent.h"
 
 namespace desk {
 
@@ -11,12 +18,22 @@ public:
     PdfWriter(const std::string& path, const std::string& title);
 
 protected:
-    cairo_surface_t* BeginSheet(double width, double height) override;
+    Canvas& BeginSheet(double width, double height) override;
     void EndSheet(const std::string& bookmark) override;
     void Close() override;
 
 private:
-    CairoSurface surface_;
+    int WriteInfo();
+
+    std::string title_;
+    pdf::ObjectFile objects_;
+    pdf::FontSet fonts_;
+    pdf::Outline outline_;
+    int catalog_;
+    int pageTree_;
+    std::vector<int> pages_;  ///< Objects of the pages.
+    std::unique_ptr<pdf::PageContent> content_;
+    double width_ = 0, height_ = 0;  ///< Of the sheet, in points.
 };
 
 }  // namespace desk

@@ -1,23 +1,21 @@
 #pragma once
 
-#include "desk/drawing/PageWriter.h"
+#include "desk/drawing/CairoPageWriter.h"
 
 namespace desk {
 
 /// An image of one sheet on white.
-class PngWriter : public PageWriter {
+class PngWriter : public CairoPageWriter {
 public:
     PngWriter(const std::string& path, double dotsPerInch)
-        : PageWriter(path, Sheets::One), dotsPerInch_(dotsPerInch) {}
+        : CairoPageWriter(path), dotsPerInch_(dotsPerInch) {}
 
 protected:
-    cairo_surface_t* BeginSheet(double width, double height) override;
-    void EndSheet(const std::string&) override {}
+    CairoSurface NewSurface(double width, double height) override;
     void Close() override;
 
 private:
     double dotsPerInch_;
-    CairoSurface surface_;
 };
 
 }  // namespace desk

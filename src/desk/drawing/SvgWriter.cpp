@@ -4,14 +4,13 @@
 
 namespace desk {
 
-cairo_surface_t* SvgWriter::BeginSheet(double width, double height) {
-    surface_.reset(cairo_svg_surface_create_for_stream(&OutputFile::Write, &File(), width, height));
-    return surface_.get();
+CairoSurface SvgWriter::NewSurface(double width, double height) {
+    return CairoSurface(cairo_svg_surface_create_for_stream(&Write, &File(), width, height));
 }
 
 void SvgWriter::Close() {
-    cairo_surface_finish(surface_.get());
-    File().Check(cairo_surface_status(surface_.get()));
+    cairo_surface_finish(Surface());
+    Check(cairo_surface_status(Surface()));
 }
 
 }  // namespace desk

@@ -1,21 +1,17 @@
 #pragma once
 
-#include "desk/drawing/PageWriter.h"
+#include "desk/drawing/CairoPageWriter.h"
 
 namespace desk {
 
 /// An SVG of one sheet, its texts as outlines.
-class SvgWriter : public PageWriter {
+class SvgWriter : public CairoPageWriter {
 public:
-    explicit SvgWriter(const std::string& path) : PageWriter(path, Sheets::One) {}
+    explicit SvgWriter(const std::string& path) : CairoPageWriter(path) {}
 
 protected:
-    cairo_surface_t* BeginSheet(double width, double height) override;
-    void EndSheet(const std::string&) override {}
+    CairoSurface NewSurface(double width, double height) override;
     void Close() override;
-
-private:
-    CairoSurface surface_;
 };
 
 }  // namespace desk

@@ -7,6 +7,7 @@
 
 #include "desk/drawing/SymbolCanvas.h"
 #include "desk/objects/Symbols.h"
+#include "desk/text/CairoGlyphs.h"
 #include "desk/text/TextEngine.h"
 #include "host/Failure.h"
 #include "host/Geometry.h"
@@ -79,12 +80,13 @@ void TextSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
     const auto color = VisibleColor(color_);
     if (!color) return;
     UseColor(canvas.Context(), *color);
-    const PlacedText text{FontOf(*this),
+    CairoGlyphs glyphs(canvas.Context());
+    const PlacedText text{&engine_->Find(FontOf(*this)),
                           text_,
                           {horizontal_, vertical_, angle_ + hook.angle},
                           hook.point.x,
                           hook.point.y};
-    engine_->DrawAll(canvas.Context(), {&text, 1});
+    engine_->Draw(glyphs, text);
 }
 
 }  // namespace desk

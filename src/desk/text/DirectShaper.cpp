@@ -5,7 +5,7 @@
 namespace desk {
 namespace {
 
-constexpr double kUnitsPerPoint = PANGO_SCALE;
+static_assert(kGlyphUnitsPerPoint == PANGO_SCALE);
 
 /// The language that a layout gives to a run of the script, so that both choose the same forms.
 hb_language_t SampleLanguage(PangoScript script) {
@@ -43,14 +43,19 @@ PairTable& DirectShaper::TableOf(const ResolvedFont& font, hb_script_t script) {
     return *table;
 }
 
-std::optional<int> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
-                                          std::string_view line) {
+/// The table, which is then the one that lines are tried with first.
+PairTable& DirectShaper::Remembered(const ResolvedFont& font, hb_script_t script) {
     PairTable& table = TableOf(font, script);
     if (script != HB_SCRIPT_COMMON) {
         last_ = &table;
         lastFont_ = font.number;
     }
-    return table.Width(line);
+    return table;
+}
+
+std::optional<int> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
+                                          std::string_view line) {
+    return Remembered(font, script).Width(line);
 }
 
 std::optional<int> DirectShaper::SumWidthAsBefore(const ResolvedFont& font, std::string_view line) {
@@ -80,28 +85,31 @@ int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std:
     return ShapeLine(buffer_.get(), font.shaping, WritingOf(script), line);
 }
 
-int DirectShaper::Place(const ResolvedFont& font, hb_script_t script, std::string_view line,
-                        GlyphRun& run) {
-    if (const auto width = TableOf(font, script).Place(line, run)) return *width;
-    const int width = ShapedWidth(font, script, line);
-    AddShaped(line, run);
+std::optional<int> DirectShaper::Place(const ResolvedFont& font, std::string_view line,
+                                       GlyphStore& glyphs) {
+    if (last_ && lastFont_ == font.number)
+        if (const auto width = last_->PlaceInScript(line, glyphs)) return width;
+    const auto script = PlainScript(line, font.plain);
+    if (!script) return std::nullopt;
+    if (const auto width = Remembered(font, *script).Place(line, glyphs)) return width;
+    const int width = ShapedWidth(font, *script, line);
+    AddShaped(line, glyphs);
     return width;
 }
 
-void DirectShaper::AddShaped(std::string_view line, GlyphRun& run) {
+void DirectShaper::AddShaped(std::string_view line, GlyphStore& glyphs) {
     const auto infos = Glyphs(buffer_.get());
     const auto positions = Positions(buffer_.get());
     int pen = 0;
     for (std::size_t i = 0, first = 0; i < infos.size(); ++i) {
-        run.AddGlyph(infos[i].codepoint, (pen + positions[i].x_offset) / kUnitsPerPoint,
-                     -positions[i].y_offset / kUnitsPerPoint);
+        glyphs.Add(infos[i].codepoint, pen + positions[i].x_offset, -positions[i].y_offset, 0);
         pen += positions[i].x_advance;
         const std::size_t end = i + 1 < infos.size() ? infos[i + 1].cluster : line.size();
         if (end == infos[first].cluster) continue;
-        run.AddText(line.substr(infos[first].cluster, end - infos[first].cluster),
-                    static_cast<int>(i + 1 - first));
+        glyphs.Join(i + 1 - first, end - infos[first].cluster);
         first = i + 1;
     }
+    glyphs.AddText(line);
 }
 
 }  // namespace desk

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "desk/text/FontCache.h"
-#include "desk/text/GlyphRun.h"
+#include "desk/text/GlyphLine.h"
 #include "desk/text/PairTable.h"
 
 namespace desk {
@@ -34,8 +34,8 @@ public:
     /// Width of a line that is shaped.
     int ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
 
-    /// Adds the glyphs of a line to the run. Returns its width.
-    int Place(const ResolvedFont& font, hb_script_t script, std::string_view line, GlyphRun& run);
+    /// Adds the glyphs of a line, and returns its width. Nothing for a line that is not plain.
+    std::optional<int> Place(const ResolvedFont& font, std::string_view line, GlyphStore& glyphs);
 
 private:
     struct FontTables {
@@ -44,13 +44,14 @@ private:
 
     Writing WritingOf(hb_script_t script) const;
     PairTable& TableOf(const ResolvedFont& font, hb_script_t script);
-    void AddShaped(std::string_view line, GlyphRun& run);
+    PairTable& Remembered(const ResolvedFont& font, hb_script_t script);
+    void AddShaped(std::string_view line, GlyphStore& glyphs);
 
     hb_language_t common_;
     hb_language_t greek_;
     hb_language_t cyrillic_;
     std::vector<FontTables> tables_;  ///< By the fonts' numbers.
-    PairTable* last_ = nullptr;       ///< Of the last line with letters that was summed,
+    PairTable* last_ = nullptr;       ///< Of the last line with letters that was set,
     std::uint32_t lastFont_ = 0;      ///< in this font.
     BufferHandle buffer_;
 };

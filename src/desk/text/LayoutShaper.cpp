@@ -28,24 +28,10 @@ std::string Readable(std::string_view line) {
     return text;
 }
 
-constexpr double kUnitsPerPoint = PANGO_SCALE;
+static_assert(kGlyphUnitsPerPoint == PANGO_SCALE);
 
 std::span<const PangoGlyphInfo> Glyphs(const PangoGlyphItem& part) {
     return {part.glyphs->glyphs, static_cast<std::size_t>(part.glyphs->num_glyphs)};
-}
-
-/// Whether no font has a glyph for some character, so that a box stands for it.
-bool HasUnknown(const PangoLayoutLine* line) {
-    for (const GSList* part = line->runs; part; part = part->next)
-        for (const auto& glyph : Glyphs(*static_cast<const PangoGlyphItem*>(part->data)))
-            if ((glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0) return true;
-    return false;
-}
-
-void ShowAsIs(cairo_t* context, PangoLayoutLine* line, double x, double y) {
-    cairo_move_to(context, x, y);
-    pango_cairo_show_layout_line(context, line);
-    cairo_new_path(context);
 }
 
 /// Where the bytes end that begin at a place of a part: where the next ones begin, which in a part
@@ -58,20 +44,17 @@ int EndOfBytes(const PangoGlyphItem& part, int start) {
     return end;
 }
 
-/// Adds a part in one font and direction, its text in the order of the glyphs: readers of a file
-/// put a text from right to left in order by themselves, and take jumps to the left for gaps.
-/// Returns its width in points.
-double AddPart(const PangoGlyphItem& part, std::string_view text, GlyphRun& run, double x,
-               double y) {
-    run.BeginLine(pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(part.item->analysis.font)));
+/// Adds the glyphs of a part in one font and direction, its text in the order of the glyphs:
+/// readers of a file put a text from right to left in order by themselves, and take jumps to the
+/// left for gaps. Returns its width.
+int Gather(const PangoGlyphItem& part, std::string_view text, GlyphStore& line) {
     const auto glyphs = Glyphs(part);
     int pen = 0;
-    int shown = 0;
+    std::size_t shown = 0;
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
         const PangoGlyphGeometry& place = glyphs[i].geometry;
         if (glyphs[i].glyph != PANGO_GLYPH_EMPTY) {
-            run.AddGlyph(glyphs[i].glyph, (pen + place.x_offset) / kUnitsPerPoint,
-                         place.y_offset / kUnitsPerPoint);
+            line.Add(glyphs[i].glyph, pen + place.x_offset, place.y_offset, 0);
             ++shown;
         }
         pen += place.width;
@@ -80,11 +63,13 @@ double AddPart(const PangoGlyphItem& part, std::string_view text, GlyphRun& run,
         const auto bytes = text.substr(
             static_cast<std::size_t>(part.item->offset) + static_cast<std::size_t>(start),
             static_cast<std::size_t>(EndOfBytes(part, start) - start));
-        if (shown > 0) run.AddText(bytes, shown);
+        if (shown > 0) {
+            line.Join(shown, bytes.size());
+            line.AddText(bytes);
+        }
         shown = 0;
     }
-    run.PlaceLine(x, y);
-    return pen / kUnitsPerPoint;
+    return pen;
 }
 
 }  // namespace
@@ -106,11 +91,14 @@ int LayoutShaper::Shape(const ResolvedFont& font, std::string_view line) {
     return logical.width;
 }
 
-void LayoutShaper::Show(cairo_t* context, GlyphRun& run, double x, double y) {
-    PangoLayoutLine* const line = pango_layout_get_line_readonly(layout_.get(), 0);
-    if (HasUnknown(line)) return ShowAsIs(context, line, x, y);
-    for (const GSList* part = line->runs; part; part = part->next)
-        x += AddPart(*static_cast<const PangoGlyphItem*>(part->data), text_, run, x, y);
+void LayoutShaper::Place(SetTexts& into, Baseline baseline) {
+    const PangoLayoutLine* const line = pango_layout_get_line_readonly(layout_.get(), 0);
+    for (const GSList* run = line->runs; run; run = run->next) {
+        const auto& part = *static_cast<const PangoGlyphItem*>(run->data);
+        const int width = Gather(part, text_, into.Glyphs());
+        into.EndLine(part.item->analysis.font, baseline);
+        baseline = Along(baseline, width / kGlyphUnitsPerPoint, 0);
+    }
 }
 
 }  // namespace desk

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "desk/text/FontCache.h"
-#include "desk/text/GlyphRun.h"
+#include "desk/text/SetTexts.h"
 
 namespace desk {
 
@@ -16,8 +16,8 @@ public:
     /// Shapes the line. Returns its width in 1024ths of a point.
     int Shape(const ResolvedFont& font, std::string_view line);
 
-    /// Draws the line shaped last, with the left end of its baseline at the point.
-    void Show(cairo_t* context, GlyphRun& run, double x, double y);
+    /// Puts the line shaped last on a baseline.
+    void Place(SetTexts& into, Baseline baseline);
 
 private:
     GObjectHandle<PangoLayout> layout_;

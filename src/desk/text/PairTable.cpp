@@ -5,7 +5,8 @@
 namespace desk {
 namespace {
 
-constexpr double kUnitsPerPoint = PANGO_SCALE;
+/// Of runs of two characters their pair tells all.
+constexpr std::size_t kPair = 2;
 
 /// More runs than any index in one script should hold; past it they are learnt anew.
 constexpr std::size_t kMostRuns = 8192;
@@ -73,14 +74,16 @@ struct ForPrefixes {
 };
 
 struct ForGlyphs {
-    static constexpr bool kTakesRepeats = false;
+    static constexpr bool kTakesRepeats = true;
     static constexpr bool kChecksPrefixes = false;
-    GlyphRun& run;
+    GlyphStore& glyphs;
+    bool letters = false;
 
     void Visit(const auto& character, int x, std::string_view bytes) {
-        run.AddGlyph(character.glyph, x / kUnitsPerPoint, 0);
-        run.AddText(bytes, 1);
+        glyphs.Add(character.glyph, x, 0, bytes.size());
+        letters = letters || character.letter;
     }
+    void Repeat(std::size_t count, int /*pen*/, int step) { glyphs.Repeat(count, step); }
 };
 
 }  // namespace
@@ -116,9 +119,23 @@ bool PairTable::AddPrefixWidths(std::string_view line, std::span<const std::size
     return Walk(line, visitor) && visitor.end == visitor.lastEnd;
 }
 
-std::optional<int> PairTable::Place(std::string_view line, GlyphRun& run) {
-    const auto width = Walk(line, ForGlyphs{run});
-    if (!width) run.DropLine();
+std::optional<int> PairTable::Place(std::string_view line, GlyphStore& glyphs) {
+    return Place(line, glyphs, false);
+}
+
+std::optional<int> PairTable::PlaceInScript(std::string_view line, GlyphStore& glyphs) {
+    return Place(line, glyphs, true);
+}
+
+std::optional<int> PairTable::Place(std::string_view line, GlyphStore& glyphs, bool needsLetters) {
+    const auto start = glyphs.End();
+    ForGlyphs visitor{glyphs};
+    const auto width = Walk(line, visitor);
+    if (!width || (needsLetters && !visitor.letters)) {
+        glyphs.CutBack(start);
+        return std::nullopt;
+    }
+    glyphs.AddText(line);
     return width;
 }
 
@@ -156,17 +173,17 @@ std::optional<int> PairTable::Walk(std::string_view line, Visitor&& visitor) {
         before = slot;
         if (character.kind == Kind::Joining) {
             if (runLength++ == 0) runStart = start;
-            if (For::kChecksPrefixes && runLength > 1 &&
+            if (For::kChecksPrefixes && runLength > kPair &&
                 !StaysUnjoined(line.substr(runStart, place - runStart)))
                 return std::nullopt;
         } else {
-            if (!For::kChecksPrefixes && runLength > 1 &&
+            if (!For::kChecksPrefixes && runLength > kPair &&
                 !StaysUnjoined(line.substr(runStart, start - runStart)))
                 return std::nullopt;
             runLength = 0;
         }
     }
-    if (!For::kChecksPrefixes && runLength > 1 && !StaysUnjoined(line.substr(runStart)))
+    if (!For::kChecksPrefixes && runLength > kPair && !StaysUnjoined(line.substr(runStart)))
         return std::nullopt;
     return pen;
 }

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "desk/text/FontCache.h"
-#include "desk/text/GlyphRun.h"
+#include "desk/text/GlyphLine.h"
 #include "desk/text/PairRules.h"
 
 namespace desk {
@@ -36,9 +36,12 @@ public:
     bool AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
                          std::vector<int>& widths);
 
-    /// Adds the glyphs of a line to the run, and returns the width as above. Nothing is added where
-    /// the line has to be shaped.
-    std::optional<int> Place(std::string_view line, GlyphRun& run);
+    /// Adds the glyphs of a line, and returns the width as Width. Nothing is added where the line
+    /// has to be shaped.
+    std::optional<int> Place(std::string_view line, GlyphStore& glyphs);
+
+    /// The same for a line of which the script is not known, as WidthInScript.
+    std::optional<int> PlaceInScript(std::string_view line, GlyphStore& glyphs);
 
 private:
     /// The most different characters that are learnt; lines with others are shaped.
@@ -68,6 +71,7 @@ private:
         const std::int32_t known = pairs_[first * kSlots + second];
         return known != kUnknownPair ? known : LearnPair(first, second);
     }
+    std::optional<int> Place(std::string_view line, GlyphStore& glyphs, bool needsLetters);
     template <class Visitor>
     std::optional<int> Walk(std::string_view line, Visitor&& visitor);
     Slot LearnCharacter(char32_t letter, std::string_view bytes);

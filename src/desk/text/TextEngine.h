@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cairo.h>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -23,6 +22,9 @@ struct FontSpec {
 /// A FontSpec that an engine has found the font of.
 struct ResolvedFont;
 
+class GlyphCanvas;
+class SetTexts;
+
 /// How a text hangs on its point. The numbers are those of host::IHostTextSymbol; a justified text
 /// stands like one at the left. The baseline is that of the last line.
 struct TextPlacement {
@@ -38,8 +40,8 @@ struct TextBox {
 
 /// A text that hangs on a point.
 struct PlacedText {
-    FontSpec font;
-    std::string text;
+    const ResolvedFont* font = nullptr;
+    std::string_view text;
     TextPlacement placement;
     double x = 0, y = 0;
 };
@@ -81,17 +83,12 @@ public:
     bool MeasurePrefixes(const ResolvedFont& font, std::string_view line,
                          std::span<const std::size_t> ends, host::PrefixExtents& extents);
 
-    /// The smallest upright box around what Draw covers, by the measured size.
-    TextBox Bounds(const FontSpec& spec, std::string_view text, const TextPlacement& placement);
+    /// Sets a text, so that it can be shown: the box that Measure tells hangs on its point as its
+    /// placement says. Returns the smallest upright box around that box, seen from the point.
+    TextBox Set(const PlacedText& text, SetTexts& into);
 
-    /// Draws the lines of a text at the current origin of the context, one unit of which is a
-    /// point, Y downward. The box that Measure tells hangs on the origin as the placement says.
-    /// The source colour is the context's.
-    void Draw(cairo_t* context, const FontSpec& font, std::string_view text,
-              const TextPlacement& placement);
-
-    /// Draws texts at points other than the origin, in any order. Much cheaper than one by one.
-    void DrawAll(cairo_t* context, std::span<const PlacedText> texts);
+    /// Sets a text and shows it.
+    void Draw(GlyphCanvas& canvas, const PlacedText& text);
 
     /// Families that were asked for so far and are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;

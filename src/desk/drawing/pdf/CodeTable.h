@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <hb.h>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace desk::pdf {
+
+/// What stands in a string for a glyph.
+struct Code {
+    std::array<char, 2> bytes{};
+    unsigned char count = 1;  ///< Of bytes.
+    void AppendTo(std::string& out) const {
+        out += bytes[0];
+        if (count > 1) out += bytes[1];
+    }
+    std::uint32_t Number() const {
+        const std::uint32_t first = static_cast<unsigned char>(bytes[0]);
+        return count == 1 ? first : first << 8 | static_cast<unsigned char>(bytes[1]);
+    }
+};
+
+/// The codes of a font, given as glyphs are first met. A glyph has a code for each text that it
+/// stands for, such as the blank for a no-break space: the text can then be told by the code. No
+/// code needs an escape in a string. ASCII characters keep their own bytes.
+class CodeTable {
+public:
+    /// Of the codes, in bytes. There are 187 of one byte, and beside these 8192 of two; 16384 where
+    /// all have two.
+    enum class Lengths { One, OneAndTwo, Two };
+
+    struct Entry {
+        Code code;
+        hb_codepoint_t glyph = 0;
+        std::string text;
+        double width = 0;  ///< Thousandths of the font's size.
+    };
+
+    explicit CodeTable(Lengths lengths);
+
+    /// Null for what has no code yet. What is told stands until the next Add.
+    const Entry* Find(hb_codepoint_t glyph, std::string_view text) const {
+        const std::uint32_t packed = Packed(text);
+        if (packed != 0 && glyph < quick_.size())
+            for (const Quick& quick : quick_[glyph])
+                if (quick.text == packed) return &entries_[quick.entry];
+        return FindSlowly(glyph, text);
+    }
+
+    /// Gives a code. Null if all are taken.
+    const Entry* Add(hb_codepoint_t glyph, std::string_view text, double width);
+
+    const std::vector<Entry>& Entries() const { return entries_; }
+    /// The codes that readers may expect, each line with the first and the last of a length.
+    std::vector<std::string_view> Ranges() const;
+
+private:
+    /// The text of up to three bytes and its length; 0 for other texts.
+    static std::uint32_t Packed(std::string_view text) {
+        std::uint32_t packed = 0;
+        if (text.size() > 3) return 0;
+        for (const char byte : text) packed = packed << 8 | static_cast<unsigned char>(byte);
+        return packed | static_cast<std::uint32_t>(text.size()) << 24;
+    }
+    const Entry* FindSlowly(hb_codepoint_t glyph, std::string_view text) const;
+    bool RememberQuickly(hb_codepoint_t glyph, std::uint32_t packed, std::uint32_t index);
+    bool TakeShort(std::string_view text, Code& code);
+    bool TakeLong(Code& code);
+
+    struct Quick {
+        std::uint32_t text = 0;
+        std::uint32_t entry = 0;
+    };
+
+    Lengths lengths_;
+    std::vector<Entry> entries_;
+    /// By glyph: the first two codes for short texts. The blank has two, if not more.
+    std::vector<std::array<Quick, 2>> quick_;
+    std::unordered_map<std::string, std::size_t> others_;  ///< By glyph and text.
+    std::string freeCodes_;  ///< Short ones for texts other than ASCII, from the last on.
+    std::array<bool, 128> taken_{};
+    unsigned longCodes_ = 0;
+};
+
+}  // namespace desk::pdf

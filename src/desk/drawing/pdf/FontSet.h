@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <pango/pango.h>
+#include <vector>
+
+#include "desk/drawing/pdf/Typeface.h"
+#include "desk/text/Handles.h"
+
+namespace desk::pdf {
+
+/// How a font is used: a typeface at a size, and the shape that its letters are brought into.
+struct FontUse {
+    Typeface* face = nullptr;
+    Typeface* boxes = nullptr;  ///< For characters that no font has.
+    double points = 0;
+    double across = 1;  ///< Stretch of its letters to the right.
+    double slant = 0;   ///< How far a letter leans to the right, in shares of its height.
+};
+
+/// The fonts of a file.
+class FontSet {
+public:
+    explicit FontSet(ObjectFile& file) : numbers_(file) {}
+
+    const FontUse& Use(PangoFont* font) {
+        if (!last_ || last_->font.get() != font) last_ = &Find(font);
+        return last_->use;
+    }
+
+    /// Writes all fonts. Returns what names them for the pages.
+    std::string Write(ObjectFile& file);
+
+private:
+    struct Known {
+        GObjectHandle<PangoFont> font;  ///< Held, so that no other one takes its address.
+        FontUse use;
+    };
+
+    const Known& Find(PangoFont* font);
+    FontUse NewUse(PangoFont* font);
+    Typeface* EmbeddedFace(PangoFont* font);
+    Typeface* Add(std::unique_ptr<Typeface> face);
+
+    FontNumbers numbers_;
+    std::vector<std::unique_ptr<Typeface>> faces_;
+    struct Embedded {
+        hb_face_t* face;
+        Typeface* typeface;
+    };
+    std::vector<Embedded> embedded_;
+    std::vector<std::unique_ptr<Known>> known_;
+    const Known* last_ = nullptr;
+};
+
+}  // namespace desk::pdf

@@ -1,0 +1,47 @@
+#include "desk/drawing/pdf/Numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace desk::pdf {
+namespace {
+
+constexpr std::array<std::int64_t, 7> kPowersOfTen{1, 10, 100, 1000, 10000, 100000, 1000000};
+
+std::int64_t PowerOfTen(int exponent) {
+    return kPowersOfTen[static_cast<std::size_t>(exponent)];
+}
+
+void AppendDigits(std::string& out, std::int64_t value) {
+    std::array<char, 24> digits{};
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    out.append(digits.data(), end);
+}
+
+}  // namespace
+
+void AppendScaled(std::string& out, std::int64_t scaled, int decimals) {
+    if (scaled < 0) out += '-';
+    const std::int64_t size = scaled < 0 ? -scaled : scaled;
+    const std::int64_t whole = size / PowerOfTen(decimals);
+    std::int64_t rest = size % PowerOfTen(decimals);
+    if (whole != 0 || rest == 0) AppendDigits(out, whole);
+    if (rest == 0) return;
+    out += '.';
+    for (int left = decimals; rest != 0;) {
+        const std::int64_t power = PowerOfTen(--left);
+        out += static_cast<char>('0' + rest / power);
+        rest %= power;
+    }
+}
+
+void AppendNumber(std::string& out, double value, int decimals) {
+    AppendScaled(out, std::llround(value * static_cast<double>(PowerOfTen(decimals))), decimals);
+}
+
+void AppendHex(std::string& out, std::uint32_t value, int digits) {
+    while (digits-- > 0) out += "0123456789ABCDEF"[(value >> (4 * digits)) & 0xF];
+}
+
+}  // namespace desk::pdf

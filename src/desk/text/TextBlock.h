@@ -1,0 +1,57 @@
+#pragma once
+
+#include <algorithm>
+#include <numbers>
+#include <string>
+#include <string_view>
+
+#include "desk/text/FontCache.h"
+
+/// How the lines of a text stand in its box, and the box on its point.
+namespace desk {
+
+inline std::string WithoutReturns(std::string_view text) {
+    std::string rest(text);
+    std::erase(rest, '\r');
+    return rest;
+}
+
+/// Calls for each line of a text that holds no CR.
+template <class Visit>
+void ForEachLine(std::string_view text, const Visit& visit) {
+    for (std::size_t start = 0;;) {
+        const std::size_t end = text.find('\n', start);
+        visit(text.substr(start, end - start));
+        if (end == std::string_view::npos) return;
+        start = end + 1;
+    }
+}
+
+inline double LineCount(std::string_view text) {
+    return 1 + static_cast<double>(std::count(text.begin(), text.end(), '\n'));
+}
+
+/// Share of the free width that stands left of a line or a box.
+inline double LeftShare(int horizontal) {
+    return horizontal == 1 ? 0.5 : horizontal == 2 ? 1.0 : 0.0;
+}
+
+/// Distance from the point down to the first baseline of a text.
+inline double FirstBaseline(const ResolvedFont& font, double height, int vertical) {
+    switch (vertical) {
+        case 1:
+            return font.ascent - height / 2;
+        case 2:
+            return font.lineHeight - height;
+        case 3:
+            return font.ascent - height;
+        default:
+            return font.ascent;
+    }
+}
+
+inline double Radians(double degrees) {
+    return degrees * std::numbers::pi / 180;
+}
+
+}  // namespace desk

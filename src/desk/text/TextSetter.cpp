@@ -1,0 +1,41 @@
+#include "desk/text/TextSetter.h"
+
+#include "desk/text/TextBlock.h"
+
+namespace desk {
+
+host::TextExtent TextSetter::Set(const PlacedText& placed, SetTexts& into) {
+    if (placed.text.find('\r') == std::string_view::npos)
+        return SetLines(placed, placed.text, into);
+    return SetLines(placed, WithoutReturns(placed.text), into);
+}
+
+host::TextExtent TextSetter::SetLines(const PlacedText& placed, std::string_view text,
+                                      SetTexts& into) {
+    const ResolvedFont& font = *placed.font;
+    host::TextExtent size{0, LineCount(text) * font.lineHeight};
+    double down = FirstBaseline(font, size.ySize, placed.placement.vertical);
+    ForEachLine(text, [&](std::string_view line) {
+        size.xSize = std::max(size.xSize, SetLine(placed, line, down, into));
+        down += font.lineHeight;
+    });
+    return size;
+}
+
+/// Sets a line with the share of its width left of the point. Returns its width in points.
+double TextSetter::SetLine(const PlacedText& placed, std::string_view line, double down,
+                           SetTexts& into) {
+    const ResolvedFont& font = *placed.font;
+    const Baseline point{placed.x, placed.y, placed.placement.angle};
+    const double leftShare = LeftShare(placed.placement.horizontal);
+    if (const auto plain = direct_.Place(font, line, into.Glyphs())) {
+        const double width = *plain / kGlyphUnitsPerPoint;
+        into.EndLine(font.font.get(), Along(point, -leftShare * width, down));
+        return width;
+    }
+    const double width = layout_.Shape(font, line) / kGlyphUnitsPerPoint;
+    layout_.Place(into, Along(point, -leftShare * width, down));
+    return width;
+}
+
+}  // namespace desk

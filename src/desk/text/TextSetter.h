@@ -1,0 +1,26 @@
+#pragma once
+
+#include "desk/text/DirectShaper.h"
+#include "desk/text/LayoutShaper.h"
+#include "desk/text/SetTexts.h"
+#include "desk/text/TextEngine.h"
+
+namespace desk {
+
+/// Sets texts.
+class TextSetter {
+public:
+    TextSetter(DirectShaper& direct, LayoutShaper& layout) : direct_(direct), layout_(layout) {}
+
+    /// Returns the size of the text.
+    host::TextExtent Set(const PlacedText& placed, SetTexts& into);
+
+private:
+    host::TextExtent SetLines(const PlacedText& placed, std::string_view text, SetTexts& into);
+    double SetLine(const PlacedText& placed, std::string_view line, double down, SetTexts& into);
+
+    DirectShaper& direct_;
+    LayoutShaper& layout_;
+};
+
+}  // namespace desk
