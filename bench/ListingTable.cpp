@@ -24,37 +24,12 @@ private:
 };
 
 std::string PlaceName(Dice& dice) {
-    static const char* const kFirst[] = {"Abbey",
-                                         "Acorn",
-                                         "Alder",
-                                         "Amber",
-                                         "Badger",
-                                         "Birch",
-                                         "Cedar",
-                                         "Copper",
-                                         "Dogwood",
-                                         "Eagle",
-                                         "Elm",
-                                         "Falcon",
-                                         "Glen",
-                                         "Hazel",
-                                         "Juniper",
-                                         "Kent",
-                                         "Lake",
-                                         "Maple",
-                                         "North",
-                                         "Orchard",
-                                         "Pine",
-                                         "Quail",
-                                         "Raven",
-                                         "Silver",
-                                         "Tulip",
-                                         "Union",
-                                         "Walnut",
-                                         "York",
-                                         "Caf\xE9",
-                                         "Pe\xF1"
-                                         "a"};
+    // In windows-1252.
+    static const char* const kFirst[] = {
+        "Abbey",   "Acorn", "Alder",  "Amber",   "Badger",  "Birch",  "Cedar",   "Copper",
+        "Dogwood", "Eagle", "Elm",    "Falcon",  "Glen",    "Hazel",  "Juniper", "Kent",
+        "Lake",    "Maple", "North",  "Orchard", "Pine",    "Quail",  "Raven",   "Silver",
+        "Tulip",   "Union", "Walnut", "York",    "Caf\351", "Pe\361a"};
     static const char* const kSecond[] = {
         "bank", "brook", "burn", "cliff", "croft", "dale",  "field", "ford", "gate", "grove", "ham",
         "hill", "land",  "mere", "mill",  "point", "ridge", "stone", "ton",  "view", "wood"};

@@ -8,6 +8,6 @@ namespace bench {
 /// Writes a table of place listings, the same for the same count: about 1.6 pages per feature and
 /// 12 % repeated records, in random order. Fields Listing (C 40), Page (N 4), Row (C 2), Column
 /// (N 2).
-void WriteListingTable(const std::string& path, std::size_t records);
+void WriteListingTable(const std::string& path, std::size_t count);
 
 }  // namespace bench

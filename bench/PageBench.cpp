@@ -1,0 +1,63 @@
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "app/Session.h"
+
+/// Reloading the stored results of the document that GAZETTEER_BENCH_DOCUMENT names, and drawing
+/// one page of them into the frame.
+namespace {
+
+std::unique_ptr<app::Session> OpenDocument(const char* path) {
+    auto session = std::make_unique<app::Session>(app::CommonOptions{.locale = "en_US"});
+    session->Open(path);
+    session->BindDrawable();
+    return session;
+}
+
+void BM_1_Reload(benchmark::State& state, const char* path) {
+    for (auto _ : state) {
+        auto session = OpenDocument(path);
+        state.PauseTiming();
+        session.reset();
+        state.ResumeTiming();
+    }
+}
+
+// With the fonts still to be found.
+void BM_2_FirstPage(benchmark::State& state, const char* path) {
+    const auto session = OpenDocument(path);
+    for (auto _ : state) session->Manager().SetIndexToPageNumber(1);
+}
+
+// Pages far apart, so that none shares its texts with the one before.
+void BM_3_OtherPages(benchmark::State& state, const char* path) {
+    constexpr int kStride = 7919;
+    const auto session = OpenDocument(path);
+    const int pages = session->PageCount();
+    int page = 0;
+    for (auto _ : state) {
+        session->Manager().SetIndexToPageNumber(page + 1);
+        page = (page + kStride) % pages;
+    }
+    state.counters["pages"] = pages;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    const char* path = std::getenv("GAZETTEER_BENCH_DOCUMENT");
+    if (!path) {
+        std::fputs("bench_page: GAZETTEER_BENCH_DOCUMENT names no document.\n", stderr);
+        return 2;
+    }
+    const auto add = [&](const char* name, auto* function) {
+        return benchmark::RegisterBenchmark(name, function, path)->Unit(benchmark::kMillisecond);
+    };
+    add("BM_1_Reload", BM_1_Reload)->Iterations(3);
+    add("BM_2_FirstPage", BM_2_FirstPage)->Iterations(1);
+    add("BM_3_OtherPages", BM_3_OtherPages);
+    benchmark::RunSpecifiedBenchmarks();
+}

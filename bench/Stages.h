@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/Session.h"
+#include "desk/drawing/PageWriter.h"
+#include "listings/CellComposer.h"
+#include "model/Results.h"
+#include "model/Settings.h"
+#include "support/TemporaryFolder.h"
+
+namespace bench {
+
+/// Texts that a column's cells hold before they are fitted to it.
+struct CellTexts {
+    std::string column;
+    std::vector<std::string> texts;
+    host::Ref<host::IHostTextSymbol> symbol;
+    double width = 0;  ///< For text, in inches.
+};
+
+/// The stages of `make` on a Letter sheet, each with what the stages before it made, which is made
+/// when it is first asked for.
+///
+/// The table is the one that GAZETTEER_BENCH_TABLE names, else a seeded one with
+/// GAZETTEER_BENCH_RECORDS records (default 100000).
+class Stages {
+public:
+    Stages();
+
+    /// Answers how many records have a name.
+    std::int64_t Read();
+    host::Ref<host::IHostTable> Compose();
+    host::Ref<host::IHostCursor> Sort();
+    host::Ref<host::IHostPropertySet> Combine(host::IHostCursor& rows);
+    std::vector<CellTexts> Cells();
+    void NumberPages(gazetteer::WorkingResults& results);
+    void Draw(std::int32_t page);
+    /// Writes the page that is drawn.
+    void Write(desk::PageWriter& writer);
+
+    const host::Ref<host::IHostTable>& Composed();
+    gazetteer::WorkingResults& Results();
+
+    host::IHost& Host() { return session_.Host(); }
+    host::Ref<host::IHostDisplay> Display();
+    std::string File(const char* name) const { return folder_.File(name); }
+
+private:
+    support::TemporaryFolder folder_;
+    app::Session session_;
+    gazetteer::Settings settings_;
+    gazetteer::SiblingObjects siblings_;
+    gazetteer::ListingSource source_;
+    host::Ref<host::IHostFillSymbol> transparent_;
+    host::Ref<host::IHostTable> composed_;
+    gazetteer::WorkingResults results_;
+};
+
+}  // namespace bench
