@@ -29,7 +29,7 @@ struct Code {
 /// code needs an escape in a string. ASCII characters keep their own bytes.
 class CodeTable {
 public:
-    /// Of the codes, in bytes. There are 187 of one byte, and beside these 8192 of two; 16384 where
+    /// Of the codes, in bytes. There are 186 of one byte, and beside these 8192 of two; 16384 where
     /// all have two.
     enum class Lengths { One, OneAndTwo, Two };
 

@@ -6,9 +6,7 @@
 #include <span>
 
 #include "desk/drawing/pdf/EmbeddedFont.h"
-#include "desk/drawing/pdf/FontSubset.h"
 #include "desk/drawing/pdf/Numbers.h"
-#include "desk/drawing/pdf/OutlineFont.h"
 
 namespace desk::pdf {
 namespace {
@@ -27,10 +25,20 @@ bool IsMadeBold(PangoFont* font) {
 }
 
 /// Whether the letters are not those of the default design of a variable font.
-bool IsVaried(hb_font_t* font) {
+bool IsVaried(PangoFont* font) {
     unsigned count = 0;
-    const int* const coordinates = hb_font_get_var_coords_normalized(font, &count);
+    const int* const coordinates =
+        hb_font_get_var_coords_normalized(pango_font_get_hb_font(font), &count);
     return std::ranges::any_of(std::span(coordinates, count), [](int one) { return one != 0; });
+}
+
+/// Whether letters look otherwise than the font has them, in a way that a subset cannot.
+bool IsChanged(PangoFont* font) {
+    return IsMadeBold(font) || IsVaried(font) || MatrixOf(font).yx != 0;
+}
+
+hb_face_t* FaceOf(PangoFont* font) {
+    return hb_font_get_face(pango_font_get_hb_font(font));
 }
 
 }  // namespace
@@ -49,30 +57,28 @@ FontUse FontSet::NewUse(PangoFont* font) {
     const cairo_matrix_t matrix = MatrixOf(font);
     FontUse use;
     use.points = matrix.yy;
-    use.boxes = Add(std::make_unique<OutlineFont>(font, use.points, numbers_));
-    use.face = EmbeddedFace(font);
-    if (!use.face) {
+    use.boxes = AddDrawn(font, DrawnFont::Drawings::Outlines);
+    const auto outlines = FontSubset::OutlinesOf(FaceOf(font));
+    if (outlines == FontSubset::Outlines::None) {
+        use.face = AddDrawn(font, DrawnFont::Drawings::Pictures);
+    } else if (IsChanged(font)) {
         use.face = use.boxes;
-        return use;
+    } else {
+        use.face = Embedded(FaceOf(font), outlines);
+        use.across = matrix.xx / matrix.yy;
+        use.slant = -matrix.xy / matrix.yy;
     }
-    use.across = matrix.xx / matrix.yy;
-    use.slant = -matrix.xy / matrix.yy;
     return use;
 }
 
-/// Null for a font that must be drawn.
-Typeface* FontSet::EmbeddedFace(PangoFont* font) {
-    hb_font_t* const shaping = pango_font_get_hb_font(font);
-    hb_face_t* const face = hb_font_get_face(shaping);
-    if (IsMadeBold(font) || IsVaried(shaping) || MatrixOf(font).yx != 0) return nullptr;
-    const auto known =
-        std::ranges::find_if(embedded_, [&](const Embedded& one) { return one.face == face; });
-    if (known != embedded_.end()) return known->typeface;
-    const auto outlines = FontSubset::OutlinesOf(face);
-    if (outlines == FontSubset::Outlines::None) return nullptr;
-    Typeface* const added = Add(std::make_unique<EmbeddedFont>(face, outlines, numbers_));
-    embedded_.push_back({face, added});
-    return added;
+Typeface* FontSet::Embedded(hb_face_t* face, FontSubset::Outlines outlines) {
+    Typeface*& known = embedded_[face];
+    if (!known) known = Add(std::make_unique<EmbeddedFont>(face, outlines, numbers_));
+    return known;
+}
+
+Typeface* FontSet::AddDrawn(PangoFont* font, DrawnFont::Drawings drawings) {
+    return Add(std::make_unique<DrawnFont>(font, MatrixOf(font).yy, drawings, numbers_));
 }
 
 Typeface* FontSet::Add(std::unique_ptr<Typeface> face) {

@@ -2,8 +2,11 @@
 
 #include <memory>
 #include <pango/pango.h>
+#include <unordered_map>
 #include <vector>
 
+#include "desk/drawing/pdf/DrawnFont.h"
+#include "desk/drawing/pdf/FontSubset.h"
 #include "desk/drawing/pdf/Typeface.h"
 #include "desk/text/Handles.h"
 
@@ -39,16 +42,13 @@ private:
 
     const Known& Find(PangoFont* font);
     FontUse NewUse(PangoFont* font);
-    Typeface* EmbeddedFace(PangoFont* font);
+    Typeface* Embedded(hb_face_t* face, FontSubset::Outlines outlines);
+    Typeface* AddDrawn(PangoFont* font, DrawnFont::Drawings drawings);
     Typeface* Add(std::unique_ptr<Typeface> face);
 
     FontNumbers numbers_;
     std::vector<std::unique_ptr<Typeface>> faces_;
-    struct Embedded {
-        hb_face_t* face;
-        Typeface* typeface;
-    };
-    std::vector<Embedded> embedded_;
+    std::unordered_map<hb_face_t*, Typeface*> embedded_;
     std::vector<std::unique_ptr<Known>> known_;
     const Known* last_ = nullptr;
 };

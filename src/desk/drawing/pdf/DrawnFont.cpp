@@ -1,4 +1,4 @@
-#include "desk/drawing/pdf/OutlineFont.h"
+#include "desk/drawing/pdf/DrawnFont.h"
 
 #include <algorithm>
 #include <array>
@@ -7,6 +7,7 @@
 #include <span>
 
 #include "desk/drawing/CairoHandles.h"
+#include "desk/drawing/pdf/GlyphPicture.h"
 #include "desk/drawing/pdf/Numbers.h"
 
 namespace desk::pdf {
@@ -36,10 +37,10 @@ PathHandle OutlineOf(PangoFont* font, PangoGlyph glyph, double scale) {
     return PathHandle(cairo_copy_path(context.get()));
 }
 
-/// A drawing, in thousandths of the font's size, Y upward, and the box around it.
-class Drawing {
+/// An outline, in thousandths of the font's size, Y upward, and the box around it.
+class Outline {
 public:
-    Drawing(const cairo_path_t& path, double scale) {
+    Outline(const cairo_path_t& path, double scale) {
         const std::span all(path.data, static_cast<std::size_t>(path.num_data));
         for (std::size_t i = 0; i < all.size();) {
             const auto length = static_cast<std::size_t>(all[i].header.length);
@@ -78,47 +79,58 @@ private:
     double left_ = 0, bottom_ = 0, right_ = 0, top_ = 0;
 };
 
-void AppendName(std::string& out, const CodeTable::Entry& entry) {
-    out += "/g";
-    AppendInteger(out, entry.code.Number());
+std::string NameOf(const CodeTable::Entry& entry) {
+    return "g" + std::to_string(entry.code.Number());
 }
 
 }  // namespace
 
-OutlineFont::OutlineFont(PangoFont* font, double points, FontNumbers& numbers)
-    : Typeface(CodeTable::Lengths::One, numbers), font_(font), thousandth_(points / 1000) {}
+DrawnFont::DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers)
+    : Typeface(CodeTable::Lengths::One, numbers),
+      font_(font),
+      drawings_(drawings),
+      thousandth_(points / 1000) {}
 
-int OutlineFont::WidthOf(hb_codepoint_t glyph) {
+int DrawnFont::WidthOf(hb_codepoint_t glyph) {
     return static_cast<int>(std::lround(LogicalWidth(font_, glyph) / (PANGO_SCALE * thousandth_)));
 }
 
-void OutlineFont::Write(ObjectFile& file) {
+void DrawnFont::Write(ObjectFile& file) {
     for (const Subset& subset : Subsets()) WriteSubset(file, subset);
 }
 
-std::string OutlineFont::DrawingOf(const CodeTable::Entry& entry) const {
-    const PathHandle path = OutlineOf(font_, entry.glyph, 1 / thousandth_);
-    return Drawing(*path, 1 / thousandth_).Stream(entry.width);
+/// Writes what draws a glyph. Returns the number of its object, and adds pictures that it shows.
+int DrawnFont::WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry,
+                            std::string& pictures) const {
+    if (drawings_ == Drawings::Outlines) {
+        const PathHandle path = OutlineOf(font_, entry.glyph, 1 / thousandth_);
+        return file.WriteStream("", Outline(*path, 1 / thousandth_).Stream(entry.width));
+    }
+    const GlyphPicture picture(font_, entry.glyph, thousandth_);
+    const std::string name = NameOf(entry);
+    pictures += '/' + name + ' ';
+    AppendReference(pictures, picture.WritePixels(file));
+    return file.WriteStream("", picture.Stream(entry.width, name));
 }
 
-void OutlineFont::WriteSubset(ObjectFile& file, const Subset& subset) {
+void DrawnFont::WriteSubset(ObjectFile& file, const Subset& subset) {
     constexpr int kCodes = 256;
     std::string differences;
     std::string drawings;
+    std::string pictures;
     std::array<double, kCodes> widths{};
     for (const auto& entry : subset.codes.Entries()) {
         widths.at(entry.code.Number()) = entry.width;
         AppendInteger(differences, entry.code.Number());
-        AppendName(differences, entry);
-        differences += ' ';
-        AppendName(drawings, entry);
-        drawings += ' ';
-        AppendReference(drawings, file.WriteStream("", DrawingOf(entry)));
+        differences += '/' + NameOf(entry) + ' ';
+        drawings += '/' + NameOf(entry) + ' ';
+        AppendReference(drawings, WriteDrawing(file, entry, pictures));
     }
     std::string font =
         "<</Type/Font/Subtype/Type3/FontBBox[0 0 0 0]/FontMatrix[.001 0 0 .001 0 0]"
-        "/Resources<<>>/Encoding<</Type/Encoding/Differences[" +
-        differences + "]>>/CharProcs<<" + drawings + ">>/FirstChar 0/LastChar 255/Widths[";
+        "/Resources<</XObject<<" +
+        pictures + ">>>>/Encoding<</Type/Encoding/Differences[" + differences + "]>>/CharProcs<<" +
+        drawings + ">>/FirstChar 0/LastChar 255/Widths[";
     for (const double width : widths) {
         AppendNumber(font, width);
         font += ' ';

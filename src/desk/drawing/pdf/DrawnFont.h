@@ -9,10 +9,12 @@
 namespace desk::pdf {
 
 /// A font of which the file holds drawings of the glyphs shown: a font that is made bold, slanted
-/// or varied on the way, one of another kind, and the boxes for characters that no font has.
-class OutlineFont final : public Typeface {
+/// or varied on the way, one of pictures, and the boxes for characters that no font has.
+class DrawnFont final : public Typeface {
 public:
-    OutlineFont(PangoFont* font, double points, FontNumbers& numbers);
+    enum class Drawings { Outlines, Pictures };
+
+    DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers);
 
     void Write(ObjectFile& file) override;
 
@@ -21,9 +23,10 @@ protected:
 
 private:
     void WriteSubset(ObjectFile& file, const Subset& subset);
-    std::string DrawingOf(const CodeTable::Entry& entry) const;
+    int WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry, std::string& pictures) const;
 
     PangoFont* font_;
+    Drawings drawings_;
     double thousandth_;  ///< Points in a thousandth of its size.
 };
 
