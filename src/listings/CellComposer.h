@@ -27,6 +27,8 @@ class CellComposer {
 public:
     CellComposer(host::IHost& host, const Settings& settings, const SiblingObjects& siblings,
                  const ListingSource& source);
+    CellComposer(const CellComposer&) = delete;
+    CellComposer& operator=(const CellComposer&) = delete;
 
     /// Looks up the fields of the listing database that have a role of their own.
     void FindFields();

@@ -40,12 +40,6 @@ struct TextEngine::State {
     std::size_t measurements = 0;
     std::vector<int> prefixSums;  ///< Kept for its storage.
 
-    /// The text measured last: who lays out a text asks for its size, and then its element for its
-    /// bounds.
-    std::string lastText;
-    const ResolvedFont* lastFont = nullptr;
-    host::TextExtent lastExtent;
-
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
         if (ways == Ways::Plain) return layout.Shape(font, line) / kUnitsPerPoint;
@@ -77,14 +71,8 @@ const ResolvedFont& TextEngine::Find(const FontSpec& spec) {
 
 host::TextExtent TextEngine::Measure(const ResolvedFont& font, std::string_view text) {
     ++state_->measurements;
-    if (state_->lastFont != &font || state_->lastText != text) {
-        state_->lastExtent = text.find('\r') == std::string_view::npos
-                                 ? state_->Extent(font, text)
-                                 : state_->Extent(font, WithoutReturns(text));
-        state_->lastFont = &font;
-        state_->lastText = text;
-    }
-    return state_->lastExtent;
+    if (text.find('\r') == std::string_view::npos) return state_->Extent(font, text);
+    return state_->Extent(font, WithoutReturns(text));
 }
 
 bool TextEngine::MeasurePrefixes(const ResolvedFont& font, std::string_view line,
