@@ -106,7 +106,8 @@ std::optional<hb_script_t> PlainScript(std::string_view text, const PlainClasses
 std::size_t FirstLetter(std::string_view text, const PlainClasses& classes) {
     for (std::size_t place = 0; place < text.size();) {
         const std::size_t start = place;
-        if (classes[NextCharacter(text, place)] != PlainClass::Common) return start;
+        const char32_t character = NextCharacter(text, place);
+        if (character >= kPlainTextLimit || classes[character] != PlainClass::Common) return start;
     }
     return text.size();
 }
