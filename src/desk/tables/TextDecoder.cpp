@@ -17,10 +17,21 @@ std::size_t WholeCharacters(std::string_view bytes) {
     for (std::size_t back = 1; back <= 3 && back <= bytes.size(); ++back) {
         const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
         if ((byte & 0xC0) == 0x80) continue;
-        const std::size_t wanted = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+        const std::size_t wanted = !U8_IS_LEAD(byte) ? 1 : byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
         return wanted > back ? bytes.size() - back : bytes.size();
     }
     return bytes.size();
+}
+
+bool AllUtf8(std::string_view bytes) {
+    const auto length = static_cast<std::int32_t>(bytes.size());
+    const auto* units = reinterpret_cast<const unsigned char*>(bytes.data());
+    for (std::int32_t at = 0; at < length;) {
+        UChar32 character = 0;
+        U8_NEXT(units, at, length, character);
+        if (character < 0) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -38,14 +49,7 @@ bool IsAscii(std::string_view bytes) {
 }
 
 bool IsUtf8(std::string_view bytes) {
-    const auto length = static_cast<std::int32_t>(WholeCharacters(bytes));
-    const auto* units = reinterpret_cast<const unsigned char*>(bytes.data());
-    for (std::int32_t at = 0; at < length;) {
-        UChar32 character = 0;
-        U8_NEXT(units, at, length, character);
-        if (character < 0) return false;
-    }
-    return true;
+    return AllUtf8(bytes.substr(0, WholeCharacters(bytes)));
 }
 
 void TextDecoder::Closer::operator()(UConverter* converter) const {
@@ -109,7 +113,7 @@ bool TextDecoder::Decode(std::string_view bytes, std::string& text) const {
 
 bool TextDecoder::DecodeUtf8(std::string_view bytes, std::string& text) const {
     bytes = bytes.substr(0, WholeCharacters(bytes));
-    if (IsUtf8(bytes)) {
+    if (AllUtf8(bytes)) {
         text.append(bytes);
         return true;
     }
