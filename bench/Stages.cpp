@@ -84,7 +84,8 @@ std::vector<CellTexts> Stages::Cells() {
 }
 
 void Stages::NumberPages(WorkingResults& results) {
-    PopulatePageGroups(Host(), settings_, *session_.Gazetteer(), transparent_, results);
+    RunReport report;
+    PopulatePageGroups(Host(), settings_, *session_.Gazetteer(), transparent_, results, report);
 }
 
 void Stages::Draw(std::int32_t page) {

@@ -16,6 +16,7 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 
 from recipes.places import BadData, choose_places, read_places  # noqa: E402
+from recipes.scripts import script_rows  # noqa: E402
 from recipes.sheets import SheetPlan, cut_sheets, references  # noqa: E402
 from recipes.streets import make_streets  # noqa: E402
 from recipes.tables import Field, write_table  # noqa: E402
@@ -79,6 +80,10 @@ def make_streets_table(folder):
     rows, deleted = make_streets()
     fields = [Field("PAGE", "N", 3), Field("ROW", "C", 1), Field("COLUMN", "N", 2), LISTING]
     write_table(folder / "streets.dbf", fields, rows, "cp1252", deleted)
+
+
+def make_scripts_table(folder):
+    write_table(folder / "scripts.dbf", [*GRID_FIELDS, LISTING], script_rows(), "utf-8")
 
 
 def sheet_row(sheet):
@@ -151,6 +156,7 @@ def main():
     make_czechia_slovakia(data, arguments.output)
     make_vietnam(data, arguments.output)
     make_streets_table(arguments.output)
+    make_scripts_table(arguments.output)
     make_atlas(data, arguments.output)
 
 

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <simdjson.h>
 
 #include "app/ConsoleDialogs.h"
 #include "app/Errors.h"
@@ -20,6 +21,16 @@ namespace {
 std::string CheckCount(const std::string& text) {
     const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
     return whole ? "" : "\"" + text + "\" is no whole number from 0";
+}
+
+// Empty for UTF-8, else what is wrong. Documents and host objects take no other texts; paths may
+// hold any bytes.
+std::string CheckText(const std::string& text) {
+    if (simdjson::validate_utf8(text)) return "";
+    std::string shown = text;
+    std::ranges::replace_if(
+        shown, [](char letter) { return letter < ' ' || letter > '~'; }, '?');
+    return '"' + shown + "\" is not UTF-8";
 }
 
 // Declares the commands and keeps what the arguments said.
@@ -50,8 +61,11 @@ private:
 
     CLI::App* Add(CLI::App& parent, const char* name, const char* text, Command run) {
         CLI::App* const command = parent.add_subcommand(name, text);
-        command->add_option("--locale", common_.locale,
-                            "Locale for sorting and numbers, such as is or de_DE (default: yours)");
+        command
+            ->add_option("--locale", common_.locale,
+                         "Locale for sorting and numbers, such as is, de_DE or "
+                         "de@collation=phonebook (default: yours)")
+            ->check(CheckText);
         command->add_flag("--verbose", common_.verbose, "Show whole call stacks of failures");
         command->callback([this, run = std::move(run)] { run_ = run; });
         return command;
@@ -64,11 +78,16 @@ private:
     static void AddNewDocumentOptions(CLI::App& command, NewDocumentOptions& options) {
         command.add_option("--book", options.book, "Map book file that the document belongs to");
         command.add_option("--page-size", options.pageSize, "letter, a4 or WIDTHxHEIGHT in inches")
+            ->check(CheckText)
             ->capture_default_str();
-        command.add_option("--frame", options.frame,
-                           "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches");
-        Repeatable(command.add_option("--set", options.assignments,
-                                      "KEY=VALUE, as for the command set (repeatable)"));
+        command
+            .add_option("--frame", options.frame,
+                        "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches")
+            ->check(CheckText);
+        Repeatable(command
+                       .add_option("--set", options.assignments,
+                                   "KEY=VALUE, as for the command set (repeatable)")
+                       ->check(CheckText));
         command.add_flag("--sample", options.sample, "Generate a sample page only");
     }
 
@@ -107,7 +126,9 @@ private:
         auto* command = Add(cli_, "set", "Change properties, as on the property page",
                             [this] { return Set(common_, set_); });
         AddDocument(command, set_.document);
-        command->add_option("KEY=VALUE", set_.assignments, "What to change")->required();
+        command->add_option("KEY=VALUE", set_.assignments, "What to change")
+            ->required()
+            ->check(CheckText);
         command->footer(SetHelp());
     }
 
@@ -118,12 +139,15 @@ private:
         auto* add = AddDocument(
             Add(*command, "add", "Add a column", [this] { return ColumnAdd(common_, column_); }),
             column_.document);
-        add->add_option("NAME", column_.name, "Name of the column")->required();
-        add->add_option("KEY=VALUE", column_.assignments, "Properties of the column");
+        add->add_option("NAME", column_.name, "Name of the column")->required()->check(CheckText);
+        add->add_option("KEY=VALUE", column_.assignments, "Properties of the column")
+            ->check(CheckText);
         auto* remove = AddDocument(Add(*command, "remove", "Remove a column",
                                        [this] { return ColumnRemove(common_, column_); }),
                                    column_.document);
-        remove->add_option("NAME", column_.name, "Name of the column")->required();
+        remove->add_option("NAME", column_.name, "Name of the column")
+            ->required()
+            ->check(CheckText);
         auto* list = AddDocument(Add(*command, "list", "List the columns with their properties",
                                      [this] { return ColumnList(common_, column_); }),
                                  column_.document);
@@ -165,7 +189,8 @@ private:
         AddDocument(command, export_.document);
         command->add_option("-o,--output", export_.output, "File to write: .pdf, .png or .svg")
             ->required();
-        command->add_option("--pages", export_.pages, "Pages such as 2-5 or 3 (default: all)");
+        command->add_option("--pages", export_.pages, "Pages such as 2-5 or 3 (default: all)")
+            ->check(CheckText);
         command->footer(kExportHelp);
     }
 

@@ -4,8 +4,10 @@
 
 #include "app/Errors.h"
 #include "app/Files.h"
+#include "app/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
+#include "model/Keys.h"
 #include "support/Text.h"
 
 namespace app {
@@ -77,27 +79,30 @@ void Edit::SetColumn(const std::string& column, const std::string& key, const st
 void Edit::SetOrder(const std::string& key, const std::string& value,
                     host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks) {
     auto set = work_.Host().NewPropertySet();
+    const std::string given = key + '=' + Shown(value);
     std::vector<std::string> seen;
     for (std::string name : gazetteer::Split(value, ',')) {
         const bool off = marks && name.ends_with(kMarkOff);
         if (off) name.resize(name.size() - (sizeof kMarkOff - 1));
-        if (name.empty())
-            throw UsageError(key + "=" + value + ": the value must name every column once.");
-        name = ColumnName(name);
+        if (name.empty()) throw UsageError(given + ": the value must name every column once.");
+        const auto known = gazetteer::FindColumn(work_.Host().Locale(), settings_, name);
+        if (known.empty())
+            throw UsageError(given + ": there is no column \"" + Shown(name) + "\".");
+        name = known;
         if (std::ranges::find(seen, name) != seen.end())
-            throw UsageError(key + "=" + value + ": the column \"" + name + "\" stands twice.");
+            throw UsageError(given + ": the column \"" + name + "\" stands twice.");
         seen.push_back(name);
         set->SetItem(name, marks ? host::Variant(!off) : host::Variant(name));
     }
     for (const std::string& name : gazetteer::NamesOf(*settings_.columnNames))
         if (std::ranges::find(seen, name) == seen.end())
-            throw UsageError(key + "=" + value + ": the column \"" + name + "\" is missing.");
+            throw UsageError(given + ": the column \"" + name + "\" is missing.");
     settings_.*order = set;
 }
 
 std::string Edit::ColumnName(const std::string& name) {
     std::string known = gazetteer::FindColumn(work_.Host().Locale(), settings_, name);
-    if (known.empty()) throw UsageError("There is no column \"" + name + "\".");
+    if (known.empty()) throw UsageError("There is no column \"" + Shown(name) + "\".");
     return known;
 }
 
@@ -110,19 +115,27 @@ const gazetteer::ColumnProperties* Edit::CurrentColumn() {
 }
 
 void Edit::Store() {
+    StoreForNow();
+    if (!FitsFrame())
+        work_.Caution(
+            "the total width of the defined columns is wider than the width of the gazetteer "
+            "frame.");
+    for (const auto& caution : ValueCautions(settings_)) work_.Caution(caution);
+}
+
+void Edit::StoreForNow() {
     auto& host = work_.Host();
     const auto& element = work_.Gazetteer();
     const auto properties = work_.Properties();
     gazetteer::StoreEdit(host, settings_, false, *properties);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
-    const bool fits = gazetteer::ColumnsFitFrame(host.Locale(), settings_,
-                                                 element->Geometry()->Bounds()->Width());
-    if (!fits)
-        work_.Caution(
-            "the total width of the defined columns is wider than the width of the gazetteer "
-            "frame.");
     gazetteer::Findings reasons;
-    properties->SetItem("CanDrawIndex", work_.CanDraw(reasons) && fits);
+    properties->SetItem("CanDrawIndex", work_.CanDraw(reasons) && FitsFrame());
+}
+
+bool Edit::FitsFrame() const {
+    return gazetteer::ColumnsFitFrame(work_.Host().Locale(), settings_,
+                                      work_.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
 }  // namespace app

@@ -29,13 +29,17 @@ public:
     /// The column that is open when the page opens, the first one; null without columns.
     const gazetteer::ColumnProperties* CurrentColumn();
 
+    /// Stores the settings, and tells of what is odd about them.
     void Store();
+    /// Stores them as a step of a command that goes on to edit.
+    void StoreForNow();
 
 private:
     void SetProperty(const std::string& key, const std::string& value);
     void SetColumn(const std::string& column, const std::string& key, const std::string& value);
     void SetOrder(const std::string& key, const std::string& value,
                   host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks);
+    bool FitsFrame() const;
 
     Work& work_;
     gazetteer::Settings settings_;

@@ -8,10 +8,22 @@ namespace {
 // "record 17", but texts in quotation marks.
 std::string FactPhrase(const host::FailureFact& fact) {
     if (fact.name == "record") return fact.name + ' ' + fact.value;
-    return fact.name + " \"" + fact.value + '"';
+    return fact.name + " \"" + Shown(fact.value) + '"';
+}
+
+bool ContinuesCharacter(char byte) {
+    return (byte & 0xC0) == 0x80;
 }
 
 }  // namespace
+
+std::string Shown(const std::string& value) {
+    constexpr std::size_t kMost = 200;  // Bytes.
+    if (value.size() <= kMost) return value;
+    std::size_t end = kMost;
+    while (end > 0 && ContinuesCharacter(value[end])) --end;
+    return value.substr(0, end) + "\u2026";
+}
 
 std::string FailureSentence(const host::Failure& failure) {
     std::string facts;

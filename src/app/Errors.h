@@ -27,6 +27,9 @@ struct AlreadyTold {
     int exitStatus = kCouldNot;
 };
 
+/// A value as a sentence shows it: of a very long one the beginning.
+std::string Shown(const std::string& value);
+
 /// A failure in one line: its first text and its facts.
 std::string FailureSentence(const host::Failure& failure);
 

@@ -1,6 +1,7 @@
 #include "app/Furniture.h"
 
 #include <algorithm>
+#include <numeric>
 #include <vector>
 
 #include "model/DefaultSymbols.h"
@@ -39,11 +40,27 @@ double WidthOf(host::IHost& host, host::IHostTextSymbol& symbol, const std::stri
            kPointsPerInch;
 }
 
+// A beginning of the text that is certainly too wide, or the whole text: so that of a very long
+// text only a beginning is shortened character by character.
+std::size_t TooWide(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& text,
+                    const std::vector<std::size_t>& characters, double width) {
+    constexpr double kCertainly = 2;  // Letters that join may make a longer text a little narrower.
+    std::size_t bytes = 0;
+    std::size_t count = 0;
+    for (std::size_t tried = 64; tried < characters.size(); tried *= 2) {
+        for (; count < tried; ++count) bytes += characters[count];
+        if (WidthOf(host, symbol, text.substr(0, bytes)) > kCertainly * width) return count;
+    }
+    return characters.size();
+}
+
 // As many of the text's characters as the width takes, with an ellipsis for the rest.
 std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::string text,
                       double width) {
     if (WidthOf(host, symbol, text) <= width) return text;
     auto characters = host.Locale().Characters(text);
+    characters.resize(TooWide(host, symbol, text, characters, width));
+    text.resize(std::accumulate(characters.begin(), characters.end(), std::size_t{0}));
     while (!characters.empty()) {
         text.resize(text.size() - characters.back());
         characters.pop_back();

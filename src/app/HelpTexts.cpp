@@ -152,9 +152,9 @@ records that are missing or damaged.)";
 
 const char kComponentHelp[] = R"(
   gazetteer component install
-The desk's window shows the property page for as long as it is entered. The component's library
-is looked for as ../lib/libCVNGazetteer.so beside the program, and is loaded for this command alone.
-The list of what is entered is gazetteer-desk/components.json in your data folder.)";
+The desk's window shows the property page for as long as it is entered. The component's library is
+looked for as ../lib/gazetteer/libCVNGazetteer.so beside the program, and loaded for this command
+alone. The list of what is entered is gazetteer-desk/components.json in your data folder.)";
 
 std::string SetHelp() {
     return kSetHelp + Lines("\nProperties:", gazetteer::PropertyKeys()) +

@@ -1,7 +1,7 @@
 #include "app/KeyValues.h"
 
 #include <charconv>
-#include <simdjson.h>
+#include <cmath>
 
 #include "app/Errors.h"
 #include "app/SymbolValues.h"
@@ -11,8 +11,11 @@ namespace {
 
 using gazetteer::ValueKind;
 
+// Inches: five of the largest sheets. All decimal numbers of a gazetteer are lengths.
+constexpr double kLongest = 1000;
+
 [[noreturn]] void FailForm(const std::string& key, const std::string& value, const char* form) {
-    throw UsageError(key + "=" + value + ": the value must be " + form + ".");
+    throw UsageError(key + "=" + Shown(value) + ": the value must be " + form + ".");
 }
 
 host::Variant ParseLong(const std::string& key, const std::string& value) {
@@ -30,8 +33,6 @@ host::Variant Object(const host::Ref<host::IHostObject>& object) {
 }  // namespace
 
 Assignment ParseAssignment(const std::string& text) {
-    // A document takes no other texts.
-    if (!simdjson::validate_utf8(text)) throw UsageError("\"" + text + "\" is not UTF-8.");
     const auto equals = text.find('=');
     if (equals == std::string::npos)
         throw UsageError("\"" + text + "\" is not of the form KEY=VALUE.");
@@ -58,6 +59,8 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
         case ValueKind::Double: {
             const auto number = ParseDecimal(value);
             if (!number) FailForm(key, value, "a decimal number such as 1.75");
+            if (std::abs(*number) > kLongest)
+                FailForm(key, value, "a number of inches from -1000 to 1000");
             return *number;
         }
         case ValueKind::TextSymbol: {
@@ -65,7 +68,7 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
             if (!symbol)
                 FailForm(key, value,
                          "a font such as \"DejaVu Sans,10,bold,#B00000\" (FAMILY,SIZE[,bold]"
-                         "[,#RRGGBB], SIZE at most 1000)");
+                         "[,#RRGGBB], SIZE at most 1000 and at least 0.1)");
             return Object(symbol);
         }
         case ValueKind::FillSymbol: {

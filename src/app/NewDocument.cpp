@@ -70,7 +70,7 @@ void DefineColumnsOf(Work& work, const std::string& database) {
     Edit edit(work);
     edit.Settings().indexDatabaseFile = FullPath(database);
     gazetteer::DefineColumns(host, *fields, edit.Settings());
-    edit.Store();
+    edit.StoreForNow();
 }
 
 FrameOption FrameOf(const host::IHostElement& element) {
@@ -138,11 +138,17 @@ void DressForPrint(Work& work) {
     AddFurniture(host, document, frame);
 
     // As many column groups as stand well side by side: three on a Letter sheet. They and the gaps
-    // between them fill the frame exactly.
+    // between them fill the frame exactly. Of the gaps only one counts where it is decided whether
+    // another group follows, so with n groups n - 2 gaps must be no wider than a group; and two
+    // groups, which have no gap to spare, must end a hair before the frame.
     constexpr double kGap = 0.15;
     constexpr double kLeastGroup = 2.1;
-    const double groups = std::max(1.0, std::floor((frame.width + kGap) / (kLeastGroup + kGap)));
-    const double group = (frame.width - (groups - 1) * kGap) / groups;
+    constexpr double kMostGroups = kLeastGroup / kGap + 2;
+    const double groups = std::clamp(std::floor((frame.width + kGap) / (kLeastGroup + kGap)), 1.0,
+                                     std::floor(kMostGroups));
+    constexpr double kHair = 0.001;
+    const double filled = frame.width - (groups == 2 ? kHair : 0);
+    const double group = (filled - (groups - 1) * kGap) / groups;
 
     Edit edit(work);
     const bool hasListing = edit.Settings().columnNames->Count() > 1;
@@ -164,7 +170,7 @@ void DressForPrint(Work& work) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");
         edit.Set("Listing.ColumnWidth=" + NumberText(group - reference));
     }
-    edit.Store();
+    edit.StoreForNow();
 }
 
 }  // namespace app

@@ -18,7 +18,13 @@ std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 /// What is odd about the table and about the outcome, one sentence each.
 std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
 
+/// Why there is no page where the gazetteer can be drawn and has none.
+std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
+
 /// Which fonts stood in for others so far, one sentence each.
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
+
+/// Which characters were printed as boxes since no font has them, in one sentence; empty if none.
+std::string MissingCharactersWarning(const desk::TextEngine& engine);
 
 }  // namespace app

@@ -24,6 +24,8 @@ Session::Session(const CommonOptions& options)
 
 Session::~Session() {
     for (const auto& warning : FontWarnings(*TheDesk().Text())) Warn(warning);
+    const auto missing = MissingCharactersWarning(*TheDesk().Text());
+    if (!missing.empty()) Warn(missing);
 }
 
 void Session::Open(const std::string& path) {
@@ -62,9 +64,8 @@ void Session::BindDrawable() {
     throw CommandError(reasons);
 }
 
-void Session::CheckHasPages() const {
-    if (PageCount() == 0)
-        throw CommandError("The gazetteer has no page: its frame is lower than the row of titles.");
+void Session::CheckHasPages() {
+    if (PageCount() == 0) throw CommandError(NoPageReason(Manager()));
 }
 
 void Session::Caution(const std::string& sentence) {

@@ -12,7 +12,7 @@ namespace app {
 class Session final : public Work {
 public:
     explicit Session(const CommonOptions& options);
-    /// Tells what fonts stood in for others.
+    /// Tells what fonts stood in for others, and what no font has.
     ~Session() override;
 
     /// Works on a document from disk. Fails for one without a gazetteer frame.
@@ -27,7 +27,7 @@ public:
     /// Binds, or ends the command: with the reasons where the gazetteer cannot be drawn.
     void BindDrawable();
     /// Fails if there is no page to draw.
-    void CheckHasPages() const;
+    void CheckHasPages();
 
     void Caution(const std::string& sentence) override;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
+#include <sys/resource.h>
 
 #include "app/Errors.h"
 #include "app/Furniture.h"
@@ -65,22 +66,26 @@ void WritePdf(Work& work, const std::string& path, const PageRange& pages,
     writer->Finish();
 }
 
+// As many open files as the system grants this process without asking anyone.
+void AllowManyFiles() {
+    rlimit files{};
+    if (::getrlimit(RLIMIT_NOFILE, &files) != 0) return;
+    files.rlim_cur = files.rlim_max;
+    ::setrlimit(RLIMIT_NOFILE, &files);
+}
+
+// The files take their places together once all are complete, so that a failure leaves those of an
+// earlier export as they were.
 void WriteNumberedFiles(Work& work, const std::string& path, const PageRange& pages,
                         const SheetListener& before) {
-    std::vector<std::string> written;
-    try {
-        for (std::int32_t page = pages.first; page <= pages.last; ++page) {
-            const std::string file = NumberedPath(path, page);
-            const auto writer = OpenWriter(work, file);
-            DrawSheet(work, *writer, page, before);
-            writer->Finish();
-            written.push_back(file);
-        }
-    } catch (...) {
-        std::error_code ignored;
-        for (const auto& file : written) std::filesystem::remove(file, ignored);
-        throw;
+    AllowManyFiles();
+    std::vector<std::unique_ptr<desk::PageWriter>> sheets;
+    for (std::int32_t page = pages.first; page <= pages.last; ++page) {
+        sheets.push_back(OpenWriter(work, NumberedPath(path, page)));
+        DrawSheet(work, *sheets.back(), page, before);
+        sheets.back()->Complete();
     }
+    for (const auto& sheet : sheets) sheet->Place();
 }
 
 }  // namespace

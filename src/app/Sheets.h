@@ -26,8 +26,8 @@ void CheckPage(std::int32_t page, std::int32_t pageCount);
 using SheetListener = std::function<void(std::int32_t page)>;
 
 /// Writes pages of the bound gazetteer, one sheet each, by the ending of the file's name: one PDF
-/// with bookmarks, or PNG or SVG files with -1, -2, ... before the ending. Nothing is left behind
-/// after a failure.
+/// with bookmarks, or PNG or SVG files with -1, -2, ... before the ending. After a failure all
+/// files are as they were.
 void WriteSheets(Work& work, const std::string& path, const PageRange& pages,
                  const SheetListener& before = {});
 

@@ -11,7 +11,9 @@ namespace app {
 namespace {
 
 // Points. Type above some thousands of them makes drawing libraries fail, and no sheet needs it.
+// Fonts are found to a 1024th of a point, and files tell sizes to a hundredth.
 constexpr double kLargestType = 1000;
+constexpr double kSmallestType = 0.1;
 
 // "#RRGGBB" as a colour of the host's, which has red in its lowest byte.
 std::optional<std::uint32_t> ParseColor(const std::string& text) {
@@ -36,7 +38,7 @@ host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::s
     const auto pieces = gazetteer::Split(value, ',');
     if (pieces.size() < 2 || pieces.size() > 4 || pieces[0].empty()) return nullptr;
     const auto points = ParseDecimal(pieces[1]);
-    if (!points || *points <= 0 || *points > kLargestType) return nullptr;
+    if (!points || *points < kSmallestType || *points > kLargestType) return nullptr;
     std::size_t next = 2;
     const bool bold = next < pieces.size() && pieces[next] == "bold";
     if (bold) ++next;

@@ -113,7 +113,7 @@ struct ParsedText {
     std::string extra;
 };
 
-/// Understands the markup of a text symbol.
+/// Understands the markup of a text symbol. One that has no markup need not be this.
 struct IHostTextParser : virtual IHostObject {
     virtual ParsedText PlainText(const std::string& text) = 0;
 };

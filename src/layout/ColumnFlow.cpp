@@ -94,6 +94,7 @@ ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
     usedWidth_ += width;
     if (settings.repeatColumns && usedWidth_ + settings.repeatSpacing + width < frame_.width) {
         pen_->SetX(pen_->X() + width + settings.repeatSpacing);
+        roomAtSide_ -= width + settings.repeatSpacing;
         StartColumn();
         return Step::GoOn;
     }
@@ -103,6 +104,7 @@ ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
 
 void ColumnFlow::Place(PlacedRow row) {
     row.room = frame_.height - usedHeight_;
+    row.roomAtSide = roomAtSide_;
     listener_.Placed(row);
     pen_->SetY(pen_->Y() - row.height);
 }
@@ -121,6 +123,9 @@ void ColumnFlow::StartColumn() {
 void ColumnFlow::StartPage() {
     pen_ = host::As<host::IHostPoint>(frame_.topLeft->Copy());
     usedWidth_ = 0;
+    roomAtSide_ = frame_.width;
+    for (const LayoutColumn& column : context_.Columns())
+        roomAtSide_ -= column.properties.columnWidth;
     pageIsEmpty_ = true;
     StartColumn();
 }

@@ -19,6 +19,7 @@ struct PlacedRow {
     host::Ref<host::IHostElement> group;
     double height = 0;  ///< Inches.
     double room = 0;    ///< Left of the frame's height below it, inches; negative if it juts out.
+    double roomAtSide = 0;  ///< The same of the frame's width beside its columns.
 };
 
 /// Learns what a flow does.
@@ -79,6 +80,7 @@ private:
     host::Ref<host::IHostPoint> pen_;  ///< Top left corner of the next row.
     double usedHeight_ = 0;            ///< Of the column group, the row under test included.
     double usedWidth_ = 0;             ///< Of the column groups ended on this page, without gaps.
+    double roomAtSide_ = 0;            ///< Beside the columns of the present column group.
     bool alternate_ = false;           ///< The next row takes the alternate background.
     bool topOfColumn_ = true;          ///< The column group has no title row yet.
     bool pageIsEmpty_ = true;          ///< No listing stands on the page yet.

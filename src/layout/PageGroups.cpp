@@ -14,7 +14,8 @@ namespace {
 // Records the row keys of each page.
 class PageRecorder : public FlowListener {
 public:
-    explicit PageRecorder(host::IHost& host) : host_(host), pages_(host.NewPropertySet()) {}
+    PageRecorder(host::IHost& host, RunReport& report)
+        : host_(host), report_(report), pages_(host.NewPropertySet()) {}
 
     void OpenPage() {
         rows_ = host_.NewPropertySet();
@@ -33,13 +34,18 @@ public:
 
     void Placing(PlacedRow&, bool, const std::string&) override {}
     void Placed(const PlacedRow& row) override {
-        if (row.kind == PlacedRow::Kind::Listing || row.kind == PlacedRow::Kind::Carried)
-            rows_->SetItem(row.rowKey, row.rowKey);
+        if (row.kind != PlacedRow::Kind::Listing && row.kind != PlacedRow::Kind::Carried) return;
+        rows_->SetItem(row.rowKey, row.rowKey);
+        report_.tooHigh += row.room < -kRounding ? 1 : 0;
+        report_.tooWide += row.roomAtSide < -kRounding ? 1 : 0;
     }
     void ColumnFull(double) override {}
 
 private:
+    static constexpr double kRounding = 1e-6;  // Inches; what sums of widths may be off.
+
     host::IHost& host_;
+    RunReport& report_;
     host::Ref<host::IHostPropertySet> pages_;
     host::Ref<host::IHostPropertySet> rows_;
     std::int32_t pageNumber_ = 0;
@@ -79,13 +85,13 @@ void NumberPages(LayoutContext& context, const FrameBounds& frame, PageRecorder&
 bool PopulatePageGroups(host::IHost& host, const Settings& settings,
                         const host::IHostElement& frameElement,
                         const host::Ref<host::IHostFillSymbol>& transparentFill,
-                        WorkingResults& results) try {
+                        WorkingResults& results, RunReport& report) try {
     const auto display = host.NewApplication()->Document()->ActiveView()->Display();
     const FrameBounds frame = ReadFrame(frameElement);
     if (results.listings->Count() == 0) return false;
     LayoutContext context(host, settings, results, transparentFill, display,
                           RowSource::Use::Measure);
-    PageRecorder pages(host);
+    PageRecorder pages(host, report);
     NumberPages(context, frame, pages);
     pages.ClosePage();
     results.pageGroups = pages.Pages();

@@ -31,13 +31,15 @@ bool IsOne(const Leaders& leaders, const std::string& text) {
     return leaders.atEnd && leaders.withDots.size() - text.size() == std::size(kDotsToken) - 1;
 }
 
-// Without a width of its own no number of dots would ever fill a column.
-std::string WithDots(const std::optional<std::string>& filled, const TextMeasure& measure) {
-    if (!filled)
-        Raise("CVNGazetteerManager.SplitText", "The dot has no width in the font \"" +
-                                                   measure.Symbol().Font()->Name() +
-                                                   "\", so that dots cannot fill the column.");
-    return *filled;
+// Without a width of its own no number of dots would ever fill a column; nor do hosts tell widths
+// of millions of dots.
+std::string WithDots(const std::optional<std::string>& filled, TextMeasure& measure) {
+    if (filled) return *filled;
+    const bool hasWidth = measure.Width(".") > 0;
+    Raise("CVNGazetteerManager.SplitText",
+          hasWidth ? "The column is too wide to be filled with dots."
+                   : "The dot has no width in the font \"" + measure.Symbol().Font()->Name() +
+                         "\", so that dots cannot fill the column.");
 }
 
 }  // namespace
@@ -58,7 +60,7 @@ std::string TextFit::SplitText(std::string& text, double width,
     text = ReplaceAll(std::move(text), kNewLineToken, "\r\n");
     const Leaders leaders = TakeLeaders(text);
     TextMeasure& measure = MeasureOf(symbol);
-    const std::string plain = parser_->PlainText(text).plain;
+    const std::string plain = Plain(text);
     if (plain == text && IsOne(leaders, text))
         if (auto filled = LineWithLeader(measure, text, width)) return *std::move(filled);
 
@@ -77,11 +79,15 @@ std::string TextFit::SplitText(std::string& text, double width,
     PassOn("SplitText", kManagerLabel);
 }
 
+std::string TextFit::Plain(const std::string& text) const {
+    return parser_ ? parser_->PlainText(text).plain : text;
+}
+
 // A blank that overflowed at the very end of the text has left a line end behind.
 std::string TextFit::WithoutLastLineEnd(std::string text) {
     const auto lineEnd = text.rfind("\r\n");
     if (lineEnd == std::string::npos) return text;
-    const std::string plain = parser_->PlainText(text).plain;
+    const std::string plain = Plain(text);
     const auto last = plain.find_last_not_of(' ');
     if (last == std::string::npos || plain[last] != '\n') return text;
     text.resize(lineEnd);

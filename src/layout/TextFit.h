@@ -28,12 +28,13 @@ public:
 
 private:
     TextMeasure& MeasureOf(const host::Ref<host::IHostTextSymbol>& symbol);
+    std::string Plain(const std::string& text) const;
     std::string WithoutLastLineEnd(std::string text);
 
     host::IHost& host_;
     host::Ref<host::IHostDisplay> display_;
     host::Ref<host::IHostTextElement> scratch_;
-    host::Ref<host::IHostTextParser> parser_;
+    host::Ref<host::IHostTextParser> parser_;  ///< Null where texts have no markup.
     std::unordered_map<const host::IHostTextSymbol*, TextMeasure> measures_;
 };
 

@@ -23,7 +23,8 @@ void CVNGazetteerManager::PopulateIndexTable() try {
     }
     const auto rows = OrderIndexTable(*host_, settings_, indexTable);
     working_.listings = PopulateRowValuesPropertySet(*host_, settings_, *rows, *indexTable, report);
-    if (!PopulatePageGroups(*host_, settings_, *indexElement_, transparentFill_, working_)) {
+    if (!PopulatePageGroups(*host_, settings_, *indexElement_, transparentFill_, working_,
+                            report)) {
         canDraw_ = false;
         findings_ = {"The gazetteer has no columns to display."};
     }
@@ -39,15 +40,16 @@ void CVNGazetteerManager::PopulateIndexTable() try {
     PassOn("PopulateIndexTable", kManagerLabel);
 }
 
-// The set is hung on the element again by an instance of its own, as any other caller would.
+// The set is hung on the element again by an instance of its own, as any other caller would. That
+// there are results is said last: a host that fails half-way leaves a set that runs anew.
 void CVNGazetteerManager::StoreResults() {
     using host::IHostObject;
     using host::Ref;
-    properties_->SetItem("HaveSavedListings", true);
     properties_->SetItem("SavedListings", Ref<IHostObject>(working_.listings));
     properties_->SetItem("PageGroups", Ref<IHostObject>(working_.pageGroups));
     properties_->SetItem("PageFirstListings", Ref<IHostObject>(working_.firstListings));
     properties_->SetItem("PageLastListings", Ref<IHostObject>(working_.lastListings));
+    properties_->SetItem("HaveSavedListings", true);
     CVNGazetteerManager(host_).AddGazetteerProperties(indexElement_, properties_);
 }
 

@@ -1,5 +1,7 @@
 #include "model/GeneralFunctions.h"
 
+#include <algorithm>
+
 #include "model/Settings.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
@@ -31,6 +33,14 @@ Ref<IHostPropertySet> ProbeSet(const IHostPropertySet& set, const char* key) {
     }
 }
 
+// A probe takes any failing read for an absent key. Before anything is put under the key, this
+// tells the two apart, so that what others keep there is not replaced.
+Ref<IHostPropertySet> ReadListed(const IHostPropertySet& set, const char* key) {
+    const auto names = set.AllItems().names;
+    if (std::ranges::find(names, key) == names.end()) return nullptr;
+    return ToObject<IHostPropertySet>(set.Item(key));
+}
+
 // "CorvaneProperties" of the element, with as much of the way to it made anew as is missing.
 Ref<IHostPropertySet> EnsureMakerSet(host::IHost& host, const Ref<IHostElement>& element) {
     auto container = Container(element);
@@ -40,6 +50,7 @@ Ref<IHostPropertySet> EnsureMakerSet(host::IHost& host, const Ref<IHostElement>&
         container = host.NewPropertySet();
         Require<IHostCustomProperty>(element)->SetCustomProperty(Ref<IHostObject>(container));
     }
+    if (auto maker = ReadListed(*container, kMakerKey)) return maker;
     auto maker = host.NewPropertySet();
     container->SetItem(kMakerKey, Ref<IHostObject>(maker));
     return maker;

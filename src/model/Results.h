@@ -26,6 +26,8 @@ struct RunReport {
     std::int64_t combined = 0;    ///< Rows merged into the listing before them.
     std::int64_t listings = 0;    ///< Listings stored.
     std::int64_t placed = 0;      ///< Listings that stand on a page.
+    std::int64_t tooHigh = 0;     ///< Of these, listings that end below the foot of the frame,
+    std::int64_t tooWide = 0;     ///< and those that end beyond its right edge.
 };
 
 /// Objects of the sibling map series library, created once per manager and once per form.

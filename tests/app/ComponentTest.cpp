@@ -13,7 +13,8 @@ TEST(Component, IsLookedForBesideTheProgram) {
         "mkdir -p bin; cp '" GAZETTEER_PROGRAM "' bin; bin/gazetteer component ";
     for (const char* way : {"install", "uninstall"})
         EXPECT_EQ(program.Shell(copy + way + " 2>&1; echo $?"),
-                  "gazetteer: The component library \"" + program.File("lib/libCVNGazetteer.so") +
+                  "gazetteer: The component library \"" +
+                      program.File("lib/gazetteer/libCVNGazetteer.so") +
                       "\" is not there; it is built and installed together with the window part "
                       "of the program.\n1\n");
 }

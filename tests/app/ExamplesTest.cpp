@@ -21,6 +21,10 @@ TEST(Examples, AllMake) {
           Example{
               "vietnam", "vi", 611, {"D\u01B0\u01A1ng \u0110\u00F4ng", "\u0110\u00E0 N\u1EB5ng"}},
           Example{"streets", "en", 714, {"2nd St...", "10th St...", "AVE 2.", "AVE 10"}},
+          Example{"scripts",
+                  "en",
+                  62,
+                  {"\u0141\u00F3d\u017A", "\u041A\u0438\u0457\u0432", "\u6771\u4EAC"}},
           Example{"atlas", "sv", 2177, {"Reykjav\u00EDk", "\u00C5sele", "\u00D6verum"}}}) {
         const auto made = program.Done({"make", kExamples + example.table + ".dbf", "-o", "o.pdf",
                                         "--document", "o.json", "--locale", example.locale});

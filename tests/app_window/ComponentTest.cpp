@@ -14,7 +14,7 @@ public:
     Component() { MakeSaved(Table("names.dbf", 900), "names.json"); }
 
     void Register(bool install) const {
-        desk::ComponentLibrary(desk::LibraryOfProgram("libCVNGazetteer.so"))
+        desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
             .Register(Layout().HostRef(), install);
     }
     /// Opens the sheet, acts on it, and leaves it by a button.

@@ -114,6 +114,34 @@ TEST_F(Documents, RecentOnesAreKeptUntilTheyAreGone) {
     EXPECT_EQ(Layout().Path(), folder_.File("two.json"));
 }
 
+TEST_F(Documents, AreNotSavedOverWhatAnotherProgramWrote) {
+    const std::string path = MakeSaved(Table("names.dbf", 30), "names.json");
+    Do("draft");
+    Do("save");
+    EXPECT_FALSE(window_->isWindowModified());
+
+    desk::Document theirs = desk::ReadDocument(path, Layout().TheDesk().Text());
+    theirs.title = "Theirs";
+    desk::WriteDocument(theirs, path);
+    Do("draft");
+    ExpectMessage("another program has changed it");
+    Do("save");
+    EXPECT_TRUE(window_->isWindowModified());
+    EXPECT_EQ(desk::ReadDocument(path, Layout().TheDesk().Text()).title, "Theirs");
+
+    // Who says so may write over it; from then on it is this window's again.
+    support::WhenModal([&](QWidget& dialog) {
+        support::WhenModal([](QWidget& question) { Press(question, "Yes"); });
+        TypeFile(dialog, path);
+    });
+    Do("saveAs");
+    EXPECT_FALSE(window_->isWindowModified());
+    EXPECT_NE(desk::ReadDocument(path, Layout().TheDesk().Text()).title, "Theirs");
+    Do("draft");
+    Do("save");
+    EXPECT_FALSE(window_->isWindowModified());
+}
+
 TEST_F(Documents, AreNotSavedOverWhatTheyAreMadeFrom) {
     const std::string table = Table("names.dbf", 5);
     Make(table);

@@ -140,7 +140,7 @@ int main(int count, char** arguments) {
     QDir::setCurrent(folder);
     {
         app::MainWindow registers("en_US");
-        desk::ComponentLibrary(desk::LibraryOfProgram("libCVNGazetteer.so"))
+        desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
             .Register(registers.TheLayout().HostRef(), true);
     }
     TakeWindow(album, table);

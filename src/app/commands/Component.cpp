@@ -10,7 +10,7 @@
 namespace app {
 namespace {
 
-constexpr char kLibrary[] = "libCVNGazetteer.so";
+constexpr char kLibrary[] = "gazetteer/libCVNGazetteer.so";
 
 // The library is loaded for this command alone, so that the program itself needs no display.
 desk::ComponentLibrary LoadLibrary() {

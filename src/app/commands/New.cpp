@@ -17,12 +17,12 @@ int New(const CommonOptions& common, const NewOptions& options) {
                            "\" exists already; --force replaces it.");
     Session session(common);
     StartNewDocument(session, options, options.document);
-    if (options.sample || !options.assignments.empty()) {
-        Edit edit(session);
-        for (const auto& assignment : options.assignments) edit.Set(assignment);
-        if (options.sample) edit.Set("SamplePage=true");
-        edit.Store();
-    }
+    Edit edit(session);
+    for (const auto& assignment : options.assignments) edit.Set(assignment);
+    if (options.sample) edit.Set("SamplePage=true");
+    edit.Store();
+    // One that came about meanwhile is refused as well.
+    if (!options.force) session.TheDesk().MayReplace(desk::FileState{});
     session.Save();
     return 0;
 }

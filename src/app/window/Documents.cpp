@@ -98,7 +98,8 @@ void Documents::New(const QString& table) {
 }
 
 bool Documents::Save() {
-    return layout_.OnDisk() ? SaveTo(desk::ToQt(layout_.Path())) : SaveAs();
+    if (!layout_.OnDisk()) return SaveAs();
+    return SaveWith(desk::ToQt(layout_.Path()), [this] { layout_.Save(); });
 }
 
 bool Documents::SaveAs() {
@@ -107,17 +108,18 @@ bool Documents::SaveAs() {
     dialog.setDefaultSuffix("json");
     dialog.selectFile(QFileInfo(desk::ToQt(layout_.Path())).fileName());
     if (dialog.exec() != QDialog::Accepted) return false;
-    return SaveTo(dialog.selectedFiles().value(0));
+    const QString path = dialog.selectedFiles().value(0);
+    return SaveWith(path, [&] { layout_.SaveTo(desk::FromQt(path)); });
 }
 
-bool Documents::SaveTo(const QString& path) {
+bool Documents::SaveWith(const QString& path, const std::function<void()>& save) {
     if (layout_.Needs(desk::FromQt(path))) {
         Warn("Save Document",
              "The document cannot be saved as \"" + path + "\", since it is made from that file.");
         return false;
     }
     try {
-        layout_.SaveTo(desk::FromQt(path));
+        save();
     } catch (const std::exception&) {
         Warn("Save Document", desk::ToQt(CurrentSentence()));
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 #include "app/window/Layout.h"
 
@@ -38,7 +39,7 @@ Q_SIGNALS:
     void RecentChanged();
 
 private:
-    bool SaveTo(const QString& path);
+    bool SaveWith(const QString& path, const std::function<void()>& save);
     void Warn(const QString& title, const QString& sentence);
     QString StartFolder() const;
 

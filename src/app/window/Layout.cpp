@@ -31,6 +31,7 @@ void Layout::Open(const std::string& path) {
 void Layout::StartNew(const NewDocumentOptions& options, bool dressed) {
     const desk::Document documentBefore = TheDesk().CurrentDocument();
     const std::string pathBefore = Path();
+    const auto replaceableBefore = TheDesk().Replaceable();
     const std::vector<Notice> noticesBefore = std::exchange(notices_, {});
     try {
         const auto place = std::filesystem::path(FullPath(options.listingDatabase));
@@ -38,6 +39,7 @@ void Layout::StartNew(const NewDocumentOptions& options, bool dressed) {
         if (dressed) DressForPrint(*this);
     } catch (...) {
         TheDesk().Start(documentBefore, pathBefore);
+        TheDesk().MayReplace(replaceableBefore);
         notices_ = noticesBefore;
         UseChosen();
         throw;
@@ -64,8 +66,18 @@ void Layout::SaveTo(const std::string& documentPath) {
         const std::string mapBook = desk::MapBookPath(document, Path());
         if (!mapBook.empty()) document.mapBook = desk::PathFromDocument(mapBook, documentPath);
     }
-    desk::WriteDocument(document, documentPath);
+    const auto written = desk::WriteDocument(document, documentPath);
     if (documentPath != Path()) TheDesk().Start(std::move(document), documentPath);
+    TheDesk().MayReplace(written);
+    NoteSaved();
+}
+
+void Layout::Save() {
+    TheDesk().Save();
+    NoteSaved();
+}
+
+void Layout::NoteSaved() {
     onDisk_ = true;
     modified_ = false;
 }
@@ -143,7 +155,7 @@ void Layout::TellOf(const Frame& frame) {
         for (const auto& finding : manager.LastFindings()) reasons += ' ' + finding;
         warn(reasons);
     } else if (manager.Working().pageCount == 0) {
-        warn("The gazetteer has no page: its frame is lower than the row of titles.");
+        warn(NoPageReason(manager));
     }
 }
 

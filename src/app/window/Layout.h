@@ -37,7 +37,11 @@ public:
     /// A new document, not on disk yet: the given options, dressed for print if so asked. Fails
     /// with the document before still there.
     void StartNew(const NewDocumentOptions& options, bool dressed);
-    /// Saves under a path, which is the document's from then on. Fails with nothing changed.
+    /// Saves where the document is. Fails with nothing changed, also where another program has
+    /// changed the file meanwhile.
+    void Save();
+    /// Saves under a path, which is the document's from then on, over whatever stands there. Fails
+    /// with nothing changed.
     void SaveTo(const std::string& documentPath);
     /// Where the document is or, of one not on disk yet, where it might be saved.
     const std::string& Path() { return TheDesk().DocumentPath(); }
@@ -87,6 +91,7 @@ private:
     };
 
     void TakeDocument(bool onDisk);
+    void NoteSaved();
     void FindFrames();
     void Bind(Frame& frame);
     void Draw(Frame& frame);

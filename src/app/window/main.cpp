@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 
 #include "app/Errors.h"
@@ -53,6 +54,8 @@ int Run(int argc, char** argv, const Arguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A file that would grow beyond the user's limit is a failed write like any other.
+    std::signal(SIGXFSZ, SIG_IGN);
     CLI::App cli("Shows the printed index of a map book, and edits what it is made of.",
                  "gazetteer-desk");
     Arguments arguments;

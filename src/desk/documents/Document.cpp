@@ -26,10 +26,11 @@ constexpr int kVersion = 1;
 
 /// The parsed document keeps what the answer consists of. The text that it was made from and the
 /// parser's own tables go at once: of a million listings, 90 MB.
-simdjson::dom::element Parse(simdjson::dom::document& parsed, const std::string& path) {
+simdjson::dom::element Parse(simdjson::dom::document& parsed, const std::string& path,
+                             FileState* state) {
     simdjson::dom::parser parser;
     simdjson::dom::element root;
-    const auto error = parser.parse_into_document(parsed, ReadWholeFile(path)).get(root);
+    const auto error = parser.parse_into_document(parsed, ReadWholeFile(path, state)).get(root);
     if (error == simdjson::MEMALLOC || error == simdjson::CAPACITY)
         Fail(path, "The file \"" + path + "\" is too large to be read.");
     if (error == simdjson::UTF8_ERROR)
@@ -99,9 +100,10 @@ void WriteText(JsonWriter& writer, const Document& document) {
 
 }  // namespace
 
-Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine) {
+Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine,
+                      FileState* state) {
     simdjson::dom::document parsed;
-    const auto root = Parse(parsed, path);
+    const auto root = Parse(parsed, path, state);
     CheckFormat(root, path);
 
     const JsonNode top(root, path);
@@ -113,7 +115,8 @@ Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>
     return document;
 }
 
-void WriteDocument(const Document& document, const std::string& path) {
+FileState WriteDocument(const Document& document, const std::string& path,
+                        const std::optional<FileState>& expected) {
     ReplacingFile file(path);
     JsonWriter writer([&](std::string_view text) { file.Write(text); });
     try {
@@ -121,7 +124,7 @@ void WriteDocument(const Document& document, const std::string& path) {
     } catch (const host::Failure& failure) {
         Fail(path, "The document \"" + path + "\" cannot be saved: " + failure.description + ".");
     }
-    file.Commit();
+    return file.Commit(expected);
 }
 
 std::string MapBookPath(const Document& document, const std::string& documentPath) {

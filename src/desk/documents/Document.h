@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "desk/files/FileState.h"
 #include "host/Elements.h"
 
 namespace desk {
@@ -22,10 +24,14 @@ struct Document {
 
 /// Reads a document. Fails, in one sentence that names the file and the fault, for a file that is
 /// gone or cannot be read, that is no document of the desk, is of a newer format, or is damaged.
-Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine);
+/// The state, if asked for, is that of the file as it was read.
+Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine,
+                      FileState* state = nullptr);
 
-/// Replaces the file in one step (see ReplaceFile). The same content gives the same bytes.
-void WriteDocument(const Document& document, const std::string& path);
+/// Replaces the file in one step (see ReplacingFile), if it is the expected one where one is
+/// expected. The same content gives the same bytes. Answers the state of the file.
+FileState WriteDocument(const Document& document, const std::string& path,
+                        const std::optional<FileState>& expected = std::nullopt);
 
 /// The path of the document's map book, seen from where the program runs; empty without one.
 std::string MapBookPath(const Document& document, const std::string& documentPath);

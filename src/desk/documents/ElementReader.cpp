@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "desk/documents/Depth.h"
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
 
@@ -49,6 +50,8 @@ host::Ref<host::IHostElement> ReadGroup(const JsonNode& node, const ValueReader&
         group->SetGeometry(AnyGeometryIn(*geometry));
     group->SetDraft(node.Member("draft").Flag());
     const auto members = node.Member("members");
+    if (members.Nesting() > kDeepestNesting)
+        members.Fail("groups stand too deep inside one another");
     members.Each([&](const JsonNode& member) { group->Add(ReadElement(member, values)); });
     return group;
 }

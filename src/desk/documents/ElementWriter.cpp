@@ -1,13 +1,12 @@
 #include "desk/documents/ElementWriter.h"
 
+#include "desk/documents/Depth.h"
 #include "desk/documents/ValueWriter.h"
 #include "host/Failure.h"
 
 namespace desk {
 
 namespace {
-
-constexpr int kDeepestGroup = 100;
 
 [[noreturn]] void Refuse(const std::string& what) {
     throw host::Failure(host::kFailureTypeMismatch, "desk::WriteElement", what);
@@ -49,7 +48,7 @@ void WriteCommon(JsonWriter& writer, const char* kind,
 }
 
 void WriteGroup(JsonWriter& writer, const host::IHostGroupElement& group, int depth) {
-    if (depth >= kDeepestGroup) Refuse("groups stand inside one another without end");
+    if (depth >= kDeepestNesting) Refuse("groups stand inside one another without end");
     const auto* frame = dynamic_cast<const host::IHostFrameElement*>(&group);
     writer.Member("draft", frame != nullptr && frame->Draft());
     writer.Key("members");

@@ -23,6 +23,13 @@ JsonNode JsonNode::OnlyMember() const {
     return JsonNode(field.value, this, field.key, 0);
 }
 
+int JsonNode::Nesting() const {
+    int count = 0;
+    for (const JsonNode* node = this; node != nullptr; node = node->parent_)
+        if (node->key_ == key_) ++count;
+    return count;
+}
+
 std::string_view JsonNode::Text() const {
     std::string_view text;
     if (value_.get(text) != simdjson::SUCCESS) Fail("a text is expected");

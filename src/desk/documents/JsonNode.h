@@ -27,6 +27,8 @@ public:
     /// The value under the only key that an object has. Fails for other objects.
     JsonNode OnlyMember() const;
     std::string_view Key() const { return key_; }
+    /// How many nodes of this node's key there are from the top of the document to it, itself too.
+    int Nesting() const;
 
     std::string_view Text() const;
     bool Flag() const;

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "desk/documents/Depth.h"
 #include "desk/objects/PropertySet.h"
 #include "desk/objects/Symbols.h"
 
@@ -131,6 +132,7 @@ host::Variant ValueReader::TaggedValue(const JsonNode& node) const {
 }
 
 Object ValueReader::Set(const JsonNode& node) const {
+    if (node.Nesting() > kDeepestNesting) node.Fail("sets stand too deep inside one another");
     if (auto texts = TextsIn(node)) return std::make_shared<PropertySet>(std::move(texts));
     auto set = std::make_shared<PropertySet>();
     EachEntry(node, [&](const JsonNode& item, std::string_view name, const JsonNode& value) {

@@ -5,15 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "desk/documents/Depth.h"
 #include "desk/objects/PropertySet.h"
 #include "host/Failure.h"
 
 namespace desk {
 
 namespace {
-
-/// Keeps clear of the stack's end and of what the reader accepts; nothing real nests so deep.
-constexpr int kDeepestSet = 100;
 
 std::string ColorText(std::uint32_t rgb) {
     constexpr const char* kHexDigits = "0123456789ABCDEF";
@@ -101,7 +99,7 @@ void ValueWriter::operator()(const host::Ref<host::IHostObject>& object) {
 }
 
 void ValueWriter::Set(const host::IHostPropertySet& set) {
-    if (depth_ >= kDeepestSet) {
+    if (depth_ >= kDeepestNesting) {
         throw host::Failure(host::kFailureOverflow, "desk::WriteValue",
                             "property sets stand inside one another without end");
     }

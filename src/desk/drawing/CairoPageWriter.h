@@ -20,6 +20,7 @@ protected:
     void EndSheet(const std::string& bookmark) final;
 
     cairo_surface_t* Surface() const { return surface_.get(); }
+    void LetGo() { surface_.reset(); }
     /// Throws host::Failure unless cairo is content.
     void Check(cairo_status_t status) const;
     /// Sink for cairo; the closure is the OutputFile.

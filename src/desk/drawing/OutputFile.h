@@ -21,6 +21,7 @@ public:
     /// False once something could not be written.
     bool TryWrite(std::string_view bytes) { return file_.Write(bytes); }
 
+    void Complete() { file_.Complete(); }
     /// Puts the file in its place.
     void Commit() { file_.Commit(); }
 

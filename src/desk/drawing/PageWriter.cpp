@@ -31,11 +31,11 @@ void PageWriter::EndPage(const std::string& bookmark) {
     EndSheet(bookmark);
 }
 
-void PageWriter::Finish() {
+void PageWriter::Complete() {
     sheet_ = nullptr;
     if (sheets_ == 0) Refuse("there is no page");
     Close();
-    file_.Commit();
+    file_.Complete();
 }
 
 void PageWriter::Refuse(const std::string& reason) const {

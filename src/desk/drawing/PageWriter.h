@@ -8,9 +8,9 @@
 
 namespace desk {
 
-/// Writes sheets to a file: BeginPage, drawing, EndPage for each, then Finish. Every failure is a
-/// host::Failure that names the file. Without Finish no file comes about, and one that was there
-/// before stays.
+/// Writes sheets to a file: BeginPage, drawing, EndPage for each, then Finish, or Complete and Place
+/// where several files are to come about together. Every failure is a host::Failure that names the
+/// file. Until the end no file comes about, and one that was there before stays.
 class PageWriter {
 public:
     virtual ~PageWriter() = default;
@@ -25,7 +25,13 @@ public:
     /// Ends the sheet. The name is its bookmark, where the kind of file has bookmarks.
     void EndPage(const std::string& bookmark = {});
 
-    void Finish();
+    void Finish() {
+        Complete();
+        Place();
+    }
+    /// Ends the file, which now costs no memory but keeps a descriptor open.
+    void Complete();
+    void Place() { file_.Commit(); }
 
 protected:
     enum class Sheets { One, Many };
@@ -35,7 +41,7 @@ protected:
     /// The canvas of a sheet of a size in points. What is painted is kept only if EndSheet follows.
     virtual Canvas& BeginSheet(double width, double height) = 0;
     virtual void EndSheet(const std::string& bookmark) = 0;
-    /// Hands the last bytes to the file.
+    /// Hands the last bytes to the file and lets go of what made them.
     virtual void Close() = 0;
 
     OutputFile& File() { return file_; }

@@ -19,6 +19,7 @@ CairoSurface PngWriter::NewSurface(double width, double height) {
 
 void PngWriter::Close() {
     Check(cairo_surface_write_to_png_stream(Surface(), &Write, &File()));
+    LetGo();
 }
 
 }  // namespace desk

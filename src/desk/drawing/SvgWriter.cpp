@@ -11,6 +11,7 @@ CairoSurface SvgWriter::NewSurface(double width, double height) {
 void SvgWriter::Close() {
     cairo_surface_finish(Surface());
     Check(cairo_surface_status(Surface()));
+    LetGo();
 }
 
 }  // namespace desk

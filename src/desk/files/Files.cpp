@@ -49,7 +49,7 @@ private:
 
 }  // namespace
 
-std::string ReadWholeFile(const std::string& path) {
+std::string ReadWholeFile(const std::string& path, FileState* state) {
     const Handle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.IsOpen()) {
         Fail(path, errno == ENOENT ? "there is no such file" : SystemReason());
@@ -57,6 +57,8 @@ std::string ReadWholeFile(const std::string& path) {
     struct stat info {};
     if (::fstat(file.Get(), &info) != 0) Fail(path, SystemReason());
     if (S_ISDIR(info.st_mode)) Fail(path, "it is a folder");
+
+    if (state != nullptr) *state = FileState::Of(file.Get());
 
     std::string content;
     const auto expected = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "desk/files/SaveLock.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -42,6 +43,11 @@ fs::path Beside(const fs::path& target, int attempt) {
            (".desk-" + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".tmp");
 }
 
+/// The way to an open file that has no name.
+std::string WayTo(int file) {
+    return "/proc/self/fd/" + std::to_string(file);
+}
+
 }  // namespace
 
 ReplacingFile::ReplacingFile(const std::string& path, Devices devices)
@@ -53,9 +59,11 @@ ReplacingFile::ReplacingFile(const std::string& path, Devices devices)
     if (exists && S_ISDIR(old.st_mode)) Fail("it is a folder");
     if (exists && ::access(target_.c_str(), W_OK) != 0) FailWith(errno);
     if (!exists || S_ISREG(old.st_mode)) {
-        OpenBeside();
+        OpenNameless();
+        if (!stream_) OpenBeside();
     } else {
         if (devices == Devices::Refuse) Fail("it is no ordinary file");
+        atOnce_ = true;
         stream_.reset(std::fopen(target_.c_str(), "wb"));
         if (!stream_) FailWith(errno);
     }
@@ -64,6 +72,16 @@ ReplacingFile::ReplacingFile(const std::string& path, Devices devices)
 ReplacingFile::~ReplacingFile() {
     stream_.reset();
     if (!beside_.empty()) ::unlink(beside_.c_str());
+}
+
+// A program that is killed leaves nothing of such a file. Not every file system has them, and the
+// way to name one later may be closed; then there is no stream.
+void ReplacingFile::OpenNameless() {
+    const int file =
+        ::open(FolderOf(target_).c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, kOrdinaryMode);
+    if (file < 0) return;
+    if (::access(WayTo(file).c_str(), F_OK) == 0) return Take(file);
+    ::close(file);
 }
 
 void ReplacingFile::OpenBeside() {
@@ -78,11 +96,15 @@ void ReplacingFile::OpenBeside() {
         beside_.clear();
         FailWith(error);
     }
+    Take(file);
+}
+
+void ReplacingFile::Take(int file) {
     stream_.reset(::fdopen(file, "wb"));
     if (stream_) return;
     const int error = errno;
     ::close(file);
-    ::unlink(beside_.c_str());
+    if (!beside_.empty()) ::unlink(beside_.c_str());
     beside_.clear();
     FailWith(error);
 }
@@ -94,18 +116,63 @@ bool ReplacingFile::Write(std::string_view content) {
     return error_ == 0;
 }
 
-void ReplacingFile::Commit() {
+void ReplacingFile::Complete() {
     if (error_ == 0 && std::fflush(stream_.get()) != 0) error_ = errno;
     Check();
-    if (!beside_.empty()) {
-        DressAsOld();
-        if (::fsync(::fileno(stream_.get())) != 0) FailWith(errno);
-    }
+    complete_ = true;
+    if (atOnce_) return;
+    DressAsOld();
+    if (::fsync(::fileno(stream_.get())) != 0) FailWith(errno);
+}
+
+FileState ReplacingFile::Commit(const std::optional<FileState>& expected) {
+    if (!complete_) Complete();
+    if (!atOnce_ && beside_.empty()) NameIt();
+    const FileState written = FileState::Of(::fileno(stream_.get()));
     if (std::fclose(stream_.release()) != 0) FailWith(errno);
-    if (beside_.empty()) return;
-    if (::rename(beside_.c_str(), target_.c_str()) != 0) FailWith(errno);
+    if (!atOnce_) PutInPlace(expected);
+    return written;
+}
+
+void ReplacingFile::NameIt() {
+    const std::string way = WayTo(::fileno(stream_.get()));
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+        const fs::path name = Beside(target_, attempt);
+        if (::linkat(AT_FDCWD, way.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+            beside_ = name;
+            return;
+        }
+        if (errno != EEXIST) break;
+    }
+    FailWith(errno);
+}
+
+void ReplacingFile::PutInPlace(const std::optional<FileState>& expected) {
+    const SaveLock lock(target_);
+    if (expected && lock.HeldByOther()) Fail("another program is just saving it");
+    if (expected) CheckExpected(*expected);
+    const bool made = expected && !FileState::At(target_).exists && MakeNew();
+    if (!made && ::rename(beside_.c_str(), target_.c_str()) != 0) FailWith(errno);
     beside_.clear();
     SyncFolder();
+}
+
+// Puts the file where nothing is, and fails if something is there by now. False where the file
+// system has no links.
+bool ReplacingFile::MakeNew() const {
+    if (::link(beside_.c_str(), target_.c_str()) != 0) {
+        if (errno == EEXIST) CheckExpected({});
+        return false;
+    }
+    ::unlink(beside_.c_str());
+    return true;
+}
+
+void ReplacingFile::CheckExpected(const FileState& expected) const {
+    const FileState found = FileState::At(target_);
+    if (!found.exists || found == expected) return;
+    Fail(expected.exists ? "another program has changed it since it was read"
+                         : "another program has made a file of that name meanwhile");
 }
 
 // Takes over the permissions of the file that is replaced, and its owner where that is allowed.

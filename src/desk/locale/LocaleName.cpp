@@ -44,8 +44,25 @@ bool HasCollation(const icu::Locale& locale) {
     return false;
 }
 
+/// The name with the script in ICU's place that the C library puts behind an @: sr_RS.UTF-8@latin
+/// is sr_Latn_RS. Modifiers of other kinds, such as euro, stay where ICU passes over them.
+std::string WithScript(const std::string& name) {
+    struct Script {
+        std::string_view modifier, code;
+    };
+    static constexpr Script kScripts[] = {
+        {"@latin", "_Latn"}, {"@cyrillic", "_Cyrl"}, {"@devanagari", "_Deva"}};
+    for (const auto& [modifier, code] : kScripts) {
+        if (!name.ends_with(modifier)) continue;
+        std::string base = name.substr(0, name.find_first_of(".@"));
+        return base.insert(std::min(base.find('_'), base.size()), code);
+    }
+    return name;
+}
+
 icu::Locale Parse(const std::string& name) {
-    if (name.find("-u-") == std::string::npos) return icu::Locale::createCanonical(name.c_str());
+    if (name.find("-u-") == std::string::npos)
+        return icu::Locale::createCanonical(WithScript(name).c_str());
     UErrorCode status = U_ZERO_ERROR;
     const icu::Locale locale = icu::Locale::forLanguageTag(name, status);
     return U_SUCCESS(status) ? locale : icu::Locale("");

@@ -55,17 +55,20 @@ Desk::Desk(DeskOptions options)
 }
 
 void Desk::Open(const std::string& path) {
-    Start(ReadDocument(path, engine_), path);
+    FileState file;
+    Start(ReadDocument(path, engine_, &file), path);
+    MayReplace(file);
 }
 
 void Desk::Start(Document document, const std::string& path) {
     document_ = std::move(document);
     path_ = path;
+    MayReplace(std::nullopt);
     book_ = std::make_shared<BookSource>(MapBookPath(document_, path_));
 }
 
-void Desk::Save() const {
-    WriteDocument(document_, path_);
+void Desk::Save() {
+    MayReplace(WriteDocument(document_, path_, replaceable_));
 }
 
 host::Ref<host::IHostPropertySet> Desk::NewPropertySet() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "desk/documents/Document.h"
@@ -42,8 +43,13 @@ public:
     /// Works on a document that is not on disk yet; its paths are seen from where the file of that
     /// path will stand.
     void Start(Document document, const std::string& path);
-    /// Writes the document to its path.
-    void Save() const;
+    /// What the next Save may replace; nothing: whatever stands at the path. That of a document
+    /// read or saved is its file as it was then, that of one started anew nothing.
+    void MayReplace(const std::optional<FileState>& file) { replaceable_ = file; }
+    const std::optional<FileState>& Replaceable() const { return replaceable_; }
+    /// Writes the document to its path. Fails, with nothing written, where others have changed the
+    /// file since it was read or saved.
+    void Save();
 
     Document& CurrentDocument() { return document_; }
     const std::string& DocumentPath() const { return path_; }
@@ -104,6 +110,7 @@ private:
     host::Ref<host::IHostApplication> application_;
     Document document_;
     std::string path_;
+    std::optional<FileState> replaceable_;
     std::shared_ptr<BookSource> book_ = std::make_shared<BookSource>("");
 };
 

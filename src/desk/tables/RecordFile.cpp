@@ -33,7 +33,7 @@ RecordFile::RecordFile(std::string path) : path_(std::move(path)) {
     descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor_ < 0)
         Fail(host::kFailureUnspecified, path_ + " cannot be read: " + std::strerror(errno) + ".");
-    size_ = state.st_size;
+    state_ = FileState::Of(descriptor_);
 }
 
 RecordFile::~RecordFile() {
@@ -55,8 +55,13 @@ void RecordFile::Read(std::int64_t offset, char* memory, std::size_t length) con
     }
 }
 
+void RecordFile::CheckUnchanged() const {
+    if (FileState::Of(descriptor_) != state_)
+        Fail(host::kFailureUnspecified, path_ + " was changed while it was read.");
+}
+
 std::string RecordFile::ReadUpTo(std::int64_t offset, std::int64_t length) const {
-    const std::int64_t available = std::max<std::int64_t>(0, size_ - offset);
+    const std::int64_t available = std::max<std::int64_t>(0, state_.size - offset);
     std::string bytes(static_cast<std::size_t>(std::min(length, available)), '\0');
     Read(offset, bytes.data(), bytes.size());
     return bytes;

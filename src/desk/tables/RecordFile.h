@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "desk/files/FileState.h"
+
 namespace desk {
 
 /// A regular file that is read at places of the reader's choice.
@@ -17,7 +19,9 @@ public:
 
     const std::string& Path() const { return path_; }
     /// Bytes, as they were when the file was opened.
-    std::int64_t Size() const { return size_; }
+    std::int64_t Size() const { return state_.size; }
+    /// Fails where others have written to the file since it was opened.
+    void CheckUnchanged() const;
     /// Fills the memory. Fails where the file ends before that.
     void Read(std::int64_t offset, char* memory, std::size_t length) const;
     /// As many of the bytes as the file has.
@@ -27,7 +31,7 @@ public:
 private:
     std::string path_;
     int descriptor_ = -1;
-    std::int64_t size_ = 0;
+    FileState state_;  ///< When it was opened.
 };
 
 }  // namespace desk

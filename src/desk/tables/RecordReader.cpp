@@ -29,6 +29,8 @@ bool RecordReader::Next() {
         record_ = {block_.data() + place, length};
         return true;
     }
+    // Blocks from before and after a change do not belong together.
+    schema_->file->CheckUnchanged();
     return false;
 }
 

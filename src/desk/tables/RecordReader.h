@@ -16,7 +16,8 @@ public:
     explicit RecordReader(std::shared_ptr<const DbfSchema> schema);
     ~RecordReader();
 
-    /// Moves to the next record that is not deleted; false at the end.
+    /// Moves to the next record that is not deleted; false at the end. Fails where the file was
+    /// changed meanwhile.
     bool Next();
     /// The record's bytes, its flag included. They change with Next.
     std::string_view Record() const { return record_; }

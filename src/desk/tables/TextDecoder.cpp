@@ -65,9 +65,11 @@ std::shared_ptr<const TextDecoder> TextDecoder::Make(const std::string& encoding
 }
 
 TextDecoder::TextDecoder(UConverter* converter, const std::string& encoding)
-    : converter_(converter), name_(encoding) {
+    : converter_(converter) {
     UErrorCode status = U_ZERO_ERROR;
     const char* icuName = ucnv_getName(converter, &status);
+    // ICU finds an encoding under a name with any bytes between its letters.
+    name_ = IsAscii(encoding) ? encoding : icuName;
     for (const char* standard : {"IANA", "MIME"}) {
         UErrorCode ignored = U_ZERO_ERROR;
         if (const char* name = ucnv_getStandardName(icuName, standard, &ignored)) name_ = name;

@@ -13,6 +13,9 @@ namespace {
 /// At 72 dots per inch a dot is a point.
 constexpr double kPointsPerInch = 72;
 
+/// Points; the hundredth to which files tell sizes.
+constexpr double kSmallestType = 0.01;
+
 GObjectHandle<PangoFontMap> NewFontMap() {
     GObjectHandle<PangoFontMap> map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
     if (!map) throw host::Failure(host::kFailureUnspecified, "FontCache", "No fonts can be used.");
@@ -32,11 +35,18 @@ GObjectHandle<PangoContext> NewContext(PangoFontMap* map) {
     return context;
 }
 
+/// The size in units of Pango, where 0 would stand for one that is not set. Above some thousands of
+/// points drawing libraries fail; documents may ask for any size.
+int PangoSize(double points) {
+    constexpr double kLargestType = 20'000;
+    const double known = std::clamp(points, kSmallestType, kLargestType);
+    return static_cast<int>(std::lround(known * PANGO_SCALE));
+}
+
 FontDescriptionHandle Describe(const FontSpec& spec) {
     FontDescriptionHandle description(pango_font_description_new());
     pango_font_description_set_family(description.get(), spec.family.c_str());
-    pango_font_description_set_size(description.get(),
-                                    static_cast<int>(std::lround(spec.points * PANGO_SCALE)));
+    pango_font_description_set_size(description.get(), PangoSize(spec.points));
     pango_font_description_set_weight(description.get(),
                                       spec.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
     return description;

@@ -21,6 +21,7 @@ template <class T>
 using GObjectHandle = std::unique_ptr<T, Releaser<g_object_unref>>;
 using FontDescriptionHandle =
     std::unique_ptr<PangoFontDescription, Releaser<pango_font_description_free>>;
+using AttributesHandle = std::unique_ptr<PangoAttrList, Releaser<pango_attr_list_unref>>;
 using FontOptionsHandle =
     std::unique_ptr<cairo_font_options_t, Releaser<cairo_font_options_destroy>>;
 using BufferHandle = std::unique_ptr<hb_buffer_t, Releaser<hb_buffer_destroy>>;

@@ -109,6 +109,10 @@ std::vector<FontSubstitution> TextEngine::Substitutions() const {
     return state_->fonts.Substitutions();
 }
 
+const std::set<char32_t>& TextEngine::MissingCharacters() const {
+    return state_->layout.Missing();
+}
+
 std::size_t TextEngine::Measurements() const {
     return state_->measurements;
 }

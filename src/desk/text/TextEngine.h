@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -58,7 +59,9 @@ struct FontSubstitution {
 ///
 /// A line is as high as the ascent and descent of the font asked for, whatever fonts stand in for
 /// characters that it lacks: baselines stay even, and a higher character hangs over its line. Each
-/// line takes its base direction from its first letter; alignment is always that of the page.
+/// line takes its base direction from its first letter; alignment is always that of the page, and a
+/// leader runs on to the right from a line that hangs on its left edge, in either direction.
+/// Letters and their combining marks are in one font.
 class TextEngine {
 public:
     /// How sizes are found: every one by a full layout, or by whatever gives the same sooner. The
@@ -92,6 +95,9 @@ public:
 
     /// Families that were asked for so far and are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;
+
+    /// Characters that were set and that no installed font has, each shown as a box.
+    const std::set<char32_t>& MissingCharacters() const;
 
     /// How many questions Measure and MeasurePrefixes answered.
     std::size_t Measurements() const;

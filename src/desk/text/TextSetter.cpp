@@ -33,7 +33,9 @@ double TextSetter::SetLine(const PlacedText& placed, std::string_view line, doub
         into.EndLine(font.font.get(), Along(point, -leftShare * width, down));
         return width;
     }
-    const double width = layout_.Shape(font, line) / kGlyphUnitsPerPoint;
+    // What hangs on its left edge goes on to the right, and so does its leader.
+    const auto leader = leftShare == 0 ? LeaderSide::Right : LeaderSide::Reading;
+    const double width = layout_.Shape(font, line, leader) / kGlyphUnitsPerPoint;
     layout_.Place(into, Along(point, -leftShare * width, down));
     return width;
 }

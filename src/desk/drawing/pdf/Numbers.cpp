@@ -1,5 +1,6 @@
 #include "desk/drawing/pdf/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -37,6 +38,9 @@ void AppendScaled(std::string& out, std::int64_t scaled, int decimals) {
 }
 
 void AppendNumber(std::string& out, double value, int decimals) {
+    // Far beyond any sheet, and with six decimals still a number of 64 bits.
+    constexpr double kFarthest = 1e12;
+    value = std::isnan(value) ? 0 : std::clamp(value, -kFarthest, kFarthest);
     AppendScaled(out, std::llround(value * static_cast<double>(PowerOfTen(decimals))), decimals);
 }
 

@@ -1,0 +1,64 @@
+# What is installed where. Programs in bin; the component's library in lib/gazetteer beside it, on
+# every system, since a program looks for it there from its own place: the tree can be moved as a
+# whole, and a library that is loaded and not linked has no business among those of the system. For
+# those with a host of their own (component "dev"): the floors, their headers and a config package.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(GAZETTEER_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/gazetteer)
+set(GAZETTEER_CONFIG ${CMAKE_INSTALL_LIBDIR}/cmake/CVNGazetteer)
+set(GAZETTEER_FLOORS host support model listings layout manager)
+
+install(TARGETS ${GAZETTEER_FLOORS} EXPORT CVNGazetteerTargets
+        ARCHIVE COMPONENT dev
+        INCLUDES DESTINATION ${GAZETTEER_HEADERS})
+foreach(floor ${GAZETTEER_FLOORS})
+  # Among the libraries of a system they need names of their own.
+  set_target_properties(${floor} PROPERTIES OUTPUT_NAME gazetteer-${floor})
+  install(DIRECTORY src/${floor} DESTINATION ${GAZETTEER_HEADERS} COMPONENT dev
+          FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(EXPORT CVNGazetteerTargets NAMESPACE CVNGazetteer:: DESTINATION ${GAZETTEER_CONFIG}
+        COMPONENT dev)
+
+configure_package_config_file(cmake/CVNGazetteerConfig.cmake.in
+  ${CMAKE_BINARY_DIR}/CVNGazetteerConfig.cmake INSTALL_DESTINATION ${GAZETTEER_CONFIG}
+  PATH_VARS GAZETTEER_COMPONENT_FOLDER
+  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/CVNGazetteerConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/CVNGazetteerConfig.cmake
+              ${CMAKE_BINARY_DIR}/CVNGazetteerConfigVersion.cmake
+        DESTINATION ${GAZETTEER_CONFIG} COMPONENT dev)
+
+foreach(program gazetteer gazetteer-desk)
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME COMPONENT program)
+  endif()
+endforeach()
+if(TARGET component)
+  install(TARGETS component LIBRARY DESTINATION ${GAZETTEER_COMPONENT_FOLDER} COMPONENT program)
+endif()
+
+if(GAZETTEER_DESK)
+  install(FILES packaging/man/gazetteer.1 TYPE MAN RENAME man1/gazetteer.1 COMPONENT program)
+  install(FILES packaging/completion/gazetteer
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
+  install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT program
+          FILES_MATCHING REGEX "\\.(dbf|cpg|json|md)$"
+          PATTERN embed EXCLUDE PATTERN recipes EXCLUDE)
+  install(FILES docs/document-format.md README.md TYPE DOC COMPONENT program)
+endif()
+if(TARGET gazetteer-desk)
+  install(FILES packaging/man/gazetteer-desk.1 TYPE MAN RENAME man1/gazetteer-desk.1
+          COMPONENT program)
+  install(FILES packaging/completion/gazetteer-desk
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
+  install(FILES packaging/desktop/gazetteer-desk.desktop
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT program)
+  install(FILES packaging/desktop/gazetteer.xml
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages COMPONENT program)
+  install(FILES src/app/window/icons/gazetteer-desk.svg
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT program)
+endif()
+install(DIRECTORY examples/embed DESTINATION ${CMAKE_INSTALL_DOCDIR}-dev/examples COMPONENT dev)

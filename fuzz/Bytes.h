@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace fuzz {
+
+/// An input, taken from its front piece by piece. Whatever is asked for beyond its end is 0 or
+/// empty, so that every input means something.
+class Bytes {
+public:
+    Bytes(const std::uint8_t* data, std::size_t size)
+        : rest_(reinterpret_cast<const char*>(data), size) {}
+
+    bool AtEnd() const { return rest_.empty(); }
+    std::uint8_t Byte();
+    std::uint16_t Word() { return static_cast<std::uint16_t>(Byte() << 8 | Byte()); }
+    /// Eight bytes as a number of any kind, infinities and NaN too.
+    double Number();
+    /// The text up to the next line feed, which is passed over.
+    std::string Line();
+    std::string Rest() { return std::string(rest_); }
+
+private:
+    std::string_view rest_;
+};
+
+/// A folder for the files of an input, removed when the program ends.
+class Folder {
+public:
+    Folder();
+    ~Folder();
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string File(const std::string& name) const { return path_ + "/" + name; }
+    std::string Write(const std::string& name, std::string_view bytes) const;
+    void Remove(const std::string& name) const;
+
+private:
+    std::string path_;
+};
+
+}  // namespace fuzz

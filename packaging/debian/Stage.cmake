@@ -1,0 +1,17 @@
+# Run by cpack between installing and packing: adds copyright and changelog to each package, and
+# compresses what Debian wants compressed, without names and times, so that packages can be
+# made again byte for byte.
+foreach(component program dev)
+  set(package ${CPACK_DEBIAN_PROGRAM_PACKAGE_NAME})
+  if(component STREQUAL dev)
+    set(package ${CPACK_DEBIAN_DEV_PACKAGE_NAME})
+  endif()
+  set(root ${CPACK_TEMPORARY_DIRECTORY}/${component}/usr)
+  set(documents ${root}/share/doc/${package})
+  file(COPY ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION ${documents})
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/changelog ${documents}/changelog.Debian COPYONLY)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/../../CHANGELOG.md ${documents}/changelog COPYONLY)
+  file(GLOB_RECURSE pages ${root}/share/man/*)
+  execute_process(COMMAND gzip -9nf ${documents}/changelog.Debian ${documents}/changelog ${pages}
+                  COMMAND_ERROR_IS_FATAL ANY)
+endforeach()

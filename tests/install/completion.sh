@@ -1,0 +1,25 @@
+#!/bin/bash
+# completion.sh PROGRAMS COMPLETION: what completing on words gives, for programs in a folder.
+set -eu
+PATH=$1:$PATH
+set +u
+source /usr/share/bash-completion/bash_completion
+source "$2"
+
+expect() {
+    local wanted=$1
+    shift
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMP_LINE="$*" COMP_POINT=${#COMP_LINE} COMPREPLY=()
+    _gazetteer 2>/dev/null || true
+    if [ "${COMPREPLY[*]}" != "$wanted" ]; then
+        echo "\"$*\" is completed to \"${COMPREPLY[*]}\" and not to \"$wanted\"."
+        exit 1
+    fi
+}
+expect 'draft draw' gazetteer dr
+expect 'add remove list' gazetteer column ''
+expect '--page-size' gazetteer make --pa
+expect 'letter a4' gazetteer new --page-size ''
+expect 'SortColumns= SortAscending=' gazetteer set index.json Sort
+expect 'RepeatColumns= RepeatSpacing=' gazetteer make --set Rep
+expect '' gazetteer export --pages ''
