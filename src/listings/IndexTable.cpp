@@ -39,14 +39,8 @@ void DeleteOldTable(host::IHostWorkspace& workspace) {
     }
 }
 
-Ref<host::IHostCursor> SortIndexTable(host::IHost& host, const Settings& settings,
-                                      const Ref<host::IHostTable>& indexTable) {
-    Status status(host);
-    status.Show("Sorting Listings (Please be patient. This can take a while)...");
-    const auto animation = status.Animation();
-    animation->Show();
-    animation->Play();
-
+Ref<host::IHostCursor> SortedRows(host::IHost& host, const Settings& settings,
+                                  const Ref<host::IHostTable>& indexTable) {
     const auto sort = host.NewTableSort();
     const auto order = settings.columnSortOrder->AllItems();
     std::vector<std::string> names;
@@ -65,8 +59,30 @@ Ref<host::IHostCursor> SortIndexTable(host::IHost& host, const Settings& setting
     sort->SetCallback(std::make_shared<clsTableSortNumberAware>(host));
     sort->SetTable(indexTable);
     sort->Sort(nullptr);
-    auto rows = sort->Rows();
+    return sort->Rows();
+}
 
+// After a failure, of which the user is told. Another one would hide it.
+void Rest(host::IHostProgressAnimation& animation) try {
+    animation.Hide();
+    animation.Stop();
+} catch (...) {
+}
+
+Ref<host::IHostCursor> SortIndexTable(host::IHost& host, const Settings& settings,
+                                      const Ref<host::IHostTable>& indexTable) {
+    Status status(host);
+    status.Show("Sorting Listings (Please be patient. This can take a while)...");
+    const auto animation = status.Animation();
+    animation->Show();
+    animation->Play();
+    Ref<host::IHostCursor> rows;
+    try {
+        rows = SortedRows(host, settings, indexTable);
+    } catch (...) {
+        Rest(*animation);
+        throw;
+    }
     animation->Hide();
     animation->Stop();
     return rows;

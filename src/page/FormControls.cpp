@@ -80,11 +80,12 @@ void FillControl(const QWidget& form, host::IHostLocale& locale, const char* con
 template <class T>
 std::optional<T> NumberIn(std::string text, host::IHostLocale& locale) {
     text = WithoutOuterBlanks(text);
-    if (!locale.ParseNumber(text)) return std::nullopt;
+    const auto number = locale.ParseNumber(text);
+    if (!number) return std::nullopt;
     try {
-        return ValueAs<T>(text, locale);
+        return ValueAs<T>(*number, locale);
     } catch (const host::Failure&) {
-        return std::nullopt;  // Too large.
+        return std::nullopt;  // Too large: the host is not asked a second time.
     }
 }
 

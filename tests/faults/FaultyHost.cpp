@@ -99,6 +99,14 @@ FAULTY(IHostApplication)
     MAKE(host::WindowHandle, WindowHandle)
 };
 
+FAULTY(IHostCommandItem)
+    TELL(Execute, (), ())
+};
+FAULTY(IHostCommandBars)
+    ASK(Ref<host::IHostCommandItem>, Find,
+        (const Ref<IHostIdentifier>& name, bool create, bool hidden), (name, create, hidden))
+};
+
 FAULTY(IHostIdentifier)
     GET(std::string, Value) SET(SetValue, const std::string&)
 };

@@ -33,8 +33,9 @@ inline constexpr bool kWraps =
              host::IHostWorkspace, host::IHostTable, host::IHostCursor, host::IHostRow,
              host::IHostFields, host::IHostField, host::IHostQueryFilter, host::IHostIdentifier,
              host::IHostDatasetEnum, host::IHostDataset, host::IHostTableSort,
-             host::CVNLayoutContext, host::CVNMapBook, host::MapSeriesManager,
-             host::IHostIndexLayer, host::IHostElementContainer, host::CVNExpressionEngine>;
+             host::IHostCommandBars, host::IHostCommandItem, host::CVNLayoutContext,
+             host::CVNMapBook, host::MapSeriesManager, host::IHostIndexLayer,
+             host::IHostElementContainer, host::CVNExpressionEngine>;
 
 struct IsFaulty {
     virtual ~IsFaulty() = default;

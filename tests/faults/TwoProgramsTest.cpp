@@ -46,7 +46,7 @@ TEST_F(TwoPrograms, WhoReadBeforeTheOtherWroteIsRefused) {
 TEST_F(TwoPrograms, NoChangeIsLostWithoutAWord) {
     int refused = 0;
     for (int i = 0; i < kRaces; ++i) {
-        const std::string value = std::to_string(i + 1);
+        const std::string value = std::to_string(i + 2);  // None is the default.
         Child one(program, {"set", "d.json", "RepeatSpacing=0." + value + "5"});
         Child other(program, {"set", "d.json", "DefaultPage=" + value});
         const bool oneDone = one.End().status == 0;
@@ -60,7 +60,7 @@ TEST_F(TwoPrograms, NoChangeIsLostWithoutAWord) {
         }
         const auto stored = program.Stored("d.json");
         EXPECT_EQ(stored["RepeatSpacing"] == std::stod("0." + value + "5"), oneDone);
-        EXPECT_EQ(stored["DefaultPage"] == i + 1, otherDone);
+        EXPECT_EQ(stored["DefaultPage"] == i + 2, otherDone);
     }
     std::printf("%d of %d pairs fell together\n", refused, kRaces);
 }

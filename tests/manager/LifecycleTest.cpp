@@ -162,6 +162,19 @@ TEST_F(Lifecycle, StatusTextsOfARunAndADraw) {
             "Page 1: Placing listings on layout: 0", "Page 1: Placing listings on layout: 1", ""}));
 }
 
+TEST(FailedSort, BringsTheAnimationToRest) {
+    std::vector<desk::AnimationStep> steps;
+    desk::DeskOptions options;
+    options.listeners.animation = [&](desk::AnimationStep step) { steps.push_back(step); };
+    TestDesk desk(options);
+    const auto element = desk.NewGazetteer(desk.ListingTable({{"Ash", "1"}}), 4.5, 3);
+    TestDesk::SetIn(*desk.Properties(element), "ColumnSortOrder")->SetItem("Nowhere", true);
+    CVNGazetteerManager(desk.HostRef()).SetIndexElement(element);
+    EXPECT_NE(desk.Dialogs().LastCause().find("Nowhere"), std::string::npos);
+    using enum desk::AnimationStep;
+    EXPECT_EQ(steps, (std::vector<desk::AnimationStep>{Show, Play, Hide, Stop}));
+}
+
 TEST_F(Lifecycle, DefaultPageIsReadAtTheBinding) {
     const auto element = Gazetteer();
     CVNGazetteerManager manager(desk.HostRef());

@@ -14,7 +14,7 @@
 namespace app {
 namespace {
 
-constexpr char kFilter[] = "Documents (*.json);;All files (*)";
+constexpr char kFilter[] = "Documents (*.json *.gazetteer);;All files (*)";
 
 }  // namespace
 

@@ -1,0 +1,184 @@
+#include "faults/StoryTest.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <set>
+
+#include "model/GeneralFunctions.h"
+#include "page/SetDump.h"
+
+namespace faults {
+namespace {
+
+using gazetteer::CVNGazetteerManager;
+using support::TestDesk;
+
+constexpr std::int64_t kNoFault = -1;
+constexpr char kOwnTag[] = "MINE";
+
+constexpr char kBook[] = R"({"currentTemplate": "index", "books": [{"key": "atlas", "sections": [
+   {"key": "maps", "name": "Maps", "startPage": 5, "pages": ["sheet$1", "sheet$2"],
+    "templates": [{"key": "sheet", "name": "Map sheet", "layout": [
+      {"kind": "group", "members": [{"kind": "mapFrame", "name": "Main map",
+       "series": {"indexLayer": "sheets.dbf", "firstPage": 1, "grids": [
+         {"kind": "index", "visible": true, "rows": ["A", "B"], "columns": ["i", "j"]}]}}]}]}]},
+   {"key": "back", "name": "Index", "startPage": 40, "pages": ["index$1"],
+    "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})";
+
+host::Ref<host::IHostPropertySet> Container(const host::Ref<host::IHostGroupElement>& place) {
+    const auto custom = host::As<host::IHostCustomProperty>(place)->CustomProperty();
+    return host::As<host::IHostPropertySet>(std::get<host::Ref<host::IHostObject>>(custom));
+}
+
+}  // namespace
+
+StoryTest::StoryTest() {
+    desk.UseBook(kBook, {{"REGION"}, {{"North"}, {"South"}}});
+    pristine_ = desk.NewGazetteer(desk.GridTable({{"2nd St", "1", "1", "2"},
+                                                  {"Ash", "2", "2", "1"},
+                                                  {"Ash", "1", "2", "1"},
+                                                  {"Ash", "1", "2", "1"},
+                                                  {"Birch Lane and Square", "2", "1", "1"}}),
+                                  4.5, 0.9);
+    const auto set = [&](const char* key, host::Variant value) {
+        desk.Properties(pristine_)->SetItem(key, std::move(value));
+    };
+    set("LinkToMapSeries", true);
+    set("MapSeriesSectionKey", std::string("maps"));
+    set("MapSeriesTemplateKey", std::string("sheet"));
+    set("MapSeriesFrameName", std::string("Main map"));
+    set("ClearRepeatingText", true);
+    const auto page = desk.Column(pristine_, "Page");
+    page->SetItem("FromDatabase", false);
+    page->SetItem("Expression", std::string("$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"));
+    desk.Column(pristine_, "Listing")->SetItem("ColumnWidth", 1.1);
+    bare_ = desk.Host().NewGroupElement();
+    bare_->SetGeometry(pristine_->Geometry());
+    gazetteer::SetGazetteerProperties(desk.Host(), bare_, desk.Host().NewPropertySet());
+    gazetteer::DeleteKeyProperties(desk.Host(), bare_);
+    for (const auto& place : {pristine_, bare_}) {
+        Container(place)->SetItem(kOwnTag, std::string("kept"));
+        TestDesk::SetIn(*Container(place), "CorvaneProperties")
+            ->SetItem(kOwnTag, std::string("kept"));
+    }
+}
+
+void StoryTest::Bind() {
+    manager->SetIndexElement(element);
+    Note(manager->CanDraw() ? "bound" : "not bound");
+}
+
+void StoryTest::StartAnew(const Story& story) {
+    faults.FailAt(0);
+    element = Infect(pristine_, faults);
+    other = Infect(bare_, faults);
+    // A graphic of the user's own among the members.
+    const auto own = desk.Host().NewRectangleElement();
+    host::As<host::IHostElementName>(own)->SetName(kOwnTag);
+    element->Add(own);
+    manager = std::make_unique<CVNGazetteerManager>(host);
+    story.prepare(*this);
+    desk.Dialogs().messages.clear();
+}
+
+void StoryTest::Act(const Story& story, std::int64_t failAt) {
+    answers_.clear();
+    desk.Dialogs().messages.clear();
+    faults.FailAt(failAt);
+    story.act(*this);
+    struck_ = faults.Struck();
+    count_ = faults.Count();
+    faults.FailAt(0);
+}
+
+std::string StoryTest::Outcome(const Story& story) {
+    return answers_ + story.look() + page_test::Dump(*desk.Properties(element)) +
+           desk.Dump(*element);
+}
+
+bool StoryTest::WasTold() {
+    return std::ranges::any_of(desk.Dialogs().messages, [](const auto& message) {
+        return message.cause == Faults::kSentence;
+    });
+}
+
+// What other components hung on the elements.
+bool StoryTest::OthersAreThere() {
+    return std::ranges::all_of(std::initializer_list{element, other}, [](const auto& place) {
+        const auto container = Container(place);
+        const auto maker = TestDesk::SetIn(*container, "CorvaneProperties");
+        const host::Variant kept = std::string("kept");
+        return container->Item(kOwnTag) == kept && maker->Item(kOwnTag) == kept;
+    });
+}
+
+// What the user set, without what a run stores.
+std::string StoryTest::UserSettings() {
+    auto copy = desk.Host().NewPropertySet();
+    const auto items = desk.Properties(element)->AllItems();
+    const std::set<std::string> ofRuns = {"HaveSavedListings", "SavedListings",    "PageGroups",
+                                          "PageFirstListings", "PageLastListings", "DefaultPage"};
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        if (!ofRuns.contains(items.names[i])) copy->SetItem(items.names[i], items.values[i]);
+    return page_test::Dump(*copy);
+}
+
+void StoryTest::ExpectWholeResults(const std::string& where) {
+    const auto properties = desk.Properties(element);
+    if (!std::get<bool>(properties->Item("HaveSavedListings"))) return;
+    for (const char* set : {"SavedListings", "PageGroups", "PageFirstListings"})
+        EXPECT_GT(TestDesk::SetIn(*properties, set)->Count(), 0) << where;
+}
+
+void StoryTest::Tell(const Story& story) {
+    StartAnew(story);
+    const std::string settings = UserSettings();
+    Act(story, kNoFault);
+    ASSERT_TRUE(desk.Dialogs().messages.empty()) << desk.Dialogs().LastCause();
+    const std::int64_t calls = count_;
+    const std::string good = Outcome(story);
+    const std::string goodSettings = UserSettings();
+
+    int struck = 0;
+    int probed = 0;
+    int harmless = 0;  // Without a word, with all as without the fault.
+    for (std::int64_t call = 1; !HasFailure(); call += story.stride) {
+        StartAnew(story);
+        Act(story, call);
+        if (struck_.empty()) {
+            EXPECT_GT(call, calls);
+            EXPECT_EQ(Outcome(story), good);
+            break;
+        }
+        ++struck;
+        const std::string where = "call " + std::to_string(call) + ", " + struck_;
+        if (!WasTold()) {
+            if (desk.Dialogs().messages.empty() && Outcome(story) == good)
+                ++harmless;
+            else if (struck_ == "IHostPropertySet.Item")
+                ++probed;
+            else
+                ADD_FAILURE() << where << " went by without a word";
+        }
+        EXPECT_TRUE(OthersAreThere()) << where;
+        const std::string found = UserSettings();
+        EXPECT_TRUE(found == settings || found == goodSettings) << where << found;
+        EXPECT_EQ(TestDesk::Members(*element, kOwnTag).size(), 1U) << where;
+        ExpectWholeResults(where);
+        story.again(*this);
+        Act(story, 0);
+        EXPECT_TRUE(desk.Dialogs().messages.empty()) << where << desk.Dialogs().LastCause();
+        EXPECT_EQ(Outcome(story), good) << where;
+    }
+    EXPECT_LE(probed, story.probes);
+    EXPECT_GE(probed, story.stride == 1 ? story.probes : 0);
+    std::set<std::string> interfaces;
+    for (const auto& [operation, times] : faults.Calls()) interfaces.insert(operation.first);
+    std::printf(
+        "%s: %d of %lld calls failed in turn, %zu operations of %zu interfaces; %d did no "
+        "harm\n",
+        story.name, struck, static_cast<long long>(calls), faults.Calls().size(), interfaces.size(),
+        harmless);
+}
+
+}  // namespace faults
