@@ -12,6 +12,7 @@
 #include "app/Errors.h"
 #include "app/HelpTexts.h"
 #include "app/commands/Commands.h"
+#include "desk/tables/TextDecoder.h"
 #include "support/ErrorHandling.h"
 
 namespace app {
@@ -20,17 +21,14 @@ namespace {
 // Empty for a whole number that is not negative, else what is wrong.
 std::string CheckCount(const std::string& text) {
     const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-    return whole ? "" : "\"" + text + "\" is no whole number from 0";
+    return whole ? "" : '"' + desk::PrintableAscii(text) + "\" is no whole number from 0";
 }
 
 // Empty for UTF-8, else what is wrong. Documents and host objects take no other texts; paths may
 // hold any bytes.
 std::string CheckText(const std::string& text) {
     if (simdjson::validate_utf8(text)) return "";
-    std::string shown = text;
-    std::ranges::replace_if(
-        shown, [](char letter) { return letter < ' ' || letter > '~'; }, '?');
-    return '"' + shown + "\" is not UTF-8";
+    return '"' + desk::PrintableAscii(text) + "\" is not UTF-8";
 }
 
 // Declares the commands and keeps what the arguments said.

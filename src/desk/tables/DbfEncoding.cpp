@@ -60,16 +60,8 @@ Texts JudgeTable(const std::shared_ptr<const DbfSchema>& schema) {
     return judged;
 }
 
-/// Names of encodings are printable ASCII; what a damaged file holds in their place need not even
-/// be text.
-std::string Shown(std::string name) {
-    std::ranges::replace_if(
-        name, [](char letter) { return letter < ' ' || letter > '~'; }, '?');
-    return name;
-}
-
 std::string DriverText(const DbfHeader& header) {
-    if (!header.driverName.empty()) return "language driver " + Shown(header.driverName);
+    if (!header.driverName.empty()) return "language driver " + PrintableAscii(header.driverName);
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "language driver 0x%02X", header.languageDriver);
     return text.data();
@@ -90,7 +82,7 @@ void FindEncoding(const std::shared_ptr<DbfSchema>& schema, const DbfHeader& hea
     if (const auto content = CpgContent(schema->path)) {
         const std::string encoding = EncodingOfCpg(*content);
         if (Use(*schema, encoding, ".cpg file")) return;
-        unknown = ".cpg file (" + Shown(encoding) + ")";
+        unknown = ".cpg file (" + PrintableAscii(encoding) + ")";
     }
     const bool named = !header.driverName.empty();
     const std::string driverEncoding =

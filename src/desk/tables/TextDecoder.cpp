@@ -1,7 +1,9 @@
 #include "desk/tables/TextDecoder.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <simdjson.h>
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_err.h>
 #include <unicode/unistr.h>
@@ -23,17 +25,6 @@ std::size_t WholeCharacters(std::string_view bytes) {
     return bytes.size();
 }
 
-bool AllUtf8(std::string_view bytes) {
-    const auto length = static_cast<std::int32_t>(bytes.size());
-    const auto* units = reinterpret_cast<const unsigned char*>(bytes.data());
-    for (std::int32_t at = 0; at < length;) {
-        UChar32 character = 0;
-        U8_NEXT(units, at, length, character);
-        if (character < 0) return false;
-    }
-    return true;
-}
-
 }  // namespace
 
 bool IsAscii(std::string_view bytes) {
@@ -49,7 +40,13 @@ bool IsAscii(std::string_view bytes) {
 }
 
 bool IsUtf8(std::string_view bytes) {
-    return AllUtf8(bytes.substr(0, WholeCharacters(bytes)));
+    return simdjson::validate_utf8(bytes.substr(0, WholeCharacters(bytes)));
+}
+
+std::string PrintableAscii(std::string bytes) {
+    std::ranges::replace_if(
+        bytes, [](char letter) { return letter < ' ' || letter > '~'; }, '?');
+    return bytes;
 }
 
 void TextDecoder::Closer::operator()(UConverter* converter) const {
@@ -115,7 +112,7 @@ bool TextDecoder::Decode(std::string_view bytes, std::string& text) const {
 
 bool TextDecoder::DecodeUtf8(std::string_view bytes, std::string& text) const {
     bytes = bytes.substr(0, WholeCharacters(bytes));
-    if (AllUtf8(bytes)) {
+    if (simdjson::validate_utf8(bytes)) {
         text.append(bytes);
         return true;
     }

@@ -45,5 +45,7 @@ private:
 bool IsAscii(std::string_view bytes);
 /// Whether the bytes are UTF-8, the last character perhaps cut off.
 bool IsUtf8(std::string_view bytes);
+/// The bytes as they can be shown whatever they are, with ? for all but printable ASCII.
+std::string PrintableAscii(std::string bytes);
 
 }  // namespace desk
