@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMetaMethod>
+#include <sstream>
 
 #include "desk/window/ObjectSet.h"
 #include "model/Keys.h"
@@ -21,86 +22,35 @@ public:
     Edits() { Open(desk_.ListingTable({{"Oak St", "3"}, {"Elm St", "1"}}), 8); }
 };
 
-constexpr const char* kHandlers[] = {"Form_Load",
-                                     "Form_Activate",
-                                     "Form_Deactivate",
-                                     "Form_Unload",
-                                     "cmdSetNewFileName_Click",
-                                     "txtDatabaseFile_Change",
-                                     "chkLinkToMapSeriesFrame_Click",
-                                     "cmbSection_Click",
-                                     "CmbTemplate_Click",
-                                     "cmbMapSeriesFrame_Click",
-                                     "lstListingColumns_Click",
-                                     "cmdAdd_Click",
-                                     "cmdRemove_Click",
-                                     "cmdOrderUp_Click",
-                                     "cmdOrderDown_Click",
-                                     "cmdOrderTop_Click",
-                                     "cmdOrderBottom_Click",
-                                     "cmdSortUp_Click",
-                                     "cmdSortDown_Click",
-                                     "cmdSortTop_Click",
-                                     "cmdSortBottom_Click",
-                                     "lstSortOrder_ItemCheck",
-                                     "ChkAddStartingBreak_Click",
-                                     "chkAutoRefreshListings_Click",
-                                     "ChkClearRepeatingText_Click",
-                                     "ChkCombineFirstAndLast_Click",
-                                     "chkCombineListings_Click",
-                                     "chkMultipleColumnGroups_Click",
-                                     "chkSamplePage_Click",
-                                     "chkSortIndex_Click",
-                                     "optCombineListings_Click",
-                                     "OptDisplayDirection_Click",
-                                     "OptSortOrder_Click",
-                                     "txtCombineDelimeter_Change",
-                                     "txtDefaultPage_Change",
-                                     "txtGroupSpacing_Change",
-                                     "chkAlternateBackground_Click",
-                                     "chkBreakColumn_Click",
-                                     "chkBreakHeader_Click",
-                                     "chkColumnBackground_Click",
-                                     "chkDisplayTitle_Click",
-                                     "chkMissingHeaders_Click",
-                                     "cmbAlignment_Click",
-                                     "cmbTitleAlignment_Change",
-                                     "txtBottomMargin_Change",
-                                     "txtBreakSpacing_Change",
-                                     "txtColumnTitle_Change",
-                                     "txtColumnWidth_Change",
-                                     "txtExpression_Change",
-                                     "txtLeftMargin_Change",
-                                     "txtRightMargin_Change",
-                                     "txtTopMargin_Change",
-                                     "optColumnSource_Click",
-                                     "cmdExpression_Click",
-                                     "cmdColumnFont_Click",
-                                     "cmdColumnBackgroundsymbol_Click",
-                                     "cmdAlternateBackgroundSymbol_Click",
-                                     "cmdBreakFont_Click",
-                                     "cmdTitleFont_Click",
-                                     "cmdTitleBackground_Click",
-                                     "picColumnFont_Paint",
-                                     "picBackgroundSymbol_Paint",
-                                     "picAlternateBackgroundSymbol_Paint",
-                                     "picBreakFont_Paint",
-                                     "picTitleFont_Paint",
-                                     "picTitleBackground_Paint",
-                                     "cmdColumnFontToAll_Click",
-                                     "cmdBackgroundToAll_Click",
-                                     "cmdMarginsToAll_Click",
-                                     "cmdTitleSymbolsToAll_Click"};
+constexpr char kHandlers[] = R"(
+Form_Load Form_Activate Form_Deactivate Form_Unload cmdSetNewFileName_Click txtDatabaseFile_Change
+chkLinkToMapSeriesFrame_Click cmbSection_Click CmbTemplate_Click cmbMapSeriesFrame_Click
+lstListingColumns_Click cmdAdd_Click cmdRemove_Click cmdOrderUp_Click cmdOrderDown_Click
+cmdOrderTop_Click cmdOrderBottom_Click cmdSortUp_Click cmdSortDown_Click cmdSortTop_Click
+cmdSortBottom_Click lstSortOrder_ItemCheck ChkAddStartingBreak_Click chkAutoRefreshListings_Click
+ChkClearRepeatingText_Click ChkCombineFirstAndLast_Click chkCombineListings_Click
+chkMultipleColumnGroups_Click chkSamplePage_Click chkSortIndex_Click optCombineListings_Click
+OptDisplayDirection_Click OptSortOrder_Click txtCombineDelimeter_Change txtDefaultPage_Change
+txtGroupSpacing_Change chkAlternateBackground_Click chkBreakColumn_Click chkBreakHeader_Click
+chkColumnBackground_Click chkDisplayTitle_Click chkMissingHeaders_Click cmbAlignment_Click
+cmbTitleAlignment_Change txtBottomMargin_Change txtBreakSpacing_Change txtColumnTitle_Change
+txtColumnWidth_Change txtExpression_Change txtLeftMargin_Change txtRightMargin_Change
+txtTopMargin_Change optColumnSource_Click cmdExpression_Click cmdColumnFont_Click
+cmdColumnBackgroundsymbol_Click cmdAlternateBackgroundSymbol_Click cmdBreakFont_Click
+cmdTitleFont_Click cmdTitleBackground_Click picColumnFont_Paint picBackgroundSymbol_Paint
+picAlternateBackgroundSymbol_Paint picBreakFont_Paint picTitleFont_Paint picTitleBackground_Paint
+cmdColumnFontToAll_Click cmdBackgroundToAll_Click cmdMarginsToAll_Click cmdTitleSymbolsToAll_Click)";
 
 // Handlers are connected by their names, so that one that is there is also wired.
 TEST_F(Edits, EveryHandlerIsThere) {
     std::string missing;
+    std::istringstream handlers(kHandlers);
     const QMetaObject& meta = *Form().metaObject();
-    for (const char* handler : kHandlers) {
+    for (std::string handler; handlers >> handler;) {
         bool found = false;
         for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-            found = found || meta.method(i).name() == handler;
-        if (!found) missing += std::string(handler) + '\n';
+            found = found || meta.method(i).name() == handler.c_str();
+        if (!found) missing += handler + '\n';
     }
     EXPECT_EQ(missing, "");
 }

@@ -8,9 +8,9 @@
 
 namespace desk {
 
-/// Writes sheets to a file: BeginPage, drawing, EndPage for each, then Finish, or Complete and Place
-/// where several files are to come about together. Every failure is a host::Failure that names the
-/// file. Until the end no file comes about, and one that was there before stays.
+/// Writes sheets to a file: BeginPage, drawing, EndPage for each, then Finish, or Complete and
+/// Place where several files are to come about together. Every failure is a host::Failure that
+/// names the file. Until the end no file comes about, and one that was there before stays.
 class PageWriter {
 public:
     virtual ~PageWriter() = default;
