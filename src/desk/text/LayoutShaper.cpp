@@ -35,7 +35,8 @@ int Gather(const PangoGlyphItem& part, std::string_view text, const WholeLetters
             i + 1 < glyphs.size() ? part.glyphs->log_clusters[i + 1] : part.item->length;
         if (next == start) continue;
         const int end = rightToLeft ? std::exchange(before, start) : next;
-        const auto first = static_cast<std::size_t>(part.item->offset + start);
+        const auto first =
+            static_cast<std::size_t>(part.item->offset) + static_cast<std::size_t>(start);
         const auto bytes =
             letters.Written(text.substr(first, static_cast<std::size_t>(end - start)), first);
         if (shown > 0) {
