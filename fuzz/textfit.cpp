@@ -87,14 +87,42 @@ void CheckPrefixes(desk::TextEngine& quick, desk::TextEngine& plain, const Input
                 "a beginning of a line is not as wide as a layout tells");
 }
 
+/// The steps of the characters as they follow each other in the text's first line.
+void CheckSteps(desk::TextEngine& quick, desk::TextEngine& plain, const Input& input) {
+    const std::string line = input.text.substr(0, input.text.find('\n'));
+    double sum = 0;
+    std::string_view before;
+    std::size_t place = 0;
+    for (const std::size_t length : fuzz::SharedDesk()->Locale().Characters(line)) {
+        const auto character = std::string_view(line).substr(place, length);
+        const auto step = quick.AddedWidth(quick.Find(input.font), before, character);
+        if (!step) return;
+        sum += *step;
+        before = character;
+        place += length;
+    }
+    Require(sum == plain.Measure(input.font, line).xSize,
+            "a line is not as wide as the steps of its characters");
+}
+
+/// Told twice, so that a find shows what came of chance.
+std::string Difference(desk::TextEngine& quick, desk::TextEngine& plain, const Input& input) {
+    std::string widths;
+    for (int i = 0; i < 2; ++i)
+        for (auto* const engine : {&quick, &plain})
+            widths += " " + std::to_string(engine->Measure(input.font, input.text).xSize);
+    return "a text is not as wide as a layout tells:" + widths;
+}
+
 void CheckMeasuring(const Input& input) {
     static desk::TextEngine quick(desk::TextEngine::Ways::Quick);
     static desk::TextEngine plain(desk::TextEngine::Ways::Plain);
     const auto told = quick.Measure(input.font, input.text);
     const auto laidOut = plain.Measure(input.font, input.text);
-    Require(told.xSize == laidOut.xSize, "a text is not as wide as a layout tells");
+    if (told.xSize != laidOut.xSize) fuzz::Find(Difference(quick, plain, input));
     Require(told.ySize == laidOut.ySize, "a text is not as high as a layout tells");
     CheckPrefixes(quick, plain, input);
+    CheckSteps(quick, plain, input);
     RequireSameBox(BoxOf(quick, input), BoxOf(plain, input));
 }
 

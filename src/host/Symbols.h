@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/Object.h"
@@ -105,6 +107,20 @@ struct IHostTextPrefixes : virtual IHostObject {
                                  const Ref<IHostDisplayTransformation>& transformation,
                                  const std::string& line, std::span<const std::size_t> ends,
                                  PrefixExtents& extents) = 0;
+};
+
+/// What a text symbol may offer beside MeasureText: widths that are added up instead of asked for.
+/// A host need not have it.
+struct IHostPairWidths : virtual IHostObject {
+    /// By how many points a line that ends in the first character grows as the second follows it;
+    /// without a first one, how wide the second is where it begins a line. Both are of one code
+    /// point. Nothing where that hangs on more than the two, for instance since letters join.
+    ///
+    /// A line of which every step is told is by MeasureText exactly as wide as the sum of its
+    /// steps, in whatever order they are added, and as high as any other line.
+    virtual std::optional<double> AddedWidth(DeviceContext device,
+                                             const Ref<IHostDisplayTransformation>& transformation,
+                                             std::string_view first, std::string_view second) = 0;
 };
 
 /// What a text is made of once markup is told from characters.

@@ -71,19 +71,37 @@ struct DotsThatFit {
     double width = 0;  // Of the line with these dots.
 };
 
-// The dots that a line takes, told by the widths of its beginnings: without dots, with one, two and
-// so on. The line given has as many as are to be tried. Nothing if that cannot be told at once, or
-// if the line is too long without dots.
-std::optional<DotsThatFit> DotsAtOnce(TextMeasure& measure, const std::string& dotted,
-                                      std::size_t most, double width) {
+// The dots that fill a line, from what one and two of them make of it. Nothing if dots have no
+// width or if the line is too long without them.
+std::optional<DotsThatFit> DotsBySteps(const DottedLine& line, double width) {
+    const double about = line.DotsIn(width);
+    const bool countable = about >= 0 && about < static_cast<double>(kMostDots);
+    if (!countable || line.Width(0) > width) return std::nullopt;
+    auto count = static_cast<std::size_t>(about);
+    while (count > 0 && line.Width(count) > width) --count;
+    while (line.Width(count + 1) <= width) ++count;
+    return DotsThatFit{count, line.Width(count)};
+}
+
+// The same, told by the widths of a longer line's beginnings: without dots, with one, two and so
+// on. Nothing if that is not told at once, or if the line is too long without dots.
+std::optional<DotsThatFit> DotsByPrefixes(TextMeasure& measure, const std::string& line,
+                                          double width) {
+    const std::size_t most = DotsToTry(measure, line, width);
     std::vector<std::size_t> ends(most + 1);
-    std::iota(ends.begin(), ends.end(), dotted.size() - most);
-    const auto* const widths = measure.PrefixWidths(dotted, ends);
+    std::iota(ends.begin(), ends.end(), line.size());
+    const auto* const widths = measure.PrefixWidths(line + std::string(most, '.'), ends);
     if (!widths) return std::nullopt;
     const auto tooLong = std::ranges::find_if(*widths, [&](double each) { return each > width; });
     if (tooLong == widths->begin() || tooLong == widths->end()) return std::nullopt;
     const auto last = tooLong - 1;
     return DotsThatFit{static_cast<std::size_t>(last - widths->begin()), *last};
+}
+
+// In one question at most.
+std::optional<DotsThatFit> DotsAtOnce(TextMeasure& measure, const std::string& line, double width) {
+    if (const auto dotted = measure.Dotted(line)) return DotsBySteps(*dotted, width);
+    return DotsByPrefixes(measure, line, width);
 }
 
 }  // namespace
@@ -101,11 +119,9 @@ std::optional<std::string> FillLeaders(TextMeasure& measure, const std::string& 
 
 std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::string& text,
                                           double width) {
-    const std::size_t most = DotsToTry(measure, text, width);
-    std::string dotted = text + std::string(most, '.');
-    const auto dots = DotsAtOnce(measure, dotted, most, width);
+    const auto dots = DotsAtOnce(measure, text, width);
     if (!dots) return std::nullopt;
-    dotted.resize(text.size() + dots->count);
+    std::string dotted = text + std::string(dots->count, '.');
     measure.Remember(dotted, dots->width);
     return dotted;
 }
@@ -115,10 +131,7 @@ std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& 
     const double textWidth = measure.Width(text);
     if (textWidth > width) return std::string();
     const auto lineStart = text.rfind('\n') + 1;  // 0 where there is none.
-    std::string lastLine = text.substr(lineStart);
-    const std::size_t most = DotsToTry(measure, lastLine, width);
-    lastLine.append(most, '.');
-    if (const auto dots = DotsAtOnce(measure, lastLine, most, width))
+    if (const auto dots = DotsAtOnce(measure, text.substr(lineStart), width))
         return std::string(dots->count, '.');
     const auto dots =
         MostDots([&](std::size_t count) { return measure.Width(text + std::string(count, '.')); },

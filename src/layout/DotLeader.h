@@ -14,8 +14,8 @@ namespace gazetteer {
 std::optional<std::string> FillLeaders(TextMeasure& measure, const std::string& textWithTokens,
                                        double textWidth, double width);
 
-/// What FillLeaders gives for a text of one line with its only token at its end, in one question,
-/// if the host tells the widths of a line's beginnings at once. Nothing where it does not, and for
+/// What FillLeaders gives for a text of one line with its only token at its end, in one question at
+/// most, if the host tells widths that allow that. Nothing where it does not, and for
 /// a text that is not narrower than the column.
 std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::string& text,
                                           double width);

@@ -1,26 +1,40 @@
 #include "layout/TextMeasure.h"
 
+#include <array>
+
+#include "layout/DrawingBracket.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr int kNoCache = -1;
 
 }  // namespace
 
+double DottedLine::Width(std::size_t dots) const {
+    const double points = dots == 0 ? none_ : one_ + static_cast<double>(dots - 1) * step_;
+    return points / kPointsPerInch;
+}
+
+double DottedLine::DotsIn(double width) const {
+    return (width * kPointsPerInch - none_) / step_;
+}
+
 TextMeasure::TextMeasure(const host::Ref<host::IHostDisplay>& display,
                          const host::Ref<host::IHostTextSymbol>& symbol)
-    : display_(display), symbol_(symbol), prefixes_(host::As<host::IHostTextPrefixes>(symbol)) {}
+    : display_(display),
+      symbol_(symbol),
+      prefixes_(host::As<host::IHostTextPrefixes>(symbol)),
+      pairs_(display, symbol) {}
 
 TextSize TextMeasure::Size(const std::string& text) try {
     if (hasLast_ && text == lastText_) return lastSize_;
-    display_->BeginDrawing(display_->Device(), kNoCache);
-    const auto extent = symbol_->MeasureText(display_->Device(), display_->Transformation(), text);
-    display_->EndDrawing();
+    if (const auto sum = pairs_.Width(text))
+        lastSize_ = {*sum / kPointsPerInch, LineHeight()};
+    else
+        lastSize_ = Ask(text);
     lastText_ = text;
-    lastSize_ = {extent.xSize / kPointsPerInch, extent.ySize / kPointsPerInch};
     hasLast_ = true;
     return lastSize_;
 } catch (...) {
@@ -29,22 +43,45 @@ TextSize TextMeasure::Size(const std::string& text) try {
 
 const std::vector<double>* TextMeasure::PrefixWidths(const std::string& line,
                                                      std::span<const std::size_t> ends) try {
-    if (!prefixes_) return nullptr;
-    display_->BeginDrawing(display_->Device(), kNoCache);
-    const bool told = prefixes_->MeasurePrefixes(display_->Device(), display_->Transformation(),
-                                                 line, ends, extents_);
-    display_->EndDrawing();
-    if (!told) return nullptr;
+    if (!pairs_.Prefixes(line, ends, extents_.widths)) {
+        if (!prefixes_) return nullptr;
+        const bool told = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
+            return prefixes_->MeasurePrefixes(device, transformation, line, ends, extents_);
+        });
+        if (!told) return nullptr;
+        lineHeight_ = extents_.height / kPointsPerInch;
+    }
     for (double& width : extents_.widths) width /= kPointsPerInch;
     return &extents_.widths;
 } catch (...) {
     PassOn("GetTextSize", kManagerLabel);
 }
 
-void TextMeasure::Remember(const std::string& prefix, double width) {
-    lastText_ = prefix;
-    lastSize_ = {width, extents_.height / kPointsPerInch};
+std::optional<DottedLine> TextMeasure::Dotted(const std::string& line) try {
+    const std::size_t size = line.size();
+    const std::array ends{size, size + 1, size + 2};
+    if (!pairs_.Prefixes(line + "..", ends, extents_.widths)) return std::nullopt;
+    return DottedLine(extents_.widths[0], extents_.widths[1], extents_.widths[2]);
+} catch (...) {
+    PassOn("GetTextSize", kManagerLabel);
+}
+
+void TextMeasure::Remember(const std::string& line, double width) {
+    lastText_ = line;
+    lastSize_ = {width, LineHeight()};
     hasLast_ = true;
+}
+
+TextSize TextMeasure::Ask(const std::string& text) {
+    const auto extent = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
+        return symbol_->MeasureText(device, transformation, text);
+    });
+    return {extent.xSize / kPointsPerInch, extent.ySize / kPointsPerInch};
+}
+
+double TextMeasure::LineHeight() {
+    if (!lineHeight_) lineHeight_ = Ask(".").height;
+    return *lineHeight_;
 }
 
 }  // namespace gazetteer

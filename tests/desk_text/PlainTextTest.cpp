@@ -146,6 +146,40 @@ TEST_P(PlainText, BeginningsAreAsWideAsLinesOfTheirOwn) {
     EXPECT_GT(told, 0);
 }
 
+/// The sum of the line's steps; nothing if one of them is not told.
+std::optional<int> SumOfSteps(desk::DirectShaper& direct, const desk::ResolvedFont& font,
+                              std::string_view line) {
+    int sum = 0;
+    std::string_view before;
+    for (std::size_t place = 0; place < line.size();) {
+        const std::size_t start = place;
+        desk::NextCharacter(line, place);
+        const auto character = line.substr(start, place - start);
+        const auto step = direct.Step(font, before, character);
+        if (!step) return std::nullopt;
+        sum += *step;
+        before = character;
+    }
+    return sum;
+}
+
+// A step knows nothing of the rest of its line, nor of the line's script.
+TEST_P(PlainText, StepsAddUpToTheWidth) {
+    const auto characters = CharactersOf(font, GetParam().script);
+    int summed = 0;
+    int lines = 0;
+    EXPECT_TRUE(rc::check([&] {
+        const std::string line = *AnyLine(characters);
+        const auto sum = SumOfSteps(direct, font, line);
+        if (sum) RC_ASSERT(*sum == layout.Shape(font, line));
+        ++lines;
+        summed += sum.has_value();
+    }));
+    const bool isTold =
+        GetParam().script == PlainClass::Latin || GetParam().script == PlainClass::Common;
+    EXPECT_GT(summed, isTold ? lines / 10 : -1);
+}
+
 INSTANTIATE_TEST_SUITE_P(Fonts, PlainText, testing::ValuesIn(Cases()));
 
 TEST(PlainTextScan, TellsPlainLinesFromOthers) {

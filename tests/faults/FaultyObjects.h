@@ -156,7 +156,7 @@ FAULTY(IHostFillSymbol)
     AS_SYMBOL(IHostFillSymbol)
     GET(Ref<host::IHostLineSymbol>, Outline) SET(SetOutline, const Ref<host::IHostLineSymbol>&)
 };
-FAULTY(IHostTextSymbol, host::IHostTextPrefixes)
+FAULTY(IHostTextSymbol, host::IHostTextPrefixes, host::IHostPairWidths)
     AS_SYMBOL(IHostTextSymbol)
     GET(Ref<host::IHostFont>, Font) SET(SetFont, const Ref<host::IHostFont>&)
     GET(double, Size) SET(SetSize, double)
@@ -172,6 +172,11 @@ FAULTY(IHostTextSymbol, host::IHostTextPrefixes)
                          host::PrefixExtents& extents) override {
         faults_.Tick(kName, "MeasurePrefixes");
         return Also<host::IHostTextPrefixes>().MeasurePrefixes(device, t, line, ends, extents);
+    }
+    std::optional<double> AddedWidth(host::DeviceContext device,
+                                     const Ref<host::IHostDisplayTransformation>& t, std::string_view first, std::string_view second) override {
+        faults_.Tick(kName, "AddedWidth");
+        return Also<host::IHostPairWidths>().AddedWidth(device, t, first, second);
     }
 };
 

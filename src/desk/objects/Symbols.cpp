@@ -121,6 +121,13 @@ bool TextSymbol::MeasurePrefixes(
     return engine_->MeasurePrefixes(Resolved(), line, ends, extents);
 }
 
+std::optional<double> TextSymbol::AddedWidth(
+    host::DeviceContext /*device*/,
+    const host::Ref<host::IHostDisplayTransformation>& /*transformation*/, std::string_view first,
+    std::string_view second) {
+    return engine_->AddedWidth(Resolved(), first, second);
+}
+
 host::Ref<host::IHostObject> TextSymbol::Copy() const {
     auto copy = std::make_shared<TextSymbol>(engine_);
     copy->SetFont(CopyOf(font_));

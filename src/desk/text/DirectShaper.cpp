@@ -81,6 +81,15 @@ bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, std::string_view li
            TableOf(font, *script).AddPrefixWidths(line, ends.subspan(common), widths);
 }
 
+std::optional<int> DirectShaper::Step(const ResolvedFont& font, std::string_view first,
+                                      std::string_view second) {
+    const auto step = TableOf(font, HB_SCRIPT_LATIN).Step(first, second);
+    const bool letters = FirstLetter(first, font.plain) < first.size() ||
+                         FirstLetter(second, font.plain) < second.size();
+    if (letters || step == TableOf(font, HB_SCRIPT_COMMON).Step(first, second)) return step;
+    return std::nullopt;
+}
+
 int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line) {
     return ShapeLine(buffer_.get(), font.shaping, WritingOf(script), line);
 }

@@ -31,6 +31,12 @@ public:
     bool SumPrefixWidths(const ResolvedFont& font, std::string_view line,
                          std::span<const std::size_t> ends, std::vector<int>& widths);
 
+    /// What a character of Latin script, or common to all, adds to the width of a line that ends in
+    /// the first one, as PairTable::Step. Nothing as well where that is not the same with and
+    /// without letters in the line.
+    std::optional<int> Step(const ResolvedFont& font, std::string_view first,
+                            std::string_view second);
+
     /// Width of a line that is shaped.
     int ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
 

@@ -119,6 +119,21 @@ bool PairTable::AddPrefixWidths(std::string_view line, std::span<const std::size
     return Walk(line, visitor) && visitor.end == visitor.lastEnd;
 }
 
+std::optional<int> PairTable::Step(std::string_view first, std::string_view second) {
+    if (!rules_.positionsByPairs) return std::nullopt;
+    const Slot before = first.empty() ? 0 : SlotOf(first);
+    const Slot slot = SlotOf(second);
+    const Character& character = characters_[slot];
+    if (character.kind == Kind::Shaped) return std::nullopt;
+    if (first.empty()) return character.width;
+    const Kind kindBefore = characters_[before].kind;
+    const bool mayJoin = kindBefore == Kind::Joining && character.kind == Kind::Joining;
+    if (kindBefore == Kind::Shaped || mayJoin) return std::nullopt;
+    const std::int32_t pair = PairWidth(before, slot);
+    if (pair == kShapedPair) return std::nullopt;
+    return pair + character.width;
+}
+
 std::optional<int> PairTable::Place(std::string_view line, GlyphStore& glyphs) {
     return Place(line, glyphs, false);
 }
@@ -186,6 +201,12 @@ std::optional<int> PairTable::Walk(std::string_view line, Visitor&& visitor) {
     if (!For::kChecksPrefixes && runLength > kPair && !StaysUnjoined(line.substr(runStart)))
         return std::nullopt;
     return pen;
+}
+
+PairTable::Slot PairTable::SlotOf(std::string_view character) {
+    std::size_t end = 0;
+    const char32_t letter = NextCharacter(character, end);
+    return letter < kPlainTextLimit && end == character.size() ? SlotOf(letter, character) : 0;
 }
 
 PairTable::Slot PairTable::LearnCharacter(char32_t letter, std::string_view bytes) {

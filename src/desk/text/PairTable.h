@@ -36,6 +36,10 @@ public:
     bool AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
                          std::vector<int>& widths);
 
+    /// What a character adds to the width of a line of the table's script that ends in the first
+    /// one; without one, its own width. Nothing where that hangs on more than the two.
+    std::optional<int> Step(std::string_view first, std::string_view second);
+
     /// Adds the glyphs of a line, and returns the width as Width. Nothing is added where the line
     /// has to be shaped.
     std::optional<int> Place(std::string_view line, GlyphStore& glyphs);
@@ -67,6 +71,7 @@ private:
         const Slot known = slots_[letter];
         return known != 0 ? known : LearnCharacter(letter, bytes);
     }
+    Slot SlotOf(std::string_view character);
     std::int32_t PairWidth(Slot first, Slot second) {
         const std::int32_t known = pairs_[first * kSlots + second];
         return known != kUnknownPair ? known : LearnPair(first, second);

@@ -89,6 +89,14 @@ bool TextEngine::MeasurePrefixes(const ResolvedFont& font, std::string_view line
     return true;
 }
 
+std::optional<double> TextEngine::AddedWidth(const ResolvedFont& font, std::string_view first,
+                                             std::string_view second) {
+    if (state_->ways == Ways::Plain) return std::nullopt;
+    const auto step = state_->direct.Step(font, first, second);
+    if (!step) return std::nullopt;
+    return *step / kUnitsPerPoint;
+}
+
 TextBox TextEngine::Set(const PlacedText& text, SetTexts& into) {
     const host::TextExtent size = state_->setter.Set(text, into);
     const ResolvedFont& font = *text.font;

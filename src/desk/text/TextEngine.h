@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
@@ -85,6 +86,10 @@ public:
     /// beginning is not plain enough to be told without shaping it.
     bool MeasurePrefixes(const ResolvedFont& font, std::string_view line,
                          std::span<const std::size_t> ends, host::PrefixExtents& extents);
+
+    /// What a character adds to a line, by the promises of host::IHostPairWidths.
+    std::optional<double> AddedWidth(const ResolvedFont& font, std::string_view first,
+                                     std::string_view second);
 
     /// Sets a text, so that it can be shown: the box that Measure tells hangs on its point as its
     /// placement says. Returns the smallest upright box around that box, seen from the point.
