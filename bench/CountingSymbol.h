@@ -9,16 +9,11 @@
 namespace bench {
 
 /// A text symbol that passes everything on to another and counts what it is asked for sizes. The
-/// widths of a line's beginnings are one question, however many they are, and what a character adds
-/// to another is one, also where they are not told.
-class CountingSymbol final : public host::IHostTextSymbol,
-                             public host::IHostTextPrefixes,
-                             public host::IHostPairWidths {
+/// steps of a line are one question, however many they are, also where they are not told.
+class CountingSymbol final : public host::IHostTextSymbol, public host::IHostTextSteps {
 public:
     explicit CountingSymbol(host::Ref<host::IHostTextSymbol> symbol)
-        : symbol_(std::move(symbol)),
-          prefixes_(host::As<host::IHostTextPrefixes>(symbol_)),
-          pairs_(host::As<host::IHostPairWidths>(symbol_)) {}
+        : symbol_(std::move(symbol)), steps_(host::As<host::IHostTextSteps>(symbol_)) {}
 
     /// Since the last call.
     std::size_t TakeQuestions() { return std::exchange(questions_, 0); }
@@ -29,20 +24,11 @@ public:
         ++questions_;
         return symbol_->MeasureText(device, transformation, text);
     }
-    bool MeasurePrefixes(host::DeviceContext device,
-                         const host::Ref<host::IHostDisplayTransformation>& transformation,
-                         const std::string& line, std::span<const std::size_t> ends,
-                         host::PrefixExtents& extents) override {
+    bool MeasureSteps(host::DeviceContext device,
+                      const host::Ref<host::IHostDisplayTransformation>& transformation,
+                      const std::string& line, host::TextSteps& steps) override {
         ++questions_;
-        return prefixes_ && prefixes_->MeasurePrefixes(device, transformation, line, ends, extents);
-    }
-
-    std::optional<double> AddedWidth(
-        host::DeviceContext device,
-        const host::Ref<host::IHostDisplayTransformation>& transformation, std::string_view first,
-        std::string_view second) override {
-        ++questions_;
-        return pairs_ ? pairs_->AddedWidth(device, transformation, first, second) : std::nullopt;
+        return steps_ && steps_->MeasureSteps(device, transformation, line, steps);
     }
 
     /// @{ Passed on.
@@ -77,8 +63,7 @@ public:
 
 private:
     host::Ref<host::IHostTextSymbol> symbol_;
-    host::Ref<host::IHostTextPrefixes> prefixes_;
-    host::Ref<host::IHostPairWidths> pairs_;
+    host::Ref<host::IHostTextSteps> steps_;
     std::size_t questions_ = 0;
 };
 

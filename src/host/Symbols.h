@@ -2,10 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/Object.h"
@@ -91,36 +88,29 @@ struct IHostTextSymbol : virtual IHostSymbol {
                                    const std::string& text) = 0;
 };
 
-/// Sizes in points of the beginnings of a line.
-struct PrefixExtents {
-    std::vector<double> widths;
-    double height = 0;  ///< Of each of them.
+/// What a character of one code point adds to the width of the line before it.
+struct TextStep {
+    double width = 0;  ///< Points.
+    /// It adds the same wherever it follows the same character, or begins a line as it does here,
+    /// in lines of Latin letters and characters common to all scripts: in those that have general
+    /// steps only, and in those whose steps are told.
+    bool general = false;
 };
 
-/// What a text symbol may offer beside MeasureText: many measurements at once. A host need not have
-/// it.
-struct IHostTextPrefixes : virtual IHostObject {
-    /// The sizes of those beginnings of a line that end before the given bytes, which ascend and
-    /// stand between characters: exactly what MeasureText tells of each. False, and nothing told,
-    /// where that takes as long as asking for each.
-    virtual bool MeasurePrefixes(DeviceContext device,
-                                 const Ref<IHostDisplayTransformation>& transformation,
-                                 const std::string& line, std::span<const std::size_t> ends,
-                                 PrefixExtents& extents) = 0;
+struct TextSteps {
+    std::vector<TextStep> steps;  ///< One for each code point.
+    double height = 0;            ///< Of this line and of any other, in points.
 };
 
-/// What a text symbol may offer beside MeasureText: widths that are added up instead of asked for.
-/// A host need not have it.
-struct IHostPairWidths : virtual IHostObject {
-    /// By how many points a line that ends in the first character grows as the second follows it;
-    /// without a first one, how wide the second is where it begins a line. Both are of one code
-    /// point. Nothing where that hangs on more than the two, for instance since letters join.
-    ///
-    /// A line of which every step is told is by MeasureText exactly as wide as the sum of its
-    /// steps, in whatever order they are added, and as high as any other line.
-    virtual std::optional<double> AddedWidth(DeviceContext device,
-                                             const Ref<IHostDisplayTransformation>& transformation,
-                                             std::string_view first, std::string_view second) = 0;
+/// What a text symbol may offer beside MeasureText: many measurements at once, and widths to add
+/// up. A host need not have it.
+struct IHostTextSteps : virtual IHostObject {
+    /// How the width of a line comes about: its first steps add up, in whatever order they are
+    /// added, to exactly what MeasureText tells of that beginning. False, and nothing told, where
+    /// that takes as long as asking for each beginning.
+    virtual bool MeasureSteps(DeviceContext device,
+                              const Ref<IHostDisplayTransformation>& transformation,
+                              const std::string& line, TextSteps& steps) = 0;
 };
 
 /// What a text is made of once markup is told from characters.

@@ -5,51 +5,111 @@
 #include "layout/DrawingBracket.h"
 
 namespace gazetteer {
+namespace {
+
+bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+}  // namespace
+
 PairWidths::PairWidths(host::Ref<host::IHostDisplay> display,
                        const host::Ref<host::IHostTextSymbol>& symbol)
-    : display_(std::move(display)), pairs_(host::As<host::IHostPairWidths>(symbol)) {
-    if (pairs_) NewSlot();
+    : display_(std::move(display)), host_(host::As<host::IHostTextSteps>(symbol)) {
+    if (host_) NewSlot();
 }
 
-std::optional<double> PairWidths::Width(std::string_view line) {
-    return Walk(line, [](std::size_t /*place*/, double /*width*/) {});
+std::optional<double> PairWidths::Width(const std::string& line) {
+    const auto nothing = [](std::size_t /*place*/, double /*width*/) {};
+    auto width = WalkKnown(line, nothing);
+    if (width && std::isnan(*width) && Ask(line)) {
+        width = 0;
+        for (const host::TextStep& step : asked_.steps) *width += step.width;
+    }
+    return width && std::isfinite(*width) ? width : std::nullopt;
 }
 
-bool PairWidths::Prefixes(std::string_view line, std::span<const std::size_t> ends,
+bool PairWidths::Prefixes(const std::string& line, std::span<const std::size_t> ends,
                           std::vector<double>& widths) {
-    widths.clear();
     const auto takeEndsAt = [&](std::size_t place, double width) {
         while (widths.size() < ends.size() && ends[widths.size()] == place) widths.push_back(width);
     };
-    takeEndsAt(0, 0);
-    return Walk(line, takeEndsAt) && widths.size() == ends.size();
+    const auto begin = [&] {
+        widths.clear();
+        takeEndsAt(0, 0);
+    };
+    begin();
+    const auto width = WalkKnown(line, takeEndsAt);
+    if (width && std::isfinite(*width)) return widths.size() == ends.size();
+    begin();
+    return WalkAsked(line, takeEndsAt) && widths.size() == ends.size();
 }
 
-// Visits the end of each character with the width of the line as far as there.
+bool PairWidths::TakesDots(const std::string& line) {
+    if (!host_) return false;
+    for (std::size_t place = 0; place < line.size();)
+        if (SlotAt(line, place) == kNoCharacter) return false;
+    const Slot dot = slots_[U'.'];
+    return dot != kNoCharacter && std::isfinite(steps_[dot][dot]);
+}
+
+// Visits the end of each character with the width of the line as far as there. Returns the width:
+// infinite where a step is not general, no number where one was not asked for yet. Nothing for a
+// line that is not of Latin text.
 template <class Visitor>
-std::optional<double> PairWidths::Walk(std::string_view line, const Visitor& visit) {
-    if (!pairs_) return std::nullopt;
+std::optional<double> PairWidths::WalkKnown(const std::string& line, const Visitor& visit) {
+    if (!host_) return std::nullopt;
     double width = 0;
     Slot before = kNoCharacter;
-    std::size_t beforeStart = 0;
     for (std::size_t place = 0; place < line.size();) {
-        const std::size_t start = place;
         const Slot slot = SlotAt(line, place);
         if (slot == kNoCharacter) return std::nullopt;
-        double& step = steps_[before][slot];
-        if (std::isnan(step))
-            step = Ask(line.substr(beforeStart, start - beforeStart),
-                       line.substr(start, place - start));
-        width += step;
+        width += steps_[before][slot];
         visit(place, width);
         before = slot;
-        beforeStart = start;
     }
-    return width < kNotTold ? std::optional(width) : std::nullopt;
+    return width;
+}
+
+// The same by the steps of this line alone, whatever it is made of.
+template <class Visitor>
+bool PairWidths::WalkAsked(const std::string& line, const Visitor& visit) {
+    if (!host_ || !Ask(line)) return false;
+    double width = 0;
+    std::size_t place = 0;
+    for (const host::TextStep& step : asked_.steps) {
+        for (++place; place < line.size() && IsContinuation(line[place]);) ++place;
+        width += step.width;
+        visit(place, width);
+    }
+    return true;
+}
+
+bool PairWidths::Ask(const std::string& line) {
+    const bool told = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
+        return host_->MeasureSteps(device, transformation, line, asked_);
+    });
+    if (told) lineHeight_ = asked_.height;
+    Learn(line, told);
+    return told;
+}
+
+// What was not told once is not asked for again.
+void PairWidths::Learn(const std::string& line, bool told) {
+    Slot before = kNoCharacter;
+    std::size_t index = 0;
+    for (std::size_t place = 0; place < line.size(); ++index) {
+        const Slot slot = SlotAt(line, place);
+        if (slot == kNoCharacter) return;
+        double& step = steps_[before][slot];
+        const bool general = told && asked_.steps[index].general;
+        if (std::isnan(step)) step = general ? asked_.steps[index].width : kNotGeneral;
+        before = slot;
+    }
 }
 
 // Of the character at the place, which is then moved behind it.
-PairWidths::Slot PairWidths::SlotAt(std::string_view line, std::size_t& place) {
+PairWidths::Slot PairWidths::SlotAt(const std::string& line, std::size_t& place) {
     char32_t character = static_cast<unsigned char>(line[place++]);
     if (character >= 0x80) {
         constexpr char32_t kOfLatin = 0xC9;  // Begins U+0240 to U+027F.
@@ -65,12 +125,6 @@ PairWidths::Slot PairWidths::SlotAt(std::string_view line, std::size_t& place) {
 PairWidths::Slot PairWidths::NewSlot() {
     steps_.emplace_back().fill(kNotAsked);
     return static_cast<Slot>(steps_.size() - 1);
-}
-
-double PairWidths::Ask(std::string_view before, std::string_view character) {
-    return InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
-        return pairs_->AddedWidth(device, transformation, before, character).value_or(kNotTold);
-    });
 }
 
 }  // namespace gazetteer

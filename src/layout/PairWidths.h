@@ -6,28 +6,35 @@
 #include <limits>
 #include <optional>
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include "host/Host.h"
 
 namespace gazetteer {
 
-/// Widths of lines of Latin text in one symbol, summed up from what the host tells of single
-/// characters and of pairs. Each pair is asked for once, so that most lines of an index take no
-/// question of their own.
+/// Widths of lines in one symbol, summed up from what the host tells of their steps. What a step is
+/// in any line of Latin text is asked for once, so that most lines of an index take no question of
+/// their own. Widths are in points.
 class PairWidths {
 public:
     PairWidths(host::Ref<host::IHostDisplay> display,
                const host::Ref<host::IHostTextSymbol>& symbol);
 
-    /// The width of a line in points. Nothing for a line that has to be measured.
-    std::optional<double> Width(std::string_view line);
+    /// The width of a line of Latin text. Nothing for a line that has to be measured.
+    std::optional<double> Width(const std::string& line);
 
-    /// The widths in points of those beginnings of a line that end before the given bytes, which
-    /// ascend. False, and nothing of use told, where any of them has to be measured.
-    bool Prefixes(std::string_view line, std::span<const std::size_t> ends,
+    /// The widths of those beginnings of a line that end before the given bytes, which ascend and
+    /// stand between characters, in one question at most. False, and nothing of use told, where
+    /// each has to be measured.
+    bool Prefixes(const std::string& line, std::span<const std::size_t> ends,
                   std::vector<double>& widths);
+
+    /// Whether a line takes dots at its end in steps that are all the same.
+    bool TakesDots(const std::string& line);
+
+    /// Of any line. Nothing as long as no line was asked for.
+    std::optional<double> LineHeight() const { return lineHeight_; }
 
 private:
     using Slot = std::uint8_t;
@@ -36,18 +43,23 @@ private:
     static constexpr Slot kLastSlot = 127;     ///< More than any index in one language takes.
     static constexpr char32_t kLimit = 0x250;  ///< Behind the last of the Latin blocks in a row.
     static constexpr double kNotAsked = std::numeric_limits<double>::quiet_NaN();
-    static constexpr double kNotTold = std::numeric_limits<double>::infinity();
+    static constexpr double kNotGeneral = std::numeric_limits<double>::infinity();
 
-    template <class Visitor>
-    std::optional<double> Walk(std::string_view line, const Visitor& visit);
     Slot NewSlot();
-    Slot SlotAt(std::string_view line, std::size_t& place);
-    double Ask(std::string_view before, std::string_view character);
+    Slot SlotAt(const std::string& line, std::size_t& place);
+    template <class Visitor>
+    std::optional<double> WalkKnown(const std::string& line, const Visitor& visit);
+    template <class Visitor>
+    bool WalkAsked(const std::string& line, const Visitor& visit);
+    bool Ask(const std::string& line);
+    void Learn(const std::string& line, bool told);
 
     host::Ref<host::IHostDisplay> display_;
-    host::Ref<host::IHostPairWidths> pairs_;  ///< Null where the host has none.
-    std::array<Slot, kLimit> slots_{};        ///< Of the characters met so far.
-    std::vector<Steps> steps_;                ///< By the slot of the character before.
+    host::Ref<host::IHostTextSteps> host_;  ///< Null where the host has none.
+    std::array<Slot, kLimit> slots_{};      ///< Of the characters met so far.
+    std::vector<Steps> steps_;              ///< By the slot of the character before.
+    host::TextSteps asked_;                 ///< Of the line asked for last.
+    std::optional<double> lineHeight_;
 };
 
 }  // namespace gazetteer

@@ -23,10 +23,7 @@ double DottedLine::DotsIn(double width) const {
 
 TextMeasure::TextMeasure(const host::Ref<host::IHostDisplay>& display,
                          const host::Ref<host::IHostTextSymbol>& symbol)
-    : display_(display),
-      symbol_(symbol),
-      prefixes_(host::As<host::IHostTextPrefixes>(symbol)),
-      pairs_(display, symbol) {}
+    : display_(display), symbol_(symbol), pairs_(display, symbol) {}
 
 TextSize TextMeasure::Size(const std::string& text) try {
     if (hasLast_ && text == lastText_) return lastSize_;
@@ -43,16 +40,9 @@ TextSize TextMeasure::Size(const std::string& text) try {
 
 const std::vector<double>* TextMeasure::PrefixWidths(const std::string& line,
                                                      std::span<const std::size_t> ends) try {
-    if (!pairs_.Prefixes(line, ends, extents_.widths)) {
-        if (!prefixes_) return nullptr;
-        const bool told = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
-            return prefixes_->MeasurePrefixes(device, transformation, line, ends, extents_);
-        });
-        if (!told) return nullptr;
-        lineHeight_ = extents_.height / kPointsPerInch;
-    }
-    for (double& width : extents_.widths) width /= kPointsPerInch;
-    return &extents_.widths;
+    if (!pairs_.Prefixes(line, ends, prefixes_)) return nullptr;
+    for (double& width : prefixes_) width /= kPointsPerInch;
+    return &prefixes_;
 } catch (...) {
     PassOn("GetTextSize", kManagerLabel);
 }
@@ -60,8 +50,9 @@ const std::vector<double>* TextMeasure::PrefixWidths(const std::string& line,
 std::optional<DottedLine> TextMeasure::Dotted(const std::string& line) try {
     const std::size_t size = line.size();
     const std::array ends{size, size + 1, size + 2};
-    if (!pairs_.Prefixes(line + "..", ends, extents_.widths)) return std::nullopt;
-    return DottedLine(extents_.widths[0], extents_.widths[1], extents_.widths[2]);
+    if (!pairs_.Prefixes(line + "..", ends, prefixes_)) return std::nullopt;
+    if (!pairs_.TakesDots(line)) return std::nullopt;
+    return DottedLine(prefixes_[0], prefixes_[1], prefixes_[2]);
 } catch (...) {
     PassOn("GetTextSize", kManagerLabel);
 }
@@ -80,7 +71,10 @@ TextSize TextMeasure::Ask(const std::string& text) {
 }
 
 double TextMeasure::LineHeight() {
-    if (!lineHeight_) lineHeight_ = Ask(".").height;
+    if (!lineHeight_) {
+        const auto told = pairs_.LineHeight();
+        lineHeight_ = told ? *told / kPointsPerInch : Ask(".").height;
+    }
     return *lineHeight_;
 }
 

@@ -65,9 +65,8 @@ private:
 
     host::Ref<host::IHostDisplay> display_;
     host::Ref<host::IHostTextSymbol> symbol_;
-    host::Ref<host::IHostTextPrefixes> prefixes_;  ///< Null where the host has none.
     PairWidths pairs_;
-    host::PrefixExtents extents_;
+    std::vector<double> prefixes_;      ///< Told last.
     std::optional<double> lineHeight_;  ///< Of a text of one line, in inches.
     std::string lastText_;
     TextSize lastSize_;

@@ -156,7 +156,7 @@ FAULTY(IHostFillSymbol)
     AS_SYMBOL(IHostFillSymbol)
     GET(Ref<host::IHostLineSymbol>, Outline) SET(SetOutline, const Ref<host::IHostLineSymbol>&)
 };
-FAULTY(IHostTextSymbol, host::IHostTextPrefixes, host::IHostPairWidths)
+FAULTY(IHostTextSymbol, host::IHostTextSteps)
     AS_SYMBOL(IHostTextSymbol)
     GET(Ref<host::IHostFont>, Font) SET(SetFont, const Ref<host::IHostFont>&)
     GET(double, Size) SET(SetSize, double)
@@ -167,16 +167,10 @@ FAULTY(IHostTextSymbol, host::IHostTextPrefixes, host::IHostPairWidths)
     ASK(host::TextExtent, MeasureText,
         (host::DeviceContext device, const Ref<host::IHostDisplayTransformation>& t,
          const std::string& text), (device, t, text))
-    bool MeasurePrefixes(host::DeviceContext device, const Ref<host::IHostDisplayTransformation>& t,
-                         const std::string& line, std::span<const std::size_t> ends,
-                         host::PrefixExtents& extents) override {
-        faults_.Tick(kName, "MeasurePrefixes");
-        return Also<host::IHostTextPrefixes>().MeasurePrefixes(device, t, line, ends, extents);
-    }
-    std::optional<double> AddedWidth(host::DeviceContext device,
-                                     const Ref<host::IHostDisplayTransformation>& t, std::string_view first, std::string_view second) override {
-        faults_.Tick(kName, "AddedWidth");
-        return Also<host::IHostPairWidths>().AddedWidth(device, t, first, second);
+    bool MeasureSteps(host::DeviceContext device, const Ref<host::IHostDisplayTransformation>& t,
+                      const std::string& line, host::TextSteps& steps) override {
+        faults_.Tick(kName, "MeasureSteps");
+        return Also<host::IHostTextSteps>().MeasureSteps(device, t, line, steps);
     }
 };
 

@@ -114,18 +114,10 @@ host::TextExtent TextSymbol::MeasureText(
     return engine_->Measure(Resolved(), text);
 }
 
-bool TextSymbol::MeasurePrefixes(
-    host::DeviceContext /*device*/,
-    const host::Ref<host::IHostDisplayTransformation>& /*transformation*/, const std::string& line,
-    std::span<const std::size_t> ends, host::PrefixExtents& extents) {
-    return engine_->MeasurePrefixes(Resolved(), line, ends, extents);
-}
-
-std::optional<double> TextSymbol::AddedWidth(
-    host::DeviceContext /*device*/,
-    const host::Ref<host::IHostDisplayTransformation>& /*transformation*/, std::string_view first,
-    std::string_view second) {
-    return engine_->AddedWidth(Resolved(), first, second);
+bool TextSymbol::MeasureSteps(host::DeviceContext /*device*/,
+                              const host::Ref<host::IHostDisplayTransformation>& /*transformation*/,
+                              const std::string& line, host::TextSteps& steps) {
+    return engine_->MeasureSteps(Resolved(), line, steps);
 }
 
 host::Ref<host::IHostObject> TextSymbol::Copy() const {

@@ -99,8 +99,7 @@ private:
 
 /// Knows no markup: every character of a text stands for itself.
 class TextSymbol final : public host::IHostTextSymbol,
-                         public host::IHostTextPrefixes,
-                         public host::IHostPairWidths,
+                         public host::IHostTextSteps,
                          public host::IHostTextParser {
 public:
     explicit TextSymbol(std::shared_ptr<TextEngine> engine);
@@ -128,14 +127,9 @@ public:
     host::TextExtent MeasureText(host::DeviceContext device,
                                  const host::Ref<host::IHostDisplayTransformation>& transformation,
                                  const std::string& text) override;
-    bool MeasurePrefixes(host::DeviceContext device,
-                         const host::Ref<host::IHostDisplayTransformation>& transformation,
-                         const std::string& line, std::span<const std::size_t> ends,
-                         host::PrefixExtents& extents) override;
-    std::optional<double> AddedWidth(
-        host::DeviceContext device,
-        const host::Ref<host::IHostDisplayTransformation>& transformation, std::string_view first,
-        std::string_view second) override;
+    bool MeasureSteps(host::DeviceContext device,
+                      const host::Ref<host::IHostDisplayTransformation>& transformation,
+                      const std::string& line, host::TextSteps& steps) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
     void PrepareDevice(host::DeviceContext device,

@@ -7,6 +7,10 @@ namespace {
 
 static_assert(kGlyphUnitsPerPoint == PANGO_SCALE);
 
+constexpr std::size_t kLatin1Limit = 0x100;
+constexpr std::int32_t kUnknownStep = INT32_MIN;
+constexpr std::int32_t kNoStep = INT32_MIN + 1;
+
 /// The language that a layout gives to a run of the script, so that both choose the same forms.
 hb_language_t SampleLanguage(PangoScript script) {
     PangoLanguage* const language = pango_script_get_sample_language(script);
@@ -32,9 +36,13 @@ Writing DirectShaper::WritingOf(hb_script_t script) const {
     }
 }
 
-PairTable& DirectShaper::TableOf(const ResolvedFont& font, hb_script_t script) {
+DirectShaper::FontTables& DirectShaper::TablesOf(const ResolvedFont& font) {
     if (tables_.size() <= font.number) tables_.resize(font.number + 1);
-    FontTables& all = tables_[font.number];
+    return tables_[font.number];
+}
+
+PairTable& DirectShaper::TableOf(const ResolvedFont& font, hb_script_t script) {
+    FontTables& all = TablesOf(font);
     auto& table = script == HB_SCRIPT_LATIN      ? all.latin
                   : script == HB_SCRIPT_GREEK    ? all.greek
                   : script == HB_SCRIPT_CYRILLIC ? all.cyrillic
@@ -81,13 +89,51 @@ bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, std::string_view li
            TableOf(font, *script).AddPrefixWidths(line, ends.subspan(common), widths);
 }
 
-std::optional<int> DirectShaper::Step(const ResolvedFont& font, std::string_view first,
-                                      std::string_view second) {
-    const auto step = TableOf(font, HB_SCRIPT_LATIN).Step(first, second);
-    const bool letters = FirstLetter(first, font.plain) < first.size() ||
-                         FirstLetter(second, font.plain) < second.size();
-    if (letters || step == TableOf(font, HB_SCRIPT_COMMON).Step(first, second)) return step;
-    return std::nullopt;
+bool DirectShaper::SumSteps(const ResolvedFont& font, std::string_view line,
+                            std::vector<host::TextStep>& steps) {
+    ends_.clear();
+    for (std::size_t place = 0; place < line.size(); ends_.push_back(place))
+        NextCharacter(line, place);
+    sums_.clear();
+    if (!SumPrefixWidths(font, line, ends_, sums_)) return false;
+    steps.clear();
+    Letter before;
+    int widthBefore = 0;
+    std::size_t place = 0;
+    for (const int width : sums_) {
+        const std::size_t start = place;
+        const char32_t code = NextCharacter(line, place);
+        const Letter letter{code, line.substr(start, place - start)};
+        const int step = width - widthBefore;
+        steps.push_back({step / kGlyphUnitsPerPoint, GeneralStep(font, before, letter) == step});
+        before = letter;
+        widthBefore = width;
+    }
+    return true;
+}
+
+/// What a character adds after another in any line of Latin script, and in one without letters if
+/// it can stand there; kNoStep where that hangs on more.
+std::int32_t DirectShaper::GeneralStep(const ResolvedFont& font, const Letter& first,
+                                       const Letter& second) {
+    if (first.code >= kLatin1Limit || second.code >= kLatin1Limit)
+        return FindGeneralStep(font, first, second);
+    auto& steps = TablesOf(font).generalSteps;
+    if (steps.empty()) steps.assign(kLatin1Limit * kLatin1Limit, kUnknownStep);
+    const std::size_t place = first.code * kLatin1Limit + second.code;
+    if (steps[place] != kUnknownStep) return steps[place];
+    const std::int32_t step = FindGeneralStep(font, first, second);
+    return TablesOf(font).generalSteps[place] = step;
+}
+
+std::int32_t DirectShaper::FindGeneralStep(const ResolvedFont& font, const Letter& first,
+                                           const Letter& second) {
+    const auto step = TableOf(font, HB_SCRIPT_LATIN).Step(first.bytes, second.bytes);
+    const bool letters = FirstLetter(first.bytes, font.plain) < first.bytes.size() ||
+                         FirstLetter(second.bytes, font.plain) < second.bytes.size();
+    if (letters) return step.value_or(kNoStep);
+    const auto without = TableOf(font, HB_SCRIPT_COMMON).Step(first.bytes, second.bytes);
+    return step == without ? step.value_or(kNoStep) : kNoStep;
 }
 
 int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line) {

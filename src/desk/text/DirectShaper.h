@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
@@ -9,6 +10,7 @@
 #include "desk/text/FontCache.h"
 #include "desk/text/GlyphLine.h"
 #include "desk/text/PairTable.h"
+#include "host/Symbols.h"
 
 namespace desk {
 
@@ -31,11 +33,10 @@ public:
     bool SumPrefixWidths(const ResolvedFont& font, std::string_view line,
                          std::span<const std::size_t> ends, std::vector<int>& widths);
 
-    /// What a character of Latin script, or common to all, adds to the width of a line that ends in
-    /// the first one, as PairTable::Step. Nothing as well where that is not the same with and
-    /// without letters in the line.
-    std::optional<int> Step(const ResolvedFont& font, std::string_view first,
-                            std::string_view second);
+    /// The steps of a line, by the promises of host::IHostTextSteps, where they can be told without
+    /// shaping.
+    bool SumSteps(const ResolvedFont& font, std::string_view line,
+                  std::vector<host::TextStep>& steps);
 
     /// Width of a line that is shaped.
     int ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
@@ -44,11 +45,22 @@ public:
     std::optional<int> Place(const ResolvedFont& font, std::string_view line, GlyphStore& glyphs);
 
 private:
+    /// A character of a line, and 0 as the one before the first.
+    struct Letter {
+        char32_t code = 0;
+        std::string_view bytes;
+    };
+    std::int32_t GeneralStep(const ResolvedFont& font, const Letter& first, const Letter& second);
+    std::int32_t FindGeneralStep(const ResolvedFont& font, const Letter& first,
+                                 const Letter& second);
+
     struct FontTables {
         std::unique_ptr<PairTable> common, latin, greek, cyrillic;
+        std::vector<std::int32_t> generalSteps;  ///< By two characters of Latin-1.
     };
 
     Writing WritingOf(hb_script_t script) const;
+    FontTables& TablesOf(const ResolvedFont& font);
     PairTable& TableOf(const ResolvedFont& font, hb_script_t script);
     PairTable& Remembered(const ResolvedFont& font, hb_script_t script);
     void AddShaped(std::string_view line, GlyphStore& glyphs);
@@ -60,6 +72,10 @@ private:
     PairTable* last_ = nullptr;       ///< Of the last line with letters that was set,
     std::uint32_t lastFont_ = 0;      ///< in this font.
     BufferHandle buffer_;
+    /// @{ Kept for their storage.
+    std::vector<std::size_t> ends_;
+    std::vector<int> sums_;
+    /// @}
 };
 
 }  // namespace desk

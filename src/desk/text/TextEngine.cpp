@@ -38,7 +38,6 @@ struct TextEngine::State {
     TextSetter setter{direct, layout};
     WidthMemo memo;
     std::size_t measurements = 0;
-    std::vector<int> prefixSums;  ///< Kept for its storage.
 
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
@@ -75,26 +74,13 @@ host::TextExtent TextEngine::Measure(const ResolvedFont& font, std::string_view 
     return state_->Extent(font, WithoutReturns(text));
 }
 
-bool TextEngine::MeasurePrefixes(const ResolvedFont& font, std::string_view line,
-                                 std::span<const std::size_t> ends, host::PrefixExtents& extents) {
+bool TextEngine::MeasureSteps(const ResolvedFont& font, std::string_view line,
+                              host::TextSteps& steps) {
     if (state_->ways == Ways::Plain) return false;
-    std::vector<int>& sums = state_->prefixSums;
-    sums.clear();
-    if (!state_->direct.SumPrefixWidths(font, line, ends, sums)) return false;
+    if (!state_->direct.SumSteps(font, line, steps.steps)) return false;
     ++state_->measurements;
-    extents.widths.resize(sums.size());
-    std::ranges::transform(sums, extents.widths.begin(),
-                           [](int sum) { return sum / kUnitsPerPoint; });
-    extents.height = font.lineHeight;
+    steps.height = font.lineHeight;
     return true;
-}
-
-std::optional<double> TextEngine::AddedWidth(const ResolvedFont& font, std::string_view first,
-                                             std::string_view second) {
-    if (state_->ways == Ways::Plain) return std::nullopt;
-    const auto step = state_->direct.Step(font, first, second);
-    if (!step) return std::nullopt;
-    return *step / kUnitsPerPoint;
 }
 
 TextBox TextEngine::Set(const PlacedText& text, SetTexts& into) {

@@ -2,9 +2,7 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -82,14 +80,9 @@ public:
         return Measure(Find(spec), text);
     }
 
-    /// The sizes of a line's beginnings, by the promises of host::IHostTextPrefixes. False where a
+    /// How the width of a line comes about, by the promises of host::IHostTextSteps. False where a
     /// beginning is not plain enough to be told without shaping it.
-    bool MeasurePrefixes(const ResolvedFont& font, std::string_view line,
-                         std::span<const std::size_t> ends, host::PrefixExtents& extents);
-
-    /// What a character adds to a line, by the promises of host::IHostPairWidths.
-    std::optional<double> AddedWidth(const ResolvedFont& font, std::string_view first,
-                                     std::string_view second);
+    bool MeasureSteps(const ResolvedFont& font, std::string_view line, host::TextSteps& steps);
 
     /// Sets a text, so that it can be shown: the box that Measure tells hangs on its point as its
     /// placement says. Returns the smallest upright box around that box, seen from the point.
@@ -104,7 +97,7 @@ public:
     /// Characters that were set and that no installed font has, each shown as a box.
     const std::set<char32_t>& MissingCharacters() const;
 
-    /// How many questions Measure and MeasurePrefixes answered.
+    /// How many questions Measure and MeasureSteps answered.
     std::size_t Measurements() const;
 
 private:
