@@ -102,8 +102,8 @@ void PairWidths::Learn(const std::string& line, bool told) {
         const Slot slot = SlotAt(line, place);
         if (slot == kNoCharacter) return;
         double& step = steps_[before][slot];
-        const bool general = told && asked_.steps[index].general;
-        if (std::isnan(step)) step = general ? asked_.steps[index].width : kNotGeneral;
+        if (std::isnan(step)) step = kNotGeneral;
+        if (told && asked_.steps[index].general) step = asked_.steps[index].width;
         before = slot;
     }
 }
