@@ -73,6 +73,12 @@ void DefineColumnsOf(Work& work, const std::string& database) {
     edit.StoreForNow();
 }
 
+// The width below, in inches, as a person would write it.
+double ToThousandths(double inches) {
+    constexpr double kRounding = 1e-6;
+    return std::floor(inches * 1000 + kRounding) / 1000;
+}
+
 FrameOption FrameOf(const host::IHostElement& element) {
     const auto bounds = element.Geometry()->Bounds();
     return {bounds->XMin(), bounds->YMin(), bounds->Width(), bounds->Height()};
@@ -138,9 +144,9 @@ void DressForPrint(Work& work) {
     AddFurniture(host, document, frame);
 
     // As many column groups as stand well side by side: three on a Letter sheet. They and the gaps
-    // between them fill the frame exactly. Of the gaps only one counts where it is decided whether
-    // another group follows, so with n groups n - 2 gaps must be no wider than a group; and two
-    // groups, which have no gap to spare, must end a hair before the frame.
+    // between them fill the frame to thousandths of an inch. Of the gaps only one counts where it
+    // is decided whether another group follows, so with n groups n - 2 gaps must be no wider than a
+    // group; and two groups, which have no gap to spare, must end a hair before the frame.
     constexpr double kGap = 0.15;
     constexpr double kLeastGroup = 2.1;
     constexpr double kMostGroups = kLeastGroup / kGap + 2;
@@ -148,11 +154,11 @@ void DressForPrint(Work& work) {
                                      std::floor(kMostGroups));
     constexpr double kHair = 0.001;
     const double filled = frame.width - (groups == 2 ? kHair : 0);
-    const double group = (filled - (groups - 1) * kGap) / groups;
+    const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
 
     Edit edit(work);
     const bool hasListing = edit.Settings().columnNames->Count() > 1;
-    const double reference = hasListing ? std::min(0.95, group * 0.4) : group;
+    const double reference = hasListing ? ToThousandths(std::min(0.95, group * 0.4)) : group;
     for (const char* assignment :
          {"CombineWithNewLine=false", "CombineFirstAndLast=false", "AddStartingBreak=true",
           "*.ColumnFontSymbol=Liberation Sans,8", "*.BreakFontSymbol=Liberation Sans,9,bold",
@@ -168,7 +174,7 @@ void DressForPrint(Work& work) {
         edit.Set(std::string("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN"));
     if (hasListing) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");
-        edit.Set("Listing.ColumnWidth=" + NumberText(group - reference));
+        edit.Set("Listing.ColumnWidth=" + NumberText(ToThousandths(group - reference)));
     }
     edit.StoreForNow();
 }

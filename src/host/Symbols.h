@@ -92,8 +92,8 @@ struct IHostTextSymbol : virtual IHostSymbol {
 struct TextStep {
     double width = 0;  ///< Points.
     /// It adds the same wherever it follows the same character, or begins a line as it does here,
-    /// in lines of Latin letters and characters common to all scripts: in those that have general
-    /// steps only, and in those whose steps are told.
+    /// in lines of Latin letters and characters common to all scripts that have general steps only.
+    /// That from one full stop to the next holds at the end of any such line whose steps are told.
     bool general = false;
 };
 

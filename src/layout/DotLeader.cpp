@@ -63,24 +63,28 @@ std::size_t DotsToTry(const TextMeasure& measure, const std::string& text, doubl
     const auto letters = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
     const double ems = width * kPointsPerInch / measure.Symbol().Size();
     const double dots = (ems - kNarrowLetter * static_cast<double>(letters)) / kNarrowDot;
-    return static_cast<std::size_t>(std::clamp(dots, 0.0, kMostAtOnce)) + 2;
+    // In this order 0 comes of a type without size and a column without width, whose quotient is no
+    // number.
+    return static_cast<std::size_t>(std::min(kMostAtOnce, std::max(0.0, dots))) + 2;
 }
 
 struct DotsThatFit {
     std::size_t count = 0;
-    double width = 0;  // Of the line with these dots.
+    double width = 0;  // Of the line with these dots,
+    double bare = 0;   // and without.
 };
 
 // The dots that fill a line, from what one and two of them make of it. Nothing if dots have no
 // width or if the line is too long without them.
 std::optional<DotsThatFit> DotsBySteps(const DottedLine& line, double width) {
     const double about = line.DotsIn(width);
-    const bool countable = about >= 0 && about < static_cast<double>(kMostDots);
+    const bool countable =
+        line.GrowsWithDots() && about >= 0 && about < static_cast<double>(kMostDots);
     if (!countable || line.Width(0) > width) return std::nullopt;
     auto count = static_cast<std::size_t>(about);
     while (count > 0 && line.Width(count) > width) --count;
     while (line.Width(count + 1) <= width) ++count;
-    return DotsThatFit{count, line.Width(count)};
+    return DotsThatFit{count, line.Width(count), line.Width(0)};
 }
 
 // The same, told by the widths of a longer line's beginnings: without dots, with one, two and so
@@ -95,7 +99,7 @@ std::optional<DotsThatFit> DotsByPrefixes(TextMeasure& measure, const std::strin
     const auto tooLong = std::ranges::find_if(*widths, [&](double each) { return each > width; });
     if (tooLong == widths->begin() || tooLong == widths->end()) return std::nullopt;
     const auto last = tooLong - 1;
-    return DotsThatFit{static_cast<std::size_t>(last - widths->begin()), *last};
+    return DotsThatFit{static_cast<std::size_t>(last - widths->begin()), *last, widths->front()};
 }
 
 // In one question at most.
@@ -120,19 +124,21 @@ std::optional<std::string> FillLeaders(TextMeasure& measure, const std::string& 
 std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::string& text,
                                           double width) {
     const auto dots = DotsAtOnce(measure, text, width);
-    if (!dots) return std::nullopt;
+    if (!dots || dots->bare >= width) return std::nullopt;
     std::string dotted = text + std::string(dots->count, '.');
     measure.Remember(dotted, dots->width);
     return dotted;
 }
 
-std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& text,
-                                       double width) {
+std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& text, double width,
+                                       bool hasMarkup) {
     const double textWidth = measure.Width(text);
     if (textWidth > width) return std::string();
-    const auto lineStart = text.rfind('\n') + 1;  // 0 where there is none.
-    if (const auto dots = DotsAtOnce(measure, text.substr(lineStart), width))
-        return std::string(dots->count, '.');
+    if (!hasMarkup) {
+        const auto lineStart = text.rfind('\n') + 1;  // 0 where there is none.
+        if (const auto dots = DotsAtOnce(measure, text.substr(lineStart), width))
+            return std::string(dots->count, '.');
+    }
     const auto dots =
         MostDots([&](std::size_t count) { return measure.Width(text + std::string(count, '.')); },
                  textWidth, width);

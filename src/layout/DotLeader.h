@@ -21,7 +21,8 @@ std::optional<std::string> LineWithLeader(TextMeasure& measure, const std::strin
                                           double width);
 
 /// The dots that fill the last line of a wrapped text; none where not even one fits. Nothing if
-/// dots have no width.
-std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& text, double width);
+/// dots have no width. Of a text with markup no line can be measured alone.
+std::optional<std::string> LeaderAfter(TextMeasure& measure, const std::string& text, double width,
+                                       bool hasMarkup);
 
 }  // namespace gazetteer

@@ -1,7 +1,9 @@
 #include "layout/LineBreaker.h"
 
 #include <algorithm>
+#include <span>
 
+#include "layout/WideningCharacters.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
@@ -12,44 +14,11 @@ constexpr std::string_view kLineFeed = "\n";
 constexpr std::string_view kBlank = " ";
 constexpr std::string_view kHyphen = "-";
 
-// The first code point of a well-formed character and its length in bytes.
-struct CodePoint {
-    char32_t value;
-    std::size_t bytes;
-};
-
-CodePoint FirstCodePoint(std::string_view text) {
-    const auto byte = [&](std::size_t i) {
-        return static_cast<char32_t>(static_cast<unsigned char>(text[i]));
-    };
-    const char32_t lead = byte(0);
-    if (lead < 0x80 || text.size() < 2) return {lead, 1};
-    if (lead < 0xE0 || text.size() < 3) return {(lead & 0x1FU) << 6 | (byte(1) & 0x3FU), 2};
-    if (lead < 0xF0 || text.size() < 4)
-        return {(lead & 0x0FU) << 12 | (byte(1) & 0x3FU) << 6 | (byte(2) & 0x3FU), 3};
-    return {
-        (lead & 0x07U) << 18 | (byte(1) & 0x3FU) << 12 | (byte(2) & 0x3FU) << 6 | (byte(3) & 0x3FU),
-        4};
-}
-
-// Characters that only ever widen the line they join: printable Latin, Greek and Cyrillic, general
-// punctuation, and the ideographs, syllables and signs of East Asia, each of one code point. In
-// other scripts a letter may change the shape of the one before it and narrow the line.
-bool OnlyWidens(std::string_view character) {
-    if (character.size() == 1) return character[0] >= 0x20 && character[0] <= 0x7E;
-    const auto [value, bytes] = FirstCodePoint(character);
-    if (bytes != character.size()) return false;
-    const auto in = [v = value](char32_t begin, char32_t end) { return v >= begin && v <= end; };
-    return in(0xA0, 0xAC) || in(0xAE, 0x24F) || in(0x370, 0x3FF) || in(0x400, 0x482) ||
-           in(0x48A, 0x52F) || in(0x1E00, 0x1EFF) || in(0x2010, 0x2027) || in(0x3000, 0x3029) ||
-           in(0x3041, 0x3096) || in(0x30A0, 0x30FF) || in(0x3400, 0x9FFF) || in(0xAC00, 0xD7A3) ||
-           in(0xFF01, 0xFF60);
-}
-
 }  // namespace
 
-LineBreaker::LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double width)
-    : locale_(locale), measure_(measure), width_(width) {}
+LineBreaker::LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double width,
+                         bool hasMarkup)
+    : locale_(locale), measure_(measure), width_(width), hasMarkup_(hasMarkup) {}
 
 std::string LineBreaker::Wrap(const std::string& text, double textWidth) {
     std::size_t at = 0;
@@ -127,8 +96,11 @@ bool LineBreaker::Fits(std::size_t index) {
     if (earlierTooWide_) return false;
     if (index < knownToFit_) return true;
     if (index == knownTooLong_) return false;
-    if (!OnlyWidens(characters_[index])) return LineFits(index, index + 1);
-    if (!FindLineEndAtOnce(index)) FindLineEnd(index);
+    if (hasMarkup_ || !OnlyWidens(characters_[index])) return LineFits(index, index + 1);
+    if (!FindLineEndAtOnce(index)) {
+        if (!LineOnlyGrows()) return LineFits(index, index + 1);
+        FindLineEnd(index);
+    }
     return index < knownToFit_;
 }
 
@@ -183,6 +155,12 @@ bool LineBreaker::FindLineEndAtOnce(std::size_t index) {
     return true;
 }
 
+// Whether no beginning of the present line, from its first letter on, is wider than a longer one.
+bool LineBreaker::LineOnlyGrows() const {
+    const auto line = std::span(result_).subspan(lineStart_);
+    return std::ranges::all_of(line, OnlyWidens) && std::ranges::any_of(line, IsLetterOfOneScript);
+}
+
 // Whether the present line takes the characters from begin to end.
 bool LineBreaker::LineFits(std::size_t begin, std::size_t end) {
     std::string line = Line();
@@ -193,23 +171,27 @@ bool LineBreaker::LineFits(std::size_t begin, std::size_t end) {
 void LineBreaker::Append(std::string_view character) {
     if (character == kLineFeed) FinishLine();
     result_.push_back(character);
-    if (character == kLineFeed) lineStart_ = result_.size();
+    if (character == kLineFeed) StartLine();
 }
 
 void LineBreaker::BreakLine() {
     FinishLine();
     result_.push_back(kCarriageReturn);
     result_.push_back(kLineFeed);
-    lineStart_ = result_.size();
+    StartLine();
 }
 
 // The width of a finished line counts for all that follow. A line cut off one that fitted fits.
 void LineBreaker::FinishLine() {
-    const bool fits =
-        lineMeasured_ && std::all_of(result_.begin() + static_cast<std::ptrdiff_t>(lineStart_),
-                                     result_.end(), OnlyWidens);
+    if (hasMarkup_) return;
+    const bool fits = lineMeasured_ && LineOnlyGrows();
     if (!fits && !earlierTooWide_) earlierTooWide_ = measure_.Width(Line()) > width_;
     lineMeasured_ = false;
+}
+
+// A text with markup is one line to the end.
+void LineBreaker::StartLine() {
+    if (!hasMarkup_) lineStart_ = result_.size();
 }
 
 std::string LineBreaker::Line() const {

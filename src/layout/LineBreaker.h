@@ -15,11 +15,12 @@ namespace gazetteer {
 /// The rule is told per character: the text so far and the character either fit or do not. The
 /// answer is the same whether it is measured for each character or known from a few measurements
 /// of the line (see Fits): as the width of a text is that of its widest line, only the present line
-/// need be measured, and in plain scripts a line grows with each character it takes.
+/// need be measured, and in plain scripts a line grows with each character it takes. Of a text with
+/// markup neither holds: it is measured whole, for each character.
 class LineBreaker {
 public:
     /// The width of the column, in inches.
-    LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double width);
+    LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double width, bool hasMarkup);
 
     /// The text with CRLF line ends. textWidth is its width on one line. Fails if the first
     /// character that the text keeps does not fit.
@@ -31,25 +32,28 @@ private:
     bool Fits(std::size_t index);
     void FindLineEnd(std::size_t index);
     bool FindLineEndAtOnce(std::size_t index);
+    bool LineOnlyGrows() const;
     bool LineFits(std::size_t begin, std::size_t end);
 
     std::vector<std::string_view> TakeNextLine();
     void Append(std::string_view character);
     void BreakLine();
     void FinishLine();
+    void StartLine();
     std::string Line() const;
     std::size_t PlainRunEnd(std::size_t index) const;
 
     host::IHostLocale& locale_;
     TextMeasure& measure_;
     double width_;
+    bool hasMarkup_;
 
     std::vector<std::string_view> characters_;
     double averageWidth_ = 0;  ///< Of a character, as far as is known.
 
     /// The text built so far, in characters.
     std::vector<std::string_view> result_;
-    std::size_t lineStart_ = 0;  ///< Where the present line begins in the result.
+    std::size_t lineStart_ = 0;  ///< Where what is measured begins in the result.
     bool lineMeasured_ = true;   ///< The present line, or more than it holds, has been seen to fit.
     bool earlierTooWide_ = false;  ///< A finished line is wider than the column.
     std::size_t knownToFit_ = 0;   ///< Characters before this index fit on the present line.

@@ -1,5 +1,6 @@
 #include "layout/PairWidths.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "layout/DrawingBracket.h"
@@ -9,6 +10,10 @@ namespace {
 
 bool IsContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+std::size_t CodePoints(const std::string& line) {
+    return line.size() - static_cast<std::size_t>(std::ranges::count_if(line, IsContinuation));
 }
 
 }  // namespace
@@ -85,10 +90,13 @@ bool PairWidths::WalkAsked(const std::string& line, const Visitor& visit) {
     return true;
 }
 
+// A text of several lines is as wide as its widest, which is no sum.
 bool PairWidths::Ask(const std::string& line) {
-    const bool told = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
+    if (line.find('\n') != std::string::npos) return false;
+    bool told = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
         return host_->MeasureSteps(device, transformation, line, asked_);
     });
+    told = told && asked_.steps.size() == CodePoints(line);
     if (told) lineHeight_ = asked_.height;
     Learn(line, told);
     return told;
@@ -113,7 +121,8 @@ PairWidths::Slot PairWidths::SlotAt(const std::string& line, std::size_t& place)
     char32_t character = static_cast<unsigned char>(line[place++]);
     if (character >= 0x80) {
         constexpr char32_t kOfLatin = 0xC9;  // Begins U+0240 to U+027F.
-        if (character < 0xC2 || character > kOfLatin || place == line.size()) return kNoCharacter;
+        if (character < 0xC2 || character > kOfLatin) return kNoCharacter;
+        if (place == line.size() || !IsContinuation(line[place])) return kNoCharacter;
         character = (character & 0x1FU) << 6 | (static_cast<unsigned char>(line[place++]) & 0x3FU);
         if (character >= kLimit) return kNoCharacter;
     }

@@ -52,6 +52,9 @@ TextFit::TextFit(host::IHost& host, host::Ref<host::IHostDisplay> display)
 TextMeasure& TextFit::MeasureOf(const host::Ref<host::IHostTextSymbol>& symbol) {
     const auto known = measures_.find(symbol.get());
     if (known != measures_.end()) return known->second;
+    // A host may hand out another object each time; three symbols for each of 50 columns have room.
+    constexpr std::size_t kMostSymbols = 256;
+    if (measures_.size() == kMostSymbols) measures_.clear();
     return measures_.try_emplace(symbol.get(), display_, symbol).first->second;
 }
 
@@ -61,14 +64,16 @@ std::string TextFit::SplitText(std::string& text, double width,
     const Leaders leaders = TakeLeaders(text);
     TextMeasure& measure = MeasureOf(symbol);
     const std::string plain = Plain(text);
-    if (plain == text && IsOne(leaders, text))
+    const bool hasMarkup = plain != text;
+    if (!hasMarkup && IsOne(leaders, text))
         if (auto filled = LineWithLeader(measure, text, width)) return *std::move(filled);
 
     const double textWidth = measure.Width(plain);
     std::string result;
     if (textWidth > width) {
-        result = LineBreaker(host_.Locale(), measure, width).Wrap(text, textWidth);
-        if (leaders.atEnd) result += WithDots(LeaderAfter(measure, result, width), measure);
+        result = LineBreaker(host_.Locale(), measure, width, hasMarkup).Wrap(text, textWidth);
+        if (leaders.atEnd)
+            result += WithDots(LeaderAfter(measure, result, width, hasMarkup), measure);
     } else if (leaders.any && textWidth < width) {
         result = WithDots(FillLeaders(measure, leaders.withDots, textWidth, width), measure);
     } else {

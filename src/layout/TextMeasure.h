@@ -27,7 +27,9 @@ public:
     /// Inches.
     double Width(std::size_t dots) const;
 
-    /// About how many dots fill a width in inches, of a line that is no wider.
+    bool GrowsWithDots() const { return step_ > 0; }
+
+    /// About how many dots fill a width in inches, of a line that grows and is no wider.
     double DotsIn(double width) const;
 
 private:
