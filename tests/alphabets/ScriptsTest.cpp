@@ -34,15 +34,8 @@ Lines Letters(const std::string& text) {
     for (const std::size_t length : locale.Characters(text)) {
         const std::string letter = text.substr(at, length);
         at += length;
-        if (letter != "-" && letter != " " && letter != ".") letters.push_back(letter);
+        if (std::string("- .\r\n").find(letter) == std::string::npos) letters.push_back(letter);
     }
-    return letters;
-}
-
-Lines LettersOfLines(const std::string& wrapped) {
-    Lines letters;
-    for (const auto& line : gazetteer::Split(gazetteer::ReplaceAll(wrapped, "\r", ""), '\n'))
-        for (auto& letter : Letters(line)) letters.push_back(std::move(letter));
     return letters;
 }
 
@@ -64,8 +57,7 @@ TEST(Scripts, WrapBetweenCharacters) {
     ASSERT_EQ(texts.size(), kNames.size());
     std::size_t wrapped = 0;
     for (const auto& name : kNames) {
-        const auto found = std::ranges::find_if(
-            texts, [&](const auto& text) { return LettersOfLines(text) == Letters(name); });
+        const auto found = std::ranges::find(texts, Letters(name), Letters);
         ASSERT_NE(found, texts.end()) << name << " was torn or lost";
         wrapped += found->find('\n') != std::string::npos ? 1 : 0;
     }

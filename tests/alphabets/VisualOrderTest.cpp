@@ -41,23 +41,19 @@ private:
     std::set<PangoFont*> fonts_;
 };
 
-Seen Draw(desk::TextEngine& engine, const std::string& text, int horizontal,
-          const char* family = "Liberation Sans") {
+Seen Draw(desk::TextEngine& engine, const std::string& text, int horizontal) {
     Seen seen;
-    engine.Draw(seen, {&engine.Find({family, 8, false}), text, {horizontal, 1, 0}, 0, 0});
+    const auto& font = engine.Find({"Liberation Sans", 8, false});
+    engine.Draw(seen, {&font, text, {horizontal, 1, 0}, 0, 0});
     return seen;
 }
 
 constexpr int kLeft = 0, kCenter = 1, kRight = 2, kJustify = 3;
 
 TEST(VisualOrder, OfNamesAndTheirLeaders) {
-    struct Case {
-        const char* text;
-        int horizontal;
-        const char* seen;
-    };
+    using Case = std::tuple<const char*, int, const char*>;
     desk::TextEngine engine;
-    for (const Case& example : {
+    for (const auto& [text, horizontal, seen] : {
              Case{"Abc....", kLeft, "Abc...."},
              Case{"Abc....", kRight, "Abc...."},
              // A name from right to left keeps its order, and its leader leads to the reference: to
@@ -77,8 +73,7 @@ TEST(VisualOrder, OfNamesAndTheirLeaders) {
              Case{"4 ב-5, 12 א-3", kLeft, "3-א 12 ,5-ב 4"},
              Case{"........", kRight, "........"},
          })
-        EXPECT_EQ(Draw(engine, example.text, example.horizontal).Text(), example.seen)
-            << example.text << " " << example.horizontal;
+        EXPECT_EQ(Draw(engine, text, horizontal).Text(), seen) << text << " " << horizontal;
 }
 
 TEST(VisualOrder, AddsNoWidth) {

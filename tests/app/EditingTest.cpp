@@ -7,28 +7,7 @@ namespace {
 
 using nlohmann::json;
 
-std::vector<std::string> NamesOf(const json& columnList) {
-    std::vector<std::string> names;
-    for (const auto& column : columnList["columns"]) names.push_back(column["name"]);
-    return names;
-}
-
-TEST(NewDocuments, HoldTheDefaultColumnsAndNothingElse) {
-    const Program program;
-    program.Done({"new", "d.json", "--listing-database", "streets.dbf"});
-    const auto stored = program.Stored("d.json");
-    EXPECT_EQ(stored["IndexDatabaseFile"], program.File("streets.dbf"));
-    EXPECT_EQ(stored["ColumnSortOrder"], json({{"Listing", true}, {"Page", true}}));
-    EXPECT_EQ(stored["ColumnsProperties"]["Listing"]["Expression"], "[Listing]");
-    EXPECT_EQ(stored["ColumnsProperties"]["Listing"]["ColumnWidth"], 2.0);
-    EXPECT_EQ(stored["ColumnsProperties"]["Page"]["Expression"], "$$PAGE_NUMBER $$ROW-$$COLUMN");
-    EXPECT_EQ(stored["CombineWithNewLine"], true);
-    EXPECT_EQ(stored["CombineFirstAndLast"], true);
-    EXPECT_EQ(stored["CanDrawIndex"], true);
-    EXPECT_EQ(stored["HaveSavedListings"], false);
-}
-
-TEST(NewDocuments, TakeSizeFrameAndAssignments) {
+TEST(NewDocuments, HoldTheDefaultColumnsAndWhatIsAsked) {
     const Program program;
     program.Done({"new", "d.json", "--listing-database", "streets.dbf", "--page-size", "6x9",
                   "--frame", "0.5,1,5,7", "--set", "DefaultPage=3", "--set", "*.ColumnWidth=2.4",
@@ -38,9 +17,17 @@ TEST(NewDocuments, TakeSizeFrameAndAssignments) {
     EXPECT_EQ(page["height"], 9.0);
     EXPECT_EQ(page["elements"][0]["geometry"]["envelope"], json({0.5, 1.0, 5.5, 8.0}));
     const auto stored = program.Stored("d.json");
+    EXPECT_EQ(stored["IndexDatabaseFile"], program.File("streets.dbf"));
+    EXPECT_EQ(stored["ColumnSortOrder"], json({{"Listing", true}, {"Page", true}}));
+    const auto& columns = stored["ColumnsProperties"];
+    EXPECT_EQ(columns["Listing"]["Expression"], "[Listing]");
+    EXPECT_EQ(columns["Page"]["Expression"], "$$PAGE_NUMBER $$ROW-$$COLUMN");
+    EXPECT_EQ(columns["Page"]["ColumnWidth"], 2.4);
     EXPECT_EQ(stored["DefaultPage"], 3);
     EXPECT_EQ(stored["SamplePage"], true);
-    EXPECT_EQ(stored["ColumnsProperties"]["Page"]["ColumnWidth"], 2.4);
+    EXPECT_EQ(stored["CombineWithNewLine"], true);
+    EXPECT_EQ(stored["CombineFirstAndLast"], true);
+    EXPECT_EQ(stored["HaveSavedListings"], false);
 }
 
 TEST(Set, DropsResultsAndChecksAnew) {
@@ -80,18 +67,17 @@ TEST(Columns, AreAddedLikeTheFirstOneAndRemoved) {
     program.Done(
         {"column", "add", "d.json", " map square no ", "Expression=[Row]", "MarginLeft=0.1"});
     auto list = program.Done({"column", "list", "d.json", "--json"}).Json();
-    EXPECT_EQ(NamesOf(list), (std::vector<std::string>{"Listing", "Page", "map_squa"}));
+    EXPECT_EQ(list["displayOrder"], json({"Listing", "Page", "map_squa"}));
     const auto& added = list["columns"][2];
     EXPECT_EQ(added["Title"], "map_squa");
     EXPECT_EQ(added["Expression"], "[Row]");
     EXPECT_EQ(added["ColumnWidth"], 1.25);
     EXPECT_EQ(added["ColumnFontSymbol"], "DejaVu Sans,7");
     EXPECT_EQ(added["MarginLeft"], 0.1);
-    EXPECT_EQ(added["BreakColumn"], false);
 
     program.Done({"column", "remove", "d.json", "MAP_SQUA"});
     list = program.Done({"column", "list", "d.json", "--json"}).Json();
-    EXPECT_EQ(NamesOf(list), (std::vector<std::string>{"Listing", "Page"}));
+    EXPECT_EQ(list["displayOrder"], json({"Listing", "Page"}));
     EXPECT_FALSE(program.Stored("d.json")["ColumnsProperties"].contains("map_squa"));
 }
 

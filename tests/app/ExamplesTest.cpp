@@ -14,30 +14,30 @@ struct Example {
     std::vector<std::string> inOrder;  ///< Lines of the PDF, each below the one before.
 };
 
+const Example kAll[] = {
+    {"czechia-slovakia", "cs", 1420, {"Humpolec", "Cheb", "Ostrava..."}},
+    {"vietnam", "vi", 611, {"D\u01B0\u01A1ng \u0110\u00F4ng", "\u0110\u00E0 N\u1EB5ng"}},
+    {"streets", "en", 714, {"2nd St...", "10th St...", "AVE 2.", "AVE 10"}},
+    {"scripts", "en", 62, {"\u0141\u00F3d\u017A", "\u041A\u0438\u0457\u0432", "\u6771\u4EAC"}},
+    {"atlas", "sv", 2177, {"Reykjav\u00EDk", "\u00C5sele", "\u00D6verum"}},
+};
+
 TEST(Examples, AllMake) {
     const Program program;
-    for (const Example& example :
-         {Example{"czechia-slovakia", "cs", 1420, {"Humpolec", "Cheb", "Ostrava..."}},
-          Example{
-              "vietnam", "vi", 611, {"D\u01B0\u01A1ng \u0110\u00F4ng", "\u0110\u00E0 N\u1EB5ng"}},
-          Example{"streets", "en", 714, {"2nd St...", "10th St...", "AVE 2.", "AVE 10"}},
-          Example{"scripts",
-                  "en",
-                  62,
-                  {"\u0141\u00F3d\u017A", "\u041A\u0438\u0457\u0432", "\u6771\u4EAC"}},
-          Example{"atlas", "sv", 2177, {"Reykjav\u00EDk", "\u00C5sele", "\u00D6verum"}}}) {
+    for (const Example& example : kAll) {
         const auto made = program.Done({"make", kExamples + example.table + ".dbf", "-o", "o.pdf",
                                         "--document", "o.json", "--locale", example.locale});
-        EXPECT_EQ(made.errors.find("warning"), std::string::npos) << made.errors;
+        SCOPED_TRACE(example.table);
+        EXPECT_FALSE(Contains(made.errors, "warning"));
         const auto shown = program.Done({"show", "o.json", "--json"}).Json();
         EXPECT_EQ(shown["listings"].size(), static_cast<std::size_t>(example.listings));
         const std::string pages = "Pages:           " + std::to_string(shown["pages"].size());
-        EXPECT_NE(program.Shell("pdfinfo o.pdf").find(pages), std::string::npos) << example.table;
+        EXPECT_TRUE(Contains(program.Shell("pdfinfo o.pdf"), pages));
         const std::string text = program.Shell("pdftotext o.pdf -");
         std::size_t at = 0;
         for (const auto& line : example.inOrder) {
             at = text.find('\n' + line, at);
-            EXPECT_NE(at, std::string::npos) << example.table << ": " << line;
+            EXPECT_NE(at, std::string::npos) << line;
         }
     }
 }
@@ -67,23 +67,22 @@ TEST_F(Linked, ShowsThePagesAndTheGridOfTheBook) {
 }
 
 TEST_F(Linked, NamesTheRecordWhoseReferenceIsNoNumber) {
-    for (const char* fact : {"field \"Page\", value \"x3\"", "field \"Row\", value \"\"",
-                             "field \"Column\", value \"1-2\""}) {
-        const std::string text = fact;
-        const auto of = [&](const char* field, const char* value) {
-            return text.find(field) != std::string::npos ? value : "1";
-        };
+    using Row = std::vector<std::string>;
+    for (const auto& [bad, fact] :
+         {std::pair{Row{"Bad", "x3", "1", "1"}, "field \"Page\", value \"x3\""},
+          std::pair{Row{"Bad", "1", "", "1"}, "field \"Row\", value \"\""},
+          std::pair{Row{"Bad", "1", "1", "1-2"}, "field \"Column\", value \"1-2\""}}) {
         support::DbfBuilder({{"LISTING"}, {"PAGE"}, {"ROW"}, {"COLUMN"}})
             .Row({"Good", "1", "1", "1"})
             .Row({"Gone", "y", "y", "y"}, true)
-            .Row({"Bad", of("Page", "x3"), of("Row", ""), of("Column", "1-2")})
+            .Row(bad)
             .Write(program_.File("odd.dbf"));
         program_.Done({"set", "atlas.json", "IndexDatabaseFile=odd.dbf"});
         const auto before = program_.Bytes("atlas.json");
         const auto outcome = program_.Run({"generate", "atlas.json"});
         EXPECT_EQ(outcome.status, 1) << fact;
-        EXPECT_NE(outcome.errors.find(fact), std::string::npos) << outcome.errors;
-        EXPECT_NE(outcome.errors.find("record 3"), std::string::npos) << outcome.errors;
+        EXPECT_TRUE(Contains(outcome.errors, fact));
+        EXPECT_TRUE(Contains(outcome.errors, "record 3"));
         EXPECT_EQ(program_.Bytes("atlas.json"), before);
     }
 }

@@ -11,21 +11,15 @@ using app::ParseValue;
 using gazetteer::ValueKind;
 
 TEST(Assignments, CutAtTheFirstEqualsAndTheLastDotBeforeIt) {
-    struct Case {
-        const char* text;
-        const char* column;
-        const char* key;
-        const char* value;
+    const std::pair<const char*, const char*> cases[] = {
+        {"SortColumns=false", "|SortColumns|false"},
+        {"Listing.Title= a=b.c ", "Listing|Title| a=b.c "},
+        {"St.Name.Title=x", "St.Name|Title|x"},
+        {"CombineDelimeter=", "|CombineDelimeter|"},
     };
-    for (const Case& c : {Case{"SortColumns=false", "", "SortColumns", "false"},
-                          Case{"Listing.Title= a=b.c ", "Listing", "Title", " a=b.c "},
-                          Case{"St.Name.Title=x", "St.Name", "Title", "x"},
-                          Case{"*.ColumnWidth=1", "*", "ColumnWidth", "1"},
-                          Case{"CombineDelimeter=", "", "CombineDelimeter", ""}}) {
-        const auto parsed = app::ParseAssignment(c.text);
-        EXPECT_EQ(parsed.column, c.column) << c.text;
-        EXPECT_EQ(parsed.key, c.key) << c.text;
-        EXPECT_EQ(parsed.value, c.value) << c.text;
+    for (const auto& [text, parts] : cases) {
+        const auto parsed = app::ParseAssignment(text);
+        EXPECT_EQ(parsed.column + '|' + parsed.key + '|' + parsed.value, parts);
     }
     for (const char* wrong : {"", "Title", ".Title=x"})
         EXPECT_THROW(app::ParseAssignment(wrong), app::UsageError) << wrong;
@@ -47,10 +41,7 @@ TEST(Values, ReadAsTheTypeOfTheirKeyAndWrittenBackTheSame) {
     };
     for (const auto& [kind, text] : values)
         EXPECT_EQ(app::ValueText(ParseValue(desk.Host(), "Key", kind, text)), text);
-}
-
-TEST(Values, RedIsTheFirstPairOfAColour) {
-    support::TestDesk desk;
+    // Red is the first pair of a colour.
     const auto value = ParseValue(desk.Host(), "Key", ValueKind::FillSymbol, "#B01020");
     const auto fill =
         host::As<host::IHostFillSymbol>(std::get<host::Ref<host::IHostObject>>(value));

@@ -1,11 +1,11 @@
 #include "app/Program.h"
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <memory>
 #include <stdlib.h>
@@ -15,14 +15,15 @@
 namespace tests {
 namespace {
 
+namespace fs = std::filesystem;
+
 std::string ReadAll(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void Redirect(const std::string& path, int stream) {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    ::dup2(file, stream);
+    ::dup2(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), stream);
 }
 
 // A property set's list of names and values as an object, and the sets in it likewise.
@@ -35,6 +36,13 @@ nlohmann::json AsObject(const nlohmann::json& value) {
 
 }  // namespace
 
+testing::AssertionResult Contains(const std::string& text, const std::string& piece) {
+    const bool found = text.find(piece) != std::string::npos;
+    return (found ? testing::AssertionSuccess() : testing::AssertionFailure())
+           << '"' << piece << "\" and the text:\n"
+           << text;
+}
+
 Program::Program() {
     // Whole stacks under the sanitizer: a leak of cairo's own is then told from one of ours.
     ::setenv("ASAN_OPTIONS", "fast_unwind_on_malloc=0", 0);
@@ -44,27 +52,14 @@ Program::Program() {
                                {"Abbey Road", "4", "1", "2"}});
 }
 
-Outcome Program::Run(std::vector<std::string> arguments) const {
-    const std::string output = File(".output");
-    const std::string errors = File(".errors");
-    arguments.insert(arguments.begin(), GAZETTEER_PROGRAM);
-    std::vector<char*> pointers;
-    for (auto& argument : arguments) pointers.push_back(argument.data());
-    pointers.push_back(nullptr);
+Outcome Program::Run(std::vector<std::string> arguments, const Preparation& prepare) const {
+    return Child(*this, std::move(arguments), prepare).End();
+}
 
-    const pid_t child = ::fork();
-    if (child == 0) {
-        if (::chdir(folder_.Path().c_str()) != 0) ::_exit(126);
-        ::setenv("LC_ALL", "en_US.UTF-8", 1);
-        ::setenv("XDG_DATA_HOME", File("data").c_str(), 1);
-        Redirect(output, STDOUT_FILENO);
-        Redirect(errors, STDERR_FILENO);
-        ::execv(pointers[0], pointers.data());
-        ::_exit(127);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(output), ReadAll(errors)};
+Outcome Program::Done(std::vector<std::string> arguments) const {
+    auto outcome = Run(std::move(arguments));
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    return outcome;
 }
 
 std::string Program::Shell(const std::string& command) const {
@@ -78,14 +73,8 @@ std::string Program::Shell(const std::string& command) const {
     return output;
 }
 
-Outcome Program::Done(std::vector<std::string> arguments) const {
-    auto outcome = Run(std::move(arguments));
-    EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    return outcome;
-}
-
 bool Program::Exists(const std::string& name) const {
-    return std::filesystem::exists(File(name));
+    return fs::exists(File(name));
 }
 
 std::string Program::Bytes(const std::string& name) const {
@@ -119,6 +108,76 @@ void Program::WriteLongTable(const std::string& name, int listings) const {
         rows.push_back({listing, std::to_string(i + 1), "1", "2"});
     }
     WriteTable(name, rows);
+}
+
+Child::Child(const Program& program, std::vector<std::string> arguments, const Preparation& prepare)
+    : program_(program) {
+    arguments.insert(arguments.begin(), GAZETTEER_PROGRAM);
+    std::vector<char*> pointers;
+    for (auto& argument : arguments) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+
+    process_ = ::fork();
+    if (process_ < 0) throw std::runtime_error("no process could be made");
+    if (process_ != 0) return;
+    if (::chdir(program_.File("").c_str()) != 0) ::_exit(126);
+    ::setenv("LC_ALL", "en_US.UTF-8", 1);
+    ::setenv("XDG_DATA_HOME", program_.File("data").c_str(), 1);
+    Redirect(streams_.File("output"), STDOUT_FILENO);
+    Redirect(streams_.File("errors"), STDERR_FILENO);
+    if (prepare) prepare();
+    ::execv(pointers[0], pointers.data());
+    ::_exit(127);
+}
+
+Child::~Child() {
+    Kill();
+}
+
+bool Child::Take(int options) {
+    int status = 0;
+    if (!ended_ && ::waitpid(process_, &status, options) == process_ && !WIFSTOPPED(status)) {
+        ended_ = true;
+        status_ = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    }
+    return ended_;
+}
+
+bool Child::Stop() {
+    if (HasEnded()) return false;
+    ::kill(process_, SIGSTOP);
+    return !Take(WUNTRACED);
+}
+
+void Child::Continue() const {
+    ::kill(process_, SIGCONT);
+}
+
+bool Child::IsWriting() const {
+    std::error_code error;
+    const fs::path open = "/proc/" + std::to_string(process_) + "/fd";
+    for (const auto& file : fs::directory_iterator(open, error)) {
+        const fs::path place = fs::read_symlink(file, error);
+        const std::string name = place.filename();
+        if (place.string().starts_with(program_.File("")) &&
+            (name.ends_with(" (deleted)") || name.ends_with(".tmp")))
+            return true;
+    }
+    return false;
+}
+
+void Child::Kill() {
+    if (!ended_) ::kill(process_, SIGKILL);
+    Take(0);
+}
+
+bool Child::HasEnded() {
+    return Take(WNOHANG);
+}
+
+Outcome Child::End() {
+    Take(0);
+    return {status_, ReadAll(streams_.File("output")), ReadAll(streams_.File("errors"))};
 }
 
 }  // namespace tests

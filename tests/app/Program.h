@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <sys/types.h>
 #include <vector>
 
 #include "support/DbfBuilder.h"
@@ -11,19 +14,25 @@ namespace tests {
 
 /// What a run of the program left.
 struct Outcome {
-    int status = -1;
+    int status = -1;  ///< Negative: the signal that ended it.
     std::string output;
     std::string errors;
 
     nlohmann::json Json() const { return nlohmann::json::parse(output); }
 };
 
+/// Whether a piece stands in a text; a failed expectation shows both.
+testing::AssertionResult Contains(const std::string& text, const std::string& piece);
+
+/// What is to be done in a new process before it becomes the program; it must not allocate.
+using Preparation = std::function<void()>;
+
 /// The real program, run in a folder of its own as a user would run it.
 class Program {
 public:
     Program();
 
-    Outcome Run(std::vector<std::string> arguments) const;
+    Outcome Run(std::vector<std::string> arguments, const Preparation& prepare = {}) const;
     /// Runs a command that must succeed.
     Outcome Done(std::vector<std::string> arguments) const;
 
@@ -48,6 +57,35 @@ public:
 
 private:
     support::TemporaryFolder folder_;
+};
+
+/// A run of the program beside the test.
+class Child {
+public:
+    Child(const Program& program, std::vector<std::string> arguments,
+          const Preparation& prepare = {});
+    ~Child();
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    /// Holds it where it is. False if it has ended.
+    bool Stop();
+    void Continue() const;
+    /// Whether it has a file of the folder open that is not in its place yet.
+    bool IsWriting() const;
+    void Kill();
+    bool HasEnded();
+    /// Waits for the end.
+    Outcome End();
+
+private:
+    bool Take(int options);
+
+    const Program& program_;
+    support::TemporaryFolder streams_;
+    pid_t process_;
+    bool ended_ = false;
+    int status_ = 0;
 };
 
 }  // namespace tests

@@ -4,15 +4,12 @@
 #include <QMimeData>
 #include <QUrl>
 #include <filesystem>
-#include <fstream>
 
 #include "app_window/WindowStory.h"
 
 namespace {
 
-using window_test::WindowStory;
-
-class Documents : public WindowStory {
+class Documents : public window_test::WindowStory {
 public:
     QStringList Recent() const {
         QStringList names;
@@ -20,49 +17,46 @@ public:
             if (action->text().endsWith(".json")) names << QFileInfo(action->text()).fileName();
         return names;
     }
-    bool Exists(const std::string& name) const {
-        return std::filesystem::exists(folder_.File(name));
-    }
+    desk::Document& Document() const { return Layout().TheDesk().CurrentDocument(); }
 };
 
 TEST_F(Documents, ANewOneIsMadeFromATable) {
     const std::string table = Table("names.dbf", 30);
-    support::WhenModal([&](QWidget& dialog) {
-        auto& line = support::Part<QLineEdit>(dialog, "tableLine");
-        auto& note = support::Part<QLabel>(dialog, "tableNote");
-        line.setText(QString::fromStdString(folder_.File("none.dbf")));
+    const std::string bad = folder_.Write("bad.dbf", "no table");
+    DoWith("newDocument", [&](QWidget& dialog) {
+        const auto& note = support::Part<QLabel>(dialog, "tableNote");
+        Type(dialog, "tableLine", folder_.File("none.dbf"));
         EXPECT_EQ(note.text(), "There is no such file.");
-        line.setText(QString::fromStdString(folder_.Write("bad.dbf", "no table")));
+        Type(dialog, "tableLine", bad);
         EXPECT_TRUE(note.text().contains("bad.dbf"));
-        line.setText(QString::fromStdString(table));
+        Type(dialog, "tableLine", table);
         EXPECT_EQ(note.text(), "Fields: Listing, Page");
         support::Part<QComboBox>(dialog, "pageSize").setCurrentText("A4");
         Press(dialog, "Create");
     });
-    Do("newDocument");
     EXPECT_FALSE(Layout().OnDisk());
     EXPECT_TRUE(window_->isWindowModified());
     EXPECT_TRUE(window_->windowTitle().startsWith("names (not saved)"));
-    EXPECT_NEAR(Layout().TheDesk().CurrentDocument().pageHeight, 297 / 25.4, 1e-9);
+    EXPECT_NEAR(Document().pageHeight, 297 / 25.4, 1e-9);
     // Dressed for print: a running head and a number beside the gazetteer.
-    EXPECT_EQ(Layout().TheDesk().CurrentDocument().elements.size(), 3U);
+    EXPECT_EQ(Document().elements.size(), 3U);
     EXPECT_EQ(DrawnListings().size(), 30U);
-    EXPECT_TRUE(Status().startsWith("30 records: 30 listings")) << Status().toStdString();
+    EXPECT_EQ(Status().substr(0, 23), "30 records: 30 listings");
 }
 
 TEST_F(Documents, AFailedNewOneLeavesTheDocumentBefore) {
     MakeSaved(Table("names.dbf", 30), "names.json");
     const std::string book = folder_.Write("book.json", "{ broken");
     support::WhenModal([&](QWidget& dialog) {
-        support::Part<QLineEdit>(dialog, "bookLine").setText(QString::fromStdString(book));
+        Type(dialog, "bookLine", book);
         ExpectMessage("book.json");
         Press(dialog, "Create");
         Press(dialog, "Cancel");
     });
-    window_->Open(QString::fromStdString(Table("other.dbf", 5)));
+    Open(Table("other.dbf", 5));
     EXPECT_EQ(Layout().Path(), folder_.File("names.json"));
-    EXPECT_EQ(DrawnListings().size(), 30U);
     EXPECT_FALSE(Layout().Modified());
+    EXPECT_EQ(DrawnListings().size(), 30U);
     Do("refresh");
     EXPECT_EQ(DrawnListings().size(), 30U);
 }
@@ -70,13 +64,13 @@ TEST_F(Documents, AFailedNewOneLeavesTheDocumentBefore) {
 TEST_F(Documents, WhatCannotBeReadIsToldAndTheWindowGoesOn) {
     EXPECT_FALSE(Action("save").isEnabled());
     ExpectMessage("damaged");
-    window_->Open(QString::fromStdString(folder_.Write("bad.json", "{\"format\": ")));
+    Open(folder_.Write("bad.json", "{\"format\": "));
     EXPECT_FALSE(Layout().HasDocument());
     EXPECT_EQ(Recent(), QStringList());
-    MakeSaved(Table("names.dbf", 30), "names.json");
+    const auto path = MakeSaved(Table("names.dbf", 30), "names.json");
     ExpectMessage("gone.json");
-    window_->Open(QString::fromStdString(folder_.File("gone.json")));
-    EXPECT_EQ(Layout().Path(), folder_.File("names.json"));
+    Open(folder_.File("gone.json"));
+    EXPECT_EQ(Layout().Path(), path);
 }
 
 TEST_F(Documents, UnsavedChangesAreAskedAbout) {
@@ -90,11 +84,11 @@ TEST_F(Documents, UnsavedChangesAreAskedAbout) {
     EXPECT_TRUE(window_->close());
 
     NewWindow();
-    window_->Open(QString::fromStdString(saved));
+    Open(saved);
     EXPECT_TRUE(Layout().InDraft());
     Do("draft");
     ExpectMessage("Save them?", "Discard");
-    window_->Open(QString::fromStdString(saved));
+    Open(saved);
     EXPECT_TRUE(Layout().InDraft());
     EXPECT_FALSE(window_->isWindowModified());
     EXPECT_TRUE(window_->close());
@@ -102,8 +96,7 @@ TEST_F(Documents, UnsavedChangesAreAskedAbout) {
 
 TEST_F(Documents, RecentOnesAreKeptUntilTheyAreGone) {
     const std::string first = MakeSaved(Table("one.dbf", 5), "one.json");
-    MakeSaved(Table("two.dbf", 5), "two.json");
-    EXPECT_EQ(Recent(), QStringList({"two.json", "one.json"}));
+    const std::string second = MakeSaved(Table("two.dbf", 5), "two.json");
     NewWindow();
     ASSERT_EQ(Recent(), QStringList({"two.json", "one.json"}));
     std::filesystem::remove(first);
@@ -111,48 +104,46 @@ TEST_F(Documents, RecentOnesAreKeptUntilTheyAreGone) {
     Find<QMenu>("recentMenu").actions()[1]->trigger();
     EXPECT_EQ(Recent(), QStringList("two.json"));
     Find<QMenu>("recentMenu").actions()[0]->trigger();
-    EXPECT_EQ(Layout().Path(), folder_.File("two.json"));
+    EXPECT_EQ(Layout().Path(), second);
 }
 
 TEST_F(Documents, AreNotSavedOverWhatAnotherProgramWrote) {
     const std::string path = MakeSaved(Table("names.dbf", 30), "names.json");
-    Do("draft");
-    Do("save");
-    EXPECT_FALSE(window_->isWindowModified());
+    const auto saved = [&] { return desk::ReadDocument(path, Layout().TheDesk().Text()); };
+    const auto changeAndSave = [&] {
+        Do("draft");
+        Do("save");
+        return !window_->isWindowModified();
+    };
+    EXPECT_TRUE(changeAndSave());
 
-    desk::Document theirs = desk::ReadDocument(path, Layout().TheDesk().Text());
+    desk::Document theirs = saved();
     theirs.title = "Theirs";
     desk::WriteDocument(theirs, path);
-    Do("draft");
     ExpectMessage("another program has changed it");
-    Do("save");
-    EXPECT_TRUE(window_->isWindowModified());
-    EXPECT_EQ(desk::ReadDocument(path, Layout().TheDesk().Text()).title, "Theirs");
+    EXPECT_FALSE(changeAndSave());
+    EXPECT_EQ(saved().title, "Theirs");
 
     // Who says so may write over it; from then on it is this window's again.
-    support::WhenModal([&](QWidget& dialog) {
-        support::WhenModal([](QWidget& question) { Press(question, "Yes"); });
+    DoWith("saveAs", [&](QWidget& dialog) {
+        ExpectMessage("already exists", "Yes");
         TypeFile(dialog, path);
     });
-    Do("saveAs");
     EXPECT_FALSE(window_->isWindowModified());
-    EXPECT_NE(desk::ReadDocument(path, Layout().TheDesk().Text()).title, "Theirs");
-    Do("draft");
-    Do("save");
-    EXPECT_FALSE(window_->isWindowModified());
+    EXPECT_NE(saved().title, "Theirs");
+    EXPECT_TRUE(changeAndSave());
 }
 
 TEST_F(Documents, AreNotSavedOverWhatTheyAreMadeFrom) {
     const std::string table = Table("names.dbf", 5);
     Make(table);
-    support::WhenModal([&](QWidget& dialog) {
+    DoWith("saveAs", [&](QWidget& dialog) {
         support::WhenModal([](QWidget& question) {
             ExpectMessage("made from that file");
             Press(question, "Yes");
         });
         TypeFile(dialog, table);
     });
-    Do("saveAs");
     EXPECT_TRUE(window_->isWindowModified());
     EXPECT_FALSE(Layout().OnDisk());
 }
@@ -160,12 +151,11 @@ TEST_F(Documents, AreNotSavedOverWhatTheyAreMadeFrom) {
 TEST_F(Documents, AMapBookIsFoundFromAnotherFolderToo) {
     Make(Table("names.dbf", 5));
     folder_.Write("book.json", "{}");
-    Layout().TheDesk().CurrentDocument().mapBook = "book.json";
+    Document().mapBook = "book.json";
     std::filesystem::create_directory(folder_.File("deep"));
-    support::WhenModal([&](QWidget& dialog) { TypeFile(dialog, folder_.File("deep/d.json")); });
-    Do("saveAs");
-    EXPECT_EQ(Layout().TheDesk().CurrentDocument().mapBook, "../book.json");
-    EXPECT_TRUE(Exists("deep/d.json"));
+    DoWith("saveAs", [&](QWidget& dialog) { TypeFile(dialog, folder_.File("deep/d.json")); });
+    EXPECT_EQ(Document().mapBook, "../book.json");
+    EXPECT_TRUE(std::filesystem::exists(folder_.File("deep/d.json")));
 }
 
 TEST_F(Documents, AFileThatIsDroppedIsOpened) {

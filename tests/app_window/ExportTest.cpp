@@ -1,44 +1,35 @@
 #include <QSpinBox>
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "app_window/WindowStory.h"
+#include "support/Output.h"
 
 namespace {
 
-using window_test::WindowStory;
+using support::PdfText;
+using window_test::Answer;
 
-class Export : public WindowStory {
+class Export : public window_test::WindowStory {
 public:
-    Export() { MakeSaved(Table("names.dbf", 900), "names.json"); }
+    Export() {
+        MakeSaved(Table("names.dbf", 900), "names.json");
+        std::filesystem::create_directory(folder_.File("out"));
+    }
 
-    /// Fills the dialog and presses its button.
-    void ExportTo(const std::string& path, int first = 0, int last = 0, const char* message = "") {
-        support::WhenModal([=](QWidget& dialog) {
-            support::Part<QLineEdit>(dialog, "exportPathLine")
-                .setText(QString::fromStdString(path));
-            if (first > 0) {
-                support::Part<QSpinBox>(dialog, "exportLast").setValue(last);
-                support::Part<QSpinBox>(dialog, "exportFirst").setValue(first);
-            }
-            if (*message != 0) ExpectMessage(message);
+    /// Fills the dialog, gets ready for what its button brings up, and presses it.
+    void ExportTo(const std::string& path, int first, int last, const Answer& before = {}) {
+        DoWith("exportPages", [=](QWidget& dialog) {
+            Type(dialog, "exportPathLine", path);
+            support::Part<QSpinBox>(dialog, "exportLast").setValue(last);
+            support::Part<QSpinBox>(dialog, "exportFirst").setValue(first);
+            if (before) before(dialog);
             Press(dialog, "Export");
         });
-        Do("exportPages");
-    }
-    std::string Text(const std::string& pdf) const {
-        const std::string out = folder_.File("out.txt");
-        const std::string command = "pdftotext -layout '" + pdf + "' '" + out + "'";
-        EXPECT_EQ(std::system(command.c_str()), 0);
-        std::ifstream file(out);
-        return {std::istreambuf_iterator<char>(file), {}};
     }
     std::vector<std::string> Files() const {
         std::vector<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(folder_.Path() + "/out"))
+        for (const auto& entry : std::filesystem::directory_iterator(folder_.File("out")))
             names.push_back(entry.path().filename());
         std::ranges::sort(names);
         return names;
@@ -46,12 +37,11 @@ public:
 };
 
 TEST_F(Export, WritesTheAskedPagesAndShowsTheSamePageAfterwards) {
-    std::filesystem::create_directory(folder_.File("out"));
     Do("nextPage");
     const auto drawn = DrawnListings();
     const std::string pdf = folder_.File("out/index.pdf");
     ExportTo(pdf, 2, 3);
-    const std::string text = Text(pdf);
+    const std::string text = PdfText(pdf);
     EXPECT_EQ(std::ranges::count(text, '\f'), 2);
     EXPECT_NE(text.find(drawn.front()), std::string::npos);
     EXPECT_EQ(text.find("Alpha 0001"), std::string::npos);
@@ -65,66 +55,41 @@ TEST_F(Export, WritesTheAskedPagesAndShowsTheSamePageAfterwards) {
 
 TEST_F(Export, LeavesADraftADraft) {
     Do("draft");
-    ExportTo(folder_.File("index.pdf"));
-    EXPECT_NE(Text(folder_.File("index.pdf")).find("Alpha 0900"), std::string::npos);
+    ExportTo(folder_.File("index.pdf"), 1, Layout().Pages());
+    EXPECT_NE(PdfText(folder_.File("index.pdf")).find("Alpha 0900"), std::string::npos);
     EXPECT_TRUE(Layout().InDraft());
     EXPECT_TRUE(DrawnListings().empty());
 }
 
-TEST_F(Export, IsCancelledInItsProgress) {
-    std::filesystem::create_directory(folder_.File("out"));
+TEST_F(Export, CancelledInItsProgressLeavesNothingBehind) {
     // Enough to do that the progress is shown.
-    Layout().NoteChange();
-    support::WhenModal([&](QWidget& question) {
-        support::WhenModal([](QWidget& dialog) { Press(dialog, "Create"); });
-        Press(question, "Discard");
-    });
-    window_->Open(QString::fromStdString(Table("long.dbf", 20000)));
+    Make(Table("long.dbf", 20000));
     const auto drawn = DrawnListings();
     bool shown = false;
-    support::WhenModal([&](QWidget& dialog) {
-        support::Part<QLineEdit>(dialog, "exportPathLine")
-            .setText(QString::fromStdString(folder_.File("out/page.png")));
+    ExportTo(folder_.File("out/page.png"), 1, Layout().Pages(), [&](QWidget&) {
         support::WhenModal([&](QWidget& progress) {
             shown = true;
             Press(progress, "Cancel");
         });
-        Press(dialog, "Export");
     });
-    Do("exportPages");
     EXPECT_TRUE(shown);
     EXPECT_TRUE(Files().empty());
     EXPECT_EQ(DrawnListings(), drawn);
 }
 
-TEST_F(Export, CancelledOrRefusedLeavesNothingBehind) {
-    std::filesystem::create_directory(folder_.File("out"));
-    const auto drawn = DrawnListings();
-    int told = 0;
-    const auto stop = [&](std::int32_t page) {
-        ++told;
-        if (page == 3) throw std::runtime_error("stop");
-    };
-    for (const char* const name : {"out/index.pdf", "out/page.png"})
-        EXPECT_THROW(Layout().Export(folder_.File(name), {1, 3}, stop), std::runtime_error);
-    EXPECT_EQ(told, 6);
-    EXPECT_TRUE(Files().empty());
-    EXPECT_EQ(DrawnListings(), drawn);
-
-    ExportTo(folder_.File("none/index.pdf"), 1, 2, "none");
+TEST_F(Export, RefusedLeavesEverythingAsItWas) {
+    ExportTo(folder_.File("none/index.pdf"), 1, 2, [](QWidget&) { ExpectMessage("none"); });
     EXPECT_TRUE(Files().empty());
 
     // A file that is there stays if the user says so.
-    folder_.Write("out/kept.pdf", "kept");
-    support::WhenModal([&](QWidget& dialog) {
-        support::Part<QLineEdit>(dialog, "exportPathLine")
-            .setText(QString::fromStdString(folder_.File("out/kept.pdf")));
+    const auto kept = folder_.Write("out/kept.pdf", "kept");
+    DoWith("exportPages", [&](QWidget& dialog) {
+        Type(dialog, "exportPathLine", kept);
         support::WhenModal([](QWidget& question) { Press(question, "No"); });
         Press(dialog, "Export");
         Press(dialog, "Cancel");
     });
-    Do("exportPages");
-    EXPECT_EQ(std::filesystem::file_size(folder_.File("out/kept.pdf")), 4U);
+    EXPECT_EQ(std::filesystem::file_size(kept), 4U);
 }
 
 }  // namespace

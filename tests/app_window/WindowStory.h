@@ -1,13 +1,11 @@
 #pragma once
 
 #include <QAction>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
-#include <QTest>
 #include <QTreeView>
 #include <gtest/gtest.h>
 #include <memory>
@@ -18,11 +16,14 @@
 #include "app/window/PageView.h"
 #include "support/DbfBuilder.h"
 #include "support/Modal.h"
-#include "support/TemporaryFolder.h"
+#include "support/TestDesk.h"
 
 namespace window_test {
 
-/// A user at the desk's window, with a folder, settings and a list of components of their own.
+using Answer = std::function<void(QWidget& dialog)>;
+
+/// A user at the desk's window, with a folder, settings and a list of components of their own. What
+/// is left unsaved in the end is no matter of a test.
 class WindowStory : public testing::Test {
 public:
     WindowStory() {
@@ -30,24 +31,19 @@ public:
         QSettings().clear();
         NewWindow();
     }
-    ~WindowStory() override {
-        // What was left unsaved is no matter of the test.
-        window_.reset();
-    }
 
     void NewWindow() {
         window_ = std::make_unique<app::MainWindow>("en_US");
         window_->resize(1000, 800);
         window_->show();
     }
+    void Open(const std::string& path) { window_->Open(QString::fromStdString(path)); }
 
     /// A table of listings "Alpha 0001", "Alpha 0002", ..., on page 1 of the book and so on.
     std::string Table(const std::string& name, int listings) const {
         support::DbfBuilder table({{"Listing", 'C', 20}, {"Page", 'N', 6}});
-        for (int i = 1; i <= listings; ++i) {
-            const std::string digits = std::to_string(10000 + i).substr(1);
-            table.Row({"Alpha " + digits, std::to_string(i)});
-        }
+        for (int i = 1; i <= listings; ++i)
+            table.Row({"Alpha " + std::to_string(10000 + i).substr(1), std::to_string(i)});
         table.Write(folder_.File(name));
         return folder_.File(name);
     }
@@ -55,38 +51,50 @@ public:
     /// Makes a document from a table by the dialog, as a user would who is content with it.
     void Make(const std::string& table) {
         support::WhenModal([](QWidget& dialog) { Press(dialog, "Create"); });
-        window_->Open(QString::fromStdString(table));
+        Open(table);
     }
     /// The same, saved.
     std::string MakeSaved(const std::string& table, const std::string& name) {
         Make(table);
-        support::WhenModal([&](QWidget& dialog) { TypeFile(dialog, folder_.File(name)); });
-        Do("save");
+        DoWith("save", [&](QWidget& dialog) { TypeFile(dialog, folder_.File(name)); });
         return folder_.File(name);
     }
 
-    QAction& Action(const char* name) const { return support::Part<QAction>(*window_, name); }
+    QAction& Action(const char* name) const { return Find<QAction>(name); }
     void Do(const char* action) const {
         ASSERT_TRUE(Action(action).isEnabled()) << action;
         Action(action).trigger();
+    }
+    /// An action that opens a dialog, and what is done there.
+    void DoWith(const char* action, const Answer& answer) const {
+        support::WhenModal(answer);
+        Do(action);
     }
     template <class T>
     T& Find(const char* name) const {
         return support::Part<T>(*window_, name);
     }
     app::Layout& Layout() const { return window_->TheLayout(); }
-    QString Status() const { return Find<QLabel>("statusText").text(); }
+    std::string Status() const { return Find<QLabel>("statusText").text().toStdString(); }
     int ListedPages() const { return Find<QTreeView>("pageList").model()->rowCount(); }
 
     /// The first cell's text of each drawn row.
-    std::vector<std::string> DrawnListings() const;
+    std::vector<std::string> DrawnListings() const {
+        using support::TestDesk;
+        std::vector<std::string> texts;
+        const auto& element = Layout().Gazetteer();
+        if (!element) return texts;
+        for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
+            texts.push_back(TestDesk::CellText(*row, 0).substr(0, 10));
+        return texts;
+    }
 
     static void Press(QWidget& dialog, const QString& text) {
         for (auto* button : dialog.findChildren<QAbstractButton*>())
             if (button->text().remove('&') == text) return button->click();
         ADD_FAILURE() << "no button " << text.toStdString();
     }
-    /// The text of the message box that comes up next; pressing a button of it.
+    /// Looks at the text of the message box that comes up next, and presses a button of it.
     static void ExpectMessage(const QString& part, const QString& button = "OK") {
         support::WhenModal([part, button](QWidget& dialog) {
             const auto* const box = qobject_cast<QMessageBox*>(&dialog);
@@ -96,8 +104,11 @@ public:
             Press(dialog, button);
         });
     }
+    static void Type(QWidget& dialog, const char* field, const std::string& text) {
+        support::Part<QLineEdit>(dialog, field).setText(QString::fromStdString(text));
+    }
     static void TypeFile(QWidget& dialog, const std::string& path) {
-        support::Part<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(path));
+        Type(dialog, "fileNameEdit", path);
         QMetaObject::invokeMethod(&dialog, "accept");
     }
 

@@ -1,5 +1,6 @@
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
@@ -7,7 +8,6 @@
 #include "desk/components/Registrar.h"
 #include "host/PropertyPages.h"
 #include "manager/ICVNGazetteerManager.h"
-#include "support/CategoryIDs.h"
 #include "support/CategoryInstall.h"
 #include "support/TestDesk.h"
 
@@ -17,25 +17,13 @@ constexpr std::array kClasses{"CVNGazetteer.GazetteerPropertyPage",
                               "CVNGazetteer.CVNGazetteerManager", "CVNGazetteer.CategoryInstall",
                               "CVNGazetteer.CategoryIDs"};
 
-/// The objects of a sheet; fails at the end where it is told to.
-class Objects final : public host::IHostObjectSet {
+/// A set of objects that the host cannot read.
+class BrokenSet final : public host::IHostObjectSet {
 public:
-    using List = std::vector<host::Ref<host::IHostObject>>;
-
-    explicit Objects(List objects, bool failing = false)
-        : objects_(std::move(objects)), failing_(failing) {}
-
-    void Reset() override { next_ = 0; }
+    void Reset() override {}
     host::Ref<host::IHostObject> Next() override {
-        if (next_ < objects_.size()) return objects_[next_++];
-        if (failing_) throw host::Failure(-9, "Objects", "The set is broken.");
-        return nullptr;
+        throw host::Failure(-9, "BrokenSet", "The set is broken.");
     }
-
-private:
-    List objects_;
-    bool failing_;
-    std::size_t next_ = 0;
 };
 
 class Component : public ::testing::Test {
@@ -56,7 +44,7 @@ TEST_F(Component, CountsItsObjects) {
         objects.push_back(library_.CreateInstance(name, desk_.HostRef()));
         EXPECT_FALSE(library_.CanUnload()) << name;
     }
-    objects.erase(objects.begin() + 1, objects.end());
+    objects.resize(1);
     EXPECT_FALSE(library_.CanUnload());
     objects.clear();
     EXPECT_TRUE(library_.CanUnload());
@@ -73,26 +61,14 @@ TEST_F(Component, MakesAManagerThatDrawsTheHostsElements) {
         desk_.NewGazetteer(desk_.ListingTable({{"Abbey Road", "4"}, {"Main St", "6"}}), 4, 3);
     manager->SetIndexElement(element);
     EXPECT_TRUE(desk_.Dialogs().messages.empty()) << desk_.Dialogs().LastCause();
-    EXPECT_EQ(manager->PageCount(), host::Variant(1));
     EXPECT_EQ(manager->PageName(1), host::Variant(std::string(" Abbey Road -  Main St")));
     manager->SetIndexToPageNumber(1);
     EXPECT_EQ(desk_.Members(*element, "ROWGROUP").size(), 2U);
 }
 
-TEST_F(Component, MakesAPageForElementsWithAGazetteer) {
-    const auto page = Create<host::IComPropertyPage>("CVNGazetteer.GazetteerPropertyPage");
-    ASSERT_TRUE(page);
-    const auto plain = desk_.Host().NewGroupElement();
-    const auto gazetteer = desk_.NewGazetteer(desk_.ListingTable({{"Main St", "6"}}), 4, 3);
-    EXPECT_FALSE(page->Applies(std::make_shared<Objects>(Objects::List{plain})));
-    EXPECT_TRUE(page->Applies(std::make_shared<Objects>(Objects::List{plain, gazetteer})));
-    EXPECT_TRUE(desk_.Dialogs().messages.empty());
-}
-
 TEST_F(Component, CatchesFailuresOfTheHost) {
     const auto page = Create<host::IComPropertyPage>("CVNGazetteer.GazetteerPropertyPage");
-    const auto broken = std::make_shared<Objects>(Objects::List{}, true);
-    EXPECT_FALSE(page->Applies(broken));
+    EXPECT_FALSE(page->Applies(std::make_shared<BrokenSet>()));
     ASSERT_EQ(desk_.Dialogs().messages.size(), 1U);
     EXPECT_EQ(desk_.Dialogs().LastCause(), "The set is broken.");
     EXPECT_NE(desk_.Dialogs().messages[0].text.find("\t-9\r\n"), std::string::npos);
@@ -106,19 +82,22 @@ TEST_F(Component, EntersItsOwnFileWithTheDesk) {
     const auto entries = registrar.Entries(host::kElementPropertyPages);
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].file, COMPONENT_FILE);
-    EXPECT_TRUE(desk::ComponentLibrary(entries[0].file)
-                    .CreateInstance(entries[0].classId, desk_.HostRef()));
+    EXPECT_TRUE(Create<host::IComPropertyPage>(entries[0].classId.c_str()));
     library_.Register(desk_.HostRef(), false);
     EXPECT_TRUE(registrar.Entries(host::kElementPropertyPages).empty());
 
     const auto installer = Create<gazetteer::ICategoryInstall>("CVNGazetteer.CategoryInstall");
-    EXPECT_EQ(installer->Install(true), 0);
-    EXPECT_EQ(registrar.Entries(host::kElementPropertyPages), entries);
-    const auto categories = Create<gazetteer::ICategoryIDs>("CVNGazetteer.CategoryIDs");
-    EXPECT_EQ(categories->ElementPropertyPages()->Value(), host::kElementPropertyPages);
-
-    ::setenv("XDG_DATA_HOME", "/dev/null", 1);
+    data.Write("gazetteer-desk/components.json", "{");
     EXPECT_THROW(library_.Register(desk_.HostRef(), true), host::Failure);
+    EXPECT_EQ(installer->Install(true), host::kFailureUnspecified);
+    EXPECT_EQ(installer->ErrorMessage(),
+              "The list of components \"" + desk::ComponentsFile() +
+                  "\" is damaged; delete it and install the components again.");
+    EXPECT_TRUE(desk_.Dialogs().messages.empty());
+    std::filesystem::remove(desk::ComponentsFile());
+    EXPECT_EQ(installer->Install(true), 0);
+    EXPECT_EQ(installer->ErrorMessage(), "") << "the last failure only";
+    EXPECT_EQ(registrar.Entries(host::kElementPropertyPages), entries);
     ::unsetenv("XDG_DATA_HOME");
 }
 

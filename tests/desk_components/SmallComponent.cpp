@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "host/Component.h"
-#include "host/Failure.h"
 
 namespace {
 
@@ -15,8 +14,7 @@ struct Small final : host::IHostObject {
 };
 
 struct Factory final : host::IHostClassFactory {
-    host::Ref<host::IHostObject> CreateInstance(const host::Ref<host::IHost>& host) override {
-        if (host) throw host::Failure(-5, "Small", "The class wants no host.");
+    host::Ref<host::IHostObject> CreateInstance(const host::Ref<host::IHost>&) override {
         return std::make_shared<Small>();
     }
 };

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "desk/drawing/CairoHandles.h"
@@ -15,23 +12,50 @@
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"
+#include "support/Output.h"
 #include "support/TemporaryFolder.h"
 
 namespace sheet {
 
 constexpr double kSide = 4;  ///< Inches of a test sheet.
 
-/// Short ways to elements; lengths are inches, colours 0xBBGGRR.
-class Elements {
+using Members = std::vector<host::Ref<host::IHostElement>>;
+
+inline host::Ref<host::IHostColor> Color(std::uint32_t color, bool transparent = false) {
+    const auto made = std::make_shared<desk::Color>(color);
+    made->SetTransparent(transparent);
+    return made;
+}
+
+inline host::Ref<host::IHostElement> Rectangle(double xmin, double ymin, double xmax, double ymax,
+                                               std::uint32_t color, bool transparent = false) {
+    const auto symbol = std::make_shared<desk::FillSymbol>();
+    symbol->SetColor(Color(color, transparent));
+    const auto outline = std::make_shared<desk::LineSymbol>();
+    outline->SetColor(Color(0, true));
+    symbol->SetOutline(outline);
+    const auto element = std::make_shared<desk::RectangleElement>();
+    element->SetGeometry(std::make_shared<desk::Envelope>(xmin, ymin, xmax, ymax));
+    element->SetSymbol(symbol);
+    return element;
+}
+
+inline host::Ref<desk::GroupElement> Group(const Members& members) {
+    const auto group = std::make_shared<desk::GroupElement>();
+    group->SetGeometry(std::make_shared<desk::Envelope>(0.5, 0.5, 3.5, 3.5));
+    for (const auto& member : members) group->Add(member);
+    return group;
+}
+
+/// A folder of test sheets. Lengths are inches, colours 0xBBGGRR.
+class Sheets : public support::TemporaryFolder {
 public:
     host::Ref<host::IHostElement> Text(double x, double y, const std::string& text,
                                        const std::string& family = "DejaVu Sans",
                                        double points = 10, int horizontal = 0) const {
-        const auto font = std::make_shared<desk::Font>();
-        font->SetName(family);
-        font->SetSize(points);
         const auto symbol = std::make_shared<desk::TextSymbol>(engine);
-        symbol->SetFont(font);
+        symbol->Font()->SetName(family);
+        symbol->SetSize(points);
         symbol->SetHorizontalPlacement(horizontal);
         symbol->SetVerticalPlacement(1);
         const auto element = std::make_shared<desk::TextElement>(engine);
@@ -40,68 +64,30 @@ public:
         element->SetGeometry(std::make_shared<desk::Point>(x, y));
         return element;
     }
-
-    static host::Ref<host::IHostElement> Rectangle(double xmin, double ymin, double xmax,
-                                                   double ymax, std::uint32_t color,
-                                                   bool transparent = false) {
-        const auto symbol = std::make_shared<desk::FillSymbol>();
-        symbol->SetColor(Color(color, transparent));
-        const auto line = std::make_shared<desk::LineSymbol>();
-        line->SetColor(Color(0, true));
-        symbol->SetOutline(line);
-        const auto element = std::make_shared<desk::RectangleElement>();
-        element->SetGeometry(std::make_shared<desk::Envelope>(xmin, ymin, xmax, ymax));
-        element->SetSymbol(symbol);
-        return element;
+    /// Texts one below the other.
+    host::Ref<host::IHostElement> Lines(const std::vector<std::string>& texts,
+                                        const std::string& family = "DejaVu Sans") const {
+        Members members;
+        double y = kSide;
+        for (const auto& text : texts) members.push_back(Text(0.2, y -= 0.17, text, family));
+        return Group(members);
     }
 
-    static host::Ref<desk::GroupElement> Group(
-        const std::vector<host::Ref<host::IHostElement>>& members) {
-        const auto group = std::make_shared<desk::GroupElement>();
-        group->SetGeometry(std::make_shared<desk::Envelope>(0.5, 0.5, 3.5, 3.5));
-        for (const auto& member : members) group->Add(member);
-        return group;
+    void AddPage(desk::PageWriter& writer, const host::Ref<host::IHostElement>& element,
+                 const std::string& bookmark = {}, double height = kSide) const {
+        writer.BeginPage(kSide, height);
+        desk::ElementPainter(*engine).Paint(writer.Sheet(), element);
+        writer.EndPage(bookmark);
     }
-
-    static host::Ref<host::IHostColor> Color(std::uint32_t color, bool transparent = false) {
-        const auto made = std::make_shared<desk::Color>(color);
-        made->SetTransparent(transparent);
-        return made;
-    }
-
-    std::shared_ptr<desk::TextEngine> engine = std::make_shared<desk::TextEngine>();
-};
-
-/// Standard output of a command.
-inline std::string Output(const std::string& command) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    std::string output;
-    std::array<char, 4096> bytes{};
-    while (const auto count = std::fread(bytes.data(), 1, bytes.size(), pipe.get()))
-        output.append(bytes.data(), count);
-    return output;
-}
-
-/// A folder of test sheets.
-class Sheets {
-public:
-    std::string File(const std::string& name) const { return folder_.File(name); }
-    const std::string& Folder() const { return folder_.Path(); }
-
     std::string Draw(const std::string& name, const host::Ref<host::IHostElement>& element,
                      const desk::PageWriterOptions& options = {}) const {
         const auto writer = desk::OpenPageWriter(File(name), options);
-        writer->BeginPage(kSide, kSide);
-        desk::ElementPainter(*elements.engine).Paint(writer->Sheet(), element);
-        writer->EndPage("Sheet");
+        AddPage(*writer, element);
         writer->Finish();
         return File(name);
     }
 
-    Elements elements;
-
-private:
-    support::TemporaryFolder folder_;
+    std::shared_ptr<desk::TextEngine> engine = std::make_shared<desk::TextEngine>();
 };
 
 /// An image, as grey values from the upper left corner.
@@ -121,8 +107,8 @@ struct Image {
 /// A PNG, or a PDF by a renderer that softens all edges, so that no seam can hide.
 inline Image Look(const std::string& path, int dotsPerInch) {
     if (path.ends_with(".pdf")) {
-        Output("pdftocairo -png -singlefile -r " + std::to_string(dotsPerInch) + " '" + path +
-               "' '" + path + "'");
+        support::Output("pdftocairo -png -singlefile -r " + std::to_string(dotsPerInch) + " '" +
+                        path + "' '" + path + "'");
         return Look(path + ".png", dotsPerInch);
     }
     const desk::CairoSurface png(cairo_image_surface_create_from_png(path.c_str()));

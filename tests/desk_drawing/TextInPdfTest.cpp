@@ -1,18 +1,22 @@
 // Texts of a PDF as its readers find them again.
 #include <cmath>
-#include <glib.h>
 #include <regex>
 
 #include "Sheet.h"
+#include "support/InkBox.h"
+#include "support/Utf8.h"
 
 namespace {
 
 using sheet::Look;
-using sheet::Output;
 using sheet::Sheets;
+using support::Output;
+using support::PdfText;
+
+using Texts = std::vector<std::string>;
 
 TEST(TextInPdf, ComesBackAsItWasWritten) {
-    const char* const texts[] = {
+    const Texts texts = {
         "Abbey Road..........4, B-3",
         "Affiliated Office Cliff......12",
         "Österåker, Łódź, Çeşme, Đà Nẵng",
@@ -26,33 +30,23 @@ TEST(TextInPdf, ComesBackAsItWasWritten) {
     };
     for (const char* family : {"DejaVu Sans", "Helvetica", "Noto Sans"}) {
         Sheets sheets;
-        std::vector<host::Ref<host::IHostElement>> rows;
-        double y = 3.6;
-        for (const char* text : texts)
-            rows.push_back(sheets.elements.Text(0.2, y -= 0.3, text, family));
-        const std::string path = sheets.Draw("texts.pdf", sheets.elements.Group(rows));
-        const std::string found = Output("pdftotext -layout '" + path + "' -");
-        for (const char* text : texts)
+        const std::string found = PdfText(sheets.Draw("texts.pdf", sheets.Lines(texts, family)));
+        for (const auto& text : texts)
             EXPECT_NE(found.find(text), std::string::npos) << text << " in\n" << found;
     }
 }
 
 TEST(TextInPdf, RightToLeftWordsComeBackInReadingOrder) {
     Sheets sheets;
-    const auto& e = sheets.elements;
-    const std::string path =
-        sheets.Draw("right.pdf", e.Group({e.Text(0.2, 3, "القاهرة"), e.Text(0.2, 2, "ירושלים"),
-                                          e.Text(0.2, 1, "مكة المكرمة.......4, B-3")}));
-    const std::string found = Output("pdftotext '" + path + "' -");
+    const auto texts = sheets.Lines({"القاهرة", "ירושלים", "مكة المكرمة.......4, B-3"});
+    const std::string found = PdfText(sheets.Draw("right.pdf", texts), "");
     for (const char* word : {"القاهرة", "ירושלים", "مكة", "المكرمة", "B-3"})
         EXPECT_NE(found.find(word), std::string::npos) << word << " in\n" << found;
 }
 
 TEST(TextInPdf, FontsAreEmbeddedSubsets) {
     Sheets sheets;
-    const auto& e = sheets.elements;
-    const std::string path = sheets.Draw(
-        "fonts.pdf", e.Group({e.Text(0.2, 3, "Latin", "Helvetica"), e.Text(0.2, 2, "北京")}));
+    const std::string path = sheets.Draw("fonts.pdf", sheets.Lines({"Latin", "北京"}, "Helvetica"));
     const std::string fonts = Output("pdffonts '" + path + "'");
     const std::regex line("\n[A-Z]{6}\\+.* (yes) (yes) (yes) ");
     EXPECT_EQ(std::distance(std::sregex_iterator(fonts.begin(), fonts.end(), line),
@@ -62,43 +56,33 @@ TEST(TextInPdf, FontsAreEmbeddedSubsets) {
 }
 
 /// Inches of the ink that lies furthest to the right.
-double RightInk(const sheet::Image& image) {
-    for (int x = image.width - 1; x >= 0; --x)
-        for (int y = 0; y < image.height; ++y)
-            if (image.At(x, y) < 128) return sheet::kSide * x / image.width;
-    return 0;
+double RightInk(const std::string& path) {
+    const auto image = Look(path, 600);
+    const auto ink = support::FindInk(image.width, image.height,
+                                      [&](int x, int y) { return image.At(x, y) < 128; });
+    return sheet::kSide * ink.right / image.width;
 }
 
 TEST(TextInPdf, LeadersEndWhereTheyWereMeasuredToEnd) {
     for (const char* family : {"DejaVu Sans", "Liberation Sans", "Noto Serif"})
         for (const char* name : {"leader.pdf", "leader.png"}) {
             Sheets sheets;
-            const auto& e = sheets.elements;
             const std::string text = "AVATo" + std::string(90, '.');
-            const double width = e.engine->Measure({family, 8, false}, text).xSize / 72;
-            const double resolution = 600;
-            const auto leader =
-                Look(sheets.Draw(name, e.Text(0.2, 2, text, family, 8), {"", resolution}), 600);
-            const auto dot =
-                Look(sheets.Draw(name, e.Text(0.2 + width, 2, ".", family, 8, 2), {"", resolution}),
-                     600);
-            EXPECT_NEAR(RightInk(leader), RightInk(dot), 0.0018) << family << name << " a pixel";
+            const double width = sheets.engine->Measure({family, 8, false}, text).xSize / 72;
+            const auto leader = sheets.Text(0.2, 2, text, family, 8);
+            const auto dot = sheets.Text(0.2 + width, 2, ".", family, 8, 2);
+            EXPECT_NEAR(RightInk(sheets.Draw(name, leader, {"", 600})),
+                        RightInk(sheets.Draw(name, dot, {"", 600})), 0.0018)
+                << family << name << " a pixel";
         }
 }
 
-/// UTF-8 of a character.
-std::string Utf8(gunichar character) {
-    std::string bytes(6, '\0');
-    bytes.resize(static_cast<std::size_t>(g_unichar_to_utf8(character, bytes.data())));
-    return bytes;
-}
-
-/// Characters from the first on, in lines of 16, none of which is a combining one.
-std::vector<std::string> Lines(gunichar first, int count) {
-    std::vector<std::string> lines;
-    for (int i = 0; i < count; ++i) {
-        if (i % 16 == 0) lines.emplace_back();
-        lines.back() += Utf8(first + static_cast<gunichar>(i));
+/// Characters from the first on, none of which is a combining one.
+Texts CharactersFrom(char32_t first) {
+    Texts lines;
+    for (char32_t line = first; line < first + 336; line += 16) {
+        lines.emplace_back();
+        for (char32_t c = line; c < line + 16; ++c) lines.back() += support::Utf8(c);
     }
     return lines;
 }
@@ -106,22 +90,17 @@ std::vector<std::string> Lines(gunichar first, int count) {
 // More characters than a byte can tell apart: letters, ideographs, and some that no font has and
 // that boxes stand for.
 TEST(TextInPdf, AnyNumberOfCharactersComesBack) {
-    for (const gunichar first : {0x100U, 0x4E00U, 0xE100U}) {
+    for (const char32_t first : {0x100U, 0x4E00U, 0xE100U}) {
         Sheets sheets;
-        std::vector<host::Ref<host::IHostElement>> rows;
-        const auto lines = Lines(first, 336);
-        double y = 3.9;
-        for (const auto& line : lines) rows.push_back(sheets.elements.Text(0.2, y -= 0.17, line));
-        const std::string found = Output(
-            "pdftotext -layout '" + sheets.Draw("many.pdf", sheets.elements.Group(rows)) + "' -");
+        const auto lines = CharactersFrom(first);
+        const std::string found = PdfText(sheets.Draw("many.pdf", sheets.Lines(lines)));
         for (const auto& line : lines) EXPECT_NE(found.find(line), std::string::npos) << line;
     }
 }
 
 TEST(TextInPdf, BlanksOfBothKindsAreToldApart) {
     Sheets sheets;
-    const std::string text = "a\u00a0b c\u00a0d";
-    const std::string path = sheets.Draw("blanks.pdf", sheets.elements.Text(0.2, 2, text));
+    const std::string path = sheets.Draw("blanks.pdf", sheets.Text(0.2, 2, "a\u00a0b c\u00a0d"));
     const std::string map = Output("qpdf --qdf --object-streams=disable '" + path + "' -");
     EXPECT_NE(map.find("><00A0>"), std::string::npos);
     EXPECT_NE(map.find("><0020>"), std::string::npos);
@@ -132,13 +111,11 @@ TEST(TextInPdf, WordsStandWithinAHundredthOfAPoint) {
     for (const char* family : {"DejaVu Sans", "Liberation Sans", "Noto Sans CJK SC"})
         for (const double points : {7.3, 8.0, 36.0}) {
             Sheets sheets;
-            const auto& e = sheets.elements;
             const std::string text =
                 "WAVATo" + std::string(static_cast<std::size_t>(400 / points), '.');
-            const double width = e.engine->Measure({family, points, false}, text).xSize;
-            const std::string box =
-                Output("pdftotext -bbox '" +
-                       sheets.Draw("word.pdf", e.Text(0.211, 2, text, family, points)) + "' -");
+            const double width = sheets.engine->Measure({family, points, false}, text).xSize;
+            const auto word = sheets.Text(0.211, 2, text, family, points);
+            const std::string box = PdfText(sheets.Draw("word.pdf", word), "-bbox");
             std::smatch edges;
             const std::regex edge("xMin=\"([0-9.]+)\".* xMax=\"([0-9.]+)\"");
             ASSERT_TRUE(std::regex_search(box, edges, edge)) << box;

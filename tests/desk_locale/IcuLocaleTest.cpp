@@ -7,80 +7,51 @@
 #include <vector>
 
 #include "desk/locale/IcuLocale.h"
-#include "host/Failure.h"
+#include "support/FailureOf.h"
+#include "support/Utf8.h"
 
 namespace desk {
 namespace {
 
-int Sign(int value) {
-    return value < 0 ? -1 : value > 0 ? 1 : 0;
-}
-
-struct NumberCase {
-    const char* locale;
-    std::string text;
-    std::optional<double> value;
-};
-
 TEST(IcuLocale, NumbersAreWholeTexts) {
-    const std::vector<NumberCase> cases = {{"en", "12", 12},
-                                           {"en", "007", 7},
-                                           {"en", "1.5", 1.5},
-                                           {"en", ".5", .5},
-                                           {"en", "5.", 5},
-                                           {"en", "-3", -3},
-                                           {"en", "+3", 3},
-                                           {"en", "\u22123", -3},
-                                           {"en", "1,000", 1000},
-                                           {"en", "1,2,3.5", 123.5},
-                                           {"en", "1E5", 1e5},
-                                           {"en", "1e-2", .01},
-                                           {"en", "1E+5", 1e5},
-                                           {"en", "1234567890123456789", 1234567890123456789.0},
-                                           {"en", "\u0663", 3},
-                                           {"en", "", {}},
-                                           {"en", " ", {}},
-                                           {"en", "12abc", {}},
-                                           {"en", "abc", {}},
-                                           {"en", "E5", {}},
-                                           {"en", "1E", {}},
-                                           {"en", "1E+", {}},
-                                           {"en", "1E5.0", {}},
-                                           {"en", "1E5E5", {}},
-                                           {"en", "1.2.3", {}},
-                                           {"en", ".", {}},
-                                           {"en", "-", {}},
-                                           {"en", "--1", {}},
-                                           {"en", "1-", {}},
-                                           {"en", "+-1", {}},
-                                           {"en", ",5", {}},
-                                           {"en", "5,", {}},
-                                           {"en", "1,,000", {}},
-                                           {"en", "1.0,5", {}},
-                                           {"en", "12 ", {}},
-                                           {"en", "0x1F", {}},
-                                           {"en", "inf", {}},
-                                           {"en", "nan", {}},
-                                           {"en", "1E999", {}},
-                                           {"en", "\xFF", {}},
-                                           {"en", std::string(5000, '9'), {}},
-                                           {"de_DE.UTF-8", "1,5", 1.5},
-                                           {"de-DE", "1.000,5", 1000.5},
-                                           {"de", "1.000", 1000},
-                                           {"de", "1,5,5", {}},
-                                           {"fr", "1\u202F000,5", 1000.5},
-                                           {"fr", "1\u00A0000", 1000},
-                                           {"de_CH", "1'000.5", 1000.5},
-                                           {"sv", "\u22123,5", -3.5}};
-    for (const NumberCase& example : cases)
-        EXPECT_EQ(IcuLocale(example.locale).ParseNumber(example.text), example.value)
-            << example.locale << " " << example.text;
+    const std::tuple<const char*, const char*, double> numbers[] = {
+        {"en", "007", 7},
+        {"en", "1.5", 1.5},
+        {"en", ".5", .5},
+        {"en", "5.", 5},
+        {"en", "-3", -3},
+        {"en", "+3", 3},
+        {"en", "\u22123", -3},
+        {"en", "1,000", 1000},
+        {"en", "1,2,3.5", 123.5},
+        {"en", "1E5", 1e5},
+        {"en", "1e-2", .01},
+        {"en", "1E+5", 1e5},
+        {"en", "1234567890123456789", 1234567890123456789.0},
+        {"en", "\u0663", 3},
+        {"de_DE.UTF-8", "1,5", 1.5},
+        {"de-DE", "1.000,5", 1000.5},
+        {"de", "1.000", 1000},
+        {"fr", "1\u202F000,5", 1000.5},
+        {"fr", "1\u00A0000", 1000},
+        {"de_CH", "1'000.5", 1000.5},
+        {"sv", "\u22123,5", -3.5},
+    };
+    for (const auto& [locale, text, value] : numbers)
+        EXPECT_EQ(IcuLocale(locale).ParseNumber(text), value) << locale << " " << text;
+
+    IcuLocale english("en");
+    for (const char* text :
+         {"",      " ",   "12abc", "abc", "E5",  "1E",    "1E+", "1E5.0", "1E5E5",
+          "1.2.3", ".",   "-",     "--1", "1-",  "+-1",   ",5",  "5,",    "1,,000",
+          "1.0,5", "12 ", "0x1F",  "inf", "nan", "1E999", "\xFF"})
+        EXPECT_EQ(english.ParseNumber(text), std::nullopt) << text;
+    EXPECT_EQ(english.ParseNumber(std::string(5000, '9')), std::nullopt);
+    EXPECT_EQ(IcuLocale("de").ParseNumber("1,5,5"), std::nullopt);
 }
 
 TEST(IcuLocale, NumbersAreWrittenShort) {
     IcuLocale english("en"), german("de");
-    EXPECT_EQ(english.FormatNumber(4), "4");
-    EXPECT_EQ(english.FormatNumber(12.5), "12.5");
     EXPECT_EQ(german.FormatNumber(12.5), "12,5");
     EXPECT_EQ(english.FormatNumber(-0.0), "0");
     EXPECT_EQ(english.FormatNumber(0.1), "0.1");
@@ -105,10 +76,6 @@ TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
     EXPECT_EQ(english.CompareText("\u00e9a", "eb"), -1);
     EXPECT_EQ(english.CompareText("\u00e9", "e\u0301"), 0);
     EXPECT_EQ(english.CompareText("z", "\u00e4"), 1);
-    EXPECT_EQ(IcuLocale("sv").CompareText("z", "\u00e4"), -1);
-    EXPECT_EQ(IcuLocale("de").CompareText("\u00e4", "ad"), -1);
-    EXPECT_EQ(IcuLocale("de@collation=phonebook").CompareText("\u00e4", "ad"), 1);
-    EXPECT_EQ(IcuLocale("de-u-co-phonebk").CompareText("\u00e4", "ad"), 1);
     EXPECT_EQ(IcuLocale("C").CompareText("Main", "MAIN"), 0);
 }
 
@@ -117,68 +84,57 @@ TEST(IcuLocale, KeysCompareAsTexts) {
         "a",      "A", "b", "B",    " ",    "-",      "1",          "e",  "\u00e9",
         "\u0301", "z", ".", "\xC3", "\xFF", "\u4e2d", "\U0001F600", "\r", "\xE2\x82"};
     std::mt19937 random(11);
+    const auto text = [&] {
+        std::string result;
+        for (std::size_t i = random() % 5; i > 0; --i)
+            result += alphabet[random() % alphabet.size()];
+        return result;
+    };
     for (const char* name : {"en", "de@collation=phonebook", "sv", "C"}) {
         IcuLocale locale(name);
-        const auto text = [&] {
-            std::string result;
-            for (std::size_t i = random() % 5; i > 0; --i)
-                result += alphabet[random() % alphabet.size()];
-            return result;
-        };
         for (int i = 0; i < 5000; ++i) {
             const std::string a = text(), b = text();
-            EXPECT_EQ(locale.CompareText(a, b),
-                      Sign(locale.CollationKey(a).compare(locale.CollationKey(b))))
+            const int byKeys = locale.CollationKey(a).compare(locale.CollationKey(b));
+            EXPECT_EQ(locale.CompareText(a, b), (byKeys > 0) - (byKeys < 0))
                 << name << " [" << a << "] [" << b << "]";
         }
     }
-    const std::string longText(5000, 'q');
     IcuLocale english("en");
-    EXPECT_EQ(english.CollationKey(longText), english.CollationKey(std::string(5000, 'Q')));
+    EXPECT_EQ(english.CollationKey(std::string(5000, 'q')),
+              english.CollationKey(std::string(5000, 'Q')));
 }
 
 TEST(IcuLocale, CharactersAreWhatReadersSee) {
     using Lengths = std::vector<std::size_t>;
     IcuLocale locale("en");
-    EXPECT_EQ(locale.Characters(""), Lengths());
     EXPECT_EQ(locale.Characters("ab\r\nc"), (Lengths{1, 1, 1, 1, 1}));
-    EXPECT_EQ(locale.Characters("\u00e9\r\n"), (Lengths{2, 1, 1}));
     EXPECT_EQ(locale.Characters("e\u0301\r\nx"), (Lengths{3, 1, 1, 1}));
-    EXPECT_EQ(locale.Characters("a\u4e2d\u6587"), (Lengths{1, 3, 3}));
     EXPECT_EQ(locale.Characters("\U0001F468\u200D\U0001F469x"), (Lengths{11, 1}));
     EXPECT_EQ(locale.Characters("\u0e01\u0e33"), (Lengths{6}));
 
-    // The quick way and the rules agree, and no byte is lost, well-formed or not.
+    // No byte is lost, well-formed or not.
     std::mt19937 random(5);
     for (int i = 0; i < 3000; ++i) {
         std::string text;
         for (std::size_t n = random() % 8; n > 0; --n)
-            text += random() % 2 == 0 ? static_cast<char>(random() % 256)
-                                      : static_cast<char>('a' + random() % 26);
+            text += static_cast<char>(random() % 2 == 0 ? random() % 256 : 'a' + random() % 26);
         const Lengths lengths = locale.Characters(text);
         EXPECT_EQ(std::accumulate(lengths.begin(), lengths.end(), std::size_t{0}), text.size());
-        Lengths further = locale.Characters(text + "\u4e2d");
-        further.pop_back();
-        if (text.find_first_not_of("abcdefghijklmnopqrstuvwxyz") == std::string::npos) {
-            EXPECT_EQ(further, lengths);
-        }
     }
-    for (unsigned c = 0xA0; c < 0x300; ++c) {
-        const std::string two = {static_cast<char>(0xC0 | (c >> 6)),
-                                 static_cast<char>(0x80 | (c & 0x3F))};
-        EXPECT_EQ(locale.Characters("a" + two + two + "b\u4e2d"), (Lengths{1, 2, 2, 1, 3})) << c;
+    // The quick way and the rules agree.
+    for (char32_t c = 1; c < 0x300; ++c) {
+        const std::string letter = support::Utf8(c);
+        const std::size_t bytes = letter.size();
+        const std::string text = "a" + letter + letter + "b";
+        EXPECT_EQ(locale.Characters(text), (Lengths{1, bytes, bytes, 1})) << letter;
+        EXPECT_EQ(locale.Characters(text + "\u4e2d"), (Lengths{1, bytes, bytes, 1, 3})) << letter;
     }
 }
 
 TEST(IcuLocale, UnknownNamesAreTold) {
-    for (const std::string name : {"xx_YY", "german", "de@collation=nonsense", "-", "q"}) {
-        try {
-            const IcuLocale locale(name);
-            ADD_FAILURE() << name << " became " << locale.Name();
-        } catch (const host::Failure& failure) {
-            EXPECT_EQ(failure.description, "There is no locale named " + name + ".");
-        }
-    }
+    for (const std::string name : {"xx_YY", "german", "de@collation=nonsense", "-", "q"})
+        EXPECT_EQ(support::FailureOf([&] { const IcuLocale locale(name); }).description,
+                  "There is no locale named " + name + ".");
 }
 
 TEST(IcuLocale, EmptyNameIsTheUsers) {

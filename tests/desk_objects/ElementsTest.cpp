@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "desk/objects/Box.h"
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"
@@ -7,6 +8,8 @@
 #include "host/Failure.h"
 
 namespace {
+
+using host::Failure;
 
 std::shared_ptr<desk::RectangleElement> Rectangle(double xmin, double ymin, double xmax,
                                                   double ymax) {
@@ -28,22 +31,9 @@ TEST(GroupElement, KeepsTheOrderOfTheOthersWhenOneGoes) {
     for (const auto& member : members) group.Add(member);
     group.Add(members[1]);
     group.Remove(members[1]);
-    ASSERT_EQ(group.Count(), 4);
-    EXPECT_EQ(group.Item(0), members[0]);
-    EXPECT_EQ(group.Item(1), members[2]);
-    EXPECT_EQ(group.Item(2), members[3]);
-    EXPECT_EQ(group.Item(3), members[1]);
-    EXPECT_THROW(group.Item(4), host::Failure);
-    EXPECT_THROW(group.Item(-1), host::Failure);
-    EXPECT_THROW(group.Remove(Rectangle(0, 0, 1, 1)), host::Failure);
-}
-
-TEST(GroupElement, TakesNeitherNothingNorItself) {
-    const auto group = std::make_shared<desk::GroupElement>();
-    EXPECT_THROW(group->Add(nullptr), host::Failure);
-    EXPECT_THROW(group->Add(group), host::Failure);
-    EXPECT_THROW(group->SetValue(1), host::Failure);
-    EXPECT_NO_THROW(group->SetValue(0));
+    std::vector<host::Ref<host::IHostElement>> left;
+    for (int i = 0; i < group.Count(); ++i) left.push_back(group.Item(i));
+    EXPECT_EQ(left, (std::vector{members[0], members[2], members[3], members[1]}));
 }
 
 TEST(GroupElement, MeasuresTheBoxAroundAllMembersHoweverDeep) {
@@ -58,66 +48,137 @@ TEST(GroupElement, MeasuresTheBoxAroundAllMembersHoweverDeep) {
     EXPECT_EQ(BoundsOf(group), (std::vector<double>{2, 4, 5, 9}));
 }
 
-TEST(TextElement, MeasuresTheTextWhereItHangs) {
+TEST(TextElement, MeasuresTheTextWhereItHangsInTheFontAsItIs) {
     desk::TextElement element(std::make_shared<desk::TextEngine>());
     element.SetText("Abbey Road");
     element.SetGeometry(std::make_shared<desk::Point>(3, 5));
-    element.Symbol()->SetVerticalPlacement(1);
-    element.Symbol()->SetHorizontalPlacement(2);
-    const auto extent = element.Symbol()->MeasureText(0, nullptr, "Abbey Road");
-    const auto box = BoundsOf(element);
-    EXPECT_NEAR(box[0], 3 - extent.xSize / 72, 1e-12);
-    EXPECT_NEAR(box[1], 5 - extent.ySize / 144, 1e-12);
-    EXPECT_NEAR(box[2], 3, 1e-12);
-    EXPECT_NEAR(box[3], 5 + extent.ySize / 144, 1e-12);
+    const auto symbol = std::make_shared<desk::TextSymbol>(std::make_shared<desk::TextEngine>());
+    symbol->SetVerticalPlacement(1);
+    symbol->SetHorizontalPlacement(2);
+    element.SetSymbol(symbol);
+    const double width = symbol->MeasureText(0, nullptr, "Abbey Road").xSize / symbol->Size();
+    for (const double points : {10.0, 20.0, 8.0}) {
+        symbol->Font()->SetSize(points);
+        const auto extent = symbol->MeasureText(0, nullptr, "Abbey Road");
+        EXPECT_NEAR(extent.xSize, width * points, 0.01 * extent.xSize);
+        const auto box = BoundsOf(element);
+        EXPECT_NEAR(box[0], 3 - extent.xSize / 72, 1e-12) << points;
+        EXPECT_NEAR(box[1], 5 - extent.ySize / 144, 1e-12) << points;
+        EXPECT_NEAR(box[2], 3, 1e-12) << points;
+        EXPECT_NEAR(box[3], 5 + extent.ySize / 144, 1e-12) << points;
+    }
 }
 
-TEST(TextElement, HasADefaultSymbolOfItsOwnThatParses) {
+TEST(TextElement, HasADefaultSymbolOfItsOwnThatKnowsNoMarkup) {
     const auto engine = std::make_shared<desk::TextEngine>();
-    desk::TextElement first(engine);
+    const desk::TextElement first(engine);
     const desk::TextElement second(engine);
     first.Symbol()->SetSize(36);
     EXPECT_EQ(first.Symbol()->Size(), 36);
     EXPECT_EQ(second.Symbol()->Size(), 10);
-    EXPECT_TRUE(host::As<host::IHostTextParser>(second.Symbol()));
-    const auto shared = std::make_shared<desk::TextSymbol>(engine);
-    first.SetSymbol(shared);
-    EXPECT_EQ(first.Symbol(), shared);
+    const auto parser = host::As<host::IHostTextParser>(second.Symbol());
+    EXPECT_EQ(parser->PlainText("<b>A & B</b> \\n").plain, "<b>A & B</b> \\n");
 }
 
-TEST(Elements, TakeOnlyTheirKindOfGeometryAndKeepItAlive) {
-    desk::TextElement text(std::make_shared<desk::TextEngine>());
+TEST(Elements, RefuseWhatTheyCannotTake) {
+    const auto group = std::make_shared<desk::GroupElement>();
+    group->Add(Rectangle(0, 0, 1, 1));
+    EXPECT_THROW(group->Add(nullptr), Failure);
+    EXPECT_THROW(group->Add(group), Failure);
+    EXPECT_THROW(group->Item(1), Failure);
+    EXPECT_THROW(group->Item(-1), Failure);
+    EXPECT_THROW(group->Remove(Rectangle(0, 0, 1, 1)), Failure);
+    EXPECT_THROW(group->SetValue(1), Failure);
+    EXPECT_NO_THROW(group->SetValue(0));
+
+    const auto engine = std::make_shared<desk::TextEngine>();
+    desk::TextElement text(engine);
+    EXPECT_THROW(text.SetGeometry(std::make_shared<desk::Envelope>()), Failure);
+    EXPECT_NO_THROW(text.SetGeometry(nullptr));
+    EXPECT_THROW(desk::RectangleElement().SetGeometry(std::make_shared<desk::Point>()), Failure);
+
+    desk::TextSymbol symbol(engine);
+    EXPECT_THROW(symbol.SetFont(nullptr), Failure);
+    EXPECT_THROW(symbol.SetColor(nullptr), Failure);
+    EXPECT_THROW(symbol.SetHorizontalPlacement(4), Failure);
+    EXPECT_THROW(symbol.SetVerticalPlacement(-1), Failure);
+    EXPECT_NO_THROW(symbol.SetHorizontalPlacement(3));
+}
+
+TEST(Elements, KeepTheVeryGeometryThatIsSet) {
     desk::RectangleElement rectangle;
-    const auto point = std::make_shared<desk::Point>(1, 2);
     const auto envelope = std::make_shared<desk::Envelope>(1, 2, 3, 4);
-    EXPECT_THROW(text.SetGeometry(envelope), host::Failure);
-    EXPECT_THROW(rectangle.SetGeometry(point), host::Failure);
-    text.SetGeometry(point);
     rectangle.SetGeometry(envelope);
     envelope->Shift(1, 1);
-    EXPECT_EQ(text.Geometry(), point);
     EXPECT_EQ(BoundsOf(rectangle), (std::vector<double>{2, 3, 4, 5}));
-    text.SetGeometry(nullptr);
-    EXPECT_FALSE(text.Geometry());
-}
-
-TEST(Elements, CarryATagAndOneCustomValue) {
-    desk::GroupElement group;
-    EXPECT_TRUE(std::holds_alternative<host::Empty>(group.CustomProperty()));
-    group.SetCustomProperty(std::int16_t{3});
-    EXPECT_EQ(std::get<std::int16_t>(group.CustomProperty()), 3);
-    group.SetName("FRAME");
-    EXPECT_EQ(group.Name(), "FRAME");
+    desk::TextElement text(std::make_shared<desk::TextEngine>());
+    const auto point = std::make_shared<desk::Point>(1, 2);
+    text.SetGeometry(point);
+    EXPECT_EQ(text.Geometry(), point);
 }
 
 TEST(ElementContainer, GivesNullAtTheEndAndStartsAgainAtReset) {
-    const auto first = Rectangle(0, 0, 1, 1);
-    desk::ElementContainer container({first});
-    EXPECT_EQ(container.Next(), first);
-    EXPECT_FALSE(container.Next());
-    EXPECT_FALSE(container.Next());
-    container.Reset();
-    EXPECT_EQ(container.Next(), first);
+    const auto only = Rectangle(0, 0, 1, 1);
+    desk::ElementContainer container({only});
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(container.Next(), only);
+        EXPECT_FALSE(container.Next());
+        EXPECT_FALSE(container.Next());
+        container.Reset();
+    }
+}
+
+TEST(Symbols, ShareWhatIsSetOnThemUntilCopied) {
+    desk::TextSymbol symbol(std::make_shared<desk::TextEngine>());
+    const auto font = std::make_shared<desk::Font>();
+    symbol.SetFont(font);
+    const auto copy = std::dynamic_pointer_cast<desk::TextSymbol>(symbol.Copy());
+    symbol.SetSize(36);
+    symbol.Color()->SetRGB(0xFF);
+    EXPECT_EQ(font->Size(), 36);
+    EXPECT_EQ(copy->Size(), 10);
+    EXPECT_EQ(copy->Color()->RGB(), 0U);
+
+    desk::FillSymbol fill;
+    EXPECT_FALSE(fill.Outline());
+    fill.SetOutline(std::make_shared<desk::LineSymbol>());
+    const auto filled = std::dynamic_pointer_cast<desk::FillSymbol>(fill.Copy());
+    fill.Outline()->Color()->SetTransparent(true);
+    ASSERT_TRUE(filled->Outline());
+    EXPECT_FALSE(filled->Outline()->Color()->Transparent());
+}
+
+TEST(Envelope, KeepsItsLowerEdgeWhenTheHeightChanges) {
+    desk::Envelope envelope(1, 2, 5, 4);
+    envelope.SetHeight(3);
+    envelope.Shift(0, -1);
+    EXPECT_EQ(envelope.YMin(), 1);
+    EXPECT_EQ(envelope.TopLeft()->X(), 1);
+    EXPECT_EQ(envelope.TopLeft()->Y(), 4);
+    EXPECT_EQ(envelope.Height(), 3);
+}
+
+TEST(HangingBox, HangsATextByItsPlacements) {
+    struct Case {
+        int horizontal;
+        int vertical;
+        double angle;
+        desk::Box box;
+    };
+    // A text of 2 by 1 inches.
+    const host::TextExtent extent{144, 72};
+    const Case cases[] = {{0, 0, 0, {0, -1, 2, 0}},      {1, 1, 0, {-1, -0.5, 1, 0.5}},
+                          {2, 3, 0, {-2, 0, 0, 1}},      {3, 2, 0, {0, 0, 2, 1}},
+                          {0, 3, 90, {-1, 0, 0, 2}},     {0, 0, 180, {-2, 0, 0, 1}},
+                          {1, 1, 90, {-0.5, -1, 0.5, 1}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.horizontal << ' ' << c.vertical << ' ' << c.angle);
+        const auto box = desk::HangingBox(extent, c.horizontal, c.vertical, c.angle);
+        EXPECT_NEAR(box.xmin, c.box.xmin, 1e-12);
+        EXPECT_NEAR(box.ymin, c.box.ymin, 1e-12);
+        EXPECT_NEAR(box.xmax, c.box.xmax, 1e-12);
+        EXPECT_NEAR(box.ymax, c.box.ymax, 1e-12);
+    }
 }
 
 }  // namespace

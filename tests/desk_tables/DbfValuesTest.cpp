@@ -23,7 +23,6 @@ struct ValueCase {
 };
 
 const std::vector<ValueCase> kValues = {
-    {{"F", 'N', 10}, "12", 12},
     {{"F", 'N', 10}, "-7", -7},
     {{"F", 'N', 10}, "+7", 7},
     {{"F", 'N', 10, 2}, "12.00", 12},
@@ -46,7 +45,6 @@ const std::vector<ValueCase> kValues = {
     {{"F", 'D', 8}, "20230229", Null{}, true},
     {{"F", 'D', 8}, "", Null{}},
     {{"F", 'D', 8}, "00000000", Null{}},
-    {{"F", 'L', 1}, "T", true},
     {{"F", 'L', 1}, "n", false},
     {{"F", 'L', 1}, "?", Null{}},
     {{"F", 'L', 1}, Text(1, '\0'), Null{}},
@@ -66,33 +64,22 @@ TEST(DbfValues, AreReadByType) {
 
 struct EncodingCase {
     std::uint8_t driver;
-    std::string cpg;
-    std::string bytes;
-    std::string text;
-    std::string encoding;
+    std::string cpg, bytes, text, encoding;
 };
 
 TEST(DbfValues, AreDecoded) {
     const support::TemporaryFolder folder;
-    const std::vector<EncodingCase> cases = {
-        {0x57, "", "caf\xE9", "caf\u00e9", "windows-1252"},
-        {0x57, "UTF-8", "caf\xC3\xA9", "caf\u00e9", "UTF-8"},
-        {0, "65001\r\n", "caf\xC3\xA9", "caf\u00e9", "UTF-8"},
-        {0, "ANSI 1251", "\xC0", "\u0410", "windows-1251"},
-        {0, "OEM 437", "\x82", "\u00e9", "IBM437"},
-        {0, "LDID/87", "\xE9", "\u00e9", "windows-1252"},
-        {0, "88592", "\xB1", "\u0105", "ISO-8859-2"},
-        {0x65, "nonsense", "\x80", "\u0410", "IBM866"},
-        {0, "", "caf\xE9", "caf\u00e9", "windows-1252"},
-        {0, "", "12345678\xC3\xA9", "12345678\u00e9", "UTF-8"},
-        // The field's end cut the last character off.
-        {0, "", "123456\xC3\xA9\xE2\x82", "123456\u00e9", "UTF-8"},
-        {0, "UTF-8",
-         "a\xFF"
-         "b",
-         "a\uFFFD"
-         "b",
-         "UTF-8"}};
+    const EncodingCase cases[] = {{0x57, "UTF-8", "caf\xC3\xA9", "café", "UTF-8"},
+                                  {0, "65001\r\n", "caf\xC3\xA9", "café", "UTF-8"},
+                                  {0, "ANSI 1251", "\xC0", "А", "windows-1251"},
+                                  {0, "OEM 437", "\x82", "é", "IBM437"},
+                                  {0, "LDID/87", "\xE9", "é", "windows-1252"},
+                                  {0, "88592", "\xB1", "ą", "ISO-8859-2"},
+                                  {0x65, "nonsense", "\x80", "А", "IBM866"},
+                                  {0, "", "caf\xE9", "café", "windows-1252"},
+                                  // The field's end cut the last character off.
+                                  {0, "", "123456\xC3\xA9\xE2\x82", "123456é", "UTF-8"},
+                                  {0, "UTF-8", "a\xFF!", "a\uFFFD!", "UTF-8"}};
     for (const EncodingCase& example : cases) {
         SCOPED_TRACE(example.cpg + " " + example.text);
         std::filesystem::remove(folder.File("a.cpg"));
@@ -118,11 +105,10 @@ TEST(DbfValues, RowsKeepTheirRecordNumbersAndLives) {
     DbfTable table(folder.File("a.dbf"));
     const auto cursor = table.Search(nullptr, false);
     const auto first = cursor->NextRow();
-    const auto third = cursor->NextRow();
+    EXPECT_EQ(cursor->NextRow()->OID(), 3);
     EXPECT_EQ(cursor->NextRow(), nullptr);
     EXPECT_EQ(cursor->NextRow(), nullptr);
     EXPECT_EQ(first->OID(), 1);
-    EXPECT_EQ(third->OID(), 3);
     EXPECT_EQ(first->Value(0), Variant(Text("one")));
 
     const auto recycling = table.Search(nullptr, true);

@@ -2,12 +2,12 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "desk/text/CairoGlyphs.h"
 #include "desk/text/SetTexts.h"
 #include "desk/text/TextEngine.h"
+#include "support/InkBox.h"
 
 namespace {
 
@@ -42,11 +42,7 @@ TEST(Measure, CountsLinesAndTakesTheWidest) {
         EXPECT_DOUBLE_EQ(size.xSize, text.width) << text.text;
         EXPECT_DOUBLE_EQ(size.ySize, text.lines * line) << text.text;
     }
-}
-
-TEST(Measure, LinesAreEvenWhateverFontStandsIn) {
-    TextEngine engine;
-    const double line = engine.Measure(kSans, "x").ySize;
+    // Lines are as high whatever font stands in.
     for (const char* text :
          {"北京市", "東京 Tokyo", "مكة", "ירושלים", "ไทย", "दिल्ली", "\xFF\xFE"}) {
         const auto size = engine.Measure(kSans, text);
@@ -65,20 +61,6 @@ TEST(Measure, SizesGrowWithTheFontAndFollowNoResolution) {
     EXPECT_GT(engine.Measure({"DejaVu Sans", 7, true}, text).xSize, small.xSize);
 }
 
-TEST(Measure, ADotAlwaysAddsTheSameWidth) {
-    TextEngine engine;
-    for (const char* family : {"DejaVu Sans", "Liberation Serif", "Noto Sans"}) {
-        const FontSpec font{family, 8, false};
-        const double dot = engine.Measure(font, "..").xSize - engine.Measure(font, ".").xSize;
-        std::string text = "Oak Ave.";
-        for (int i = 0; i < 200; ++i) {
-            const double before = engine.Measure(font, text).xSize;
-            text += '.';
-            EXPECT_DOUBLE_EQ(engine.Measure(font, text).xSize, before + dot) << family;
-        }
-    }
-}
-
 TEST(Substitutions, NameFamiliesThatAreMissingOnce) {
     TextEngine engine;
     for (const char* family : {"DejaVu Sans", "dejavu sans", "sans-serif", "No Such Family",
@@ -95,36 +77,29 @@ TEST(Substitutions, NameFamiliesThatAreMissingOnce) {
 }
 
 struct Ink {
-    double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
+    double left, top, right, bottom;
 };
 
 /// Where a drawn text leaves ink, in points from its point.
 Ink InkOf(TextEngine& engine, const std::string& text, const TextPlacement& placement) {
     constexpr int kSide = 800;
     constexpr double kScale = 4;
-    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
-        cairo_image_surface_create(CAIRO_FORMAT_A8, kSide, kSide), &cairo_surface_destroy);
-    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context(cairo_create(surface.get()),
-                                                                     &cairo_destroy);
+    const std::unique_ptr<cairo_surface_t, desk::Releaser<cairo_surface_destroy>> surface(
+        cairo_image_surface_create(CAIRO_FORMAT_A8, kSide, kSide));
+    const std::unique_ptr<cairo_t, desk::Releaser<cairo_destroy>> context(
+        cairo_create(surface.get()));
     cairo_translate(context.get(), kSide / 2, kSide / 2);
     cairo_scale(context.get(), kScale, kScale);
     desk::CairoGlyphs canvas(context.get());
-    const desk::PlacedText placed{&engine.Find(kSans), text, placement, 0, 0};
-    engine.Draw(canvas, placed);
+    engine.Draw(canvas, {&engine.Find(kSans), text, placement, 0, 0});
     EXPECT_EQ(cairo_status(context.get()), CAIRO_STATUS_SUCCESS);
     cairo_surface_flush(surface.get());
     const unsigned char* const data = cairo_image_surface_get_data(surface.get());
     const int stride = cairo_image_surface_get_stride(surface.get());
-    Ink ink;
-    for (int y = 0; y < kSide; ++y)
-        for (int x = 0; x < kSide; ++x)
-            if (data[y * stride + x] > 64) {
-                ink.left = std::min(ink.left, (x - kSide / 2) / kScale);
-                ink.right = std::max(ink.right, (x + 1 - kSide / 2) / kScale);
-                ink.top = std::min(ink.top, (y - kSide / 2) / kScale);
-                ink.bottom = std::max(ink.bottom, (y + 1 - kSide / 2) / kScale);
-            }
-    return ink;
+    const auto box =
+        support::FindInk(kSide, kSide, [&](int x, int y) { return data[y * stride + x] > 64; });
+    const auto points = [](int pixel) { return (pixel - kSide / 2) / kScale; };
+    return {points(box.left), points(box.top), points(box.right + 1), points(box.bottom + 1)};
 }
 
 TEST(Draw, InkStandsWhereThePlacementSays) {
@@ -154,15 +129,11 @@ TEST(Draw, InkStandsWhereThePlacementSays) {
 
 TEST(Draw, LinesAlignWithinTheBox) {
     TextEngine engine;
-    const double wide = engine.Measure(kSans, "HHHHHH").xSize;
-    const double narrow = engine.Measure(kSans, "HH").xSize;
-    // The second line alone shows where it stands.
-    EXPECT_NEAR(InkOf(engine, " \nHH", {0, 0, 0}).left, 0, 1.2);
-    const double apart =
-        InkOf(engine, "HH", {1, 0, 0}).left - InkOf(engine, "HHHHHH", {1, 0, 0}).left;
-    EXPECT_NEAR(apart, (wide - narrow) / 2, 0.3);
-    EXPECT_NEAR(InkOf(engine, "HHHHHH\nHH", {2, 0, 0}).right, InkOf(engine, "HH", {2, 0, 0}).right,
-                0.3);
+    for (const int across : {0, 1, 2}) {
+        // The second line alone shows where it stands.
+        const Ink ink = InkOf(engine, "                \nHH", {across, 0, 0});
+        EXPECT_NEAR(std::lerp(ink.left, ink.right, across / 2.0), 0, 1.2) << across;
+    }
 }
 
 TEST(Draw, StaysWithinItsBoundsAtAnyAngle) {

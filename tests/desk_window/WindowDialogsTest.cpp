@@ -55,7 +55,6 @@ TEST(WindowDialogs, ShowsAFailureWithItsFactsAndItsStackToCopy) {
     std::string text = "Stack\r\n";
     for (int i = 0; i < 500; ++i) text += "\tProcedure " + std::to_string(i) + "\r\n";
     WhenModal([&](QWidget& shown) {
-        EXPECT_EQ(shown.windowTitle(), "Unexpected Program Error");
         EXPECT_EQ(Part<QLabel>(shown, "cause").text(), "There is no <b>field</b> Foo.");
         EXPECT_EQ(Part<QLabel>(shown, "cause").textFormat(), Qt::PlainText);
         QStringList labels;
@@ -75,28 +74,19 @@ TEST(WindowDialogs, ShowsAFailureWithItsFactsAndItsStackToCopy) {
 }
 
 TEST(WindowDialogs, TellsAnEmptyAnswerFromNone) {
-    struct Case {
-        const char* typed;
-        Qt::Key end;
-        std::optional<std::string> answer;
-    };
-    const Case cases[] = {{"Ref", Qt::Key_Return, "Ref"},
-                          {"", Qt::Key_Return, "Old"},
-                          {"\b", Qt::Key_Return, ""},
-                          {"Ref", Qt::Key_Escape, std::nullopt}};
-    for (const Case& one : cases) {
-        WhenModal([&](QWidget& shown) {
-            auto* edit = shown.findChild<QLineEdit*>();
+    const std::pair<std::vector<Qt::Key>, std::optional<std::string>> cases[] = {
+        {{Qt::Key_R, Qt::Key_Return}, "r"},
+        {{Qt::Key_Return}, "Old"},
+        {{Qt::Key_Backspace, Qt::Key_Return}, ""},
+        {{Qt::Key_R, Qt::Key_Escape}, std::nullopt}};
+    for (const auto& [keys, answer] : cases) {
+        WhenModal([keys = keys](QWidget& shown) {
             EXPECT_EQ(shown.windowTitle(), "Name");
             EXPECT_EQ(shown.findChild<QLabel*>()->textFormat(), Qt::PlainText);
-            EXPECT_EQ(edit->selectedText(), "Old");
-            if (one.typed == std::string("\b"))
-                QTest::keyClick(edit, Qt::Key_Backspace);
-            else
-                QTest::keyClicks(edit, one.typed);
-            QTest::keyClick(edit, one.end);
+            auto* edit = shown.findChild<QLineEdit*>();
+            for (const Qt::Key key : keys) QTest::keyClick(edit, key);
         });
-        EXPECT_EQ(Dialogs().InputBox("New <i>column</i>", "Name", "Old"), one.answer);
+        EXPECT_EQ(Dialogs().InputBox("New <i>column</i>", "Name", "Old"), answer);
     }
 }
 

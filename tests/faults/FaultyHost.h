@@ -1,9 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <string>
-#include <utility>
 
 #include "host/Host.h"
 
@@ -14,7 +12,7 @@ class Faults {
 public:
     static constexpr char kSentence[] = "The injected fault struck.";
 
-    /// Counts from 1 again and lets that call fail; 0: none; negative: none, and keeps Calls.
+    /// Counts from 1 again and lets that call fail; 0: none.
     void FailAt(std::int64_t call) {
         count_ = 0;
         failAt_ = call;
@@ -22,10 +20,7 @@ public:
     }
     /// To be called at the beginning of every operation.
     void Tick(const char* interface, const char* operation) {
-        if (++count_ != failAt_) {
-            if (failAt_ < 0) ++calls_[{interface, operation}];
-            return;
-        }
+        if (++count_ != failAt_) return;
         struck_ = std::string(interface) + '.' + operation;
         throw host::Failure(host::kFailureUnspecified, struck_, kSentence);
     }
@@ -33,16 +28,11 @@ public:
     std::int64_t Count() const { return count_; }
     /// The operation that failed; empty if none did.
     const std::string& Struck() const { return struck_; }
-    /// Calls by interface and operation.
-    const std::map<std::pair<std::string, std::string>, std::int64_t>& Calls() const {
-        return calls_;
-    }
 
 private:
     std::int64_t count_ = 0;
     std::int64_t failAt_ = 0;
     std::string struck_;
-    std::map<std::pair<std::string, std::string>, std::int64_t> calls_;
 };
 
 /// The host with every object that it makes, or that is had from these, wrapped so that their calls

@@ -12,45 +12,46 @@ TEST_P(HostFaults, AreToldAndLoseNothing) {
     Tell(GetParam());
 }
 
+void Bind(StoryTest& h) {
+    h.Bind();
+}
+
+void DrawFirst(StoryTest& h) {
+    h.Bind();
+    h.Draw(1);
+}
+
+void Ask(StoryTest& h) {
+    h.manager->SetDefaultPageNumber(2);
+    h.Note(std::to_string(std::get<std::int32_t>(h.manager->PageCount())));
+    for (std::int32_t page = 1; page <= 2; ++page) {
+        h.Note(h.manager->FirstListing(page) + '|' + h.manager->LastListing(page));
+        const auto name = h.manager->PageName(page);
+        if (const auto* text = std::get_if<std::string>(&name)) h.Note(*text);
+    }
+}
+
+void PutOnAndTakeOff(StoryTest& h) {
+    const auto noteOther = [&] { h.Note(h.manager->IsGazetteerElement(h.other) ? "on" : "off"); };
+    const auto fresh = h.manager->MakeGazetteerProperties();
+    if (fresh) h.manager->AddGazetteerProperties(h.other, fresh);
+    noteOther();
+    h.manager->RemoveGazetteerProperties(h.other);
+    noteOther();
+}
+
 const Story kStories[] = {
-    {"Check", 2, [](StoryTest&) {},
-     [](StoryTest& h) { h.Note(h.manager->CanDrawIndex(h.element) ? "drawable" : "not"); }},
-    {"BindAndRun", 4, [](StoryTest&) {}, [](StoryTest& h) { h.Bind(); }},
-    {"Reload", 4, [](StoryTest& h) { h.Bind(); }, [](StoryTest& h) { h.Bind(); }},
-    {"DrawAPage", 0,
-     [](StoryTest& h) {
-         h.Bind();
-         h.Draw(1);
-     },
-     [](StoryTest& h) { h.Draw(2); }},
-    {"Draft", 0,
-     [](StoryTest& h) {
-         h.Bind();
-         h.Draw(1);
-     },
-     [](StoryTest& h) { h.manager->DraftMode(); }},
-    {"Queries", 0, [](StoryTest& h) { h.Bind(); },
-     [](StoryTest& h) {
-         h.manager->SetDefaultPageNumber(2);
-         h.Note(std::to_string(std::get<std::int32_t>(h.manager->PageCount())));
-         for (std::int32_t page = 1; page <= 2; ++page) {
-             h.Note(h.manager->FirstListing(page) + '|' + h.manager->LastListing(page));
-             if (const auto name = h.manager->PageName(page);
-                 const auto* text = std::get_if<std::string>(&name))
-                 h.Note(*text);
-         }
-     }},
-    {"PutOnAndTakeOff", 3, [](StoryTest&) {},
-     [](StoryTest& h) {
-         const auto fresh = h.manager->MakeGazetteerProperties();
-         if (fresh) h.manager->AddGazetteerProperties(h.other, fresh);
-         h.Note(h.manager->IsGazetteerElement(h.other) ? "on" : "off");
-         h.manager->RemoveGazetteerProperties(h.other);
-         h.Note(h.manager->IsGazetteerElement(h.other) ? "on" : "off");
-     }},
+    {.name = "Check",
+     .probes = 2,
+     .act = [](StoryTest& h) { h.Note(h.manager->CanDrawIndex(h.element) ? "drawable" : "not"); }},
+    {.name = "BindAndRun", .probes = 4, .act = Bind},
+    {.name = "Reload", .probes = 4, .prepare = Bind, .act = Bind},
+    {.name = "DrawAPage", .prepare = DrawFirst, .act = [](StoryTest& h) { h.Draw(2); }},
+    {.name = "Draft", .prepare = DrawFirst, .act = [](StoryTest& h) { h.manager->DraftMode(); }},
+    {.name = "Queries", .prepare = Bind, .act = Ask},
+    {.name = "PutOnAndTakeOff", .probes = 3, .act = PutOnAndTakeOff},
 };
 
-INSTANTIATE_TEST_SUITE_P(AllOf, HostFaults, testing::ValuesIn(kStories),
-                         [](const auto& story) { return std::string(story.param.name); });
+INSTANTIATE_TEST_SUITE_P(AllOf, HostFaults, testing::ValuesIn(kStories), faults::NameOf);
 
 }  // namespace

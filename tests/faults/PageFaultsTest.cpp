@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
+#include "desk/window/ObjectSet.h"
 #include "faults/StoryTest.h"
 #include "page/GazetteerPropertyPage.h"
 #include "page/SetDump.h"
@@ -14,19 +15,6 @@ namespace {
 using faults::Story;
 using faults::StoryTest;
 
-class OneElement final : public host::IHostObjectSet {
-public:
-    explicit OneElement(host::Ref<host::IHostObject> element) : element_(std::move(element)) {}
-    void Reset() override { given_ = false; }
-    host::Ref<host::IHostObject> Next() override {
-        return std::exchange(given_, true) ? nullptr : element_;
-    }
-
-private:
-    host::Ref<host::IHostObject> element_;
-    bool given_ = false;
-};
-
 class Site final : public host::IHostPageSite {
 public:
     void PageChanged() override {}
@@ -37,7 +25,8 @@ class Sheet {
 public:
     explicit Sheet(StoryTest& story) : page(story.host) {
         page.SetPageSite(std::make_shared<Site>());
-        page.SetObjects(std::make_shared<OneElement>(story.element));
+        page.SetObjects(std::make_shared<desk::ObjectSet>(
+            std::vector<host::Ref<host::IHostObject>>{story.element}));
         form = qobject_cast<gazetteer::frmGazetteerPropertyPage*>(
             QWidget::find(static_cast<WId>(page.Activate())));
         page.Show();
@@ -98,18 +87,27 @@ TEST_P(PageFaults, AreToldAndLoseNothing) {
     Tell(GetParam());
 }
 
+void OpenAndEdit(StoryTest& story) {
+    Open(story);
+    Edit(story);
+}
+
 const Story kStories[] = {
-    {"Open", 4, Close, Open, Close, WorkingCopy},
-    {"Edit", 0, Open, Edit, Open, WorkingCopy, 3},
-    {"Apply", 6,
-     [](StoryTest& story) {
-         Open(story);
-         Edit(story);
-     },
-     [](StoryTest&) { theSheet->page.Apply(); }, [](StoryTest&) {}, WorkingCopy, 11},
+    {.name = "Open",
+     .probes = 4,
+     .prepare = Close,
+     .act = Open,
+     .again = Close,
+     .look = WorkingCopy},
+    {.name = "Edit", .prepare = Open, .act = Edit, .again = Open, .look = WorkingCopy, .stride = 3},
+    {.name = "Apply",
+     .probes = 6,
+     .prepare = OpenAndEdit,
+     .act = [](StoryTest&) { theSheet->page.Apply(); },
+     .look = WorkingCopy,
+     .stride = 11},
 };
 
-INSTANTIATE_TEST_SUITE_P(AllOf, PageFaults, testing::ValuesIn(kStories),
-                         [](const auto& story) { return std::string(story.param.name); });
+INSTANTIATE_TEST_SUITE_P(AllOf, PageFaults, testing::ValuesIn(kStories), faults::NameOf);
 
 }  // namespace

@@ -15,14 +15,16 @@ class StoryTest;
 
 /// Something that is done with a gazetteer, each of whose calls of the host fails in turn.
 struct Story {
+    using Step = void (*)(StoryTest&);
+
     const char* name;
     /// Reads of the guarded probe for a gazetteer's properties in it: a failing one counts as an
     /// absent key by rule, which is told in other words or answered with no.
-    int probes;
-    void (*prepare)(StoryTest&);
-    void (*act)(StoryTest&);
+    int probes = 0;
+    Step prepare = [](StoryTest&) {};
+    Step act;
     /// What there is to do before acting again after a failure.
-    void (*again)(StoryTest&) = [](StoryTest&) {};
+    Step again = [](StoryTest&) {};
     /// More that must come out the same.
     std::string (*look)() = [] { return std::string(); };
     /// Only each so-many-th call fails, where every pass takes long.
@@ -30,6 +32,10 @@ struct Story {
 
     friend void PrintTo(const Story& story, std::ostream* stream) { *stream << story.name; }
 };
+
+inline std::string NameOf(const testing::TestParamInfo<Story>& story) {
+    return story.param.name;
+}
 
 /// A linked gazetteer of two pages on the real desk, every call of whose objects is counted and may
 /// fail.
@@ -58,10 +64,10 @@ private:
     void StartAnew(const Story& story);
     void Act(const Story& story, std::int64_t failAt);
     std::string Outcome(const Story& story);
-    bool WasTold();
-    bool OthersAreThere();
+    /// Whether the user was told of the fault, or it did no harm.
+    bool IsTold(const Story& story, const std::string& good);
     std::string UserSettings();
-    void ExpectWholeResults(const std::string& where);
+    void ExpectNothingHalfDone();
 
     host::Ref<host::IHostGroupElement> pristine_;
     host::Ref<host::IHostGroupElement> bare_;

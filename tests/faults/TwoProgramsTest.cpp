@@ -3,12 +3,13 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "faults/Child.h"
+#include "app/Program.h"
 
 /// Two programs on one document: the second is told, and what the first wrote stays.
 namespace {
 
-using faults::Child;
+using tests::Child;
+using tests::Contains;
 
 constexpr int kRaces = 12;
 
@@ -34,10 +35,9 @@ TEST_F(TwoPrograms, WhoReadBeforeTheOtherWroteIsRefused) {
     slow.Continue();
     const auto outcome = slow.End();
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.errors.find("\"long.json\" cannot be written: another program has changed it "
-                                  "since it was read."),
-              std::string::npos)
-        << outcome.errors;
+    EXPECT_TRUE(Contains(outcome.errors,
+                         "\"long.json\" cannot be written: another program has "
+                         "changed it since it was read."));
     EXPECT_EQ(program.Bytes("long.json"), theirs);
     program.Done({"draw", "long.json", "--page", "2"});
 }
@@ -55,8 +55,7 @@ TEST_F(TwoPrograms, NoChangeIsLostWithoutAWord) {
         for (auto* child : {&one, &other}) {
             if (child->End().status == 0) continue;
             ++refused;
-            EXPECT_NE(child->End().errors.find("another program"), std::string::npos)
-                << child->End().errors;
+            EXPECT_TRUE(Contains(child->End().errors, "another program"));
         }
         const auto stored = program.Stored("d.json");
         EXPECT_EQ(stored["RepeatSpacing"] == std::stod("0." + value + "5"), oneDone);
@@ -83,7 +82,7 @@ TEST_F(TwoPrograms, ALockIsToldAndGoesWithItsHolder) {
     ASSERT_EQ(::flock(file, LOCK_EX), 0);
     const auto outcome = program.Run({"set", "d.json", "DefaultPage=2"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.errors.find("another program is just saving it"), std::string::npos);
+    EXPECT_TRUE(Contains(outcome.errors, "another program is just saving it"));
     EXPECT_EQ(program.Bytes("d.json"), before);
     ::close(file);
     program.Done({"set", "d.json", "DefaultPage=2"});

@@ -1,18 +1,22 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 
+#include "support/Assignments.h"
 #include "support/TestDesk.h"
+#include "support/Text.h"
 
 namespace gazetteer {
 namespace {
 
+using support::Store;
 using support::TestDesk;
 
 // A random gazetteer whose references are unique, so that a drawn row tells its listing.
 struct RandomGazetteer {
     explicit RandomGazetteer(unsigned seed, desk::DeskOptions options = {})
         : random(seed), desk(std::move(options)) {
-        std::vector<std::vector<std::string>> rows;
+        TestDesk::Rows rows;
         const int count = Number(1, 160);
         for (int i = 0; i < count; ++i) rows.push_back({Name(), "r" + std::to_string(i)});
         const int listingWidth = Number(7, 18);
@@ -21,9 +25,9 @@ struct RandomGazetteer {
         element = desk.NewGazetteer(desk.ListingTable(rows),
                                     (listingWidth + pageWidth + Number(0, 60)) / 10.0,
                                     Number(15, 60) / 10.0);
-        desk.Column(element, "Page")->SetItem("Expression", std::string("[Ref]"));
+        desk.Column(element, "Page")->SetItem("Expression", "[Ref]");
         if (Number(0, 1) == 1)
-            desk.Column(element, "Listing")->SetItem("Expression", std::string("[Listing]$$DOTS"));
+            desk.Column(element, "Listing")->SetItem("Expression", "[Listing]$$DOTS");
         for (const char* column : {"Listing", "Page"}) {
             const auto set = desk.Column(element, column);
             set->SetItem("ColumnFontSymbol",
@@ -35,19 +39,19 @@ struct RandomGazetteer {
             set->SetItem("AlternateBackground", Number(0, 1) == 1);
             set->SetItem("ColorBackground", Number(0, 3) > 0);
         }
-        const auto properties = desk.Properties(element);
-        properties->SetItem("RepeatColumns", Number(0, 3) > 0);
-        properties->SetItem("RepeatSpacing", Number(0, 4) / 10.0);
-        properties->SetItem("ClearRepeatingText", Number(0, 1) == 1);
-        properties->SetItem("AddStartingBreak", Number(0, 1) == 1);
-        properties->SetItem("CombineListings", false);
+        Store(desk, element,
+              {{"RepeatColumns", Number(0, 3) > 0},
+               {"RepeatSpacing", Number(0, 4) / 10.0},
+               {"ClearRepeatingText", Number(0, 1) == 1},
+               {"AddStartingBreak", Number(0, 1) == 1},
+               {"CombineListings", false}});
     }
 
     int Number(int from, int to) { return std::uniform_int_distribution(from, to)(random); }
 
     std::string Name() {
-        static const std::vector<std::string> words = {"Abbey", "ash", "Birch", "Canal Street",
-                                                       "42nd",  "7",   "élan",  "Zion Hill Road"};
+        static const auto words =
+            Split("Abbey|ash|Birch|Canal Street|42nd|7|élan|Zion Hill Road", '|');
         std::string name;
         for (int i = Number(1, 4); i > 0; --i)
             name += (name.empty() ? "" : " ") +
@@ -60,17 +64,20 @@ struct RandomGazetteer {
     host::Ref<host::IHostGroupElement> element;
 };
 
-// References of the rows drawn, in the order in which they stand on the page.
-std::vector<std::string> DrawnReferences(const host::IHostGroupElement& element) {
-    std::vector<std::string> references;
-    for (const auto& row : TestDesk::Members(element, "ROWGROUP"))
-        references.push_back(TestDesk::CellText(*row, 1));
-    return references;
+// Texts of a column of the rows drawn, in the order in which they stand on the page.
+std::vector<std::string> Drawn(const host::IHostGroupElement& element, const char* rows,
+                               int column) {
+    std::vector<std::string> texts;
+    for (const auto& row : TestDesk::Members(element, rows))
+        texts.push_back(TestDesk::CellText(*row, column));
+    return texts;
 }
 
-std::vector<std::string> NumberedReferences(CVNGazetteerManager& manager, int page) {
-    const auto rows = TestDesk::SetIn(*manager.Working().pageGroups, std::to_string(page));
+// References of the listings, in the order of the index or of one of its pages.
+std::vector<std::string> References(CVNGazetteerManager& manager, std::int32_t page = 0) {
     const auto cells = TestDesk::SetIn(*manager.Working().listings, "Page");
+    auto rows = cells;
+    if (page > 0) rows = TestDesk::SetIn(*manager.Working().pageGroups, std::to_string(page));
     std::vector<std::string> references;
     for (const auto& row : rows->AllItems().names)
         references.push_back(std::get<std::string>(cells->Item(row)));
@@ -109,8 +116,8 @@ TEST(Pages, RandomGazetteersKeepTheirPromises) {
             ++pagesSeen;
             manager.SetIndexToPageNumber(page);
             ASSERT_EQ(random.desk.Dialogs().LastCause(), "");
-            const auto numbered = NumberedReferences(manager, page);
-            EXPECT_EQ(DrawnReferences(*random.element), numbered) << "page " << page;
+            const auto numbered = References(manager, page);
+            EXPECT_EQ(Drawn(*random.element, "ROWGROUP", 1), numbered) << "page " << page;
             all.insert(all.end(), numbered.begin(), numbered.end());
             ExpectInsideFrame(random.desk, *random.element, manager.BoundSettings().repeatSpacing);
 
@@ -122,11 +129,7 @@ TEST(Pages, RandomGazetteersKeepTheirPromises) {
             manager.SetIndexToPageNumber(page);
             EXPECT_EQ(random.desk.Dump(*random.element), tree);
         }
-        std::vector<std::string> listings;
-        const auto cells = TestDesk::SetIn(*manager.Working().listings, "Page");
-        for (const auto& value : cells->AllItems().values)
-            listings.push_back(std::get<std::string>(value));
-        EXPECT_EQ(all, listings);
+        EXPECT_EQ(all, References(manager));
     }
     EXPECT_GT(pagesSeen, 150);
 }
@@ -153,27 +156,26 @@ TEST(Pages, QuickSizesChangeNothing) {
     }
 }
 
-// Ten rows of one line each in a frame that takes four beside and below a title.
+// Rows of one line each, in two columns an inch wide.
 class SmallPages : public ::testing::Test {
 protected:
     void Make(int count, double width, double height) {
-        std::vector<std::vector<std::string>> rows;
+        TestDesk::Rows rows;
         for (int i = 0; i < count; ++i) rows.push_back({std::string(1, char('a' + i)), "1"});
         element = desk.NewGazetteer(desk.ListingTable(rows), width, height);
-        for (const char* column : {"Listing", "Page"}) {
-            desk.Column(element, column)->SetItem("ColumnWidth", 1.0);
-            desk.Column(element, column)->SetItem("ShowTitle", false);
-            desk.Column(element, column)->SetItem("BreakColumn", false);
-        }
+        for (const std::string column : {"Listing", "Page"})
+            Store(desk, element,
+                  {{column + ".ColumnWidth", 1.0},
+                   {column + ".ShowTitle", false},
+                   {column + ".BreakColumn", false}});
     }
     CVNGazetteerManager& Bind() {
         manager = std::make_unique<CVNGazetteerManager>(desk.HostRef());
         manager->SetIndexElement(element);
         return *manager;
     }
-    double RowHeight() {
-        return desk.Bounds(*TestDesk::Members(*element, "ROWGROUP").at(0))->Height();
-    }
+    std::int32_t PageCount() { return std::get<std::int32_t>(Bind().PageCount()); }
+    double Foot() { return element->Geometry()->Bounds()->YMin(); }
     TestDesk desk;
     host::Ref<host::IHostGroupElement> element;
     std::unique_ptr<CVNGazetteerManager> manager;
@@ -182,21 +184,18 @@ protected:
 TEST_F(SmallPages, EqualityAtTheEdges) {
     Make(4, 2, 5);
     Bind().SetIndexToPageNumber(1);
-    const double line = RowHeight();
-    // Four rows that fill the frame to the last fraction fit.
+    const double line = desk.Bounds(*TestDesk::Members(*element, "ROWGROUP").at(0))->Height();
     double four = 0;
     for (int i = 0; i < 4; ++i) four += line;
-    Make(4, 2, four);
-    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 1);
-    Make(5, 2, four);
-    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 2);
-    // A second column group needs more than exactly the frame's width.
-    Make(5, 4.25, four);
-    desk.Properties(element)->SetItem("RepeatSpacing", 0.25);
-    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 2);
-    Make(5, 4.26, four);
-    desk.Properties(element)->SetItem("RepeatSpacing", 0.25);
-    EXPECT_EQ(std::get<std::int32_t>(Bind().PageCount()), 1);
+    for (const auto& [what, rows, width, pages] :
+         {std::tuple{"rows that fill the frame to the last fraction fit", 4, 2.0, 1},
+          {"one more does not", 5, 2.0, 2},
+          {"two column groups need more than the width", 5, 4.25, 2},
+          {"and take a little more", 5, 4.26, 1}}) {
+        Make(rows, width, four);
+        desk.Properties(element)->SetItem("RepeatSpacing", 0.25);
+        EXPECT_EQ(PageCount(), pages) << what;
+    }
 }
 
 TEST_F(SmallPages, FeetOfColumnsAreStretchedButTheLast) {
@@ -204,85 +203,67 @@ TEST_F(SmallPages, FeetOfColumnsAreStretchedButTheLast) {
     Bind().SetIndexToPageNumber(1);
     const auto rows = TestDesk::Members(*element, "ROWGROUP");
     ASSERT_EQ(rows.size(), 6U);
-    int atFoot = 0;
-    for (const auto& row : rows)
-        atFoot += desk.Bounds(*row)->YMin() < 1e-9 + element->Geometry()->Bounds()->YMin();
+    const auto atFoot = std::ranges::count_if(
+        rows, [&](const auto& row) { return desk.Bounds(*row)->YMin() < Foot() + 1e-9; });
     EXPECT_EQ(atFoot, 1);
-    EXPECT_GT(desk.Bounds(*rows.back())->YMin(), element->Geometry()->Bounds()->YMin());
+    EXPECT_GT(desk.Bounds(*rows.back())->YMin(), Foot());
 }
 
-TEST_F(SmallPages, RowTallerThanTheFrameStandsAndTheNextOverflows) {
+TEST_F(SmallPages, OfAFrameLowerThanARowHaveOneAndLowerThanATitleNone) {
     Make(3, 2, 0.1);
-    auto& bound = Bind();
-    EXPECT_EQ(std::get<std::int32_t>(bound.PageCount()), 3);
-    bound.SetIndexToPageNumber(1);
+    EXPECT_EQ(PageCount(), 3);
+    manager->SetIndexToPageNumber(1);
     EXPECT_EQ(TestDesk::Members(*element, "ROWGROUP").size(), 1U);
-    EXPECT_EQ(bound.LastRun().placed, 3);
-}
-
-TEST_F(SmallPages, TitleHigherThanTheFrameLeavesNoPage) {
+    EXPECT_EQ(manager->LastRun().placed, 3);
     Make(3, 2, 0.1);
     desk.Column(element, "Page")->SetItem("ShowTitle", true);
-    auto& bound = Bind();
-    EXPECT_EQ(std::get<std::int32_t>(bound.PageCount()), 0);
+    EXPECT_EQ(PageCount(), 0);
     EXPECT_EQ(desk.Dialogs().LastCause(), "");
-    EXPECT_EQ(bound.LastRun().listings, 3);
-    EXPECT_EQ(bound.LastRun().placed, 0);
+    EXPECT_EQ(manager->LastRun().listings, 3);
+    EXPECT_EQ(manager->LastRun().placed, 0);
 }
 
 TEST_F(SmallPages, SamplePageIsOneWithALabelOnTop) {
     Make(20, 2, 1);
     desk.Properties(element)->SetItem("SamplePage", true);
-    auto& bound = Bind();
-    EXPECT_EQ(std::get<std::int32_t>(bound.PageCount()), 1);
-    bound.SetIndexToPageNumber(1);
+    EXPECT_EQ(PageCount(), 1);
+    manager->SetIndexToPageNumber(1);
     const auto top = element->Item(element->Count() - 1);
     EXPECT_EQ(TestDesk::Tag(*top), "SAMPLELABEL");
     EXPECT_EQ(host::As<host::IHostTextElement>(top)->Text(), "SAMPLE PAGE");
     for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
-        EXPECT_NEAR(desk.Bounds(*row)->YMin(), element->Geometry()->Bounds()->YMin(), 1e-9);
-    bound.DraftMode();
+        EXPECT_NEAR(desk.Bounds(*row)->YMin(), Foot(), 1e-9);
+    manager->DraftMode();
     EXPECT_EQ(element->Count(), 1);  // The label stays until the next draw.
 }
 
 TEST_F(SmallPages, BreaksFollowFirstLetters) {
-    struct Case {
-        const char* what;
-        std::vector<std::string> names;
-        bool startingBreak;
-        std::vector<std::string> headings;
-    };
-    const Case cases[] = {
+    using Texts = std::vector<std::string>;
+    const std::tuple<const char*, Texts, bool, Texts> cases[] = {
         {"case aside", {"Ash", "ash b", "Birch"}, false, {"B"}},
         {"digits need none, a letter behind them does", {"1st", "2nd", "Ash"}, false, {"A"}},
         {"a starting break before a letter", {"Ash", "Birch"}, true, {"A", "B"}},
         {"but not before a digit", {"1st", "Ash"}, true, {"A"}},
         {"accents count, marks are not torn", {"E", "É", "E\u0301b"}, false, {"É"}},
     };
-    for (const Case& c : cases) {
-        std::vector<std::vector<std::string>> rows;
-        for (const auto& name : c.names) rows.push_back({name, "1"});
+    for (const auto& [what, names, startingBreak, headings] : cases) {
+        TestDesk::Rows rows;
+        for (const auto& name : names) rows.push_back({name, "1"});
         element = desk.NewGazetteer(desk.ListingTable(rows), 4.5, 5);
-        desk.Properties(element)->SetItem("SortColumns", false);
-        desk.Properties(element)->SetItem("AddStartingBreak", c.startingBreak);
+        Store(desk, element, {{"SortColumns", false}, {"AddStartingBreak", startingBreak}});
         Bind().SetIndexToPageNumber(1);
-        std::vector<std::string> headings;
-        for (const auto& row : TestDesk::Members(*element, "BREAKGROUP"))
-            headings.push_back(TestDesk::CellText(*row, 0));
-        EXPECT_EQ(headings, c.headings) << c.what;
+        EXPECT_EQ(Drawn(*element, "BREAKGROUP", 0), headings) << what;
     }
 }
 
 TEST_F(SmallPages, RepeatingTextIsBlankedFromTheLeft) {
     element = desk.NewGazetteer(
         desk.ListingTable({{"Ash", "1"}, {"ASH", "2"}, {"Birch", "2"}, {"Birch", "3"}}), 4.5, 5);
-    desk.Properties(element)->SetItem("CombineListings", false);
-    desk.Properties(element)->SetItem("ClearRepeatingText", true);
+    Store(desk, element, {{"CombineListings", false}, {"ClearRepeatingText", true}});
     Bind().SetIndexToPageNumber(1);
-    std::vector<std::string> texts;
-    for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
-        texts.push_back(TestDesk::CellText(*row, 0) + "|" + TestDesk::CellText(*row, 1));
-    EXPECT_EQ(texts, (std::vector<std::string>{"Ash|1", " |2", "Birch|2", " |3"}));
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(Drawn(*element, "ROWGROUP", 0), (Texts{"Ash", " ", "Birch", " "}));
+    EXPECT_EQ(Drawn(*element, "ROWGROUP", 1), (Texts{"1", "2", "2", "3"}));
 }
 
 TEST_F(SmallPages, ForeignMembersSurviveBehindTheRows) {

@@ -29,21 +29,12 @@ struct Loops {
         return size.xSize / 72;
     }
 
-    std::string Fill(const std::string& filledTemplate, double x) const {
+    // As many dots as a text built with them has room for; it is x wide without any.
+    template <class Build>
+    std::string Dots(double x, const Build& with) const {
         std::string dots = ".";
         while (x <= width) {
-            x = Measure(gazetteer::ReplaceAll(filledTemplate, "$$DOTS", dots));
-            dots += ".";
-        }
-        dots.resize(dots.size() - 2);
-        return gazetteer::ReplaceAll(filledTemplate, "$$DOTS", dots);
-    }
-
-    std::string DotsBehind(const std::string& result) const {
-        double x = Measure(result);
-        std::string dots = ".";
-        while (x <= width) {
-            x = Measure(result + dots);
+            x = Measure(with(dots));
             dots += ".";
         }
         dots.resize(dots.size() < 2 ? 0 : dots.size() - 2);
@@ -60,45 +51,34 @@ struct Loops {
         for (const std::size_t length : host.Locale().Characters(text)) {
             const std::string character = text.substr(at, length);
             at += length;
-            if (character == " " && atLineStart) {
-                first = false;
-                continue;
-            }
-            if (character == " ") {
-                sinceSpace = 0;
-                spaceInLine = true;
-            } else if (spaceInLine) {
-                ++sinceSpace;
-            }
-            if (Measure(Joined(result) + character) <= width) {
-                result.push_back(character);
-                atLineStart = false;
-                first = false;
-                continue;
-            }
-            if (first || result.empty())
+            const bool isSpace = character == " ";
+            const bool isSkipped = isSpace && atLineStart;
+            const bool fits = isSkipped || Measure(Joined(result) + character) <= width;
+            if (!fits && (first || result.empty()))
                 gazetteer::Raise("CVNGazetteerManager.SplitText",
                                  "Column width is set too narrow for selected Font!");
-            if (character == " ") {
-                result.insert(result.end(), {"\r", "\n"});
-                atLineStart = true;
-            } else if (spaceInLine) {
-                const std::size_t kept = result.size() - sinceSpace;
-                const Characters moved(result.begin() + static_cast<long>(kept) + 1, result.end());
-                result.resize(kept);
-                result.insert(result.end(), {"\r", "\n"});
-                result.insert(result.end(), moved.begin(), moved.end());
+            first = false;
+            if (isSkipped) continue;
+            atLineStart = isSpace && !fits;
+            spaceInLine = spaceInLine || isSpace;
+            sinceSpace = isSpace || !spaceInLine ? 0 : sinceSpace + 1;
+            if (fits) {
                 result.push_back(character);
-                atLineStart = false;
+                continue;
+            }
+            if (isSpace) {
+                result.insert(result.end(), {"\r", "\n"});
+            } else if (spaceInLine) {
+                const auto space = result.end() - static_cast<long>(sinceSpace);
+                *space = "\n";
+                result.insert(space, "\r");
+                result.push_back(character);
             } else {
-                const std::string last = result.back();
-                result.pop_back();
-                result.insert(result.end(), {"-", "\r", "\n", last, character});
-                atLineStart = false;
+                result.insert(result.end() - 1, {"-", "\r", "\n"});
+                result.push_back(character);
             }
             spaceInLine = false;
             sinceSpace = 0;
-            first = false;
         }
         return result;
     }
@@ -120,10 +100,14 @@ std::string SplitText(host::IHost& host, const host::Ref<host::IHostDisplay>& di
     const double x = loops.Measure(text);
     std::string result;
     if (x <= width) {
-        result = x < width && hasDots ? loops.Fill(filledTemplate, x) : text;
+        const auto filled = [&](const std::string& dots) {
+            return gazetteer::ReplaceAll(filledTemplate, "$$DOTS", dots);
+        };
+        result = x < width && hasDots ? filled(loops.Dots(x, filled)) : text;
     } else {
-        result = Joined(loops.Wrap(text));
-        if (hasDots && dotsAtEnd) result += loops.DotsBehind(result);
+        const std::string lines = Joined(loops.Wrap(text));
+        const auto longer = [&](const std::string& dots) { return lines + dots; };
+        result = dotsAtEnd ? longer(loops.Dots(loops.Measure(lines), longer)) : lines;
     }
     std::string trimmed = result;
     while (!trimmed.empty() && trimmed.back() == ' ') trimmed.pop_back();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "support/Assignments.h"
 #include "support/TestDesk.h"
 
 namespace gazetteer {
@@ -10,12 +11,10 @@ using support::TestDesk;
 // One listing "Ash" with reference "4", columns 1.9 and 1 inches wide, margins as by default.
 class RowElements : public ::testing::Test {
 protected:
-    RowElements() : element(desk.NewGazetteer(desk.ListingTable({{"Ash", "4"}}), 4, 5)) {
-        desk.Column(element, "Page")->SetItem("ColumnWidth", 1.0);
-    }
-    void Draw() {
+    void Draw(const support::Assignments& settings) {
+        support::Store(desk, element, {{"Page.ColumnWidth", 1.0}, {"HaveSavedListings", false}});
+        support::Store(desk, element, settings);
         CVNGazetteerManager manager(desk.HostRef());
-        desk.Properties(element)->SetItem("HaveSavedListings", false);
         manager.SetIndexElement(element);
         manager.SetIndexToPageNumber(1);
         ASSERT_EQ(desk.Dialogs().LastCause(), "");
@@ -26,32 +25,25 @@ protected:
         return host::As<host::IHostGroupElement>(cell)->Item(part);
     }
     TestDesk desk;
-    host::Ref<host::IHostGroupElement> element;
+    TestDesk::Group element = desk.NewGazetteer(desk.ListingTable({{"Ash", "4"}}), 4, 5);
 };
 
 TEST_F(RowElements, AlignmentsAnchorTheText) {
-    struct Case {
-        const char* alignment;
-        double x;
-        int placement;
-    };
-    for (const Case& c : {Case{"Left", 0.05, 0}, Case{"Center", 0.95, 1}, Case{"Right", 1.85, 2},
-                          Case{"Justify", 0.05, 3}}) {
-        desk.Column(element, "Listing")->SetItem("Alignment", std::string(c.alignment));
-        Draw();
+    for (const auto& [alignment, x, placement] : {std::tuple{"Left", 0.05, 0},
+                                                  {"Center", 0.95, 1},
+                                                  {"Right", 1.85, 2},
+                                                  {"Justify", 0.05, 3}}) {
+        Draw({{"Listing.Alignment", alignment}});
         const auto text = host::As<host::IHostTextElement>(Part("ROWGROUP", 0, 1));
-        const auto left = element->Geometry()->Bounds()->XMin();
-        EXPECT_NEAR(host::As<host::IHostPoint>(text->Geometry())->X() - left, c.x, 1e-12)
-            << c.alignment;
-        EXPECT_EQ(text->Symbol()->HorizontalPlacement(), c.placement);
-        EXPECT_EQ(text->Symbol()->VerticalPlacement(), 1);
+        const auto anchor = host::As<host::IHostPoint>(text->Geometry());
+        EXPECT_NEAR(anchor->X() - element->Geometry()->Bounds()->XMin(), x, 1e-12) << alignment;
+        EXPECT_EQ(text->Symbol()->HorizontalPlacement(), placement) << alignment;
+        EXPECT_EQ(text->Symbol()->VerticalPlacement(), 1) << alignment;
     }
 }
 
 TEST_F(RowElements, BackgroundsShareTheHeightOfTheTallestCell) {
-    desk.Column(element, "Listing")
-        ->SetItem("Expression", std::string("one$$NEWLINEtwo$$NEWLINEthree"));
-    Draw();
+    Draw({{"Listing.Expression", "one$$NEWLINEtwo$$NEWLINEthree"}});
     const auto tall = desk.Bounds(*Part("ROWGROUP", 0, 0));
     const auto low = desk.Bounds(*Part("ROWGROUP", 1, 0));
     EXPECT_DOUBLE_EQ(tall->YMin(), low->YMin());
@@ -63,38 +55,30 @@ TEST_F(RowElements, BackgroundsShareTheHeightOfTheTallestCell) {
 }
 
 TEST_F(RowElements, FillsByKindOfRow) {
-    struct Case {
-        bool color;
-        const char* group;
-        bool transparent;
-        std::uint32_t rgb;
-    };
-    for (const Case& c : {Case{true, "ROWGROUP", false, 0xFFFFFF}, Case{false, "ROWGROUP", true, 0},
-                          Case{false, "TITLEGROUP", false, 0xE1E1E1}}) {
-        desk.Column(element, "Listing")->SetItem("ColorBackground", c.color);
-        desk.Column(element, "Listing")->SetItem("AlternateBackground", true);
-        Draw();
-        const auto fill = host::As<host::IHostFilledElement>(Part(c.group, 0, 0));
-        EXPECT_EQ(fill->Symbol()->Color()->Transparent(), c.transparent);
-        EXPECT_EQ(fill->Symbol()->Color()->RGB(), c.rgb);
+    for (const auto& [color, group, transparent, rgb] :
+         {std::tuple{true, "ROWGROUP", false, 0xFFFFFFU},
+          {false, "ROWGROUP", true, 0U},
+          {false, "TITLEGROUP", false, 0xE1E1E1U}}) {
+        Draw({{"Listing.ColorBackground", color}, {"Listing.AlternateBackground", true}});
+        const auto fill = host::As<host::IHostFilledElement>(Part(group, 0, 0))->Symbol()->Color();
+        EXPECT_EQ(fill->Transparent(), transparent) << color << group;
+        EXPECT_EQ(fill->RGB(), rgb) << color << group;
     }
 }
 
 TEST_F(RowElements, BreakHeadingHasItsSpaceAbove) {
-    desk.Properties(element)->SetItem("AddStartingBreak", true);
-    Draw();
+    Draw({{"AddStartingBreak", true}});
     const double withHeading = desk.Bounds(*Part("BREAKGROUP", 0, 0))->Height();
     const double gap = desk.Bounds(*Part("BREAKGROUP", 0, 0))->YMax() -
                        desk.Bounds(*Part("BREAKGROUP", 0, 1))->YMax();
     EXPECT_NEAR(gap, 0.05 + 0.1, 1e-9);
-    desk.Column(element, "Listing")->SetItem("BreakHeading", false);
-    Draw();
+    Draw({{"AddStartingBreak", true}, {"Listing.BreakHeading", false}});
     EXPECT_EQ(TestDesk::CellText(*TestDesk::Members(*element, "BREAKGROUP").at(0), 0), " ");
     EXPECT_NEAR(desk.Bounds(*Part("BREAKGROUP", 0, 0))->Height(), withHeading - 0.1, 1e-9);
 }
 
 TEST_F(RowElements, TooNarrowColumnIsNamed) {
-    desk.Column(element, "Listing")->SetItem("MarginLeft", 1.99);
+    support::Store(desk, element, {{"Listing.MarginLeft", 1.99}});
     CVNGazetteerManager manager(desk.HostRef());
     manager.SetIndexElement(element);
     EXPECT_EQ(desk.Dialogs().LastCause(), "Column width is set too narrow for selected Font!");

@@ -28,7 +28,4 @@ private:
     Program program_;
 };
 
-/// How many times a piece stands in a text.
-std::size_t CountOf(const std::string& text, const std::string& piece);
-
 }  // namespace tests

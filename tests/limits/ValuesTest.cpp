@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <map>
 
 #include "limits/Trial.h"
 #include "model/Keys.h"
@@ -8,69 +9,51 @@ namespace {
 
 using gazetteer::ValueKind;
 
-constexpr std::size_t kLongText = 100'000;
+const std::string kLong(100'000, 'A');
 
-std::string Repeated(const std::string& piece, std::size_t bytes) {
+std::string LongMarks() {
     std::string text;
-    while (text.size() < bytes) text += piece;
+    while (text.size() < kLong.size()) text += "e\u0301 ";
     return text;
 }
 
+using Values = std::vector<std::string>;
+
+const Values kWhole = {"0", "-1", "2147483647", "-2147483648", "2147483648", "1.5", ""};
+
 // The edges of each kind: least, largest, zero, negative, empty, very long, not finite, no value.
-std::vector<std::string> Edges(ValueKind kind) {
-    switch (kind) {
-        case ValueKind::Boolean:
-            return {"true", "false", "", "yes"};
-        case ValueKind::Integer:
-        case ValueKind::Long:
-            return {"0", "-1", "2147483647", "-2147483648", "2147483648", "1.5", ""};
-        case ValueKind::Double:
-            return {"0",     "-0.01", "-1e300", "1e-300", "0.001", "5",   "200",
-                    "1e300", "1e309", "inf",    "nan",    "1,5",   "0x1", ""};
-        case ValueKind::String:
-            return {"",
-                    " ",
-                    "left",
-                    "$$DOTS$$DOTS",
-                    "$$NEWLINE",
-                    "[",
-                    "\x01\t\r\n",
-                    "\u202E\u200D\u0301",
-                    Repeated("A", kLongText),
-                    Repeated("e\u0301 ", kLongText)};
-        case ValueKind::Set:
-            return {"Page,Listing", "", "Listing", "Listing,Listing", Repeated("x", kLongText)};
-        case ValueKind::TextSymbol:
-            return {"DejaVu Sans,0.5",
-                    "DejaVu Sans,400",
-                    "DejaVu Sans,1000",
-                    "DejaVu Sans,1001",
-                    "DejaVu Sans,1e-9",
-                    "DejaVu Sans,-1",
-                    "DejaVu Sans,nan",
-                    "DejaVu Sans",
-                    ",8",
-                    "",
-                    Repeated("A", kLongText) + ",8"};
-        case ValueKind::FillSymbol:
-            return {"#000000", "#FFFFFF", "#FFF", "#GGGGGG", ""};
-    }
-    return {};
+const std::map<ValueKind, Values> kEdges = {
+    {ValueKind::Boolean, {"true", "false", "", "yes"}},
+    {ValueKind::Integer, kWhole},
+    {ValueKind::Long, kWhole},
+    {ValueKind::Double,
+     {"0", "-0.01", "-1e300", "1e-300", "0.001", "5", "200", "1e300", "1e309", "inf", "nan", "1,5",
+      "0x1", ""}},
+    {ValueKind::String,
+     {"", " ", "left", "$$DOTS$$DOTS", "$$NEWLINE", "[", "\x01\t\r\n", "\u202E\u200D\u0301", kLong,
+      LongMarks()}},
+    {ValueKind::Set, {"Page,Listing", "", "Listing", "Listing,Listing", kLong}},
+    {ValueKind::TextSymbol,
+     {"DejaVu Sans,0.5", "DejaVu Sans,400", "DejaVu Sans,1000", "DejaVu Sans,1001",
+      "DejaVu Sans,1e-9", "DejaVu Sans,-1", "DejaVu Sans,nan", "DejaVu Sans", ",8", "",
+      kLong + ",8"}},
+    {ValueKind::FillSymbol, {"#000000", "#FFFFFF", "#FFF", "#GGGGGG", ""}},
+};
+
+template <class Keys>
+void TryAll(const Keys& keys, const std::string& prefix) {
+    Trial trial;
+    for (const auto& key : keys)
+        for (const auto& value : kEdges.at(key.kind))
+            trial.SetAndDraw(prefix + key.name + '=' + value);
 }
 
-// Every key at the edges of its kind.
 TEST(Values, OfTheGazetteerAtTheirEdges) {
-    Trial trial;
-    for (const auto& key : gazetteer::PropertyKeys())
-        for (const auto& value : Edges(key.kind))
-            trial.SetAndDraw(std::string(key.name) + '=' + value);
+    TryAll(gazetteer::PropertyKeys(), "");
 }
 
 TEST(Values, OfColumnsAtTheirEdges) {
-    Trial trial;
-    for (const auto& key : gazetteer::ColumnKeys())
-        for (const auto& value : Edges(key.kind))
-            trial.SetAndDraw(std::string("Listing.") + key.name + '=' + value);
+    TryAll(gazetteer::ColumnKeys(), "Listing.");
 }
 
 // Rooms and sizes that only show where all columns have them.

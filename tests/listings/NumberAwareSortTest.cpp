@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "listings/NumberAwareSort.h"
+#include "support/ScratchTables.h"
 #include "support/TestDesk.h"
 
 namespace gazetteer {
@@ -19,12 +20,7 @@ protected:
 };
 
 TEST_F(NumberAwareSort, PairsOfTexts) {
-    struct Case {
-        const char* first;
-        const char* second;
-        int order;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, std::string, int> cases[] = {
         {"2", "10", -1},
         {"1.5", "1.50", 0},
         {"1,000", "999", 1},
@@ -49,11 +45,9 @@ TEST_F(NumberAwareSort, PairsOfTexts) {
         {"Été 2", "été 10", -1},
         {"٣", "٢٢", -1},  // Arabic-Indic digits are digits.
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(Compare(std::string(c.first), std::string(c.second)), c.order)
-            << c.first << " / " << c.second;
-        EXPECT_EQ(Compare(std::string(c.second), std::string(c.first)), -c.order)
-            << c.second << " / " << c.first;
+    for (const auto& [first, second, order] : cases) {
+        EXPECT_EQ(Compare(first, second), order) << first << " / " << second;
+        EXPECT_EQ(Compare(second, first), -order) << second << " / " << first;
     }
 }
 
@@ -106,36 +100,23 @@ TEST_F(NumberAwareSort, PreparedTextsCompareAsTheTextsDo) {
 // A callback as other hosts see it.
 struct OnlyCompare : host::ITableSortCallBack {
     explicit OnlyCompare(host::IHost& host) : callback(host) {}
-    std::int32_t Compare(const host::Variant& value1, const host::Variant& value2,
-                         std::int32_t fieldIndex, std::int32_t fieldSortIndex) override {
-        return callback.Compare(value1, value2, fieldIndex, fieldSortIndex);
+    std::int32_t Compare(const host::Variant& a, const host::Variant& b, std::int32_t field,
+                         std::int32_t sortField) override {
+        return callback.Compare(a, b, field, sortField);
     }
     clsTableSortNumberAware callback;
 };
 
 TEST_F(NumberAwareSort, PreparationChangesNoOrderAndNoDialog) {
     std::mt19937 random(12);
-    for (int round = 0; round < 60; ++round) {
-        auto fields = desk_.Host().NewFields();
-        fields->SetFieldCount(2);
-        for (const std::int32_t i : {0, 1}) {
-            auto field = desk_.Host().NewField();
-            field->SetName(i == 0 ? "A" : "B");
-            field->SetType(host::kFieldTypeText);
-            fields->SetField(i, field);
-        }
-        const auto table =
-            desk_.Host().NewScratchWorkspaceFactory()->CreateWorkspace()->CreateTable(
-                "T", fields, nullptr, nullptr, "");
-        const auto insert = table->Insert(true);
-        for (std::size_t rows = random() % 300; rows > 0; --rows) {
-            const auto row = table->CreateRowBuffer();
-            row->SetValue(0, RandomText(random));
-            row->SetValue(1, RandomText(random));
+    for (std::size_t round = 0; round < 60; ++round) {
+        std::vector<std::vector<host::Variant>> rows(random() % 300);
+        for (auto& row : rows) {
+            row = {RandomText(random), RandomText(random)};
             // Some fields hold a value that has no text.
-            if (round % 4 == 3 && random() % 50 == 0) row->SetValue(round % 8 / 4, host::Null{});
-            insert->InsertRow(row);
+            if (round % 4 == 3 && random() % 50 == 0) row[round % 8 / 4] = host::Null{};
         }
+        const auto table = support::NewScratchTable({"A", "B"}, rows);
         const auto order = [&](const host::Ref<host::ITableSortCallBack>& callback) {
             desk_.Dialogs().messages.clear();
             const auto sort = desk_.Host().NewTableSort();
@@ -145,8 +126,8 @@ TEST_F(NumberAwareSort, PreparationChangesNoOrderAndNoDialog) {
             sort->SetTable(table);
             sort->Sort(nullptr);
             std::vector<std::int32_t> oids;
-            const auto rows = sort->Rows();
-            while (const auto row = rows->NextRow()) oids.push_back(row->OID());
+            const auto sorted = sort->Rows();
+            while (const auto row = sorted->NextRow()) oids.push_back(row->OID());
             return std::pair(oids, desk_.Dialogs().messages.size());
         };
         EXPECT_EQ(order(std::make_shared<clsTableSortNumberAware>(desk_.Host())),

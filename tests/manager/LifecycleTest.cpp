@@ -3,113 +3,97 @@
 #include <gtest/gtest.h>
 
 #include "model/GeneralFunctions.h"
+#include "support/Assignments.h"
 #include "support/TestDesk.h"
 
 namespace gazetteer {
 namespace {
 
+using support::Store;
 using support::TestDesk;
 
 class Lifecycle : public ::testing::Test {
 protected:
-    host::Ref<host::IHostGroupElement> Gazetteer() { return desk.NewGazetteer(table, 4.5, 3); }
-    std::int32_t Pages(CVNGazetteerManager& manager) {
-        const auto count = manager.PageCount();
-        const auto* pages = std::get_if<std::int32_t>(&count);
-        return pages ? *pages : -1;
-    }
-    bool HaveSaved(const host::Ref<host::IHostGroupElement>& element) {
-        return std::get<bool>(desk.Properties(element)->Item("HaveSavedListings"));
-    }
+    TestDesk::Group Gazetteer() { return desk.NewGazetteer(table, 4.5, 3); }
+    bool HaveSaved() { return std::get<bool>(desk.Properties(element)->Item("HaveSavedListings")); }
     TestDesk desk;
     std::string table = desk.ListingTable({{"Abbey Road", "4"}, {"Zion Street", "9"}});
+    TestDesk::Group element = Gazetteer();
+    CVNGazetteerManager manager{desk.HostRef()};
 };
 
 TEST_F(Lifecycle, TextsOfOperationsOutOfPlace) {
     struct Case {
         const char* operation;
         void (*call)(CVNGazetteerManager&);
-        const char* unbound;
-        const char* notDrawable;  // Null where the operation works.
-        const char* outOfRange;
+        const char *unbound, *notDrawable, *outOfRange;  // Empty where the operation works.
     };
+    using Manager = CVNGazetteerManager;
+    const char* const indexElement = "Index Element has not been set.";
+    const char* const oneWord = "IndexElement has not been set.";
+    const char* const properties = "IndexElement properties have not been set.";
+    const char* const range = "Page number out of range.";
     const Case cases[] = {
-        {"SetIndexToPageNumber", [](CVNGazetteerManager& m) { m.SetIndexToPageNumber(2); },
-         "IndexElement has not been set.", "IndexElement properties have not been set.",
-         "Page number out of range."},
-        {"SetIndexToPageNumber 0", [](CVNGazetteerManager& m) { m.SetIndexToPageNumber(0); },
-         "IndexElement has not been set.", "IndexElement properties have not been set.",
-         "Page number out of range."},
-        {"DraftMode", [](CVNGazetteerManager& m) { m.DraftMode(); },
-         "IndexElement has not been set.", nullptr, nullptr},
-        {"DefaultPage", [](CVNGazetteerManager& m) { m.DefaultPage(); },
-         "Index Element has not been set.", "Index Element properties have not been set.", nullptr},
-        {"SetDefaultPageNumber", [](CVNGazetteerManager& m) { m.SetDefaultPageNumber(2); },
-         "MapFrame has not been set.", "Page number out of range.", "Page number out of range."},
-        {"PageCount", [](CVNGazetteerManager& m) { m.PageCount(); },
-         "Index Element has not been set.", nullptr, nullptr},
-        {"FirstListing", [](CVNGazetteerManager& m) { m.FirstListing(2); },
-         "Index Element has not been set.", "IndexElement properties have not been set.",
-         "Page number out of range."},
-        {"LastListing", [](CVNGazetteerManager& m) { m.LastListing(-1); },
-         "Index Element has not been set.", "IndexElement properties have not been set.",
-         "Page number out of range."},
-        {"PageName", [](CVNGazetteerManager& m) { m.PageName(2); },
-         "Index Element has not been set.", "IndexElement properties have not been set.",
-         "Page number out of range."},
+        {"SetIndexToPageNumber", [](Manager& m) { m.SetIndexToPageNumber(2); }, oneWord, properties,
+         range},
+        {"SetIndexToPageNumber 0", [](Manager& m) { m.SetIndexToPageNumber(0); }, oneWord,
+         properties, range},
+        {"DraftMode", [](Manager& m) { m.DraftMode(); }, oneWord, "", ""},
+        {"DefaultPage", [](Manager& m) { m.DefaultPage(); }, indexElement,
+         "Index Element properties have not been set.", ""},
+        {"SetDefaultPageNumber", [](Manager& m) { m.SetDefaultPageNumber(2); },
+         "MapFrame has not been set.", range, range},
+        {"PageCount", [](Manager& m) { m.PageCount(); }, indexElement, "", ""},
+        {"FirstListing", [](Manager& m) { m.FirstListing(2); }, indexElement, properties, range},
+        {"LastListing", [](Manager& m) { m.LastListing(-1); }, indexElement, properties, range},
+        {"PageName", [](Manager& m) { m.PageName(2); }, indexElement, properties, range},
     };
-    const auto shown = [&](CVNGazetteerManager& manager, const Case& c) {
+    const auto shown = [&](const Case& c) {
         desk.Dialogs().messages.clear();
         c.call(manager);
         return desk.Dialogs().LastCause();
     };
-    const auto drawable = Gazetteer();
     const auto broken = Gazetteer();
-    desk.Properties(broken)->SetItem("IndexDatabaseFile", std::string());
+    Store(desk, broken, {{"IndexDatabaseFile", ""}});
     for (const Case& c : cases) {
-        CVNGazetteerManager manager(desk.HostRef());
-        EXPECT_EQ(shown(manager, c), c.unbound) << c.operation;
+        EXPECT_EQ(shown(c), c.unbound) << c.operation;
         manager.SetIndexElement(broken);
-        EXPECT_EQ(shown(manager, c), c.notDrawable ? c.notDrawable : "") << c.operation;
-        manager.SetIndexElement(drawable);
-        EXPECT_EQ(shown(manager, c), c.outOfRange ? c.outOfRange : "") << c.operation;
+        EXPECT_EQ(shown(c), c.notDrawable) << c.operation;
+        manager.SetIndexElement(element);
+        EXPECT_EQ(shown(c), c.outOfRange) << c.operation;
         manager.Reset();
-        EXPECT_EQ(shown(manager, c), c.unbound) << c.operation;
+        EXPECT_EQ(shown(c), c.unbound) << c.operation;
     }
 }
 
 TEST_F(Lifecycle, ElementWithoutPropertiesLeavesTheBinding) {
-    const auto element = Gazetteer();
-    CVNGazetteerManager manager(desk.HostRef());
     manager.SetIndexElement(element);
     manager.SetIndexElement(desk.Host().NewGroupElement());
     EXPECT_EQ(desk.Dialogs().LastCause(), "Index element no longer has series properties.");
-    EXPECT_EQ(Pages(manager), 1);
+    EXPECT_EQ(std::get<std::int32_t>(manager.PageCount()), 1);
 }
 
 TEST_F(Lifecycle, ResultsAreStoredOnceAndReloadedByReference) {
-    const auto element = Gazetteer();
-    CVNGazetteerManager first(desk.HostRef());
-    first.SetIndexElement(element);
-    EXPECT_TRUE(first.HasRun());
-    EXPECT_TRUE(HaveSaved(element));
+    manager.SetIndexElement(element);
+    EXPECT_TRUE(manager.HasRun());
+    EXPECT_TRUE(HaveSaved());
     desk.ReplaceTable(table, {{"Changed", "1"}});
     CVNGazetteerManager second(desk.HostRef());
     second.SetIndexElement(element);
     EXPECT_FALSE(second.HasRun());
-    EXPECT_EQ(second.Working().listings, first.Working().listings);
+    EXPECT_EQ(second.Working().listings, manager.Working().listings);
     EXPECT_EQ(second.FirstListing(1), " Abbey Road");
     EXPECT_EQ(std::get<std::string>(second.PageName(1)), " Abbey Road -  Zion Street");
 
     // Auto refresh wins over stored results and stores none of its own.
-    desk.Properties(element)->SetItem("AutoRefreshListings", true);
+    Store(desk, element, {{"AutoRefreshListings", true}});
     second.SetIndexElement(element);
     EXPECT_EQ(second.FirstListing(1), " Changed");
     const auto stored = TestDesk::SetIn(*desk.Properties(element), "PageFirstListings");
     EXPECT_EQ(std::get<std::string>(stored->Item("1")), " Abbey Road");
 
     // Stored results do not make up for a database that is gone.
-    desk.Properties(element)->SetItem("AutoRefreshListings", false);
+    Store(desk, element, {{"AutoRefreshListings", false}});
     std::filesystem::remove(table);
     second.SetIndexElement(element);
     EXPECT_FALSE(second.CanDraw());
@@ -117,26 +101,23 @@ TEST_F(Lifecycle, ResultsAreStoredOnceAndReloadedByReference) {
 }
 
 TEST_F(Lifecycle, EmptyDatabaseIsNoFailure) {
-    const auto element = desk.NewGazetteer(desk.ListingTable({}), 4.5, 3);
-    CVNGazetteerManager manager(desk.HostRef());
+    element = desk.NewGazetteer(desk.ListingTable({}), 4.5, 3);
     EXPECT_TRUE(manager.CanDrawIndex(element));
     desk.StatusTexts().clear();
     manager.SetIndexElement(element);
     EXPECT_FALSE(manager.CanDraw());
-    EXPECT_FALSE(HaveSaved(element));
+    EXPECT_FALSE(HaveSaved());
     EXPECT_EQ(desk.Dialogs().LastCause(), "");
     EXPECT_TRUE(desk.StatusTexts().empty());
 }
 
 TEST_F(Lifecycle, FailedRunStoresNothing) {
-    const auto element = Gazetteer();
-    desk.Column(element, "Listing")->SetItem("ColumnWidth", 0.11);
-    CVNGazetteerManager manager(desk.HostRef());
+    Store(desk, element, {{"Listing.ColumnWidth", 0.11}});
     manager.SetIndexElement(element);
     EXPECT_EQ(desk.Dialogs().messages.size(), 1U);
     EXPECT_TRUE(manager.CanDraw());
-    EXPECT_FALSE(HaveSaved(element));
-    EXPECT_EQ(Pages(manager), 0);
+    EXPECT_FALSE(HaveSaved());
+    EXPECT_EQ(std::get<std::int32_t>(manager.PageCount()), 0);
     manager.SetIndexToPageNumber(1);
     EXPECT_EQ(desk.Dialogs().LastCause(), "Page number out of range.");
     EXPECT_EQ(manager.FirstListing(0), "");
@@ -144,8 +125,6 @@ TEST_F(Lifecycle, FailedRunStoresNothing) {
 }
 
 TEST_F(Lifecycle, StatusTextsOfARunAndADraw) {
-    const auto element = Gazetteer();
-    CVNGazetteerManager manager(desk.HostRef());
     manager.SetIndexElement(element);
     manager.SetIndexToPageNumber(1);
     EXPECT_EQ(
@@ -176,14 +155,12 @@ TEST(FailedSort, BringsTheAnimationToRest) {
 }
 
 TEST_F(Lifecycle, DefaultPageIsReadAtTheBinding) {
-    const auto element = Gazetteer();
-    CVNGazetteerManager manager(desk.HostRef());
     manager.SetIndexElement(element);
     manager.SetDefaultPageNumber(0);
     EXPECT_EQ(manager.DefaultPage(), 1);
     manager.SetIndexElement(element);
     EXPECT_EQ(manager.DefaultPage(), 0);
-    desk.Properties(element)->SetItem("DefaultPage", std::int32_t{40000});
+    Store(desk, element, {{"DefaultPage", 40000}});
     manager.SetIndexElement(element);
     manager.DefaultPage();
     EXPECT_EQ(desk.Dialogs().LastCause(), "Overflow");
@@ -191,16 +168,13 @@ TEST_F(Lifecycle, DefaultPageIsReadAtTheBinding) {
 
 TEST_F(Lifecycle, OlderVersionsLackKeys) {
     for (const std::int16_t version : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
-        const auto element = Gazetteer();
-        const auto properties = desk.Properties(element);
-        properties->SetItem("Version", version);
-        properties->SetItem("SamplePage", true);
+        element = Gazetteer();
+        Store(desk, element, {{"Version", version}, {"SamplePage", true}});
+        std::vector<std::string> lacking;
         if (version < 3)
-            for (const char* key :
-                 {"CombineFirstAndLast", "ClearRepeatingText", "AddStartingBreak"})
-                properties->RemoveItem(key);
-        if (version < 2) properties->RemoveItem("SamplePage");
-        CVNGazetteerManager manager(desk.HostRef());
+            lacking = {"CombineFirstAndLast", "ClearRepeatingText", "AddStartingBreak"};
+        if (version < 2) lacking.emplace_back("SamplePage");
+        for (const auto& key : lacking) desk.Properties(element)->RemoveItem(key);
         manager.SetIndexElement(element);
         EXPECT_EQ(desk.Dialogs().LastCause(), "") << version;
         EXPECT_EQ(manager.BoundSettings().samplePage, version > 1) << version;
@@ -214,42 +188,37 @@ TEST_F(Lifecycle, StoredValuesOfTheWrongKindAreFailures) {
         const char* what;
         std::function<void(const host::Ref<host::IHostPropertySet>&)> damage;
     };
-    const auto text = std::string("x");
+    const auto inSet = [](const char* name, const char* key) {
+        return [=](const auto& set) { TestDesk::SetIn(*set, name)->SetItem(key, "x"); };
+    };
     const Case cases[] = {
-        {"ColumnNames", [&](const auto& set) { set->SetItem("ColumnNames", text); }},
-        {"ColumnsProperties", [&](const auto& set) { set->SetItem("ColumnsProperties", text); }},
-        {"PageGroups",
-         [&](const auto& set) { TestDesk::SetIn(*set, "PageGroups")->SetItem("1", text); }},
-        {"SavedListings",
-         [&](const auto& set) {
-             TestDesk::SetIn(*set, "SavedListings")->SetItem("Listing", text);
-         }},
-        {"Version", [&](const auto& set) { set->RemoveItem("Version"); }},
+        {"ColumnNames", [](const auto& set) { set->SetItem("ColumnNames", "x"); }},
+        {"ColumnsProperties", [](const auto& set) { set->SetItem("ColumnsProperties", "x"); }},
+        {"PageGroups", inSet("PageGroups", "1")},
+        {"SavedListings", inSet("SavedListings", "Listing")},
+        {"Version", [](const auto& set) { set->RemoveItem("Version"); }},
     };
     for (const Case& c : cases) {
-        const auto element = Gazetteer();
-        CVNGazetteerManager(desk.HostRef()).SetIndexElement(element);
+        element = Gazetteer();
+        manager.SetIndexElement(element);
         c.damage(desk.Properties(element));
-        CVNGazetteerManager manager(desk.HostRef());
+        manager.Reset();
         desk.Dialogs().messages.clear();
         manager.CanDrawIndex(element);
         manager.SetIndexElement(element);
         manager.SetIndexToPageNumber(1);
         EXPECT_FALSE(desk.Dialogs().messages.empty()) << c.what;
     }
-    CVNGazetteerManager(desk.HostRef())
-        .AddGazetteerProperties(nullptr, desk.Host().NewPropertySet());
+    manager.AddGazetteerProperties(nullptr, desk.Host().NewPropertySet());
     EXPECT_EQ(desk.Dialogs().LastCause(), "Error attempting to set gazetteer properties.");
 }
 
 // The element's own symbols are never written to, also after a binding that failed half-way.
 TEST_F(Lifecycle, FailedBindingLeavesStoredSymbolsAlone) {
-    const auto good = Gazetteer();
     const auto bad = Gazetteer();
-    desk.Column(bad, "Listing")->SetItem("Alignment", std::string("Right"));
+    Store(desk, bad, {{"Listing.Alignment", "Right"}});
     desk.Properties(bad)->RemoveItem("Version");
-    CVNGazetteerManager manager(desk.HostRef());
-    manager.SetIndexElement(good);
+    manager.SetIndexElement(element);
     manager.SetIndexElement(bad);
     manager.SetIndexToPageNumber(1);
     const auto symbol = std::get<host::Ref<host::IHostObject>>(
@@ -258,9 +227,9 @@ TEST_F(Lifecycle, FailedBindingLeavesStoredSymbolsAlone) {
 }
 
 TEST_F(Lifecycle, PropertiesHangBesideThoseOfOthers) {
-    auto element = desk.Host().NewGroupElement();
+    element = desk.Host().NewGroupElement();
     auto container = desk.Host().NewPropertySet();
-    container->SetItem("Other", std::string("kept"));
+    container->SetItem("Other", "kept");
     host::As<host::IHostCustomProperty>(element)->SetCustomProperty(TestDesk::Object(container));
     EXPECT_FALSE(HasGazetteerProperties(desk.Host(), element));
     EXPECT_TRUE(SetGazetteerProperties(desk.Host(), element, NewGazetteerProperties(desk.Host())));

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "support/Assignments.h"
 #include "support/TestDesk.h"
+#include "support/Text.h"
 
 namespace gazetteer {
 namespace {
@@ -25,71 +27,64 @@ constexpr char kBook[] = R"({"currentTemplate": "index", "books": [{"key": "atla
    {"key": "back", "name": "Index", "startPage": 40, "pages": ["index$1"],
     "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})";
 
+const support::Assignments kLinked = {{"LinkToMapSeries", true},
+                                      {"MapSeriesSectionKey", "maps"},
+                                      {"MapSeriesTemplateKey", "sheet"},
+                                      {"MapSeriesFrameName", "Main map"}};
+
 class Link : public ::testing::Test {
 protected:
-    Link() {
-        desk.UseBook(kBook, {{"REGION"}, {{"North"}, {"South"}}});
-        element = desk.NewGazetteer(
-            desk.GridTable({{"Ash", "1", "3", "2"}, {"Birch", "2", "40", "1"}}), 4.5, 3);
-        Set("LinkToMapSeries", true);
-        Set("MapSeriesSectionKey", std::string("maps"));
-        Set("MapSeriesTemplateKey", std::string("sheet"));
-        Set("MapSeriesFrameName", std::string("Main map"));
+    using Listings = std::vector<std::string>;
+
+    void UseBook(const std::string& book) {
+        desk.UseBook(book, {{"REGION"}, {{"North"}, {"South"}}});
     }
-    void Set(const char* key, host::Variant value) {
-        desk.Properties(element)->SetItem(key, std::move(value));
+    void NewElement(const std::string& table) {
+        element = desk.NewGazetteer(table, 4.5, 3);
+        Store(kLinked);
     }
-    std::vector<std::string> Run() {
+    void SetUp() override {
+        UseBook(kBook);
+        NewElement(desk.GridTable({{"Ash", "1", "3", "2"}, {"Birch", "2", "40", "1"}}));
+    }
+    void Store(const support::Assignments& values) { support::Store(desk, element, values); }
+    /// Of a column Page that is not from the database.
+    Listings RunLinked(const char* expression) {
+        Store({{"Page.FromDatabase", false}, {"Page.Expression", expression}});
+        return Run();
+    }
+    Listings Run() {
         CVNGazetteerManager manager(desk.HostRef());
         manager.SetIndexElement(element);
         findings = manager.LastFindings();
-        return manager.CanDraw() ? desk.ListingTexts(manager) : std::vector<std::string>{};
+        return manager.CanDraw() ? desk.ListingTexts(manager) : Listings{};
     }
     TestDesk desk;
-    host::Ref<host::IHostGroupElement> element;
+    TestDesk::Group element;
     Findings findings;
 };
 
-TEST_F(Link, IndexLayerColumnsSeeCorrectedPagesAndLabels) {
-    desk.Column(element, "Page")->SetItem("FromDatabase", false);
-    desk.Column(element, "Page")
-        ->SetItem("Expression", std::string("$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"));
+TEST_F(Link, ColumnsSeeCorrectedPagesOrThoseOfTheDatabase) {
+    EXPECT_EQ(Run(), (Listings{"Ash|1 3-2", "Birch|2 40-1"}));
+    Store({{"HaveSavedListings", false}});
     // The section starts at page 5 and the template stands on its second page.
-    EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|6 C-j North", "Birch|7 40-i South"}));
+    EXPECT_EQ(RunLinked("$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"),
+              (Listings{"Ash|6 C-j North", "Birch|7 40-i South"}));
 }
 
 // Fields that are not there count as 0, which no grid is asked about.
 TEST_F(Link, TableWithoutGridFields) {
-    const auto link = {"MapSeriesSectionKey", "MapSeriesTemplateKey", "MapSeriesFrameName"};
-    const auto linked = element;
-    element = desk.NewGazetteer(desk.ListingTable({{"Ash", "1"}}), 4.5, 3);
-    for (const char* key : link) Set(key, desk.Properties(linked)->Item(key));
-    Set("LinkToMapSeries", true);
-    desk.Column(element, "Page")->SetItem("FromDatabase", false);
-    desk.Column(element, "Page")
-        ->SetItem("Expression", std::string("$$PAGE_NUMBER $$ROW-$$COLUMN"));
-    EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|6 0-0"}));
-}
-
-TEST_F(Link, DatabaseColumnsSeeRawValues) {
-    EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|1 3-2", "Birch|2 40-1"}));
+    NewElement(desk.ListingTable({{"Ash", "1"}}));
+    EXPECT_EQ(RunLinked("$$PAGE_NUMBER $$ROW-$$COLUMN"), Listings{"Ash|6 0-0"});
 }
 
 TEST_F(Link, SeriesBehindTheGazetteerMovesNoPage) {
-    desk.UseBook(std::string(kBook).replace(std::string(kBook).find("\"index\""), 7, "\"front\""),
-                 {{"REGION"}, {{"North"}, {"South"}}});
-    desk.Column(element, "Page")->SetItem("FromDatabase", false);
-    desk.Column(element, "Page")->SetItem("Expression", std::string("$$PAGE_NUMBER"));
-    EXPECT_EQ(Run(), (std::vector<std::string>{"Ash|1", "Birch|2"}));
+    UseBook(ReplaceAll(kBook, R"("currentTemplate": "index")", R"("currentTemplate": "front")"));
+    EXPECT_EQ(RunLinked("$$PAGE_NUMBER"), (Listings{"Ash|1", "Birch|2"}));
 }
 
 TEST_F(Link, BrokenLinksAreNamed) {
-    struct Case {
-        const char* key;
-        const char* value;
-        const char* finding;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"MapSeriesTemplateKey", "gone",
          "The linked template \"gone\" is not in the section \"maps\"."},
         {"MapSeriesFrameName", "Plain",
@@ -97,19 +92,18 @@ TEST_F(Link, BrokenLinksAreNamed) {
         {"MapSeriesFrameName", "Deep",
          "There is no map series frame \"Deep\" with an index layer on the template \"sheet\"."},
     };
-    for (const Case& c : cases) {
-        const auto old = desk.Properties(element)->Item(c.key);
-        Set(c.key, std::string(c.value));
-        EXPECT_TRUE(Run().empty()) << c.value;
-        ASSERT_FALSE(findings.empty()) << c.value;
-        EXPECT_EQ(findings.front(), c.finding);
-        Set(c.key, old);
+    for (const auto& [key, value, finding] : cases) {
+        Store(kLinked);
+        Store({{key, value}});
+        EXPECT_TRUE(Run().empty()) << value;
+        ASSERT_FALSE(findings.empty()) << value;
+        EXPECT_EQ(findings.front(), finding);
     }
 }
 
 // The book is asked about a section before anybody knows that it is there.
 TEST_F(Link, StaleSectionEndsTheCheck) {
-    Set("MapSeriesSectionKey", std::string("gone"));
+    Store({{"MapSeriesSectionKey", "gone"}});
     CVNGazetteerManager manager(desk.HostRef());
     EXPECT_FALSE(manager.CanDrawIndex(element));
     EXPECT_NE(manager.LastFindings().at(0).find("gone"), std::string::npos);
@@ -121,32 +115,22 @@ TEST_F(Link, StaleSectionEndsTheCheck) {
 }
 
 TEST_F(Link, ValueThatIsNoNumberNamesRecordAndField) {
-    element = desk.NewGazetteer(desk.GridTable({{"Ash", "1", "3", "2"}, {"Birch", "", "1", "1"}}),
-                                4.5, 3);
-    for (const auto& [key, value] : {std::pair{"MapSeriesSectionKey", "maps"},
-                                     {"MapSeriesTemplateKey", "sheet"},
-                                     {"MapSeriesFrameName", "Main map"}})
-        Set(key, std::string(value));
-    Set("LinkToMapSeries", true);
-    desk.Column(element, "Page")->SetItem("FromDatabase", false);
-    Run();
-    EXPECT_EQ(desk.Dialogs().LastFact("record"), "2");
-    EXPECT_EQ(desk.Dialogs().LastFact("field"), "Page");
-    EXPECT_EQ(desk.Dialogs().LastFact("value"), "(none)");
-    EXPECT_EQ(desk.Dialogs().LastFact("column"), "Page");
+    NewElement(desk.GridTable({{"Ash", "1", "3", "2"}, {"Birch", "", "1", "1"}}));
+    RunLinked("$$PAGE_NUMBER");
+    for (const auto& [fact, value] :
+         {std::pair{"record", "2"}, {"field", "Page"}, {"value", "(none)"}, {"column", "Page"}})
+        EXPECT_EQ(desk.Dialogs().LastFact(fact), value) << fact;
 }
 
 TEST_F(Link, ColumnsAreCheckedAgainstTheirTables) {
-    desk.Column(element, "Page")->SetItem("Expression", std::string("[Nowhere]"));
+    Store({{"Page.Expression", "[Nowhere]"}});
     EXPECT_TRUE(Run().empty());
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_NE(findings[0].find("Column \"Page\""), std::string::npos);
     EXPECT_NE(findings[0].find("Nowhere"), std::string::npos);
 
-    Set("LinkToMapSeries", false);
-    desk.Column(element, "Page")->SetItem("Expression", std::string("[Listing]"));
-    desk.Column(element, "Page")->SetItem("FromDatabase", false);
-    EXPECT_TRUE(Run().empty());
+    Store({{"LinkToMapSeries", false}});
+    EXPECT_TRUE(RunLinked("[Listing]").empty());
     EXPECT_NE(findings.at(0).find("not linked"), std::string::npos);
 }
 

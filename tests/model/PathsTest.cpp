@@ -7,19 +7,17 @@ namespace gazetteer {
 namespace {
 
 TEST(Paths, FolderAndFile) {
-    struct Case {
-        const char* path;
-        const char* folder;
-        const char* file;
-    };
-    for (const Case& c :
-         {Case{"names.dbf", "", "names.dbf"}, Case{"C:\\names.dbf", "C:", "names.dbf"},
-          Case{"C:\\maps\\x\\names.dbf", "C:\\maps\\x", "names.dbf"},
-          Case{"\\\\server\\maps\\names.dbf", "\\\\server\\maps", "names.dbf"},
-          Case{"\\names.dbf", "", "names.dbf"}, Case{"/home/a/names.dbf", "", "/home/a/names.dbf"},
-          Case{"", "", ""}}) {
-        EXPECT_EQ(RemoveFileName(c.path), c.folder) << c.path;
-        EXPECT_EQ(GetFileName(c.path), c.file) << c.path;
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"names.dbf", "", "names.dbf"},
+        {"C:\\names.dbf", "C:", "names.dbf"},
+        {"C:\\maps\\x\\names.dbf", "C:\\maps\\x", "names.dbf"},
+        {"\\\\server\\maps\\names.dbf", "\\\\server\\maps", "names.dbf"},
+        {"\\names.dbf", "", "names.dbf"},
+        {"/home/a/names.dbf", "", "/home/a/names.dbf"},
+        {"", "", ""}};
+    for (const auto& [path, folder, file] : cases) {
+        EXPECT_EQ(RemoveFileName(path), folder) << path;
+        EXPECT_EQ(GetFileName(path), file) << path;
     }
 }
 

@@ -1,24 +1,18 @@
 #include "page/PageStory.h"
 
-#include <QAbstractItemView>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
 #include <QTabWidget>
+#include <filesystem>
 
 #include "desk/window/ExpressionEditor.h"
 #include "desk/window/ObjectDialog.h"
 #include "desk/window/ObjectSet.h"
 #include "desk/window/SymbolDialog.h"
 #include "manager/CVNGazetteerManager.h"
-#include "model/GeneralFunctions.h"
+#include "model/Keys.h"
 
 namespace page_test {
-
-using support::TestDesk;
 
 PageStory::PageStory() : desk_(WindowOptions(*this)) {
     desk_.TheDesk().Commands().Add("CVNLayoutsCmds.RefreshLayout", [this] { RefreshLayout(); });
@@ -41,17 +35,10 @@ desk::DeskOptions PageStory::WindowOptions(PageStory& story) {
     return options;
 }
 
-void PageStory::Open(const std::string& table, double width, double height) {
-    if (table.empty()) {
-        element_ = desk_.Host().NewGroupElement();
-        auto frame = desk_.Host().NewEnvelope();
-        frame->SetCoords(1, 1, 1 + width, 1 + height);
-        element_->SetGeometry(frame);
-        gazetteer::SetGazetteerProperties(desk_.Host(), element_,
-                                          gazetteer::NewGazetteerProperties(desk_.Host()));
-    } else {
-        element_ = desk_.NewGazetteer(table, width, height);
-    }
+void PageStory::Open(double width) {
+    const auto table =
+        desk_.ListingTable({{"Oak St", "3"}, {"Elm St", "1"}, {"Oak St", "5"}, {"Ash St", "2"}});
+    element_ = desk_.NewGazetteer(table, width, 3);
     OpenSheet();
 }
 
@@ -77,11 +64,28 @@ void PageStory::CloseSheet() {
     QApplication::processEvents();
 }
 
+void PageStory::UseBook() {
+    desk_.UseBook(R"({"currentTemplate": "index", "books": [{"key": "atlas", "sections": [
+        {"key": "maps", "name": "Maps", "startPage": 5, "pages": ["sheet$1", "sheet$2"],
+         "templates": [{"key": "sheet", "name": "Map sheet", "layout": [
+           {"kind": "mapFrame", "name": "Main map", "series": {"indexLayer": "sheets.dbf",
+            "firstPage": 1, "grids": []}}]}]},
+        {"key": "back", "name": "Back matter", "startPage": 40, "pages": ["index$1"],
+         "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})",
+                  {{"REGION"}, {{"North"}, {"East"}, {"South"}, {"West"}, {"Centre"}}});
+}
+
+void PageStory::StoreLink(const std::string& section) {
+    Stored()->SetItem("LinkToMapSeries", true);
+    Stored()->SetItem("MapSeriesSectionKey", section);
+    Stored()->SetItem("MapSeriesTemplateKey", std::string("sheet"));
+    Stored()->SetItem("MapSeriesFrameName", std::string("Main map"));
+}
+
 void PageStory::RefreshLayout() {
     gazetteer::CVNGazetteerManager manager(desk_.HostRef());
     manager.SetIndexElement(element_);
-    const bool draft = host::As<host::IHostFrameElement>(element_)->Draft();
-    if (manager.CanDraw() && !draft) manager.SetIndexToPageNumber(manager.DefaultPage());
+    if (manager.CanDraw() && !IsDraft()) manager.SetIndexToPageNumber(manager.DefaultPage());
 }
 
 void PageStory::Reveal(const QString& control) const {
@@ -105,12 +109,7 @@ void PageStory::Type(const QString& control, const QString& text) const {
     Reveal(control);
     auto& box = Control<QLineEdit>(control);
     ASSERT_TRUE(box.isVisible() && box.isEnabled()) << control.toStdString();
-    box.setFocus();
-    box.selectAll();
-    if (text.isEmpty())
-        QTest::keyClick(&box, Qt::Key_Delete);
-    else
-        QTest::keyClicks(&box, text);
+    support::Retype(box, text);
 }
 
 void PageStory::Choose(const QString& list, const QString& entry) const {
@@ -134,23 +133,37 @@ void PageStory::SelectRow(const QString& list, int row) const {
     ASSERT_EQ(rows.currentRow(), row);
 }
 
-void PageStory::Press(const QString& button) const {
-    for (auto* candidate : sheet_->findChildren<QPushButton*>())
-        if (candidate->text().remove('&') == button &&
-            qobject_cast<QDialogButtonBox*>(candidate->parentWidget())) {
-            ASSERT_TRUE(candidate->isEnabled()) << button.toStdString();
-            QTest::mouseClick(candidate, Qt::LeftButton);
-            QApplication::processEvents();
-            return;
-        }
-    FAIL() << "no button " << button.toStdString();
+void PageStory::Press(QDialogButtonBox::StandardButton which) const {
+    auto& button = support::EndButton(*sheet_, which);
+    ASSERT_TRUE(button.isEnabled()) << button.text().toStdString();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QApplication::processEvents();
 }
 
-std::vector<std::string> PageStory::RowsOf(const QString& list) const {
-    std::vector<std::string> texts;
-    const auto& rows = Control<QListWidget>(list);
-    for (int row = 0; row < rows.count(); ++row)
-        texts.push_back(rows.item(row)->text().toStdString());
+void PageStory::AddColumn(const std::string& name) {
+    desk_.Dialogs().input = name;
+    Click("cmdAdd");
+}
+
+void PageStory::PickDatabase(const std::string& path) const {
+    support::WhenModal([name = std::filesystem::path(path).filename()](QWidget& dialog) {
+        auto& box = support::Part<QLineEdit>(dialog, "name");
+        support::Retype(box, QString::fromStdString(name));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Click("cmdSetNewFileName");
+}
+
+void PageStory::LinkToMainMap() const {
+    Choose("cmbSection", "Maps");
+    Choose("CmbTemplate", "Map sheet");
+    Choose("cmbMapSeriesFrame", "Main map");
+}
+
+Texts PageStory::RowsOf(const QString& list) const {
+    Texts texts;
+    for (const QString& row : support::RowTexts(Control<QListWidget>(list)))
+        texts.push_back(row.toStdString());
     return texts;
 }
 
@@ -158,16 +171,20 @@ host::Variant PageStory::ColumnValue(const std::string& column, const std::strin
     return TestDesk::SetIn(*TestDesk::SetIn(*Working(), "ColumnsProperties"), column)->Item(key);
 }
 
-std::vector<std::string> PageStory::DrawnListings() {
-    std::vector<std::string> texts;
+host::Variant PageStory::Held(const std::string& key) const {
+    return gazetteer::FindColumnKey(key) == nullptr ? Value(key) : ColumnValue("Listing", key);
+}
+
+Texts PageStory::DrawnListings() {
+    Texts texts;
     for (const auto& row : TestDesk::Members(*element_, "ROWGROUP"))
         texts.push_back(TestDesk::CellText(*row, 0));
     return texts;
 }
 
-std::vector<std::string> PageStory::Titles() const {
-    std::vector<std::string> titles;
-    for (const auto& message : const_cast<TestDesk&>(desk_).Dialogs().messages)
+Texts PageStory::Told() {
+    Texts titles;
+    for (const auto& message : std::exchange(desk_.Dialogs().messages, {}))
         titles.push_back(message.title);
     return titles;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <memory>
@@ -11,33 +12,39 @@
 #include "page/GazetteerPropertyPage.h"
 #include "page/SetDump.h"
 #include "page/frmGazetteerPropertyPage.h"
+#include "support/Modal.h"
 #include "support/TestDesk.h"
+#include "support/Widgets.h"
 
 namespace page_test {
+
+using Texts = std::vector<std::string>;
+using support::TestDesk;
 
 /// A user at the property page of one gazetteer: the real page in the real sheet on the real desk,
 /// with the desk's own object, symbol and expression dialogs. Message boxes are recorded.
 class PageStory : public testing::Test {
 public:
-    using Rows = support::TestDesk::Rows;
-
     PageStory();
     ~PageStory() override;
 
-    /// A new element with this table, or with bare defaults for an empty path, and the page on it.
-    void Open(const std::string& table, double width = 4, double height = 3);
+    /// A new element of this width with four listings of Oak St (twice), Elm St and Ash St, and the
+    /// page on it.
+    void Open(double width = 4);
     /// The page on the element as it is now, in a sheet of its own.
     void OpenSheet();
     void CloseSheet();
+    /// Works with a book in which the template "Map sheet" of the section "Maps", which starts on
+    /// page 5, has the map series frame "Main map".
+    void UseBook();
+    /// Makes the element's link to that frame by hand, by way of a section of this key.
+    void StoreLink(const std::string& section);
 
     gazetteer::frmGazetteerPropertyPage& Form() const { return *form_; }
     gazetteer::GazetteerPropertyPage& Page() const { return *page_; }
-
     template <class T = QWidget>
     T& Control(const QString& name) const {
-        auto* control = Form().findChild<T*>(name);
-        if (control == nullptr) throw std::runtime_error("no control " + name.toStdString());
-        return *control;
+        return support::Part<T>(Form(), qPrintable(name));
     }
 
     // What a user does.
@@ -49,20 +56,26 @@ public:
     void Type(const QString& control, const QString& text) const;
     void Choose(const QString& list, const QString& entry) const;
     void SelectRow(const QString& list, int row) const;
-    /// Presses a button of the sheet: "OK", "Apply", "Cancel".
-    void Press(const QString& button) const;
+    void Press(QDialogButtonBox::StandardButton which) const;
+    void AddColumn(const std::string& name);
+    /// Picks a table of the desk's folder in the host's dialog.
+    void PickDatabase(const std::string& path) const;
+    void LinkToMainMap() const;
 
     // What comes of it.
 
-    std::vector<std::string> RowsOf(const QString& list) const;
+    Texts RowsOf(const QString& list) const;
     host::Ref<host::IHostPropertySet> Stored() { return desk_.Properties(element_); }
     host::Ref<host::IHostPropertySet> Working() const { return Form().GazetteerProperties(); }
     host::Variant Value(const std::string& key) const { return Working()->Item(key); }
     host::Variant ColumnValue(const std::string& column, const std::string& key) const;
-    std::string Text(const std::string& key) const { return std::get<std::string>(Value(key)); }
+    /// What the gazetteer, or else its column "Listing", holds under a key.
+    host::Variant Held(const std::string& key) const;
     /// Texts of the listing column as they are drawn, from the top.
-    std::vector<std::string> DrawnListings();
-    std::vector<std::string> Titles() const;
+    Texts DrawnListings();
+    bool IsDraft() { return host::As<host::IHostFrameElement>(element_)->Draft(); }
+    /// The titles of the messages that nobody asked for yet.
+    Texts Told();
 
     support::TestDesk desk_;
     support::TestDesk::Group element_;

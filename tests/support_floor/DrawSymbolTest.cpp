@@ -12,30 +12,31 @@ using Symbol = host::Ref<host::IHostSymbol>;
 constexpr std::uint32_t kWhite = 0xFFFFFFFF;
 
 /// Keeps what it is asked to draw, and fails where it is told to.
-template <class Kind>
-class Probe final : public Kind {
+class Probe final : public host::IHostMarkerSymbol {
 public:
+    explicit Probe(std::string failing = {}) : failing_(std::move(failing)) {}
+
     void PrepareDevice(host::DeviceContext,
-                       const host::Ref<host::IHostDisplayTransformation>& transformation) override {
-        calls += "prepare ";
-        if (failing == "prepare") Fail();
-        used = transformation;
+                       const host::Ref<host::IHostDisplayTransformation>&) override {
+        Note("prepare");
     }
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override {
-        calls += "draw ";
-        if (failing == "draw") Fail();
         drawn = geometry;
+        Note("draw");
     }
-    void ReleaseDevice() override { calls += "release"; }
+    void ReleaseDevice() override { Note("release"); }
     host::Ref<host::IHostObject> Copy() const override { return nullptr; }
 
     std::string calls;
-    std::string failing;
-    host::Ref<host::IHostDisplayTransformation> used;
     host::Ref<host::IHostGeometry> drawn;
 
 private:
-    [[noreturn]] static void Fail() { throw host::Failure(-7, "Probe", "The symbol is broken."); }
+    void Note(const std::string& call) {
+        calls += call + ' ';
+        if (call == failing_) throw host::Failure(-7, "Probe", "The symbol is broken.");
+    }
+
+    std::string failing_;
 };
 
 class DrawSymbol : public ::testing::Test {
@@ -94,66 +95,37 @@ TEST_F(DrawSymbol, DrawsTextsAndLinesOnTheMiddle) {
     EXPECT_LE(middle[0], 4);
     EXPECT_NEAR(middle[3] - middle[1], 10, 3);
 
-    ASSERT_TRUE(Draw(Text("HHH", 2)));
-    EXPECT_NEAR(Ink()[3], 40, 1) << "letters stand on the line";
-
     ASSERT_TRUE(Draw(desk_.Host().NewLineSymbol()));
     const auto line = Ink();
     EXPECT_EQ(line[0], 0);
     EXPECT_EQ(line[2], 112);
     EXPECT_NEAR(line[1], 40, 1);
     EXPECT_NEAR(line[3], 40, 1);
-}
 
-TEST_F(DrawSymbol, DrawsTextsInTheirSizeAtAnyResolution) {
-    Use(226, 162, 192);
-    ASSERT_TRUE(Draw(Text("HHH")));
-    const auto twice = Ink();
-    Use(113, 81, 96);
-    ASSERT_TRUE(Draw(Text("HHH")));
+    ASSERT_TRUE(Draw(Text("HHH", 2)));
     const auto once = Ink();
+    EXPECT_NEAR(once[3], 40, 1) << "letters stand on the line";
+    Use(226, 162, 192);
+    ASSERT_TRUE(Draw(Text("HHH", 2)));
+    const auto twice = Ink();
     EXPECT_NEAR(twice[3] - twice[1], 2 * (once[3] - once[1]), 3);
     EXPECT_NEAR(twice[2] - twice[0], 2 * (once[2] - once[0]), 3);
 }
 
-TEST_F(DrawSymbol, GivesEachKindItsGeometry) {
-    const auto fill = std::make_shared<Probe<host::IHostSymbol>>();
-    ASSERT_TRUE(Draw(fill));
-    EXPECT_EQ(fill->calls, "prepare draw release");
-    const auto box = host::As<host::IHostEnvelope>(fill->drawn);
-    ASSERT_TRUE(box);
-    EXPECT_EQ(box->XMin(), 0);
-    EXPECT_EQ(box->YMin(), 40.5);
-    EXPECT_EQ(box->XMax(), 113);
-    EXPECT_EQ(box->YMax(), 81);
-    EXPECT_EQ(fill->used->DotsPerInch(), 96);
-    EXPECT_EQ(fill->used->ShownExtent()->Width(), 113);
-    EXPECT_EQ(fill->used->FullExtent()->Height(), 81);
-    EXPECT_EQ(fill->used->DeviceRectangle().right, 113);
-    EXPECT_EQ(fill->used->DeviceRectangle().bottom, 81);
-
-    const auto marker = std::make_shared<Probe<host::IHostMarkerSymbol>>();
+TEST_F(DrawSymbol, GivesAMarkerTheMiddle) {
+    const auto marker = std::make_shared<Probe>();
     ASSERT_TRUE(Draw(marker, 5));
+    EXPECT_EQ(marker->calls, "prepare draw release ");
     const auto point = host::As<host::IHostPoint>(marker->drawn);
     ASSERT_TRUE(point);
     EXPECT_EQ(point->X(), 56.5);
     EXPECT_EQ(point->Y(), 57);
 }
 
-TEST_F(DrawSymbol, WithoutDeviceIsNoFailure) {
-    EXPECT_FALSE(gazetteer::DrawToDC(desk_.Host(), 0, 113, 81, Text("A"), 0));
-    EXPECT_TRUE(desk_.Dialogs().messages.empty());
-}
-
 TEST_F(DrawSymbol, TellsOfEveryFailureOnce) {
-    const auto device = surface_->Device();
     const auto coarse = desk_.Host().NewPixelSurface(9, 9, 0.4);
     const auto gone = desk_.Host().NewPixelSurface(9, 9, 96)->Device();
-    const auto broken = [](const char* where) {
-        auto symbol = std::make_shared<Probe<host::IHostMarkerSymbol>>();
-        symbol->failing = where;
-        return symbol;
-    };
+    const auto undrawable = std::make_shared<Probe>("draw");
     const struct {
         host::DeviceContext device;
         Symbol symbol;
@@ -163,9 +135,9 @@ TEST_F(DrawSymbol, TellsOfEveryFailureOnce) {
         {gone, Text("A"), "-2147214502", "Could not clear the Device Context."},
         {coarse->Device(), Text("A"), "-2147214496",
          "Could not create required Transformation or Geometry for this draw operation."},
-        {device, broken("prepare"), "-7", "The symbol is broken."},
-        {device, broken("draw"), "-7", "The symbol is broken."},
-        {device, nullptr, "-2147352571", "Type mismatch"},
+        {surface_->Device(), std::make_shared<Probe>("prepare"), "-7", "The symbol is broken."},
+        {surface_->Device(), undrawable, "-7", "The symbol is broken."},
+        {surface_->Device(), nullptr, "-2147352571", "Type mismatch"},
     };
     for (const auto& one : cases) {
         desk_.Dialogs().messages.clear();
@@ -176,6 +148,10 @@ TEST_F(DrawSymbol, TellsOfEveryFailureOnce) {
         EXPECT_NE(text.find(std::string("\t") + one.number + "\r\n"), std::string::npos) << text;
         EXPECT_NE(text.find("\tDrawToDC CVNGazetteer:basDrawSymbol "), std::string::npos) << text;
     }
+    EXPECT_EQ(undrawable->calls, "prepare draw release ") << "the device is freed all the same";
+    desk_.Dialogs().messages.clear();
+    EXPECT_FALSE(gazetteer::DrawToDC(desk_.Host(), 0, 113, 81, Text("A"), 0));
+    EXPECT_TRUE(desk_.Dialogs().messages.empty()) << "no device is no failure";
 }
 
 }  // namespace
