@@ -98,7 +98,7 @@ protected:
         Counts counts;
         for (std::size_t i = 0; i < lines.size(); ++i) {
             const std::string line = lines[i];
-            const int wanted = direct.ShapedWidth(font, HB_SCRIPT_LATIN, line);
+            const auto wanted = direct.ShapedWidth(font, HB_SCRIPT_LATIN, line);
             const auto sum = direct.SumWidth(font, HB_SCRIPT_LATIN, line);
             EXPECT_EQ(sum.value_or(wanted), wanted) << line;
             counts.summed += sum.has_value();

@@ -99,7 +99,7 @@ TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
         const std::string line = *AnyLine(characters);
         const auto script = desk::PlainScript(line, font.plain);
         RC_ASSERT(script.has_value());
-        const int wanted = layout.Shape(font, line);
+        const auto wanted = layout.Shape(font, line);
         RC_ASSERT(direct.ShapedWidth(font, *script, line) == wanted);
         const auto sum = direct.SumWidth(font, *script, line);
         if (sum) RC_ASSERT(*sum == wanted);
@@ -112,8 +112,7 @@ TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
         std::vector<std::pair<unsigned long, double>> placed;
         for (const auto& glyph : set.glyphs)
             for (unsigned i = 0; i < glyph.count; ++i)
-                placed.emplace_back(glyph.id, (glyph.x + static_cast<int>(i) * glyph.step) /
-                                                  desk::kGlyphUnitsPerPoint);
+                placed.emplace_back(glyph.id, desk::Points(glyph.x + i * glyph.step));
         RC_ASSERT(placed == Shaped(font, *script, line));
     }));
     // Where nearly all lines were shaped, the sums would be tested in name only.
@@ -130,7 +129,7 @@ TEST_P(PlainText, BeginningsAreAsWideAsLinesOfTheirOwn) {
         std::vector<std::size_t> ends{0};
         for (std::size_t place = 0; place < line.size(); ends.push_back(place))
             desk::NextCharacter(line, place);
-        std::vector<int> widths;
+        std::vector<desk::GlyphUnits> widths;
         if (!direct.SumPrefixWidths(font, line, ends, widths)) return;
         ++told;
         RC_ASSERT(widths.size() == ends.size());

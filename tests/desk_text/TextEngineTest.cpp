@@ -35,6 +35,7 @@ TEST(Measure, CountsLinesAndTakesTheWidest) {
         {"x\nwide line\r\n\r\nx", wide, 4},
         {"wide\r line", wide, 1},
         {"x\n", engine.Measure(kSans, "x").xSize, 2},
+        {"\U000F0000\tb", engine.Measure(kSans, "\U000F0000 b").xSize, 1},
         {"a\u2028b", engine.Measure(kSans, "a b").xSize, 1},
     };
     for (const auto& text : texts) {
@@ -59,6 +60,22 @@ TEST(Measure, SizesGrowWithTheFontAndFollowNoResolution) {
     EXPECT_NEAR(large.xSize / small.xSize, 100, 0.05);
     EXPECT_NEAR(large.ySize / small.ySize, 100, 0.05);
     EXPECT_GT(engine.Measure({"DejaVu Sans", 7, true}, text).xSize, small.xSize);
+}
+
+// Wider than 32 bits of 1024ths of a point hold, in each of the ways in which lines are measured.
+TEST(Measure, LinesOfAnyLengthAreAsWideAsTheirParts) {
+    for (const auto ways : {TextEngine::Ways::Quick, TextEngine::Ways::Plain}) {
+        TextEngine engine(ways);
+        const FontSpec large{"DejaVu Sans", 1000, false};
+        for (const char* character : {"W", "fi", "Ж", "東", "ش", "a\u0301"}) {
+            std::string part;
+            for (int i = 0; i < 100; ++i) part += character;
+            std::string line;
+            for (int i = 0; i < 64; ++i) line += part;
+            const double width = engine.Measure(large, part).xSize;
+            EXPECT_NEAR(engine.Measure(large, line).xSize / (64 * width), 1, 0.01) << character;
+        }
+    }
 }
 
 TEST(Substitutions, NameFamiliesThatAreMissingOnce) {

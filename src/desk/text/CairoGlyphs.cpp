@@ -29,10 +29,10 @@ void CairoGlyphs::Gather(PangoFont* font, const GlyphLine& line, double x, doubl
     font_ = font;
     std::string_view text = line.text;
     for (const Glyph& glyph : line.glyphs) {
-        const double glyphY = y + glyph.y / kGlyphUnitsPerPoint;
-        int glyphX = glyph.x;
+        const double glyphY = y + Points(glyph.y);
+        GlyphUnits glyphX = glyph.x;
         for (unsigned i = 0; i < glyph.count; ++i, glyphX += glyph.step) {
-            Gather(glyph, text.substr(0, glyph.bytes), x + glyphX / kGlyphUnitsPerPoint, glyphY);
+            Gather(glyph, text.substr(0, glyph.bytes), x + Points(glyphX), glyphY);
             text.remove_prefix(glyph.bytes);
         }
     }

@@ -61,18 +61,20 @@ PairTable& DirectShaper::Remembered(const ResolvedFont& font, hb_script_t script
     return table;
 }
 
-std::optional<int> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
-                                          std::string_view line) {
+std::optional<GlyphUnits> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
+                                                 std::string_view line) {
     return Remembered(font, script).Width(line);
 }
 
-std::optional<int> DirectShaper::SumWidthAsBefore(const ResolvedFont& font, std::string_view line) {
+std::optional<GlyphUnits> DirectShaper::SumWidthAsBefore(const ResolvedFont& font,
+                                                         std::string_view line) {
     if (!last_ || lastFont_ != font.number) return std::nullopt;
     return last_->WidthInScript(line);
 }
 
 bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, std::string_view line,
-                                   std::span<const std::size_t> ends, std::vector<int>& widths) {
+                                   std::span<const std::size_t> ends,
+                                   std::vector<GlyphUnits>& widths) {
     // A beginning without a letter is a line without script.
     const std::size_t letter = FirstLetter(line, font.plain);
     const bool lettersInAll = !ends.empty() && letter < ends.front();
@@ -98,14 +100,14 @@ bool DirectShaper::SumSteps(const ResolvedFont& font, std::string_view line,
     if (!SumPrefixWidths(font, line, ends_, sums_)) return false;
     steps.clear();
     Letter before;
-    int widthBefore = 0;
+    GlyphUnits widthBefore = 0;
     std::size_t place = 0;
-    for (const int width : sums_) {
+    for (const GlyphUnits width : sums_) {
         const std::size_t start = place;
         const char32_t code = NextCharacter(line, place);
         const Letter letter{code, line.substr(start, place - start)};
-        const int step = width - widthBefore;
-        steps.push_back({step / kGlyphUnitsPerPoint, GeneralStep(font, before, letter) == step});
+        const GlyphUnits step = width - widthBefore;
+        steps.push_back({Points(step), GeneralStep(font, before, letter) == step});
         before = letter;
         widthBefore = width;
     }
@@ -136,18 +138,19 @@ std::int32_t DirectShaper::FindGeneralStep(const ResolvedFont& font, const Lette
     return step == without ? step.value_or(kNoStep) : kNoStep;
 }
 
-int DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line) {
+GlyphUnits DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script,
+                                     std::string_view line) {
     return ShapeLine(buffer_.get(), font.shaping, WritingOf(script), line);
 }
 
-std::optional<int> DirectShaper::Place(const ResolvedFont& font, std::string_view line,
-                                       GlyphStore& glyphs) {
+std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::string_view line,
+                                              GlyphStore& glyphs) {
     if (last_ && lastFont_ == font.number)
         if (const auto width = last_->PlaceInScript(line, glyphs)) return width;
     const auto script = PlainScript(line, font.plain);
     if (!script) return std::nullopt;
     if (const auto width = Remembered(font, *script).Place(line, glyphs)) return width;
-    const int width = ShapedWidth(font, *script, line);
+    const GlyphUnits width = ShapedWidth(font, *script, line);
     AddShaped(line, glyphs);
     return width;
 }
@@ -155,7 +158,7 @@ std::optional<int> DirectShaper::Place(const ResolvedFont& font, std::string_vie
 void DirectShaper::AddShaped(std::string_view line, GlyphStore& glyphs) {
     const auto infos = Glyphs(buffer_.get());
     const auto positions = Positions(buffer_.get());
-    int pen = 0;
+    GlyphUnits pen = 0;
     for (std::size_t i = 0, first = 0; i < infos.size(); ++i) {
         glyphs.Add(infos[i].codepoint, pen + positions[i].x_offset, -positions[i].y_offset, 0);
         pen += positions[i].x_advance;

@@ -21,17 +21,17 @@ public:
     DirectShaper();
 
     /// Width of a line, where it can be told without shaping.
-    std::optional<int> SumWidth(const ResolvedFont& font, hb_script_t script,
-                                std::string_view line);
+    std::optional<GlyphUnits> SumWidth(const ResolvedFont& font, hb_script_t script,
+                                       std::string_view line);
 
     /// Width of a line in the script of the last one that had letters, where it can be told without
     /// shaping and without looking for the line's script first.
-    std::optional<int> SumWidthAsBefore(const ResolvedFont& font, std::string_view line);
+    std::optional<GlyphUnits> SumWidthAsBefore(const ResolvedFont& font, std::string_view line);
 
     /// Widths of the beginnings of a line that end before the given bytes, where all can be told
     /// without shaping. As PairTable::AddPrefixWidths.
     bool SumPrefixWidths(const ResolvedFont& font, std::string_view line,
-                         std::span<const std::size_t> ends, std::vector<int>& widths);
+                         std::span<const std::size_t> ends, std::vector<GlyphUnits>& widths);
 
     /// The steps of a line, by the promises of host::IHostTextSteps, where they can be told without
     /// shaping.
@@ -39,10 +39,11 @@ public:
                   std::vector<host::TextStep>& steps);
 
     /// Width of a line that is shaped.
-    int ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
+    GlyphUnits ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
 
     /// Adds the glyphs of a line, and returns its width. Nothing for a line that is not plain.
-    std::optional<int> Place(const ResolvedFont& font, std::string_view line, GlyphStore& glyphs);
+    std::optional<GlyphUnits> Place(const ResolvedFont& font, std::string_view line,
+                                    GlyphStore& glyphs);
 
 private:
     /// A character of a line, and 0 as the one before the first.
@@ -74,7 +75,7 @@ private:
     BufferHandle buffer_;
     /// @{ Kept for their storage.
     std::vector<std::size_t> ends_;
-    std::vector<int> sums_;
+    std::vector<GlyphUnits> sums_;
     /// @}
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <hb.h>
 #include <span>
 #include <string>
@@ -9,12 +10,20 @@
 
 namespace desk {
 
-/// Places of glyphs are in 1024ths of a point.
+/// Widths of lines and places of glyphs in them, in 1024ths of a point. Of 32 bits they would be
+/// too short for a text of some thousand characters in the largest type.
+using GlyphUnits = std::int64_t;
 inline constexpr double kGlyphUnitsPerPoint = 1024;
+
+/// Units as points.
+constexpr double Points(GlyphUnits units) {
+    return static_cast<double>(units) / kGlyphUnitsPerPoint;
+}
 
 struct Glyph {
     hb_codepoint_t id = 0;
-    int x = 0, y = 0;  ///< From the left end of the baseline, Y downward.
+    GlyphUnits x = 0;  ///< From the left end of the baseline.
+    int y = 0;         ///< Downward from it.
     /// How many bytes of the text this glyph stands for, together with those after it that have
     /// none: letters may join in a glyph, and a letter may take several.
     unsigned bytes = 0;
@@ -38,7 +47,7 @@ public:
     };
 
     /// Adds a glyph that stands for some bytes of a text that follows.
-    void Add(hb_codepoint_t id, int x, int y, std::size_t bytes) {
+    void Add(hb_codepoint_t id, GlyphUnits x, int y, std::size_t bytes) {
         glyphs_.push_back({id, x, y, static_cast<unsigned>(bytes)});
     }
     /// Repeats the last glyph, each with as many bytes.

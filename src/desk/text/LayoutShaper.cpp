@@ -30,14 +30,22 @@ void SetBoxWidths(const PangoLayoutLine& line, int size) {
     }
 }
 
+GlyphUnits WidthOf(const PangoLayoutLine& line) {
+    GlyphUnits width = 0;
+    for (const GSList* run = line.runs; run; run = run->next)
+        for (const PangoGlyphInfo& info : Glyphs(*static_cast<const PangoGlyphItem*>(run->data)))
+            width += info.geometry.width;
+    return width;
+}
+
 /// Adds the glyphs of a part in one font and direction, its text in the order of the glyphs:
 /// readers of a file put a text from right to left in order by themselves, and take jumps to the
 /// left for gaps. Returns its width.
-int Gather(const PangoGlyphItem& part, std::string_view text, const WholeLetters& letters,
-           GlyphStore& line) {
+GlyphUnits Gather(const PangoGlyphItem& part, std::string_view text, const WholeLetters& letters,
+                  GlyphStore& line) {
     const auto glyphs = Glyphs(part);
     const bool rightToLeft = part.item->analysis.level % 2 != 0;
-    int pen = 0;
+    GlyphUnits pen = 0;
     std::size_t shown = 0;
     int before = part.item->length;  // Where the bytes begin that stand to the left.
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
@@ -72,7 +80,7 @@ LayoutShaper::LayoutShaper(PangoContext* context)
     pango_layout_set_single_paragraph_mode(layout_.get(), TRUE);
 }
 
-int LayoutShaper::Shape(const ResolvedFont& font, std::string_view line, LeaderSide leader) {
+GlyphUnits LayoutShaper::Shape(const ResolvedFont& font, std::string_view line, LeaderSide leader) {
     if (font_ != &font) {
         pango_layout_set_font_description(layout_.get(), font.description.get());
         font_ = &font;
@@ -84,9 +92,7 @@ int LayoutShaper::Shape(const ResolvedFont& font, std::string_view line, LeaderS
         text_ = WithLeader(std::move(text_), leader);
         shaped = ShapeText();
     }
-    PangoRectangle logical{};
-    pango_layout_line_get_extents(shaped, nullptr, &logical);
-    return logical.width;
+    return WidthOf(*shaped);
 }
 
 PangoLayoutLine* LayoutShaper::ShapeText() {
@@ -103,13 +109,13 @@ void LayoutShaper::Place(SetTexts& into, Baseline baseline) {
     const PangoLayoutLine* const line = pango_layout_get_line_readonly(layout_.get(), 0);
     for (const GSList* run = line->runs; run; run = run->next) {
         const auto& part = *static_cast<const PangoGlyphItem*>(run->data);
-        const int width = Gather(part, text_, wholeLetters_, into.Glyphs());
+        const GlyphUnits width = Gather(part, text_, wholeLetters_, into.Glyphs());
         for (const PangoGlyphInfo& info : Glyphs(part))
             if ((info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0 &&
                 info.glyph != PANGO_GLYPH_INVALID_INPUT)
                 missing_.insert(info.glyph & ~PANGO_GLYPH_UNKNOWN_FLAG);
         into.EndLine(part.item->analysis.font, baseline);
-        baseline = Along(baseline, width / kGlyphUnitsPerPoint, 0);
+        baseline = Along(baseline, Points(width), 0);
     }
 }
 

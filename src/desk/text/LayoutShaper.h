@@ -17,8 +17,8 @@ public:
     explicit LayoutShaper(PangoContext* context);
 
     /// Shapes the line. Returns its width in 1024ths of a point, which is the same for either side.
-    int Shape(const ResolvedFont& font, std::string_view line,
-              LeaderSide leader = LeaderSide::Reading);
+    GlyphUnits Shape(const ResolvedFont& font, std::string_view line,
+                     LeaderSide leader = LeaderSide::Reading);
 
     /// Puts the line shaped last on a baseline.
     void Place(SetTexts& into, Baseline baseline);

@@ -39,13 +39,13 @@ std::size_t CountRepeats(std::string_view line, std::size_t start, std::size_t p
 struct ForWidth {
     static constexpr bool kTakesRepeats = true;
     static constexpr bool kChecksPrefixes = false;
-    void Visit(const auto& /*character*/, int /*x*/, std::string_view /*bytes*/) {}
-    void Repeat(std::size_t /*count*/, int /*end*/, int /*step*/) {}
+    void Visit(const auto& /*character*/, GlyphUnits /*x*/, std::string_view /*bytes*/) {}
+    void Repeat(std::size_t /*count*/, GlyphUnits /*pen*/, int /*step*/) {}
 };
 
 struct ForWidthInScript : ForWidth {
     bool letters = false;
-    void Visit(const auto& character, int /*x*/, std::string_view /*bytes*/) {
+    void Visit(const auto& character, GlyphUnits /*x*/, std::string_view /*bytes*/) {
         letters = letters || character.letter;
     }
 };
@@ -55,20 +55,20 @@ struct ForPrefixes {
     static constexpr bool kChecksPrefixes = true;
     const std::size_t* end;      // The next one of them,
     const std::size_t* lastEnd;  // and where they end.
-    int* width;                  // Where its width goes.
+    GlyphUnits* width;           // Where its width goes.
     std::size_t place = 0;       // Bytes of the line walked.
 
-    void Visit(const auto& character, int x, std::string_view bytes) {
+    void Visit(const auto& character, GlyphUnits x, std::string_view bytes) {
         place += bytes.size();
         TakeEndsHere(x + character.width);
     }
-    void Repeat(std::size_t count, int pen, int step) {
+    void Repeat(std::size_t count, GlyphUnits pen, int step) {
         for (; count > 0; --count) {
             ++place;
             TakeEndsHere(pen += step);
         }
     }
-    void TakeEndsHere(int pen) {
+    void TakeEndsHere(GlyphUnits pen) {
         for (; end != lastEnd && *end == place; ++end) *width++ = pen;
     }
 };
@@ -79,11 +79,11 @@ struct ForGlyphs {
     GlyphStore& glyphs;
     bool letters = false;
 
-    void Visit(const auto& character, int x, std::string_view bytes) {
+    void Visit(const auto& character, GlyphUnits x, std::string_view bytes) {
         glyphs.Add(character.glyph, x, 0, bytes.size());
         letters = letters || character.letter;
     }
-    void Repeat(std::size_t count, int /*pen*/, int step) { glyphs.Repeat(count, step); }
+    void Repeat(std::size_t count, GlyphUnits /*pen*/, int step) { glyphs.Repeat(count, step); }
 };
 
 }  // namespace
@@ -99,18 +99,18 @@ PairTable::PairTable(const ResolvedFont& font, const Writing& writing)
     if (rules_.positionsByPairs) pairs_.assign(kSlots * kSlots, kUnknownPair);
 }
 
-std::optional<int> PairTable::Width(std::string_view line) {
+std::optional<GlyphUnits> PairTable::Width(std::string_view line) {
     return Walk(line, ForWidth{});
 }
 
-std::optional<int> PairTable::WidthInScript(std::string_view line) {
+std::optional<GlyphUnits> PairTable::WidthInScript(std::string_view line) {
     ForWidthInScript visitor;
     const auto width = Walk(line, visitor);
     return visitor.letters ? width : std::nullopt;
 }
 
 bool PairTable::AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
-                                std::vector<int>& widths) {
+                                std::vector<GlyphUnits>& widths) {
     if (ends.empty()) return true;
     const std::size_t before = widths.size();
     widths.resize(before + ends.size());
@@ -134,15 +134,16 @@ std::optional<int> PairTable::Step(std::string_view first, std::string_view seco
     return pair + character.width;
 }
 
-std::optional<int> PairTable::Place(std::string_view line, GlyphStore& glyphs) {
+std::optional<GlyphUnits> PairTable::Place(std::string_view line, GlyphStore& glyphs) {
     return Place(line, glyphs, false);
 }
 
-std::optional<int> PairTable::PlaceInScript(std::string_view line, GlyphStore& glyphs) {
+std::optional<GlyphUnits> PairTable::PlaceInScript(std::string_view line, GlyphStore& glyphs) {
     return Place(line, glyphs, true);
 }
 
-std::optional<int> PairTable::Place(std::string_view line, GlyphStore& glyphs, bool needsLetters) {
+std::optional<GlyphUnits> PairTable::Place(std::string_view line, GlyphStore& glyphs,
+                                           bool needsLetters) {
     const auto start = glyphs.End();
     ForGlyphs visitor{glyphs};
     const auto width = Walk(line, visitor);
@@ -155,10 +156,10 @@ std::optional<int> PairTable::Place(std::string_view line, GlyphStore& glyphs, b
 }
 
 template <class Visitor>
-std::optional<int> PairTable::Walk(std::string_view line, Visitor&& visitor) {
+std::optional<GlyphUnits> PairTable::Walk(std::string_view line, Visitor&& visitor) {
     using For = std::remove_cvref_t<Visitor>;
     if (!rules_.positionsByPairs) return std::nullopt;
-    int pen = 0;
+    GlyphUnits pen = 0;
     Slot before = 0;
     std::size_t runStart = 0;  // of joining characters side by side
     std::size_t runLength = 0;
@@ -181,7 +182,7 @@ std::optional<int> PairTable::Walk(std::string_view line, Visitor&& visitor) {
                 const std::size_t repeats = CountRepeats(line, start, place);
                 const int step = character.width + PairWidth(slot, slot);
                 visitor.Repeat(repeats, pen, step);
-                pen += static_cast<int>(repeats) * step;
+                pen += static_cast<GlyphUnits>(repeats) * step;
                 place += repeats;
             }
         }
@@ -216,7 +217,7 @@ PairTable::Slot PairTable::LearnCharacter(char32_t letter, std::string_view byte
     Character character{std::string(bytes)};
     character.letter = own && script != HB_SCRIPT_COMMON;
     hb_font_get_nominal_glyph(font_, letter, &character.glyph);
-    character.width = ShapeLine(buffer_.get(), font_, writing_, bytes);
+    character.width = WidthOfFew(bytes);
     const bool mark = hb_ot_layout_get_glyph_class(hb_font_get_face(font_), character.glyph) ==
                       HB_OT_LAYOUT_GLYPH_CLASS_MARK;
     const Slot slot = static_cast<Slot>(characters_.size());
@@ -228,12 +229,17 @@ PairTable::Slot PairTable::LearnCharacter(char32_t letter, std::string_view byte
     return slot;
 }
 
+/// Of one or two characters, which 32 bits hold in any size.
+std::int32_t PairTable::WidthOfFew(std::string_view characters) {
+    return static_cast<std::int32_t>(ShapeLine(buffer_.get(), font_, writing_, characters));
+}
+
 std::int32_t PairTable::LearnPair(Slot first, Slot second) {
     const Character& one = characters_[first];
     const Character& two = characters_[second];
     const std::string both = one.bytes + two.bytes;
     std::int32_t& pair = pairs_[first * kSlots + second];
-    pair = ShapeLine(buffer_.get(), font_, writing_, both) - one.width - two.width;
+    pair = WidthOfFew(both) - one.width - two.width;
     if (!ShapesAsPairs(both)) pair = kShapedPair;
     return pair;
 }
@@ -249,12 +255,12 @@ bool PairTable::StaysUnjoined(std::string_view run) {
 /// Whether the shaper gives the glyphs and the places that follow from what is learnt. All
 /// characters and pairs of the text are.
 bool PairTable::ShapesAsPairs(std::string_view text) {
-    const int width = ShapeLine(buffer_.get(), font_, writing_, text);
+    const GlyphUnits width = ShapeLine(buffer_.get(), font_, writing_, text);
     const auto positions = Positions(buffer_.get());
     std::size_t place = 0;
     std::size_t count = 0;
-    int expected = 0;
-    int pen = 0;
+    GlyphUnits expected = 0;
+    GlyphUnits pen = 0;
     Slot before = 0;
     for (const auto& info : Glyphs(buffer_.get())) {
         if (info.cluster != place || place == text.size()) return false;

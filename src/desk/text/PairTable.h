@@ -24,17 +24,17 @@ public:
 
     /// Width in 1024ths of a point. Nothing for a line that has to be shaped, for instance since
     /// letters join in it.
-    std::optional<int> Width(std::string_view line);
+    std::optional<GlyphUnits> Width(std::string_view line);
 
     /// As Width, for a line of which the script is not known: nothing as well unless it holds a
     /// letter of this table's script. Spares most lines the search for their script.
-    std::optional<int> WidthInScript(std::string_view line);
+    std::optional<GlyphUnits> WidthInScript(std::string_view line);
 
     /// Widths of the line's beginnings that end before the given bytes, which stand in ascending
     /// order on the bounds of characters. Each is what Width tells of that beginning alone, and
     /// they are added to the list; false where any of them has to be shaped.
     bool AddPrefixWidths(std::string_view line, std::span<const std::size_t> ends,
-                         std::vector<int>& widths);
+                         std::vector<GlyphUnits>& widths);
 
     /// What a character adds to the width of a line of the table's script that ends in the first
     /// one; without one, its own width. Nothing where that hangs on more than the two.
@@ -42,10 +42,10 @@ public:
 
     /// Adds the glyphs of a line, and returns the width as Width. Nothing is added where the line
     /// has to be shaped.
-    std::optional<int> Place(std::string_view line, GlyphStore& glyphs);
+    std::optional<GlyphUnits> Place(std::string_view line, GlyphStore& glyphs);
 
     /// The same for a line of which the script is not known, as WidthInScript.
-    std::optional<int> PlaceInScript(std::string_view line, GlyphStore& glyphs);
+    std::optional<GlyphUnits> PlaceInScript(std::string_view line, GlyphStore& glyphs);
 
 private:
     /// The most different characters that are learnt; lines with others are shaped.
@@ -76,10 +76,11 @@ private:
         const std::int32_t known = pairs_[first * kSlots + second];
         return known != kUnknownPair ? known : LearnPair(first, second);
     }
-    std::optional<int> Place(std::string_view line, GlyphStore& glyphs, bool needsLetters);
+    std::optional<GlyphUnits> Place(std::string_view line, GlyphStore& glyphs, bool needsLetters);
     template <class Visitor>
-    std::optional<int> Walk(std::string_view line, Visitor&& visitor);
+    std::optional<GlyphUnits> Walk(std::string_view line, Visitor&& visitor);
     Slot LearnCharacter(char32_t letter, std::string_view bytes);
+    std::int32_t WidthOfFew(std::string_view characters);
     std::int32_t LearnPair(Slot first, Slot second);
     bool StaysUnjoined(std::string_view run);
     bool ShapesAsPairs(std::string_view text);

@@ -2,7 +2,8 @@
 
 namespace desk {
 
-int ShapeLine(hb_buffer_t* buffer, hb_font_t* font, const Writing& writing, std::string_view line) {
+GlyphUnits ShapeLine(hb_buffer_t* buffer, hb_font_t* font, const Writing& writing,
+                     std::string_view line) {
     hb_buffer_clear_contents(buffer);
     hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
     hb_buffer_set_script(buffer, writing.script);
@@ -12,7 +13,7 @@ int ShapeLine(hb_buffer_t* buffer, hb_font_t* font, const Writing& writing, std:
     const int length = static_cast<int>(line.size());
     hb_buffer_add_utf8(buffer, line.data(), length, 0, length);
     hb_shape(font, buffer, nullptr, 0);
-    int width = 0;
+    GlyphUnits width = 0;
     for (const auto& position : Positions(buffer)) width += position.x_advance;
     return width;
 }

@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "desk/text/GlyphLine.h"
 #include "desk/text/Handles.h"
 
 namespace desk {
@@ -14,7 +15,8 @@ struct Writing {
 };
 
 /// Turns a left-to-right line into glyphs in the buffer. Returns its width in the font's units.
-int ShapeLine(hb_buffer_t* buffer, hb_font_t* font, const Writing& writing, std::string_view line);
+GlyphUnits ShapeLine(hb_buffer_t* buffer, hb_font_t* font, const Writing& writing,
+                     std::string_view line);
 
 std::span<const hb_glyph_info_t> Glyphs(hb_buffer_t* buffer);
 std::span<const hb_glyph_position_t> Positions(hb_buffer_t* buffer);

@@ -13,8 +13,6 @@
 namespace desk {
 namespace {
 
-constexpr double kUnitsPerPoint = PANGO_SCALE;
-
 /// The box around a box that is turned about the origin.
 TextBox Turned(const TextBox& box, double degrees) {
     const double c = std::cos(Radians(degrees));
@@ -41,14 +39,14 @@ struct TextEngine::State {
 
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
-        if (ways == Ways::Plain) return layout.Shape(font, line) / kUnitsPerPoint;
-        if (const auto sum = direct.SumWidthAsBefore(font, line)) return *sum / kUnitsPerPoint;
+        if (ways == Ways::Plain) return Points(layout.Shape(font, line));
+        if (const auto sum = direct.SumWidthAsBefore(font, line)) return Points(*sum);
         const auto script = PlainScript(line, font.plain);
         if (script)
-            if (const auto sum = direct.SumWidth(font, *script, line)) return *sum / kUnitsPerPoint;
+            if (const auto sum = direct.SumWidth(font, *script, line)) return Points(*sum);
         return memo.Find(font.number, line, [&] {
-            return (script ? direct.ShapedWidth(font, *script, line) : layout.Shape(font, line)) /
-                   kUnitsPerPoint;
+            return Points(script ? direct.ShapedWidth(font, *script, line)
+                                 : layout.Shape(font, line));
         });
     }
 

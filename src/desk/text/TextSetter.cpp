@@ -29,13 +29,13 @@ double TextSetter::SetLine(const PlacedText& placed, std::string_view line, doub
     const Baseline point{placed.x, placed.y, placed.placement.angle};
     const double leftShare = LeftShare(placed.placement.horizontal);
     if (const auto plain = direct_.Place(font, line, into.Glyphs())) {
-        const double width = *plain / kGlyphUnitsPerPoint;
+        const double width = Points(*plain);
         into.EndLine(font.font.get(), Along(point, -leftShare * width, down));
         return width;
     }
     // What hangs on its left edge goes on to the right, and so does its leader.
     const auto leader = leftShare == 0 ? LeaderSide::Right : LeaderSide::Reading;
-    const double width = layout_.Shape(font, line, leader) / kGlyphUnitsPerPoint;
+    const double width = Points(layout_.Shape(font, line, leader));
     layout_.Place(into, Along(point, -leftShare * width, down));
     return width;
 }

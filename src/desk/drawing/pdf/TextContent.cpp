@@ -87,7 +87,7 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
             OpenString(pen, glyph);
         }
     }
-    const double off = glyph.x / kGlyphUnitsPerPoint - pen.x;
+    const double off = Points(glyph.x) - pen.x;
     if (std::abs(off) > kPlaceTolerance) Move(pen, off);
     entry->code.AppendTo(out_);
     pen.x += entry->width * pen.thousandth;
@@ -98,11 +98,11 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
 /// late; it is cut into parts, in the middle of which the pen is moved so that their last glyphs
 /// stand right. One move does for most leaders.
 void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& entry) {
-    const double step = glyph.step / kGlyphUnitsPerPoint;
+    const double step = Points(glyph.step);
     const double advance = entry.width * pen.thousandth;
     unsigned done = 1;
     const auto offAt = [&](unsigned index) {  // Where the pen is not moved before.
-        return glyph.x / kGlyphUnitsPerPoint + index * step - pen.x - (index - done) * advance;
+        return Points(glyph.x) + index * step - pen.x - (index - done) * advance;
     };
     const auto writeUpTo = [&](unsigned index) {
         for (unsigned i = done; i < index; ++i) entry.code.AppendTo(out_);
@@ -121,9 +121,9 @@ void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& e
 
 void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
     UseFont(*pen.subset, pen.font.points);
-    pen.x = glyph.x / kGlyphUnitsPerPoint;
+    pen.x = Points(glyph.x);
     pen.y = glyph.y;
-    const Baseline place = Along(pen.baseline, pen.x, glyph.y / kGlyphUnitsPerPoint);
+    const Baseline place = Along(pen.baseline, pen.x, Points(glyph.y));
     if (IsUpright(pen.font, pen.baseline))
         PlaceUpright(pen, place.x, -place.y);
     else
