@@ -19,7 +19,7 @@ public:
         std::size_t at = 0;
         for (const desk::Glyph& glyph : line.glyphs)
             for (int i = 0; i < static_cast<int>(glyph.count); ++i) {
-                const double x = start.x + desk::Points(glyph.x + i * glyph.step);
+                const double x = start.x + desk::Points(glyph.x + desk::GlyphUnits{i} * glyph.step);
                 pieces_.emplace_back(x, line.text.substr(at, glyph.bytes));
                 at += glyph.bytes;
             }

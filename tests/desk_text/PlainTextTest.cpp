@@ -112,7 +112,8 @@ TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
         std::vector<std::pair<unsigned long, double>> placed;
         for (const auto& glyph : set.glyphs)
             for (unsigned i = 0; i < glyph.count; ++i)
-                placed.emplace_back(glyph.id, desk::Points(glyph.x + i * glyph.step));
+                placed.emplace_back(glyph.id,
+                                    desk::Points(glyph.x + desk::GlyphUnits{i} * glyph.step));
         RC_ASSERT(placed == Shaped(font, *script, line));
     }));
     // Where nearly all lines were shaped, the sums would be tested in name only.
