@@ -7,6 +7,7 @@
 #include "layout/LineBreaker.h"
 #include "layout/TextFit.h"
 #include "support/FailureOf.h"
+#include "support/PassingSymbol.h"
 #include "support/TestDesk.h"
 
 namespace gazetteer {
@@ -14,48 +15,13 @@ namespace {
 
 using Device = host::DeviceContext;
 using Transformation = host::Ref<host::IHostDisplayTransformation>;
+using support::PassingSymbol;
 using Symbol = host::Ref<host::IHostTextSymbol>;
 
-// A symbol of the desk with other measurements.
-class OtherSymbol : public host::IHostTextSymbol {
-public:
-    explicit OtherSymbol(Symbol real) : real_(std::move(real)) {}
-
-    host::TextExtent MeasureText(Device device, const Transformation& transformation,
-                                 const std::string& text) override {
-        return real_->MeasureText(device, transformation, text);
-    }
-    host::Ref<host::IHostObject> Copy() const override { return real_->Copy(); }
-    void PrepareDevice(Device device, const Transformation& transformation) override {
-        real_->PrepareDevice(device, transformation);
-    }
-    void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override {
-        real_->DrawGeometry(geometry);
-    }
-    void ReleaseDevice() override { real_->ReleaseDevice(); }
-    host::Ref<host::IHostFont> Font() const override { return real_->Font(); }
-    void SetFont(const host::Ref<host::IHostFont>& font) override { real_->SetFont(font); }
-    double Size() const override { return real_->Size(); }
-    void SetSize(double points) override { real_->SetSize(points); }
-    host::Ref<host::IHostColor> Color() const override { return real_->Color(); }
-    void SetColor(const host::Ref<host::IHostColor>& color) override { real_->SetColor(color); }
-    std::int32_t VerticalPlacement() const override { return real_->VerticalPlacement(); }
-    void SetVerticalPlacement(std::int32_t to) override { real_->SetVerticalPlacement(to); }
-    std::int32_t HorizontalPlacement() const override { return real_->HorizontalPlacement(); }
-    void SetHorizontalPlacement(std::int32_t to) override { real_->SetHorizontalPlacement(to); }
-    double Angle() const override { return real_->Angle(); }
-    void SetAngle(double degrees) override { real_->SetAngle(degrees); }
-    std::string Text() const override { return real_->Text(); }
-    void SetText(const std::string& text) override { real_->SetText(text); }
-
-protected:
-    Symbol real_;
-};
-
 // Tells the steps of any text, of several lines too, by the measurements of its beginnings.
-class ByBeginnings : public OtherSymbol, public host::IHostTextSteps {
+class ByBeginnings : public PassingSymbol, public host::IHostTextSteps {
 public:
-    using OtherSymbol::OtherSymbol;
+    using PassingSymbol::PassingSymbol;
     bool MeasureSteps(Device device, const Transformation& transformation, const std::string& line,
                       host::TextSteps& steps) override {
         steps.steps.clear();
@@ -95,9 +61,9 @@ public:
 };
 
 // Sets what stands between <b> and </b> in wide letters.
-class WithMarkup : public OtherSymbol {
+class WithMarkup : public PassingSymbol {
 public:
-    using OtherSymbol::OtherSymbol;
+    using PassingSymbol::PassingSymbol;
     host::TextExtent MeasureText(Device /*device*/, const Transformation& /*transformation*/,
                                  const std::string& text) override {
         double widest = 0;
@@ -141,7 +107,7 @@ protected:
 TEST_F(OtherHosts, FitTextsAsThePlainLoopsDo) {
     const Symbol real = desk_.TextSymbol("Liberation Sans", 9);
     const std::pair<const char*, Symbol> symbols[] = {
-        {"without steps", std::make_shared<OtherSymbol>(real)},
+        {"without steps", std::make_shared<PassingSymbol>(real)},
         {"steps of any text", std::make_shared<ByBeginnings>(real)},
         {"one step short", std::make_shared<OneStepShort>(real)},
     };
