@@ -63,7 +63,20 @@ void BindAndDraw(gazetteer::CVNGazetteerManager& manager, const Group& element) 
     }
 }
 
+// One with what the documents of the corpus are linked to.
+std::string MapBook() {
+    Files().Write("sheets.dbf", fuzz::SmallTable());
+    return Files().Write("book.json", R"({"currentTemplate": "index", "books": [{"key": "atlas",
+        "sections": [{"key": "maps", "name": "Maps", "startPage": 5, "pages": ["s$1", "s$2"],
+        "templates": [{"key": "sheet", "name": "Sheet", "layout": [{"kind": "mapFrame",
+        "name": "Main map", "series": {"indexLayer": "sheets.dbf", "firstPage": 4, "grids": []}}]}]},
+        {"key": "back", "name": "Index", "startPage": 40, "pages": ["index$1"],
+        "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})");
+}
+
 void Use(desk::Document read, const std::string& path) {
+    static const std::string book = MapBook();
+    if (!read.mapBook.empty()) read.mapBook = book;
     const auto& desk = fuzz::SharedDesk();
     desk->Start(std::move(read), path);
     const auto& document = desk->CurrentDocument();
