@@ -5,6 +5,7 @@
 #include <numeric>
 #include <vector>
 
+#include "layout/CodePoints.h"
 #include "model/Results.h"
 #include "support/Text.h"
 
@@ -59,10 +60,9 @@ std::size_t DotsToTry(const TextMeasure& measure, const std::string& text, doubl
     constexpr double kNarrowLetter = 0.3;
     constexpr double kMostAtOnce = 4096;
     constexpr double kPointsPerInch = 72;
-    // Bytes that continue a character of UTF-8 are no characters of their own.
-    const auto letters = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
     const double ems = width * kPointsPerInch / measure.Symbol().Size();
-    const double dots = (ems - kNarrowLetter * static_cast<double>(letters)) / kNarrowDot;
+    const double dots =
+        (ems - kNarrowLetter * static_cast<double>(CountCodePoints(text))) / kNarrowDot;
     // In this order 0 comes of a type without size and a column without width, whose quotient is no
     // number.
     return static_cast<std::size_t>(std::min(kMostAtOnce, std::max(0.0, dots))) + 2;

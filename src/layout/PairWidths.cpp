@@ -1,22 +1,11 @@
 #include "layout/PairWidths.h"
 
-#include <algorithm>
 #include <cmath>
 
+#include "layout/CodePoints.h"
 #include "layout/DrawingBracket.h"
 
 namespace gazetteer {
-namespace {
-
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
-}
-
-std::size_t CodePoints(const std::string& line) {
-    return line.size() - static_cast<std::size_t>(std::ranges::count_if(line, IsContinuation));
-}
-
-}  // namespace
 
 PairWidths::PairWidths(host::Ref<host::IHostDisplay> display,
                        const host::Ref<host::IHostTextSymbol>& symbol)
@@ -96,7 +85,7 @@ bool PairWidths::Ask(const std::string& line) {
     bool told = InDrawingBracket(*display_, [&](auto device, const auto& transformation) {
         return host_->MeasureSteps(device, transformation, line, asked_);
     });
-    told = told && asked_.steps.size() == CodePoints(line);
+    told = told && asked_.steps.size() == CountCodePoints(line);
     if (told) lineHeight_ = asked_.height;
     Learn(line, told);
     return told;
