@@ -7,7 +7,5 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   add_compile_options(-Wno-restrict -Wno-maybe-uninitialized)
 endif()
 if(GAZETTEER_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
-                      -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()

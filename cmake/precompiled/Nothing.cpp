@@ -1,0 +1,1 @@
+// The source file of a library whose only use is its precompiled header.
