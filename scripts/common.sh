@@ -21,12 +21,33 @@ install_missing() {
         --no-install-recommends "${missing[@]}" >&2
 }
 
-# configure PRESET [OPTION...] and build PRESET [TARGET...]: quiet unless they fail.
+# stage TEXT COMMAND [ARGUMENT...]: says what is done, does it, and says how long it took.
+stage() {
+    local text=$1 start=$SECONDS
+    shift
+    say "$text..."
+    "$@"
+    local took=$((SECONDS - start))
+    say "$text: $((took / 60)) min $((took % 60)) s"
+}
+
+# Compilers find again what they have compiled before, where ccache is installed.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_SLOPPINESS=pch_defines,time_macros
+fi
+
+# configure PRESET [OPTION...] and build PRESET [TARGET...]: quiet unless they fail. On a terminal a
+# build shows how far it is.
 configure() { quietly "The configuration of preset $1" cmake --preset "$@"; }
 build() {
     local preset=$1
     shift
-    quietly "The build of preset $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+    local command=(cmake --build --preset "$preset" ${1:+--target "$@"})
+    if [ -t 2 ]; then
+        "${command[@]}" >&2 || { say "The build of preset $preset failed."; exit 1; }
+    else
+        quietly "The build of preset $preset" "${command[@]}"
+    fi
 }
 
 # Configures the release preset unless it has been.
