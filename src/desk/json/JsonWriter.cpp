@@ -1,4 +1,4 @@
-#include "desk/documents/JsonWriter.h"
+#include "desk/json/JsonWriter.h"
 
 #include <array>
 #include <charconv>

@@ -10,14 +10,21 @@
 
 namespace desk {
 
+/// What sentences say of the file that is read.
+struct JsonSource {
+    std::string path;
+    std::string subject;  ///< The sentence's start, such as "In the map book file "a.json"".
+    std::string at;       ///< What leads on to a place in the file, such as ", at ".
+};
+
 /// A value of a JSON document together with its place in it, so that whatever is wrong with it can
 /// be named. The place is a chain of nodes on the stack: a node must not outlive the one that it
 /// came from.
 class JsonNode {
 public:
     /// The whole of a document.
-    JsonNode(simdjson::dom::element value, const std::string& file)
-        : value_(value), parent_(nullptr), key_(file) {}
+    JsonNode(simdjson::dom::element value, const JsonSource& source)
+        : value_(value), source_(&source) {}
 
     simdjson::dom::element_type Type() const { return value_.type(); }
 
@@ -31,6 +38,8 @@ public:
     int Nesting() const;
 
     std::string_view Text() const;
+    /// A text that is not empty.
+    std::string_view Name() const;
     bool Flag() const;
     /// A whole number within the bounds.
     std::int32_t Whole(std::int32_t least = std::numeric_limits<std::int32_t>::min(),
@@ -54,15 +63,16 @@ public:
 private:
     JsonNode(simdjson::dom::element value, const JsonNode* parent, std::string_view key,
              std::size_t index)
-        : value_(value), parent_(parent), key_(key), index_(index) {}
+        : value_(value), source_(parent->source_), parent_(parent), key_(key), index_(index) {}
 
     simdjson::dom::array Array() const;
     simdjson::dom::object Object() const;
     std::string Place() const;
 
     simdjson::dom::element value_;
-    const JsonNode* parent_;
-    std::string_view key_;  ///< Of the file in the topmost node; empty for an item of an array.
+    const JsonSource* source_;
+    const JsonNode* parent_ = nullptr;
+    std::string_view key_;  ///< Empty for an item of an array, and for the whole.
     std::size_t index_ = 0;
 };
 

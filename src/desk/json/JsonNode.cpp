@@ -1,4 +1,4 @@
-#include "desk/documents/JsonNode.h"
+#include "desk/json/JsonNode.h"
 
 #include "host/Failure.h"
 
@@ -36,6 +36,12 @@ std::string_view JsonNode::Text() const {
     return text;
 }
 
+std::string_view JsonNode::Name() const {
+    const auto name = Text();
+    if (name.empty()) Fail("a text that is not empty is expected");
+    return name;
+}
+
 bool JsonNode::Flag() const {
     bool flag = false;
     if (value_.get(flag) != simdjson::SUCCESS) Fail("true or false is expected");
@@ -64,14 +70,11 @@ double JsonNode::Number() const {
 }
 
 void JsonNode::Fail(const std::string& fault) const {
-    const JsonNode* top = this;
-    while (top->parent_ != nullptr) top = top->parent_;
-    const std::string file(top->key_);
     const std::string place = Place();
-    host::Failure failure(host::kFailureTypeMismatch, "desk::JsonNode",
-                          "The file \"" + file + "\" is damaged" +
-                              (place.empty() ? "" : " at " + place) + ": " + fault + ".");
-    failure.AddFact("file", file);
+    host::Failure failure(
+        host::kFailureTypeMismatch, "desk::JsonNode",
+        source_->subject + (place.empty() ? "" : source_->at + place) + ": " + fault + ".");
+    failure.AddFact("file", source_->path);
     throw failure;
 }
 
