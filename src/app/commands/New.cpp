@@ -1,11 +1,11 @@
 #include <filesystem>
 
-#include "app/Edit.h"
-#include "app/Errors.h"
-#include "app/Files.h"
-#include "app/NewDocument.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
+#include "app/work/Edit.h"
+#include "app/work/Errors.h"
+#include "app/work/Files.h"
+#include "app/work/NewDocument.h"
 
 namespace app {
 

@@ -5,10 +5,10 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
-#include "app/Errors.h"
 #include "app/window/NewDocumentDialog.h"
 #include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"
+#include "app/work/Errors.h"
 #include "desk/window/QtText.h"
 
 namespace app {

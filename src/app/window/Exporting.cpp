@@ -5,8 +5,8 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 
-#include "app/Errors.h"
 #include "app/window/ExportDialog.h"
+#include "app/work/Errors.h"
 #include "desk/window/QtText.h"
 
 namespace app {

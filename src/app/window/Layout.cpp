@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/Errors.h"
-#include "app/Files.h"
-#include "app/NewDocument.h"
-#include "app/RunTexts.h"
+#include "app/work/Errors.h"
+#include "app/work/Files.h"
+#include "app/work/NewDocument.h"
+#include "app/work/RunTexts.h"
 #include "support/Conversions.h"
 
 namespace app {

@@ -1,6 +1,6 @@
 #include "desk/drawing/Looks.h"
 
-#include "desk/drawing/Ink.h"
+#include "desk/devices/Ink.h"
 
 namespace desk {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "desk/drawing/Shapes.h"
+#include "desk/devices/Shapes.h"
 
 namespace desk {
 

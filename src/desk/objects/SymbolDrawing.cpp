@@ -5,7 +5,7 @@
 #include <numbers>
 #include <string>
 
-#include "desk/drawing/SymbolCanvas.h"
+#include "desk/devices/SymbolCanvas.h"
 #include "desk/objects/Symbols.h"
 #include "desk/text/CairoGlyphs.h"
 #include "desk/text/TextEngine.h"

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "desk/components/Registrar.h"
-#include "desk/drawing/PixelSurface.h"
+#include "desk/devices/PixelSurface.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/mapbook/SeriesManager.h"
 #include "desk/objects/Elements.h"

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "desk/devices/Devices.h"
 #include "desk/documents/Document.h"
-#include "desk/drawing/Devices.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/mapbook/MapBook.h"
 #include "desk/session/Application.h"

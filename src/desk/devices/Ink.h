@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cairo.h>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "desk/devices/Shapes.h"
+#include "desk/text/TextEngine.h"
+#include "host/Symbols.h"
+
+/// How symbols look, wherever they are drawn. One unit of a context is a point, Y downward; colours
+/// are 0xBBGGRR.
+namespace desk {
+
+struct PaintPoint {
+    double x = 0, y = 0;
+};
+
+/// Nothing for a colour that does not show.
+std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color);
+FontSpec FontOf(const host::IHostTextSymbol& symbol);
+
+void UseColor(cairo_t* context, std::uint32_t color);
+/// Edges are not softened, so that neighbours show no seam.
+void FillBoxes(cairo_t* context, std::span<const PaintBox> boxes, std::uint32_t color);
+void StrokeOutline(cairo_t* context, const PaintOutline& outline);
+void StrokeLine(cairo_t* context, PaintPoint start, PaintPoint end, std::uint32_t color);
+
+}  // namespace desk
