@@ -5,7 +5,7 @@
 #include "app/commands/ElementTree.h"
 #include "app/commands/Session.h"
 #include "app/work/Errors.h"
-#include "app/work/Files.h"
+#include "app/work/FilePaths.h"
 #include "app/work/Sheets.h"
 
 namespace app {

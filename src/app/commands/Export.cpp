@@ -1,7 +1,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/Progress.h"
 #include "app/commands/Session.h"
-#include "app/work/Files.h"
+#include "app/work/FilePaths.h"
 #include "app/work/Sheets.h"
 
 namespace app {

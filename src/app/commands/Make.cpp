@@ -2,7 +2,7 @@
 #include "app/commands/Progress.h"
 #include "app/commands/Session.h"
 #include "app/work/Edit.h"
-#include "app/work/Files.h"
+#include "app/work/FilePaths.h"
 #include "app/work/NewDocument.h"
 #include "app/work/Sheets.h"
 

@@ -9,7 +9,7 @@
 #include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"
 #include "app/work/Errors.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "app/window/ExportDialog.h"
 #include "app/work/Errors.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

@@ -18,7 +18,7 @@
 #include "app/work/Errors.h"
 #include "app/work/NewDocument.h"
 #include "app/work/SymbolValues.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 #include "model/Paths.h"
 
 namespace app {

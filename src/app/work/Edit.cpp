@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/work/Errors.h"
-#include "app/work/Files.h"
+#include "app/work/FilePaths.h"
 #include "app/work/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"

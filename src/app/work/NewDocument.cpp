@@ -6,7 +6,7 @@
 
 #include "app/work/Edit.h"
 #include "app/work/Errors.h"
-#include "app/work/Files.h"
+#include "app/work/FilePaths.h"
 #include "app/work/Furniture.h"
 #include "app/work/SymbolValues.h"
 #include "model/ColumnList.h"

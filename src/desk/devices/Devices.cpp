@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "desk/devices/Ink.h"
+#include "desk/devices/CairoShapes.h"
 #include "desk/devices/PixelSurface.h"
 #include "host/Failure.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desk/devices/CairoHandles.h"
-#include "desk/devices/Ink.h"
+#include "desk/devices/CairoShapes.h"
 #include "host/Display.h"
 
 namespace desk {

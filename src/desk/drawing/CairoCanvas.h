@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/devices/Ink.h"
+#include "desk/devices/CairoShapes.h"
 #include "desk/drawing/Canvas.h"
 #include "desk/text/CairoGlyphs.h"
 

@@ -46,18 +46,18 @@ Desk::Desk(DeskOptions options)
 void Desk::Open(const std::string& path) {
     FileState file;
     Start(ReadDocument(path, Text(), &file), path);
-    MayReplace(file);
+    SetReplaceable(file);
 }
 
 void Desk::Start(Document document, const std::string& path) {
     document_ = std::move(document);
     path_ = path;
-    MayReplace(std::nullopt);
+    SetReplaceable(std::nullopt);
     book_ = std::make_shared<BookSource>(MapBookPath(document_, path_));
 }
 
 void Desk::Save() {
-    MayReplace(WriteDocument(document_, path_, replaceable_));
+    SetReplaceable(WriteDocument(document_, path_, replaceable_));
 }
 
 host::Ref<host::IHostDisplayTransformation> Desk::NewDisplayTransformation() {

@@ -47,7 +47,7 @@ public:
     void Start(Document document, const std::string& path);
     /// What the next Save may replace; nothing: whatever stands at the path. That of a document
     /// read or saved is its file as it was then, that of one started anew nothing.
-    void MayReplace(const std::optional<FileState>& file) { replaceable_ = file; }
+    void SetReplaceable(const std::optional<FileState>& file) { replaceable_ = file; }
     const std::optional<FileState>& Replaceable() const { return replaceable_; }
     /// Writes the document to its path. Fails, with nothing written, where others have changed the
     /// file since it was read or saved.

@@ -1,4 +1,4 @@
-#include "desk/drawing/Reaches.h"
+#include "desk/drawing/InkBounds.h"
 
 #include <algorithm>
 #include <span>
@@ -10,8 +10,8 @@ constexpr std::size_t kBlock = 32;
 
 }  // namespace
 
-void Reaches::Add(const PaintBox& box) {
-    if (reaches_.size() % kBlock == 0) {
+void InkBounds::Add(const PaintBox& box) {
+    if (bounds_.size() % kBlock == 0) {
         blocks_.push_back(box);
     } else {
         PaintBox& block = blocks_.back();
@@ -20,16 +20,16 @@ void Reaches::Add(const PaintBox& box) {
         block.right = std::max(block.right, box.right);
         block.bottom = std::max(block.bottom, box.bottom);
     }
-    reaches_.push_back(box);
+    bounds_.push_back(box);
 }
 
-void Reaches::Clear() {
-    reaches_.clear();
+void InkBounds::Clear() {
+    bounds_.clear();
     blocks_.clear();
 }
 
-bool Reaches::ReachInto(const PaintBox& box) const {
-    const std::span all(reaches_);
+bool InkBounds::Overlap(const PaintBox& box) const {
+    const std::span all(bounds_);
     for (std::size_t i = 0; i < blocks_.size(); ++i) {
         if (!blocks_[i].Overlaps(box)) continue;
         const std::size_t first = i * kBlock;

@@ -1,4 +1,4 @@
-#include "app/work/Files.h"
+#include "app/work/FilePaths.h"
 
 #include <filesystem>
 

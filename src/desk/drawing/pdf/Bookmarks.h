@@ -7,9 +7,9 @@
 namespace desk::pdf {
 
 /// The bookmarks of a file, one below the other.
-class Outline {
+class Bookmarks {
 public:
-    explicit Outline(ObjectFile& file) : file_(file) {}
+    explicit Bookmarks(ObjectFile& file) : file_(file) {}
 
     /// Adds a bookmark that leads to a height on a page, in points.
     void Add(const std::string& title, int page, double height);

@@ -2,24 +2,16 @@
 
 #include <cairo.h>
 #include <cstdint>
-#include <optional>
 #include <span>
 
 #include "desk/devices/Shapes.h"
-#include "desk/text/TextEngine.h"
-#include "host/Symbols.h"
 
-/// How symbols look, wherever they are drawn. One unit of a context is a point, Y downward; colours
-/// are 0xBBGGRR.
+/// Shapes painted by cairo. One unit of a context is a point, Y downward; colours are 0xBBGGRR.
 namespace desk {
 
 struct PaintPoint {
     double x = 0, y = 0;
 };
-
-/// Nothing for a colour that does not show.
-std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color);
-FontSpec FontOf(const host::IHostTextSymbol& symbol);
 
 void UseColor(cairo_t* context, std::uint32_t color);
 /// Edges are not softened, so that neighbours show no seam.

@@ -1,11 +1,11 @@
-#include "desk/drawing/pdf/Outline.h"
+#include "desk/drawing/pdf/Bookmarks.h"
 
 #include "desk/drawing/pdf/Numbers.h"
 #include "desk/drawing/pdf/Strings.h"
 
 namespace desk::pdf {
 
-void Outline::Add(const std::string& title, int page, double height) {
+void Bookmarks::Add(const std::string& title, int page, double height) {
     const int number = file_.NewObject();
     if (count_++ == 0) {
         root_ = file_.NewObject();
@@ -28,7 +28,7 @@ void Outline::Add(const std::string& title, int page, double height) {
     last_ = number;
 }
 
-void Outline::WriteLast(int next) {
+void Bookmarks::WriteLast(int next) {
     if (next != 0) {
         body_ += "/Next ";
         AppendReference(body_, next);
@@ -36,7 +36,7 @@ void Outline::WriteLast(int next) {
     file_.WriteObject(last_, body_ + ">>");
 }
 
-int Outline::Write() {
+int Bookmarks::Write() {
     if (count_ == 0) return 0;
     WriteLast(0);
     std::string body = "<</Type/Outlines/Count ";

@@ -9,7 +9,7 @@
 namespace desk {
 
 /// Texts whose glyphs have their places, so that they can be shown.
-class SetTexts {
+class PlacedGlyphs {
 public:
     /// Where the glyphs of the next line are put.
     GlyphStore& Glyphs() { return glyphs_; }

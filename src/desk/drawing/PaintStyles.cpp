@@ -1,11 +1,11 @@
-#include "desk/drawing/Looks.h"
+#include "desk/drawing/PaintStyles.h"
 
-#include "desk/devices/Ink.h"
+#include "desk/devices/SymbolStyle.h"
 
 namespace desk {
 
 // A font is not looked for where no text shows.
-TextLook Looks::Read(const host::IHostTextSymbol& symbol) {
+TextStyle PaintStyles::Read(const host::IHostTextSymbol& symbol) {
     const auto color = VisibleColor(symbol.Color());
     if (!color) return {};
     return {&engine_.Find(FontOf(symbol)),
@@ -13,7 +13,7 @@ TextLook Looks::Read(const host::IHostTextSymbol& symbol) {
             color};
 }
 
-FillLook Looks::Read(const host::IHostFillSymbol& symbol) {
+FillStyle PaintStyles::Read(const host::IHostFillSymbol& symbol) {
     const auto outline = symbol.Outline();
     return {VisibleColor(symbol.Color()), outline ? VisibleColor(outline->Color()) : std::nullopt};
 }

@@ -1,4 +1,4 @@
-#include "desk/devices/Ink.h"
+#include "desk/devices/CairoShapes.h"
 
 namespace desk {
 namespace {
@@ -19,22 +19,6 @@ void Stroke(cairo_t* context, std::uint32_t color) {
 }
 
 }  // namespace
-
-std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color) {
-    if (!color || color->Transparent()) return std::nullopt;
-    return color->RGB();
-}
-
-FontSpec FontOf(const host::IHostTextSymbol& symbol) {
-    const auto font = symbol.Font();
-    FontSpec spec;
-    spec.points = symbol.Size();
-    if (font) {
-        spec.family = font->Name();
-        spec.bold = font->Bold();
-    }
-    return spec;
-}
 
 void UseColor(cairo_t* context, std::uint32_t color) {
     const auto share = [&](unsigned shift) { return ((color >> shift) & 0xFF) / 255.0; };
