@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Session.h"
+#include "app/commands/Session.h"
 #include "desk/drawing/PageWriter.h"
 #include "listings/CellComposer.h"
 #include "model/Results.h"

@@ -1,27 +1,39 @@
-# gazetteer_floor(NAME [QT] SOURCES ... LINKS ...)
+# gazetteer_floor(NAME [QT] SOURCES ... [PUBLIC ...] [PRIVATE ...])
 #
-# A floor of the house as a static library. Its private include folder holds only the floors it
-# links, laid out as links to the source folders, so that a header of a floor above or beside
-# cannot be included by accident. With QT it has widgets.
+# A floor of the house, or a room on one, as a static library. It sees its own headers and those of
+# the floors and rooms in its lists; any other cannot be included by accident. PUBLIC are those that
+# its headers show, and that whoever links it sees too; PRIVATE those of its sources alone. With QT
+# it has widgets.
 function(gazetteer_floor name)
-  cmake_parse_arguments(FLOOR "QT" "" "SOURCES;LINKS" ${ARGN})
-  set(view ${CMAKE_BINARY_DIR}/view/${name})
-  file(MAKE_DIRECTORY ${view})
-  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${view}/${name} SYMBOLIC)
-  if(FLOOR_SOURCES)
-    add_library(${name} STATIC ${FLOOR_SOURCES})
-    target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${view}>)
-    target_compile_features(${name} PUBLIC cxx_std_20)
-    target_link_libraries(${name} PUBLIC ${FLOOR_LINKS})
-    if(FLOOR_QT)
-      gazetteer_precompile(${name} ProductQt)
-    else()
-      gazetteer_precompile(${name} Product)
-    endif()
-  else()
+  cmake_parse_arguments(FLOOR "QT" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  if(NOT FLOOR_SOURCES)
     add_library(${name} INTERFACE)
-    target_include_directories(${name} INTERFACE $<BUILD_INTERFACE:${view}>)
+    gazetteer_view(${name} INTERFACE)
     target_compile_features(${name} INTERFACE cxx_std_20)
-    target_link_libraries(${name} INTERFACE ${FLOOR_LINKS})
+    target_link_libraries(${name} INTERFACE ${FLOOR_PUBLIC})
+    return()
   endif()
+  add_library(${name} STATIC ${FLOOR_SOURCES})
+  gazetteer_view(${name} PUBLIC)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  target_link_libraries(${name} PUBLIC ${FLOOR_PUBLIC} PRIVATE ${FLOOR_PRIVATE})
+  if(FLOOR_QT)
+    gazetteer_precompile(${name} ProductQt)
+  else()
+    gazetteer_precompile(${name} Product)
+  endif()
+endfunction()
+
+# gazetteer_view(NAME SCOPE): the include folder of a target that holds nothing but the current
+# source folder, as a link, under the path by which its headers are included.
+function(gazetteer_view name scope)
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/src
+             OUTPUT_VARIABLE path)
+  set(view ${CMAKE_BINARY_DIR}/view/${name})
+  cmake_path(GET path PARENT_PATH parent)
+  file(MAKE_DIRECTORY ${view}/${parent})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${view}/${path} SYMBOLIC)
+  target_include_directories(${name} ${scope} $<BUILD_INTERFACE:${view}>)
+  set_property(GLOBAL APPEND PROPERTY GAZETTEER_ROOMS ${name})
+  set_property(GLOBAL PROPERTY GAZETTEER_PATH_OF_${name} ${path})
 endfunction()

@@ -13,8 +13,8 @@
 #include "FuzzDesk.h"
 #include "ReferenceSplitText.h"
 #include "UnicodeText.h"
+#include "desk/text/PlacedGlyphs.h"
 #include "desk/text/PlainText.h"
-#include "desk/text/SetTexts.h"
 #include "desk/text/TextEngine.h"
 #include "model/DefaultSymbols.h"
 
@@ -65,7 +65,7 @@ void RequireSameBox(const desk::TextBox& quick, const desk::TextBox& plain) {
 }
 
 desk::TextBox BoxOf(desk::TextEngine& engine, const Input& input) {
-    desk::SetTexts into;
+    desk::PlacedGlyphs into;
     desk::PlacedText placed;
     placed.font = &engine.Find(input.font);
     placed.text = input.text;

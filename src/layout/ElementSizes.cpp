@@ -5,7 +5,7 @@
 
 namespace gazetteer {
 
-double GetElementHeight(host::IHost& host, host::IHostElement& element,
+double GetElementHeight(host::IHostGeometryFactory& host, host::IHostElement& element,
                         const host::Ref<host::IHostDisplay>& display) try {
     const auto bounds = host.NewEnvelope();
     element.MeasureBounds(display, bounds);
@@ -14,7 +14,7 @@ double GetElementHeight(host::IHost& host, host::IHostElement& element,
     PassOn("GetElementHeight", kManagerLabel);
 }
 
-double GetElementWidth(host::IHost& host, host::IHostElement& element,
+double GetElementWidth(host::IHostGeometryFactory& host, host::IHostElement& element,
                        const host::Ref<host::IHostDisplay>& display) try {
     const auto bounds = host.NewEnvelope();
     element.MeasureBounds(display, bounds);

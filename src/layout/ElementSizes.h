@@ -1,14 +1,15 @@
 #pragma once
 
-#include "host/Host.h"
+#include "host/Elements.h"
+#include "host/GeometryFactory.h"
 
 namespace gazetteer {
 
 /// Inner procedures: height and width in inches of an element's bounds; of a group, those of all
 /// its members.
-double GetElementHeight(host::IHost& host, host::IHostElement& element,
+double GetElementHeight(host::IHostGeometryFactory& host, host::IHostElement& element,
                         const host::Ref<host::IHostDisplay>& display);
-double GetElementWidth(host::IHost& host, host::IHostElement& element,
+double GetElementWidth(host::IHostGeometryFactory& host, host::IHostElement& element,
                        const host::Ref<host::IHostDisplay>& display);
 
 /// The gazetteer element's own bounds, read fresh.

@@ -13,7 +13,8 @@ using host::Ref;
 constexpr char kTableName[] = "CVNGazetteerTmp";
 constexpr std::int32_t kTextFieldLength = 255;
 
-Ref<host::IHostFields> IndexFields(host::IHost& host, const std::vector<std::string>& columns) {
+Ref<host::IHostFields> IndexFields(host::IHostTableFactory& host,
+                                   const std::vector<std::string>& columns) {
     auto fields = host.NewFields();
     fields->SetFieldCount(static_cast<std::int32_t>(columns.size()) + 1);
     auto identifier = host.NewField();

@@ -104,7 +104,7 @@ void RemoveColumn(Settings& settings, const std::string& name) {
         set->RemoveItem(name);
 }
 
-Ref<IHostPropertySet> Reordered(host::IHost& host, const IHostPropertySet& old,
+Ref<IHostPropertySet> Reordered(host::IHostPropertySetFactory& host, const IHostPropertySet& old,
                                 const std::vector<std::string>& order) {
     auto set = host.NewPropertySet();
     for (const std::string& name : order) set->SetItem(name, old.Item(name));

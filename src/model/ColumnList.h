@@ -46,7 +46,8 @@ void RemoveColumn(Settings& settings, const std::string& name);
 
 /// A new set with the names and values of the old one in another order. Every name of the old set
 /// is given exactly once.
-host::Ref<host::IHostPropertySet> Reordered(host::IHost& host, const host::IHostPropertySet& old,
+host::Ref<host::IHostPropertySet> Reordered(host::IHostPropertySetFactory& host,
+                                            const host::IHostPropertySet& old,
                                             const std::vector<std::string>& order);
 
 }  // namespace gazetteer

@@ -49,7 +49,7 @@ ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
     return column;
 }
 
-host::Ref<host::IHostPropertySet> NewColumnSet(host::IHost& host,
+host::Ref<host::IHostPropertySet> NewColumnSet(host::IHostPropertySetFactory& host,
                                                const ColumnProperties& properties) {
     auto set = host.NewPropertySet();
     for (const ColumnKey& key : ColumnKeys()) set->SetItem(key.name, ValueOf(key, properties));

@@ -56,7 +56,7 @@ ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
 ColumnProperties WithOwnSymbols(ColumnProperties column);
 
 /// A new set with all keys in the order of the table. Symbols are shared with the argument.
-host::Ref<host::IHostPropertySet> NewColumnSet(host::IHost& host,
+host::Ref<host::IHostPropertySet> NewColumnSet(host::IHostPropertySetFactory& host,
                                                const ColumnProperties& properties);
 
 /// The set of a new column. Without a current column it holds the defaults; otherwise symbols

@@ -23,7 +23,7 @@ host::Ref<host::IHostTextSymbol> MakeTextSymbol(host::IHost& host, double points
     return symbol;
 }
 
-host::Ref<host::IHostFillSymbol> MakeFillSymbol(host::IHost& host, std::uint32_t rgb) {
+host::Ref<host::IHostFillSymbol> MakeFillSymbol(host::IHostSymbolFactory& host, std::uint32_t rgb) {
     auto color = host.NewColor();
     color->SetRGB(rgb);
     auto symbol = host.NewFillSymbol();

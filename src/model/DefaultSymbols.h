@@ -16,7 +16,7 @@ constexpr std::uint32_t RGB(std::uint32_t red, std::uint32_t green, std::uint32_
 host::Ref<host::IHostTextSymbol> MakeTextSymbol(host::IHost& host, double points, bool bold);
 
 /// A new fill of which only the colour is set.
-host::Ref<host::IHostFillSymbol> MakeFillSymbol(host::IHost& host, std::uint32_t rgb);
+host::Ref<host::IHostFillSymbol> MakeFillSymbol(host::IHostSymbolFactory& host, std::uint32_t rgb);
 
 /// A text symbol's sample text: the font's name, a blank, then the size with a leading place for
 /// its sign, "Helvetica  10".

@@ -5,7 +5,7 @@
 
 namespace gazetteer {
 
-host::Ref<host::IHostPropertySet> CopySet(host::IHost& host,
+host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
                                           const host::Ref<host::IHostPropertySet>& set) {
     return host::As<host::IHostPropertySet>(host.NewObjectCopy()->Copy(set));
 }

@@ -17,7 +17,7 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
 bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth);
 
 /// Deep copy of a property set.
-host::Ref<host::IHostPropertySet> CopySet(host::IHost& host,
+host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
                                           const host::Ref<host::IHostPropertySet>& set);
 
 }  // namespace gazetteer

@@ -42,7 +42,8 @@ Ref<IHostPropertySet> ReadListed(const IHostPropertySet& set, const char* key) {
 }
 
 // "CorvaneProperties" of the element, with as much of the way to it made anew as is missing.
-Ref<IHostPropertySet> EnsureMakerSet(host::IHost& host, const Ref<IHostElement>& element) {
+Ref<IHostPropertySet> EnsureMakerSet(host::IHostPropertySetFactory& host,
+                                     const Ref<IHostElement>& element) {
     auto container = Container(element);
     if (HasCorvaneProperties(element))
         return ToObject<IHostPropertySet>(container->Item(kMakerKey));

@@ -15,7 +15,7 @@ std::string RemoveFileName(const std::string& path) {
     return path.starts_with("\\\\") ? "\\\\" + folder : folder;
 }
 
-host::Ref<host::IHostTable> OpenTableFile(host::IHost& host, const std::string& path) {
+host::Ref<host::IHostTable> OpenTableFile(host::IHostTableFactory& host, const std::string& path) {
     const auto workspace = host.NewWorkspaceFactory()->OpenFromFile(RemoveFileName(path), 0);
     return workspace->OpenTable(GetFileName(path));
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/Host.h"
+#include "host/TableFactory.h"
 
 namespace gazetteer {
 
@@ -14,6 +14,6 @@ std::string GetFileName(const std::string& path);
 std::string RemoveFileName(const std::string& path);
 
 /// Opens a dBase file by its path: its folder as a workspace, then the file as a table.
-host::Ref<host::IHostTable> OpenTableFile(host::IHost& host, const std::string& path);
+host::Ref<host::IHostTable> OpenTableFile(host::IHostTableFactory& host, const std::string& path);
 
 }  // namespace gazetteer

@@ -37,7 +37,7 @@ struct SiblingObjects {
     host::Ref<host::MapSeriesManager> seriesManager;
     host::Ref<host::CVNExpressionEngine> expressionEngine;
 
-    static SiblingObjects Create(host::IHost& host) {
+    static SiblingObjects Create(host::IHostMapBookFactory& host) {
         return {host.NewLayoutContext(), host.NewMapBook(), host.NewMapSeriesManager(),
                 host.NewExpressionEngine()};
     }

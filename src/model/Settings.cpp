@@ -70,7 +70,7 @@ void WriteSettings(const Settings& settings, host::IHostPropertySet& properties)
         properties.SetItem(key.name, ValueOf(key, settings));
 }
 
-void FillEmptySets(host::IHost& host, Settings& settings) {
+void FillEmptySets(host::IHostPropertySetFactory& host, Settings& settings) {
     for (const PropertyKey& key : PropertyKeys())
         if (const auto* field = std::get_if<SetField>(&key.field); field && !(settings.**field))
             settings.** field = host.NewPropertySet();

@@ -87,7 +87,7 @@ void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& l
 void WriteSettings(const Settings& settings, host::IHostPropertySet& properties);
 
 /// Gives every set that the settings hold null for a new empty one.
-void FillEmptySets(host::IHost& host, Settings& settings);
+void FillEmptySets(host::IHostPropertySetFactory& host, Settings& settings);
 
 /// The set under a name of another set. Fails for an absent name and for another kind of value.
 host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,

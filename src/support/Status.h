@@ -11,7 +11,7 @@ namespace gazetteer {
 /// Pane 0 of the running host's status bar, the one sign of life of a long run.
 class Status {
 public:
-    explicit Status(host::IHost& host) : bar_(host.NewApplication()->StatusBar()) {}
+    explicit Status(host::IHostServices& host) : bar_(host.NewApplication()->StatusBar()) {}
 
     /// Shows a text and, behind it, a number.
     void Show(const char* text, std::int64_t number);

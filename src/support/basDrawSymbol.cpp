@@ -47,8 +47,8 @@ void Draw(host::IHostSymbol& symbol, host::DeviceContext device,
     symbol.ReleaseDevice();
 }
 
-host::Ref<host::IHostEnvelope> MakeEnvelope(host::IHost& host, double xmin, double ymin,
-                                            double xmax, double ymax) {
+host::Ref<host::IHostEnvelope> MakeEnvelope(host::IHostGeometryFactory& host, double xmin,
+                                            double ymin, double xmax, double ymax) {
     auto envelope = host.NewEnvelope();
     envelope->SetCoords(xmin, ymin, xmax, ymax);
     return envelope;
@@ -74,7 +74,7 @@ host::Ref<host::IHostDisplayTransformation> CreateTransFromDC(host::IHost& host,
 }
 
 host::Ref<host::IHostGeometry> MakePreviewGeometry(
-    host::IHost& host, const host::Ref<host::IHostSymbol>& symbol,
+    host::IHostGeometryFactory& host, const host::Ref<host::IHostSymbol>& symbol,
     const host::Ref<host::IHostEnvelope>& envelope) try {
     if (host::As<host::IHostMarkerSymbol>(symbol)) return envelope->Centre();
     if (!host::As<host::IHostTextSymbol>(symbol) && !host::As<host::IHostLineSymbol>(symbol))

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "desk/text/GlyphCanvas.h"
-#include "desk/text/SetTexts.h"
+#include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
 
 namespace tests {
@@ -82,7 +82,7 @@ TEST(VisualOrder, AddsNoWidth) {
         for (const std::string text : {"שלום.......", "مكة المكرمة......", "طريق 5 (M5)...."}) {
             const auto& font = engine.Find({family, 8, false});
             for (const int horizontal : {kLeft, kRight}) {
-                desk::SetTexts texts;
+                desk::PlacedGlyphs texts;
                 const auto box = engine.Set({&font, text, {horizontal, 1, 0}, 0, 0}, texts);
                 EXPECT_DOUBLE_EQ(box.right - box.left, engine.Measure(font, text).xSize)
                     << family << text << horizontal;

@@ -131,6 +131,8 @@ TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
     const std::string section = ", at books[0].sections[0]";
     const std::string layout = section + ".templates[0].layout";
     const std::string back = ", at books[0].sections[1]";
+    const std::string startPage =
+        section + ".startPage: a whole number from -2147483648 to 2147483647 is expected.";
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {kBook, "", "is not valid JSON at line 1, column 1."},
         {R"("atlas",)", R"("atlas")", "is not valid JSON at line 2, column 37."},
@@ -140,8 +142,10 @@ TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
         {kBook, R"({"books": {}})", ", at books: a list is expected."},
         {R"("Maps")", "7", section + ".name: a text is expected."},
         {R"("atlas")", R"("")", ", at books[0].key: a text that is not empty is expected."},
-        {"5,", "5.5,", section + ".startPage: a whole number is expected."},
-        {"5,", "3000000000,", section + ".startPage: a whole number is expected."},
+        {"5,", "5.,", "is not valid JSON at line 3, column 49."},
+        {"5,", "1e999,", "is not valid JSON: it holds a number that is too large."},
+        {"5,", "5.5,", startPage},
+        {"5,", "3000000000,", startPage},
         {R"("startPage": 5,)", "", section + R"(: "startPage" is missing.)"},
         {"sheet$2", "sheet2",
          section + R"(.pages[1]: a template's key, "$" and a number are expected.)"},

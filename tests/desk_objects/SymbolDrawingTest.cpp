@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "desk/drawing/Devices.h"
-#include "desk/drawing/PixelSurface.h"
+#include "desk/devices/Devices.h"
+#include "desk/devices/PixelSurface.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"
 #include "desk/objects/Transformation.h"

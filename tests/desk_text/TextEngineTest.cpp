@@ -5,7 +5,7 @@
 #include <string>
 
 #include "desk/text/CairoGlyphs.h"
-#include "desk/text/SetTexts.h"
+#include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
 #include "support/InkBox.h"
 
@@ -159,7 +159,7 @@ TEST(Draw, StaysWithinItsBoundsAtAnyAngle) {
         for (const double angle : {0.0, 45.0, 90.0, 200.0, -30.0})
             for (const int across : {0, 1, 2}) {
                 const TextPlacement placement{across, across == 2 ? 3 : across, angle};
-                desk::SetTexts texts;
+                desk::PlacedGlyphs texts;
                 const auto box = engine.Set({&engine.Find(kSans), text, placement, 0, 0}, texts);
                 const Ink ink = InkOf(engine, text, placement);
                 const double over = 2.5;  // a font that stands in may be higher than the line

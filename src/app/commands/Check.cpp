@@ -1,8 +1,8 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
 
 namespace app {
 

@@ -1,10 +1,10 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "app/Edit.h"
-#include "app/Errors.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
+#include "app/work/Edit.h"
+#include "app/work/Errors.h"
 #include "model/ColumnList.h"
 
 namespace app {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Options.h"
+#include "app/work/Options.h"
 
 /// The commands, one file each. Each answers the exit status; what goes wrong is raised.
 namespace app {

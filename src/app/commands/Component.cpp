@@ -1,9 +1,9 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/ConsoleDialogs.h"
-#include "app/Errors.h"
 #include "app/commands/Commands.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/work/Errors.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"
 

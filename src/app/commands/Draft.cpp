@@ -1,6 +1,6 @@
-#include "app/Errors.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
+#include "app/work/Errors.h"
 
 namespace app {
 

@@ -1,12 +1,12 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "app/ElementTree.h"
-#include "app/Errors.h"
-#include "app/Files.h"
-#include "app/Session.h"
-#include "app/Sheets.h"
 #include "app/commands/Commands.h"
+#include "app/commands/ElementTree.h"
+#include "app/commands/Session.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/Sheets.h"
 
 namespace app {
 

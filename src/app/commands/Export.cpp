@@ -1,8 +1,8 @@
-#include "app/Files.h"
-#include "app/Progress.h"
-#include "app/Session.h"
-#include "app/Sheets.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Progress.h"
+#include "app/commands/Session.h"
+#include "app/work/FilePaths.h"
+#include "app/work/Sheets.h"
 
 namespace app {
 

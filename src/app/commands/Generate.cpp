@@ -1,5 +1,5 @@
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
 
 namespace app {
 

@@ -1,10 +1,10 @@
-#include "app/Edit.h"
-#include "app/Files.h"
-#include "app/NewDocument.h"
-#include "app/Progress.h"
-#include "app/Session.h"
-#include "app/Sheets.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Progress.h"
+#include "app/commands/Session.h"
+#include "app/work/Edit.h"
+#include "app/work/FilePaths.h"
+#include "app/work/NewDocument.h"
+#include "app/work/Sheets.h"
 
 namespace app {
 

@@ -1,11 +1,11 @@
 #include <filesystem>
 
-#include "app/Edit.h"
-#include "app/Errors.h"
-#include "app/Files.h"
-#include "app/NewDocument.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
+#include "app/work/Edit.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/NewDocument.h"
 
 namespace app {
 
@@ -22,7 +22,7 @@ int New(const CommonOptions& common, const NewOptions& options) {
     if (options.sample) edit.Set("SamplePage=true");
     edit.Store();
     // One that came about meanwhile is refused as well.
-    if (!options.force) session.TheDesk().MayReplace(desk::FileState{});
+    if (!options.force) session.TheDesk().SetReplaceable(desk::FileState{});
     session.Save();
     return 0;
 }

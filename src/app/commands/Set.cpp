@@ -1,6 +1,6 @@
-#include "app/Edit.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
+#include "app/work/Edit.h"
 
 namespace app {
 

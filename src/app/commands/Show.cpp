@@ -1,9 +1,9 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "app/Errors.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
+#include "app/commands/Session.h"
+#include "app/work/Errors.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
 

@@ -1,8 +1,8 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "app/ConsoleDialogs.h"
 #include "app/commands/Commands.h"
+#include "app/commands/ConsoleDialogs.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/tables/DbfTable.h"
 #include "support/Conversions.h"

@@ -1,12 +1,12 @@
 #include "app/window/ElementPages.h"
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 #include "desk/components/Registrar.h"
 
 namespace app {
 namespace {
 
-void Tell(host::IHost& host, const std::string& text) {
+void Tell(host::IHostServices& host, const std::string& text) {
     host.Dialogs().MessageBox({"Property Pages", text, host::kWarningOk, nullptr});
 }
 

@@ -15,7 +15,7 @@
 #include <algorithm>
 
 #include "app/window/PathField.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/Errors.h"
-#include "app/Files.h"
-#include "app/NewDocument.h"
-#include "app/RunTexts.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/NewDocument.h"
+#include "app/work/RunTexts.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -39,7 +39,7 @@ void Layout::StartNew(const NewDocumentOptions& options, bool dressed) {
         if (dressed) DressForPrint(*this);
     } catch (...) {
         TheDesk().Start(documentBefore, pathBefore);
-        TheDesk().MayReplace(replaceableBefore);
+        TheDesk().SetReplaceable(replaceableBefore);
         notices_ = noticesBefore;
         UseChosen();
         throw;
@@ -68,7 +68,7 @@ void Layout::SaveTo(const std::string& documentPath) {
     }
     const auto written = desk::WriteDocument(document, documentPath);
     if (documentPath != Path()) TheDesk().Start(std::move(document), documentPath);
-    TheDesk().MayReplace(written);
+    TheDesk().SetReplaceable(written);
     NoteSaved();
 }
 

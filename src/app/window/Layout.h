@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "app/Options.h"
-#include "app/Sheets.h"
-#include "app/Work.h"
+#include "app/work/Options.h"
+#include "app/work/Sheets.h"
+#include "app/work/Work.h"
 
 namespace app {
 

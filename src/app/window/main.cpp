@@ -5,8 +5,8 @@
 #include <csignal>
 #include <cstdio>
 
-#include "app/Errors.h"
 #include "app/window/MainWindow.h"
+#include "app/work/Errors.h"
 
 namespace {
 

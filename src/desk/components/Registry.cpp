@@ -2,11 +2,13 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 #include <string_view>
 #include <system_error>
 
 #include "desk/files/Files.h"
+#include "desk/json/JsonNode.h"
+#include "desk/json/JsonWriter.h"
+#include "desk/json/ParsedJson.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -14,7 +16,6 @@ namespace desk {
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::ordered_json;
 
 constexpr char kComponents[] = "components";
 constexpr char kCategory[] = "category";
@@ -41,10 +42,15 @@ fs::path UserDataFolder() {
     return home / ".local/share";
 }
 
-std::vector<ComponentEntry> EntriesOf(const Json& list) {
+std::vector<ComponentEntry> EntriesOf(const JsonNode& root) {
+    const auto text = [](const JsonNode& item, std::string_view key) {
+        return std::string(item.Member(key).Text());
+    };
     std::vector<ComponentEntry> entries;
-    for (const auto& item : list.at(kComponents).get_ref<const Json::array_t&>())
-        entries.push_back({item.at(kCategory), item.at(kClass), item.at(kFile)});
+    const auto list = root.Member(kComponents);
+    list.Each([&](const JsonNode& item) {
+        entries.push_back({text(item, kCategory), text(item, kClass), text(item, kFile)});
+    });
     return entries;
 }
 
@@ -57,12 +63,15 @@ std::string ComponentsFile() {
 std::vector<ComponentEntry> ReadComponents(const std::string& file) {
     std::error_code ignored;
     if (!fs::exists(file, ignored)) return {};
-    const std::string text = ReadWholeFile(file);
+    const ParsedJson json(ReadWholeFile(file));
+    const std::string damaged = "The list of components \"" + file +
+                                "\" is damaged; delete it and install the components again.";
+    if (json.Error() != simdjson::SUCCESS) Fail(damaged);
     try {
-        return EntriesOf(Json::parse(text));
-    } catch (const Json::exception&) {
-        Fail("The list of components \"" + file +
-             "\" is damaged; delete it and install the components again.");
+        const JsonSource source{file, damaged, {}};
+        return EntriesOf(JsonNode(json.Root(), source));
+    } catch (const host::Failure&) {
+        Fail(damaged);
     }
 }
 
@@ -72,10 +81,23 @@ void WriteComponents(const std::string& file, const std::vector<ComponentEntry>&
     fs::create_directories(folder, error);
     if (error)
         Fail("The folder \"" + folder.string() + "\" cannot be made: " + error.message() + ".");
-    Json list = Json::array();
-    for (const auto& entry : entries)
-        list.push_back({{kCategory, entry.category}, {kClass, entry.classId}, {kFile, entry.file}});
-    ReplaceFile(file, Json{{kComponents, list}}.dump(2) + '\n');
+    std::string text;
+    JsonWriter writer([&](std::string_view piece) { text += piece; });
+    writer.BeginObject();
+    writer.Key(kComponents);
+    writer.BeginArray();
+    for (const auto& entry : entries) {
+        writer.NewLine();
+        writer.BeginObject();
+        writer.Member(kCategory, entry.category);
+        writer.Member(kClass, entry.classId);
+        writer.Member(kFile, entry.file);
+        writer.EndObject();
+    }
+    writer.EndArray();
+    writer.EndObject();
+    writer.Finish();
+    ReplaceFile(file, text);
 }
 
 }  // namespace desk

@@ -1,14 +1,14 @@
 #include "desk/documents/Document.h"
 
 #include <filesystem>
-#include <simdjson.h>
 
 #include "desk/documents/ElementReader.h"
 #include "desk/documents/ElementWriter.h"
-#include "desk/documents/JsonWriter.h"
 #include "desk/documents/ValueWriter.h"
 #include "desk/files/Files.h"
 #include "desk/files/ReplacingFile.h"
+#include "desk/json/JsonWriter.h"
+#include "desk/json/ParsedJson.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -24,27 +24,19 @@ constexpr int kVersion = 1;
     throw failure;
 }
 
-/// The parsed document keeps what the answer consists of. The text that it was made from and the
-/// parser's own tables go at once: of a million listings, 90 MB.
-simdjson::dom::element Parse(simdjson::dom::document& parsed, const std::string& path,
-                             FileState* state) {
-    simdjson::dom::parser parser;
-    simdjson::dom::element root;
-    const auto error = parser.parse_into_document(parsed, ReadWholeFile(path, state)).get(root);
+void CheckParsed(simdjson::error_code error, const std::string& path) {
+    if (error == simdjson::SUCCESS) return;
     if (error == simdjson::MEMALLOC || error == simdjson::CAPACITY)
         Fail(path, "The file \"" + path + "\" is too large to be read.");
     if (error == simdjson::UTF8_ERROR)
         Fail(path, "The file \"" + path + "\" is damaged: it holds text that is not UTF-8.");
-    if (error != simdjson::SUCCESS)
-        Fail(path, "The file \"" + path + "\" is damaged: it is not JSON as a whole.");
-    return root;
+    Fail(path, "The file \"" + path + "\" is damaged: it is not JSON as a whole.");
 }
 
-void CheckFormat(simdjson::dom::element root, const std::string& path) {
+void CheckFormat(simdjson::dom::element root, const JsonNode& top, const std::string& path) {
     std::string_view format;
     if (root["format"].get(format) != simdjson::SUCCESS || format != kFormat)
         Fail(path, "The file \"" + path + "\" is no document of the desk.");
-    const JsonNode top(root, path);
     const auto version = top.Member("version").Whole(1);
     if (version <= kVersion) return;
     Fail(path, "The file \"" + path + "\" is written in version " + std::to_string(version) +
@@ -102,11 +94,12 @@ void WriteText(JsonWriter& writer, const Document& document) {
 
 Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine,
                       FileState* state) {
-    simdjson::dom::document parsed;
-    const auto root = Parse(parsed, path, state);
-    CheckFormat(root, path);
+    const ParsedJson parsed(ReadWholeFile(path, state));
+    CheckParsed(parsed.Error(), path);
+    const JsonSource source{path, "The file \"" + path + "\" is damaged", " at "};
+    const JsonNode top(parsed.Root(), source);
+    CheckFormat(parsed.Root(), top, path);
 
-    const JsonNode top(root, path);
     Document document;
     document.title = top.Member("title").Text();
     document.mapBook = OptionalText(top, "mapBook");

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "desk/documents/Depth.h"
+#include "desk/objects/Depth.h"
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
 

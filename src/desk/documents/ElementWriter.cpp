@@ -1,7 +1,7 @@
 #include "desk/documents/ElementWriter.h"
 
-#include "desk/documents/Depth.h"
 #include "desk/documents/ValueWriter.h"
+#include "desk/objects/Depth.h"
 #include "host/Failure.h"
 
 namespace desk {

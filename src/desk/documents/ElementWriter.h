@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/documents/JsonWriter.h"
+#include "desk/json/JsonWriter.h"
 #include "host/Elements.h"
 
 namespace desk {

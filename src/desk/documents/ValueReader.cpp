@@ -10,7 +10,7 @@
 #include <system_error>
 #include <utility>
 
-#include "desk/documents/Depth.h"
+#include "desk/objects/Depth.h"
 #include "desk/objects/PropertySet.h"
 #include "desk/objects/Symbols.h"
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "desk/documents/JsonNode.h"
+#include "desk/json/JsonNode.h"
 #include "host/Symbols.h"
 #include "host/Variant.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "desk/documents/Depth.h"
+#include "desk/objects/Depth.h"
 #include "desk/objects/PropertySet.h"
 #include "host/Failure.h"
 

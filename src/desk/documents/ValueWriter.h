@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/documents/JsonWriter.h"
+#include "desk/json/JsonWriter.h"
 #include "host/Symbols.h"
 #include "host/Variant.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desk/devices/CairoShapes.h"
 #include "desk/drawing/Canvas.h"
-#include "desk/drawing/Ink.h"
 #include "desk/text/CairoGlyphs.h"
 
 namespace desk {

@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "desk/devices/CairoHandles.h"
 #include "desk/drawing/CairoCanvas.h"
-#include "desk/drawing/CairoHandles.h"
 #include "desk/drawing/PageWriter.h"
 
 namespace desk {

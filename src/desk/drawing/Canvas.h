@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "desk/drawing/Shapes.h"
+#include "desk/devices/Shapes.h"
 #include "desk/text/GlyphCanvas.h"
 
 namespace desk {

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "desk/drawing/Looks.h"
 #include "desk/drawing/PaintQueue.h"
+#include "desk/drawing/PaintStyles.h"
 #include "host/Geometry.h"
 #include "host/KnownCast.h"
 #include "host/Symbols.h"
@@ -56,7 +56,7 @@ private:
 class Pass {
 public:
     Pass(Canvas& canvas, TextEngine& engine)
-        : engine_(engine), queue_(canvas, engine), looks_(engine) {}
+        : engine_(engine), queue_(canvas, engine), styles_(engine) {}
 
     void Paint(const host::IHostElement& element);
     void Finish() { queue_.Flush(); }
@@ -70,7 +70,7 @@ private:
 
     TextEngine& engine_;
     PaintQueue queue_;
-    Looks looks_;
+    PaintStyles styles_;
     Kinds kinds_;
     host::KnownCast<const host::IHostTextElement> asText_;
     host::KnownCast<const host::IHostFilledElement> asFilled_;
@@ -99,23 +99,23 @@ void Pass::PaintText(const host::IHostTextElement& element) {
     const auto geometry = element.Geometry();
     const auto* const point = asPoint_(geometry.get());
     if (!symbol || !point) return;
-    const TextLook& look = looks_.Of(symbol);
-    if (!look.color) return;
+    const TextStyle& style = styles_.Of(symbol);
+    if (!style.color) return;
     const std::string text = element.Text();
-    queue_.Draw(PlacedText{look.font, text, look.placement, point->X() * kPointsPerInch,
+    queue_.Draw(PlacedText{style.font, text, style.placement, point->X() * kPointsPerInch,
                            -point->Y() * kPointsPerInch},
-                *look.color);
+                *style.color);
 }
 
 void Pass::PaintFilled(const host::IHostFilledElement& element) {
     const auto symbol = element.Symbol();
     if (!symbol) return;
-    const FillLook& look = looks_.Of(symbol);
-    if (!look.fill && !look.outline) return;
+    const FillStyle& style = styles_.Of(symbol);
+    if (!style.fill && !style.outline) return;
     const auto box = BoxOf(element);
     if (!box) return;
-    if (look.fill) queue_.Fill(*box, *look.fill);
-    if (look.outline) queue_.Draw(PaintOutline{*box, *look.outline});
+    if (style.fill) queue_.Fill(*box, *style.fill);
+    if (style.outline) queue_.Draw(PaintOutline{*box, *style.outline});
 }
 
 void Pass::PaintMapFrame(const host::IHostMapFrame& frame) {

@@ -1,22 +1,18 @@
 #include "desk/drawing/PageWriter.h"
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 
 #include "desk/drawing/PdfWriter.h"
 #include "desk/drawing/PngWriter.h"
 #include "desk/drawing/SvgWriter.h"
+#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
 namespace {
 
 std::string LowerEnding(const std::string& path) {
-    std::string ending = std::filesystem::path(path).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return ending;
+    return FoldCase(std::filesystem::path(path).extension().string());
 }
 
 }  // namespace

@@ -33,14 +33,14 @@ void Add(std::vector<PaintBox>& boxes, const PaintBox& box) {
 }  // namespace
 
 void PaintQueue::Fill(const PaintBox& box, std::uint32_t color) {
-    if (reaches_.ReachInto(box.Shrunk(kTolerance))) Flush();
+    if (inkBounds_.Overlap(box.Shrunk(kTolerance))) Flush();
     Add(PlaceFor(box, color).boxes, box);
 }
 
 void PaintQueue::Draw(const PlacedText& text, std::uint32_t color) {
     const std::size_t first = texts_.LineCount();
     const TextBox box = engine_.Set(text, texts_);
-    reaches_.Add({text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom});
+    inkBounds_.Add({text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom});
     auto* last = drawings_.empty() ? nullptr : std::get_if<ColoredTexts>(&drawings_.back());
     if (!last || last->color != color)
         last = &std::get<ColoredTexts>(drawings_.emplace_back(ColoredTexts{color, first, first}));
@@ -48,7 +48,7 @@ void PaintQueue::Draw(const PlacedText& text, std::uint32_t color) {
 }
 
 void PaintQueue::Draw(const PaintOutline& outline) {
-    reaches_.Add(outline.box.Shrunk(kLineWidth));
+    inkBounds_.Add(outline.box.Shrunk(kLineWidth));
     drawings_.emplace_back(outline);
 }
 
@@ -59,7 +59,7 @@ void PaintQueue::Flush() {
     fills_.clear();
     drawings_.clear();
     texts_.Clear();
-    reaches_.Clear();
+    inkBounds_.Clear();
 }
 
 /// The rectangles of the colour, unless one of another colour above them would be covered wrongly.

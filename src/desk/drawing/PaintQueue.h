@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "desk/drawing/Canvas.h"
-#include "desk/drawing/Reaches.h"
-#include "desk/text/SetTexts.h"
+#include "desk/drawing/InkBounds.h"
+#include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
 
 namespace desk {
@@ -46,8 +46,8 @@ private:
     // What is held back: rectangles, colour by colour, and above them all drawings in their order.
     std::vector<ColoredBoxes> fills_;
     std::vector<std::variant<ColoredTexts, PaintOutline>> drawings_;
-    SetTexts texts_;
-    Reaches reaches_;  ///< Of all drawings.
+    PlacedGlyphs texts_;
+    InkBounds inkBounds_;  ///< Of all drawings.
 };
 
 }  // namespace desk

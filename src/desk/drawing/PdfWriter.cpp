@@ -29,7 +29,7 @@ PdfWriter::PdfWriter(const std::string& path, const std::string& title)
       title_(title),
       objects_(File()),
       fonts_(objects_),
-      outline_(objects_),
+      bookmarks_(objects_),
       catalog_(objects_.NewObject()),
       pageTree_(objects_.NewObject()) {}
 
@@ -51,7 +51,7 @@ void PdfWriter::EndSheet(const std::string& bookmark) {
     page += "]/Contents ";
     pdf::AppendReference(page, content);
     pages_.push_back(objects_.WriteObject(page + ">>"));
-    if (!bookmark.empty()) outline_.Add(bookmark, pages_.back(), height_);
+    if (!bookmark.empty()) bookmarks_.Add(bookmark, pages_.back(), height_);
 }
 
 void PdfWriter::Close() {
@@ -65,7 +65,7 @@ void PdfWriter::Close() {
     objects_.WriteObject(pageTree_, tree + "]>>");
     std::string catalog = "<</Type/Catalog/Pages ";
     pdf::AppendReference(catalog, pageTree_);
-    if (const int outline = outline_.Write(); outline != 0) {
+    if (const int outline = bookmarks_.Write(); outline != 0) {
         catalog += "/Outlines ";
         pdf::AppendReference(catalog, outline);
     }

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "desk/drawing/PageWriter.h"
+#include "desk/drawing/pdf/Bookmarks.h"
 #include "desk/drawing/pdf/FontSet.h"
 #include "desk/drawing/pdf/ObjectFile.h"
-#include "desk/drawing/pdf/Outline.h"
 #include "desk/drawing/pdf/PageContent.h"
 
 namespace desk {
@@ -28,7 +28,7 @@ private:
     std::string title_;
     pdf::ObjectFile objects_;
     pdf::FontSet fonts_;
-    pdf::Outline outline_;
+    pdf::Bookmarks bookmarks_;
     int catalog_;
     int pageTree_;
     std::vector<int> pages_;  ///< Objects of the pages.

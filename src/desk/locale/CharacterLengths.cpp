@@ -2,27 +2,20 @@
 
 #include <unicode/utext.h>
 
+#include "desk/unicode/Utf8.h"
 #include "host/Failure.h"
 
 namespace desk {
 namespace {
 
 /// Below U+0300 no code point joins another, CR before LF apart, which counts as two here. So each
-/// code point is a character of its own, and no rules are needed. 0xCB is the last lead byte of
-/// this range; false when the text leaves it or is not well-formed.
+/// code point is a character of its own, and no rules are needed; false when the text leaves this
+/// range or is not well-formed.
 bool SimpleLengths(std::string_view text, std::vector<std::size_t>& lengths) {
     for (std::size_t at = 0; at < text.size();) {
-        const auto byte = static_cast<unsigned char>(text[at]);
-        if (byte < 0x80) {
-            lengths.push_back(1);
-            ++at;
-        } else if (byte >= 0xC2 && byte <= 0xCB && at + 1 < text.size() &&
-                   (static_cast<unsigned char>(text[at + 1]) & 0xC0) == 0x80) {
-            lengths.push_back(2);
-            at += 2;
-        } else {
-            return false;
-        }
+        const std::size_t start = at;
+        if (NextCodePoint(text, at) >= 0x300) return false;
+        lengths.push_back(at - start);
     }
     return true;
 }

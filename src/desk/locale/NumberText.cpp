@@ -7,8 +7,8 @@
 #include <system_error>
 #include <unicode/dcfmtsym.h>
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
+#include "desk/unicode/Utf8.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -126,14 +126,9 @@ std::optional<double> NumberText::Parse(std::string_view text) const {
     std::array<char, kLongestNumber> ascii;
     std::size_t length = 0;
     Grammar grammar;
-    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
-    const auto size = static_cast<std::int32_t>(text.size());
-    for (std::int32_t at = 0; at < size;) {
+    for (std::size_t at = 0; at < text.size();) {
         const bool first = at == 0;
-        UChar32 character = 0;
-        U8_NEXT(bytes, at, size, character);
-        if (character < 0) return std::nullopt;
-        const Piece piece = Classify(static_cast<char32_t>(character));
+        const Piece piece = Classify(NextCodePoint(text, at));
         if (!grammar.Accepts(piece.part)) return std::nullopt;
         // from_chars takes no plus before the number, only in the exponent.
         const bool isLeadingPlus = first && piece.ascii == '+';

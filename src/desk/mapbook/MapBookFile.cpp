@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "desk/files/Files.h"
-#include "desk/mapbook/BookNode.h"
+#include "desk/json/JsonFault.h"
+#include "desk/json/JsonNode.h"
+#include "desk/json/ParsedJson.h"
 #include "desk/mapbook/SeriesFrame.h"
 #include "host/Failure.h"
 
@@ -16,36 +18,40 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::string TextOf(const JsonNode& node) {
+    return std::string(node.Text());
+}
+
 /// Builds the layout of one template after another.
 class LayoutReader {
 public:
     explicit LayoutReader(fs::path folder) : folder_(std::move(folder)) {}
 
-    std::vector<host::Ref<host::IHostElement>> Layout(const BookNode& node) const {
+    std::vector<host::Ref<host::IHostElement>> Layout(const JsonNode& node) const {
         std::vector<host::Ref<host::IHostElement>> elements;
-        for (const auto& item : node.Items()) elements.push_back(Element(item));
+        node.Each([&](const JsonNode& item) { elements.push_back(Element(item)); });
         return elements;
     }
 
 private:
-    host::Ref<host::IHostElement> Element(const BookNode& node) const {
+    host::Ref<host::IHostElement> Element(const JsonNode& node) const {
         const auto kind = node.Member("kind");
         if (kind.Text() == "mapFrame") return Frame(node);
         if (kind.Text() == "group") return Group(node);
         kind.Fail("\"mapFrame\" or \"group\" is expected");
     }
 
-    host::Ref<host::IHostElement> Group(const BookNode& node) const {
+    host::Ref<host::IHostElement> Group(const JsonNode& node) const {
         auto group = std::make_shared<GroupElement>();
-        if (node.Has("name")) group->SetName(node.Member("name").Text());
+        if (const auto name = node.Optional("name")) group->SetName(TextOf(*name));
         for (const auto& member : Layout(node.Member("members"))) group->Add(member);
         return group;
     }
 
-    host::Ref<host::IHostElement> Frame(const BookNode& node) const {
-        const auto frame = node.Has("series") ? Paging(ReadSeries(node.Member("series")))
-                                              : std::make_shared<MapFrame>();
-        frame->SetName(node.Member("name").Text());
+    host::Ref<host::IHostElement> Frame(const JsonNode& node) const {
+        const auto series = node.Optional("series");
+        const auto frame = series ? Paging(ReadSeries(*series)) : std::make_shared<MapFrame>();
+        frame->SetName(TextOf(node.Member("name")));
         return frame;
     }
 
@@ -54,25 +60,27 @@ private:
         return std::make_shared<GridSeriesFrame>(std::move(series));
     }
 
-    Series ReadSeries(const BookNode& node) const {
+    Series ReadSeries(const JsonNode& node) const {
         Series series;
-        if (node.Has("indexLayer")) series.indexLayer = PathOf(node.Member("indexLayer").Name());
+        if (const auto layer = node.Optional("indexLayer"))
+            series.indexLayer = PathOf(std::string(layer->Name()));
         series.firstPage = node.Member("firstPage").Whole();
-        if (!node.Has("grids")) return series;
-        for (const auto& grid : node.Member("grids").Items()) series.grids.push_back(Grid(grid));
+        if (const auto grids = node.Optional("grids"))
+            grids->Each([&](const JsonNode& grid) { series.grids.push_back(Grid(grid)); });
         return series;
     }
 
-    static host::Ref<host::IHostMapGrid> Grid(const BookNode& node) {
-        const bool visible = !node.Has("visible") || node.Member("visible").Flag();
+    static host::Ref<host::IHostMapGrid> Grid(const JsonNode& node) {
+        const auto shown = node.Optional("visible");
+        const bool visible = !shown || shown->Flag();
         if (node.Member("kind").Name() != "index") return std::make_shared<MapGrid>(visible);
         return std::make_shared<IndexGrid>(visible, Labels(node.Member("rows")),
                                            Labels(node.Member("columns")));
     }
 
-    static std::vector<std::string> Labels(const BookNode& node) {
+    static std::vector<std::string> Labels(const JsonNode& node) {
         std::vector<std::string> labels;
-        for (const auto& label : node.Items()) labels.push_back(label.Text());
+        node.Each([&](const JsonNode& label) { labels.push_back(TextOf(label)); });
         return labels;
     }
 
@@ -89,43 +97,47 @@ class BookReader {
 public:
     explicit BookReader(const std::string& path) : layouts_(fs::path(path).parent_path()) {}
 
-    Book ReadBook(const BookNode& node) {
+    Book ReadBook(const JsonNode& node) {
         Book book;
         book.key = NewKey(node, bookKeys_);
-        for (const auto& section : node.Member("sections").Items())
-            book.sections.push_back(ReadSection(section));
+        const auto sections = node.Member("sections");
+        sections.Each(
+            [&](const JsonNode& section) { book.sections.push_back(ReadSection(section)); });
         return book;
     }
 
 private:
-    BookSection ReadSection(const BookNode& node) {
+    BookSection ReadSection(const JsonNode& node) {
         BookSection section;
         section.key = NewKey(node, sectionKeys_);
-        section.name = node.Member("name").Text();
+        section.name = TextOf(node.Member("name"));
         section.startPage = node.Member("startPage").Whole();
-        for (const auto& page : node.Member("pages").Items()) section.pages.push_back(Page(page));
-        for (const auto& entry : node.Member("templates").Items())
-            section.templates.push_back(ReadTemplate(entry));
+        const auto pages = node.Member("pages");
+        pages.Each([&](const JsonNode& page) { section.pages.push_back(Page(page)); });
+        const auto templates = node.Member("templates");
+        templates.Each(
+            [&](const JsonNode& entry) { section.templates.push_back(ReadTemplate(entry)); });
         return section;
     }
 
-    BookTemplate ReadTemplate(const BookNode& node) {
+    BookTemplate ReadTemplate(const JsonNode& node) {
         BookTemplate result;
         result.key = NewKey(node, templateKeys_);
-        result.name = node.Member("name").Text();
+        result.name = TextOf(node.Member("name"));
         result.layout = layouts_.Layout(node.Member("layout"));
         return result;
     }
 
-    static std::string NewKey(const BookNode& node, std::set<std::string>& known) {
-        const auto key = node.Member("key");
-        if (!known.insert(key.Name()).second)
-            key.Fail("the key \"" + key.Name() + "\" stands in the file twice");
-        return key.Name();
+    static std::string NewKey(const JsonNode& node, std::set<std::string>& known) {
+        const auto member = node.Member("key");
+        const std::string key(member.Name());
+        if (!known.insert(key).second)
+            member.Fail("the key \"" + key + "\" stands in the file twice");
+        return key;
     }
 
-    static std::string Page(const BookNode& node) {
-        std::string page = node.Text();
+    static std::string Page(const JsonNode& node) {
+        std::string page = TextOf(node);
         const auto dollar = page.find('$');
         const bool good = dollar != std::string::npos && dollar > 0 && dollar + 1 < page.size() &&
                           page.find_first_not_of("0123456789", dollar + 1) == std::string::npos;
@@ -139,39 +151,31 @@ private:
     std::set<std::string> templateKeys_;
 };
 
-/// Line and column, from 1, of a byte of a text.
-std::string LineAndColumn(const std::string& text, std::size_t byte) {
-    const auto before = text.substr(0, byte > 0 ? byte - 1 : 0);
-    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-    const auto lineStart = before.rfind('\n') + 1;  // 0 where there is none.
-    return "line " + std::to_string(line) + ", column " +
-           std::to_string(before.size() - lineStart + 1);
-}
-
-nlohmann::json Parse(const std::string& path) {
-    const std::string text = ReadWholeFile(path);
-    try {
-        return nlohmann::json::parse(text);
-    } catch (const nlohmann::json::parse_error& error) {
-        host::Failure failure(host::kFailureTypeMismatch, "desk::ReadMapBookFile",
-                              "The map book file \"" + path + "\" is not valid JSON at " +
-                                  LineAndColumn(text, error.byte) + ".");
-        failure.AddFact("file", path);
-        throw failure;
-    }
+[[noreturn]] void FailWithFault(const std::string& path, const std::string& text) {
+    const std::string place = PlaceOfJsonFault(text);
+    host::Failure failure(
+        host::kFailureTypeMismatch, "desk::ReadMapBookFile",
+        "The map book file \"" + path + "\" is not valid JSON" +
+            (place.empty() ? ": it holds a number that is too large" : " at " + place) + ".");
+    failure.AddFact("file", path);
+    throw failure;
 }
 
 }  // namespace
 
 MapBookFile ReadMapBookFile(const std::string& path) {
-    const nlohmann::json json = Parse(path);
-    const BookNode root(json, path);
+    const std::string text = ReadWholeFile(path);
+    const ParsedJson json(text);
+    if (json.Error() != simdjson::SUCCESS) FailWithFault(path, text);
+    const JsonSource source{path, "In the map book file \"" + path + "\"", ", at "};
+    const JsonNode root(json.Root(), source);
     MapBookFile file;
     file.path = path;
-    if (root.Has("currentTemplate")) file.currentTemplate = root.Member("currentTemplate").Text();
+    if (const auto current = root.Optional("currentTemplate"))
+        file.currentTemplate = current->Text();
     BookReader reader(path);
-    for (const auto& book : root.Member("books").Items())
-        file.books.push_back(reader.ReadBook(book));
+    const auto books = root.Member("books");
+    books.Each([&](const JsonNode& book) { file.books.push_back(reader.ReadBook(book)); });
     return file;
 }
 

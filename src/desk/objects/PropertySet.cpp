@@ -3,16 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "desk/objects/Depth.h"
 #include "host/Failure.h"
 
 namespace desk {
 
 namespace {
 
-/// Far deeper than any stored setting; only a set that holds itself comes here.
-constexpr int kDeepestNesting = 100;
-
-/// Counts the sets inside sets while one is being copied.
+/// Counts the sets inside sets while one is being copied. Only a set that holds itself comes to
+/// the limit.
 class NestingGuard {
 public:
     NestingGuard() {

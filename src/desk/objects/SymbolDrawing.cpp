@@ -1,11 +1,13 @@
 // How the symbols draw themselves on a device. What stands on the page is drawn by ElementPainter,
-// with the same ink.
+// in the same styles.
 
 #include <cmath>
 #include <numbers>
 #include <string>
 
-#include "desk/drawing/SymbolCanvas.h"
+#include "desk/devices/CairoShapes.h"
+#include "desk/devices/SymbolCanvas.h"
+#include "desk/devices/SymbolStyle.h"
 #include "desk/objects/Symbols.h"
 #include "desk/text/CairoGlyphs.h"
 #include "desk/text/TextEngine.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "desk/drawing/PreparedDevice.h"
+#include "desk/devices/PreparedDevice.h"
 #include "host/Symbols.h"
 
 namespace desk {

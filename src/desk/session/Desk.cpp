@@ -5,27 +5,16 @@
 #include <utility>
 
 #include "desk/components/Registrar.h"
-#include "desk/drawing/PixelSurface.h"
+#include "desk/devices/PixelSurface.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/mapbook/SeriesManager.h"
-#include "desk/objects/Elements.h"
-#include "desk/objects/Geometry.h"
-#include "desk/objects/PropertySet.h"
-#include "desk/objects/Symbols.h"
 #include "desk/objects/Transformation.h"
 #include "desk/tables/DbfWorkspace.h"
-#include "desk/tables/PlainObjects.h"
-#include "desk/tables/Scratch.h"
-#include "desk/tables/TableSort.h"
 #include "host/Failure.h"
 
 namespace desk {
 
 namespace {
-
-host::Ref<host::IHostTable> OpenTableFile(const std::string& path) {
-    return DbfWorkspaceFactory().OpenFromFile("", 0)->OpenTable(path);
-}
 
 // The desk's one filter: dBase tables.
 class TableFilter final : public host::IHostObjectFilter {};
@@ -40,10 +29,10 @@ host::Ref<T> FromWindow(const std::function<host::Ref<T>()>& make) {
 }  // namespace
 
 Desk::Desk(DeskOptions options)
-    : locale_(std::make_shared<IcuLocale>(options.locale)),
+    : ObjectFactory(std::make_shared<TextEngine>(options.textSizes)),
+      locale_(std::make_shared<IcuLocale>(options.locale)),
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),
-      engine_(std::make_shared<TextEngine>(options.textSizes)),
       window_(std::move(options.window)),
       application_(
           MakeApplication({std::make_shared<const SessionListeners>(std::move(options.listeners)),
@@ -56,39 +45,19 @@ Desk::Desk(DeskOptions options)
 
 void Desk::Open(const std::string& path) {
     FileState file;
-    Start(ReadDocument(path, engine_, &file), path);
-    MayReplace(file);
+    Start(ReadDocument(path, Text(), &file), path);
+    SetReplaceable(file);
 }
 
 void Desk::Start(Document document, const std::string& path) {
     document_ = std::move(document);
     path_ = path;
-    MayReplace(std::nullopt);
+    SetReplaceable(std::nullopt);
     book_ = std::make_shared<BookSource>(MapBookPath(document_, path_));
 }
 
 void Desk::Save() {
-    MayReplace(WriteDocument(document_, path_, replaceable_));
-}
-
-host::Ref<host::IHostPropertySet> Desk::NewPropertySet() {
-    return std::make_shared<PropertySet>();
-}
-
-host::Ref<host::IHostObjectCopy> Desk::NewObjectCopy() {
-    return std::make_shared<ObjectCopy>();
-}
-
-host::Ref<host::IHostPoint> Desk::NewPoint() {
-    return std::make_shared<Point>();
-}
-
-host::Ref<host::IHostEnvelope> Desk::NewEnvelope() {
-    return std::make_shared<Envelope>();
-}
-
-host::Ref<host::IHostLine> Desk::NewLine() {
-    return std::make_shared<Line>();
+    SetReplaceable(WriteDocument(document_, path_, replaceable_));
 }
 
 host::Ref<host::IHostDisplayTransformation> Desk::NewDisplayTransformation() {
@@ -105,66 +74,6 @@ host::Ref<host::IHostObjectFilter> Desk::NewTableFilter() {
 
 host::Ref<host::IHostSymbolDialog> Desk::NewSymbolDialog() {
     return FromWindow(window_.newSymbolDialog);
-}
-
-host::Ref<host::IHostFont> Desk::NewFont() {
-    return std::make_shared<Font>();
-}
-
-host::Ref<host::IHostColor> Desk::NewColor() {
-    return std::make_shared<Color>();
-}
-
-host::Ref<host::IHostTextSymbol> Desk::NewTextSymbol() {
-    return std::make_shared<TextSymbol>(engine_);
-}
-
-host::Ref<host::IHostFillSymbol> Desk::NewFillSymbol() {
-    return std::make_shared<FillSymbol>();
-}
-
-host::Ref<host::IHostLineSymbol> Desk::NewLineSymbol() {
-    return std::make_shared<LineSymbol>();
-}
-
-host::Ref<host::IHostGroupElement> Desk::NewGroupElement() {
-    return std::make_shared<GroupElement>();
-}
-
-host::Ref<host::IHostTextElement> Desk::NewTextElement() {
-    return std::make_shared<TextElement>(engine_);
-}
-
-host::Ref<host::IHostFilledElement> Desk::NewRectangleElement() {
-    return std::make_shared<RectangleElement>();
-}
-
-host::Ref<host::IHostScratchWorkspaceFactory> Desk::NewScratchWorkspaceFactory() {
-    return std::make_shared<ScratchWorkspaceFactory>();
-}
-
-host::Ref<host::IHostWorkspaceFactory> Desk::NewWorkspaceFactory() {
-    return std::make_shared<DbfWorkspaceFactory>();
-}
-
-host::Ref<host::IHostFields> Desk::NewFields() {
-    return std::make_shared<Fields>();
-}
-
-host::Ref<host::IHostField> Desk::NewField() {
-    return std::make_shared<Field>();
-}
-
-host::Ref<host::IHostQueryFilter> Desk::NewQueryFilter() {
-    return std::make_shared<QueryFilter>();
-}
-
-host::Ref<host::IHostIdentifier> Desk::NewIdentifier() {
-    return std::make_shared<Identifier>();
-}
-
-host::Ref<host::IHostTableSort> Desk::NewTableSort() {
-    return std::make_shared<TableSort>();
 }
 
 host::Ref<host::CVNLayoutContext> Desk::NewLayoutContext() {

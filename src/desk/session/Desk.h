@@ -4,12 +4,14 @@
 #include <optional>
 #include <string>
 
+#include "desk/devices/Devices.h"
 #include "desk/documents/Document.h"
-#include "desk/drawing/Devices.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/mapbook/MapBook.h"
+#include "desk/objects/ObjectFactory.h"
 #include "desk/session/Application.h"
 #include "desk/session/CommandTable.h"
+#include "desk/tables/TableFactory.h"
 #include "desk/text/TextEngine.h"
 #include "host/Host.h"
 
@@ -33,7 +35,7 @@ struct DeskOptions {
 
 /// The running host: makes every object of the desk and holds the one document that it works on.
 /// Used by one thread.
-class Desk final : public host::IHost {
+class Desk final : public host::IHost, public ObjectFactory, public TableFactory {
 public:
     /// Starts with an empty document. Fails for a locale that is not known.
     explicit Desk(DeskOptions options);
@@ -45,7 +47,7 @@ public:
     void Start(Document document, const std::string& path);
     /// What the next Save may replace; nothing: whatever stands at the path. That of a document
     /// read or saved is its file as it was then, that of one started anew nothing.
-    void MayReplace(const std::optional<FileState>& file) { replaceable_ = file; }
+    void SetReplaceable(const std::optional<FileState>& file) { replaceable_ = file; }
     const std::optional<FileState>& Replaceable() const { return replaceable_; }
     /// Writes the document to its path. Fails, with nothing written, where others have changed the
     /// file since it was read or saved.
@@ -53,38 +55,18 @@ public:
 
     Document& CurrentDocument() { return document_; }
     const std::string& DocumentPath() const { return path_; }
-    const std::shared_ptr<TextEngine>& Text() const { return engine_; }
+    const std::shared_ptr<TextEngine>& Text() const { return Engine(); }
     /// The commands that others find by name.
     CommandTable& Commands() { return *commands_; }
 
-    host::Ref<host::IHostPropertySet> NewPropertySet() override;
-    host::Ref<host::IHostObjectCopy> NewObjectCopy() override;
-    host::Ref<host::IHostPoint> NewPoint() override;
-    host::Ref<host::IHostEnvelope> NewEnvelope() override;
-    host::Ref<host::IHostLine> NewLine() override;
-    host::Ref<host::IHostFont> NewFont() override;
-    host::Ref<host::IHostColor> NewColor() override;
-    host::Ref<host::IHostTextSymbol> NewTextSymbol() override;
-    host::Ref<host::IHostFillSymbol> NewFillSymbol() override;
-    host::Ref<host::IHostLineSymbol> NewLineSymbol() override;
-    host::Ref<host::IHostGroupElement> NewGroupElement() override;
-    host::Ref<host::IHostTextElement> NewTextElement() override;
-    host::Ref<host::IHostFilledElement> NewRectangleElement() override;
     host::Ref<host::IHostApplication> NewApplication() override { return application_; }
+    host::Ref<host::IHostComponentRegistrar> NewComponentRegistrar() override;
     host::Ref<host::IHostDisplayTransformation> NewDisplayTransformation() override;
     host::Ref<host::IHostPixelSurface> NewPixelSurface(std::int32_t width, std::int32_t height,
                                                        double dotsPerInch) override;
     host::Ref<host::IHostObjectDialog> NewObjectDialog() override;
     host::Ref<host::IHostObjectFilter> NewTableFilter() override;
     host::Ref<host::IHostSymbolDialog> NewSymbolDialog() override;
-    host::Ref<host::IHostComponentRegistrar> NewComponentRegistrar() override;
-    host::Ref<host::IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() override;
-    host::Ref<host::IHostWorkspaceFactory> NewWorkspaceFactory() override;
-    host::Ref<host::IHostFields> NewFields() override;
-    host::Ref<host::IHostField> NewField() override;
-    host::Ref<host::IHostQueryFilter> NewQueryFilter() override;
-    host::Ref<host::IHostIdentifier> NewIdentifier() override;
-    host::Ref<host::IHostTableSort> NewTableSort() override;
 
     // These speak of the map book of the document that is being worked on when they are made.
 
@@ -103,7 +85,6 @@ private:
     host::Ref<host::IHostLocale> locale_;
     host::Ref<host::IHostDialogs> dialogs_;
     ExpressionEngine::Editor expressionEditor_;
-    std::shared_ptr<TextEngine> engine_;
     host::Ref<host::IHostDevices> devices_ = std::make_shared<desk::Devices>();
     WindowServices window_;
     std::shared_ptr<CommandTable> commands_ = std::make_shared<CommandTable>();

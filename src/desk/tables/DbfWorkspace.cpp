@@ -7,7 +7,7 @@
 
 #include "desk/tables/DatasetList.h"
 #include "desk/tables/DbfTable.h"
-#include "desk/tables/FieldNames.h"
+#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -63,7 +63,7 @@ std::string ResolveTablePath(const std::string& path) {
     if (!wanted.has_extension()) wanted += kEnding;
     for (const fs::path& file : FilesOf(wanted.parent_path()))
         if (file.stem() == wanted.stem() &&
-            FoldName(file.extension()) == FoldName(wanted.extension()))
+            FoldCase(file.extension()) == FoldCase(wanted.extension()))
             return wanted.parent_path() / file;
     return given;
 }
@@ -87,7 +87,7 @@ host::Ref<host::IHostDatasetEnum> DbfWorkspace::Datasets(std::int32_t type) {
     std::vector<host::Ref<host::IHostDataset>> datasets;
     if (type == host::kDatasetTypeTable)
         for (const fs::path& file : FilesOf(folder_))
-            if (FoldName(file.extension()) == kEnding)
+            if (FoldCase(file.extension()) == kEnding)
                 datasets.push_back(std::make_shared<DbfDataset>(file));
     return std::make_shared<DatasetList>(std::move(datasets));
 }

@@ -1,27 +1,15 @@
 #include "desk/tables/FieldNames.h"
 
 #include <algorithm>
-#include <unicode/unistr.h>
+
+#include "desk/unicode/FoldCase.h"
 
 namespace desk {
-
-std::string FoldName(const std::string& name) {
-    std::string folded = name;
-    for (char& letter : folded) {
-        if (static_cast<unsigned char>(letter) >= 0x80) {
-            auto wide = icu::UnicodeString::fromUTF8(name);
-            folded.clear();
-            return wide.foldCase().toUTF8String(folded);
-        }
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return folded;
-}
 
 FieldNames::FieldNames(const std::vector<std::string>& names) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto [place, isNew] =
-            indexes_.emplace(FoldName(names[i]), static_cast<std::int32_t>(i));
+            indexes_.emplace(FoldCase(names[i]), static_cast<std::int32_t>(i));
         if (isNew) continue;
         const std::string& first = names[static_cast<std::size_t>(place->second)];
         if (std::find(repeated_.begin(), repeated_.end(), first) == repeated_.end())
@@ -30,7 +18,7 @@ FieldNames::FieldNames(const std::vector<std::string>& names) {
 }
 
 std::int32_t FieldNames::Find(const std::string& name) const {
-    const auto place = indexes_.find(FoldName(name));
+    const auto place = indexes_.find(FoldCase(name));
     return place == indexes_.end() ? -1 : place->second;
 }
 

@@ -7,9 +7,6 @@
 
 namespace desk {
 
-/// A name in the form in which two names that differ in case alone are equal.
-std::string FoldName(const std::string& name);
-
 /// Finds fields by name without regard to case.
 class FieldNames {
 public:

@@ -1,6 +1,6 @@
 #include "desk/tables/PlainObjects.h"
 
-#include "desk/tables/FieldNames.h"
+#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -22,9 +22,9 @@ void Fields::SetField(std::int32_t index, const host::Ref<host::IHostField>& fie
 }
 
 std::int32_t Fields::FindField(const std::string& name) const {
-    const std::string wanted = FoldName(name);
+    const std::string wanted = FoldCase(name);
     for (std::size_t i = 0; i < fields_.size(); ++i)
-        if (fields_[i] && FoldName(fields_[i]->Name()) == wanted)
+        if (fields_[i] && FoldCase(fields_[i]->Name()) == wanted)
             return static_cast<std::int32_t>(i);
     return -1;
 }

@@ -7,6 +7,7 @@
 #include "desk/tables/DatasetList.h"
 #include "desk/tables/PlainObjects.h"
 #include "desk/tables/ScratchRows.h"
+#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -38,9 +39,9 @@ namespace {
 using TableList = std::vector<host::Ref<ScratchTable>>;
 
 TableList::iterator FindTable(TableList& tables, const std::string& name) {
-    const std::string wanted = FoldName(name);
+    const std::string wanted = FoldCase(name);
     return std::find_if(tables.begin(), tables.end(),
-                        [&](const auto& table) { return FoldName(table->Name()) == wanted; });
+                        [&](const auto& table) { return FoldCase(table->Name()) == wanted; });
 }
 
 class ScratchDataset : public host::IHostDataset {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "desk/tables/FieldNames.h"
 #include "desk/tables/MergeSort.h"
+#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -60,7 +60,7 @@ void TableSort::SetFields(const std::string& fields) {
 }
 
 void TableSort::SetAscending(const std::string& field, bool ascending) {
-    ascending_[FoldName(field)] = ascending;
+    ascending_[FoldCase(field)] = ascending;
 }
 
 void TableSort::SetFieldOption(const std::string&, bool) {}
@@ -76,7 +76,7 @@ std::vector<SortKey::Field> TableSort::Keys() const {
         const std::string name = fields_.substr(start, end - start);
         const std::int32_t field = table_->FindField(name);
         if (field < 0) Fail("The table to sort has no field named " + name + ".");
-        const auto direction = ascending_.find(FoldName(name));
+        const auto direction = ascending_.find(FoldCase(name));
         keys.push_back({field, static_cast<std::int32_t>(keys.size()),
                         direction == ascending_.end() || direction->second});
         start = end + 1;

@@ -7,23 +7,13 @@
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_err.h>
 #include <unicode/unistr.h>
-#include <unicode/utf8.h>
+
+#include "desk/unicode/Utf8.h"
 
 namespace desk {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-/// Length without a character of UTF-8 at the end that is begun but not complete.
-std::size_t WholeCharacters(std::string_view bytes) {
-    for (std::size_t back = 1; back <= 3 && back <= bytes.size(); ++back) {
-        const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
-        if ((byte & 0xC0) == 0x80) continue;
-        const std::size_t wanted = !U8_IS_LEAD(byte) ? 1 : byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;
-        return wanted > back ? bytes.size() - back : bytes.size();
-    }
-    return bytes.size();
-}
 
 }  // namespace
 

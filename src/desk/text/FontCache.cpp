@@ -4,7 +4,9 @@
 #include <array>
 #include <cmath>
 #include <pango/pangocairo.h>
+#include <string_view>
 
+#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -54,11 +56,9 @@ FontDescriptionHandle Describe(const FontSpec& spec) {
 
 /// Names that stand for a kind of font; whichever font answers to them is the one asked for.
 bool IsGenericFamily(const std::string& family) {
-    static constexpr std::array kGeneric = {"",          "sans", "sans-serif", "serif",
-                                            "monospace", "mono", "system-ui"};
-    return std::any_of(kGeneric.begin(), kGeneric.end(), [&](const char* name) {
-        return g_ascii_strcasecmp(name, family.c_str()) == 0;
-    });
+    static constexpr std::array<std::string_view, 7> kGeneric = {
+        "", "sans", "sans-serif", "serif", "monospace", "mono", "system-ui"};
+    return std::ranges::find(kGeneric, FoldCase(family)) != kGeneric.end();
 }
 
 bool IsInstalled(const std::string& family) {

@@ -105,7 +105,7 @@ PangoLayoutLine* LayoutShaper::ShapeText() {
     return line;
 }
 
-void LayoutShaper::Place(SetTexts& into, Baseline baseline) {
+void LayoutShaper::Place(PlacedGlyphs& into, Baseline baseline) {
     const PangoLayoutLine* const line = pango_layout_get_line_readonly(layout_.get(), 0);
     for (const GSList* run = line->runs; run; run = run->next) {
         const auto& part = *static_cast<const PangoGlyphItem*>(run->data);

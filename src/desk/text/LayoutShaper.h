@@ -6,7 +6,7 @@
 
 #include "desk/text/FontCache.h"
 #include "desk/text/LayoutText.h"
-#include "desk/text/SetTexts.h"
+#include "desk/text/PlacedGlyphs.h"
 #include "desk/text/WholeLetters.h"
 
 namespace desk {
@@ -21,7 +21,7 @@ public:
                      LeaderSide leader = LeaderSide::Reading);
 
     /// Puts the line shaped last on a baseline.
-    void Place(SetTexts& into, Baseline baseline);
+    void Place(PlacedGlyphs& into, Baseline baseline);
 
     /// Characters in the lines placed so far that no font has.
     const std::set<char32_t>& Missing() const { return missing_; }

@@ -1,6 +1,9 @@
 #include "desk/text/PlainText.h"
 
+#include <algorithm>
 #include <glib.h>
+
+#include "desk/unicode/Utf8.h"
 
 namespace desk {
 namespace {
@@ -69,24 +72,7 @@ const PlainClasses& AllPlainClasses() {
 }
 
 char32_t NextWideCharacter(std::string_view text, std::size_t& place) {
-    const auto byte = [&](std::size_t offset) -> char32_t {
-        return place + offset < text.size() ? static_cast<unsigned char>(text[place + offset]) : 0;
-    };
-    const auto continues = [&](std::size_t offset) { return (byte(offset) & 0xC0) == 0x80; };
-    char32_t character = byte(0);
-    std::size_t length = 1;
-    if (character >= 0xC2 && character < 0xE0 && continues(1)) {
-        character = (character & 0x1F) << 6 | (byte(1) & 0x3F);
-        length = 2;
-    } else if (character >= 0xE0 && character < 0xF0 && continues(1) && continues(2)) {
-        character = (character & 0x0F) << 12 | (byte(1) & 0x3F) << 6 | (byte(2) & 0x3F);
-        length = character < 0x800 ? 1 : 3;
-        if (length == 1) character = kPlainTextLimit;
-    } else {
-        character = kPlainTextLimit;
-    }
-    place += length;
-    return character < kPlainTextLimit ? character : kPlainTextLimit;
+    return std::min<char32_t>(NextCodePoint(text, place), kPlainTextLimit);
 }
 
 std::optional<hb_script_t> PlainScript(std::string_view text, const PlainClasses& classes) {

@@ -27,8 +27,7 @@ const PlainClasses& AllPlainClasses();
 /// NextCharacter for those beyond ASCII.
 char32_t NextWideCharacter(std::string_view text, std::size_t& place);
 
-/// Reads the UTF-8 character at the place and moves the place behind it. What is not UTF-8 of at
-/// most three bytes gives kPlainTextLimit.
+/// NextCodePoint with kPlainTextLimit for whatever is not below it.
 inline char32_t NextCharacter(std::string_view text, std::size_t& place) {
     const auto first = static_cast<unsigned char>(text[place]);
     if (first >= 0x80) return NextWideCharacter(text, place);

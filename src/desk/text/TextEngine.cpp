@@ -81,7 +81,7 @@ bool TextEngine::MeasureSteps(const ResolvedFont& font, std::string_view line,
     return true;
 }
 
-TextBox TextEngine::Set(const PlacedText& text, SetTexts& into) {
+TextBox TextEngine::Set(const PlacedText& text, PlacedGlyphs& into) {
     const host::TextExtent size = state_->setter.Set(text, into);
     const ResolvedFont& font = *text.font;
     const TextPlacement& placement = text.placement;
@@ -92,7 +92,7 @@ TextBox TextEngine::Set(const PlacedText& text, SetTexts& into) {
 }
 
 void TextEngine::Draw(GlyphCanvas& canvas, const PlacedText& text) {
-    SetTexts texts;
+    PlacedGlyphs texts;
     Set(text, texts);
     texts.Show(canvas, 0, texts.LineCount());
 }

@@ -23,7 +23,7 @@ struct FontSpec {
 struct ResolvedFont;
 
 class GlyphCanvas;
-class SetTexts;
+class PlacedGlyphs;
 
 /// How a text hangs on its point. The numbers are those of host::IHostTextSymbol; a justified text
 /// stands like one at the left. The baseline is that of the last line.
@@ -86,7 +86,7 @@ public:
 
     /// Sets a text, so that it can be shown: the box that Measure tells hangs on its point as its
     /// placement says. Returns the smallest upright box around that box, seen from the point.
-    TextBox Set(const PlacedText& text, SetTexts& into);
+    TextBox Set(const PlacedText& text, PlacedGlyphs& into);
 
     /// Sets a text and shows it.
     void Draw(GlyphCanvas& canvas, const PlacedText& text);

@@ -4,14 +4,14 @@
 
 namespace desk {
 
-host::TextExtent TextSetter::Set(const PlacedText& placed, SetTexts& into) {
+host::TextExtent TextSetter::Set(const PlacedText& placed, PlacedGlyphs& into) {
     if (placed.text.find('\r') == std::string_view::npos)
         return SetLines(placed, placed.text, into);
     return SetLines(placed, WithoutReturns(placed.text), into);
 }
 
 host::TextExtent TextSetter::SetLines(const PlacedText& placed, std::string_view text,
-                                      SetTexts& into) {
+                                      PlacedGlyphs& into) {
     const ResolvedFont& font = *placed.font;
     host::TextExtent size{0, LineCount(text) * font.lineHeight};
     double down = FirstBaseline(font, size.ySize, placed.placement.vertical);
@@ -24,7 +24,7 @@ host::TextExtent TextSetter::SetLines(const PlacedText& placed, std::string_view
 
 /// Sets a line with the share of its width left of the point. Returns its width in points.
 double TextSetter::SetLine(const PlacedText& placed, std::string_view line, double down,
-                           SetTexts& into) {
+                           PlacedGlyphs& into) {
     const ResolvedFont& font = *placed.font;
     const Baseline point{placed.x, placed.y, placed.placement.angle};
     const double leftShare = LeftShare(placed.placement.horizontal);

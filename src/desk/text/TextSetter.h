@@ -2,7 +2,7 @@
 
 #include "desk/text/DirectShaper.h"
 #include "desk/text/LayoutShaper.h"
-#include "desk/text/SetTexts.h"
+#include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
 
 namespace desk {
@@ -13,11 +13,12 @@ public:
     TextSetter(DirectShaper& direct, LayoutShaper& layout) : direct_(direct), layout_(layout) {}
 
     /// Returns the size of the text.
-    host::TextExtent Set(const PlacedText& placed, SetTexts& into);
+    host::TextExtent Set(const PlacedText& placed, PlacedGlyphs& into);
 
 private:
-    host::TextExtent SetLines(const PlacedText& placed, std::string_view text, SetTexts& into);
-    double SetLine(const PlacedText& placed, std::string_view line, double down, SetTexts& into);
+    host::TextExtent SetLines(const PlacedText& placed, std::string_view text, PlacedGlyphs& into);
+    double SetLine(const PlacedText& placed, std::string_view line, double down,
+                   PlacedGlyphs& into);
 
     DirectShaper& direct_;
     LayoutShaper& layout_;

@@ -14,7 +14,7 @@
 #include "desk/window/DialogParent.h"
 #include "desk/window/ExpressionText.h"
 #include "desk/window/FieldTypes.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 #include "host/Failure.h"
 
 namespace desk {

@@ -4,7 +4,7 @@
 #include <QMimeData>
 #include <QRegularExpression>
 
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

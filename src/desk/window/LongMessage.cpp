@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 #include "desk/window/DialogParent.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

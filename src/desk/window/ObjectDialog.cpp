@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "desk/window/QtText.h"
 #include "desk/window/TableChooser.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

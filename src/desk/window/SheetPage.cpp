@@ -5,7 +5,7 @@
 #include <exception>
 #include <utility>
 
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

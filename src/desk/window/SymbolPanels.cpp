@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "desk/window/ColorButton.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

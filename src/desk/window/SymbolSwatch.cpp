@@ -5,7 +5,7 @@
 #include <cstring>
 #include <utility>
 
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 #include "host/Failure.h"
 
 namespace desk {

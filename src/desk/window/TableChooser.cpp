@@ -14,8 +14,8 @@
 #include "desk/window/DialogParent.h"
 #include "desk/window/FolderList.h"
 #include "desk/window/PlacesPanel.h"
-#include "desk/window/QtText.h"
 #include "desk/window/TablePreview.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

@@ -9,7 +9,7 @@
 
 #include "desk/tables/DbfTable.h"
 #include "desk/window/FieldTypes.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 #include "host/Failure.h"
 
 namespace desk {

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "desk/window/LongMessage.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace desk {
 

@@ -6,7 +6,7 @@
 #include <pango/pangocairo.h>
 #include <span>
 
-#include "desk/drawing/CairoHandles.h"
+#include "desk/devices/CairoHandles.h"
 #include "desk/drawing/pdf/GlyphPicture.h"
 #include "desk/drawing/pdf/Numbers.h"
 

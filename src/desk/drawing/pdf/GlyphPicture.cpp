@@ -5,7 +5,7 @@
 #include <pango/pangocairo.h>
 #include <span>
 
-#include "desk/drawing/CairoHandles.h"
+#include "desk/devices/CairoHandles.h"
 #include "desk/drawing/pdf/Numbers.h"
 
 namespace desk::pdf {

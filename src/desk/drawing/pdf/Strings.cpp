@@ -1,19 +1,18 @@
 #include "desk/drawing/pdf/Strings.h"
 
 #include <algorithm>
-#include <glib.h>
 
 #include "desk/drawing/pdf/Numbers.h"
-#include "desk/text/Handles.h"
+#include "desk/unicode/Utf8.h"
 
 namespace desk::pdf {
 namespace {
 
-constexpr gunichar kFirstOutsideOfUtf16Unit = 0x10000;
+constexpr char32_t kFirstOutsideOfUtf16Unit = 0x10000;
 
-void AppendCharacter(std::string& out, gunichar character) {
+void AppendCharacter(std::string& out, char32_t character) {
     if (character < kFirstOutsideOfUtf16Unit) return AppendHex(out, character, 4);
-    const gunichar rest = character - kFirstOutsideOfUtf16Unit;
+    const char32_t rest = character - kFirstOutsideOfUtf16Unit;
     AppendHex(out, 0xD800 + (rest >> 10), 4);
     AppendHex(out, 0xDC00 + (rest & 0x3FF), 4);
 }
@@ -21,9 +20,10 @@ void AppendCharacter(std::string& out, gunichar character) {
 }  // namespace
 
 void AppendUtf16(std::string& out, std::string_view text) {
-    const GStringHandle valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-    for (const char* place = valid.get(); *place; place = g_utf8_next_char(place))
-        AppendCharacter(out, g_utf8_get_char(place));
+    for (std::size_t place = 0; place < text.size();) {
+        const char32_t character = NextCodePoint(text, place);
+        AppendCharacter(out, character == kNotUtf8 ? U'\uFFFD' : character);
+    }
 }
 
 void AppendTextString(std::string& out, std::string_view text) {

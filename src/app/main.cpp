@@ -1,9 +1,0 @@
-#include <csignal>
-
-#include "app/CommandLine.h"
-
-int main(int argc, char** argv) {
-    // A file that would grow beyond the user's limit is a failed write like any other.
-    std::signal(SIGXFSZ, SIG_IGN);
-    return app::Run(argc, argv);
-}

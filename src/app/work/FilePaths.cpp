@@ -1,0 +1,35 @@
+#include "app/work/FilePaths.h"
+
+#include <filesystem>
+
+#include "app/work/Errors.h"
+
+namespace app {
+namespace {
+
+// The file need not be there.
+std::filesystem::path Resolved(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(path), ignored);
+}
+
+}  // namespace
+
+std::string FullPath(const std::string& path) {
+    // Paths of other systems are taken as they stand.
+    if (path.empty() || path.find('\\') != std::string::npos) return path;
+    return std::filesystem::absolute(path).lexically_normal().string();
+}
+
+bool IsSameFile(const std::string& one, const std::string& other) {
+    return !one.empty() && !other.empty() && Resolved(one) == Resolved(other);
+}
+
+void CheckApart(const std::string& written, std::initializer_list<std::string> others) {
+    for (const std::string& other : others)
+        if (IsSameFile(written, other))
+            throw UsageError("The file \"" + written +
+                             "\" cannot be written: the command needs it for something else.");
+}
+
+}  // namespace app

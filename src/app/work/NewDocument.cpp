@@ -1,0 +1,182 @@
+#include "app/work/NewDocument.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+#include "app/work/Edit.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/Furniture.h"
+#include "app/work/SymbolValues.h"
+#include "model/ColumnList.h"
+#include "model/Edit.h"
+#include "model/GeneralFunctions.h"
+#include "model/Paths.h"
+#include "support/Text.h"
+
+namespace app {
+namespace {
+
+// The default reference of a table with a grid.
+constexpr char kGridReference[] = "$$PAGE_NUMBER $$ROW-$$COLUMN";
+
+constexpr double kSheetMargin = 0.5;   // Inches.
+constexpr double kHeadRoom = 0.25;     // For the running head, above the frame.
+constexpr double kFootRoom = 0.3;      // For the sheet number, below it.
+constexpr double kLargestSheet = 200;  // Inches, what PDF readers take.
+
+std::vector<double> ParseNumbers(const std::string& text, char separator) {
+    std::vector<double> numbers;
+    for (const auto& piece : gazetteer::Split(text, separator)) {
+        const auto number = ParseDecimal(piece);
+        if (!number) return {};
+        numbers.push_back(*number);
+    }
+    return numbers;
+}
+
+std::string FieldNames(const host::IHostFields& fields) {
+    std::string names;
+    for (std::int32_t i = 0; i < fields.FieldCount(); ++i)
+        names += (i == 0 ? "" : ", ") + fields.Field(i)->Name();
+    return names;
+}
+
+// The frame as an element with properties; its columns come from the database.
+host::Ref<host::IHostGroupElement> MakeGazetteer(host::IHost& host, const FrameOption& frame) {
+    auto element = host.NewGroupElement();
+    auto bounds = host.NewEnvelope();
+    bounds->SetCoords(frame.left, frame.bottom, frame.left + frame.width,
+                      frame.bottom + frame.height);
+    element->SetGeometry(bounds);
+    host::As<host::IHostElementName>(element)->SetName("Gazetteer");
+    gazetteer::SetGazetteerProperties(host, element, gazetteer::NewGazetteerProperties(host));
+    return element;
+}
+
+void DefineColumnsOf(Work& work, const std::string& database) {
+    auto& host = work.Host();
+    const auto table = gazetteer::OpenTableFile(host, database);
+    const auto fields = table->Fields();
+    const std::string name = "listing database \"" + database + '"';
+    const std::string fieldsAre = "; its fields are " + FieldNames(*fields) + '.';
+    if (fields->FindField("Page") < 0)
+        throw CommandError("The " + name + " has no field \"Page\"" + fieldsAre);
+    // Page references without names are seldom what is wanted.
+    if (fields->FindField("Listing") < 0)
+        work.Caution("the " + name + " has no field \"Listing\", so that Page is the only column" +
+                     fieldsAre);
+    Edit edit(work);
+    edit.Settings().indexDatabaseFile = FullPath(database);
+    gazetteer::DefineColumns(host, *fields, edit.Settings());
+    edit.StoreForNow();
+}
+
+// The width below, in inches, as a person would write it.
+double ToThousandths(double inches) {
+    constexpr double kRounding = 1e-6;
+    return std::floor(inches * 1000 + kRounding) / 1000;
+}
+
+FrameOption FrameOf(const host::IHostElement& element) {
+    const auto bounds = element.Geometry()->Bounds();
+    return {bounds->XMin(), bounds->YMin(), bounds->Width(), bounds->Height()};
+}
+
+}  // namespace
+
+PageSize ParsePageSize(const std::string& text) {
+    if (text == "letter" || text == "Letter") return {8.5, 11};
+    if (text == "a4" || text == "A4") return {210 / 25.4, 297 / 25.4};
+    const auto numbers = ParseNumbers(text, 'x');
+    if (numbers.size() != 2 || numbers[0] <= 0 || numbers[1] <= 0 || numbers[0] > kLargestSheet ||
+        numbers[1] > kLargestSheet)
+        throw UsageError("--page-size " + text +
+                         ": the size must be letter, a4, or WIDTHxHEIGHT in inches, such as 6x9 "
+                         "(at most 200).");
+    return {numbers[0], numbers[1]};
+}
+
+FrameOption ParseFrame(const std::string& text, const PageSize& page) {
+    if (text.empty()) {
+        const double left = std::min(kSheetMargin, page.width / 10);
+        const double edge = std::min(kSheetMargin, page.height / 10);
+        return {left, edge + kFootRoom, page.width - 2 * left,
+                std::max(page.height - 2 * edge - kHeadRoom - kFootRoom, page.height / 10)};
+    }
+    const auto numbers = ParseNumbers(text, ',');
+    if (numbers.size() != 4 || numbers[2] <= 0 || numbers[3] <= 0)
+        throw UsageError("--frame " + text +
+                         ": the frame must be LEFT,BOTTOM,WIDTH,HEIGHT in inches.");
+    const FrameOption frame{numbers[0], numbers[1], numbers[2], numbers[3]};
+    constexpr double kRounding = 1e-9;
+    if (frame.left < 0 || frame.bottom < 0 || frame.left + frame.width > page.width + kRounding ||
+        frame.bottom + frame.height > page.height + kRounding)
+        throw UsageError("--frame " + text + ": the frame must lie on the sheet.");
+    return frame;
+}
+
+void StartNewDocument(Work& work, const NewDocumentOptions& options,
+                      const std::string& documentPath) {
+    const PageSize page = ParsePageSize(options.pageSize);
+    desk::Document document;
+    document.title = std::filesystem::path(options.listingDatabase).stem().string();
+    document.pageWidth = page.width;
+    document.pageHeight = page.height;
+    if (!options.book.empty()) {
+        const auto folder = std::filesystem::absolute(documentPath).parent_path();
+        document.mapBook =
+            std::filesystem::absolute(options.book).lexically_proximate(folder).string();
+    }
+    const auto element = MakeGazetteer(work.Host(), ParseFrame(options.frame, page));
+    document.elements.push_back(element);
+    work.Start(std::move(document), documentPath, element);
+    DefineColumnsOf(work, options.listingDatabase);
+    // A map book that cannot be read is told of now, not by a later command.
+    if (!options.book.empty()) work.Host().NewLayoutContext()->CurrentTemplateKey();
+}
+
+void DressForPrint(Work& work) {
+    auto& host = work.Host();
+    auto& document = work.TheDesk().CurrentDocument();
+    const FrameOption frame = FrameOf(*work.Gazetteer());
+    AddFurniture(host, document, frame);
+
+    // As many column groups as stand well side by side: three on a Letter sheet. They and the gaps
+    // between them fill the frame to thousandths of an inch. Of the gaps only one counts where it
+    // is decided whether another group follows, so with n groups n - 2 gaps must be no wider than a
+    // group; and two groups, which have no gap to spare, must end a hair before the frame.
+    constexpr double kGap = 0.15;
+    constexpr double kLeastGroup = 2.1;
+    constexpr double kMostGroups = kLeastGroup / kGap + 2;
+    const double groups = std::clamp(std::floor((frame.width + kGap) / (kLeastGroup + kGap)), 1.0,
+                                     std::floor(kMostGroups));
+    constexpr double kHair = 0.001;
+    const double filled = frame.width - (groups == 2 ? kHair : 0);
+    const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
+
+    Edit edit(work);
+    const bool hasListing = edit.Settings().columnNames->Count() > 1;
+    const double reference = hasListing ? ToThousandths(std::min(0.95, group * 0.4)) : group;
+    for (const char* assignment :
+         {"CombineWithNewLine=false", "CombineFirstAndLast=false", "AddStartingBreak=true",
+          "*.ColumnFontSymbol=Liberation Sans,8", "*.BreakFontSymbol=Liberation Sans,9,bold",
+          "*.TitleFontSymbol=Liberation Sans,8,bold", "*.MarginTop=0.003", "*.MarginBottom=0.003",
+          "*.MarginLeft=0.02", "*.MarginRight=0.02", "*.BreakSpacing=0.08",
+          "*.TitleBackgroundSymbol=#E6E6E6"})
+        edit.Set(assignment);
+    edit.Set("RepeatSpacing=" + NumberText(kGap));
+    edit.Set("Page.ColumnWidth=" + NumberText(reference));
+    // A reference is not torn apart: its page and its square are joined by a no-break space.
+    const auto columns = edit.Settings().columnsProperties;
+    if (ValueText(gazetteer::SetUnder(*columns, "Page")->Item("Expression")) == kGridReference)
+        edit.Set(std::string("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN"));
+    if (hasListing) {
+        edit.Set("Listing.Expression=[Listing]$$DOTS");
+        edit.Set("Listing.ColumnWidth=" + NumberText(ToThousandths(group - reference)));
+    }
+    edit.StoreForNow();
+}
+
+}  // namespace app

@@ -1,0 +1,97 @@
+#include "app/work/RunTexts.h"
+
+#include <array>
+#include <cstdio>
+
+#include "desk/tables/DbfTable.h"
+
+namespace app {
+namespace {
+
+std::string Counted(std::int64_t count, const char* one, const char* many) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
+
+std::int64_t StoredListings(const gazetteer::CVNGazetteerManager& manager) {
+    const auto& listings = manager.Working().listings;
+    if (!listings) return 0;
+    const auto columns = gazetteer::NamesOf(*listings);
+    return columns.empty() ? 0 : gazetteer::SetUnder(*listings, columns.front())->Count();
+}
+
+std::string CodePoint(char32_t character) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
+    return text.data();
+}
+
+}  // namespace
+
+std::string RunSummary(const gazetteer::CVNGazetteerManager& manager) {
+    const auto& run = manager.LastRun();
+    return Counted(run.records, "record", "records") + ": " +
+           Counted(run.listings, "listing", "listings") + ", " +
+           Counted(run.duplicates, "duplicate", "duplicates") + " dropped, " +
+           Counted(run.combined, "reference", "references") + " combined, " +
+           Counted(manager.Working().pageCount, "page", "pages") + ".";
+}
+
+std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager) {
+    const auto& results = manager.Working();
+    if (!results.listings || results.listings->Count() == 0) return {};
+    return Counted(StoredListings(manager), "listing", "listings") + ", " +
+           Counted(results.pageCount, "page", "pages") + '.';
+}
+
+std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager) {
+    std::vector<std::string> warnings;
+    if (const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable()))
+        warnings = dbf->Warnings();
+    const auto& run = manager.LastRun();
+    if (run.tooHigh > 0)
+        warnings.push_back(Counted(run.tooHigh, "listing ends", "listings end") +
+                           " below the foot of the frame, since a row is higher than the frame.");
+    if (run.tooWide > 0)
+        warnings.push_back(Counted(run.tooWide, "listing ends", "listings end") +
+                           " beyond the right edge of the frame, since the columns and the "
+                           "RepeatSpacing between their groups are wider than the frame.");
+    const std::int64_t unplaced = run.listings - run.placed;
+    if (unplaced == 0) return warnings;
+    const bool sample = manager.BoundSettings().samplePage;
+    warnings.push_back(Counted(unplaced, "listing", "listings") + " found no place on a page, " +
+                       (sample ? "since only a sample page was asked for."
+                               : "since the frame is lower than the row of titles."));
+    return warnings;
+}
+
+std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager) {
+    return StoredListings(manager) == 0
+               ? "The gazetteer has no page: the texts of all its records are empty."
+               : "The gazetteer has no page: its frame is lower than the row of titles.";
+}
+
+std::vector<std::string> FontWarnings(const desk::TextEngine& engine) {
+    std::vector<std::string> warnings;
+    for (const auto& font : engine.Substitutions())
+        warnings.push_back("the font \"" + font.wanted + "\" is not installed; \"" + font.used +
+                           "\" stands in for it.");
+    return warnings;
+}
+
+std::string MissingCharactersWarning(const desk::TextEngine& engine) {
+    constexpr std::size_t kNamed = 5;
+    const auto& missing = engine.MissingCharacters();
+    if (missing.empty()) return {};
+    std::string names;
+    std::size_t named = 0;
+    for (const char32_t character : missing) {
+        if (named == kNamed) break;
+        names += (named++ == 0 ? "" : ", ") + CodePoint(character);
+    }
+    if (missing.size() > named) names += " and " + std::to_string(missing.size() - named) + " more";
+    return "no installed font has the " +
+           std::string(missing.size() == 1 ? "character " : "characters ") + names +
+           "; a box is printed instead.";
+}
+
+}  // namespace app

@@ -1,0 +1,167 @@
+#include "desk/json/JsonWriter.h"
+
+#include <array>
+#include <charconv>
+#include <simdjson.h>
+#include <utility>
+
+#include "host/Failure.h"
+
+namespace desk {
+
+namespace {
+
+/// Longer than any double or 64-bit integer in its shortest form.
+constexpr std::size_t kNumberRoom = 40;
+
+/// Handed to the sink at a time, about, in bytes.
+constexpr std::size_t kBlock = 1 << 16;
+
+/// A text's beginning, short and printable, to show which one is at fault.
+std::string Shown(std::string_view text) {
+    std::string shown;
+    for (const char c : text.substr(0, 40)) shown += c >= ' ' && c <= '~' ? c : '?';
+    return shown;
+}
+
+bool NeedsEscape(char c) {
+    return (c >= 0 && c < ' ') || c == '"' || c == '\\';
+}
+
+}  // namespace
+
+void JsonWriter::Flush() {
+    sink_(out_);
+    out_.clear();
+}
+
+void JsonWriter::Finish() {
+    out_ += '\n';
+    Flush();
+}
+
+void JsonWriter::Separate() {
+    if (out_.size() >= kBlock) Flush();
+    if (comma_) out_ += ',';
+    if (newLine_) out_ += '\n';
+    comma_ = true;
+    newLine_ = false;
+}
+
+void JsonWriter::BeginObject() {
+    Separate();
+    out_ += '{';
+    comma_ = false;
+}
+
+void JsonWriter::EndObject() {
+    if (std::exchange(newLine_, false)) out_ += '\n';
+    out_ += '}';
+    comma_ = true;
+}
+
+void JsonWriter::BeginArray() {
+    Separate();
+    out_ += '[';
+    comma_ = false;
+}
+
+void JsonWriter::EndArray() {
+    if (std::exchange(newLine_, false)) out_ += '\n';
+    out_ += ']';
+    comma_ = true;
+}
+
+void JsonWriter::Key(std::string_view key) {
+    Separate();
+    Quote(key);
+    out_ += ':';
+    comma_ = false;
+}
+
+void JsonWriter::Text(std::string_view text) {
+    Separate();
+    Quote(text);
+}
+
+void JsonWriter::Flag(bool flag) {
+    Separate();
+    out_ += flag ? "true" : "false";
+}
+
+void JsonWriter::Whole(std::int32_t number) {
+    Separate();
+    out_ += std::to_string(number);
+}
+
+void JsonWriter::Number(double number) {
+    Separate();
+    std::array<char, kNumberRoom> digits{};
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    const std::string_view text(digits.data(), static_cast<std::size_t>(end - digits.data()));
+    out_ += text;
+    if (text.find_first_of(".e") == std::string_view::npos) out_ += ".0";
+}
+
+void JsonWriter::Null() {
+    Separate();
+    out_ += "null";
+}
+
+void JsonWriter::Member(std::string_view key, std::string_view text) {
+    Key(key);
+    Text(text);
+}
+
+void JsonWriter::Member(std::string_view key, bool flag) {
+    Key(key);
+    Flag(flag);
+}
+
+void JsonWriter::Member(std::string_view key, std::int32_t number) {
+    Key(key);
+    Whole(number);
+}
+
+void JsonWriter::Quote(std::string_view text) {
+    if (!simdjson::validate_utf8(text)) {
+        throw host::Failure(host::kFailureTypeMismatch, "JsonWriter",
+                            "the text \"" + Shown(text) + "\" is not valid UTF-8");
+    }
+    out_ += '"';
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!NeedsEscape(text[i])) continue;
+        out_ += text.substr(start, i - start);
+        Escape(text[i]);
+        start = i + 1;
+    }
+    out_ += text.substr(start);
+    out_ += '"';
+}
+
+void JsonWriter::Escape(char character) {
+    constexpr std::string_view kHexDigits = "0123456789abcdef";
+    switch (character) {
+        case '\n':
+            out_ += "\\n";
+            return;
+        case '\r':
+            out_ += "\\r";
+            return;
+        case '\t':
+            out_ += "\\t";
+            return;
+        case '"':
+        case '\\':
+            out_ += '\\';
+            out_ += character;
+            return;
+        default:
+            out_ += "\\u00";
+            out_ += kHexDigits[static_cast<unsigned char>(character) >> 4U];
+            out_ += kHexDigits[static_cast<unsigned char>(character) & 0xFU];
+    }
+}
+
+}  // namespace desk

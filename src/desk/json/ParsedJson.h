@@ -1,0 +1,25 @@
+#pragma once
+
+#include <simdjson.h>
+#include <string>
+
+namespace desk {
+
+/// The values of a JSON text, which is not needed any more. A byte order mark before it is passed
+/// over.
+class ParsedJson {
+public:
+    explicit ParsedJson(const std::string& text);
+
+    /// SUCCESS, or why the text is not JSON.
+    simdjson::error_code Error() const { return error_; }
+    /// Valid without an error.
+    simdjson::dom::element Root() const { return root_; }
+
+private:
+    simdjson::dom::document document_;
+    simdjson::dom::element root_;
+    simdjson::error_code error_;
+};
+
+}  // namespace desk
