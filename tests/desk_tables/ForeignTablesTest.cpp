@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desk/tables/DbfTable.h"
+#include "support/FailureOf.h"
 
 namespace desk {
 namespace {
@@ -56,11 +57,31 @@ std::string HashRecords(DbfTable& table) {
     return hash;
 }
 
-/// Level 7 tables: the readings take their 48-byte field entries for 32-byte ones.
-const std::set<std::string> kLevel7 = {
-    "albfernandez_javadbf/bug-102__bug102.dbf", "albfernandez_javadbf/fixtures__dbase_7.dbf",
-    "albfernandez_javadbf/inventory.dbf", "albfernandez_javadbf/test_delete.dbf",
-    "infused_dbf/dbase_8c.dbf"};
+/// Tables of level 7, and such with kinds of fields that FoxPro has added.
+const std::set<std::string> kRefused = {
+    "albfernandez_javadbf/bdays.dbf",
+    "albfernandez_javadbf/books.dbf",
+    "albfernandez_javadbf/bug-102__bug102.dbf",
+    "albfernandez_javadbf/bug-56-index-out-of-bounds__56-testdata.dbf",
+    "albfernandez_javadbf/bug93_null_field__testfile.dbf",
+    "albfernandez_javadbf/fixtures__dbase_7.dbf",
+    "albfernandez_javadbf/fixtures__foxpro-xsource__employees.dbf",
+    "albfernandez_javadbf/fixtures__foxpro-xsource__payments.dbf",
+    "albfernandez_javadbf/inventory.dbf",
+    "albfernandez_javadbf/numbers2.dbf",
+    "albfernandez_javadbf/test_delete.dbf",
+    "infused_dbf/dbase_30.dbf",
+    "infused_dbf/dbase_31.dbf",
+    "infused_dbf/dbase_32.dbf",
+    "infused_dbf/dbase_8c.dbf",
+    "infused_dbf/foxprodb__FOXPRO-DB-TEST.DBC",
+    "infused_dbf/foxprodb__calls.dbf",
+    "infused_dbf/foxprodb__contacts.dbf",
+    "infused_dbf/foxprodb__setup.dbf",
+    "infused_dbf/foxprodb__types.dbf",
+    "yellowfeather_DbfDataReader/FolderRoot.dbf",
+    "yellowfeather_DbfDataReader/dbase_31.dbf",
+    "yellowfeather_DbfDataReader/foxpro_currency_01.dbf"};
 
 /// Tables whose values are not those of the reading, by what the reading does.
 const std::set<std::string> kOtherValues = {
@@ -97,9 +118,10 @@ void ExpectFields(const DbfTable& table, const json& fields) {
             EXPECT_EQ(ours.name, name);
         }
         EXPECT_EQ(std::string(1, ours.type), field[1]);
-        // One table keeps the high byte of its text lengths where decimals stand.
-        const int length = field[2], decimals = field[3];
-        EXPECT_EQ(ours.length + 256 * ours.decimals, length + 256 * decimals);
+        EXPECT_EQ(ours.length, field[2]);
+        if (ours.kind == DbfKind::Number) {
+            EXPECT_EQ(ours.decimals, field[3]);
+        }
     }
 }
 
@@ -108,6 +130,13 @@ TEST(ForeignTables, AreReadAsOthersReadThem) {
     EXPECT_EQ(readings.size(), 98U);
     for (const auto& [name, reading] : readings.items()) {
         SCOPED_TRACE(name);
+        if (kRefused.contains(name)) {
+            const std::string refusal =
+                support::FailureOf([&] { DbfTable(kFolder + name); }).description;
+            EXPECT_TRUE(refusal.starts_with(kFolder + name)) << refusal;
+            EXPECT_NE(refusal.find("save it as dBase III or IV"), std::string::npos) << refusal;
+            continue;
+        }
         DbfTable table(kFolder + name);
         const json& plain = reading["plain"];
         EXPECT_EQ(table.LiveRecords(), plain["records"].get<int>() - plain["flag_star"].get<int>());
@@ -115,7 +144,6 @@ TEST(ForeignTables, AreReadAsOthersReadThem) {
         if (opens) {
             EXPECT_EQ(table.LiveRecords(), reading["gdal"]["records_read"]);
         }
-        if (kLevel7.contains(name)) continue;
         ExpectFields(table, plain["fields"]);
         if (!opens || HasBinaryFields(table)) continue;
         const bool same = HashRecords(table) == reading["gdal"]["records_sha256"];
@@ -126,18 +154,8 @@ TEST(ForeignTables, AreReadAsOthersReadThem) {
 /// Read off the bytes by hand, for what the hashes do not cover.
 TEST(ForeignValues, OfFieldsThatOthersLeaveRaw) {
     const std::tuple<const char*, int, const char*, host::Variant> spots[] = {
-        {"albfernandez_javadbf/books.dbf", 1, "purchase_p", 23.5},
-        {"albfernandez_javadbf/books.dbf", 1, "PAGES", 1012},
-        {"albfernandez_javadbf/bdays.dbf", 1, "BDATETIME", "1942-11-27 10:15:00"},
-        {"albfernandez_javadbf/inventory.dbf", 1, "Item ID", 1},
-        {"albfernandez_javadbf/inventory.dbf", 2, "Qty", 69},
-        {"albfernandez_javadbf/bug-102__bug102.dbf", 2, "DataNumber", 193787},
-        {"albfernandez_javadbf/numbers2.dbf", 2, "DOUBLE1", -1},
-        {"albfernandez_javadbf/fixtures__foxpro-xsource__employees.dbf", 1, "EXTENSION",
-         host::Null{}},
         {"albfernandez_javadbf/bug-33-corrupted-file-sync-mode__myfileafter-corrupted.dbf", 1,
          "INV_DATE", "2017-05-02"},
-        {"infused_dbf/dbase_32.dbf", 1, "NAME", "Bad Meets Evil"},
         {"infused_dbf/dbase_83.dbf", 1, "DESC", host::Null{}},
         {"infused_dbf/dbase_83.dbf", 1, "WEIGHT", 5.51},
         {"infused_dbf/dbase_8b.dbf", 1, "LOGICAL", true},
@@ -146,9 +164,7 @@ TEST(ForeignValues, OfFieldsThatOthersLeaveRaw) {
         {"mbloch_mapshaper/dbf__cpg__shiftjis.dbf", 1, "NAME", "カタカナひらがな"},
         {"olemb_dbfread/examples__files__invalid_value.dbf", 1, "BIRTHDATE", host::Null{}},
         {"OSGeo_shapelib/mpatch3.dbf", 1, "LONGFIELD", "9223372036854775800"},
-        {"yellowfeather_DbfDataReader/dbase_03_nullchar.dbf", 2, "TXTCOL", ""},
-        {"yellowfeather_DbfDataReader/dbase_31.dbf", 2, "DOUBLE", 33.33},
-        {"yellowfeather_DbfDataReader/foxpro_currency_01.dbf", 2, "currencyn", -50}};
+        {"yellowfeather_DbfDataReader/dbase_03_nullchar.dbf", 2, "TXTCOL", ""}};
     for (const auto& [name, record, field, value] : spots) {
         DbfTable table(kFolder + name);
         const auto cursor = table.Search(nullptr, false);
@@ -162,7 +178,6 @@ TEST(ForeignTablesEncoding, IsFoundWhereItIsNamed) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"mbloch_mapshaper/dbf__cpg__utf16.dbf", "UTF-16", ".cpg file"},
         {"mbloch_mapshaper/dbf__ldid__chinese.dbf", "GBK", "language driver 0x7A"},
-        {"infused_dbf/dbase_8c.dbf", "IBM437", "language driver DB437US0"},
         {"mbloch_mapshaper/dbf__utf8.dbf", "UTF-8", "default (all text is valid UTF-8)"},
         {"mbloch_mapshaper/dbf__latin1.dbf", "windows-1252", "default"}};
     for (const auto& [name, encoding, from] : cases) {

@@ -3,15 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <optional>
-#include <utility>
+#include <regex>
+#include <string_view>
 
-#include "desk/tables/CodePages.h"
-#include "desk/tables/DbfNotes.h"
-#include "desk/tables/RecordReader.h"
+#include "desk/tables/DbfReader.h"
 #include "desk/tables/TextDecoder.h"
 
 namespace desk {
@@ -19,89 +14,131 @@ namespace {
 
 /// What Western programs have written since they left DOS.
 constexpr const char* kDefaultEncoding = "windows-1252";
-/// No encoding has a longer name.
-constexpr std::streamsize kLongestCpg = 64;
 
-std::optional<std::string> CpgContent(const std::string& tablePath) {
-    std::filesystem::path path(tablePath);
-    for (const char* ending : {".cpg", ".CPG", ".Cpg"}) {
-        path.replace_extension(ending);
-        std::error_code ignored;
-        if (!std::filesystem::is_regular_file(path, ignored)) continue;
-        std::ifstream stream(path, std::ios::binary);
-        std::array<char, kLongestCpg> content{};
-        stream.read(content.data(), kLongestCpg);
-        return std::string(content.data(), static_cast<std::size_t>(stream.gcount()));
-    }
-    return std::nullopt;
+struct Page {
+    const char* encoding;
+    std::string_view drivers;  ///< The bytes in use by dBase, FoxPro and their kin.
+};
+
+/// Two national pages of the DOS time, 0x68 and 0x69 (Kamenicky, Mazovia), are missing: ICU has no
+/// data for them.
+constexpr Page kPages[] = {{"IBM437", "\x01\x09\x0B\x0D\x0F\x11\x15\x18\x19\x1B"},
+                           {"IBM737", "\x6A\x86"},
+                           {"IBM850", "\x02\x0A\x0E\x10\x12\x14\x16\x1A\x1D\x25\x37"},
+                           {"IBM852", "\x1F\x22\x23\x40\x64\x87"},
+                           {"IBM857", "\x6B\x88"},
+                           {"IBM860", "\x24"},
+                           {"IBM861", "\x67"},
+                           {"IBM863", "\x1C\x6C"},
+                           {"IBM865", "\x08\x17\x66"},
+                           {"IBM866", "\x26\x65"},
+                           {"windows-874", "\x50\x7C"},
+                           {"windows-932", "\x13\x7B"},
+                           {"windows-936", "\x4D\x7A"},
+                           {"windows-949", "\x4E\x79"},
+                           {"windows-950", "\x4F\x78"},
+                           {"windows-1250", "\xC8"},
+                           {"windows-1251", "\xC9"},
+                           {"windows-1252", "\x03\x57\x58\x59"},
+                           {"windows-1253", "\xCB"},
+                           {"windows-1254", "\xCA"},
+                           {"windows-1255", "\x7D"},
+                           {"windows-1256", "\x7E"},
+                           {"windows-1257", "\xCC"},
+                           {"windows-1258", ""},
+                           {"macintosh", "\x04"},
+                           {"x-mac-cyrillic", "\x96"},
+                           {"x-mac-centraleurroman", "\x97"},
+                           {"x-mac-greek", "\x98"}};
+
+std::string EncodingOfDriver(int driver) {
+    for (const Page& page : kPages)
+        if (driver < 256 && page.drivers.find(static_cast<char>(driver)) != std::string_view::npos)
+            return page.encoding;
+    return {};
+}
+
+std::string EncodingOfNumber(int page) {
+    if (page == 65001) return "UTF-8";
+    if (page >= 88591 && page <= 88599) return "ISO-8859-" + std::to_string(page - 88590);
+    if (page >= 885910 && page <= 885916) return "ISO-8859-" + std::to_string(page - 885900);
+    const std::string name = "windows-" + std::to_string(page);
+    for (const Page& known : kPages)
+        if (name == known.encoding) return name;
+    return "IBM" + std::to_string(page);
+}
+
+/// The encoding that a .cpg file or a language driver names: a public name, or a number with or
+/// without a word before it: "UTF-8", "1252", "ANSI 1251", "OEM 437", "LDID/87". May be unknown to
+/// ICU; empty for an unknown driver.
+std::string EncodingNamed(std::string text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
+    static const std::regex kNumbered(R"(\s*(?:(LDID)|ANSI|OEM|CP|)[ /_-]?(\d{1,6})\s*)",
+                                      std::regex::icase);
+    std::smatch match;
+    if (!std::regex_match(text, match, kNumbered)) return text;
+    const int number = std::stoi(match[2]);
+    return match[1].matched ? EncodingOfDriver(number) : EncodingOfNumber(number);
 }
 
 enum class Texts { Ascii, Utf8, Other };
 
-Texts Judge(std::string_view bytes) {
-    if (IsAscii(bytes)) return Texts::Ascii;
-    return IsUtf8(bytes.substr(0, bytes.find('\0'))) ? Texts::Utf8 : Texts::Other;
-}
-
 /// What all names and texts of a table could be.
-Texts JudgeTable(const std::shared_ptr<const DbfSchema>& schema) {
+Texts JudgeTexts(const DbfSchema& schema) {
+    const auto utf8 = TextDecoder::Make("UTF-8");
     Texts judged = Texts::Ascii;
-    for (const DbfField& field : schema->fields) judged = std::max(judged, Judge(field.name));
-    RecordReader reader(schema);
+    const auto judge = [&](std::string_view bytes) {
+        bytes = bytes.substr(0, bytes.find('\0'));
+        if (IsAscii(bytes)) return;
+        std::string ignored;
+        judged = std::max(judged, utf8->Decode(bytes, ignored) ? Texts::Utf8 : Texts::Other);
+    };
+    for (const DbfField& field : schema.fields) judge(field.name);
+    DbfReader reader(schema);
     while (judged != Texts::Other && reader.Next()) {
         if (IsAscii(reader.Record())) continue;
-        for (const DbfField& field : schema->fields) {
-            if (field.kind != DbfKind::Text && field.kind != DbfKind::VarText) continue;
-            judged = std::max(
-                judged, Judge(reader.Record().substr(static_cast<std::size_t>(field.offset),
-                                                     static_cast<std::size_t>(field.length))));
-        }
+        for (const DbfField& field : schema.fields)
+            if (field.kind == DbfKind::Text) judge(field.BytesIn(reader.Record()));
     }
     return judged;
 }
 
-std::string DriverText(const DbfHeader& header) {
-    if (!header.driverName.empty()) return "language driver " + PrintableAscii(header.driverName);
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "language driver 0x%02X", header.languageDriver);
-    return text.data();
-}
-
-bool Use(DbfSchema& schema, const std::string& encoding, std::string from) {
+bool Use(DbfSchema& schema, const std::string& encoding, const std::string& from) {
     schema.decoder = TextDecoder::Make(encoding);
-    if (!schema.decoder) return false;
-    schema.encoding = schema.decoder->Name();
-    schema.encodingFrom = std::move(from);
-    return true;
+    schema.encodingFrom = from;
+    return schema.decoder != nullptr;
 }
 
 }  // namespace
 
-void FindEncoding(const std::shared_ptr<DbfSchema>& schema, const DbfHeader& header) {
+void FindEncoding(DbfSchema& schema, DBFHandle library) {
     std::string unknown;  // Who names an encoding that is not known.
-    if (const auto content = CpgContent(schema->path)) {
-        const std::string encoding = EncodingOfCpg(*content);
-        if (Use(*schema, encoding, ".cpg file")) return;
+    const std::string driver = "LDID/" + std::to_string(library->iLanguageDriver);
+    const char* const page = DBFGetCodePage(library);
+    if (page != nullptr && page != driver) {  // The library gives the driver where no file is.
+        const std::string encoding = EncodingNamed(page);
+        if (Use(schema, encoding, ".cpg file")) return;
         unknown = ".cpg file (" + PrintableAscii(encoding) + ")";
     }
-    const bool named = !header.driverName.empty();
-    const std::string driverEncoding =
-        named ? EncodingOfDriverName(header.driverName) : EncodingOfDriver(header.languageDriver);
-    if (Use(*schema, driverEncoding, DriverText(header))) return;
-    if (unknown.empty() && (named || header.languageDriver != 0)) unknown = DriverText(header);
-
-    const Texts texts = JudgeTable(schema);
+    if (library->iLanguageDriver != 0) {
+        std::array<char, 32> text{};
+        std::snprintf(text.data(), text.size(), "language driver 0x%02X", library->iLanguageDriver);
+        if (Use(schema, EncodingNamed(driver), text.data())) return;
+        if (unknown.empty()) unknown = text.data();
+    }
+    const Texts texts = JudgeTexts(schema);
     if (texts == Texts::Utf8)
-        Use(*schema, "UTF-8", "default (all text is valid UTF-8)");
+        Use(schema, "UTF-8", "default (all text is valid UTF-8)");
     else
-        Use(*schema, kDefaultEncoding, "default");
+        Use(schema, kDefaultEncoding, "default");
     if (texts == Texts::Ascii) return;
+    const std::string& used = schema.decoder->Name();
     if (!unknown.empty())
-        schema->notes->Add("the encoding named by the " + unknown +
-                           " is not known; its texts were read as " + schema->encoding + ".");
+        schema.Note("the encoding named by the " + unknown +
+                    " is not known; its texts were read as " + used + ".");
     else if (texts == Texts::Other)
-        schema->notes->Add("nothing tells the encoding of its texts; they were read as " +
-                           schema->encoding + ". A .cpg file beside it can name another.");
+        schema.Note("nothing tells the encoding of its texts; they were read as " + used +
+                    ". A .cpg file beside it can name another.");
 }
 
 }  // namespace desk

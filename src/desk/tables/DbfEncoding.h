@@ -1,8 +1,7 @@
 #pragma once
 
-#include <memory>
+#include <shapefil.h>
 
-#include "desk/tables/DbfHeader.h"
 #include "desk/tables/DbfSchema.h"
 
 namespace desk {
@@ -11,6 +10,6 @@ namespace desk {
 /// driver, or else UTF-8 where all texts are that and windows-1252 where they are not. Reads the
 /// records only where neither file nor driver tells. An encoding that is not known is noted where
 /// it matters.
-void FindEncoding(const std::shared_ptr<DbfSchema>& schema, const DbfHeader& header);
+void FindEncoding(DbfSchema& schema, DBFHandle library);
 
 }  // namespace desk

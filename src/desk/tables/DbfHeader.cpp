@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
-#include <iterator>
+#include <limits>
+#include <optional>
 #include <string_view>
 
 #include "desk/tables/RecordFile.h"
@@ -12,182 +13,228 @@ namespace desk {
 namespace {
 
 constexpr std::int64_t kPrologueLength = 32;
-constexpr std::int64_t kLevel7PrologueLength = 68;
-/// A header's length has 16 bits.
-constexpr std::int64_t kLongestHeader = 0xFFFF;
+constexpr std::int64_t kEntryLength = 32;
+constexpr std::int64_t kMost16Bits = 0xFFFF;  ///< Bytes of a header, and of a record.
 constexpr char kListEnd = '\x0D';
-constexpr char kNullableFlag = 0x02;
+constexpr char kFileEnd = '\x1A';
+/// Flags looked at. So many in a row are no coincidence.
+constexpr std::int64_t kCheckedFlags = 256;
 
-/// Where the parts of a field's entry stand.
-struct EntryForm {
-    std::size_t length, nameLength, type, width, decimals, flags;
-};
-constexpr EntryForm kPlainEntry = {32, 11, 11, 16, 17, 18};
-constexpr EntryForm kLevel7Entry = {48, 32, 32, 33, 34, 47};
-
-[[noreturn]] void Fail(const std::string& text) {
-    throw host::Failure(host::kFailureUnspecified, "ReadDbfHeader", text);
+[[noreturn]] void Fail(const RecordFile& file, const std::string& fault) {
+    throw host::Failure(host::kFailureUnspecified, "ReadDbfHeader", file.Path() + fault);
 }
 
 std::int64_t Number(std::string_view bytes, std::size_t offset, std::size_t count) {
     std::int64_t value = 0;
-    for (std::size_t i = count; i-- > 0;)
-        value = value * 256 + static_cast<unsigned char>(bytes[offset + i]);
+    while (count-- > 0) value = value * 256 + static_cast<unsigned char>(bytes[offset + count]);
     return value;
 }
 
-DbfKind KindOf(char type, std::int32_t length, const DbfHeader& header) {
-    switch (type) {
-        case 'C':
-            return DbfKind::Text;
-        case 'V':
-            return header.IsFoxPro() ? DbfKind::VarText : DbfKind::Text;
-        case 'N':
-        case 'F':
-            return DbfKind::Number;
-        case 'D':
-            return length == 8 ? DbfKind::Date : DbfKind::Unknown;
-        case 'L':
-            return DbfKind::Logical;
-        case 'I':
-        case '+':
-            if (length != 4) return DbfKind::Number;
-            return header.IsLevel7() ? DbfKind::Integer7 : DbfKind::Integer;
-        case 'Y':
-            return length == 8 ? DbfKind::Currency : DbfKind::Unknown;
-        case 'T':
-            return length == 8 ? DbfKind::Timestamp : DbfKind::Unknown;
-        case 'O':
-            if (length != 8) return DbfKind::Unknown;
-            return header.IsLevel7() ? DbfKind::Double7 : DbfKind::DoubleBig;
-        case 'B':
-            return length == 8 && header.IsFoxPro() ? DbfKind::Double : DbfKind::Memo;
-        case 'M':
-        case 'G':
-        case 'P':
-        case 'W':
-            return DbfKind::Memo;
-        case '0':
-            return DbfKind::System;
-        default:
-            return DbfKind::Unknown;
-    }
+void PutNumber(std::string& bytes, std::size_t offset, std::size_t count, std::int64_t value) {
+    for (; count-- > 0; value /= 256) bytes[offset++] = static_cast<char>(value % 256);
 }
 
-std::string RawName(std::string_view bytes) {
-    // Names in two-byte characters hold zeros that do not end them.
-    const bool wide = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-    if (!wide) bytes = bytes.substr(0, bytes.find('\0'));
-    while (!bytes.empty() && bytes.back() == ' ') bytes.remove_suffix(1);
-    return std::string(bytes);
+std::string Counted(std::int64_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-/// A field's entry starts with a name and has a letter for its type.
-bool LooksLikeField(std::string_view entry, const EntryForm& form) {
-    const auto type = static_cast<unsigned char>(entry[form.type]);
+/// A file that only chance has brought here has another first byte or no date of its last change.
+bool IsPlausible(std::string_view header) {
+    static constexpr std::string_view kVersions =
+        "\x03\x04\x05\x30\x31\x32\x43\x63\x7B\x83\x87\x8B\x8C\x8E\xCB\xE5\xF5\xFB";
+    return kVersions.find(header[0]) != std::string_view::npos && Number(header, 2, 1) <= 12 &&
+           Number(header, 3, 1) <= 31;
+}
+
+bool IsFlag(std::string_view byte) {
+    return byte == " " || byte == "*";
+}
+
+/// The entry of a field starts with its name and has a letter for its type.
+bool IsField(std::string_view entry) {
+    const auto type = static_cast<unsigned char>(entry[11]);
     const auto first = static_cast<unsigned char>(entry[0]);
     return (std::isupper(type) != 0 || std::isdigit(type) != 0 || type == '@' || type == '+') &&
            (first == 0 || first >= ' ');
 }
 
-/// Bits of the null flags count in field order; a varying length takes the lower of its two.
-void NumberNullBits(std::vector<DbfField>& fields, const std::vector<bool>& nullable) {
-    std::int32_t bit = 0;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (fields[i].type == 'V' || fields[i].type == 'Q') fields[i].lengthBit = bit++;
-        if (nullable[i]) fields[i].nullBit = bit++;
-    }
-}
+struct FieldList {
+    std::int64_t end = kPrologueLength;  ///< Offset behind the last field.
+    std::int64_t recordLength = 1;       ///< Bytes that the flag and the fields take.
+    bool closed = false;                 ///< By a mark behind the last field.
+    bool hasLongTexts = false;
+};
 
-void PlaceFields(DbfFieldList& list) {
-    list.recordLength = 1;
-    for (DbfField& field : list.fields) {
-        field.offset = static_cast<std::int32_t>(list.recordLength);
-        list.recordLength += field.length;
+FieldList ListFields(std::string_view bytes, bool hasLongTexts) {
+    FieldList list;
+    list.hasLongTexts = hasLongTexts;
+    const auto size = static_cast<std::int64_t>(bytes.size());
+    for (; list.end + kEntryLength <= size; list.end += kEntryLength) {
+        const auto entry = bytes.substr(static_cast<std::size_t>(list.end), kEntryLength);
+        if (!IsField(entry)) break;
+        list.recordLength += Number(entry, 16, hasLongTexts && entry[11] == 'C' ? 2 : 1);
     }
-}
-
-/// Some programs write the high byte of a text's length where decimals stand, others leave just
-/// anything there. The record's length tells.
-void ResolveLongTexts(DbfFieldList& list, std::int64_t recordLength) {
-    if (list.recordLength == recordLength) return;
-    DbfFieldList longer = list;
-    for (DbfField& field : longer.fields) {
-        if (field.kind != DbfKind::Text) continue;
-        field.length += field.decimals * 256;
-        field.decimals = 0;
-    }
-    PlaceFields(longer);
-    if (longer.recordLength == recordLength) list = longer;
-}
-
-DbfFieldList ReadFields(std::string_view bytes, const DbfHeader& header) {
-    const EntryForm& form = header.IsLevel7() ? kLevel7Entry : kPlainEntry;
-    DbfFieldList list;
-    std::vector<bool> nullable;
-    auto at = static_cast<std::size_t>(header.IsLevel7() ? kLevel7PrologueLength : kPrologueLength);
-    while (at + form.length <= bytes.size() && bytes[at] != kListEnd) {
-        const std::string_view entry = bytes.substr(at, form.length);
-        if (!LooksLikeField(entry, form)) break;
-        DbfField field;
-        field.name = RawName(entry.substr(0, form.nameLength));
-        field.type = entry[form.type];
-        field.length = static_cast<unsigned char>(entry[form.width]);
-        field.decimals = static_cast<unsigned char>(entry[form.decimals]);
-        field.kind = KindOf(field.type, field.length, header);
-        nullable.push_back(header.IsFoxPro() && (entry[form.flags] & kNullableFlag) != 0);
-        list.fields.push_back(field);
-        at += form.length;
-    }
-    list.terminated = at < bytes.size() && bytes[at] == kListEnd;
-    list.end = static_cast<std::int64_t>(at + (list.terminated ? 1 : 0));
-    if (header.IsFoxPro()) NumberNullBits(list.fields, nullable);
-    PlaceFields(list);
-    ResolveLongTexts(list, header.recordLength);
+    list.closed = list.end < size && bytes[static_cast<std::size_t>(list.end)] == kListEnd;
     return list;
 }
 
-}  // namespace
-
-bool DbfHeader::IsPlausible() const {
-    static constexpr std::uint8_t kVersions[] = {0x03, 0x04, 0x05, 0x30, 0x31, 0x32,
-                                                 0x43, 0x63, 0x7B, 0x83, 0x87, 0x8B,
-                                                 0x8C, 0x8E, 0xCB, 0xE5, 0xF5, 0xFB};
-    return std::find(std::begin(kVersions), std::end(kVersions), version) != std::end(kVersions) &&
-           month <= 12 && day <= 31;
+/// A list need not be closed where the header's length closes it. Only where the fields up to there
+/// do not make up a record does the list's own end count.
+FieldList FindFields(std::string_view bytes, std::int64_t headerLength, std::int64_t recordLength) {
+    const auto stated = bytes.substr(0, static_cast<std::size_t>(headerLength));
+    for (const bool hasLongTexts : {false, true})
+        for (const std::string_view within : {stated, bytes}) {
+            const FieldList list = ListFields(within, hasLongTexts);
+            if (list.recordLength == recordLength && (list.closed || within.size() < bytes.size()))
+                return list;
+        }
+    const FieldList list = ListFields(stated, false);
+    return list.end > kPrologueLength ? list : ListFields(bytes, false);
 }
 
-DbfHeader ReadDbfHeader(const RecordFile& file) {
-    if (file.Size() == 0) Fail(file.Path() + " is empty.");
-    const std::string bytes = file.ReadUpTo(0, kLongestHeader);
-    if (file.Size() <= kPrologueLength)
-        Fail(file.Path() + " is not a dBase table: it is too short for a header.");
+struct Place {
+    std::int64_t start = 0;  ///< Offset of the first record.
+    std::int64_t length = 0;
+};
 
-    DbfHeader header;
-    header.version = static_cast<std::uint8_t>(bytes[0]);
-    header.month = static_cast<std::uint8_t>(bytes[2]);
-    header.day = static_cast<std::uint8_t>(bytes[3]);
-    header.recordCount = Number(bytes, 4, 4);
-    header.headerLength = Number(bytes, 8, 2);
-    header.recordLength = Number(bytes, 10, 2);
-    header.languageDriver = static_cast<std::uint8_t>(bytes[29]);
-    if (header.IsLevel7() && bytes.size() >= static_cast<std::size_t>(kLevel7PrologueLength))
-        header.driverName = RawName(std::string_view(bytes).substr(32, 32));
+class Judge {
+public:
+    explicit Judge(RecordFile& file)
+        : file_(file),
+          bytes_(file.Bytes(0, kMost16Bits)),
+          stated_{Number(bytes_, 8, 2), Number(bytes_, 10, 2)},
+          count_(Number(bytes_, 4, 4)),
+          list_(FindFields(bytes_, stated_.start, stated_.length)),
+          dataEnd_(file.Size() - (file.Bytes(file.Size() - 1, 1)[0] == kFileEnd ? 1 : 0)) {}
 
-    // A list need not be closed where the header's length closes it. Only where the fields up to
-    // there do not make up a record does the list's own end count.
-    const auto stated = std::string_view(bytes).substr(
-        0, static_cast<std::size_t>(std::max(header.headerLength, kPrologueLength)));
-    header.list = ReadFields(stated, header);
-    if (header.list.recordLength != header.recordLength) {
-        const DbfFieldList closed = ReadFields(bytes, header);
-        if (closed.terminated &&
-            (closed.recordLength == header.recordLength || header.list.fields.empty()))
-            header.list = closed;
+    DbfHeader Header() {
+        if (list_.end == kPrologueLength && !list_.closed)
+            Fail(file_, " is not a dBase table: its header has no list of fields.");
+        const auto place = Find();
+        if (!place)
+            Fail(file_, (IsPlausible(bytes_) ? " is damaged: " : " is not a dBase table: ") +
+                            Fault() + ".");
+        const std::int64_t count = std::min(count_, Whole(*place));
+        if (count > std::numeric_limits<std::int32_t>::max())
+            Fail(file_, " holds more records than can be numbered.");
+        return {Repaired(*place, count), place->length, count, list_.hasLongTexts,
+                Warnings(*place, count)};
     }
-    if (header.list.fields.empty() && !header.list.terminated)
-        Fail(file.Path() + " is not a dBase table: its header has no list of fields.");
-    return header;
+
+private:
+    /// The best place for the records that passes its test.
+    std::optional<Place> Find() {
+        if (stated_.length == list_.recordLength && IsPossible(stated_) &&
+            (FillsFile(stated_) || FlagsAreGood(stated_)))
+            return stated_;
+        for (const std::int64_t length : {stated_.length, list_.recordLength})
+            for (const std::int64_t start :
+                 {stated_.start, dataEnd_ - count_ * length, list_.end + (list_.closed ? 1 : 0)}) {
+                const Place place = {start, length};
+                if (IsPossible(place) && FillsFile(place) && FlagsAreGood(place)) return place;
+            }
+        if (IsPossible(stated_) && FlagsAreGood(stated_)) return stated_;
+        return std::nullopt;
+    }
+
+    std::int64_t Whole(const Place& place) const {
+        return (file_.Size() - place.start) / place.length;
+    }
+
+    /// Whether the records can stand there at all.
+    bool IsPossible(const Place& place) const {
+        return place.length >= list_.recordLength && place.length <= kMost16Bits &&
+               place.start >= list_.end && place.start > kPrologueLength &&
+               place.start <= std::min(file_.Size(), kMost16Bits) &&
+               (count_ == 0 || Whole(place) > 0);
+    }
+
+    bool FillsFile(const Place& place) const {
+        const std::int64_t end = place.start + count_ * place.length;
+        return end == file_.Size() || end == file_.Size() - 1;
+    }
+
+    /// Records from that number on, up to an end, whose flags are good.
+    std::int64_t GoodFlags(const Place& place, std::int64_t from, std::int64_t end) {
+        std::int64_t at = from;
+        while (at < end && IsFlag(file_.Bytes(place.start + at * place.length, 1))) ++at;
+        return at - from;
+    }
+
+    bool FlagsAreGood(const Place& place) {
+        const std::int64_t count = std::min({count_, Whole(place), kCheckedFlags});
+        return GoodFlags(place, 0, count) == count;
+    }
+
+    std::string Repaired(const Place& place, std::int64_t count) {
+        std::string header = bytes_.substr(0, static_cast<std::size_t>(place.start));
+        PutNumber(header, 4, 4, count);
+        PutNumber(header, 8, 2, place.start);
+        PutNumber(header, 10, 2, place.length);
+        if (list_.end < place.start) header[static_cast<std::size_t>(list_.end)] = kListEnd;
+        return header;
+    }
+
+    std::vector<std::string> Warnings(const Place& place, std::int64_t count) {
+        std::vector<std::string> warnings;
+        if (place.start != stated_.start)
+            warnings.push_back("the header says that it is " + std::to_string(stated_.start) +
+                               " bytes long, but the records begin at byte " +
+                               std::to_string(place.start) + "; they were read there.");
+        const std::int64_t unused = place.length - list_.recordLength;
+        if (place.length != stated_.length)
+            warnings.push_back("the header says that a record has " +
+                               std::to_string(stated_.length) + " bytes, but its records have " +
+                               std::to_string(place.length) + "; so they were read.");
+        else if (unused > 0)
+            warnings.push_back(Counted(unused, "byte") + " of each record " +
+                               (unused == 1 ? "belongs" : "belong") +
+                               " to no field; values may be cut in the wrong place.");
+        const std::int64_t missing = count_ - count;
+        if (missing > 0)
+            warnings.push_back("the header announces " + Counted(count_, "record") +
+                               ", but the file holds " + std::to_string(count) + ": " +
+                               std::to_string(missing) +
+                               (missing == 1 ? " is missing." : " are missing."));
+        const std::int64_t further =
+            GoodFlags(place, count, (dataEnd_ - place.start) / place.length);
+        if (further > 0)
+            warnings.push_back(Counted(further, "record") + " beyond the header's count of " +
+                               std::to_string(count_) + " were not read.");
+        return warnings;
+    }
+
+    std::string Fault() const {
+        if (stated_.start > file_.Size()) return "it ends within its header";
+        if (stated_.length < list_.recordLength)
+            return "its fields take " + std::to_string(list_.recordLength) +
+                   " bytes, but its header gives a record " + std::to_string(stated_.length);
+        if (stated_.start < list_.end)
+            return "its header says that it is " + std::to_string(stated_.start) +
+                   " bytes long, which does not hold its fields";
+        if (file_.Size() - stated_.start < stated_.length)
+            return "it announces " + Counted(count_, "record") + " and holds none";
+        return "no records begin where its header says, at byte " + std::to_string(stated_.start);
+    }
+
+    RecordFile& file_;
+    const std::string bytes_;
+    const Place stated_;
+    const std::int64_t count_;
+    const FieldList list_;
+    const std::int64_t dataEnd_;
+};
+
+}  // namespace
+
+DbfHeader ReadDbfHeader(RecordFile& file) {
+    if (file.Size() == 0) Fail(file, " is empty.");
+    const std::string_view prologue = file.Bytes(0, kPrologueLength);
+    if (file.Size() <= kPrologueLength)
+        Fail(file, " is not a dBase table: it is too short for a header.");
+    if ((prologue[0] == '\x04' || prologue[0] == '\x8C') && IsPlausible(prologue))
+        Fail(file, std::string(" is a dBase table of level 7, which is not read") + kSaveAsOlder);
+    return Judge(file).Header();
 }
 
 }  // namespace desk

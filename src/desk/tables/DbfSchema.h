@@ -3,30 +3,24 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "desk/tables/DbfHeader.h"
+#include "desk/tables/FieldNames.h"
+#include "desk/tables/RecordFile.h"
 
 namespace desk {
 
-class DbfNotes;
-class RecordFile;
 class TextDecoder;
 
 /// How the bytes of a field are to be read.
 enum class DbfKind {
     Text,
-    VarText,    ///< Text whose last byte may hold its length.
-    Number,     ///< Decimal text.
-    Integer,    ///< Little-endian, 32 bits.
-    Currency,   ///< Little-endian, 64 bits, ten-thousandths.
-    Double,     ///< Little-endian.
-    Integer7,   ///< Big-endian with the sign turned over: sorts as bytes.
-    Double7,    ///< Big-endian; sorts as bytes: the sign turned over, or all bits below zero.
-    DoubleBig,  ///< Big-endian with the sign turned over.
-    Timestamp,  ///< Julian day and milliseconds of the day.
-    Date,       ///< YYYYMMDD.
-    Logical,
-    Memo,    ///< Text in a file of its own, which is not read.
-    System,  ///< Flags that the format keeps for itself.
+    Number,   ///< Decimal text.
+    Date,     ///< YYYYMMDD.
+    Logical,  ///< A letter.
+    Memo,     ///< In a file of its own, which is not read.
     Unknown
 };
 
@@ -37,29 +31,31 @@ struct DbfField {
     std::int32_t length = 0;  ///< Bytes.
     std::int32_t decimals = 0;
     DbfKind kind = DbfKind::Text;
-    std::int32_t offset = 0;      ///< Bytes from the start of the record, whose byte 0 is its flag.
-    std::int32_t nullBit = -1;    ///< Bit in the null flags, or -1 if the field is never null.
-    std::int32_t lengthBit = -1;  ///< Bit that says whether the last byte is the text's length.
+    std::int32_t offset = 0;  ///< Bytes from the start of the record, whose byte 0 is its flag.
+
+    std::string_view BytesIn(std::string_view record) const {
+        return record.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
+    }
 };
 
-/// Everything needed to read the records of an opened table.
+/// Everything needed to read the records of a table, and what is odd about it.
 struct DbfSchema {
-    std::string path;
-    std::shared_ptr<RecordFile> file;
-    std::int64_t headerLength = 0;  ///< Bytes before the first record.
-    std::int32_t recordLength = 0;  ///< Bytes, the flag included.
-    std::int64_t recordCount = 0;   ///< Whole records in the file, deleted ones included.
-    std::vector<DbfField> fields;
-    std::int32_t nullFlagsOffset = -1;  ///< Bytes from the start of the record, or -1.
-    std::int32_t nullFlagsLength = 0;
-    std::string encoding;
-    std::string encodingFrom;
-    std::shared_ptr<const TextDecoder> decoder;
-    std::shared_ptr<DbfNotes> notes;
-};
+    /// Opens a dBase file. Fails with one sentence that names the file and its fault.
+    explicit DbfSchema(const std::string& path);
 
-/// Opens a dBase file: header, place of the records, encoding. Fails with one sentence that names
-/// the file and its fault.
-std::shared_ptr<const DbfSchema> OpenDbf(const std::string& path);
+    void Note(const std::string& fault);
+    /// Notes a faulty value; later ones of the same field are not noted again. Record numbers
+    /// count from 1.
+    void NoteValue(std::size_t field, std::int64_t record, const std::string& fault);
+
+    RecordFile file;
+    DbfHeader header;
+    std::vector<DbfField> fields;
+    FieldNames names;
+    std::string encodingFrom;  ///< In words.
+    std::shared_ptr<const TextDecoder> decoder;
+    std::vector<std::string> notes;        ///< Sentences that begin with the file's path.
+    std::vector<bool> hasFaultyValueNote;  ///< By field.
+};
 
 }  // namespace desk

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "desk/tables/DbfNotes.h"
+#include "desk/tables/DbfReader.h"
 #include "desk/tables/DbfValues.h"
 #include "desk/tables/PlainObjects.h"
-#include "desk/tables/RecordReader.h"
+#include "desk/tables/TextDecoder.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -13,14 +13,14 @@ namespace {
 
 [[noreturn]] void FailReadOnly(const DbfSchema& schema) {
     throw host::Failure(host::kFailureUnspecified, "DbfTable",
-                        schema.path + " is a dBase table, which is only read here.");
+                        schema.file.Path() + " is a dBase table, which is only read here.");
 }
 
 class DbfRow : public host::IHostRow {
 public:
-    explicit DbfRow(std::shared_ptr<const DbfSchema> schema) : schema_(std::move(schema)) {}
+    explicit DbfRow(std::shared_ptr<DbfSchema> schema) : schema_(std::move(schema)) {}
 
-    void Take(const RecordReader& reader) {
+    void Take(const DbfReader& reader) {
         record_.assign(reader.Record());
         number_ = reader.Number();
     }
@@ -29,22 +29,22 @@ public:
         if (index < 0 || static_cast<std::size_t>(index) >= schema_->fields.size())
             throw host::Failure(
                 host::kFailureNotFound, "DbfTable",
-                schema_->path + " has no field number " + std::to_string(index) + ".");
+                schema_->file.Path() + " has no field number " + std::to_string(index) + ".");
         return ReadValue(*schema_, static_cast<std::size_t>(index), record_, number_);
     }
     void SetValue(std::int32_t, host::Variant) override { FailReadOnly(*schema_); }
-    std::int32_t OID() const override { return static_cast<std::int32_t>(number_); }
+    std::int32_t OID() const override { return number_; }
 
 private:
-    std::shared_ptr<const DbfSchema> schema_;
+    std::shared_ptr<DbfSchema> schema_;
     std::string record_;
-    std::int64_t number_ = 0;
+    std::int32_t number_ = 0;
 };
 
 class DbfCursor : public host::IHostCursor {
 public:
-    DbfCursor(const std::shared_ptr<const DbfSchema>& schema, bool recycling)
-        : schema_(schema), reader_(schema), recycling_(recycling) {}
+    DbfCursor(const std::shared_ptr<DbfSchema>& schema, bool recycling)
+        : schema_(schema), reader_(*schema), recycling_(recycling) {}
 
     host::Ref<host::IHostRow> NextRow() override {
         if (!reader_.Next()) return nullptr;
@@ -56,8 +56,8 @@ public:
     void Flush() override {}
 
 private:
-    std::shared_ptr<const DbfSchema> schema_;
-    RecordReader reader_;
+    std::shared_ptr<DbfSchema> schema_;
+    DbfReader reader_;
     bool recycling_;
     host::Ref<DbfRow> row_;
 };
@@ -65,38 +65,23 @@ private:
 std::int32_t HostType(DbfKind kind) {
     switch (kind) {
         case DbfKind::Text:
-        case DbfKind::VarText:
             return host::kFieldTypeText;
         case DbfKind::Number:
-        case DbfKind::Integer:
-        case DbfKind::Currency:
-        case DbfKind::Double:
-        case DbfKind::Integer7:
-        case DbfKind::Double7:
-        case DbfKind::DoubleBig:
             return kFieldTypeNumber;
         case DbfKind::Date:
-        case DbfKind::Timestamp:
             return kFieldTypeDate;
         case DbfKind::Logical:
             return kFieldTypeLogical;
         case DbfKind::Memo:
-        case DbfKind::System:
         case DbfKind::Unknown:
             break;
     }
     return kFieldTypeOther;
 }
 
-std::vector<std::string> NamesOf(const DbfSchema& schema) {
-    std::vector<std::string> names;
-    for (const DbfField& field : schema.fields) names.push_back(field.name);
-    return names;
-}
-
 }  // namespace
 
-DbfTable::DbfTable(const std::string& path) : schema_(OpenDbf(path)), names_(NamesOf(*schema_)) {}
+DbfTable::DbfTable(const std::string& path) : schema_(std::make_shared<DbfSchema>(path)) {}
 
 host::Ref<host::IHostFields> DbfTable::Fields() const {
     auto fields = std::make_shared<desk::Fields>();
@@ -109,7 +94,7 @@ host::Ref<host::IHostFields> DbfTable::Fields() const {
 }
 
 std::int32_t DbfTable::FindField(const std::string& name) const {
-    return names_.Find(name);
+    return schema_->names.Find(name);
 }
 
 host::Ref<host::IHostCursor> DbfTable::Search(const host::Ref<host::IHostQueryFilter>& filter,
@@ -129,12 +114,12 @@ host::Ref<host::IHostRow> DbfTable::CreateRowBuffer() {
 std::int64_t DbfTable::LiveRecords() const {
     if (liveRecords_ >= 0) return liveRecords_;
     std::int64_t count = 0;
-    for (RecordReader reader(schema_); reader.Next();) ++count;
+    for (DbfReader reader(*schema_); reader.Next();) ++count;
     return liveRecords_ = count;
 }
 
-std::vector<std::string> DbfTable::Warnings() const {
-    return schema_->notes->Sentences();
+const std::string& DbfTable::Encoding() const {
+    return schema_->decoder->Name();
 }
 
 }  // namespace desk

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "desk/tables/DbfSchema.h"
-#include "desk/tables/FieldNames.h"
 #include "host/Tables.h"
 
 namespace desk {
@@ -27,20 +26,19 @@ public:
     host::Ref<host::IHostCursor> Insert(bool useBuffering) override;
     host::Ref<host::IHostRow> CreateRowBuffer() override;
 
-    const std::string& Path() const { return schema_->path; }
+    const std::string& Path() const { return schema_->file.Path(); }
     const std::vector<DbfField>& DbfFields() const { return schema_->fields; }
     /// Name of the text encoding, and in words where it was found.
-    const std::string& Encoding() const { return schema_->encoding; }
+    const std::string& Encoding() const;
     const std::string& EncodingFrom() const { return schema_->encodingFrom; }
     /// Live records that can be read. Reads the whole file at the first call.
     std::int64_t LiveRecords() const;
     /// What is odd about the file, one sentence each. Faults of single values join once the value
     /// was read.
-    std::vector<std::string> Warnings() const;
+    const std::vector<std::string>& Warnings() const { return schema_->notes; }
 
 private:
-    std::shared_ptr<const DbfSchema> schema_;
-    FieldNames names_;
+    std::shared_ptr<DbfSchema> schema_;
     mutable std::int64_t liveRecords_ = -1;
 };
 

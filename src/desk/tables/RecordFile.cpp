@@ -13,8 +13,15 @@
 namespace desk {
 namespace {
 
-[[noreturn]] void Fail(std::int32_t number, const std::string& text) {
+/// Large enough that the calls do not count, small enough to stay in the cache.
+constexpr std::int64_t kBlockBytes = std::int64_t{256} * 1024;
+
+[[noreturn]] void Fail(const std::string& text, std::int32_t number = host::kFailureUnspecified) {
     throw host::Failure(number, "RecordFile", text);
+}
+
+[[noreturn]] void FailToRead(const std::string& path) {
+    Fail(path + " cannot be read: " + std::strerror(errno) + ".");
 }
 
 }  // namespace
@@ -22,55 +29,46 @@ namespace {
 RecordFile::RecordFile(std::string path) : path_(std::move(path)) {
     struct stat state = {};
     // Asked before opening: to open a pipe would wait for its other end.
-    if (::stat(path_.c_str(), &state) != 0)
-        Fail(host::kFailureNotFound,
-             errno == ENOENT || errno == ENOTDIR
-                 ? "There is no file " + path_ + "."
-                 : path_ + " cannot be read: " + std::strerror(errno) + ".");
-    if (S_ISDIR(state.st_mode))
-        Fail(host::kFailureUnspecified, path_ + " is a folder, not a table.");
-    if (!S_ISREG(state.st_mode)) Fail(host::kFailureUnspecified, path_ + " is not a regular file.");
-    descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor_ < 0)
-        Fail(host::kFailureUnspecified, path_ + " cannot be read: " + std::strerror(errno) + ".");
-    state_ = FileState::Of(descriptor_);
-}
-
-RecordFile::~RecordFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-}
-
-void RecordFile::Read(std::int64_t offset, char* memory, std::size_t length) const {
-    while (length > 0) {
-        const ssize_t count = ::pread(descriptor_, memory, length, offset);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0)
-            Fail(host::kFailureUnspecified,
-                 path_ + " cannot be read: " + std::strerror(errno) + ".");
-        if (count == 0)
-            Fail(host::kFailureUnspecified, path_ + " became shorter while it was read.");
-        memory += count;
-        offset += count;
-        length -= static_cast<std::size_t>(count);
+    if (::stat(path_.c_str(), &state) != 0) {
+        if (errno != ENOENT && errno != ENOTDIR) FailToRead(path_);
+        Fail("There is no file " + path_ + ".", host::kFailureNotFound);
     }
+    if (S_ISDIR(state.st_mode)) Fail(path_ + " is a folder, not a table.");
+    if (!S_ISREG(state.st_mode)) Fail(path_ + " is not a regular file.");
+    const int descriptor = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) FailToRead(path_);
+    descriptor_ = {new int(descriptor), [](const int* opened) {
+                       ::close(*opened);
+                       delete opened;
+                   }};
+    state_ = FileState::Of(descriptor);
 }
 
 void RecordFile::CheckUnchanged() const {
-    if (FileState::Of(descriptor_) != state_)
-        Fail(host::kFailureUnspecified, path_ + " was changed while it was read.");
+    if (FileState::Of(*descriptor_) != state_) Fail(path_ + " was changed while it was read.");
 }
 
-std::string RecordFile::ReadUpTo(std::int64_t offset, std::int64_t length) const {
-    const std::int64_t available = std::max<std::int64_t>(0, state_.size - offset);
-    std::string bytes(static_cast<std::size_t>(std::min(length, available)), '\0');
-    Read(offset, bytes.data(), bytes.size());
-    return bytes;
+std::string_view RecordFile::Bytes(std::int64_t offset, std::int64_t length) {
+    length = std::min(length, Size() - offset);
+    if (length <= 0) return {};
+    if (offset < blockStart_ ||
+        offset + length > blockStart_ + static_cast<std::int64_t>(block_.size()))
+        Fill(offset, std::min(std::max(length, kBlockBytes), Size() - offset));
+    return {block_.data() + (offset - blockStart_), static_cast<std::size_t>(length)};
 }
 
-char RecordFile::ByteAt(std::int64_t offset) const {
-    char byte = '\0';
-    Read(offset, &byte, 1);
-    return byte;
+void RecordFile::Fill(std::int64_t offset, std::int64_t length) {
+    blockStart_ = Size();  // Nothing lies in a block that could not be filled.
+    block_.resize(static_cast<std::size_t>(length));
+    for (std::int64_t filled = 0; filled < length;) {
+        const ssize_t count = ::pread(*descriptor_, block_.data() + filled,
+                                      static_cast<std::size_t>(length - filled), offset + filled);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) FailToRead(path_);
+        if (count == 0) Fail(path_ + " became shorter while it was read.");
+        filled += count;
+    }
+    blockStart_ = offset;
 }
 
 }  // namespace desk

@@ -1,37 +1,36 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "desk/files/FileState.h"
 
 namespace desk {
 
-/// A regular file that is read at places of the reader's choice.
+/// A regular file that is read in blocks. A copy reads the same open file with a block of its own.
 class RecordFile {
 public:
     /// Fails with a sentence for a path that is no file, is a folder, or cannot be opened.
     explicit RecordFile(std::string path);
-    ~RecordFile();
-    RecordFile(const RecordFile&) = delete;
-    RecordFile& operator=(const RecordFile&) = delete;
 
     const std::string& Path() const { return path_; }
     /// Bytes, as they were when the file was opened.
     std::int64_t Size() const { return state_.size; }
     /// Fails where others have written to the file since it was opened.
     void CheckUnchanged() const;
-    /// Fills the memory. Fails where the file ends before that.
-    void Read(std::int64_t offset, char* memory, std::size_t length) const;
-    /// As many of the bytes as the file has.
-    std::string ReadUpTo(std::int64_t offset, std::int64_t length) const;
-    char ByteAt(std::int64_t offset) const;
+    /// As many of the bytes as the file has, valid until the next call.
+    std::string_view Bytes(std::int64_t offset, std::int64_t length);
 
 private:
+    void Fill(std::int64_t offset, std::int64_t length);
+
     std::string path_;
-    int descriptor_ = -1;
+    std::shared_ptr<const int> descriptor_;
     FileState state_;  ///< When it was opened.
+    std::string block_;
+    std::int64_t blockStart_ = 0;
 };
 
 }  // namespace desk

@@ -1,12 +1,13 @@
 #include "desk/tables/TextDecoder.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <simdjson.h>
 #include <unicode/ucnv.h>
-#include <unicode/ucnv_err.h>
 #include <unicode/unistr.h>
+#include <utility>
 
 #include "desk/unicode/Utf8.h"
 
@@ -14,6 +15,14 @@ namespace desk {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+std::string_view WithoutPadding(std::string_view text) {
+    text = text.substr(0, text.find('\0'));
+    constexpr std::string_view kBlanks = "        ";  // Fields are padded, most by far more.
+    while (text.ends_with(kBlanks)) text.remove_suffix(kBlanks.size());
+    while (text.ends_with(' ')) text.remove_suffix(1);
+    return text;
+}
 
 }  // namespace
 
@@ -24,13 +33,8 @@ bool IsAscii(std::string_view bytes) {
         std::memcpy(&word, bytes.data() + at, sizeof word);
         if ((word & 0x8080808080808080U) != 0) return false;
     }
-    for (; at < bytes.size(); ++at)
-        if (static_cast<unsigned char>(bytes[at]) >= 0x80) return false;
-    return true;
-}
-
-bool IsUtf8(std::string_view bytes) {
-    return simdjson::validate_utf8(bytes.substr(0, WholeCharacters(bytes)));
+    return std::ranges::none_of(
+        bytes.substr(at), [](char byte) { return (static_cast<unsigned char>(byte) & 0x80) != 0; });
 }
 
 std::string PrintableAscii(std::string bytes) {
@@ -39,83 +43,56 @@ std::string PrintableAscii(std::string bytes) {
     return bytes;
 }
 
-void TextDecoder::Closer::operator()(UConverter* converter) const {
-    ucnv_close(converter);
-}
-
 std::shared_ptr<const TextDecoder> TextDecoder::Make(const std::string& encoding) {
     if (encoding.empty()) return nullptr;  // ICU would take the system's own.
     UErrorCode status = U_ZERO_ERROR;
-    UConverter* converter = ucnv_open(encoding.c_str(), &status);
+    std::shared_ptr<UConverter> converter(ucnv_open(encoding.c_str(), &status), ucnv_close);
     if (U_FAILURE(status)) return nullptr;
-    return std::shared_ptr<const TextDecoder>(new TextDecoder(converter, encoding));
+    return std::shared_ptr<const TextDecoder>(new TextDecoder(std::move(converter), encoding));
 }
 
-TextDecoder::TextDecoder(UConverter* converter, const std::string& encoding)
-    : converter_(converter) {
+TextDecoder::TextDecoder(std::shared_ptr<UConverter> converter, const std::string& encoding)
+    : converter_(std::move(converter)), isUtf8_(ucnv_getType(converter_.get()) == UCNV_UTF8) {
     UErrorCode status = U_ZERO_ERROR;
-    const char* icuName = ucnv_getName(converter, &status);
+    const char* icuName = ucnv_getName(converter_.get(), &status);
     // ICU finds an encoding under a name with any bytes between its letters.
     name_ = IsAscii(encoding) ? encoding : icuName;
     for (const char* standard : {"IANA", "MIME"}) {
         UErrorCode ignored = U_ZERO_ERROR;
         if (const char* name = ucnv_getStandardName(icuName, standard, &ignored)) name_ = name;
     }
-    utf8_ = ucnv_getType(converter) == UCNV_UTF8;
-    singleByte_ =
-        !utf8_ && ucnv_getMaxCharSize(converter) == 1 && ucnv_getMinCharSize(converter) == 1;
-
     std::string printable, decoded;
     for (char letter = ' '; letter <= '~'; ++letter) printable += letter;
-    asciiBased_ = DecodeByIcu(printable, decoded) && decoded == printable;
-    if (singleByte_) FillTable();
-}
-
-TextDecoder::~TextDecoder() = default;
-
-void TextDecoder::FillTable() {
-    for (std::size_t byte = 0; byte < table_.size(); ++byte) {
-        const char letter = static_cast<char>(byte);
-        // Some old code pages turn control characters about; here they stay what they are.
-        if (asciiBased_ && byte < 0x80)
-            table_[byte] = letter;
-        else
-            DecodeByIcu({&letter, 1}, table_[byte]);
-    }
+    isAsciiBased_ = Convert(printable, decoded) && decoded == printable;
 }
 
 bool TextDecoder::Decode(std::string_view bytes, std::string& text) const {
-    if (asciiBased_ && IsAscii(bytes)) {
-        text.append(bytes);
-        return true;
-    }
-    if (utf8_) return DecodeUtf8(bytes, text);
-    if (!singleByte_) return DecodeByIcu(bytes, text);
-    bool clean = true;
-    for (const char letter : bytes) {
-        const std::string& decoded = table_[static_cast<unsigned char>(letter)];
-        clean = clean && decoded != kReplacement;
-        text += decoded;
-    }
-    return clean;
+    const bool isPlain = isUtf8_ ? simdjson::validate_utf8(bytes) : isAsciiBased_ && IsAscii(bytes);
+    if (!isPlain) return Convert(bytes, text);
+    text.append(bytes);
+    return true;
 }
 
-bool TextDecoder::DecodeUtf8(std::string_view bytes, std::string& text) const {
-    bytes = bytes.substr(0, WholeCharacters(bytes));
-    if (simdjson::validate_utf8(bytes)) {
-        text.append(bytes);
-        return true;
-    }
-    icu::UnicodeString::fromUTF8({bytes.data(), static_cast<std::int32_t>(bytes.size())})
-        .toUTF8String(text);
-    return false;
+bool TextDecoder::DecodePadded(std::string_view bytes, std::string& text) const {
+    if (isAsciiBased_) return Decode(WithoutPadding(bytes), text);
+    const bool isClean = Decode(bytes, text);
+    text.resize(WithoutPadding(text).size());
+    return isClean;
 }
 
-bool TextDecoder::DecodeByIcu(std::string_view bytes, std::string& text) const {
-    UErrorCode status = U_ZERO_ERROR;
+bool TextDecoder::Convert(std::string_view bytes, std::string& text) const {
     ucnv_reset(converter_.get());
-    const icu::UnicodeString wide(bytes.data(), static_cast<std::int32_t>(bytes.size()),
-                                  converter_.get(), status);
+    const char* from = bytes.data();
+    icu::UnicodeString wide;
+    std::array<UChar, 256> part{};
+    UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
+    while (status == U_BUFFER_OVERFLOW_ERROR) {
+        status = U_ZERO_ERROR;
+        UChar* to = part.data();
+        ucnv_toUnicode(converter_.get(), &to, part.data() + part.size(), &from,
+                       bytes.data() + bytes.size(), nullptr, 0, &status);
+        wide.append(part.data(), static_cast<std::int32_t>(to - part.data()));
+    }
     wide.toUTF8String(text);
     return U_SUCCESS(status) && wide.indexOf(static_cast<UChar>(0xFFFD)) < 0;
 }

@@ -15,28 +15,17 @@ QString Sized(const QString& type, int length) {
 QString TypeInWords(const DbfField& field) {
     switch (field.kind) {
         case DbfKind::Text:
-        case DbfKind::VarText:
             return Sized("Text", field.length);
         case DbfKind::Number:
             return field.decimals == 0 ? Sized("Number", field.length)
                                        : "Number (" + QString::number(field.length) + "." +
                                              QString::number(field.decimals) + ")";
-        case DbfKind::Integer:
-        case DbfKind::Integer7:
-        case DbfKind::Currency:
-        case DbfKind::Double:
-        case DbfKind::Double7:
-        case DbfKind::DoubleBig:
-            return "Number";
-        case DbfKind::Timestamp:
-            return "Date and time";
         case DbfKind::Date:
             return "Date";
         case DbfKind::Logical:
             return "Yes or no";
         case DbfKind::Memo:
             return "Memo, not read";
-        case DbfKind::System:
         case DbfKind::Unknown:
             break;
     }
