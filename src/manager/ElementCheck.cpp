@@ -5,6 +5,7 @@
 #include "manager/SeriesLink.h"
 #include "model/GeneralFunctions.h"
 #include "model/Paths.h"
+#include "model/Settings.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
@@ -49,8 +50,11 @@ struct StoredSource {
 // Follows the stored link from section to template to frame.
 void CheckLink(const SiblingObjects& siblings, const StoredSource& stored, ElementCheck& check) {
     const auto& [linked, section, templateKey, frameName, database] = stored;
+    if (section.empty() || section == kNoSelection) {
+        check.findings.emplace_back("No section of the map book is chosen for the link.");
+        return;
+    }
     auto& book = *siblings.mapBook;
-
     check.sectionKeys = book.SectionKeys(book.SectionBook(section));
     if (!Holds(check.sectionKeys, section)) {
         check.findings.push_back("The linked section \"" + section + "\" is not in the map book.");

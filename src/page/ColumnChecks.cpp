@@ -44,35 +44,26 @@ host::MessageBoxRequest ColumnsTooWide() {
 
 using Form = frmGazetteerPropertyPage;
 
-void Form::cmdExpression_Click() try {
-    if (populating_) return;
-    const bool linked = IsLinkedInFact();
+void Form::cmdExpression_Click() {
+    const bool linked = link_.IsInForce();
     auto table = listingTable_;
     if (linked && ui_->optColumnSource_1->isChecked()) {
-        auto& series = *siblings_.seriesManager;
-        series.ClearFrame();
-        table = series.IsSeriesFrame(mapFrame_) ? OpenIndexLayer() : nullptr;
+        table = link_.IsSeriesFrame() ? link_.OpenIndexLayer() : nullptr;
         if (!table) {
             host_->Dialogs().MessageBox(IndexLayerOutOfReach());
             return;
         }
     }
     // The form may be emptied while the dialog is open.
-    const auto engine = siblings_.expressionEngine;
+    const auto engine = expressionEngine_;
     const std::string edited =
         engine->EditExpression(table, ShownText(*this, "txtExpression"), Tokens(linked));
     if (!edited.empty()) ShowText(*this, "txtExpression", edited);
-} catch (...) {
-    ShowAtTop(host_->Dialogs(), "cmdExpression_Click", kFormLabel);
 }
 
-// Null where the selected frame has no index layer.
-host::Ref<host::IHostTable> Form::OpenIndexLayer() {
-    auto& series = *siblings_.seriesManager;
-    if (!series.HasIndexLayer(mapFrame_)) return nullptr;
-    series.ClearFrame();
-    series.SetFrame(mapFrame_);
-    return series.IndexLayer()->Table();
+void Form::CheckColumns() {
+    CheckColumnExpressions(false);
+    CheckColumnSizing(false);
 }
 
 // Nothing else needs the index layer, which may be out of reach.
@@ -84,17 +75,20 @@ bool Form::AnyColumnFromIndexLayer() const {
 }
 
 // The link counts as it was when the page was opened: a column that is switched to the index layer
-// under a new link stays invalid until the page is opened again.
+// under a new link stays invalid until the page is opened again. A check that fails leaves the
+// verdict as it was.
 void Form::CheckColumnExpressions(bool ShowMessage) try {
-    expressionsValid_ = false;
-    if (!haveDatabase_) return;
+    if (!haveDatabase_) {
+        expressionsValid_ = false;
+        return;
+    }
     ExpressionTables tables{OpenTableFile(*host_, ShownText(*this, "txtDatabaseFile")), nullptr};
-    siblings_.expressionEngine = host_->NewExpressionEngine();
-    if (fields_.linkToMapSeries && haveMapSeriesFrame_ && AnyColumnFromIndexLayer())
-        tables.indexLayer = OpenIndexLayer();
+    expressionEngine_ = host_->NewExpressionEngine();
+    if (fields_.linkToMapSeries && link_.HaveFrame() && AnyColumnFromIndexLayer())
+        tables.indexLayer = link_.OpenIndexLayer();
     Findings findings;
     expressionsValid_ =
-        JudgeColumnExpressions(*siblings_.expressionEngine, host_->Locale(),
+        JudgeColumnExpressions(*expressionEngine_, host_->Locale(),
                                {fields_.columnNames, fields_.columnsProperties}, tables, findings);
     if (ShowMessage && !expressionsValid_) host_->Dialogs().MessageBox(ExpressionsInvalid());
 } catch (...) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "support/Conversions.h"
 #include "support/Text.h"
 
 namespace gazetteer {
@@ -29,6 +30,20 @@ std::string DatabasePath(const std::string& category, const std::string& fullNam
     // A connection to the root of a drive ends in a backslash of its own.
     if (isConnection && !fullName.starts_with("\\\\")) path = ReplaceAll(path, "\\\\", "\\");
     return path;
+}
+
+std::string PickListingDatabase(host::IHost& host) {
+    const auto dialog = host.NewObjectDialog();
+    dialog->SetObjectFilter(host.NewTableFilter());
+    dialog->SetAllowMultiSelect(false);
+    dialog->SetTitle("Output Table");
+    host::Ref<host::IHostObjectSelection> selection;
+    bool accepted = false;
+    dialog->DoModal(host.NewApplication()->WindowHandle(), selection, accepted);
+    if (!accepted) return {};
+    Require<host::IHostObjectSelection>(selection)->Reset();
+    const auto object = Require<host::IHostCatalogObject>(selection->Next());
+    return DatabasePath(object->Category(), object->FullName(), dialog->Name());
 }
 
 }  // namespace gazetteer

@@ -6,6 +6,7 @@
 
 #include "host/Failure.h"
 #include "model/Keys.h"
+#include "model/Lengths.h"
 #include "page/ControlValues.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
@@ -13,50 +14,58 @@
 namespace gazetteer {
 namespace {
 
+template <class Field>
 struct Binding {
-    const char* key;
+    Field field;
     const char* control;
+    const char* event = "Click";
 };
+
+constexpr char kChange[] = "Change";
 
 // The keys of the listing database, of the link to a map series frame and of the column lists are
 // no entries: they follow rules of their own.
-constexpr std::array kGazetteerControls = {
-    Binding{"DisplayLeftToRight", "OptDisplayDirection"},
-    Binding{"SortColumns", "chkSortIndex"},
-    Binding{"SortAscending", "OptSortOrder"},
-    Binding{"RepeatColumns", "chkMultipleColumnGroups"},
-    Binding{"RepeatSpacing", "txtGroupSpacing"},
-    Binding{"DefaultPage", "txtDefaultPage"},
-    Binding{"CombineListings", "chkCombineListings"},
-    Binding{"CombineWithNewLine", "optCombineListings"},
-    Binding{"CombineDelimeter", "txtCombineDelimeter"},
-    Binding{"CombineFirstAndLast", "ChkCombineFirstAndLast"},
-    Binding{"ClearRepeatingText", "ChkClearRepeatingText"},
-    Binding{"AddStartingBreak", "ChkAddStartingBreak"},
-    Binding{"AutoRefreshListings", "chkAutoRefreshListings"},
-    Binding{"SamplePage", "chkSamplePage"},
-};
+constexpr auto ControlsOf(const Settings&) {
+    return std::to_array<Binding<SettingsField>>({
+        {&Settings::displayLeftToRight, "OptDisplayDirection"},
+        {&Settings::sortColumns, "chkSortIndex"},
+        {&Settings::sortAscending, "OptSortOrder"},
+        {&Settings::repeatColumns, "chkMultipleColumnGroups"},
+        {&Settings::repeatSpacing, "txtGroupSpacing", kChange},
+        {&Settings::defaultPage, "txtDefaultPage", kChange},
+        {&Settings::combineListings, "chkCombineListings"},
+        {&Settings::combineWithNewLine, "optCombineListings"},
+        {&Settings::combineDelimeter, "txtCombineDelimeter", kChange},
+        {&Settings::combineFirstAndLast, "ChkCombineFirstAndLast"},
+        {&Settings::clearRepeatingText, "ChkClearRepeatingText"},
+        {&Settings::addStartingBreak, "ChkAddStartingBreak"},
+        {&Settings::autoRefreshListings, "chkAutoRefreshListings"},
+        {&Settings::samplePage, "chkSamplePage"},
+    });
+}
 
-// All keys of a column but the six symbols and the version.
-constexpr std::array kColumnControls = {
-    Binding{"FromDatabase", "optColumnSource"},
-    Binding{"Expression", "txtExpression"},
-    Binding{"ColorBackground", "chkColumnBackground"},
-    Binding{"AlternateBackground", "chkAlternateBackground"},
-    Binding{"ColumnWidth", "txtColumnWidth"},
-    Binding{"MarginTop", "txtTopMargin"},
-    Binding{"MarginBottom", "txtBottomMargin"},
-    Binding{"MarginLeft", "txtLeftMargin"},
-    Binding{"MarginRight", "txtRightMargin"},
-    Binding{"Alignment", "cmbAlignment"},
-    Binding{"BreakColumn", "chkBreakColumn"},
-    Binding{"BreakHeading", "chkBreakHeader"},
-    Binding{"ShowMissingLetters", "chkMissingHeaders"},
-    Binding{"BreakSpacing", "txtBreakSpacing"},
-    Binding{"Title", "txtColumnTitle"},
-    Binding{"ShowTitle", "chkDisplayTitle"},
-    Binding{"TitleAlignment", "cmbTitleAlignment"},
-};
+// All of a column but the six symbols and the version.
+constexpr auto ControlsOf(const ColumnProperties&) {
+    return std::to_array<Binding<ColumnField>>({
+        {&ColumnProperties::fromDatabase, "optColumnSource"},
+        {&ColumnProperties::expression, "txtExpression", kChange},
+        {&ColumnProperties::colorBackground, "chkColumnBackground"},
+        {&ColumnProperties::alternateBackground, "chkAlternateBackground"},
+        {&ColumnProperties::columnWidth, "txtColumnWidth", kChange},
+        {&ColumnProperties::marginTop, "txtTopMargin", kChange},
+        {&ColumnProperties::marginBottom, "txtBottomMargin", kChange},
+        {&ColumnProperties::marginLeft, "txtLeftMargin", kChange},
+        {&ColumnProperties::marginRight, "txtRightMargin", kChange},
+        {&ColumnProperties::alignment, "cmbAlignment"},
+        {&ColumnProperties::breakColumn, "chkBreakColumn"},
+        {&ColumnProperties::breakHeading, "chkBreakHeader"},
+        {&ColumnProperties::showMissingLetters, "chkMissingHeaders"},
+        {&ColumnProperties::breakSpacing, "txtBreakSpacing", kChange},
+        {&ColumnProperties::title, "txtColumnTitle", kChange},
+        {&ColumnProperties::showTitle, "chkDisplayTitle"},
+        {&ColumnProperties::titleAlignment, "cmbTitleAlignment", kChange},
+    });
+}
 
 template <class T>
 constexpr bool kIsNumber = std::is_same_v<T, double> || std::is_same_v<T, std::int32_t>;
@@ -82,6 +91,7 @@ std::optional<T> NumberIn(std::string text, host::IHostLocale& locale) {
     text = WithoutOuterBlanks(text);
     const auto number = locale.ParseNumber(text);
     if (!number) return std::nullopt;
+    if (std::is_same_v<T, double> && !IsLength(*number)) return std::nullopt;
     try {
         return ValueAs<T>(*number, locale);
     } catch (const host::Failure&) {
@@ -100,44 +110,34 @@ T ReadControl(const QWidget& form, host::IHostLocale& locale, const char* contro
         return ShownText(form, control);
 }
 
-template <class Record, class Find>
-void FillAll(const QWidget& form, host::IHostLocale& locale, const auto& bindings, Find find,
-             const Record& record) {
-    for (const Binding& binding : bindings)
-        std::visit([&](auto field) { FillControl(form, locale, binding.control, record.*field); },
-                   find(binding.key)->field);
-}
-
-template <class Record, class Find>
-void ReadAll(const QWidget& form, host::IHostLocale& locale, const auto& bindings, Find find,
-             Record& record) {
-    const Record defaults;
-    for (const Binding& binding : bindings)
-        std::visit(
-            [&](auto field) {
-                using Value = std::remove_reference_t<decltype(record.*field)>;
-                if constexpr (kIsShown<Value>)
-                    record.*field = ReadControl(form, locale, binding.control, defaults.*field);
-            },
-            find(binding.key)->field);
-}
-
 }  // namespace
 
-void FormControls::Fill(const Settings& settings) {
-    FillAll(form_, locale_, kGazetteerControls, FindPropertyKey, settings);
+template <class Record>
+void FormControls<Record>::Fill(const Record& record) {
+    for (const auto& binding : ControlsOf(record))
+        std::visit([&](auto field) { FillControl(form_, locale_, binding.control, record.*field); },
+                   binding.field);
 }
 
-void FormControls::Read(Settings& settings) const {
-    ReadAll(form_, locale_, kGazetteerControls, FindPropertyKey, settings);
+template <class Record>
+void FormControls<Record>::Read(Record& record) const {
+    const Record defaults;
+    for (const auto& binding : ControlsOf(record))
+        std::visit(
+            [&](auto field) {
+                if constexpr (kIsShown<std::remove_reference_t<decltype(record.*field)>>)
+                    record.*field = ReadControl(form_, locale_, binding.control, defaults.*field);
+            },
+            binding.field);
 }
 
-void FormControls::Fill(const ColumnProperties& column) {
-    FillAll(form_, locale_, kColumnControls, FindColumnKey, column);
+template <class Record>
+void FormControls<Record>::Connect(FormEvents& events, const FormEvents::Handler& handler) const {
+    for (const auto& binding : ControlsOf(Record()))
+        events.Connect(std::string(binding.control) + '_' + binding.event, handler);
 }
 
-void FormControls::Read(ColumnProperties& column) const {
-    ReadAll(form_, locale_, kColumnControls, FindColumnKey, column);
-}
+template class FormControls<Settings>;
+template class FormControls<ColumnProperties>;
 
 }  // namespace gazetteer

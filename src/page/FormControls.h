@@ -3,25 +3,25 @@
 #include <QWidget>
 
 #include "host/Locale.h"
-#include "model/ColumnProperties.h"
-#include "model/Settings.h"
+#include "page/FormEvents.h"
 
 namespace gazetteer {
 
-/// The controls that show one key each: of the gazetteer, and of the open column. Which control
-/// shows which key is said once, in the tables of the implementation; filling and reading walk
-/// them. Numbers are shown as their shortest text. A text that is no number, or none that fits, is
-/// read as the key's default; the box keeps what was typed.
+/// The controls that show one value each of a record: of the gazetteer (Settings) or of the open
+/// column (ColumnProperties). Which control shows which value is said once, in the tables of the
+/// implementation; filling, reading and the events walk them. Numbers are shown as their shortest
+/// text. A text that is no number, or none that fits, is read as the value's default; the box keeps
+/// what was typed.
+template <class Record>
 class FormControls {
 public:
     /// Both must outlive this.
     FormControls(QWidget& form, host::IHostLocale& locale) : form_(form), locale_(locale) {}
 
-    void Fill(const Settings& settings);
-    void Read(Settings& settings) const;
-
-    void Fill(const ColumnProperties& column);
-    void Read(ColumnProperties& column) const;
+    void Fill(const Record& record);
+    void Read(Record& record) const;
+    /// Calls the handler for every edit.
+    void Connect(FormEvents& events, const FormEvents::Handler& handler) const;
 
 private:
     QWidget& form_;

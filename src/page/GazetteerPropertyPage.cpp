@@ -147,9 +147,9 @@ void GazetteerPropertyPage::Hide() try {
 }
 
 void GazetteerPropertyPage::Apply() try {
-    const auto frame = Require<host::IHostFrameElement>(element_);
     const auto working = Require<host::IHostPropertySet>(Form().GazetteerProperties());
     SetGazetteerProperties(*host_, element_, CopySet(*host_, working));
+    const auto frame = Require<host::IHostFrameElement>(element_);
     CVNGazetteerManager manager(host_);
     manager.SetIndexElement(element_);
     if (manager.CanDrawIndex(element_)) {

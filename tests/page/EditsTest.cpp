@@ -1,7 +1,9 @@
 // Single controls: filling changes nothing, and each edit stores what it should.
 
+#include "desk/objects/Elements.h"
 #include "desk/window/ObjectSet.h"
 #include "manager/CVNGazetteerManager.h"
+#include "model/GeneralFunctions.h"
 #include "model/Keys.h"
 #include "page/DatabasePath.h"
 #include "page/PageStory.h"
@@ -87,8 +89,9 @@ TEST_F(Edits, AClickTurnsItsKeyOver) {
 
 TEST_F(Edits, TypedNumbersAreStoredOrTheirDefaults) {
     const std::pair<const char*, std::optional<double>> texts[] = {
-        {"1.25", 1.25}, {"-0.5", -0.5}, {"+3", 3}, {" 2 ", 2}, {"1e2", 100},
-        {"abc", {}},    {"1.2.3", {}},  {"", {}},  {"$5", {}}, {"1e999", {}}};
+        {"1.25", 1.25},  {"-0.5", -0.5}, {"+3", 3},     {" 2 ", 2},
+        {"-1e3", -1000}, {"abc", {}},    {"1.2.3", {}}, {"", {}},
+        {"$5", {}},      {"1e999", {}},  {"1e300", {}}, {"-1000.1", {}}};
     const struct {
         const char* control;
         const char* key;
@@ -142,17 +145,37 @@ TEST_F(Edits, ToAllMovesItsKeysAlone) {
     EXPECT_EQ(ColumnValue("Page", "AlternateBackground"), host::Variant(true));
 }
 
-TEST_F(Edits, AnOldSetOpensWithTheNewerOptionsOff) {
-    const auto newer = {"SamplePage", "ClearRepeatingText", "AddStartingBreak",
-                        "CombineFirstAndLast"};
-    for (const char* key : newer) Stored()->RemoveItem(key);
-    Stored()->SetItem("Version", std::int16_t{1});
-    OpenSheet();
-    EXPECT_EQ(Told(), Texts{});
-    Click("chkSortIndex");
-    EXPECT_EQ(Value("Version"), host::Variant(std::int16_t{3}));
-    for (const char* key : newer) EXPECT_EQ(Value(key), host::Variant(false)) << key;
+// Options that a set does not tell of are off in an old one, and else what they are by default.
+TEST_F(Edits, ASetOfAnyVersionOpens) {
+    using gazetteer::Settings;
+    const std::pair<const char*, bool Settings::*> newer[] = {
+        {"SamplePage", &Settings::samplePage},
+        {"ClearRepeatingText", &Settings::clearRepeatingText},
+        {"AddStartingBreak", &Settings::addStartingBreak},
+        {"CombineFirstAndLast", &Settings::combineFirstAndLast}};
+    for (const auto& [key, option] : newer) Stored()->RemoveItem(key);
+    for (const auto version : {std::int16_t{1}, std::int16_t{9}}) {
+        Stored()->SetItem("Version", version);
+        OpenSheet();
+        EXPECT_EQ(Told(), Texts{});
+        Click("chkSortIndex");
+        EXPECT_EQ(Value("Version"), host::Variant(std::int16_t{3}));
+        for (const auto& [key, option] : newer)
+            EXPECT_EQ(Value(key), host::Variant(version == 9 && Settings().*option)) << key;
+    }
 }
+
+class GroupWithoutFrame final : public desk::ElementBase<host::IHostGroupElement> {
+public:
+    host::Ref<host::IHostGeometry> Geometry() const override { return nullptr; }
+    void SetGeometry(const host::Ref<host::IHostGeometry>&) override {}
+    void MeasureBounds(const host::Ref<host::IHostDisplay>&,
+                       const host::Ref<host::IHostEnvelope>&) override {}
+    std::int32_t Count() const override { return 0; }
+    host::Ref<host::IHostElement> Item(std::int32_t) const override { return nullptr; }
+    void Add(const host::Ref<host::IHostElement>&) override {}
+    void Remove(const host::Ref<host::IHostElement>&) override {}
+};
 
 // Other orders of calls than the host's, and objects that are not there, end in a message at most.
 TEST_F(Edits, OddCallsDoNoHarm) {
@@ -183,6 +206,15 @@ TEST_F(Edits, OddCallsDoNoHarm) {
     page.Deactivate();
     page.Hide();
     EXPECT_EQ(Told(), Texts(4, "Unexpected Program Error"));
+
+    const auto group = std::make_shared<GroupWithoutFrame>();
+    gazetteer::SetGazetteerProperties(desk_.Host(), group,
+                                      gazetteer::NewGazetteerProperties(desk_.Host()));
+    const auto before = desk_.Properties(group);
+    page.SetObjects(set({group}));
+    page.Apply();
+    EXPECT_NE(desk_.Properties(group), before) << "it is stored before a frame is needed";
+    Told();
 
     gazetteer::GazetteerPropertyPage empty(desk_.HostRef());
     empty.Apply();

@@ -96,7 +96,10 @@ TEST_F(Repairs, ADatabaseThatGoesWhileThePageIsOpen) {
     EXPECT_EQ(Told(), Texts{"Unexpected Program Error"});
     EXPECT_EQ(Dump(*Stored()), before);
 
+    Type("txtColumnTitle", "Where");
+    EXPECT_EQ(ColumnValue("Page", "Title"), host::Variant("Where")) << "the selected column";
     Type("txtGroupSpacing", "0.3");
+    EXPECT_EQ(Value("CanDrawIndex"), host::Variant(true)) << "there is no new verdict";
     Press(QDialogButtonBox::Apply);
     EXPECT_EQ(Told(), Texts{"Properties Incomplete"});
     EXPECT_TRUE(IsDraft());
@@ -130,6 +133,28 @@ TEST_F(Repairs, ThePageOpensOnWhatIsBroken) {
     Press(QDialogButtonBox::Ok);
     EXPECT_EQ(Told(), Texts{});
     EXPECT_EQ(DrawnListings(), Texts{"Fir St"});
+}
+
+TEST_F(Repairs, AColumnThatCannotBeReadIsLeftAlone) {
+    Open();
+    SelectRow("lstListingColumns", 0);
+    EXPECT_FALSE(Page().IsPageDirty()) << "the column was open";
+    desk_.Column(element_, "Page")->RemoveItem("Alignment");
+    OpenSheet();
+    const auto& editors = Control("SSTabColumnProps");
+    const std::string before = Dump(*desk_.Column(element_, "Listing"));
+    for (int click = 0; click < 2; ++click) {
+        SelectRow("lstListingColumns", 1);
+        EXPECT_EQ(Told(), Texts{"Unexpected Program Error"}) << "each click tries it again";
+        EXPECT_FALSE(editors.isEnabled());
+    }
+    Control<QLineEdit>("txtColumnTitle").setText("of no column");
+    Click("chkSortIndex");
+    SelectRow("lstListingColumns", 0);
+    EXPECT_TRUE(editors.isEnabled());
+    EXPECT_EQ(Control<QLineEdit>("txtColumnTitle").text(), "Listing");
+    const auto columns = TestDesk::SetIn(*Working(), "ColumnsProperties");
+    EXPECT_EQ(Dump(*TestDesk::SetIn(*columns, "Listing")), before);
 }
 
 TEST_F(Repairs, ATableWithoutPageIsRefused) {

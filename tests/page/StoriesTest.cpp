@@ -19,6 +19,8 @@ TEST_F(Stories, ANewGazetteerGetsItsDatabaseAndIsApplied) {
     OpenSheet();
     EXPECT_EQ(RowsOf("lstListingColumns"), Texts{});
     EXPECT_FALSE(Control("SSTabColumnProps").isEnabled());
+    Click("cmdRemove");
+    EXPECT_EQ(Told(), Texts{"Can't Remove!"});
     PickDatabase(table);
     EXPECT_EQ(RowsOf("lstListingColumns"), (Texts{"Listing", "Page"}));
     EXPECT_EQ(RowsOf("lstSortOrder"), (Texts{"Listing", "Page"}));
@@ -45,6 +47,8 @@ TEST_F(Stories, PagesAreCorrectedThroughTheLink) {
     EXPECT_FALSE(indexLayerOption.isEnabled());
     Click("chkLinkToMapSeriesFrame");
     EXPECT_FALSE(indexLayerOption.isEnabled());
+    Press(QDialogButtonBox::Apply);
+    EXPECT_EQ(Told(), Texts{"Properties Incomplete"}) << "no section is chosen yet";
     LinkToMainMap();
     EXPECT_TRUE(indexLayerOption.isEnabled());
     EXPECT_EQ(Value("MapSeriesSectionKey"), host::Variant("maps"));
@@ -62,10 +66,11 @@ TEST_F(Stories, PagesAreCorrectedThroughTheLink) {
     EXPECT_EQ(Value("MapSeriesTemplateKey"), host::Variant(""));
     Choose("cmbSection", "<None>");
     EXPECT_EQ(Value("MapSeriesSectionKey"), host::Variant(""));
+    Press(QDialogButtonBox::Apply);
     LinkToMainMap();
     Choose("cmbSection", "Back matter");
     Press(QDialogButtonBox::Apply);
-    EXPECT_EQ(Told(), Texts{"Properties Incomplete"});
+    EXPECT_EQ(Told(), Texts(2, "Properties Incomplete"));
     EXPECT_TRUE(IsDraft());
     EXPECT_EQ(DrawnListings(), Texts{});
 }
@@ -94,11 +99,15 @@ TEST_F(Stories, ColumnsAreAddedRemovedAndReordered) {
 
     SelectRow("lstListingColumns", 3);
     Type("txtColumnTitle", "to be gone");
+    Type("txtColumnWidth", "9");
+    for (const int row : {2, 3}) SelectRow("lstListingColumns", row);
+    EXPECT_EQ(Value("CanDrawIndex"), host::Variant(false)) << "too wide";
     desk_.Dialogs().answer = host::MessageAnswer::No;
     Click("cmdRemove");
     EXPECT_EQ(RowsOf("lstListingColumns").size(), 4U);
     desk_.Dialogs().answer = host::MessageAnswer::Yes;
     Click("cmdRemove");
+    EXPECT_EQ(Value("CanDrawIndex"), host::Variant(true));
     EXPECT_EQ(Control<QLineEdit>("txtColumnTitle").text(), "Listing");
     for (const char* set :
          {"ColumnNames", "ColumnsProperties", "ColumnDisplayOrder", "ColumnSortOrder"})

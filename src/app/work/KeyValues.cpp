@@ -1,18 +1,15 @@
 #include "app/work/KeyValues.h"
 
 #include <charconv>
-#include <cmath>
 
 #include "app/work/Errors.h"
 #include "app/work/SymbolValues.h"
+#include "model/Lengths.h"
 
 namespace app {
 namespace {
 
 using gazetteer::ValueKind;
-
-// Inches: five of the largest sheets. All decimal numbers of a gazetteer are lengths.
-constexpr double kLongest = 1000;
 
 [[noreturn]] void FailForm(const std::string& key, const std::string& value, const char* form) {
     throw UsageError(key + "=" + Shown(value) + ": the value must be " + form + ".");
@@ -59,7 +56,7 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
         case ValueKind::Double: {
             const auto number = ParseDecimal(value);
             if (!number) FailForm(key, value, "a decimal number such as 1.75");
-            if (std::abs(*number) > kLongest)
+            if (!gazetteer::IsLength(*number))
                 FailForm(key, value, "a number of inches from -1000 to 1000");
             return *number;
         }

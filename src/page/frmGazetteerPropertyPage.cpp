@@ -1,0 +1,188 @@
+#include "page/frmGazetteerPropertyPage.h"
+
+#include <QEvent>
+#include <utility>
+
+#include "model/Edit.h"
+#include "model/Paths.h"
+#include "model/Results.h"
+#include "page/ControlValues.h"
+#include "page/FormPictures.h"
+#include "page/FormSizing.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+#include "ui_frmGazetteerPropertyPage.h"
+
+namespace gazetteer {
+namespace {
+
+const std::vector<std::string> kAlignments = {"Left", "Center", "Right", "Justify"};
+
+std::unique_ptr<Ui::frmGazetteerPropertyPage> SetUp(QWidget& form) {
+    LoadFormPictures();
+    auto ui = std::make_unique<Ui::frmGazetteerPropertyPage>();
+    ui->setupUi(&form);
+    return ui;
+}
+
+}  // namespace
+
+using Form = frmGazetteerPropertyPage;
+
+Form::frmGazetteerPropertyPage(host::Ref<host::IHost> host)
+    : host_(std::move(host)),
+      ui_(SetUp(*this)),
+      events_(*this, *host_),
+      controls_(*this, host_->Locale()),
+      link_(*host_, *ui_, events_, [this] { UpdateProperties(); }),
+      editors_(*this, *host_, events_, fields_, [this] { UpdateProperties(); }) {
+    ConnectEvents();
+    ReleaseObjects();
+    Form_Load();
+}
+
+Form::~frmGazetteerPropertyPage() = default;
+
+// The events of the link and of the column's editors are connected by these.
+void Form::ConnectEvents() {
+    controls_.Connect(events_, [this] { UpdateProperties(); });
+    events_.Connect("cmdSetNewFileName_Click", [this] { cmdSetNewFileName_Click(); });
+    events_.Connect("txtDatabaseFile_Change", [this] { txtDatabaseFile_Change(); });
+    events_.Connect("cmdExpression_Click", [this] { cmdExpression_Click(); });
+    events_.Connect("cmdAdd_Click", [this] { cmdAdd_Click(); });
+    events_.Connect("cmdRemove_Click", [this] { cmdRemove_Click(); });
+    events_.Connect("lstSortOrder_ItemCheck", [this] { lstSortOrder_ItemCheck(); });
+    // The column that is open has nothing to take over from a press on its row.
+    events_.Connect("lstListingColumns_Click", [this] {
+        if (SelectedText(*ui_->lstListingColumns) != editors_.CurrentColumn())
+            lstListingColumns_Click();
+    });
+    constexpr std::pair<const char*, Movement> kMovements[] = {{"Up_Click", Movement::Up},
+                                                               {"Down_Click", Movement::Down},
+                                                               {"Top_Click", Movement::Top},
+                                                               {"Bottom_Click", Movement::Bottom}};
+    for (const auto& [event, movement] : kMovements) {
+        events_.Connect(std::string("cmdOrder") + event,
+                        [this, to = movement] { RearrangeColumnOrder(to); });
+        events_.Connect(std::string("cmdSort") + event,
+                        [this, to = movement] { RearrangeSortOrder(to); });
+    }
+    events_.RequireAllBut({"cmdRename", "lstDisplayOrder"});
+}
+
+void Form::Form_Load() try { FitFormToTabs(*this); } catch (...) {
+    ShowAtTop(host_->Dialogs(), "Form_Load", kFormLabel);
+}
+
+void Form::Form_Activate() try {
+    ReleaseObjects();
+    const auto properties = Require<host::IHostPropertySet>(properties_);
+    ReadSettings(*properties, host_->Locale(), fields_, SettingsScope::Edit);
+    fields_.columnsProperties = CopySet(*host_, fields_.columnsProperties);
+    PopulateForm();
+    events_.SetPopulating(false);
+    SetFilled(true);
+    if (ui_->lstListingColumns->count() > 0) lstListingColumns_Click();
+    ui_->SSTabGazetteerProperties->setCurrentIndex(0);
+    ui_->SSTabColumnProps->setCurrentIndex(0);
+    update();
+} catch (...) {
+    // Whatever is on show then is not to be edited: populating stays until the next activation.
+    ShowAtTop(host_->Dialogs(), "Form_Activate", kFormLabel);
+}
+
+void Form::Form_Deactivate() try { ReleaseObjects(); } catch (...) {
+    ShowAtTop(host_->Dialogs(), "Form_Deactivate", kFormLabel);
+}
+
+void Form::Form_Unload() try {
+    ReleaseObjects();
+    pageSite_ = nullptr;
+} catch (...) {
+    ShowAtTop(host_->Dialogs(), "Form_Unload", kFormLabel);
+}
+
+// What does not show the working copy cannot be worked with.
+void Form::SetFilled(bool filled) {
+    filled_ = filled;
+    ui_->SSTabGazetteerProperties->setEnabled(filled);
+}
+
+// Everything that comes back from the working copy at the next activation.
+void Form::ReleaseObjects() {
+    SetFilled(false);
+    events_.SetPopulating(true);
+    link_.Release();
+    editors_.Close();
+    expressionEngine_ = nullptr;
+    listingTable_ = nullptr;
+    for (const auto set : {&Settings::columnNames, &Settings::columnsProperties,
+                           &Settings::columnDisplayOrder, &Settings::columnSortOrder})
+        fields_.*set = host_->NewPropertySet();
+    haveDatabase_ = expressionsValid_ = sizingValid_ = false;
+}
+
+void Form::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    const auto type = event->type();
+    if (type == QEvent::FontChange || type == QEvent::StyleChange) Form_Load();
+}
+
+void Form::PopulateForm() try {
+    const auto siblings = SiblingObjects::Create(*host_);
+    expressionEngine_ = siblings.expressionEngine;
+    link_.Fill(siblings, fields_);
+    PopulateDatabase();
+    FillList(*ui_->cmbAlignment, kAlignments);
+    FillList(*ui_->cmbTitleAlignment, kAlignments);
+    PopulateLists();
+    controls_.Fill(fields_);
+    CheckColumnExpressions(true);
+    CheckColumnSizing(true);
+} catch (...) {
+    PassOn("PopulateForm", kFormLabel);
+}
+
+// A database that is gone is no failure: the box stays empty. One that is there but cannot be
+// opened is told of, and then counts as gone, so that another one can be chosen.
+void Form::PopulateDatabase() {
+    const std::string& path = fields_.indexDatabaseFile;
+    ShowText(*this, "txtDatabaseFile", "");
+    if (path.empty() || !host_->FileExists(path)) return;
+    try {
+        listingTable_ = OpenTableFile(*host_, path);
+        haveDatabase_ = true;
+        ShowText(*this, "txtDatabaseFile", path);
+    } catch (...) {
+        ShowAtTop(host_->Dialogs(), "PopulateForm", kFormLabel);
+    }
+}
+
+void Form::PopulateLists() {
+    FillList(*ui_->lstListingColumns, NamesOf(*fields_.columnNames));
+    FillList(*ui_->lstDisplayOrder, NamesOf(*fields_.columnDisplayOrder));
+    FillCheckedList(*ui_->lstSortOrder, *fields_.columnSortOrder);
+}
+
+// The sets of columns stand in the fields; everything else is what the controls show. The results
+// of the last run and the verdict are written anew.
+void Form::UpdateProperties() try {
+    if (events_.IsPopulating()) return;
+    Settings edited = fields_;
+    controls_.Read(edited);
+    link_.Read(edited);
+    edited.indexDatabaseFile = ShownText(*this, "txtDatabaseFile");
+    StoreEdit(*host_, edited, CanDrawIndex(), *Require<host::IHostPropertySet>(properties_));
+    isPageDirty_ = true;
+    if (pageSite_) pageSite_->PageChanged();
+    // An edit takes the element out of draft state, so that the next apply decides afresh.
+    Require<host::IHostFrameElement>(element_)->SetDraft(false);
+} catch (...) {
+    PassOn("UpdateProperties", kFormLabel);
+}
+
+bool Form::CanDrawIndex() const {
+    return haveDatabase_ && expressionsValid_ && sizingValid_ && link_.IsComplete();
+}
+
+}  // namespace gazetteer
