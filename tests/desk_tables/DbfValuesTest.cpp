@@ -36,11 +36,14 @@ const std::vector<ValueCase> kValues = {
     {{"F", 'N', 4}, Text(4, '\0'), Null{}},
     {{"F", 'N', 5}, "*****", Null{}, true},
     {{"F", 'N', 5}, "nan", Null{}, true},
+    {{"F", 'N', 11}, "-2147483648", -2147483647 - 1},
     {{"F", 'N', 5}, "-", Null{}, true},
     {{"F", 'N', 1}, "+", Null{}, true},
     {{"F", 'C', 10}, "  a b   ", Text("  a b")},
     {{"F", 'C', 10}, Text("ab\0cd", 5), Text("ab")},
     {{"F", 'C', 10}, "", Text()},
+    // The high byte of a text's length stands where other fields have their decimals.
+    {{"F", 'C', 300, 1}, Text(300, 'x'), Text(300, 'x')},
     {{"F", 'D', 8}, "20240229", Text("2024-02-29")},
     {{"F", 'D', 8}, "20230229", Null{}, true},
     {{"F", 'D', 8}, "", Null{}},
@@ -78,6 +81,7 @@ TEST(DbfValues, AreDecoded) {
                                   {0x65, "nonsense", "\x80", "А", "IBM866"},
                                   {0, "", "caf\xE9", "café", "windows-1252"},
                                   // The field's end cut the last character off.
+                                  {0x4D, "", "123456789\xB0", "123456789", "GBK"},
                                   {0, "", "123456\xC3\xA9\xE2\x82", "123456é", "UTF-8"},
                                   {0, "UTF-8", "a\xFF!", "a\uFFFD!", "UTF-8"}};
     for (const EncodingCase& example : cases) {

@@ -62,7 +62,7 @@ std::string EncodingOfNumber(int page) {
     if (page == 65001) return "UTF-8";
     if (page >= 88591 && page <= 88599) return "ISO-8859-" + std::to_string(page - 88590);
     if (page >= 885910 && page <= 885916) return "ISO-8859-" + std::to_string(page - 885900);
-    const std::string name = "windows-" + std::to_string(page);
+    std::string name = "windows-" + std::to_string(page);
     for (const Page& known : kPages)
         if (name == known.encoding) return name;
     return "IBM" + std::to_string(page);

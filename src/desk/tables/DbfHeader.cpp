@@ -4,6 +4,7 @@
 #include <cctype>
 #include <limits>
 #include <optional>
+#include <sstream>
 #include <string_view>
 
 #include "desk/tables/RecordFile.h"
@@ -34,8 +35,15 @@ void PutNumber(std::string& bytes, std::size_t offset, std::size_t count, std::i
     for (; count-- > 0; value /= 256) bytes[offset++] = static_cast<char>(value % 256);
 }
 
-std::string Counted(std::int64_t count, const std::string& noun) {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+template <class... Parts>
+std::string Text(const Parts&... parts) {
+    std::ostringstream text;
+    (text << ... << parts);
+    return text.str();
+}
+
+std::string Counted(std::int64_t count, const char* noun) {
+    return Text(count, ' ', noun, count == 1 ? "" : "s");
 }
 
 /// A file that only chance has brought here has another first byte or no date of its last change.
@@ -44,10 +52,6 @@ bool IsPlausible(std::string_view header) {
         "\x03\x04\x05\x30\x31\x32\x43\x63\x7B\x83\x87\x8B\x8C\x8E\xCB\xE5\xF5\xFB";
     return kVersions.find(header[0]) != std::string_view::npos && Number(header, 2, 1) <= 12 &&
            Number(header, 3, 1) <= 31;
-}
-
-bool IsFlag(std::string_view byte) {
-    return byte == " " || byte == "*";
 }
 
 /// The entry of a field starts with its name and has a letter for its type.
@@ -154,10 +158,13 @@ private:
         return end == file_.Size() || end == file_.Size() - 1;
     }
 
-    /// Records from that number on, up to an end, whose flags are good.
+    /// Records from one on, up to an end, that begin with a flag.
     std::int64_t GoodFlags(const Place& place, std::int64_t from, std::int64_t end) {
         std::int64_t at = from;
-        while (at < end && IsFlag(file_.Bytes(place.start + at * place.length, 1))) ++at;
+        for (; at < end; ++at) {
+            const std::string_view flag = file_.Bytes(place.start + at * place.length, 1);
+            if (flag != " " && flag != "*") break;
+        }
         return at - from;
     }
 
@@ -177,44 +184,41 @@ private:
 
     std::vector<std::string> Warnings(const Place& place, std::int64_t count) {
         std::vector<std::string> warnings;
+        const auto warn = [&](const auto&... parts) { warnings.push_back(Text(parts...)); };
         if (place.start != stated_.start)
-            warnings.push_back("the header says that it is " + std::to_string(stated_.start) +
-                               " bytes long, but the records begin at byte " +
-                               std::to_string(place.start) + "; they were read there.");
+            warn("the header says that it is ", stated_.start,
+                 " bytes long, but the records begin at byte ", place.start,
+                 "; they were read there.");
         const std::int64_t unused = place.length - list_.recordLength;
         if (place.length != stated_.length)
-            warnings.push_back("the header says that a record has " +
-                               std::to_string(stated_.length) + " bytes, but its records have " +
-                               std::to_string(place.length) + "; so they were read.");
+            warn("the header says that a record has ", stated_.length,
+                 " bytes, but its records have ", place.length, "; so they were read.");
         else if (unused > 0)
-            warnings.push_back(Counted(unused, "byte") + " of each record " +
-                               (unused == 1 ? "belongs" : "belong") +
-                               " to no field; values may be cut in the wrong place.");
+            warn(Counted(unused, "byte"), " of each record ", unused == 1 ? "belongs" : "belong",
+                 " to no field; values may be cut in the wrong place.");
         const std::int64_t missing = count_ - count;
         if (missing > 0)
-            warnings.push_back("the header announces " + Counted(count_, "record") +
-                               ", but the file holds " + std::to_string(count) + ": " +
-                               std::to_string(missing) +
-                               (missing == 1 ? " is missing." : " are missing."));
+            warn("the header announces ", Counted(count_, "record"), ", but the file holds ", count,
+                 ": ", missing, missing == 1 ? " is missing." : " are missing.");
         const std::int64_t further =
             GoodFlags(place, count, (dataEnd_ - place.start) / place.length);
         if (further > 0)
-            warnings.push_back(Counted(further, "record") + " beyond the header's count of " +
-                               std::to_string(count_) + " were not read.");
+            warn(Counted(further, "record"), " beyond the header's count of ", count_,
+                 " were not read.");
         return warnings;
     }
 
     std::string Fault() const {
         if (stated_.start > file_.Size()) return "it ends within its header";
         if (stated_.length < list_.recordLength)
-            return "its fields take " + std::to_string(list_.recordLength) +
-                   " bytes, but its header gives a record " + std::to_string(stated_.length);
+            return Text("its fields take ", list_.recordLength,
+                        " bytes, but its header gives a record ", stated_.length);
         if (stated_.start < list_.end)
-            return "its header says that it is " + std::to_string(stated_.start) +
-                   " bytes long, which does not hold its fields";
+            return Text("its header says that it is ", stated_.start,
+                        " bytes long, which does not hold its fields");
         if (file_.Size() - stated_.start < stated_.length)
             return "it announces " + Counted(count_, "record") + " and holds none";
-        return "no records begin where its header says, at byte " + std::to_string(stated_.start);
+        return Text("no records begin where its header says, at byte ", stated_.start);
     }
 
     RecordFile& file_;

@@ -22,8 +22,8 @@ struct Stream {
 /// The table that the library is about to open, since it hands no more than a name to its hook.
 thread_local const Stream* opening = nullptr;
 
-Stream& StreamOf(SAFile file) {
-    return *reinterpret_cast<Stream*>(file);
+Stream& StreamOf(void* file) {
+    return *static_cast<Stream*>(file);
 }
 
 /// The first file is the table, any other is to name its code page and need not be there.

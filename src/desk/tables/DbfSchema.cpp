@@ -1,5 +1,6 @@
 #include "desk/tables/DbfSchema.h"
 
+#include <cstddef>
 #include <string_view>
 
 #include "desk/tables/DbfEncoding.h"
@@ -33,7 +34,7 @@ std::vector<DbfField> ReadFields(DBFHandle library, bool hasLongTexts) {
     std::vector<DbfField> fields;
     std::int32_t offset = 1;
     for (int i = 0; i < DBFGetFieldCount(library); ++i) {
-        const char* const entry = library->pszHeader + XBASE_FLDHDR_SZ * i;
+        const char* const entry = library->pszHeader + std::ptrdiff_t{XBASE_FLDHDR_SZ} * i;
         DbfField field;
         DBFGetFieldInfo(library, i, nullptr, &field.length, &field.decimals);
         // The library's name would end at the zeros in one of two-byte characters.

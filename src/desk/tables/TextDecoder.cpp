@@ -1,11 +1,11 @@
 #include "desk/tables/TextDecoder.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <simdjson.h>
 #include <unicode/ucnv.h>
+#include <unicode/ucnv_err.h>
 #include <unicode/unistr.h>
 #include <utility>
 
@@ -22,6 +22,15 @@ std::string_view WithoutPadding(std::string_view text) {
     while (text.ends_with(kBlanks)) text.remove_suffix(kBlanks.size());
     while (text.ends_with(' ')) text.remove_suffix(1);
     return text;
+}
+
+/// Leaves out a last character that is not complete, and puts U+FFFD for what is wrong.
+void Replace(const void* context, UConverterToUnicodeArgs* args, const char* bytes,
+             std::int32_t length, UConverterCallbackReason reason, UErrorCode* status) {
+    if (*status == U_TRUNCATED_CHAR_FOUND)
+        *status = U_ZERO_ERROR;
+    else
+        UCNV_TO_U_CALLBACK_SUBSTITUTE(context, args, bytes, length, reason, status);
 }
 
 }  // namespace
@@ -47,6 +56,7 @@ std::shared_ptr<const TextDecoder> TextDecoder::Make(const std::string& encoding
     if (encoding.empty()) return nullptr;  // ICU would take the system's own.
     UErrorCode status = U_ZERO_ERROR;
     std::shared_ptr<UConverter> converter(ucnv_open(encoding.c_str(), &status), ucnv_close);
+    ucnv_setToUCallBack(converter.get(), Replace, nullptr, nullptr, nullptr, &status);
     if (U_FAILURE(status)) return nullptr;
     return std::shared_ptr<const TextDecoder>(new TextDecoder(std::move(converter), encoding));
 }
@@ -81,18 +91,10 @@ bool TextDecoder::DecodePadded(std::string_view bytes, std::string& text) const 
 }
 
 bool TextDecoder::Convert(std::string_view bytes, std::string& text) const {
+    UErrorCode status = U_ZERO_ERROR;
     ucnv_reset(converter_.get());
-    const char* from = bytes.data();
-    icu::UnicodeString wide;
-    std::array<UChar, 256> part{};
-    UErrorCode status = U_BUFFER_OVERFLOW_ERROR;
-    while (status == U_BUFFER_OVERFLOW_ERROR) {
-        status = U_ZERO_ERROR;
-        UChar* to = part.data();
-        ucnv_toUnicode(converter_.get(), &to, part.data() + part.size(), &from,
-                       bytes.data() + bytes.size(), nullptr, 0, &status);
-        wide.append(part.data(), static_cast<std::int32_t>(to - part.data()));
-    }
+    const icu::UnicodeString wide(bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                                  converter_.get(), status);
     wide.toUTF8String(text);
     return U_SUCCESS(status) && wide.indexOf(static_cast<UChar>(0xFFFD)) < 0;
 }
