@@ -1,6 +1,6 @@
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
+#include "app/JsonAnswer.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 
@@ -12,8 +12,10 @@ int Check(const CommonOptions& common, const DocumentOptions& options) {
     gazetteer::Findings reasons;
     const bool drawable = session.CanDraw(reasons);
     if (options.json) {
-        const nlohmann::ordered_json json = {{"drawable", drawable}, {"reasons", reasons}};
-        std::puts(json.dump(2).c_str());
+        PrintAnswer(2, [&](JsonAnswer& json) {
+            json.Member("drawable", drawable);
+            json.Member("reasons", reasons);
+        });
         return 0;
     }
     std::puts(drawable ? "The gazetteer can be drawn." : "The gazetteer cannot be drawn:");

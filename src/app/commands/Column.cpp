@@ -1,8 +1,8 @@
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
 #include "app/Edit.h"
 #include "app/Errors.h"
+#include "app/JsonAnswer.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 #include "model/ColumnList.h"
@@ -10,24 +10,19 @@
 namespace app {
 namespace {
 
-using Json = nlohmann::ordered_json;
+void WriteValue(JsonAnswer& json, const std::string& name, const host::Variant& value) {
+    if (const auto* flag = std::get_if<bool>(&value)) return json.Member(name, *flag);
+    if (const auto* number = std::get_if<double>(&value)) return json.Member(name, *number);
+    if (const auto* version = std::get_if<std::int16_t>(&value)) return json.Member(name, *version);
+    json.Member(name, ValueText(value));
+}
 
-Json ColumnJson(Edit& edit, const std::string& name) {
-    auto& settings = edit.Settings();
-    Json json = {{"name", name}, {"sorted", std::get<bool>(settings.columnSortOrder->Item(name))}};
+void WriteColumn(JsonAnswer& json, const gazetteer::Settings& settings, const std::string& name) {
+    json.Member("name", name);
+    json.Member("sorted", std::get<bool>(settings.columnSortOrder->Item(name)));
     const auto items = gazetteer::SetUnder(*settings.columnsProperties, name)->AllItems();
-    for (std::size_t i = 0; i < items.names.size(); ++i) {
-        const auto& value = items.values[i];
-        if (const auto* flag = std::get_if<bool>(&value))
-            json[items.names[i]] = *flag;
-        else if (const auto* number = std::get_if<double>(&value))
-            json[items.names[i]] = *number;
-        else if (const auto* version = std::get_if<std::int16_t>(&value))
-            json[items.names[i]] = *version;
-        else
-            json[items.names[i]] = ValueText(value);
-    }
-    return json;
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        WriteValue(json, items.names[i], items.values[i]);
 }
 
 void PrintColumn(Edit& edit, const std::string& name) {
@@ -81,12 +76,12 @@ int ColumnList(const CommonOptions& common, const ColumnOptions& options) {
         for (const auto& name : gazetteer::NamesOf(*settings.columnNames)) PrintColumn(edit, name);
         return kDone;
     }
-    Json json = {{"columns", Json::array()},
-                 {"displayOrder", gazetteer::NamesOf(*settings.columnDisplayOrder)},
-                 {"sortOrder", gazetteer::NamesOf(*settings.columnSortOrder)}};
-    for (const auto& name : gazetteer::NamesOf(*settings.columnNames))
-        json["columns"].push_back(ColumnJson(edit, name));
-    std::puts(json.dump(2).c_str());
+    PrintAnswer(2, [&](JsonAnswer& json) {
+        json.Objects("columns", gazetteer::NamesOf(*settings.columnNames),
+                     [&](const std::string& name) { WriteColumn(json, settings, name); });
+        json.Member("displayOrder", gazetteer::NamesOf(*settings.columnDisplayOrder));
+        json.Member("sortOrder", gazetteer::NamesOf(*settings.columnSortOrder));
+    });
     return kDone;
 }
 

@@ -1,6 +1,3 @@
-#include <cstdio>
-#include <nlohmann/json.hpp>
-
 #include "app/ElementTree.h"
 #include "app/Errors.h"
 #include "app/Files.h"
@@ -9,6 +6,20 @@
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
+
+void Print(Session& session, std::int32_t page) {
+    const auto& element = session.Gazetteer();
+    PrintAnswer(1, [&](JsonAnswer& json) {
+        json.Member("page", page);
+        json.Member("pageCount", session.PageCount());
+        json.Member("draft", host::As<host::IHostFrameElement>(element)->Draft());
+        WriteBox(json, "frame", *element->Geometry()->Bounds());
+        WriteMembers(json, session.Host(), *element);
+    });
+}
+
+}  // namespace
 
 int Draw(const CommonOptions& common, const DrawOptions& options) {
     if (!options.output.empty()) CheckOutputName(options.output);
@@ -23,16 +34,7 @@ int Draw(const CommonOptions& common, const DrawOptions& options) {
     LabelSheet(session, options.page);
 
     if (!options.output.empty()) WriteDrawnPage(session, options.output, options.page);
-    if (options.json) {
-        const auto& element = session.Gazetteer();
-        const nlohmann::ordered_json json = {
-            {"page", options.page},
-            {"pageCount", session.PageCount()},
-            {"draft", host::As<host::IHostFrameElement>(element)->Draft()},
-            {"frame", BoxJson(*element->Geometry()->Bounds())},
-            {"members", ElementTree(session.Host(), *element)}};
-        std::puts(json.dump(1).c_str());
-    }
+    if (options.json) Print(session, options.page);
     if (options.output.empty() && !options.json) session.Save();
     return kDone;
 }

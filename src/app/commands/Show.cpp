@@ -1,7 +1,8 @@
 #include <cstdio>
-#include <nlohmann/json.hpp>
+#include <ranges>
 
 #include "app/Errors.h"
+#include "app/JsonAnswer.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 #include "model/Settings.h"
@@ -10,45 +11,52 @@
 namespace app {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using gazetteer::ToObject;
 using host::IHostPropertySet;
 
-Json PageJson(gazetteer::CVNGazetteerManager& manager, std::int32_t page) {
+void WritePage(JsonAnswer& json, gazetteer::CVNGazetteerManager& manager, std::int32_t page) {
     const auto rows = gazetteer::SetUnder(*manager.Working().pageGroups, std::to_string(page));
-    return {{"page", page},
-            {"name", std::get<std::string>(manager.PageName(page))},
-            {"first", manager.FirstListing(page)},
-            {"last", manager.LastListing(page)},
-            {"rows", gazetteer::NamesOf(*rows)}};
+    json.Member("page", page);
+    json.Member("name", std::get<std::string>(manager.PageName(page)));
+    json.Member("first", manager.FirstListing(page));
+    json.Member("last", manager.LastListing(page));
+    json.Member("rows", gazetteer::NamesOf(*rows));
 }
 
-Json ListingsJson(const IHostPropertySet& listings) {
-    Json json = Json::array();
+void WriteListings(JsonAnswer& json, const IHostPropertySet& listings) {
     const auto columns = listings.AllItems();
-    for (std::size_t i = 0; i < columns.names.size(); ++i) {
-        const auto cells = ToObject<IHostPropertySet>(columns.values[i])->AllItems();
-        for (std::size_t row = 0; row < cells.names.size(); ++row) {
-            if (i == 0) json.push_back({{"row", cells.names[row]}, {"cells", Json::object()}});
-            json[row]["cells"][columns.names[i]] = std::get<std::string>(cells.values[row]);
-        }
-    }
-    return json;
+    std::vector<host::PropertyItems> cells;
+    for (const auto& column : columns.values)
+        cells.push_back(ToObject<IHostPropertySet>(column)->AllItems());
+    const std::size_t count = cells.empty() ? 0 : cells.front().names.size();
+    json.Objects("listings", std::views::iota(std::size_t{0}, count), [&](std::size_t row) {
+        json.Member("row", cells.front().names[row]);
+        json.Object("cells", [&] {
+            for (std::size_t i = 0; i < cells.size(); ++i)
+                if (row < cells[i].values.size())
+                    json.Member(columns.names[i], std::get<std::string>(cells[i].values[row]));
+        });
+    });
 }
 
-Json ShowJson(gazetteer::CVNGazetteerManager& manager, bool drawable) {
-    Json json = {{"drawable", drawable},
-                 {"defaultPage", drawable ? manager.BoundSettings().defaultPage : 0},
-                 {"pageCount", drawable ? manager.Working().pageCount : 0},
-                 {"columns", Json::array()},
-                 {"pages", Json::array()},
-                 {"listings", Json::array()}};
-    if (!drawable) return json;
-    json["columns"] = gazetteer::NamesOf(*manager.BoundSettings().columnDisplayOrder);
-    for (std::int32_t page = 1; page <= manager.Working().pageCount; ++page)
-        json["pages"].push_back(PageJson(manager, page));
-    json["listings"] = ListingsJson(*manager.Working().listings);
-    return json;
+void WriteResults(JsonAnswer& json, gazetteer::CVNGazetteerManager& manager) {
+    const std::int32_t pages = manager.Working().pageCount;
+    json.Member("drawable", true);
+    json.Member("defaultPage", manager.BoundSettings().defaultPage);
+    json.Member("pageCount", pages);
+    json.Member("columns", gazetteer::NamesOf(*manager.BoundSettings().columnDisplayOrder));
+    json.Objects("pages", std::views::iota(1, pages + 1),
+                 [&](std::int32_t page) { WritePage(json, manager, page); });
+    WriteListings(json, *manager.Working().listings);
+}
+
+// The same keys where there are no results.
+void WriteNothing(JsonAnswer& json) {
+    json.Member("drawable", false);
+    json.Member("defaultPage", 0);
+    json.Member("pageCount", 0);
+    for (const char* key : {"columns", "pages", "listings"})
+        json.Member(key, std::vector<std::string>());
 }
 
 void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
@@ -79,7 +87,12 @@ int Show(const CommonOptions& common, const DocumentOptions& options) {
     }
     drawable = drawable && manager.CanDraw() && session.PageCount() > 0;
     if (options.json)
-        std::puts(ShowJson(manager, drawable).dump(1).c_str());
+        PrintAnswer(1, [&](JsonAnswer& json) {
+            if (drawable)
+                WriteResults(json, manager);
+            else
+                WriteNothing(json);
+        });
     else
         Print(manager, drawable, reasons);
     return kDone;
