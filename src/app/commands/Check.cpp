@@ -1,12 +1,20 @@
 #include <cstdio>
+#include <memory>
 
+#include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
 
-int Check(const CommonOptions& common, const DocumentOptions& options) {
+struct CheckOptions {
+    std::string document;
+    bool json = false;
+};
+
+int Check(const CommonOptions& common, const CheckOptions& options) {
     Session session(common);
     session.Look(options.document);
     gazetteer::Findings reasons;
@@ -21,6 +29,18 @@ int Check(const CommonOptions& common, const DocumentOptions& options) {
     std::puts(drawable ? "The gazetteer can be drawn." : "The gazetteer cannot be drawn:");
     for (const auto& reason : reasons) std::printf("  %s\n", reason.c_str());
     return 0;
+}
+
+}  // namespace
+
+void AddCheck(Arguments& program) {
+    const auto options = std::make_shared<CheckOptions>();
+    auto command =
+        AddCommand(program, "check", "Say whether the gazetteer can be drawn, and if not, why",
+                   [options](const CommonOptions& common) { return Check(common, *options); });
+    AddDocument(command, options->document)
+        .Flag("--json", options->json, "As JSON")
+        .Help(kCheckHelp);
 }
 
 }  // namespace app

@@ -1,7 +1,9 @@
 #include <cstdio>
+#include <memory>
 
 #include "app/Edit.h"
 #include "app/Errors.h"
+#include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
@@ -9,6 +11,13 @@
 
 namespace app {
 namespace {
+
+struct ColumnOptions {
+    std::string document;
+    std::string name;
+    std::vector<std::string> assignments;
+    bool json = false;
+};
 
 void WriteValue(JsonAnswer& json, const std::string& name, const host::Variant& value) {
     if (const auto* flag = std::get_if<bool>(&value)) return json.Member(name, *flag);
@@ -31,8 +40,6 @@ void PrintColumn(Edit& edit, const std::string& name) {
     for (std::size_t i = 0; i < items.names.size(); ++i)
         std::printf("  %s=%s\n", items.names[i].c_str(), ValueText(items.values[i]).c_str());
 }
-
-}  // namespace
 
 int ColumnAdd(const CommonOptions& common, const ColumnOptions& options) {
     Session session(common);
@@ -83,6 +90,30 @@ int ColumnList(const CommonOptions& common, const ColumnOptions& options) {
         json.Member("sortOrder", gazetteer::NamesOf(*settings.columnSortOrder));
     });
     return kDone;
+}
+
+}  // namespace
+
+void AddColumn(Arguments& program) {
+    auto column = program.AddCommand("column", "Add, remove or list columns");
+    column.Help(kColumnHelp);
+    const auto options = std::make_shared<ColumnOptions>();
+    const auto run = [&](int (*function)(const CommonOptions&, const ColumnOptions&)) {
+        return
+            [options, function](const CommonOptions& common) { return function(common, *options); };
+    };
+    auto add = AddCommand(column, "add", "Add a column", run(ColumnAdd));
+    AddDocument(add, options->document)
+        .Text("NAME", options->name, "Name of the column")
+        .Required()
+        .Texts("KEY=VALUE", options->assignments, "Properties of the column");
+    auto remove = AddCommand(column, "remove", "Remove a column", run(ColumnRemove));
+    AddDocument(remove, options->document)
+        .Text("NAME", options->name, "Name of the column")
+        .Required();
+    auto list =
+        AddCommand(column, "list", "List the columns with their properties", run(ColumnList));
+    AddDocument(list, options->document).Flag("--json", options->json, "As JSON");
 }
 
 }  // namespace app

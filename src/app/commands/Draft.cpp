@@ -1,12 +1,16 @@
+#include <memory>
+
 #include "app/Errors.h"
+#include "app/HelpTexts.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
 
-int Draft(const CommonOptions& common, const DocumentOptions& options) {
+int Draft(const CommonOptions& common, const std::string& document) {
     Session session(common);
-    session.Open(options.document);
+    session.Open(document);
     const auto& element = session.Gazetteer();
     const auto frame = host::As<host::IHostFrameElement>(element);
     if (!session.Bind()) return kCouldNot;
@@ -20,6 +24,16 @@ int Draft(const CommonOptions& common, const DocumentOptions& options) {
     frame->SetDraft(true);
     if (changed) session.Save();
     return kDone;
+}
+
+}  // namespace
+
+void AddDraft(Arguments& program) {
+    const auto document = std::make_shared<std::string>();
+    auto command =
+        AddCommand(program, "draft", "Take the drawn page away and set the draft state",
+                   [document](const CommonOptions& common) { return Draft(common, *document); });
+    AddDocument(command, *document).Help(kDraftHelp);
 }
 
 }  // namespace app

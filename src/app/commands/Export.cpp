@@ -1,10 +1,20 @@
+#include <memory>
+
 #include "app/Files.h"
+#include "app/HelpTexts.h"
 #include "app/Progress.h"
 #include "app/Session.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
+
+struct ExportOptions {
+    std::string document;
+    std::string output;
+    std::string pages;
+};
 
 int Export(const CommonOptions& common, const ExportOptions& options) {
     CheckOutputName(options.output);
@@ -19,6 +29,20 @@ int Export(const CommonOptions& common, const ExportOptions& options) {
     WriteSheets(session, options.output, pages);
     ClearProgress();
     return 0;
+}
+
+}  // namespace
+
+void AddExport(Arguments& program) {
+    const auto options = std::make_shared<ExportOptions>();
+    auto command =
+        AddCommand(program, "export", "Write pages as sheets",
+                   [options](const CommonOptions& common) { return Export(common, *options); });
+    AddDocument(command, options->document)
+        .Path("-o,--output", options->output, "File to write: .pdf, .png or .svg")
+        .Required()
+        .Text("--pages", options->pages, "Pages such as 2-5 or 3 (default: all)")
+        .Help(kExportHelp);
 }
 
 }  // namespace app

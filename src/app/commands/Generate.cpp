@@ -1,15 +1,29 @@
+#include <memory>
+
+#include "app/HelpTexts.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
 
-int Generate(const CommonOptions& common, const DocumentOptions& options) {
+int Generate(const CommonOptions& common, const std::string& document) {
     Session session(common);
-    session.Open(options.document);
+    session.Open(document);
     session.BindDrawable();
     const auto& manager = session.Manager();
     if (manager.HasRun() && !manager.BoundSettings().autoRefreshListings) session.Save();
     return 0;
+}
+
+}  // namespace
+
+void AddGenerate(Arguments& program) {
+    const auto document = std::make_shared<std::string>();
+    auto command =
+        AddCommand(program, "generate", "Reload the stored results, or run and store them",
+                   [document](const CommonOptions& common) { return Generate(common, *document); });
+    AddDocument(command, *document).Help(kGenerateHelp);
 }
 
 }  // namespace app

@@ -1,5 +1,8 @@
+#include <memory>
+
 #include "app/Edit.h"
 #include "app/Files.h"
+#include "app/HelpTexts.h"
 #include "app/NewDocument.h"
 #include "app/Progress.h"
 #include "app/Session.h"
@@ -7,6 +10,12 @@
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
+
+struct MakeOptions : NewDocumentOptions {
+    std::string output;
+    std::string document;  ///< Where the document is kept; empty: nowhere.
+};
 
 int Make(const CommonOptions& common, const MakeOptions& options) {
     CheckOutputName(options.output);
@@ -30,6 +39,22 @@ int Make(const CommonOptions& common, const MakeOptions& options) {
     WriteSheets(session, options.output, {1, session.PageCount()});
     ClearProgress();
     return 0;
+}
+
+}  // namespace
+
+void AddMake(Arguments& program) {
+    const auto options = std::make_shared<MakeOptions>();
+    auto command =
+        AddCommand(program, "make", "Make an index in one step, ready to print",
+                   [options](const CommonOptions& common) { return Make(common, *options); });
+    command.Path("LISTINGS", options->listingDatabase, "Listing database, a dBase table")
+        .Required()
+        .Path("-o,--output", options->output, "File to write: .pdf, .png or .svg")
+        .Required()
+        .Path("--document", options->document, "Keep the document under this name");
+    AddNewDocumentOptions(command, *options);
+    command.Help(kMakeHelp);
 }
 
 }  // namespace app

@@ -1,13 +1,21 @@
 #include <filesystem>
+#include <memory>
 
 #include "app/Edit.h"
 #include "app/Errors.h"
 #include "app/Files.h"
+#include "app/HelpTexts.h"
 #include "app/NewDocument.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
+
+struct NewOptions : NewDocumentOptions {
+    std::string document;
+    bool force = false;
+};
 
 int New(const CommonOptions& common, const NewOptions& options) {
     CheckApart(options.document, {options.listingDatabase, options.book});
@@ -25,6 +33,22 @@ int New(const CommonOptions& common, const NewOptions& options) {
     if (!options.force) session.TheDesk().MayReplace(desk::FileState{});
     session.Save();
     return 0;
+}
+
+}  // namespace
+
+void AddNew(Arguments& program) {
+    const auto options = std::make_shared<NewOptions>();
+    auto command =
+        AddCommand(program, "new", "Make a new document with the default columns",
+                   [options](const CommonOptions& common) { return New(common, *options); });
+    command.Path("DOC", options->document, "The document to write")
+        .Required()
+        .Path("--listing-database", options->listingDatabase, "Listing database, a dBase table")
+        .Required()
+        .Flag("--force", options->force, "Replace a document that exists");
+    AddNewDocumentOptions(command, *options);
+    command.Help(kNewHelp);
 }
 
 }  // namespace app

@@ -1,8 +1,17 @@
+#include <memory>
+
 #include "app/Edit.h"
+#include "app/HelpTexts.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
+namespace {
+
+struct SetOptions {
+    std::string document;
+    std::vector<std::string> assignments;
+};
 
 int Set(const CommonOptions& common, const SetOptions& options) {
     Session session(common);
@@ -12,6 +21,19 @@ int Set(const CommonOptions& common, const SetOptions& options) {
     edit.Store();
     session.Save();
     return 0;
+}
+
+}  // namespace
+
+void AddSet(Arguments& program) {
+    const auto options = std::make_shared<SetOptions>();
+    auto command =
+        AddCommand(program, "set", "Change properties, as on the property page",
+                   [options](const CommonOptions& common) { return Set(common, *options); });
+    AddDocument(command, options->document)
+        .Texts("KEY=VALUE", options->assignments, "What to change")
+        .Required()
+        .Help(SetHelp());
 }
 
 }  // namespace app

@@ -1,7 +1,9 @@
 #include <cstdio>
+#include <memory>
 #include <ranges>
 
 #include "app/Errors.h"
+#include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
 #include "app/Session.h"
 #include "app/commands/Commands.h"
@@ -10,6 +12,11 @@
 
 namespace app {
 namespace {
+
+struct ShowOptions {
+    std::string document;
+    bool json = false;
+};
 
 using gazetteer::ToObject;
 using host::IHostPropertySet;
@@ -73,9 +80,7 @@ void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
         std::printf("%5d %s\n", page, std::get<std::string>(manager.PageName(page)).c_str());
 }
 
-}  // namespace
-
-int Show(const CommonOptions& common, const DocumentOptions& options) {
+int Show(const CommonOptions& common, const ShowOptions& options) {
     Session session(common);
     session.Look(options.document);
     gazetteer::Findings reasons;
@@ -96,6 +101,18 @@ int Show(const CommonOptions& common, const DocumentOptions& options) {
     else
         Print(manager, drawable, reasons);
     return kDone;
+}
+
+}  // namespace
+
+void AddShow(Arguments& program) {
+    const auto options = std::make_shared<ShowOptions>();
+    auto command =
+        AddCommand(program, "show", "Show page count, default page and the name of each page",
+                   [options](const CommonOptions& common) { return Show(common, *options); });
+    AddDocument(command, options->document)
+        .Flag("--json", options->json, "As JSON, with all listings")
+        .Help(kShowHelp);
 }
 
 }  // namespace app

@@ -1,6 +1,10 @@
 #include <cstdio>
+#include <functional>
+#include <memory>
+#include <optional>
 
 #include "app/ConsoleDialogs.h"
+#include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
 #include "app/commands/Commands.h"
 #include "desk/locale/IcuLocale.h"
@@ -9,6 +13,12 @@
 
 namespace app {
 namespace {
+
+struct TableOptions {
+    std::string file;
+    bool json = false;
+    std::int64_t limit = -1;  ///< Rows shown; negative: all.
+};
 
 // The values of a row as the texts that a column would show; nothing for null.
 using Cells = std::vector<std::optional<std::string>>;
@@ -79,8 +89,6 @@ void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const TableOpti
     for (const auto& warning : table.Warnings()) Warn(warning);
 }
 
-}  // namespace
-
 int Table(const CommonOptions& common, const TableOptions& options) {
     desk::IcuLocale locale(common.locale);
     desk::DbfTable table(options.file);
@@ -89,6 +97,20 @@ int Table(const CommonOptions& common, const TableOptions& options) {
     else
         PrintText(table, locale, options);
     return 0;
+}
+
+}  // namespace
+
+void AddTable(Arguments& program) {
+    const auto options = std::make_shared<TableOptions>();
+    auto command =
+        AddCommand(program, "table", "Show how a dBase table is read",
+                   [options](const CommonOptions& common) { return Table(common, *options); });
+    command.Path("FILE", options->file, "The table")
+        .Required()
+        .Flag("--json", options->json, "As JSON")
+        .Count("--limit", options->limit, "Show at most this many rows")
+        .Help(kTableHelp);
 }
 
 }  // namespace app

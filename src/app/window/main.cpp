@@ -1,10 +1,10 @@
-#include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
 
+#include "app/ArgumentParser.h"
 #include "app/Errors.h"
 #include "app/window/MainWindow.h"
 
@@ -56,22 +56,16 @@ int Run(int argc, char** argv, const Arguments& arguments) {
 int main(int argc, char** argv) {
     // A file that would grow beyond the user's limit is a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
-    CLI::App cli("Shows the printed index of a map book, and edits what it is made of.",
-                 "gazetteer-desk");
     Arguments arguments;
-    cli.set_version_flag("--version", GAZETTEER_VERSION);
-    cli.add_option("DOC", arguments.document,
-                   "Document to open, or a listing table (.dbf) to make one from");
-    cli.add_option("--locale", arguments.locale,
-                   "Locale for sorting and numbers, such as is or de_DE (default: yours)");
-    try {
-        cli.parse(argc, argv);
-    } catch (const CLI::Success& help) {
-        return cli.exit(help);
-    } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "gazetteer-desk: %s; --help tells more.\n", error.what());
-        return app::kWrongUsage;
-    }
+    app::ArgumentParser parser(
+        "gazetteer-desk", "Shows the printed index of a map book, and edits what it is made of.",
+        GAZETTEER_VERSION);
+    parser.Program()
+        .Path("DOC", arguments.document,
+              "Document to open, or a listing table (.dbf) to make one from")
+        .Text("--locale", arguments.locale,
+              "Locale for sorting and numbers, such as is or de_DE (default: yours)");
+    if (const auto status = parser.Parse(argc, argv)) return *status;
     try {
         return Run(argc, argv, arguments);
     } catch (const std::exception&) {
