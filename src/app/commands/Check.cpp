@@ -1,9 +1,10 @@
 #include <cstdio>
 #include <memory>
 
+#include "app/CommandSession.h"
 #include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
-#include "app/Session.h"
+#include "app/RunTexts.h"
 #include "app/commands/Commands.h"
 
 namespace app {
@@ -15,10 +16,10 @@ struct CheckOptions {
 };
 
 int Check(const CommonOptions& common, const CheckOptions& options) {
-    Session session(common);
-    session.Look(options.document);
+    CommandSession session(common);
+    auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
-    const bool drawable = session.CanDraw(reasons);
+    const bool drawable = document.CanDraw(reasons);
     if (options.json) {
         PrintAnswer(2, [&](JsonAnswer& json) {
             json.Member("drawable", drawable);
@@ -26,8 +27,7 @@ int Check(const CommonOptions& common, const CheckOptions& options) {
         });
         return 0;
     }
-    std::puts(drawable ? "The gazetteer can be drawn." : "The gazetteer cannot be drawn:");
-    for (const auto& reason : reasons) std::printf("  %s\n", reason.c_str());
+    std::puts(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons).c_str());
     return 0;
 }
 

@@ -1,11 +1,11 @@
 #include <cstdio>
 #include <memory>
 
-#include "app/Edit.h"
+#include "app/CommandSession.h"
 #include "app/Errors.h"
 #include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
-#include "app/Session.h"
+#include "app/SettingsEdit.h"
 #include "app/commands/Commands.h"
 #include "model/ColumnList.h"
 
@@ -34,7 +34,7 @@ void WriteColumn(JsonAnswer& json, const gazetteer::Settings& settings, const st
         WriteValue(json, items.names[i], items.values[i]);
 }
 
-void PrintColumn(Edit& edit, const std::string& name) {
+void PrintColumn(SettingsEdit& edit, const std::string& name) {
     std::printf("%s\n", name.c_str());
     const auto items = gazetteer::SetUnder(*edit.Settings().columnsProperties, name)->AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i)
@@ -42,10 +42,10 @@ void PrintColumn(Edit& edit, const std::string& name) {
 }
 
 int ColumnAdd(const CommonOptions& common, const ColumnOptions& options) {
-    Session session(common);
-    session.Open(options.document);
-    auto& host = session.Host();
-    Edit edit(session);
+    CommandSession session(common);
+    auto& document = session.Open(options.document);
+    auto& host = document.Host();
+    SettingsEdit edit(document);
     const std::string name = gazetteer::CleanColumnName(host.Locale(), options.name);
     if (name.empty()) throw UsageError("A column's name must have a character that is no blank.");
     if (!gazetteer::FindColumn(host.Locale(), edit.Settings(), name).empty()) {
@@ -55,29 +55,29 @@ int ColumnAdd(const CommonOptions& common, const ColumnOptions& options) {
     gazetteer::AddColumn(host, edit.Settings(), name, edit.CurrentColumn());
     for (const auto& assignment : options.assignments) edit.SetIn(name, assignment);
     edit.Store();
-    session.Save();
+    document.Save();
     return kDone;
 }
 
 int ColumnRemove(const CommonOptions& common, const ColumnOptions& options) {
-    Session session(common);
-    session.Open(options.document);
-    auto& host = session.Host();
-    Edit edit(session);
+    CommandSession session(common);
+    auto& document = session.Open(options.document);
+    auto& host = document.Host();
+    SettingsEdit edit(document);
     const std::string name = edit.ColumnName(options.name);
     if (!gazetteer::MayRemoveColumn(host, edit.Settings(), name)) return kWrongUsage;
     if (host.Dialogs().MessageBox(gazetteer::RemoveColumnQuestion()) != host::MessageAnswer::Yes)
         return kDone;
     gazetteer::RemoveColumn(edit.Settings(), name);
     edit.Store();
-    session.Save();
+    document.Save();
     return kDone;
 }
 
 int ColumnList(const CommonOptions& common, const ColumnOptions& options) {
-    Session session(common);
-    session.Open(options.document);
-    Edit edit(session);
+    CommandSession session(common);
+    auto& document = session.Open(options.document);
+    SettingsEdit edit(document);
     const auto& settings = edit.Settings();
     if (!options.json) {
         for (const auto& name : gazetteer::NamesOf(*settings.columnNames)) PrintColumn(edit, name);

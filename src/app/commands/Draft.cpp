@@ -1,28 +1,28 @@
 #include <memory>
 
+#include "app/CommandSession.h"
 #include "app/Errors.h"
 #include "app/HelpTexts.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
 namespace {
 
-int Draft(const CommonOptions& common, const std::string& document) {
-    Session session(common);
-    session.Open(document);
-    const auto& element = session.Gazetteer();
+int Draft(const CommonOptions& common, const std::string& path) {
+    CommandSession session(common);
+    auto& document = session.Open(path);
+    const auto& element = document.Gazetteer();
     const auto frame = host::As<host::IHostFrameElement>(element);
     if (!session.Bind()) return kCouldNot;
-    const auto& manager = session.Manager();
+    auto& manager = document.Manager();
     bool changed = manager.HasRun() && !manager.BoundSettings().autoRefreshListings;
 
     const std::int32_t members = element->Count();
-    session.Manager().DraftMode();
-    session.CheckNothingFailed();
+    manager.DraftMode();
+    document.CheckNothingFailed();
     changed = changed || element->Count() != members || !frame->Draft();
     frame->SetDraft(true);
-    if (changed) session.Save();
+    if (changed) document.Save();
     return kDone;
 }
 

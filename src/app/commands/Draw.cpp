@@ -1,12 +1,13 @@
 #include <memory>
 
+#include "app/CommandSession.h"
 #include "app/ElementTree.h"
 #include "app/Errors.h"
-#include "app/Files.h"
+#include "app/FilePaths.h"
 #include "app/HelpTexts.h"
-#include "app/Session.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
+#include "desk/drawing/PageWriter.h"
 
 namespace app {
 namespace {
@@ -18,32 +19,32 @@ struct DrawOptions {
     std::string output;
 };
 
-void Print(Session& session, std::int32_t page) {
-    const auto& element = session.Gazetteer();
+void Print(OpenDocument& document, std::int32_t page) {
+    const auto& element = document.Gazetteer();
     PrintAnswer(1, [&](JsonAnswer& json) {
         json.Member("page", page);
-        json.Member("pageCount", session.PageCount());
+        json.Member("pageCount", document.PageCount());
         json.Member("draft", host::As<host::IHostFrameElement>(element)->Draft());
         WriteBox(json, "frame", *element->Geometry()->Bounds());
-        WriteMembers(json, session.Host(), *element);
+        WriteMembers(json, document.Host(), *element);
     });
 }
 
 int Draw(const CommonOptions& common, const DrawOptions& options) {
     if (!options.output.empty()) CheckOutputName(options.output);
     CheckApart(options.output, {options.document});
-    Session session(common);
-    session.Open(options.document);
+    CommandSession session(common);
+    auto& document = session.Open(options.document);
     session.BindDrawable();
     session.CheckHasPages();
-    CheckPage(options.page, session.PageCount());
-    session.Manager().SetIndexToPageNumber(options.page);
-    session.CheckNothingFailed();
-    LabelSheet(session, options.page);
+    CheckPage(options.page, document.PageCount());
+    document.Manager().SetIndexToPageNumber(options.page);
+    document.CheckNothingFailed();
+    LabelSheet(document, options.page);
 
-    if (!options.output.empty()) WriteDrawnPage(session, options.output, options.page);
-    if (options.json) Print(session, options.page);
-    if (options.output.empty() && !options.json) session.Save();
+    if (!options.output.empty()) WriteDrawnPage(document, options.output, options.page);
+    if (options.json) Print(document, options.page);
+    if (options.output.empty() && !options.json) document.Save();
     return kDone;
 }
 
@@ -59,7 +60,7 @@ void AddDraw(Arguments& program) {
         .Required()
         .Flag("--json", options->json, "Print the element tree; the document stays")
         .Path("-o,--output", options->output,
-              "Write the sheet to a .pdf, .png or .svg file; the document stays")
+              "Write the sheet to a " + desk::PageEndings() + " file; the document stays")
         .Help(kDrawHelp);
 }
 

@@ -1,11 +1,12 @@
 #include <memory>
 
-#include "app/Files.h"
+#include "app/CommandSession.h"
+#include "app/FilePaths.h"
 #include "app/HelpTexts.h"
 #include "app/Progress.h"
-#include "app/Session.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
+#include "desk/drawing/PageWriter.h"
 
 namespace app {
 namespace {
@@ -20,13 +21,13 @@ int Export(const CommonOptions& common, const ExportOptions& options) {
     CheckOutputName(options.output);
     CheckApart(options.output, {options.document});
     const auto asked = ParsePages(options.pages);
-    Session session(common);
-    session.Open(options.document);
+    CommandSession session(common);
+    auto& document = session.Open(options.document);
     session.BindDrawable();
     session.CheckHasPages();
-    const auto pages = asked.value_or(PageRange{1, session.PageCount()});
-    CheckPage(pages.last, session.PageCount());
-    WriteSheets(session, options.output, pages);
+    const auto pages = asked.value_or(PageRange{1, document.PageCount()});
+    CheckPage(pages.last, document.PageCount());
+    WriteSheets(document, options.output, pages);
     ClearProgress();
     return 0;
 }
@@ -39,7 +40,7 @@ void AddExport(Arguments& program) {
         AddCommand(program, "export", "Write pages as sheets",
                    [options](const CommonOptions& common) { return Export(common, *options); });
     AddDocument(command, options->document)
-        .Path("-o,--output", options->output, "File to write: .pdf, .png or .svg")
+        .Path("-o,--output", options->output, "File to write: " + desk::PageEndings())
         .Required()
         .Text("--pages", options->pages, "Pages such as 2-5 or 3 (default: all)")
         .Help(kExportHelp);

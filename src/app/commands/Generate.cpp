@@ -1,18 +1,18 @@
 #include <memory>
 
+#include "app/CommandSession.h"
 #include "app/HelpTexts.h"
-#include "app/Session.h"
 #include "app/commands/Commands.h"
 
 namespace app {
 namespace {
 
-int Generate(const CommonOptions& common, const std::string& document) {
-    Session session(common);
-    session.Open(document);
+int Generate(const CommonOptions& common, const std::string& path) {
+    CommandSession session(common);
+    auto& document = session.Open(path);
     session.BindDrawable();
-    const auto& manager = session.Manager();
-    if (manager.HasRun() && !manager.BoundSettings().autoRefreshListings) session.Save();
+    const auto& manager = document.Manager();
+    if (manager.HasRun() && !manager.BoundSettings().autoRefreshListings) document.Save();
     return 0;
 }
 

@@ -1,13 +1,14 @@
 #include <memory>
 
-#include "app/Edit.h"
-#include "app/Files.h"
+#include "app/CommandSession.h"
+#include "app/FilePaths.h"
 #include "app/HelpTexts.h"
 #include "app/NewDocument.h"
 #include "app/Progress.h"
-#include "app/Session.h"
+#include "app/SettingsEdit.h"
 #include "app/Sheets.h"
 #include "app/commands/Commands.h"
+#include "desk/drawing/PageWriter.h"
 
 namespace app {
 namespace {
@@ -21,13 +22,14 @@ int Make(const CommonOptions& common, const MakeOptions& options) {
     CheckOutputName(options.output);
     CheckApart(options.output, {options.listingDatabase, options.book, options.document});
     CheckApart(options.document, {options.listingDatabase, options.book});
-    Session session(common);
+    CommandSession session(common);
+    auto& document = session.Document();
     // Without a document of its own the work has no file; its paths are seen from the folder of the
     // output.
-    StartNewDocument(session, options,
+    StartNewDocument(document, options,
                      options.document.empty() ? options.output : options.document);
-    DressForPrint(session);
-    Edit edit(session);
+    DressForPrint(document);
+    SettingsEdit edit(document);
     for (const auto& assignment : options.assignments) edit.Set(assignment);
     if (options.sample) edit.Set("SamplePage=true");
     edit.Store();
@@ -35,8 +37,8 @@ int Make(const CommonOptions& common, const MakeOptions& options) {
     session.BindDrawable();
     session.CheckHasPages();
     // First what may be refused at once: a failing command leaves no sheet behind.
-    if (!options.document.empty()) session.Save();
-    WriteSheets(session, options.output, {1, session.PageCount()});
+    if (!options.document.empty()) document.Save();
+    WriteSheets(document, options.output, {1, document.PageCount()});
     ClearProgress();
     return 0;
 }
@@ -50,7 +52,7 @@ void AddMake(Arguments& program) {
                    [options](const CommonOptions& common) { return Make(common, *options); });
     command.Path("LISTINGS", options->listingDatabase, "Listing database, a dBase table")
         .Required()
-        .Path("-o,--output", options->output, "File to write: .pdf, .png or .svg")
+        .Path("-o,--output", options->output, "File to write: " + desk::PageEndings())
         .Required()
         .Path("--document", options->document, "Keep the document under this name");
     AddNewDocumentOptions(command, *options);

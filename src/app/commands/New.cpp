@@ -1,12 +1,12 @@
 #include <filesystem>
 #include <memory>
 
-#include "app/Edit.h"
+#include "app/CommandSession.h"
 #include "app/Errors.h"
-#include "app/Files.h"
+#include "app/FilePaths.h"
 #include "app/HelpTexts.h"
 #include "app/NewDocument.h"
-#include "app/Session.h"
+#include "app/SettingsEdit.h"
 #include "app/commands/Commands.h"
 
 namespace app {
@@ -23,15 +23,16 @@ int New(const CommonOptions& common, const NewOptions& options) {
     if (!options.force && std::filesystem::exists(options.document, ignored))
         throw CommandError("The document \"" + options.document +
                            "\" exists already; --force replaces it.");
-    Session session(common);
-    StartNewDocument(session, options, options.document);
-    Edit edit(session);
+    CommandSession session(common);
+    auto& document = session.Document();
+    StartNewDocument(document, options, options.document);
+    SettingsEdit edit(document);
     for (const auto& assignment : options.assignments) edit.Set(assignment);
     if (options.sample) edit.Set("SamplePage=true");
     edit.Store();
     // One that came about meanwhile is refused as well.
-    if (!options.force) session.TheDesk().MayReplace(desk::FileState{});
-    session.Save();
+    if (!options.force) document.TheDesk().MayReplace(desk::FileState{});
+    document.Save();
     return 0;
 }
 

@@ -1,8 +1,8 @@
 #include <memory>
 
-#include "app/Edit.h"
+#include "app/CommandSession.h"
 #include "app/HelpTexts.h"
-#include "app/Session.h"
+#include "app/SettingsEdit.h"
 #include "app/commands/Commands.h"
 
 namespace app {
@@ -14,12 +14,12 @@ struct SetOptions {
 };
 
 int Set(const CommonOptions& common, const SetOptions& options) {
-    Session session(common);
-    session.Open(options.document);
-    Edit edit(session);
+    CommandSession session(common);
+    auto& document = session.Open(options.document);
+    SettingsEdit edit(document);
     for (const auto& assignment : options.assignments) edit.Set(assignment);
     edit.Store();
-    session.Save();
+    document.Save();
     return 0;
 }
 

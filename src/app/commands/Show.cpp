@@ -2,10 +2,11 @@
 #include <memory>
 #include <ranges>
 
+#include "app/CommandSession.h"
 #include "app/Errors.h"
 #include "app/HelpTexts.h"
 #include "app/JsonAnswer.h"
-#include "app/Session.h"
+#include "app/RunTexts.h"
 #include "app/commands/Commands.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
@@ -70,8 +71,7 @@ void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
            const gazetteer::Findings& reasons) {
     if (!drawable) {
         std::puts(reasons.empty() ? "The gazetteer has no page."
-                                  : "The gazetteer cannot be drawn:");
-        for (const auto& reason : reasons) std::printf("  %s\n", reason.c_str());
+                                  : UndrawableLines(reasons).c_str());
         return;
     }
     std::printf("Pages: %d\nDefault page: %d\n", manager.Working().pageCount,
@@ -81,16 +81,16 @@ void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
 }
 
 int Show(const CommonOptions& common, const ShowOptions& options) {
-    Session session(common);
-    session.Look(options.document);
+    CommandSession session(common);
+    auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
-    bool drawable = session.CanDraw(reasons);
-    auto& manager = session.Manager();
+    bool drawable = document.CanDraw(reasons);
+    auto& manager = document.Manager();
     if (drawable) {
         if (!session.Bind()) return kCouldNot;
         reasons = manager.LastFindings();
     }
-    drawable = drawable && manager.CanDraw() && session.PageCount() > 0;
+    drawable = drawable && manager.CanDraw() && document.PageCount() > 0;
     if (options.json)
         PrintAnswer(1, [&](JsonAnswer& json) {
             if (drawable)

@@ -7,6 +7,7 @@
 #include "app/ArgumentParser.h"
 #include "app/Errors.h"
 #include "app/window/MainWindow.h"
+#include "desk/window/QtText.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ public:
         try {
             return QApplication::notify(receiver, event);
         } catch (const std::exception&) {
-            const QString sentence = QString::fromStdString(app::CurrentSentence());
+            const QString sentence = desk::ToQt(app::CurrentSentence());
             QMessageBox box(QMessageBox::Critical, "Gazetteer", sentence, QMessageBox::Ok,
                             QApplication::activeWindow());
             box.setTextFormat(Qt::PlainText);
@@ -45,9 +46,8 @@ int Run(int argc, char** argv, const Arguments& arguments) {
     window.show();
     // Once the window is there, for what has to be said about the document.
     if (!arguments.document.empty())
-        QTimer::singleShot(
-            0, &window,
-            [&window, path = QString::fromStdString(arguments.document)] { window.Open(path); });
+        QTimer::singleShot(0, &window,
+                           [&window, path = desk::ToQt(arguments.document)] { window.Open(path); });
     return QApplication::exec();
 }
 

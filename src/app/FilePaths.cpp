@@ -1,4 +1,4 @@
-#include "app/Files.h"
+#include "app/FilePaths.h"
 
 #include <filesystem>
 
