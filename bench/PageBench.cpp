@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/CommandSession.h"
+#include "app/commands/CommandSession.h"
 
 /// Reloading the stored results of the document that GAZETTEER_BENCH_DOCUMENT names, and drawing
 /// one page of them into the frame.

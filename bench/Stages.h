@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/CommandSession.h"
+#include "app/commands/CommandSession.h"
 #include "desk/drawing/PageWriter.h"
 #include "listings/CellComposer.h"
 #include "model/Results.h"

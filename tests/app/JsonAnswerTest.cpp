@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "app/JsonAnswer.h"
+#include "app/commands/JsonAnswer.h"
 
 namespace tests {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/Errors.h"
-#include "app/KeyValues.h"
+#include "app/work/Errors.h"
+#include "app/work/KeyValues.h"
 #include "support/TestDesk.h"
 
 namespace tests {

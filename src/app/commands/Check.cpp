@@ -1,10 +1,10 @@
 #include <cstdio>
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/HelpTexts.h"
-#include "app/JsonAnswer.h"
-#include "app/RunTexts.h"
+#include "app/commands/CommandSession.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/JsonAnswer.h"
+#include "app/work/RunTexts.h"
 #include "app/commands/Commands.h"
 
 namespace app {

@@ -1,11 +1,11 @@
 #include <cstdio>
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/Errors.h"
-#include "app/HelpTexts.h"
-#include "app/JsonAnswer.h"
-#include "app/SettingsEdit.h"
+#include "app/commands/CommandSession.h"
+#include "app/work/Errors.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/JsonAnswer.h"
+#include "app/work/SettingsEdit.h"
 #include "app/commands/Commands.h"
 #include "model/ColumnList.h"
 

@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "app/ArgumentParser.h"
-#include "app/Options.h"
+#include "app/work/ArgumentParser.h"
+#include "app/work/Options.h"
 
 /// The commands, one file each: what it takes, and what it does.
 namespace app {

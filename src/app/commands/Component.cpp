@@ -2,9 +2,9 @@
 #include <memory>
 #include <utility>
 
-#include "app/ConsoleDialogs.h"
-#include "app/Errors.h"
-#include "app/HelpTexts.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/work/Errors.h"
+#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"

@@ -1,11 +1,11 @@
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/ElementTree.h"
-#include "app/Errors.h"
-#include "app/FilePaths.h"
-#include "app/HelpTexts.h"
-#include "app/Sheets.h"
+#include "app/commands/CommandSession.h"
+#include "app/commands/ElementTree.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/commands/HelpTexts.h"
+#include "app/work/Sheets.h"
 #include "app/commands/Commands.h"
 #include "desk/drawing/PageWriter.h"
 

@@ -1,10 +1,10 @@
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/FilePaths.h"
-#include "app/HelpTexts.h"
-#include "app/Progress.h"
-#include "app/Sheets.h"
+#include "app/commands/CommandSession.h"
+#include "app/work/FilePaths.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/Progress.h"
+#include "app/work/Sheets.h"
 #include "app/commands/Commands.h"
 #include "desk/drawing/PageWriter.h"
 

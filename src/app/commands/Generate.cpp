@@ -1,7 +1,7 @@
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/HelpTexts.h"
+#include "app/commands/CommandSession.h"
+#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
 
 namespace app {

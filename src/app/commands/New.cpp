@@ -1,12 +1,12 @@
 #include <filesystem>
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/Errors.h"
-#include "app/FilePaths.h"
-#include "app/HelpTexts.h"
-#include "app/NewDocument.h"
-#include "app/SettingsEdit.h"
+#include "app/commands/CommandSession.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/commands/HelpTexts.h"
+#include "app/work/NewDocument.h"
+#include "app/work/SettingsEdit.h"
 #include "app/commands/Commands.h"
 
 namespace app {
@@ -31,7 +31,7 @@ int New(const CommonOptions& common, const NewOptions& options) {
     if (options.sample) edit.Set("SamplePage=true");
     edit.Store();
     // One that came about meanwhile is refused as well.
-    if (!options.force) document.TheDesk().MayReplace(desk::FileState{});
+    if (!options.force) document.TheDesk().SetReplaceable(desk::FileState{});
     document.Save();
     return 0;
 }

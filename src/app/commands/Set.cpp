@@ -1,8 +1,8 @@
 #include <memory>
 
-#include "app/CommandSession.h"
-#include "app/HelpTexts.h"
-#include "app/SettingsEdit.h"
+#include "app/commands/CommandSession.h"
+#include "app/commands/HelpTexts.h"
+#include "app/work/SettingsEdit.h"
 #include "app/commands/Commands.h"
 
 namespace app {

@@ -2,11 +2,11 @@
 #include <memory>
 #include <ranges>
 
-#include "app/CommandSession.h"
-#include "app/Errors.h"
-#include "app/HelpTexts.h"
-#include "app/JsonAnswer.h"
-#include "app/RunTexts.h"
+#include "app/commands/CommandSession.h"
+#include "app/work/Errors.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/JsonAnswer.h"
+#include "app/work/RunTexts.h"
 #include "app/commands/Commands.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"

@@ -3,9 +3,9 @@
 #include <memory>
 #include <optional>
 
-#include "app/ConsoleDialogs.h"
-#include "app/HelpTexts.h"
-#include "app/JsonAnswer.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/JsonAnswer.h"
 #include "app/commands/Commands.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/tables/DbfTable.h"

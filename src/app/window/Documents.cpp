@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 #include "app/window/NewDocumentDialog.h"
 #include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"

@@ -1,6 +1,6 @@
 #include "app/window/ElementPages.h"
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 #include "desk/components/Registrar.h"
 
 namespace app {

@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "app/Sheets.h"
+#include "app/work/Sheets.h"
 #include "desk/drawing/PageWriter.h"
 
 class QComboBox;

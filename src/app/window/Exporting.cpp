@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 #include "app/window/ExportDialog.h"
 #include "desk/window/QtText.h"
 

@@ -14,9 +14,9 @@
 #include <QStringList>
 #include <algorithm>
 
-#include "app/Errors.h"
-#include "app/NewDocument.h"
-#include "app/SymbolValues.h"
+#include "app/work/Errors.h"
+#include "app/work/NewDocument.h"
+#include "app/work/SymbolValues.h"
 #include "app/window/PathField.h"
 #include "desk/window/QtText.h"
 #include "model/Paths.h"

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "app/Options.h"
+#include "app/work/Options.h"
 #include "host/Host.h"
 
 class QCheckBox;

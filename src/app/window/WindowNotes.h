@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/NotedDialogs.h"
+#include "app/work/NotedDialogs.h"
 #include "desk/window/WindowDialogs.h"
 
 namespace app {

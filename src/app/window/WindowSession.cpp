@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/Errors.h"
-#include "app/FilePaths.h"
-#include "app/NewDocument.h"
-#include "app/RunTexts.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/NewDocument.h"
+#include "app/work/RunTexts.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -64,7 +64,7 @@ void WindowSession::SaveTo(const std::string& documentPath) {
     }
     const auto written = desk::WriteDocument(document, documentPath);
     if (documentPath != Path()) document_.TheDesk().Start(std::move(document), documentPath);
-    document_.TheDesk().MayReplace(written);
+    document_.TheDesk().SetReplaceable(written);
     NoteSaved();
 }
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "app/OpenDocument.h"
-#include "app/Options.h"
-#include "app/Sheets.h"
+#include "app/work/OpenDocument.h"
+#include "app/work/Options.h"
+#include "app/work/Sheets.h"
 
 namespace app {
 

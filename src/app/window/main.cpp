@@ -4,8 +4,8 @@
 #include <csignal>
 #include <cstdio>
 
-#include "app/ArgumentParser.h"
-#include "app/Errors.h"
+#include "app/work/ArgumentParser.h"
+#include "app/work/Errors.h"
 #include "app/window/MainWindow.h"
 #include "desk/window/QtText.h"
 

@@ -1,14 +1,14 @@
-#include "app/NewDocument.h"
+#include "app/work/NewDocument.h"
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 
-#include "app/Errors.h"
-#include "app/FilePaths.h"
-#include "app/PageFurniture.h"
-#include "app/SettingsEdit.h"
-#include "app/SymbolValues.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/PageFurniture.h"
+#include "app/work/SettingsEdit.h"
+#include "app/work/SymbolValues.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/GeneralFunctions.h"

@@ -1,9 +1,9 @@
-#include "app/OpenDocument.h"
+#include "app/work/OpenDocument.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 #include "model/GeneralFunctions.h"
 
 namespace app {
@@ -42,7 +42,7 @@ OpenDocument::State OpenDocument::Present() const {
 
 void OpenDocument::Restore(State state) {
     desk_->Start(std::move(state.document), state.path);
-    desk_->MayReplace(state.replaceable);
+    desk_->SetReplaceable(state.replaceable);
     frames_ = std::move(state.frames);
     chosen_ = state.chosen;
 }

@@ -1,10 +1,10 @@
-#include "app/SettingsEdit.h"
+#include "app/work/SettingsEdit.h"
 
 #include <algorithm>
 
-#include "app/Errors.h"
-#include "app/FilePaths.h"
-#include "app/ValueCautions.h"
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/Keys.h"

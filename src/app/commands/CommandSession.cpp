@@ -1,11 +1,11 @@
-#include "app/CommandSession.h"
+#include "app/commands/CommandSession.h"
 
 #include <memory>
 
-#include "app/ConsoleDialogs.h"
-#include "app/Errors.h"
-#include "app/Progress.h"
-#include "app/RunTexts.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/work/Errors.h"
+#include "app/commands/Progress.h"
+#include "app/work/RunTexts.h"
 
 namespace app {
 namespace {

@@ -1,9 +1,9 @@
-#include "app/ConsoleDialogs.h"
+#include "app/commands/ConsoleDialogs.h"
 
 #include <cstdio>
 
-#include "app/Errors.h"
-#include "app/Progress.h"
+#include "app/work/Errors.h"
+#include "app/commands/Progress.h"
 
 namespace app {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/SymbolValues.h"
+#include "app/work/SymbolValues.h"
 
 #include <array>
 #include <charconv>

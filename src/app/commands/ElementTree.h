@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/JsonAnswer.h"
+#include "app/commands/JsonAnswer.h"
 #include "host/Host.h"
 
 namespace app {

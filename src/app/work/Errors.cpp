@@ -1,4 +1,4 @@
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 
 #include <new>
 

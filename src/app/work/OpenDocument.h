@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/NotedDialogs.h"
+#include "app/work/NotedDialogs.h"
 #include "desk/session/Desk.h"
 #include "manager/CVNGazetteerManager.h"
 

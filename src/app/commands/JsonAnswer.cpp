@@ -1,4 +1,4 @@
-#include "app/JsonAnswer.h"
+#include "app/commands/JsonAnswer.h"
 
 #include <cmath>
 #include <cstdio>

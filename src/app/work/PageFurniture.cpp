@@ -1,4 +1,4 @@
-#include "app/PageFurniture.h"
+#include "app/work/PageFurniture.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,10 +1,10 @@
-#include "app/KeyValues.h"
+#include "app/work/KeyValues.h"
 
 #include <charconv>
 #include <cmath>
 
-#include "app/Errors.h"
-#include "app/SymbolValues.h"
+#include "app/work/Errors.h"
+#include "app/work/SymbolValues.h"
 
 namespace app {
 namespace {

@@ -1,8 +1,8 @@
-#include "app/FilePaths.h"
+#include "app/work/FilePaths.h"
 
 #include <filesystem>
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 
 namespace app {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/NotedDialogs.h"
+#include "app/work/NotedDialogs.h"
 
 namespace app {
 

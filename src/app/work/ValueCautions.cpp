@@ -1,4 +1,4 @@
-#include "app/ValueCautions.h"
+#include "app/work/ValueCautions.h"
 
 #include <algorithm>
 #include <array>

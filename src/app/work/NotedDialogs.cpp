@@ -1,4 +1,4 @@
-#include "app/NotedDialogs.h"
+#include "app/work/NotedDialogs.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/OpenDocument.h"
+#include "app/work/OpenDocument.h"
 
 namespace app {
 

@@ -1,4 +1,4 @@
-#include "app/Progress.h"
+#include "app/commands/Progress.h"
 
 #include <chrono>
 #include <cstdio>

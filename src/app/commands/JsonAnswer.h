@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "desk/documents/JsonWriter.h"
+#include "desk/json/JsonWriter.h"
 
 namespace app {
 

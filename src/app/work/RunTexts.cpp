@@ -1,4 +1,4 @@
-#include "app/RunTexts.h"
+#include "app/work/RunTexts.h"
 
 #include <array>
 #include <cstdio>

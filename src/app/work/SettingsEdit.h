@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "app/KeyValues.h"
-#include "app/OpenDocument.h"
+#include "app/work/KeyValues.h"
+#include "app/work/OpenDocument.h"
 #include "model/ColumnProperties.h"
 #include "model/Settings.h"
 

@@ -1,11 +1,11 @@
-#include "app/ArgumentParser.h"
+#include "app/work/ArgumentParser.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <simdjson.h>
 
-#include "app/Errors.h"
+#include "app/work/Errors.h"
 #include "desk/tables/TextDecoder.h"
 
 namespace app {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/OpenDocument.h"
-#include "app/Options.h"
+#include "app/work/OpenDocument.h"
+#include "app/work/Options.h"
 
 namespace app {
 

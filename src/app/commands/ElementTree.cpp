@@ -1,9 +1,9 @@
-#include "app/ElementTree.h"
+#include "app/commands/ElementTree.h"
 
 #include <algorithm>
 #include <ranges>
 
-#include "app/SymbolValues.h"
+#include "app/work/SymbolValues.h"
 #include "layout/RowElements.h"
 
 namespace app {

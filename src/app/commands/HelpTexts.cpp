@@ -1,4 +1,4 @@
-#include "app/HelpTexts.h"
+#include "app/commands/HelpTexts.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,12 +1,12 @@
-#include "app/CommandLine.h"
+#include "app/commands/CommandLine.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
-#include "app/ConsoleDialogs.h"
-#include "app/Errors.h"
-#include "app/HelpTexts.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/work/Errors.h"
+#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
 #include "support/ErrorHandling.h"
 

@@ -1,11 +1,11 @@
-#include "app/Sheets.h"
+#include "app/work/Sheets.h"
 
 #include <charconv>
 #include <filesystem>
 #include <sys/resource.h>
 
-#include "app/Errors.h"
-#include "app/PageFurniture.h"
+#include "app/work/Errors.h"
+#include "app/work/PageFurniture.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/Conversions.h"

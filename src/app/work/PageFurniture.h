@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/Options.h"
+#include "app/work/Options.h"
 #include "desk/documents/Document.h"
 #include "host/Host.h"
 

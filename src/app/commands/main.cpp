@@ -1,6 +1,6 @@
 #include <csignal>
 
-#include "app/CommandLine.h"
+#include "app/commands/CommandLine.h"
 
 int main(int argc, char** argv) {
     // A file that would grow beyond the user's limit is a failed write like any other.
