@@ -3,14 +3,14 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/commands/Session.h"
+#include "app/commands/CommandSession.h"
 
 /// Reloading the stored results of the document that GAZETTEER_BENCH_DOCUMENT names, and drawing
 /// one page of them into the frame.
 namespace {
 
-std::unique_ptr<app::Session> OpenDocument(const char* path) {
-    auto session = std::make_unique<app::Session>(app::CommonOptions{.locale = "en_US"});
+std::unique_ptr<app::CommandSession> OpenDocument(const char* path) {
+    auto session = std::make_unique<app::CommandSession>(app::CommonOptions{.locale = "en_US"});
     session->Open(path);
     session->BindDrawable();
     return session;
@@ -28,17 +28,17 @@ void BM_1_Reload(benchmark::State& state, const char* path) {
 // With the fonts still to be found.
 void BM_2_FirstPage(benchmark::State& state, const char* path) {
     const auto session = OpenDocument(path);
-    for (auto _ : state) session->Manager().SetIndexToPageNumber(1);
+    for (auto _ : state) session->Document().Manager().SetIndexToPageNumber(1);
 }
 
 // Pages far apart, so that none shares its texts with the one before.
 void BM_3_OtherPages(benchmark::State& state, const char* path) {
     constexpr int kStride = 7919;
     const auto session = OpenDocument(path);
-    const int pages = session->PageCount();
+    const int pages = session->Document().PageCount();
     int page = 0;
     for (auto _ : state) {
-        session->Manager().SetIndexToPageNumber(page + 1);
+        session->Document().Manager().SetIndexToPageNumber(page + 1);
         page = (page + kStride) % pages;
     }
     state.counters["pages"] = pages;

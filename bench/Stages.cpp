@@ -45,9 +45,9 @@ Stages::Stages() : session_({.locale = "en_US"}), siblings_(SiblingObjects::Crea
     const std::string path = TablePath(folder_);
     app::NewDocumentOptions options;
     options.listingDatabase = path;
-    app::StartNewDocument(session_, options, folder_.File("index.json"));
-    app::DressForPrint(session_);
-    ReadSettings(*session_.Properties(), Host().Locale(), settings_);
+    app::StartNewDocument(session_.Document(), options, folder_.File("index.json"));
+    app::DressForPrint(session_.Document());
+    ReadSettings(*session_.Document().Properties(), Host().Locale(), settings_);
     source_.databaseTable = OpenTableFile(Host(), path);
     transparent_ = Host().NewFillSymbol();
 }
@@ -85,17 +85,19 @@ std::vector<CellTexts> Stages::Cells() {
 
 void Stages::NumberPages(WorkingResults& results) {
     RunReport report;
-    PopulatePageGroups(Host(), settings_, *session_.Gazetteer(), transparent_, results, report);
+    PopulatePageGroups(Host(), settings_, *session_.Document().Gazetteer(), transparent_, results,
+                       report);
 }
 
 void Stages::Draw(std::int32_t page) {
-    DrawPage(Host(), settings_, Results(), transparent_, session_.Gazetteer(), page);
+    DrawPage(Host(), settings_, Results(), transparent_, session_.Document().Gazetteer(), page);
 }
 
 void Stages::Write(desk::PageWriter& writer) {
-    const auto& document = session_.TheDesk().CurrentDocument();
+    const auto& document = session_.Document().TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
-    desk::ElementPainter(*session_.TheDesk().Text()).Paint(writer.Sheet(), session_.Gazetteer());
+    desk::ElementPainter(*session_.Document().TheDesk().Text())
+        .Paint(writer.Sheet(), session_.Document().Gazetteer());
     writer.EndPage("page");
 }
 

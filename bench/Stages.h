@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/commands/Session.h"
+#include "app/commands/CommandSession.h"
 #include "desk/drawing/PageWriter.h"
 #include "listings/CellComposer.h"
 #include "model/Results.h"
@@ -44,13 +44,13 @@ public:
     const host::Ref<host::IHostTable>& Composed();
     gazetteer::WorkingResults& Results();
 
-    host::IHost& Host() { return session_.Host(); }
+    host::IHost& Host() { return session_.Document().Host(); }
     host::Ref<host::IHostDisplay> Display();
     std::string File(const char* name) const { return folder_.File(name); }
 
 private:
     support::TemporaryFolder folder_;
-    app::Session session_;
+    app::CommandSession session_;
     gazetteer::Settings settings_;
     gazetteer::SiblingObjects siblings_;
     gazetteer::ListingSource source_;

@@ -40,8 +40,22 @@ if(TARGET component)
   install(TARGETS component LIBRARY DESTINATION ${GAZETTEER_COMPONENT_FOLDER} COMPONENT program)
 endif()
 
+# The manual page of a program, of its help and of what is written by hand in packaging/man.
+function(gazetteer_manual program)
+  set(source ${CMAKE_SOURCE_DIR}/packaging/man)
+  set(page ${CMAKE_BINARY_DIR}/man/${program}.1)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
+  # Whether the program has leaks is for the tests to say.
+  add_custom_command(OUTPUT ${page}
+    COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
+            ${source}/manual $<TARGET_FILE:${program}> ${source}/${program}.1.in > ${page}
+    DEPENDS ${program} ${source}/manual ${source}/${program}.1.in)
+  add_custom_target(${program}-manual ALL DEPENDS ${page})
+  install(FILES ${page} TYPE MAN RENAME man1/${program}.1 COMPONENT program)
+endfunction()
+
 if(GAZETTEER_DESK)
-  install(FILES packaging/man/gazetteer.1 TYPE MAN RENAME man1/gazetteer.1 COMPONENT program)
+  gazetteer_manual(gazetteer)
   install(FILES packaging/completion/gazetteer
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT program
@@ -50,8 +64,7 @@ if(GAZETTEER_DESK)
   install(FILES docs/document-format.md README.md TYPE DOC COMPONENT program)
 endif()
 if(TARGET gazetteer-desk)
-  install(FILES packaging/man/gazetteer-desk.1 TYPE MAN RENAME man1/gazetteer-desk.1
-          COMPONENT program)
+  gazetteer_manual(gazetteer-desk)
   install(FILES packaging/completion/gazetteer-desk
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
   install(FILES packaging/desktop/gazetteer-desk.desktop

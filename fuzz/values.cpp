@@ -9,9 +9,10 @@
 #include "Checks.h"
 #include "FuzzDesk.h"
 #include "UnicodeText.h"
-#include "app/work/Edit.h"
 #include "app/work/Errors.h"
 #include "app/work/NewDocument.h"
+#include "app/work/OpenDocument.h"
+#include "app/work/SettingsEdit.h"
 #include "app/work/Sheets.h"
 #include "desk/locale/IcuLocale.h"
 #include "model/ColumnList.h"
@@ -37,18 +38,12 @@ protected:
     }
 };
 
-class QuietWork final : public app::Work {
-public:
-    QuietWork() : Work(Options(), std::make_shared<QuietDialogs>()) {}
-    void Caution(const std::string& sentence) override { fuzz::RequireText(sentence, "a caution"); }
-
-private:
-    static desk::DeskOptions Options() {
-        desk::DeskOptions options;
-        options.locale = "en_US";
-        return options;
-    }
-};
+app::OpenDocument NewWork() {
+    desk::DeskOptions options;
+    options.locale = "en_US";
+    return {options, std::make_shared<QuietDialogs>(),
+            [](const std::string& sentence) { fuzz::RequireText(sentence, "a caution"); }};
+}
 
 /// As Attempt, for code that also has the two ways of failing of the command line. These repeat
 /// what was typed, byte by byte.
@@ -72,7 +67,7 @@ void RequireSameAgain(host::IHost& host, const std::string& key, gazetteer::Valu
             "a value's text leads to another value");
 }
 
-void Set(app::Work& work, app::Edit& edit, const std::string& text) {
+void Set(app::OpenDocument& work, app::SettingsEdit& edit, const std::string& text) {
     if (!AttemptCommand([&] { edit.Set(text); })) return;
     const auto assignment = app::ParseAssignment(text);
     const auto* property = gazetteer::FindPropertyKey(assignment.key);
@@ -83,7 +78,7 @@ void Set(app::Work& work, app::Edit& edit, const std::string& text) {
                      assignment.value);
 }
 
-void AddColumn(app::Work& work, app::Edit& edit, const std::string& text) {
+void AddColumn(app::OpenDocument& work, app::SettingsEdit& edit, const std::string& text) {
     auto& locale = work.Host().Locale();
     const std::string name = gazetteer::CleanColumnName(locale, text);
     auto& settings = edit.Settings();
@@ -131,7 +126,7 @@ void Pages(const std::string& text) {
     });
 }
 
-void TakeLines(app::Work& work, app::Edit& edit, fuzz::Bytes& bytes) {
+void TakeLines(app::OpenDocument& work, app::SettingsEdit& edit, fuzz::Bytes& bytes) {
     app::PageSize size{8.5, 11};
     for (int i = 0; i < kMostLines && !bytes.AtEnd(); ++i) {
         // An argument is UTF-8 and ends at its first zero byte.
@@ -154,14 +149,14 @@ void TakeLines(app::Work& work, app::Edit& edit, fuzz::Bytes& bytes) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const fuzz::Folder folder;
-    static QuietWork work;
+    static app::OpenDocument work = NewWork();
     app::NewDocumentOptions options;
     options.listingDatabase = folder.Write("names.dbf", fuzz::SmallTable());
     const std::string path = folder.File("document.json");
     app::StartNewDocument(work, options, path);
 
     fuzz::Bytes bytes(data, size);
-    app::Edit edit(work);
+    app::SettingsEdit edit(work);
     TakeLines(work, edit, bytes);
     edit.Store();
     const bool saved = fuzz::Attempt([&] {

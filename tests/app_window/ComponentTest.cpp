@@ -15,7 +15,7 @@ public:
 
     void Register(bool install) const {
         desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
-            .Register(Layout().HostRef(), install);
+            .Register(Session().Document().DeskRef(), install);
     }
     /// Opens the sheet, acts on it, and leaves it by a button.
     void InSheet(const Answer& act, const char* button = "Cancel") {
@@ -45,12 +45,12 @@ TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
 
 TEST_F(Component, IsMissedWithOneMessageAndTheSheetStillOpens) {
     const auto id = [&](const char* value) {
-        auto made = Layout().Host().NewIdentifier();
+        auto made = Session().Host().NewIdentifier();
         made->SetValue(value);
         return made;
     };
     const auto file = folder_.Write("gone.so", "");
-    Layout().Host().NewComponentRegistrar()->RegisterComponent(
+    Session().Host().NewComponentRegistrar()->RegisterComponent(
         file, id("Some.Page"), id(host::kElementPropertyPages), true);
     std::filesystem::remove(file);
     bool opened = false;
@@ -85,7 +85,7 @@ TEST_F(Component, AnAppliedEditIsDrawnOnThePageOnShow) {
             applied = DrawnListings();
         },
         "OK");
-    EXPECT_EQ(Layout().Page(), 2);
+    EXPECT_EQ(Session().Page(), 2);
     ASSERT_FALSE(applied.empty());
     EXPECT_GT(applied.front(), applied.back());
     EXPECT_EQ(DrawnListings(), applied);

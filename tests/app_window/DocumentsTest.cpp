@@ -17,7 +17,7 @@ public:
             if (action->text().endsWith(".json")) names << QFileInfo(action->text()).fileName();
         return names;
     }
-    desk::Document& Document() const { return Layout().TheDesk().CurrentDocument(); }
+    desk::Document& Document() const { return Session().Document().TheDesk().CurrentDocument(); }
 };
 
 TEST_F(Documents, ANewOneIsMadeFromATable) {
@@ -34,7 +34,7 @@ TEST_F(Documents, ANewOneIsMadeFromATable) {
         support::Part<QComboBox>(dialog, "pageSize").setCurrentText("A4");
         Press(dialog, "Create");
     });
-    EXPECT_FALSE(Layout().OnDisk());
+    EXPECT_FALSE(Session().OnDisk());
     EXPECT_TRUE(window_->isWindowModified());
     EXPECT_TRUE(window_->windowTitle().startsWith("names (not saved)"));
     EXPECT_NEAR(Document().pageHeight, 297 / 25.4, 1e-9);
@@ -54,8 +54,8 @@ TEST_F(Documents, AFailedNewOneLeavesTheDocumentBefore) {
         Press(dialog, "Cancel");
     });
     Open(Table("other.dbf", 5));
-    EXPECT_EQ(Layout().Path(), folder_.File("names.json"));
-    EXPECT_FALSE(Layout().Modified());
+    EXPECT_EQ(Session().Path(), folder_.File("names.json"));
+    EXPECT_FALSE(Session().Modified());
     EXPECT_EQ(DrawnListings().size(), 30U);
     Do("refresh");
     EXPECT_EQ(DrawnListings().size(), 30U);
@@ -65,12 +65,12 @@ TEST_F(Documents, WhatCannotBeReadIsToldAndTheWindowGoesOn) {
     EXPECT_FALSE(Action("save").isEnabled());
     ExpectMessage("damaged");
     Open(folder_.Write("bad.json", "{\"format\": "));
-    EXPECT_FALSE(Layout().HasDocument());
+    EXPECT_FALSE(Session().HasDocument());
     EXPECT_EQ(Recent(), QStringList());
     const auto path = MakeSaved(Table("names.dbf", 30), "names.json");
     ExpectMessage("gone.json");
     Open(folder_.File("gone.json"));
-    EXPECT_EQ(Layout().Path(), path);
+    EXPECT_EQ(Session().Path(), path);
 }
 
 TEST_F(Documents, UnsavedChangesAreAskedAbout) {
@@ -85,11 +85,11 @@ TEST_F(Documents, UnsavedChangesAreAskedAbout) {
 
     NewWindow();
     Open(saved);
-    EXPECT_TRUE(Layout().InDraft());
+    EXPECT_TRUE(Session().InDraft());
     Do("draft");
     ExpectMessage("Save them?", "Discard");
     Open(saved);
-    EXPECT_TRUE(Layout().InDraft());
+    EXPECT_TRUE(Session().InDraft());
     EXPECT_FALSE(window_->isWindowModified());
     EXPECT_TRUE(window_->close());
 }
@@ -104,12 +104,14 @@ TEST_F(Documents, RecentOnesAreKeptUntilTheyAreGone) {
     Find<QMenu>("recentMenu").actions()[1]->trigger();
     EXPECT_EQ(Recent(), QStringList("two.json"));
     Find<QMenu>("recentMenu").actions()[0]->trigger();
-    EXPECT_EQ(Layout().Path(), second);
+    EXPECT_EQ(Session().Path(), second);
 }
 
 TEST_F(Documents, AreNotSavedOverWhatAnotherProgramWrote) {
     const std::string path = MakeSaved(Table("names.dbf", 30), "names.json");
-    const auto saved = [&] { return desk::ReadDocument(path, Layout().TheDesk().Text()); };
+    const auto saved = [&] {
+        return desk::ReadDocument(path, Session().Document().TheDesk().Text());
+    };
     const auto changeAndSave = [&] {
         Do("draft");
         Do("save");
@@ -145,7 +147,7 @@ TEST_F(Documents, AreNotSavedOverWhatTheyAreMadeFrom) {
         TypeFile(dialog, table);
     });
     EXPECT_TRUE(window_->isWindowModified());
-    EXPECT_FALSE(Layout().OnDisk());
+    EXPECT_FALSE(Session().OnDisk());
 }
 
 TEST_F(Documents, AMapBookIsFoundFromAnotherFolderToo) {
@@ -169,7 +171,7 @@ TEST_F(Documents, AFileThatIsDroppedIsOpened) {
     QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window_.get(), &drop);
     QTest::qWait(0);
-    EXPECT_EQ(Layout().Path(), saved);
+    EXPECT_EQ(Session().Path(), saved);
 }
 
 }  // namespace

@@ -55,9 +55,9 @@ TEST_F(Export, WritesTheAskedPagesAndShowsTheSamePageAfterwards) {
 
 TEST_F(Export, LeavesADraftADraft) {
     Do("draft");
-    ExportTo(folder_.File("index.pdf"), 1, Layout().Pages());
+    ExportTo(folder_.File("index.pdf"), 1, Session().Pages());
     EXPECT_NE(PdfText(folder_.File("index.pdf")).find("Alpha 0900"), std::string::npos);
-    EXPECT_TRUE(Layout().InDraft());
+    EXPECT_TRUE(Session().InDraft());
     EXPECT_TRUE(DrawnListings().empty());
 }
 
@@ -66,7 +66,7 @@ TEST_F(Export, CancelledInItsProgressLeavesNothingBehind) {
     Make(Table("long.dbf", 20000));
     const auto drawn = DrawnListings();
     bool shown = false;
-    ExportTo(folder_.File("out/page.png"), 1, Layout().Pages(), [&](QWidget&) {
+    ExportTo(folder_.File("out/page.png"), 1, Session().Pages(), [&](QWidget&) {
         support::WhenModal([&](QWidget& progress) {
             shown = true;
             Press(progress, "Cancel");

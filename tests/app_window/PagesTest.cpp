@@ -12,9 +12,9 @@ public:
     Pages() { MakeSaved(Table("names.dbf", 900), "names.json"); }
 
     void Run(const std::string& command) {
-        const auto id = Layout().Host().NewIdentifier();
+        const auto id = Session().Host().NewIdentifier();
         id->SetValue(command);
-        const auto document = Layout().Host().NewApplication()->Document();
+        const auto document = Session().Host().NewApplication()->Document();
         document->CommandBars()->Find(id, false, false)->Execute();
     }
     void SaveAndOpen() {
@@ -27,7 +27,7 @@ public:
 };
 
 TEST_F(Pages, TurnByActionsBoxListAndKeys) {
-    const int last = Layout().Pages();
+    const int last = Session().Pages();
     ASSERT_GE(last, 3);
     EXPECT_EQ(ListedPages(), last);
     ASSERT_FALSE(DrawnListings().empty());
@@ -54,7 +54,7 @@ TEST_F(Pages, TurnByActionsBoxListAndKeys) {
     std::vector<std::string> before = DrawnListings();
     for (const Turn& turn : turns) {
         turn.act();
-        EXPECT_EQ(Layout().Page(), turn.page) << turn.what;
+        EXPECT_EQ(Session().Page(), turn.page) << turn.what;
         EXPECT_EQ(box.value(), turn.page) << turn.what;
         EXPECT_EQ(list.currentIndex().row(), turn.page - 1) << turn.what;
         EXPECT_EQ(Find<QLabel>("statusPage").text(),
@@ -65,7 +65,7 @@ TEST_F(Pages, TurnByActionsBoxListAndKeys) {
     EXPECT_EQ(DrawnListings().back(), "Alpha 0900");
     EXPECT_FALSE(Action("nextPage").isEnabled());
     EXPECT_TRUE(Action("firstPage").isEnabled());
-    EXPECT_FALSE(Layout().Modified());
+    EXPECT_FALSE(Session().Modified());
     EXPECT_FALSE(window_->isWindowModified());
 }
 
@@ -73,26 +73,26 @@ TEST_F(Pages, AreFoundByListing) {
     auto& filter = Find<QLineEdit>("pageFilter");
     Do("lastPage");
     const auto wanted = QString::fromStdString(DrawnListings()[3]);
-    const int page = Layout().Page();
+    const int page = Session().Page();
     Do("firstPage");
 
     QTest::keyClicks(&filter, wanted.toUpper());
     ASSERT_TRUE(QTest::qWaitFor([this] { return ListedPages() == 1; }));
     EXPECT_TRUE(Name(1).startsWith(wanted));
-    EXPECT_EQ(Layout().Page(), 1);
+    EXPECT_EQ(Session().Page(), 1);
     QTest::keyClick(&filter, Qt::Key_Return);
-    EXPECT_EQ(Layout().Page(), page);
+    EXPECT_EQ(Session().Page(), page);
 
     filter.setText("no such place");
     EXPECT_EQ(ListedPages(), 0);
     QTest::keyClick(&filter, Qt::Key_Escape);
-    EXPECT_EQ(ListedPages(), Layout().Pages());
+    EXPECT_EQ(ListedPages(), Session().Pages());
     EXPECT_EQ(Find<QTreeView>("pageList").currentIndex().row(), page - 1);
 }
 
 TEST_F(Pages, DraftTakesThePageAwayAndBringsItBack) {
     const auto isDraft = [this] {
-        return host::As<host::IHostFrameElement>(Layout().Gazetteer())->Draft();
+        return host::As<host::IHostFrameElement>(Session().Document().Gazetteer())->Draft();
     };
     Do("nextPage");
     const auto drawn = DrawnListings();
@@ -104,52 +104,52 @@ TEST_F(Pages, DraftTakesThePageAwayAndBringsItBack) {
     // A refresh draws nothing in draft state.
     Run("CVNLayoutsCmds.RefreshLayout");
     EXPECT_TRUE(DrawnListings().empty());
-    EXPECT_EQ(ListedPages(), Layout().Pages());
+    EXPECT_EQ(ListedPages(), Session().Pages());
 
     Do("draft");
     EXPECT_FALSE(isDraft());
     EXPECT_EQ(DrawnListings(), drawn);
-    EXPECT_EQ(Layout().Page(), 2);
+    EXPECT_EQ(Session().Page(), 2);
     EXPECT_FALSE(Action("draft").isChecked());
 }
 
 TEST_F(Pages, TheRefreshCommandKeepsThePageOrTakesTheLastOne) {
     Do("lastPage");
-    const int last = Layout().Page();
+    const int last = Session().Page();
     Run("CVNLayoutsCmds.RefreshLayout");
-    EXPECT_EQ(Layout().Page(), last);
+    EXPECT_EQ(Session().Page(), last);
 
     // Fewer listings, and stored results that are no longer valid.
     Table("names.dbf", 12);
-    Layout().Properties()->SetItem("HaveSavedListings", false);
+    Session().Document().Properties()->SetItem("HaveSavedListings", false);
     Run("CVNLayoutsCmds.RefreshLayout");
     Run("CVNLayoutsCmds.RefreshTOC");
-    EXPECT_EQ(Layout().Pages(), 1);
-    EXPECT_EQ(Layout().Page(), 1);
+    EXPECT_EQ(Session().Pages(), 1);
+    EXPECT_EQ(Session().Page(), 1);
     EXPECT_EQ(ListedPages(), 1);
     EXPECT_EQ(DrawnListings().size(), 12U);
     EXPECT_EQ(Status().substr(0, 23), "12 records: 12 listings");
 }
 
 TEST_F(Pages, ADocumentOpensAtItsDefaultPage) {
-    Layout().Properties()->SetItem("DefaultPage", 2);
+    Session().Document().Properties()->SetItem("DefaultPage", 2);
     SaveAndOpen();
-    EXPECT_EQ(Layout().Page(), 2);
+    EXPECT_EQ(Session().Page(), 2);
 }
 
 TEST_F(Pages, AGazetteerThatCannotBeDrawnSaysWhy) {
-    Layout().Properties()->SetItem("IndexDatabaseFile", folder_.File("gone.dbf"));
+    Session().Document().Properties()->SetItem("IndexDatabaseFile", folder_.File("gone.dbf"));
     Run("CVNLayoutsCmds.RefreshLayout");
     const QString told = Find<QLabel>("noticeText").text();
     EXPECT_TRUE(told.startsWith("The gazetteer cannot be drawn.")) << told.toStdString();
     EXPECT_TRUE(told.contains("gone.dbf")) << told.toStdString();
-    EXPECT_EQ(Layout().Pages(), 0);
+    EXPECT_EQ(Session().Pages(), 0);
     EXPECT_FALSE(Action("exportPages").isEnabled());
     EXPECT_TRUE(Action("properties").isEnabled());
 }
 
 TEST_F(Pages, OfADamagedDocumentAreShownAsFarAsTheyGo) {
-    const auto& working = Layout().Manager().Working();
+    const auto& working = Session().Document().Manager().Working();
     working.firstListings->RemoveItem("2");
     working.firstListings->SetItem("20", std::string("astray"));
     working.pageGroups->RemoveItem("3");

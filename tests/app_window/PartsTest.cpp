@@ -27,7 +27,7 @@ QImage White(QSize size) {
 
 TEST_F(Parts, TilesShowNoSeams) {
     Make(Table("names.dbf", 300));
-    auto& desk = Layout().TheDesk();
+    auto& desk = Session().Document().TheDesk();
     const auto picture = std::make_shared<app::PagePicture>(desk.CurrentDocument(), *desk.Text());
     for (const double pixelsPerInch : {61.7, 96.0, 350.0}) {
         app::PageTiles tiles;
@@ -69,7 +69,7 @@ TEST_F(Parts, AHundredThousandListingsAreSearchedWhileTyping) {
     using Clock = std::chrono::steady_clock;
     constexpr auto kUnnoticed = std::chrono::milliseconds(50) * kSlowdown;
     app::PageFinder finder;
-    finder.SetResults(ManyResults(Layout().Host()));
+    finder.SetResults(ManyResults(Session().Host()));
     auto longest = Clock::duration::zero();
     for (bool more = true; more;) {
         const auto begin = Clock::now();

@@ -90,9 +90,9 @@ void TakeWindow(Album& album, const QString& table) {
     });
     window.Open(table);
     // No picture is to show where it was taken.
-    window.TheLayout().Properties()->SetItem("IndexDatabaseFile", table.toStdString());
-    window.TheLayout().SaveTo("czechia-slovakia.json");
-    window.TheLayout().TurnTo(2);
+    window.TheSession().Document().Properties()->SetItem("IndexDatabaseFile", table.toStdString());
+    window.TheSession().SaveTo("czechia-slovakia.json");
+    window.TheSession().TurnTo(2);
     Trigger(window, "nextPage");
     window.View().SetFit(app::PageView::Fit::Width);
     album.Take(window, "window");
@@ -114,7 +114,7 @@ void TakeWindow(Album& album, const QString& table) {
     QFile::rename(table, table + ".away");
     Trigger(window, "refresh");
     album.Take(window, "notice");
-    window.TheLayout().SaveTo(window.TheLayout().Path());
+    window.TheSession().SaveTo(window.TheSession().Path());
 }
 
 }  // namespace
@@ -141,7 +141,7 @@ int main(int count, char** arguments) {
     {
         app::MainWindow registers("en_US");
         desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
-            .Register(registers.TheLayout().HostRef(), true);
+            .Register(registers.TheSession().Document().DeskRef(), true);
     }
     TakeWindow(album, table);
     return album.Failed() ? 1 : 0;

@@ -74,7 +74,7 @@ public:
     T& Find(const char* name) const {
         return support::Part<T>(*window_, name);
     }
-    app::Layout& Layout() const { return window_->TheLayout(); }
+    app::WindowSession& Session() const { return window_->TheSession(); }
     std::string Status() const { return Find<QLabel>("statusText").text().toStdString(); }
     int ListedPages() const { return Find<QTreeView>("pageList").model()->rowCount(); }
 
@@ -82,7 +82,7 @@ public:
     std::vector<std::string> DrawnListings() const {
         using support::TestDesk;
         std::vector<std::string> texts;
-        const auto& element = Layout().Gazetteer();
+        const auto& element = Session().Document().Gazetteer();
         if (!element) return texts;
         for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
             texts.push_back(TestDesk::CellText(*row, 0).substr(0, 10));

@@ -120,7 +120,7 @@ TEST(PageWriter, SaysWhichFileCannotBeWrittenAndWhy) {
     fs::create_directory(sheets.File("folder.pdf"));
     const char* const full[] = {"full.pdf", "full.svg", "full.png"};
     for (const char* name : full) fs::create_symlink("/dev/full", sheets.File(name));
-    const std::string noEnding = "its name must end in .pdf, .svg or .png";
+    const std::string noEnding = "its name must end in .pdf, .png or .svg";
     struct Fault {
         const char* name;
         int pages;

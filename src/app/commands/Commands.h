@@ -1,73 +1,35 @@
 #pragma once
 
-#include <cstdint>
+#include <functional>
 #include <string>
-#include <vector>
 
+#include "app/work/ArgumentParser.h"
 #include "app/work/Options.h"
 
-/// The commands, one file each. Each answers the exit status; what goes wrong is raised.
+/// The commands, one file each: what it takes, and what it does.
 namespace app {
 
-struct MakeOptions : NewDocumentOptions {
-    std::string output;
-    std::string document;  ///< Where the document is kept; empty: nowhere.
-};
-int Make(const CommonOptions& common, const MakeOptions& options);
+void AddMake(Arguments& program);
+void AddNew(Arguments& program);
+void AddSet(Arguments& program);
+void AddColumn(Arguments& program);
+void AddCheck(Arguments& program);
+void AddGenerate(Arguments& program);
+void AddShow(Arguments& program);
+void AddDraft(Arguments& program);
+void AddDraw(Arguments& program);
+void AddExport(Arguments& program);
+void AddTable(Arguments& program);
+void AddComponent(Arguments& program);
 
-struct NewOptions : NewDocumentOptions {
-    std::string document;
-    bool force = false;
-};
-int New(const CommonOptions& common, const NewOptions& options);
+/// What a command does. Answers the exit status; what goes wrong is raised.
+using CommandRun = std::function<int(const CommonOptions&)>;
 
-struct SetOptions {
-    std::string document;
-    std::vector<std::string> assignments;
-};
-int Set(const CommonOptions& common, const SetOptions& options);
-
-struct ColumnOptions {
-    std::string document;
-    std::string name;
-    std::vector<std::string> assignments;
-    bool json = false;
-};
-int ColumnAdd(const CommonOptions& common, const ColumnOptions& options);
-int ColumnRemove(const CommonOptions& common, const ColumnOptions& options);
-int ColumnList(const CommonOptions& common, const ColumnOptions& options);
-
-struct DocumentOptions {
-    std::string document;
-    bool json = false;
-};
-int Check(const CommonOptions& common, const DocumentOptions& options);
-int Generate(const CommonOptions& common, const DocumentOptions& options);
-int Show(const CommonOptions& common, const DocumentOptions& options);
-int Draft(const CommonOptions& common, const DocumentOptions& options);
-
-struct DrawOptions {
-    std::string document;
-    std::int32_t page = 0;
-    bool json = false;
-    std::string output;
-};
-int Draw(const CommonOptions& common, const DrawOptions& options);
-
-struct ExportOptions {
-    std::string document;
-    std::string output;
-    std::string pages;
-};
-int Export(const CommonOptions& common, const ExportOptions& options);
-
-struct TableOptions {
-    std::string file;
-    bool json = false;
-    std::int64_t limit = -1;  ///< Rows shown; negative: all.
-};
-int Table(const CommonOptions& common, const TableOptions& options);
-
-int Component(const CommonOptions& common, bool install);
+/// Adds a command with the options that all commands take.
+Arguments AddCommand(Arguments& parent, const char* name, const char* text, CommandRun run);
+/// Adds the document that most commands work on.
+Arguments& AddDocument(Arguments& command, std::string& document);
+/// Adds what `make` and `new` take.
+void AddNewDocumentOptions(Arguments& command, NewDocumentOptions& options);
 
 }  // namespace app

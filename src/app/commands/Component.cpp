@@ -1,9 +1,11 @@
 #include <filesystem>
+#include <memory>
 #include <utility>
 
-#include "app/commands/Commands.h"
 #include "app/commands/ConsoleDialogs.h"
 #include "app/work/Errors.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/Commands.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"
 
@@ -22,14 +24,23 @@ desk::ComponentLibrary LoadLibrary() {
     return desk::ComponentLibrary(path);
 }
 
-}  // namespace
-
 int Component(const CommonOptions& common, bool install) {
     desk::DeskOptions options;
     options.locale = common.locale;
     options.dialogs = std::make_shared<ConsoleDialogs>(common.verbose);
     LoadLibrary().Register(std::make_shared<desk::Desk>(std::move(options)), install);
     return kDone;
+}
+
+}  // namespace
+
+void AddComponent(Arguments& program) {
+    auto component = program.AddCommand("component", "Enter the property page with the desk");
+    component.Help(kComponentHelp);
+    AddCommand(component, "install", "Enter it",
+               [](const CommonOptions& common) { return Component(common, true); });
+    AddCommand(component, "uninstall", "Take it out",
+               [](const CommonOptions& common) { return Component(common, false); });
 }
 
 }  // namespace app

@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "app/commands/Progress.h"
 #include "app/work/Errors.h"
+#include "app/commands/Progress.h"
 
 namespace app {
 namespace {

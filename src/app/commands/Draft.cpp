@@ -1,25 +1,39 @@
-#include "app/commands/Commands.h"
-#include "app/commands/Session.h"
+#include <memory>
+
+#include "app/commands/CommandSession.h"
 #include "app/work/Errors.h"
+#include "app/commands/HelpTexts.h"
+#include "app/commands/Commands.h"
 
 namespace app {
+namespace {
 
-int Draft(const CommonOptions& common, const DocumentOptions& options) {
-    Session session(common);
-    session.Open(options.document);
-    const auto& element = session.Gazetteer();
+int Draft(const CommonOptions& common, const std::string& path) {
+    CommandSession session(common);
+    auto& document = session.Open(path);
+    const auto& element = document.Gazetteer();
     const auto frame = host::As<host::IHostFrameElement>(element);
     if (!session.Bind()) return kCouldNot;
-    const auto& manager = session.Manager();
+    auto& manager = document.Manager();
     bool changed = manager.HasRun() && !manager.BoundSettings().autoRefreshListings;
 
     const std::int32_t members = element->Count();
-    session.Manager().DraftMode();
-    session.CheckNothingFailed();
+    manager.DraftMode();
+    document.CheckNothingFailed();
     changed = changed || element->Count() != members || !frame->Draft();
     frame->SetDraft(true);
-    if (changed) session.Save();
+    if (changed) document.Save();
     return kDone;
+}
+
+}  // namespace
+
+void AddDraft(Arguments& program) {
+    const auto document = std::make_shared<std::string>();
+    auto command =
+        AddCommand(program, "draft", "Take the drawn page away and set the draft state",
+                   [document](const CommonOptions& common) { return Draft(common, *document); });
+    AddDocument(command, *document).Help(kDraftHelp);
 }
 
 }  // namespace app

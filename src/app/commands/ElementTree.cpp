@@ -1,12 +1,13 @@
 #include "app/commands/ElementTree.h"
 
+#include <algorithm>
+#include <ranges>
+
 #include "app/work/SymbolValues.h"
 #include "layout/RowElements.h"
 
 namespace app {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 const char* KindOf(const host::Ref<host::IHostElement>& element) {
     if (host::As<host::IHostGroupElement>(element)) return "group";
@@ -16,75 +17,76 @@ const char* KindOf(const host::Ref<host::IHostElement>& element) {
     return "other";
 }
 
-Json TextJson(const std::string& tag, host::IHostTextElement& element) {
+void WriteText(JsonAnswer& json, const host::IHostTextElement& element) {
     const auto at = host::As<host::IHostPoint>(element.Geometry());
     auto& symbol = *element.Symbol();
-    return {{"tag", tag},
-            {"at", {{"x", at->X()}, {"y", at->Y()}}},
-            {"text", element.Text()},
-            {"font", symbol.Font()->Name()},
-            {"size", symbol.Size()},
-            {"bold", symbol.Font()->Bold()},
-            {"color", ColorText(symbol.Color()->RGB())},
-            {"horizontal", symbol.HorizontalPlacement()},
-            {"vertical", symbol.VerticalPlacement()},
-            {"angle", symbol.Angle()}};
+    json.Object("at", [&] {
+        json.Member("x", at->X());
+        json.Member("y", at->Y());
+    });
+    json.Member("text", element.Text());
+    json.Member("font", symbol.Font()->Name());
+    json.Member("size", symbol.Size());
+    json.Member("bold", symbol.Font()->Bold());
+    json.Member("color", ColorText(symbol.Color()->RGB()));
+    json.Member("horizontal", symbol.HorizontalPlacement());
+    json.Member("vertical", symbol.VerticalPlacement());
+    json.Member("angle", symbol.Angle());
 }
 
-Json FillJson(const std::string& tag, const host::IHostFilledElement& element) {
+void WriteFill(JsonAnswer& json, const host::IHostFilledElement& element) {
     const auto& color = element.Symbol()->Color();
-    return {{"tag", tag},
-            {"bounds", BoxJson(*element.Geometry()->Bounds())},
-            {"fill", color->Transparent() ? Json(nullptr) : Json(ColorText(color->RGB()))}};
+    WriteBox(json, "bounds", *element.Geometry()->Bounds());
+    json.Key("fill");
+    if (color->Transparent())
+        json.Null();
+    else
+        json.Text(ColorText(color->RGB()));
 }
 
-Json MembersJson(host::IHost& host, const host::IHostGroupElement& group);
-
-Json GroupJson(host::IHost& host, const std::string& tag, host::IHostGroupElement& group) {
-    Json json = {{"tag", tag}};
+void WriteGroup(JsonAnswer& json, host::IHost& host, const std::string& tag,
+                host::IHostGroupElement& group) {
     if (tag != gazetteer::kColumnElementTag) {
         const auto box = host.NewEnvelope();
         group.MeasureBounds(host.NewApplication()->Document()->ActiveView()->Display(), box);
-        json["bounds"] = BoxJson(*box);
+        WriteBox(json, "bounds", *box);
     }
-    json["members"] = MembersJson(host, group);
-    return json;
+    WriteMembers(json, host, group);
 }
 
-Json MemberJson(host::IHost& host, const host::Ref<host::IHostElement>& member) {
+void WriteMember(JsonAnswer& json, host::IHost& host, const host::Ref<host::IHostElement>& member) {
     const std::string tag = gazetteer::TagOf(member);
+    json.Member("tag", tag);
     const auto is = [&](std::initializer_list<const char*> tags) {
-        for (const char* known : tags)
-            if (tag == known) return true;
-        return false;
+        return std::ranges::find(tags, tag) != tags.end();
     };
     if (is({gazetteer::kTitleGroupTag, gazetteer::kBreakGroupTag, gazetteer::kRowGroupTag,
             gazetteer::kColumnElementTag}))
         if (const auto group = host::As<host::IHostGroupElement>(member))
-            return GroupJson(host, tag, *group);
+            return WriteGroup(json, host, tag, *group);
     if (is({gazetteer::kColumnTextTag, gazetteer::kSampleLabelTag}))
-        if (const auto text = host::As<host::IHostTextElement>(member)) return TextJson(tag, *text);
+        if (const auto text = host::As<host::IHostTextElement>(member))
+            return WriteText(json, *text);
     if (is({gazetteer::kColumnBackgroundTag}))
         if (const auto fill = host::As<host::IHostFilledElement>(member))
-            return FillJson(tag, *fill);
-    return {{"tag", tag}, {"kind", KindOf(member)}};
-}
-
-Json MembersJson(host::IHost& host, const host::IHostGroupElement& group) {
-    Json members = Json::array();
-    for (std::int32_t i = 0; i < group.Count(); ++i)
-        members.push_back(MemberJson(host, group.Item(i)));
-    return members;
+            return WriteFill(json, *fill);
+    json.Member("kind", KindOf(member));
 }
 
 }  // namespace
 
-Json BoxJson(const host::IHostEnvelope& box) {
-    return {{"xmin", box.XMin()}, {"ymin", box.YMin()}, {"xmax", box.XMax()}, {"ymax", box.YMax()}};
+void WriteBox(JsonAnswer& json, const char* key, const host::IHostEnvelope& box) {
+    json.Object(key, [&] {
+        json.Member("xmin", box.XMin());
+        json.Member("ymin", box.YMin());
+        json.Member("xmax", box.XMax());
+        json.Member("ymax", box.YMax());
+    });
 }
 
-Json ElementTree(host::IHost& host, const host::IHostGroupElement& element) {
-    return MembersJson(host, element);
+void WriteMembers(JsonAnswer& json, host::IHost& host, const host::IHostGroupElement& group) {
+    json.Objects("members", std::views::iota(0, group.Count()),
+                 [&](std::int32_t i) { WriteMember(json, host, group.Item(i)); });
 }
 
 }  // namespace app

@@ -1,16 +1,15 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-
+#include "app/commands/JsonAnswer.h"
 #include "host/Host.h"
 
 namespace app {
 
-/// The members of a drawn gazetteer as JSON, in member order: generated ones with box, text and
-/// symbols, lengths in inches; others with their tag and kind alone.
-nlohmann::ordered_json ElementTree(host::IHost& host, const host::IHostGroupElement& element);
+/// The members of a drawn gazetteer as "members", in member order: generated ones with box, text
+/// and symbols, lengths in inches; others with their tag and kind alone.
+void WriteMembers(JsonAnswer& json, host::IHost& host, const host::IHostGroupElement& group);
 
-/// A box as {"xmin", "ymin", "xmax", "ymax"}.
-nlohmann::ordered_json BoxJson(const host::IHostEnvelope& box);
+/// A box as a member with "xmin", "ymin", "xmax", "ymax".
+void WriteBox(JsonAnswer& json, const char* key, const host::IHostEnvelope& box);
 
 }  // namespace app

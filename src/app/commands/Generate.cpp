@@ -1,15 +1,29 @@
+#include <memory>
+
+#include "app/commands/CommandSession.h"
+#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
-#include "app/commands/Session.h"
 
 namespace app {
+namespace {
 
-int Generate(const CommonOptions& common, const DocumentOptions& options) {
-    Session session(common);
-    session.Open(options.document);
+int Generate(const CommonOptions& common, const std::string& path) {
+    CommandSession session(common);
+    auto& document = session.Open(path);
     session.BindDrawable();
-    const auto& manager = session.Manager();
-    if (manager.HasRun() && !manager.BoundSettings().autoRefreshListings) session.Save();
+    const auto& manager = document.Manager();
+    if (manager.HasRun() && !manager.BoundSettings().autoRefreshListings) document.Save();
     return 0;
+}
+
+}  // namespace
+
+void AddGenerate(Arguments& program) {
+    const auto document = std::make_shared<std::string>();
+    auto command =
+        AddCommand(program, "generate", "Reload the stored results, or run and store them",
+                   [document](const CommonOptions& common) { return Generate(common, *document); });
+    AddDocument(command, *document).Help(kGenerateHelp);
 }
 
 }  // namespace app

@@ -5,11 +5,11 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include "app/work/Errors.h"
 #include "app/window/NewDocumentDialog.h"
 #include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"
-#include "app/work/Errors.h"
-#include "desk/window/WidgetText.h"
+#include "desk/window/QtText.h"
 
 namespace app {
 namespace {
@@ -18,29 +18,30 @@ constexpr char kFilter[] = "Documents (*.json *.gazetteer);;All files (*)";
 
 }  // namespace
 
-Documents::Documents(Layout& layout, QWidget& window)
-    : QObject(&window), layout_(layout), window_(window) {}
+Documents::Documents(WindowSession& session, QWidget& window)
+    : QObject(&window), session_(session), window_(window) {}
 
 bool Documents::IsTable(const QString& path) {
     return QFileInfo(path).suffix().compare("dbf", Qt::CaseInsensitive) == 0;
 }
 
 QString Documents::Name() const {
-    const QFileInfo file(desk::ToQt(layout_.Path()));
-    return layout_.OnDisk() ? file.fileName() : file.completeBaseName() + " (not saved)";
+    const QFileInfo file(desk::ToQt(session_.Path()));
+    return session_.OnDisk() ? file.fileName() : file.completeBaseName() + " (not saved)";
 }
 
 QString Documents::StartFolder() const {
-    return layout_.HasDocument() ? QFileInfo(desk::ToQt(layout_.Path())).absolutePath() : QString();
+    return session_.HasDocument() ? QFileInfo(desk::ToQt(session_.Path())).absolutePath()
+                                  : QString();
 }
 
 void Documents::Warn(const QString& title, const QString& sentence) {
-    layout_.Host().Dialogs().MessageBox(
+    session_.Host().Dialogs().MessageBox(
         {desk::FromQt(title), desk::FromQt(sentence), host::kWarningOk, nullptr});
 }
 
 bool Documents::MayLeave() {
-    if (!layout_.Modified()) return true;
+    if (!session_.Modified()) return true;
     QMessageBox box(QMessageBox::Question, "Unsaved Changes",
                     "The document \"" + Name() + "\" has changes that are not saved.",
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window_);
@@ -63,7 +64,7 @@ void Documents::Open(const QString& path) {
     if (!MayLeave()) return;
     try {
         const WaitPointer wait;
-        layout_.Open(desk::FromQt(path));
+        session_.Open(desk::FromQt(path));
     } catch (const std::exception&) {
         return Warn("Open Document", desk::ToQt(CurrentSentence()));
     }
@@ -86,34 +87,34 @@ void Documents::New(const QString& table) {
     const auto make = [this](const NewDocumentOptions& options, bool readyToPrint) -> QString {
         try {
             const WaitPointer wait;
-            layout_.StartNew(options, readyToPrint);
+            session_.StartNew(options, readyToPrint);
             return {};
         } catch (const std::exception&) {
             return desk::ToQt(CurrentSentence());
         }
     };
-    NewDocumentDialog dialog(layout_.Host(), make, &window_);
+    NewDocumentDialog dialog(session_.Host(), make, &window_);
     if (!table.isEmpty()) dialog.SetTable(table);
     if (dialog.exec() == QDialog::Accepted) Q_EMIT Replaced();
 }
 
 bool Documents::Save() {
-    if (!layout_.OnDisk()) return SaveAs();
-    return SaveWith(desk::ToQt(layout_.Path()), [this] { layout_.Save(); });
+    if (!session_.OnDisk()) return SaveAs();
+    return SaveWith(desk::ToQt(session_.Path()), [this] { session_.Save(); });
 }
 
 bool Documents::SaveAs() {
     QFileDialog dialog(&window_, "Save Document", StartFolder(), kFilter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("json");
-    dialog.selectFile(QFileInfo(desk::ToQt(layout_.Path())).fileName());
+    dialog.selectFile(QFileInfo(desk::ToQt(session_.Path())).fileName());
     if (dialog.exec() != QDialog::Accepted) return false;
     const QString path = dialog.selectedFiles().value(0);
-    return SaveWith(path, [&] { layout_.SaveTo(desk::FromQt(path)); });
+    return SaveWith(path, [&] { session_.SaveTo(desk::FromQt(path)); });
 }
 
 bool Documents::SaveWith(const QString& path, const std::function<void()>& save) {
-    if (layout_.Needs(desk::FromQt(path))) {
+    if (session_.Needs(desk::FromQt(path))) {
         Warn("Save Document",
              "The document cannot be saved as \"" + path + "\", since it is made from that file.");
         return false;

@@ -3,7 +3,7 @@
 #include <QObject>
 #include <functional>
 
-#include "app/window/Layout.h"
+#include "app/window/WindowSession.h"
 
 class QWidget;
 
@@ -14,7 +14,7 @@ class Documents : public QObject {
     Q_OBJECT
 
 public:
-    Documents(Layout& layout, QWidget& window);
+    Documents(WindowSession& session, QWidget& window);
 
     /// The document on show may be left: it is saved, or is not to be. Asks where it is modified.
     bool MayLeave();
@@ -43,7 +43,7 @@ private:
     void Warn(const QString& title, const QString& sentence);
     QString StartFolder() const;
 
-    Layout& layout_;
+    WindowSession& session_;
     QWidget& window_;
 };
 

@@ -6,7 +6,7 @@
 namespace app {
 namespace {
 
-void Tell(host::IHostServices& host, const std::string& text) {
+void Tell(host::IHost& host, const std::string& text) {
     host.Dialogs().MessageBox({"Property Pages", text, host::kWarningOk, nullptr});
 }
 

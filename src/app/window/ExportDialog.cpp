@@ -12,28 +12,16 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QStringList>
-#include <algorithm>
 
 #include "app/window/PathField.h"
-#include "desk/window/WidgetText.h"
+#include "desk/window/QtText.h"
 
 namespace app {
 namespace {
 
-struct Format {
-    const char* text;
-    const char* ending;
-};
-
-constexpr Format kFormats[] = {
-    {"PDF document", "pdf"}, {"PNG images", "png"}, {"SVG drawings", "svg"}};
-
-QString WithEnding(const QString& path, const QString& ending) {
-    const QFileInfo file(path);
-    const bool known = std::ranges::any_of(kFormats, [&](const Format& format) {
-        return file.suffix().compare(format.ending, Qt::CaseInsensitive) == 0;
-    });
-    return (known ? path.chopped(file.suffix().size() + 1) : path) + '.' + ending;
+QString WithEnding(const QString& path, const char* ending) {
+    const bool known = desk::FormatOf(desk::FromQt(path));
+    return (known ? path.chopped(QFileInfo(path).suffix().size() + 1) : path) + ending;
 }
 
 }  // namespace
@@ -47,7 +35,7 @@ ExportDialog::ExportDialog(int page, int pages, const QString& base, QWidget* pa
       page_(page),
       pages_(pages) {
     setWindowTitle("Export");
-    for (const Format& format : kFormats) format_->addItem(format.text, format.ending);
+    for (const auto& format : desk::PageFormats()) format_->addItem(format.name);
     format_->setObjectName("exportFormat");
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
@@ -64,7 +52,7 @@ ExportDialog::ExportDialog(int page, int pages, const QString& base, QWidget* pa
     form->addRow(QString(), note_);
     form->addRow(buttons);
 
-    path_->SetPath(base + '.' + Ending());
+    path_->SetPath(base + Format().ending);
     connect(format_, &QComboBox::currentIndexChanged, this, &ExportDialog::TakeFormat);
     connect(path_, &PathField::Changed, this, &ExportDialog::Update);
     for (QRadioButton* const choice : {all_, current_, range_})
@@ -113,12 +101,12 @@ QWidget* ExportDialog::MakePages(int page, int pages) {
     return group;
 }
 
-QString ExportDialog::Ending() const {
-    return format_->currentData().toString();
+const desk::PageFormat& ExportDialog::Format() const {
+    return desk::PageFormats()[static_cast<std::size_t>(format_->currentIndex())];
 }
 
 QString ExportDialog::Path() const {
-    return path_->Path().isEmpty() ? QString() : WithEnding(path_->Path(), Ending());
+    return path_->Path().isEmpty() ? QString() : WithEnding(path_->Path(), Format().ending);
 }
 
 PageRange ExportDialog::Pages() const {
@@ -134,33 +122,34 @@ void ExportDialog::TakeFormat() {
 
 // The file's ending and the format follow each other.
 void ExportDialog::Update() {
-    const int typed = format_->findData(QFileInfo(path_->Path()).suffix().toLower());
-    if (typed >= 0 && typed != format_->currentIndex()) format_->setCurrentIndex(typed);
+    if (const auto* typed = desk::FormatOf(desk::FromQt(path_->Path())))
+        format_->setCurrentIndex(static_cast<int>(typed - desk::PageFormats().data()));
     const PageRange pages = Pages();
     const QFileInfo file(Path());
     QString note;
-    if (Ending() == "pdf")
+    if (Format().manySheets)
         note = "One file, with a bookmark for each page.";
     else if (!Path().isEmpty())
-        note = QString("One file for each page: %1-%2.%3%4")
+        note = QString("One file for each page: %1-%2%3%4")
                    .arg(file.completeBaseName())
                    .arg(pages.first)
-                   .arg(Ending(), pages.last > pages.first ? " and so on." : ".");
+                   .arg(Format().ending, pages.last > pages.first ? " and so on." : ".");
     note_->setText(note);
     export_->setEnabled(!path_->Path().isEmpty());
 }
 
 QString ExportDialog::Choose(const QString& present) {
     QStringList filters;
-    for (const Format& format : kFormats)
-        filters << QString("%1 (*.%2)").arg(format.text, format.ending);
+    for (const auto& format : desk::PageFormats())
+        filters << QString("%1 (*%2)").arg(format.name, format.ending);
     QString filter = filters[format_->currentIndex()];
     // Whether a file may be replaced is asked at the end, for all files.
     QString path = QFileDialog::getSaveFileName(this, "Export", present, filters.join(";;"),
                                                 &filter, QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty()) return {};
-    if (format_->findData(QFileInfo(path).suffix().toLower()) >= 0) return path;
-    return WithEnding(path, kFormats[filters.indexOf(filter)].ending);
+    if (desk::FormatOf(desk::FromQt(path))) return path;
+    const auto chosen = static_cast<std::size_t>(filters.indexOf(filter));
+    return WithEnding(path, desk::PageFormats()[chosen].ending);
 }
 
 // Files that the export would replace.
@@ -171,7 +160,7 @@ QStringList ExportDialog::FilesThere() const {
     };
     const PageRange pages = Pages();
     const std::string path = desk::FromQt(Path());
-    if (Ending() == "pdf")
+    if (Format().manySheets)
         look(path);
     else
         for (auto page = pages.first; page <= pages.last; ++page) look(NumberedPath(path, page));

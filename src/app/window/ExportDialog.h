@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "app/work/Sheets.h"
+#include "desk/drawing/PageWriter.h"
 
 class QComboBox;
 class QLabel;
@@ -31,7 +32,7 @@ private:
     QString Choose(const QString& present);
     void TakeFormat();
     void Update();
-    QString Ending() const;
+    const desk::PageFormat& Format() const;
     QStringList FilesThere() const;
 
     PathField* path_;

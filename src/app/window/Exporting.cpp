@@ -5,9 +5,9 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 
-#include "app/window/ExportDialog.h"
 #include "app/work/Errors.h"
-#include "desk/window/WidgetText.h"
+#include "app/window/ExportDialog.h"
+#include "desk/window/QtText.h"
 
 namespace app {
 namespace {
@@ -16,12 +16,12 @@ struct Cancelled {};
 
 constexpr int kPatience = 500;  // Milliseconds before the progress is shown.
 
-void Warn(Layout& layout, const std::string& sentence) {
-    layout.Host().Dialogs().MessageBox({"Export", sentence, host::kWarningOk, nullptr});
+void Warn(WindowSession& session, const std::string& sentence) {
+    session.Host().Dialogs().MessageBox({"Export", sentence, host::kWarningOk, nullptr});
 }
 
 // Whether the pages were written.
-bool WriteWithProgress(Layout& layout, QWidget& window, const std::string& path,
+bool WriteWithProgress(WindowSession& session, QWidget& window, const std::string& path,
                        const PageRange& pages) {
     const int count = pages.last - pages.first + 1;
     QProgressDialog progress("Exporting...", "Cancel", 0, count, &window);
@@ -35,7 +35,7 @@ bool WriteWithProgress(Layout& layout, QWidget& window, const std::string& path,
         if (progress.wasCanceled()) throw Cancelled{};
     };
     try {
-        layout.Export(path, pages, before);
+        session.Export(path, pages, before);
         return true;
     } catch (const Cancelled&) {
         return false;
@@ -43,26 +43,26 @@ bool WriteWithProgress(Layout& layout, QWidget& window, const std::string& path,
         return false;
     } catch (const std::exception&) {
         progress.reset();
-        Warn(layout, CurrentSentence());
+        Warn(session, CurrentSentence());
         return false;
     }
 }
 
 }  // namespace
 
-QString ExportPages(Layout& layout, QWidget& window) {
-    const QFileInfo document(desk::ToQt(layout.Path()));
+QString ExportPages(WindowSession& session, QWidget& window) {
+    const QFileInfo document(desk::ToQt(session.Path()));
     const QString base = QDir::cleanPath(document.path() + '/' + document.completeBaseName());
-    ExportDialog dialog(layout.Page(), layout.Pages(), base, &window);
+    ExportDialog dialog(session.Page(), session.Pages(), base, &window);
     if (dialog.exec() != QDialog::Accepted) return {};
     const std::string path = desk::FromQt(QFileInfo(dialog.Path()).absoluteFilePath());
-    if (layout.Needs(path)) {
-        Warn(layout, "The pages cannot be written to \"" + path +
-                         "\", since the document is made from that file.");
+    if (session.Needs(path)) {
+        Warn(session, "The pages cannot be written to \"" + path +
+                          "\", since the document is made from that file.");
         return {};
     }
     const PageRange pages = dialog.Pages();
-    if (!WriteWithProgress(layout, window, path, pages)) return {};
+    if (!WriteWithProgress(session, window, path, pages)) return {};
     const int count = pages.last - pages.first + 1;
     return QString("Exported %1 to %2")
         .arg(count == 1 ? QString("1 page") : QString("%1 pages").arg(count),

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "app/window/Layout.h"
+#include "app/window/WindowSession.h"
 
 class QWidget;
 
@@ -10,6 +10,6 @@ namespace app {
 
 /// Asks for pages and a file, and writes them with a progress dialog that can be cancelled. Answers
 /// what was done in one sentence; empty if nothing was.
-QString ExportPages(Layout& layout, QWidget& window);
+QString ExportPages(WindowSession& session, QWidget& window);
 
 }  // namespace app

@@ -23,7 +23,7 @@
 #include "app/window/WindowNotes.h"
 #include "desk/window/ObjectSet.h"
 #include "desk/window/PropertySheet.h"
-#include "desk/window/WidgetText.h"
+#include "desk/window/QtText.h"
 
 namespace app {
 namespace {
@@ -46,9 +46,9 @@ MainWindow::MainWindow(const std::string& locale)
       actions_(new Actions(*this)),
       stack_(new QStackedWidget(this)) {
     status_ = new StatusPanes(actions_->ZoomMenu(), this);
-    layout_ = std::make_unique<Layout>(DeskOptionsFor(locale),
-                                       std::make_shared<WindowNotes>([this] { return this; }));
-    documents_ = new Documents(*layout_, *this);
+    session_ = std::make_unique<WindowSession>(
+        DeskOptionsFor(locale), std::make_shared<WindowNotes>([this] { return this; }));
+    documents_ = new Documents(*session_, *this);
     start_ = new StartPage({actions_->open, actions_->newDocument}, this);
     Arrange();
     ConnectFiles();
@@ -92,30 +92,31 @@ void MainWindow::TakeDocument() {
     TakePicture();
     ListPages();
     ShowState();
-    status_->ShowResult(desk::ToQt(layout_->Summary()));
+    status_->ShowResult(desk::ToQt(session_->Summary()));
     view_->setFocus();
 }
 
 void MainWindow::RefreshLayout() {
     {
         const WaitPointer wait;
-        layout_->Refresh();
+        session_->Refresh();
     }
     TakePicture();
     ShowState();
-    status_->ShowResult(desk::ToQt(layout_->Summary()));
+    status_->ShowResult(desk::ToQt(session_->Summary()));
 }
 
 void MainWindow::ListPages() {
-    pages_->SetPages(layout_->Manager().Working(), layout_->Pages(),
-                     [this](int page) { return desk::ToQt(layout_->PageName(page)).simplified(); });
+    pages_->SetPages(session_->Document().Manager().Working(), session_->Pages(), [this](int page) {
+        return desk::ToQt(session_->PageName(page)).simplified();
+    });
     ShowPage();
 }
 
 void MainWindow::TakePicture() {
     pictureWanted_ = false;
-    if (!layout_->HasDocument()) return;
-    auto& desk = layout_->TheDesk();
+    if (!session_->HasDocument()) return;
+    auto& desk = session_->Document().TheDesk();
     view_->SetPicture(std::make_shared<PagePicture>(desk.CurrentDocument(), *desk.Text()));
     ShowSelection();
 }
@@ -132,11 +133,11 @@ void MainWindow::TakePictureSoon() {
 }
 
 void MainWindow::ShowState() {
-    const bool there = layout_->HasDocument();
-    const bool gazetteer = layout_->Gazetteer() != nullptr;
+    const bool there = session_->HasDocument();
+    const bool gazetteer = session_->Document().Gazetteer() != nullptr;
     setWindowTitle(there ? documents_->Name() + "[*] - Gazetteer" : "Gazetteer");
-    setWindowFilePath(layout_->OnDisk() ? desk::ToQt(layout_->Path()) : QString());
-    setWindowModified(layout_->Modified());
+    setWindowFilePath(session_->OnDisk() ? desk::ToQt(session_->Path()) : QString());
+    setWindowModified(session_->Modified());
     stack_->setCurrentIndex(there ? 1 : 0);
     for (QAction* const action :
          {actions_->save, actions_->saveAs, actions_->zoomIn, actions_->zoomOut, actions_->zoomFull,
@@ -144,15 +145,15 @@ void MainWindow::ShowState() {
         action->setEnabled(there);
     for (QAction* const action : {actions_->refresh, actions_->draft})
         action->setEnabled(gazetteer);
-    actions_->draft->setChecked(layout_->InDraft());
-    notices_->Show(layout_->Notices());
+    actions_->draft->setChecked(session_->InDraft());
+    notices_->Show(session_->Notices());
     ShowSelection();
     ShowPage();
 }
 
 void MainWindow::ShowPage() {
-    const int page = layout_->Page();
-    const int count = layout_->Pages();
+    const int page = session_->Page();
+    const int count = session_->Pages();
     QSpinBox& box = *actions_->pageBox;
     const QSignalBlocker quiet(box);
     box.setEnabled(count > 0);
@@ -166,7 +167,7 @@ void MainWindow::ShowPage() {
         action->setEnabled(page > 0 && page < count);
     for (QAction* const action : {actions_->goToPage, actions_->findPage, actions_->exportPages})
         action->setEnabled(count > 0);
-    const QString draft = layout_->InDraft() ? ", draft" : "";
+    const QString draft = session_->InDraft() ? ", draft" : "";
     status_->ShowPage(count > 0 ? QString("Page %1 of %2").arg(page).arg(count) + draft
                                 : QString());
     pages_->SetCurrentPage(page);
@@ -191,8 +192,8 @@ void MainWindow::ShowRecent() {
 }
 
 void MainWindow::TurnTo(int page) {
-    if (page == layout_->Page() || page < 1 || page > layout_->Pages()) return;
-    layout_->TurnTo(page);
+    if (page == session_->Page() || page < 1 || page > session_->Pages()) return;
+    session_->TurnTo(page);
     TakePicture();
     ShowPage();
 }
@@ -200,61 +201,61 @@ void MainWindow::TurnTo(int page) {
 void MainWindow::SetDraft(bool draft) {
     {
         const WaitPointer wait;
-        layout_->SetDraft(draft);
+        session_->SetDraft(draft);
     }
     TakePicture();
     ShowState();
 }
 
 void MainWindow::SelectAt(QPointF inches) {
-    const double height = layout_->TheDesk().CurrentDocument().pageHeight;
-    Select(layout_->ElementAt(inches.x(), height - inches.y()));
+    const double height = session_->Document().TheDesk().CurrentDocument().pageHeight;
+    Select(session_->ElementAt(inches.x(), height - inches.y()));
 }
 
 void MainWindow::Select(const host::Ref<host::IHostElement>& element) {
     selected_ = element;
-    const auto before = layout_->Gazetteer();
-    if (element) layout_->Choose(element);
-    if (layout_->Gazetteer() != before) ListPages();
+    const auto before = session_->Document().Gazetteer();
+    if (element) session_->Choose(element);
+    if (session_->Document().Gazetteer() != before) ListPages();
     ShowState();
 }
 
 void MainWindow::ShowSelection() {
-    const auto bounds = selected_ ? layout_->BoundsOf(selected_) : nullptr;
+    const auto bounds = selected_ ? session_->BoundsOf(selected_) : nullptr;
     std::optional<QRectF> frame;
     if (bounds)
-        frame =
-            QRectF(bounds->XMin(), layout_->TheDesk().CurrentDocument().pageHeight - bounds->YMax(),
-                   bounds->Width(), bounds->Height());
+        frame = QRectF(bounds->XMin(),
+                       session_->Document().TheDesk().CurrentDocument().pageHeight - bounds->YMax(),
+                       bounds->Width(), bounds->Height());
     view_->SetSelection(frame);
     actions_->deselect->setEnabled(selected_ != nullptr);
-    actions_->properties->setEnabled(selected_ || layout_->Gazetteer());
+    actions_->properties->setEnabled(selected_ || session_->Document().Gazetteer());
 }
 
 // Of what is selected or, where nothing is, of the gazetteer.
 void MainWindow::ShowProperties() {
-    if (!selected_) Select(layout_->Gazetteer());
-    const bool draftBefore = layout_->InDraft();
-    auto pages = elementPages_.Make(layout_->HostRef());
+    if (!selected_) Select(session_->Document().Gazetteer());
+    const bool draftBefore = session_->InDraft();
+    auto pages = elementPages_.Make(session_->Document().DeskRef());
     desk::PropertySheet sheet(
         std::move(pages),
         std::make_shared<desk::ObjectSet>(std::vector<host::Ref<host::IHostObject>>{selected_}),
         this);
     connect(&sheet, &desk::PropertySheet::Applied, this, [this] {
-        layout_->NoteChange();
+        session_->NoteChange();
         ShowState();
     });
     sheet.exec();
-    if (layout_->InDraft() == draftBefore) return;
+    if (session_->InDraft() == draftBefore) return;
     // An edit takes the element out of its draft state even if it is not applied.
-    layout_->NoteChange();
+    session_->NoteChange();
     RefreshLayout();
 }
 
 void MainWindow::Export() {
     exporting_ = true;
     view_->setUpdatesEnabled(false);
-    const QString done = ExportPages(*layout_, *this);
+    const QString done = ExportPages(*session_, *this);
     view_->setUpdatesEnabled(true);
     exporting_ = false;
     TakePicture();
@@ -275,7 +276,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (!documents_->MayLeave()) return event->ignore();
     QSettings settings;
     settings.setValue(kGeometry, saveGeometry());
-    if (layout_->HasDocument()) settings.setValue(kState, saveState());
+    if (session_->HasDocument()) settings.setValue(kState, saveState());
     event->accept();
 }
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "app/window/ElementPages.h"
-#include "app/window/Layout.h"
+#include "app/window/WindowSession.h"
 
 class QStackedWidget;
 
@@ -30,7 +30,7 @@ public:
 
     /// Opens a document, or asks for a new one from a listing table.
     void Open(const QString& path);
-    Layout& TheLayout() { return *layout_; }
+    WindowSession& TheSession() { return *session_; }
     PageView& View() { return *view_; }
 
 protected:
@@ -72,7 +72,7 @@ private:
     Actions* actions_;
     StartPage* start_ = nullptr;
     QStackedWidget* stack_;
-    std::unique_ptr<Layout> layout_;
+    std::unique_ptr<WindowSession> session_;
     Documents* documents_ = nullptr;
     ElementPages elementPages_;
     host::Ref<host::IHostElement> selected_;

@@ -14,8 +14,8 @@
 #include "app/window/StatusPanes.h"
 #include "desk/window/ExpressionEditor.h"
 #include "desk/window/ObjectDialog.h"
+#include "desk/window/QtText.h"
 #include "desk/window/SymbolDialog.h"
-#include "desk/window/WidgetText.h"
 
 /// How the parts of the window are put together: what stands where, and who is told of what.
 namespace app {
@@ -34,10 +34,10 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     options.expressionEditor = desk::ExpressionEditor(self, locale);
     options.window.newObjectDialog = [this, self] {
         return std::make_shared<desk::ObjectDialog>(
-            self, desk::FromQt(QFileInfo(desk::ToQt(layout_->Path())).absolutePath()));
+            self, desk::FromQt(QFileInfo(desk::ToQt(session_->Path())).absolutePath()));
     };
     options.window.newSymbolDialog = [this, self] {
-        return std::make_shared<desk::SymbolDialog>(layout_->Host(), self);
+        return std::make_shared<desk::SymbolDialog>(session_->Host(), self);
     };
     options.window.windowHandle = [this] { return static_cast<host::WindowHandle>(winId()); };
     return options;
@@ -81,9 +81,10 @@ void MainWindow::ConnectFiles() {
 void MainWindow::ConnectPages() {
     connect(actions_->firstPage, &QAction::triggered, this, [this] { TurnTo(1); });
     connect(actions_->previousPage, &QAction::triggered, this,
-            [this] { TurnTo(layout_->Page() - 1); });
-    connect(actions_->nextPage, &QAction::triggered, this, [this] { TurnTo(layout_->Page() + 1); });
-    connect(actions_->lastPage, &QAction::triggered, this, [this] { TurnTo(layout_->Pages()); });
+            [this] { TurnTo(session_->Page() - 1); });
+    connect(actions_->nextPage, &QAction::triggered, this,
+            [this] { TurnTo(session_->Page() + 1); });
+    connect(actions_->lastPage, &QAction::triggered, this, [this] { TurnTo(session_->Pages()); });
     connect(actions_->goToPage, &QAction::triggered, this, [this] {
         actions_->pageBox->setFocus();
         actions_->pageBox->selectAll();
@@ -122,7 +123,7 @@ void MainWindow::ConnectView() {
 
 // The commands by which others ask for a refresh.
 void MainWindow::AddCommands() {
-    auto& commands = layout_->TheDesk().Commands();
+    auto& commands = session_->Document().TheDesk().Commands();
     commands.Add("CVNLayoutsCmds.RefreshLayout", [this] { RefreshLayout(); });
     commands.Add("CVNLayoutsCmds.RefreshTOC", [this] { ListPages(); });
 }

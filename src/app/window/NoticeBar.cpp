@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "app/window/Icons.h"
-#include "desk/window/WidgetText.h"
+#include "desk/window/QtText.h"
 
 namespace app {
 namespace {

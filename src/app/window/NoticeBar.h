@@ -3,7 +3,7 @@
 #include <QFrame>
 #include <vector>
 
-#include "app/window/Layout.h"
+#include "app/window/WindowSession.h"
 
 class QLabel;
 class QVBoxLayout;

@@ -1,12 +1,13 @@
-#include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <csignal>
 #include <cstdio>
 
-#include "app/window/MainWindow.h"
+#include "app/work/ArgumentParser.h"
 #include "app/work/Errors.h"
+#include "app/window/MainWindow.h"
+#include "desk/window/QtText.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ public:
         try {
             return QApplication::notify(receiver, event);
         } catch (const std::exception&) {
-            const QString sentence = QString::fromStdString(app::CurrentSentence());
+            const QString sentence = desk::ToQt(app::CurrentSentence());
             QMessageBox box(QMessageBox::Critical, "Gazetteer", sentence, QMessageBox::Ok,
                             QApplication::activeWindow());
             box.setTextFormat(Qt::PlainText);
@@ -45,9 +46,8 @@ int Run(int argc, char** argv, const Arguments& arguments) {
     window.show();
     // Once the window is there, for what has to be said about the document.
     if (!arguments.document.empty())
-        QTimer::singleShot(
-            0, &window,
-            [&window, path = QString::fromStdString(arguments.document)] { window.Open(path); });
+        QTimer::singleShot(0, &window,
+                           [&window, path = desk::ToQt(arguments.document)] { window.Open(path); });
     return QApplication::exec();
 }
 
@@ -56,22 +56,16 @@ int Run(int argc, char** argv, const Arguments& arguments) {
 int main(int argc, char** argv) {
     // A file that would grow beyond the user's limit is a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
-    CLI::App cli("Shows the printed index of a map book, and edits what it is made of.",
-                 "gazetteer-desk");
     Arguments arguments;
-    cli.set_version_flag("--version", GAZETTEER_VERSION);
-    cli.add_option("DOC", arguments.document,
-                   "Document to open, or a listing table (.dbf) to make one from");
-    cli.add_option("--locale", arguments.locale,
-                   "Locale for sorting and numbers, such as is or de_DE (default: yours)");
-    try {
-        cli.parse(argc, argv);
-    } catch (const CLI::Success& help) {
-        return cli.exit(help);
-    } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "gazetteer-desk: %s; --help tells more.\n", error.what());
-        return app::kWrongUsage;
-    }
+    app::ArgumentParser parser(
+        "gazetteer-desk", "Shows the printed index of a map book, and edits what it is made of.",
+        GAZETTEER_VERSION);
+    parser.Program()
+        .Path("DOC", arguments.document,
+              "Document to open, or a listing table (.dbf) to make one from")
+        .Text("--locale", arguments.locale,
+              "Locale for sorting and numbers, such as is or de_DE (default: yours)");
+    if (const auto status = parser.Parse(argc, argv)) return *status;
     try {
         return Run(argc, argv, arguments);
     } catch (const std::exception&) {

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <filesystem>
 
-#include "app/work/Edit.h"
 #include "app/work/Errors.h"
 #include "app/work/FilePaths.h"
-#include "app/work/Furniture.h"
+#include "app/work/PageFurniture.h"
+#include "app/work/SettingsEdit.h"
 #include "app/work/SymbolValues.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
@@ -55,8 +55,8 @@ host::Ref<host::IHostGroupElement> MakeGazetteer(host::IHost& host, const FrameO
     return element;
 }
 
-void DefineColumnsOf(Work& work, const std::string& database) {
-    auto& host = work.Host();
+void DefineColumnsOf(OpenDocument& open, const std::string& database) {
+    auto& host = open.Host();
     const auto table = gazetteer::OpenTableFile(host, database);
     const auto fields = table->Fields();
     const std::string name = "listing database \"" + database + '"';
@@ -65,9 +65,9 @@ void DefineColumnsOf(Work& work, const std::string& database) {
         throw CommandError("The " + name + " has no field \"Page\"" + fieldsAre);
     // Page references without names are seldom what is wanted.
     if (fields->FindField("Listing") < 0)
-        work.Caution("the " + name + " has no field \"Listing\", so that Page is the only column" +
-                     fieldsAre);
-    Edit edit(work);
+        open.Warn("the " + name + " has no field \"Listing\", so that Page is the only column" +
+                  fieldsAre);
+    SettingsEdit edit(open);
     edit.Settings().indexDatabaseFile = FullPath(database);
     gazetteer::DefineColumns(host, *fields, edit.Settings());
     edit.StoreForNow();
@@ -117,7 +117,7 @@ FrameOption ParseFrame(const std::string& text, const PageSize& page) {
     return frame;
 }
 
-void StartNewDocument(Work& work, const NewDocumentOptions& options,
+void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
                       const std::string& documentPath) {
     const PageSize page = ParsePageSize(options.pageSize);
     desk::Document document;
@@ -129,19 +129,19 @@ void StartNewDocument(Work& work, const NewDocumentOptions& options,
         document.mapBook =
             std::filesystem::absolute(options.book).lexically_proximate(folder).string();
     }
-    const auto element = MakeGazetteer(work.Host(), ParseFrame(options.frame, page));
+    const auto element = MakeGazetteer(open.Host(), ParseFrame(options.frame, page));
     document.elements.push_back(element);
-    work.Start(std::move(document), documentPath, element);
-    DefineColumnsOf(work, options.listingDatabase);
+    open.Start(std::move(document), documentPath);
+    DefineColumnsOf(open, options.listingDatabase);
     // A map book that cannot be read is told of now, not by a later command.
-    if (!options.book.empty()) work.Host().NewLayoutContext()->CurrentTemplateKey();
+    if (!options.book.empty()) open.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
-void DressForPrint(Work& work) {
-    auto& host = work.Host();
-    auto& document = work.TheDesk().CurrentDocument();
-    const FrameOption frame = FrameOf(*work.Gazetteer());
-    AddFurniture(host, document, frame);
+void DressForPrint(OpenDocument& open) {
+    auto& host = open.Host();
+    auto& document = open.TheDesk().CurrentDocument();
+    const FrameOption frame = FrameOf(*open.Gazetteer());
+    AddPageFurniture(host, document, frame);
 
     // As many column groups as stand well side by side: three on a Letter sheet. They and the gaps
     // between them fill the frame to thousandths of an inch. Of the gaps only one counts where it
@@ -156,7 +156,7 @@ void DressForPrint(Work& work) {
     const double filled = frame.width - (groups == 2 ? kHair : 0);
     const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
 
-    Edit edit(work);
+    SettingsEdit edit(open);
     const bool hasListing = edit.Settings().columnNames->Count() > 1;
     const double reference = hasListing ? ToThousandths(std::min(0.95, group * 0.4)) : group;
     for (const char* assignment :

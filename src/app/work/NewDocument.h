@@ -2,15 +2,15 @@
 
 #include <string>
 
+#include "app/work/OpenDocument.h"
 #include "app/work/Options.h"
-#include "app/work/Work.h"
 
 namespace app {
 
 /// A new document to work on: one layout page with one gazetteer frame, the default columns of
 /// the listing database and default properties, then the assignments of the options. Fails for a
 /// database that cannot be opened, or that has no field "Page".
-void StartNewDocument(Work& work, const NewDocumentOptions& options,
+void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
                       const std::string& documentPath);
 
 /// Sheet sizes by name, or "WxH" in inches. Raises a UsageError for another form.
@@ -27,6 +27,6 @@ FrameOption ParseFrame(const std::string& text, const PageSize& page);
 
 /// What `make` sets beyond the defaults: an index that can be printed as it is. Adds a running head
 /// and a sheet number to the document.
-void DressForPrint(Work& work);
+void DressForPrint(OpenDocument& open);
 
 }  // namespace app

@@ -8,6 +8,8 @@
 namespace app {
 namespace {
 
+constexpr char kUndrawable[] = "The gazetteer cannot be drawn";
+
 std::string Counted(std::int64_t count, const char* one, const char* many) {
     return std::to_string(count) + ' ' + (count == 1 ? one : many);
 }
@@ -62,6 +64,20 @@ std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manag
                        (sample ? "since only a sample page was asked for."
                                : "since the frame is lower than the row of titles."));
     return warnings;
+}
+
+std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager) {
+    std::string sentence = kUndrawable;
+    sentence += '.';
+    for (const auto& finding : manager.LastFindings()) sentence += ' ' + finding;
+    return sentence;
+}
+
+std::string UndrawableLines(const gazetteer::Findings& reasons) {
+    std::string lines = kUndrawable;
+    lines += ':';
+    for (const auto& reason : reasons) lines += "\n  " + reason;
+    return lines;
 }
 
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager) {

@@ -18,6 +18,11 @@ std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 /// What is odd about the table and about the outcome, one sentence each.
 std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
 
+/// That the gazetteer cannot be drawn, in one sentence with the reasons that the manager found.
+std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager);
+/// The same with each reason on a line of its own.
+std::string UndrawableLines(const gazetteer::Findings& reasons);
+
 /// Why there is no page where the gazetteer can be drawn and has none.
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 

@@ -1,12 +1,11 @@
 #include "app/work/Sheets.h"
 
-#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <sys/resource.h>
 
 #include "app/work/Errors.h"
-#include "app/work/Furniture.h"
+#include "app/work/PageFurniture.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/Conversions.h"
@@ -15,18 +14,10 @@
 namespace app {
 namespace {
 
-std::string LowerEnding(const std::string& path) {
-    std::string ending = std::filesystem::path(path).extension().string();
-    std::ranges::transform(ending, ending.begin(), [](unsigned char c) {
-        return static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
-    });
-    return ending;
-}
-
 // The number printed on a page's sheet: counted on from the start of the gazetteer's own section
 // where it stands in a map book.
-std::string SheetNumber(Work& work, std::int32_t page) {
-    auto& host = work.Host();
+std::string SheetNumber(OpenDocument& open, std::int32_t page) {
+    auto& host = open.Host();
     const auto context = host.NewLayoutContext();
     const auto key = context->CurrentTemplateKey();
     if (std::holds_alternative<host::Empty>(key)) return std::to_string(page);
@@ -36,33 +27,33 @@ std::string SheetNumber(Work& work, std::int32_t page) {
     return std::to_string(start + page - 1);
 }
 
-void PaintSheet(Work& work, desk::PageWriter& writer, std::int32_t page) {
-    LabelSheet(work, page);
-    auto& document = work.TheDesk().CurrentDocument();
+void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page) {
+    LabelSheet(open, page);
+    auto& document = open.TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
-    desk::ElementPainter painter(*work.TheDesk().Text());
+    desk::ElementPainter painter(*open.TheDesk().Text());
     for (const auto& element : document.elements) painter.Paint(writer.Sheet(), element);
-    const auto name = work.Manager().PageName(page);
-    writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, work.Host().Locale())));
+    const auto name = open.Manager().PageName(page);
+    writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())));
 }
 
-void DrawSheet(Work& work, desk::PageWriter& writer, std::int32_t page,
+void DrawSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page,
                const SheetListener& before) {
     if (before) before(page);
-    work.Manager().SetIndexToPageNumber(page);
-    work.CheckNothingFailed();
-    PaintSheet(work, writer, page);
+    open.Manager().SetIndexToPageNumber(page);
+    open.CheckNothingFailed();
+    PaintSheet(open, writer, page);
 }
 
-std::unique_ptr<desk::PageWriter> OpenWriter(Work& work, const std::string& path) {
-    return desk::OpenPageWriter(path, {.title = work.TheDesk().CurrentDocument().title});
+std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path) {
+    return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title});
 }
 
-void WritePdf(Work& work, const std::string& path, const PageRange& pages,
-              const SheetListener& before) {
-    const auto writer = OpenWriter(work, path);
+void WriteOneFile(OpenDocument& open, const std::string& path, const PageRange& pages,
+                  const SheetListener& before) {
+    const auto writer = OpenWriter(open, path);
     for (std::int32_t page = pages.first; page <= pages.last; ++page)
-        DrawSheet(work, *writer, page, before);
+        DrawSheet(open, *writer, page, before);
     writer->Finish();
 }
 
@@ -76,13 +67,13 @@ void AllowManyFiles() {
 
 // The files take their places together once all are complete, so that a failure leaves those of an
 // earlier export as they were.
-void WriteNumberedFiles(Work& work, const std::string& path, const PageRange& pages,
+void WriteNumberedFiles(OpenDocument& open, const std::string& path, const PageRange& pages,
                         const SheetListener& before) {
     AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> sheets;
     for (std::int32_t page = pages.first; page <= pages.last; ++page) {
-        sheets.push_back(OpenWriter(work, NumberedPath(path, page)));
-        DrawSheet(work, *sheets.back(), page, before);
+        sheets.push_back(OpenWriter(open, NumberedPath(path, page)));
+        DrawSheet(open, *sheets.back(), page, before);
         sheets.back()->Complete();
     }
     for (const auto& sheet : sheets) sheet->Place();
@@ -98,9 +89,8 @@ std::string NumberedPath(const std::string& path, std::int32_t page) {
 }
 
 void CheckOutputName(const std::string& path) {
-    const std::string ending = LowerEnding(path);
-    if (ending != ".pdf" && ending != ".png" && ending != ".svg")
-        throw UsageError("The output \"" + path + "\" must end in .pdf, .png or .svg.");
+    if (!desk::FormatOf(path))
+        throw UsageError("The output \"" + path + "\" must end in " + desk::PageEndings() + '.');
 }
 
 std::optional<PageRange> ParsePages(const std::string& text) {
@@ -128,27 +118,29 @@ void CheckPage(std::int32_t page, std::int32_t pageCount) {
                        std::to_string(pageCount) + (pageCount == 1 ? " page." : " pages."));
 }
 
-void LabelSheet(Work& work, std::int32_t page) {
-    auto& document = work.TheDesk().CurrentDocument();
+void LabelSheet(OpenDocument& open, std::int32_t page) {
+    auto& document = open.TheDesk().CurrentDocument();
     // Without labels nobody asks for the map book, which may be gone.
-    if (!HasFurniture(document)) return;
-    auto& manager = work.Manager();
-    FillFurniture(work.Host(), document, gazetteer::WithoutOuterBlanks(manager.FirstListing(page)),
-                  gazetteer::WithoutOuterBlanks(manager.LastListing(page)), SheetNumber(work, page),
-                  work.Gazetteer()->Geometry()->Bounds()->Width());
+    if (!HasPageFurniture(document)) return;
+    auto& manager = open.Manager();
+    FillPageFurniture(open.Host(), document,
+                      gazetteer::WithoutOuterBlanks(manager.FirstListing(page)),
+                      gazetteer::WithoutOuterBlanks(manager.LastListing(page)),
+                      SheetNumber(open, page), open.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
-void WriteSheets(Work& work, const std::string& path, const PageRange& pages,
+void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
                  const SheetListener& before) {
-    if (LowerEnding(path) == ".pdf")
-        WritePdf(work, path, pages, before);
+    const auto* format = desk::FormatOf(path);
+    if (format && format->manySheets)
+        WriteOneFile(open, path, pages, before);
     else
-        WriteNumberedFiles(work, path, pages, before);
+        WriteNumberedFiles(open, path, pages, before);
 }
 
-void WriteDrawnPage(Work& work, const std::string& path, std::int32_t page) {
-    const auto writer = OpenWriter(work, path);
-    PaintSheet(work, *writer, page);
+void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page) {
+    const auto writer = OpenWriter(open, path);
+    PaintSheet(open, *writer, page);
     writer->Finish();
 }
 

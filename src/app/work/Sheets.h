@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/work/Work.h"
+#include "app/work/OpenDocument.h"
 
 namespace app {
 
@@ -26,21 +26,21 @@ void CheckPage(std::int32_t page, std::int32_t pageCount);
 using SheetListener = std::function<void(std::int32_t page)>;
 
 /// Writes pages of the bound gazetteer, one sheet each, by the ending of the file's name: one PDF
-/// with bookmarks, or PNG or SVG files with -1, -2, ... before the ending. After a failure all
+/// with bookmarks, or images with -1, -2, ... before the ending. After a failure all
 /// files are as they were.
-void WriteSheets(Work& work, const std::string& path, const PageRange& pages,
+void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
                  const SheetListener& before = {});
 
 /// The name under which a page is written, where each page has a file.
 std::string NumberedPath(const std::string& path, std::int32_t page);
 
 /// Gives the sheet the running head and the number of a page.
-void LabelSheet(Work& work, std::int32_t page);
+void LabelSheet(OpenDocument& open, std::int32_t page);
 
 /// Writes the page that is drawn in the document as it stands.
-void WriteDrawnPage(Work& work, const std::string& path, std::int32_t page);
+void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page);
 
-/// Fails unless the name ends in .pdf, .png or .svg.
+/// Fails unless the name has an ending of what pages can be written to.
 void CheckOutputName(const std::string& path);
 
 }  // namespace app

@@ -39,15 +39,46 @@ void PageWriter::Refuse(const std::string& reason) const {
                         "The file \"" + file_.Path() + "\" cannot be written: " + reason + ".");
 }
 
+std::span<const PageFormat> PageFormats() {
+    using Options = PageWriterOptions;
+    static constexpr PageFormat kFormats[] = {
+        {"PDF document", ".pdf", true,
+         [](const std::string& path, const Options& options) -> std::unique_ptr<PageWriter> {
+             return std::make_unique<PdfWriter>(path, options.title);
+         }},
+        {"PNG images", ".png", false,
+         [](const std::string& path, const Options& options) -> std::unique_ptr<PageWriter> {
+             return std::make_unique<PngWriter>(path, options.dotsPerInch);
+         }},
+        {"SVG drawings", ".svg", false,
+         [](const std::string& path, const Options&) -> std::unique_ptr<PageWriter> {
+             return std::make_unique<SvgWriter>(path);
+         }}};
+    return kFormats;
+}
+
+const PageFormat* FormatOf(const std::string& path) {
+    const auto formats = PageFormats();
+    const auto format = std::ranges::find(formats, LowerEnding(path), &PageFormat::ending);
+    return format == formats.end() ? nullptr : &*format;
+}
+
+std::string PageEndings() {
+    std::string endings;
+    const auto formats = PageFormats();
+    for (std::size_t i = 0; i < formats.size(); ++i) {
+        if (i > 0) endings += i + 1 < formats.size() ? ", " : " or ";
+        endings += formats[i].ending;
+    }
+    return endings;
+}
+
 std::unique_ptr<PageWriter> OpenPageWriter(const std::string& path,
                                            const PageWriterOptions& options) {
-    const std::string ending = LowerEnding(path);
-    if (ending == ".pdf") return std::make_unique<PdfWriter>(path, options.title);
-    if (ending == ".svg") return std::make_unique<SvgWriter>(path);
-    if (ending == ".png") return std::make_unique<PngWriter>(path, options.dotsPerInch);
+    if (const auto* format = FormatOf(path)) return format->open(path, options);
     throw host::Failure(
         host::kFailureUnspecified, "OpenPageWriter",
-        "The file \"" + path + "\" cannot be written: its name must end in .pdf, .svg or .png.");
+        "The file \"" + path + "\" cannot be written: its name must end in " + PageEndings() + ".");
 }
 
 }  // namespace desk

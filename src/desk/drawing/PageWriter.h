@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 
 #include "desk/drawing/Canvas.h"
@@ -61,8 +62,22 @@ struct PageWriterOptions {
     double dotsPerInch = 150;  ///< Resolution, for PNG.
 };
 
-/// The writer for a file name that ends in .pdf, .svg or .png, whatever its case. Only PDF takes
-/// more than one sheet.
+/// A kind of file that pages are written to.
+struct PageFormat {
+    const char* name;    ///< As lists show it.
+    const char* ending;  ///< Of file names, in lower case, with its dot.
+    bool manySheets;     ///< One file takes all sheets.
+    std::unique_ptr<PageWriter> (*open)(const std::string& path, const PageWriterOptions& options);
+};
+
+/// All that there are.
+std::span<const PageFormat> PageFormats();
+/// The one for a file name, whatever the case of its ending; null where there is none.
+const PageFormat* FormatOf(const std::string& path);
+/// Their endings for a sentence: ".pdf, .png or .svg".
+std::string PageEndings();
+
+/// The writer for a file name. Fails for an ending that is none of these.
 std::unique_ptr<PageWriter> OpenPageWriter(const std::string& path,
                                            const PageWriterOptions& options = {});
 

@@ -43,40 +43,37 @@ void JsonWriter::Finish() {
 void JsonWriter::Separate() {
     if (out_.size() >= kBlock) Flush();
     if (comma_) out_ += ',';
-    if (newLine_) out_ += '\n';
+    if (newLine_) BreakLine();
     comma_ = true;
-    newLine_ = false;
+    newLine_ = indentation_ > 0;
 }
 
-void JsonWriter::BeginObject() {
+void JsonWriter::BreakLine() {
+    out_ += '\n';
+    out_.append(static_cast<std::size_t>(indentation_ * depth_), ' ');
+}
+
+void JsonWriter::Begin(char bracket) {
     Separate();
-    out_ += '{';
+    out_ += bracket;
+    ++depth_;
     comma_ = false;
 }
 
-void JsonWriter::EndObject() {
-    if (std::exchange(newLine_, false)) out_ += '\n';
-    out_ += '}';
-    comma_ = true;
-}
-
-void JsonWriter::BeginArray() {
-    Separate();
-    out_ += '[';
-    comma_ = false;
-}
-
-void JsonWriter::EndArray() {
-    if (std::exchange(newLine_, false)) out_ += '\n';
-    out_ += ']';
+void JsonWriter::End(char bracket) {
+    --depth_;
+    const bool empty = !comma_;
+    if (newLine_ && !empty) BreakLine();
+    out_ += bracket;
     comma_ = true;
 }
 
 void JsonWriter::Key(std::string_view key) {
     Separate();
     Quote(key);
-    out_ += ':';
+    out_ += indentation_ > 0 ? ": " : ":";
     comma_ = false;
+    newLine_ = false;
 }
 
 void JsonWriter::Text(std::string_view text) {
@@ -89,7 +86,7 @@ void JsonWriter::Flag(bool flag) {
     out_ += flag ? "true" : "false";
 }
 
-void JsonWriter::Whole(std::int32_t number) {
+void JsonWriter::Whole(std::int64_t number) {
     Separate();
     out_ += std::to_string(number);
 }
@@ -97,8 +94,11 @@ void JsonWriter::Whole(std::int32_t number) {
 void JsonWriter::Number(double number) {
     Separate();
     std::array<char, kNumberRoom> digits{};
-    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    const std::string_view text(digits.data(), static_cast<std::size_t>(end - digits.data()));
+    char* const first = digits.data();
+    char* const last = first + digits.size();
+    const char* const end = indentation_ > 0 ? simdjson::internal::to_chars(first, last, number)
+                                             : std::to_chars(first, last, number).ptr;
+    const std::string_view text(first, static_cast<std::size_t>(end - first));
     out_ += text;
     if (text.find_first_of(".e") == std::string_view::npos) out_ += ".0";
 }
@@ -119,15 +119,21 @@ void JsonWriter::Member(std::string_view key, bool flag) {
 }
 
 void JsonWriter::Member(std::string_view key, std::int32_t number) {
+    Member(key, std::int64_t{number});
+}
+
+void JsonWriter::Member(std::string_view key, std::int64_t number) {
     Key(key);
     Whole(number);
 }
 
+std::string JsonWriter::Mended(std::string_view text) const {
+    throw host::Failure(host::kFailureTypeMismatch, "JsonWriter",
+                        "the text \"" + Shown(text) + "\" is not valid UTF-8");
+}
+
 void JsonWriter::Quote(std::string_view text) {
-    if (!simdjson::validate_utf8(text)) {
-        throw host::Failure(host::kFailureTypeMismatch, "JsonWriter",
-                            "the text \"" + Shown(text) + "\" is not valid UTF-8");
-    }
+    if (!simdjson::validate_utf8(text)) return Quote(Mended(text));
     out_ += '"';
     std::size_t start = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -142,26 +148,18 @@ void JsonWriter::Quote(std::string_view text) {
 
 void JsonWriter::Escape(char character) {
     constexpr std::string_view kHexDigits = "0123456789abcdef";
-    switch (character) {
-        case '\n':
-            out_ += "\\n";
-            return;
-        case '\r':
-            out_ += "\\r";
-            return;
-        case '\t':
-            out_ += "\\t";
-            return;
-        case '"':
-        case '\\':
-            out_ += '\\';
-            out_ += character;
-            return;
-        default:
-            out_ += "\\u00";
-            out_ += kHexDigits[static_cast<unsigned char>(character) >> 4U];
-            out_ += kHexDigits[static_cast<unsigned char>(character) & 0xFU];
+    constexpr std::string_view kCharacters = "\"\\\n\r\t\b\f";
+    constexpr std::string_view kLetters = "\"\\nrtbf";
+    constexpr std::size_t kOfDocuments = 5;  // These have always had the others as numbers.
+    const auto place = kCharacters.find(character);
+    out_ += '\\';
+    if (place < (indentation_ > 0 ? kLetters.size() : kOfDocuments)) {
+        out_ += kLetters[place];
+        return;
     }
+    out_ += "u00";
+    out_ += kHexDigits[static_cast<unsigned char>(character) >> 4U];
+    out_ += kHexDigits[static_cast<unsigned char>(character) & 0xFU];
 }
 
 }  // namespace desk

@@ -1,4 +1,4 @@
-#include "app/work/Edit.h"
+#include "app/work/SettingsEdit.h"
 
 #include <algorithm>
 
@@ -17,13 +17,13 @@ constexpr char kMarkOff[] = ":off";
 
 }  // namespace
 
-Edit::Edit(Work& work) : work_(work) {
-    auto& host = work.Host();
-    const auto copy = gazetteer::CopySet(host, work.Properties());
+SettingsEdit::SettingsEdit(OpenDocument& open) : open_(open) {
+    auto& host = open.Host();
+    const auto copy = gazetteer::CopySet(host, open.Properties());
     gazetteer::ReadSettings(*copy, host.Locale(), settings_);
 }
 
-void Edit::Set(const std::string& text) {
+void SettingsEdit::Set(const std::string& text) {
     const Assignment assignment = ParseAssignment(text);
     if (assignment.column.empty())
         SetProperty(assignment.key, assignment.value);
@@ -31,14 +31,14 @@ void Edit::Set(const std::string& text) {
         SetColumn(assignment.column, assignment.key, assignment.value);
 }
 
-void Edit::SetIn(const std::string& column, const std::string& text) {
+void SettingsEdit::SetIn(const std::string& column, const std::string& text) {
     const Assignment assignment = ParseAssignment(text);
     if (!assignment.column.empty())
         throw UsageError("\"" + text + "\": keys of the new column stand without its name.");
     SetColumn(column, assignment.key, assignment.value);
 }
 
-void Edit::SetProperty(const std::string& key, const std::string& value) {
+void SettingsEdit::SetProperty(const std::string& key, const std::string& value) {
     using gazetteer::Settings;
     const auto* entry = gazetteer::FindPropertyKey(key);
     if (!entry) {
@@ -52,7 +52,7 @@ void Edit::SetProperty(const std::string& key, const std::string& value) {
         return SetOrder(key, value, &Settings::columnDisplayOrder, false);
     if (key == "ColumnSortOrder") return SetOrder(key, value, &Settings::columnSortOrder, true);
 
-    const auto variant = ParseValue(work_.Host(), key, entry->kind,
+    const auto variant = ParseValue(open_.Host(), key, entry->kind,
                                     key == "IndexDatabaseFile" ? FullPath(value) : value);
     std::visit(
         [&](auto field) {
@@ -63,7 +63,8 @@ void Edit::SetProperty(const std::string& key, const std::string& value) {
         entry->field);
 }
 
-void Edit::SetColumn(const std::string& column, const std::string& key, const std::string& value) {
+void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
+                             const std::string& value) {
     const auto* entry = gazetteer::FindColumnKey(key);
     if (!entry) throw UsageError("There is no column property \"" + key + "\".");
     if (entry->writer == gazetteer::Writer::Run)
@@ -73,19 +74,20 @@ void Edit::SetColumn(const std::string& column, const std::string& key, const st
     // Symbols are made anew for each column, so that no two share one.
     for (const std::string& name : names)
         gazetteer::SetUnder(*settings_.columnsProperties, name)
-            ->SetItem(key, ParseValue(work_.Host(), column + "." + key, entry->kind, value));
+            ->SetItem(key, ParseValue(open_.Host(), column + "." + key, entry->kind, value));
 }
 
-void Edit::SetOrder(const std::string& key, const std::string& value,
-                    host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks) {
-    auto set = work_.Host().NewPropertySet();
+void SettingsEdit::SetOrder(const std::string& key, const std::string& value,
+                            host::Ref<host::IHostPropertySet> gazetteer::Settings::*order,
+                            bool marks) {
+    auto set = open_.Host().NewPropertySet();
     const std::string given = key + '=' + Shown(value);
     std::vector<std::string> seen;
     for (std::string name : gazetteer::Split(value, ',')) {
         const bool off = marks && name.ends_with(kMarkOff);
         if (off) name.resize(name.size() - (sizeof kMarkOff - 1));
         if (name.empty()) throw UsageError(given + ": the value must name every column once.");
-        const auto known = gazetteer::FindColumn(work_.Host().Locale(), settings_, name);
+        const auto known = gazetteer::FindColumn(open_.Host().Locale(), settings_, name);
         if (known.empty())
             throw UsageError(given + ": there is no column \"" + Shown(name) + "\".");
         name = known;
@@ -100,42 +102,42 @@ void Edit::SetOrder(const std::string& key, const std::string& value,
     settings_.*order = set;
 }
 
-std::string Edit::ColumnName(const std::string& name) {
-    std::string known = gazetteer::FindColumn(work_.Host().Locale(), settings_, name);
+std::string SettingsEdit::ColumnName(const std::string& name) {
+    std::string known = gazetteer::FindColumn(open_.Host().Locale(), settings_, name);
     if (known.empty()) throw UsageError("There is no column \"" + Shown(name) + "\".");
     return known;
 }
 
-const gazetteer::ColumnProperties* Edit::CurrentColumn() {
+const gazetteer::ColumnProperties* SettingsEdit::CurrentColumn() {
     const auto names = gazetteer::NamesOf(*settings_.columnNames);
     if (names.empty()) return nullptr;
     current_ = gazetteer::ReadColumnProperties(
-        *gazetteer::SetUnder(*settings_.columnsProperties, names.front()), work_.Host().Locale());
+        *gazetteer::SetUnder(*settings_.columnsProperties, names.front()), open_.Host().Locale());
     return &current_;
 }
 
-void Edit::Store() {
+void SettingsEdit::Store() {
     StoreForNow();
     if (!FitsFrame())
-        work_.Caution(
+        open_.Warn(
             "the total width of the defined columns is wider than the width of the gazetteer "
             "frame.");
-    for (const auto& caution : ValueCautions(settings_)) work_.Caution(caution);
+    for (const auto& caution : ValueCautions(settings_)) open_.Warn(caution);
 }
 
-void Edit::StoreForNow() {
-    auto& host = work_.Host();
-    const auto& element = work_.Gazetteer();
-    const auto properties = work_.Properties();
+void SettingsEdit::StoreForNow() {
+    auto& host = open_.Host();
+    const auto& element = open_.Gazetteer();
+    const auto properties = open_.Properties();
     gazetteer::StoreEdit(host, settings_, false, *properties);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
     gazetteer::Findings reasons;
-    properties->SetItem("CanDrawIndex", work_.CanDraw(reasons) && FitsFrame());
+    properties->SetItem("CanDrawIndex", open_.CanDraw(reasons) && FitsFrame());
 }
 
-bool Edit::FitsFrame() const {
-    return gazetteer::ColumnsFitFrame(work_.Host().Locale(), settings_,
-                                      work_.Gazetteer()->Geometry()->Bounds()->Width());
+bool SettingsEdit::FitsFrame() const {
+    return gazetteer::ColumnsFitFrame(open_.Host().Locale(), settings_,
+                                      open_.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
 }  // namespace app

@@ -1,4 +1,4 @@
-#include "app/work/Furniture.h"
+#include "app/work/PageFurniture.h"
 
 #include <algorithm>
 #include <numeric>
@@ -71,7 +71,7 @@ std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::str
 
 }  // namespace
 
-void AddFurniture(host::IHost& host, desk::Document& document, const FrameOption& frame) {
+void AddPageFurniture(host::IHost& host, desk::Document& document, const FrameOption& frame) {
     const double middle = frame.left + frame.width / 2;
     document.elements.push_back(
         MakeLabel(host, kHeadTag, middle, frame.bottom + frame.height + kHeadAbove, 9, true));
@@ -79,15 +79,15 @@ void AddFurniture(host::IHost& host, desk::Document& document, const FrameOption
         MakeLabel(host, kNumberTag, middle, frame.bottom - kNumberBelow, 9, false));
 }
 
-bool HasFurniture(const desk::Document& document) {
+bool HasPageFurniture(const desk::Document& document) {
     return std::ranges::any_of(document.elements, [](const auto& element) {
         const auto named = host::As<host::IHostElementName>(element);
         return named && (named->Name() == kHeadTag || named->Name() == kNumberTag);
     });
 }
 
-void FillFurniture(host::IHost& host, desk::Document& document, const std::string& first,
-                   const std::string& last, const std::string& number, double width) {
+void FillPageFurniture(host::IHost& host, desk::Document& document, const std::string& first,
+                       const std::string& last, const std::string& number, double width) {
     for (const auto& element : document.elements) {
         const auto label = host::As<host::IHostTextElement>(element);
         const auto named = host::As<host::IHostElementName>(element);

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/work/KeyValues.h"
-#include "app/work/Work.h"
+#include "app/work/OpenDocument.h"
 #include "model/ColumnProperties.h"
 #include "model/Settings.h"
 
@@ -13,10 +13,10 @@ namespace app {
 /// An edit of a gazetteer's settings, with the rules of the property page: changes are made on a
 /// working copy, and storing them drops the stored results, makes the set one of the present
 /// version, takes the element out of draft state and works out anew whether it can be drawn.
-class Edit {
+class SettingsEdit {
 public:
     /// Works on a copy of what the gazetteer stores.
-    explicit Edit(Work& work);
+    explicit SettingsEdit(OpenDocument& open);
 
     /// Applies one KEY=VALUE. Raises a UsageError that names what is wrong.
     void Set(const std::string& text);
@@ -41,7 +41,7 @@ private:
                   host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks);
     bool FitsFrame() const;
 
-    Work& work_;
+    OpenDocument& open_;
     gazetteer::Settings settings_;
     gazetteer::ColumnProperties current_;
 };

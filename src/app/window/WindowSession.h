@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "app/work/OpenDocument.h"
 #include "app/work/Options.h"
 #include "app/work/Sheets.h"
-#include "app/work/Work.h"
 
 namespace app {
 
@@ -19,17 +19,20 @@ struct Notice {
     std::string text;
 };
 
-/// The layout page that the window works on, with a manager for each gazetteer frame on it. The
+/// The window's work on one document: its notices, its pages, and whether it is modified. The
 /// frame that was selected last, at first the lowest, is the one whose pages are turned.
 ///
 /// The document counts as modified once its settings, its elements or their draft state were
 /// changed. Drawn pages and the results of a run are saved with it, but can always be had again, so
 /// that making them is no change.
-class Layout final : public Work {
+class WindowSession {
 public:
-    Layout(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs);
+    WindowSession(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs);
+    WindowSession(const WindowSession&) = delete;
+    WindowSession& operator=(const WindowSession&) = delete;
 
-    host::Ref<host::IHost> HostRef() const { return DeskRef(); }
+    OpenDocument& Document() { return document_; }
+    host::IHost& Host() { return document_.Host(); }
     bool HasDocument() const { return hasDocument_; }
     /// Reads a document and draws it. Fails, with the document before still there, for a file that
     /// cannot be read.
@@ -44,7 +47,7 @@ public:
     /// with nothing changed.
     void SaveTo(const std::string& documentPath);
     /// Where the document is or, of one not on disk yet, where it might be saved.
-    const std::string& Path() { return TheDesk().DocumentPath(); }
+    const std::string& Path() const { return document_.Path(); }
     bool OnDisk() const { return onDisk_; }
     bool Modified() const { return modified_; }
     void NoteChange() { modified_ = true; }
@@ -81,30 +84,18 @@ public:
     /// Turns to the pages of this element, if it is a gazetteer frame.
     void Choose(const host::Ref<host::IHostElement>& element);
 
-    void Caution(const std::string& sentence) override;
-
 private:
-    struct Frame {
-        host::Ref<host::IHostGroupElement> element;
-        std::shared_ptr<gazetteer::CVNGazetteerManager> manager;
-        std::int32_t page = 0;
-    };
-
     void TakeDocument(bool onDisk);
     void NoteSaved();
-    void FindFrames();
-    void Bind(Frame& frame);
-    void Draw(Frame& frame);
+    void RefreshChosen();
+    void Draw();
     void ShowAgain(bool draft);
-    void TellOf(const Frame& frame);
+    void TellOfResults();
     void TellOfFonts();
-    void UseChosen();
-    bool Drawable(const Frame& frame) const;
-    Frame* Chosen() { return frames_.empty() ? nullptr : &frames_[chosen_]; }
-    const Frame* Chosen() const { return frames_.empty() ? nullptr : &frames_[chosen_]; }
+    void Warn(const std::string& sentence);
+    bool Drawable() const;
 
-    std::vector<Frame> frames_;
-    std::size_t chosen_ = 0;
+    OpenDocument document_;
     std::vector<Notice> notices_;
     std::string summary_;
     std::size_t fontsTold_ = 0;  ///< Of those told of for the documents before.

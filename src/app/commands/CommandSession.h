@@ -2,24 +2,28 @@
 
 #include <string>
 
+#include "app/work/OpenDocument.h"
 #include "app/work/Options.h"
-#include "app/work/Work.h"
 
 namespace app {
 
 /// One command's work on one document: what goes wrong ends the command, and what is odd is told on
 /// standard error.
-class Session final : public Work {
+class CommandSession {
 public:
-    explicit Session(const CommonOptions& options);
+    explicit CommandSession(const CommonOptions& options);
     /// Tells what fonts stood in for others, and what no font has.
-    ~Session() override;
+    ~CommandSession();
+    CommandSession(const CommandSession&) = delete;
+    CommandSession& operator=(const CommandSession&) = delete;
+
+    OpenDocument& Document() { return document_; }
 
     /// Works on a document from disk. Fails for one without a gazetteer frame.
-    void Open(const std::string& path);
+    OpenDocument& Open(const std::string& path);
     /// The same for commands that only tell about a document: one without a gazetteer frame is one
     /// that cannot be drawn.
-    void Look(const std::string& path);
+    OpenDocument& Look(const std::string& path);
 
     /// Binds the manager and tells what a run did. False after a failure, which the user has been
     /// told of.
@@ -29,7 +33,8 @@ public:
     /// Fails if there is no page to draw.
     void CheckHasPages();
 
-    void Caution(const std::string& sentence) override;
+private:
+    OpenDocument document_;
 };
 
 }  // namespace app

@@ -12,14 +12,14 @@
 namespace app {
 
 /// Adds both to a document whose gazetteer has this frame: the head above it, the number below.
-void AddFurniture(host::IHost& host, desk::Document& document, const FrameOption& frame);
+void AddPageFurniture(host::IHost& host, desk::Document& document, const FrameOption& frame);
 
 /// The document has one of the two.
-bool HasFurniture(const desk::Document& document);
+bool HasPageFurniture(const desk::Document& document);
 
 /// Fills whatever of the two the document has. The head is cut with an ellipsis to the width that
 /// it was given.
-void FillFurniture(host::IHost& host, desk::Document& document, const std::string& first,
-                   const std::string& last, const std::string& number, double width);
+void FillPageFurniture(host::IHost& host, desk::Document& document, const std::string& first,
+                       const std::string& last, const std::string& number, double width);
 
 }  // namespace app

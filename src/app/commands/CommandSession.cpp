@@ -1,0 +1,65 @@
+#include "app/commands/CommandSession.h"
+
+#include <memory>
+
+#include "app/commands/ConsoleDialogs.h"
+#include "app/work/Errors.h"
+#include "app/commands/Progress.h"
+#include "app/work/RunTexts.h"
+
+namespace app {
+namespace {
+
+desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
+    desk::DeskOptions desk;
+    desk.locale = options.locale;
+    desk.listeners = ProgressListeners();
+    return desk;
+}
+
+}  // namespace
+
+CommandSession::CommandSession(const CommonOptions& options)
+    : document_(DeskOptionsOf(options), std::make_shared<ConsoleDialogs>(options.verbose), Warn) {}
+
+CommandSession::~CommandSession() {
+    const auto& engine = *document_.TheDesk().Text();
+    for (const auto& warning : FontWarnings(engine)) Warn(warning);
+    const auto missing = MissingCharactersWarning(engine);
+    if (!missing.empty()) Warn(missing);
+}
+
+OpenDocument& CommandSession::Open(const std::string& path) {
+    Look(path);
+    if (!document_.Chosen())
+        throw CommandError("The document \"" + path + "\" has no gazetteer frame.");
+    return document_;
+}
+
+OpenDocument& CommandSession::Look(const std::string& path) {
+    document_.Open(path);
+    return document_;
+}
+
+bool CommandSession::Bind() {
+    auto& manager = document_.Manager();
+    manager.SetIndexElement(document_.Gazetteer());
+    if (document_.Dialogs().TakeFailureShown()) return false;
+    if (!manager.HasRun()) return true;
+    const auto warnings = RunWarnings(manager);
+    Tell(RunSummary(manager));
+    for (const auto& warning : warnings) Warn(warning);
+    return true;
+}
+
+void CommandSession::BindDrawable() {
+    if (!Bind()) throw AlreadyTold{};
+    const auto& manager = document_.Manager();
+    if (!manager.CanDraw()) throw CommandError(UndrawableSentence(manager));
+}
+
+void CommandSession::CheckHasPages() {
+    if (document_.PageCount() == 0) throw CommandError(NoPageReason(document_.Manager()));
+}
+
+}  // namespace app

@@ -1,0 +1,231 @@
+#include "app/window/WindowSession.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "app/work/Errors.h"
+#include "app/work/FilePaths.h"
+#include "app/work/NewDocument.h"
+#include "app/work/RunTexts.h"
+#include "support/Conversions.h"
+
+namespace app {
+namespace {
+
+host::IHostFrameElement& StateOf(const host::Ref<host::IHostGroupElement>& element) {
+    return *host::As<host::IHostFrameElement>(element);
+}
+
+}  // namespace
+
+WindowSession::WindowSession(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs)
+    : document_(std::move(options), std::move(dialogs),
+                [this](const std::string& sentence) { Warn(sentence); }) {}
+
+void WindowSession::Open(const std::string& path) {
+    document_.Open(path);
+    notices_.clear();
+    TakeDocument(true);
+}
+
+void WindowSession::StartNew(const NewDocumentOptions& options, bool dressed) {
+    auto before = document_.Present();
+    const std::vector<Notice> noticesBefore = std::exchange(notices_, {});
+    try {
+        const auto place = std::filesystem::path(FullPath(options.listingDatabase));
+        StartNewDocument(document_, options,
+                         std::filesystem::path(place).replace_extension(".json"));
+        if (dressed) DressForPrint(document_);
+    } catch (...) {
+        document_.Restore(std::move(before));
+        notices_ = noticesBefore;
+        throw;
+    }
+    TakeDocument(false);
+}
+
+void WindowSession::TakeDocument(bool onDisk) {
+    fontsTold_ = document_.TheDesk().Text()->Substitutions().size();
+    hasDocument_ = true;
+    onDisk_ = onDisk;
+    modified_ = !onDisk;
+    // What was told while the document was made stays on show.
+    const auto told = notices_;
+    Refresh();
+    notices_.insert(notices_.begin(), told.begin(), told.end());
+}
+
+void WindowSession::SaveTo(const std::string& documentPath) {
+    desk::Document document = document_.TheDesk().CurrentDocument();
+    if (documentPath != Path()) {
+        const std::string mapBook = desk::MapBookPath(document, Path());
+        if (!mapBook.empty()) document.mapBook = desk::PathFromDocument(mapBook, documentPath);
+    }
+    const auto written = desk::WriteDocument(document, documentPath);
+    if (documentPath != Path()) document_.TheDesk().Start(std::move(document), documentPath);
+    document_.TheDesk().SetReplaceable(written);
+    NoteSaved();
+}
+
+void WindowSession::Save() {
+    document_.TheDesk().Save();
+    NoteSaved();
+}
+
+void WindowSession::NoteSaved() {
+    onDisk_ = true;
+    modified_ = false;
+}
+
+bool WindowSession::Needs(const std::string& path) {
+    const auto& document = document_.TheDesk().CurrentDocument();
+    if (IsSameFile(path, desk::MapBookPath(document, Path()))) return true;
+    return std::ranges::any_of(document_.Frames(), [&](const GazetteerFrame& frame) {
+        return IsSameFile(path, frame.manager->BoundSettings().indexDatabaseFile);
+    });
+}
+
+void WindowSession::Refresh() {
+    notices_.clear();
+    summary_.clear();
+    document_.FindFrames();
+    if (hasDocument_ && document_.Frames().empty()) Warn("The document has no gazetteer frame.");
+    const std::size_t chosen = document_.ChosenIndex();
+    for (std::size_t i = 0; i < document_.Frames().size(); ++i) {
+        document_.Choose(i);
+        RefreshChosen();
+    }
+    document_.Choose(chosen);
+    TellOfFonts();
+}
+
+void WindowSession::RefreshChosen() {
+    auto& frame = *document_.Chosen();
+    auto& manager = *frame.manager;
+    manager.SetIndexElement(frame.element);
+    if (frame.page == 0) frame.page = manager.BoundSettings().defaultPage;
+    frame.page = std::clamp(frame.page, 1, std::max(1, manager.Working().pageCount));
+    TellOfResults();
+    Draw();
+}
+
+bool WindowSession::Drawable() const {
+    return document_.Chosen() && document_.Manager().CanDraw() && document_.PageCount() > 0;
+}
+
+void WindowSession::Draw() {
+    if (!Drawable() || InDraft()) return;
+    const std::int32_t page = document_.Chosen()->page;
+    document_.Manager().SetIndexToPageNumber(page);
+    try {
+        LabelSheet(document_, page);
+    } catch (const std::exception&) {
+        Warn(CurrentSentence());
+    }
+}
+
+void WindowSession::TellOfResults() {
+    const auto& manager = document_.Manager();
+    if (!summary_.empty()) summary_ += ' ';
+    summary_ += manager.HasRun() ? RunSummary(manager) : StoredSummary(manager);
+    if (manager.HasRun())
+        for (const auto& warning : RunWarnings(manager)) Warn(warning);
+    if (!manager.CanDraw())
+        Warn(UndrawableSentence(manager));
+    else if (document_.PageCount() == 0)
+        Warn(NoPageReason(manager));
+}
+
+void WindowSession::TellOfFonts() {
+    const auto warnings = FontWarnings(*document_.TheDesk().Text());
+    for (std::size_t i = fontsTold_; i < warnings.size(); ++i) Warn(warnings[i]);
+}
+
+std::int32_t WindowSession::Pages() const {
+    return Drawable() ? document_.PageCount() : 0;
+}
+
+std::int32_t WindowSession::Page() const {
+    return Drawable() ? document_.Chosen()->page : 0;
+}
+
+void WindowSession::TurnTo(std::int32_t page) {
+    if (page < 1 || page > Pages()) return;
+    document_.Chosen()->page = page;
+    Draw();
+}
+
+// A name that is missing in a damaged document is no reason for a message in the midst of a list.
+std::string WindowSession::PageName(std::int32_t page) {
+    const auto quiet = document_.Dialogs().Silence();
+    return gazetteer::ToText(document_.Manager().PageName(page), Host().Locale());
+}
+
+bool WindowSession::InDraft() const {
+    return document_.Chosen() && StateOf(document_.Gazetteer()).Draft();
+}
+
+void WindowSession::SetDraft(bool draft) {
+    if (!document_.Chosen() || InDraft() == draft) return;
+    modified_ = true;
+    if (draft) document_.Manager().DraftMode();
+    StateOf(document_.Gazetteer()).SetDraft(draft);
+    if (!draft) Refresh();
+}
+
+void WindowSession::Export(const std::string& path, const PageRange& pages,
+                           const SheetListener& before) {
+    const bool draft = InDraft();
+    // Only what goes wrong from here on is to end the export.
+    document_.Dialogs().TakeFailureShown();
+    try {
+        WriteSheets(document_, path, pages, before);
+    } catch (...) {
+        ShowAgain(draft);
+        throw;
+    }
+    ShowAgain(draft);
+}
+
+// What was on show before pages were drawn for something else.
+void WindowSession::ShowAgain(bool draft) {
+    if (!draft) return Draw();
+    document_.Manager().DraftMode();
+    StateOf(document_.Gazetteer()).SetDraft(true);
+}
+
+host::Ref<host::IHostEnvelope> WindowSession::BoundsOf(
+    const host::Ref<host::IHostElement>& element) {
+    // Members of a group may stick out of its frame.
+    if (host::As<host::IHostGroupElement>(element) && element->Geometry())
+        return element->Geometry()->Bounds();
+    auto bounds = Host().NewEnvelope();
+    element->MeasureBounds(Host().NewApplication()->Document()->ActiveView()->Display(), bounds);
+    return bounds->Width() > 0 && bounds->Height() > 0 ? bounds : nullptr;
+}
+
+host::Ref<host::IHostElement> WindowSession::ElementAt(double x, double y) {
+    const auto& elements = document_.TheDesk().CurrentDocument().elements;
+    for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
+        const auto bounds = BoundsOf(*element);
+        if (bounds && x >= bounds->XMin() && x <= bounds->XMax() && y >= bounds->YMin() &&
+            y <= bounds->YMax())
+            return *element;
+    }
+    return nullptr;
+}
+
+void WindowSession::Choose(const host::Ref<host::IHostElement>& element) {
+    const auto& frames = document_.Frames();
+    for (std::size_t i = 0; i < frames.size(); ++i)
+        if (frames[i].element == element) document_.Choose(i);
+}
+
+void WindowSession::Warn(const std::string& sentence) {
+    auto& notice = notices_.emplace_back();
+    notice.kind = Notice::Kind::Warning;
+    notice.text = sentence;
+}
+
+}  // namespace app

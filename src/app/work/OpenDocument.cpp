@@ -1,0 +1,90 @@
+#include "app/work/OpenDocument.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/work/Errors.h"
+#include "model/GeneralFunctions.h"
+
+namespace app {
+namespace {
+
+desk::DeskOptions WithDialogs(desk::DeskOptions options,
+                              const std::shared_ptr<NotedDialogs>& dialogs) {
+    options.dialogs = dialogs;
+    return options;
+}
+
+}  // namespace
+
+OpenDocument::OpenDocument(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs,
+                           Caution caution)
+    : dialogs_(std::move(dialogs)),
+      caution_(std::move(caution)),
+      desk_(std::make_shared<desk::Desk>(WithDialogs(std::move(options), dialogs_))),
+      unbound_(std::make_shared<gazetteer::CVNGazetteerManager>(desk_)) {}
+
+void OpenDocument::Open(const std::string& path) {
+    desk_->Open(path);
+    frames_.clear();
+    FindFrames();
+}
+
+void OpenDocument::Start(desk::Document document, const std::string& path) {
+    desk_->Start(std::move(document), path);
+    frames_.clear();
+    FindFrames();
+}
+
+OpenDocument::State OpenDocument::Present() const {
+    return {desk_->CurrentDocument(), Path(), desk_->Replaceable(), frames_, chosen_};
+}
+
+void OpenDocument::Restore(State state) {
+    desk_->Start(std::move(state.document), state.path);
+    desk_->SetReplaceable(state.replaceable);
+    frames_ = std::move(state.frames);
+    chosen_ = state.chosen;
+}
+
+void OpenDocument::FindFrames() {
+    const auto known = std::exchange(frames_, {});
+    unbound_ = std::make_shared<gazetteer::CVNGazetteerManager>(desk_);
+    for (const auto& element : desk_->CurrentDocument().elements) {
+        const auto group = host::As<host::IHostGroupElement>(element);
+        if (!group || !unbound_->IsGazetteerElement(group)) continue;
+        const auto before = std::ranges::find(known, group, &GazetteerFrame::element);
+        frames_.push_back({group, std::make_shared<gazetteer::CVNGazetteerManager>(desk_),
+                           before == known.end() ? 0 : before->page});
+    }
+    if (chosen_ >= frames_.size() || known.empty()) chosen_ = 0;
+}
+
+host::Ref<host::IHostGroupElement> OpenDocument::Gazetteer() const {
+    return Chosen() ? Chosen()->element : nullptr;
+}
+
+host::Ref<host::IHostPropertySet> OpenDocument::Properties() const {
+    return gazetteer::StoredGazetteerProperties(Gazetteer());
+}
+
+gazetteer::CVNGazetteerManager& OpenDocument::Manager() const {
+    return Chosen() ? *Chosen()->manager : *unbound_;
+}
+
+bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
+    if (!Chosen()) {
+        reasons = {"The document has no gazetteer frame."};
+        return false;
+    }
+    const auto quiet = dialogs_->Silence();
+    const bool canDraw = Manager().CanDrawIndex(Gazetteer());
+    reasons = Manager().LastFindings();
+    return canDraw;
+}
+
+void OpenDocument::CheckNothingFailed() {
+    if (dialogs_->TakeFailureShown()) throw AlreadyTold{};
+}
+
+}  // namespace app
