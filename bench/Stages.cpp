@@ -47,7 +47,7 @@ Stages::Stages() : session_({.locale = "en_US"}), siblings_(SiblingObjects::Crea
     options.listingDatabase = path;
     app::StartNewDocument(session_, options, folder_.File("index.json"));
     app::DressForPrint(session_);
-    ReadSettings(*session_.Properties(), Host().Locale(), settings_);
+    ReadSettings(Host(), *session_.Properties(), settings_);
     source_.databaseTable = OpenTableFile(Host(), path);
     transparent_ = Host().NewFillSymbol();
 }

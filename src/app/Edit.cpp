@@ -7,6 +7,7 @@
 #include "app/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
+#include "model/KeyNames.h"
 #include "model/Keys.h"
 #include "support/Text.h"
 
@@ -20,7 +21,7 @@ constexpr char kMarkOff[] = ":off";
 Edit::Edit(Work& work) : work_(work) {
     auto& host = work.Host();
     const auto copy = gazetteer::CopySet(host, work.Properties());
-    gazetteer::ReadSettings(*copy, host.Locale(), settings_);
+    gazetteer::ReadSettings(host, *copy, settings_);
 }
 
 void Edit::Set(const std::string& text) {
@@ -48,12 +49,14 @@ void Edit::SetProperty(const std::string& key, const std::string& value) {
     }
     if (entry->writer == gazetteer::Writer::Run)
         throw UsageError("The property \"" + key + "\" is kept by the gazetteer itself.");
-    if (key == "ColumnDisplayOrder")
+    if (key == gazetteer::keys::kColumnDisplayOrder)
         return SetOrder(key, value, &Settings::columnDisplayOrder, false);
-    if (key == "ColumnSortOrder") return SetOrder(key, value, &Settings::columnSortOrder, true);
+    if (key == gazetteer::keys::kColumnSortOrder)
+        return SetOrder(key, value, &Settings::columnSortOrder, true);
 
-    const auto variant = ParseValue(work_.Host(), key, entry->kind,
-                                    key == "IndexDatabaseFile" ? FullPath(value) : value);
+    const auto variant =
+        ParseValue(work_.Host(), key, entry->kind,
+                   key == gazetteer::keys::kIndexDatabaseFile ? FullPath(value) : value);
     std::visit(
         [&](auto field) {
             using Value = std::remove_reference_t<decltype(settings_.*field)>;
@@ -130,7 +133,7 @@ void Edit::StoreForNow() {
     gazetteer::StoreEdit(host, settings_, false, *properties);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
     gazetteer::Findings reasons;
-    properties->SetItem("CanDrawIndex", work_.CanDraw(reasons) && FitsFrame());
+    properties->SetItem(gazetteer::keys::kCanDrawIndex, work_.CanDraw(reasons) && FitsFrame());
 }
 
 bool Edit::FitsFrame() const {

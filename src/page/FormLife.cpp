@@ -18,9 +18,6 @@ frmGazetteerPropertyPage::frmGazetteerPropertyPage(host::Ref<host::IHost> host)
     : host_(std::move(host)),
       ui_(std::make_unique<Ui::frmGazetteerPropertyPage>()),
       controls_(*this, host_->Locale()) {
-    // Options that a set of an unknown version does not tell of are off at first.
-    fields_.samplePage = fields_.clearRepeatingText = fields_.addStartingBreak =
-        fields_.combineFirstAndLast = false;
     LoadFormPictures();
     ui_->setupUi(this);
     ReleaseObjects();
@@ -38,8 +35,7 @@ void frmGazetteerPropertyPage::Form_Activate() try {
     ReleaseObjects();
     ui_->SSTabColumnProps->setEnabled(false);
     const auto properties = Require<host::IHostPropertySet>(properties_);
-    ReadSettings(*properties, host_->Locale(), fields_, SettingsScope::Edit);
-    fields_.columnsProperties = CopySet(*host_, fields_.columnsProperties);
+    ReadSettings(*host_, *properties, fields_, SettingsScope::Edit);
     PopulateForm();
     populating_ = false;
     SetFilled(true);

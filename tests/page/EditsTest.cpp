@@ -143,6 +143,7 @@ TEST_F(Edits, ToAllMovesItsKeysAlone) {
 }
 
 TEST_F(Edits, AnOldSetOpensWithTheNewerOptionsOff) {
+    desk_.Column(element_, "Listing")->RemoveItem("Version");
     const auto newer = {"SamplePage", "ClearRepeatingText", "AddStartingBreak",
                         "CombineFirstAndLast"};
     for (const char* key : newer) Stored()->RemoveItem(key);

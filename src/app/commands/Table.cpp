@@ -59,8 +59,10 @@ void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const TableOpti
                     field.decimals);
     ForRows(table, locale, options.limit, [](const Json& row) {
         std::string line;
-        for (const auto& cell : row)
-            line += (line.empty() ? "" : "\t") + (cell.is_null() ? "" : cell.get<std::string>());
+        for (const auto& cell : row) {
+            if (!line.empty()) line += '\t';
+            if (!cell.is_null()) line += cell.get<std::string>();
+        }
         std::puts(line.c_str());
     });
     for (const auto& warning : table.Warnings()) Warn(warning);

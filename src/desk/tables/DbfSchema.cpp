@@ -45,7 +45,8 @@ void NoteFields(const DbfSchema& schema) {
     for (const DbfField& field : schema.fields) names.push_back(field.name);
     const FieldNames index(names);
     for (const std::string& name : index.Repeated())
-        schema.notes->Add("more than one field is named " + name + "; the first one counts.");
+        schema.notes->Add("more than one field is named " + name +
+                          "; the one so written counts, else the first.");
 }
 
 }  // namespace

@@ -18,10 +18,10 @@ std::string FoldName(const std::string& name) {
     return folded;
 }
 
-FieldNames::FieldNames(const std::vector<std::string>& names) {
+FieldNames::FieldNames(const std::vector<std::string>& names) : names_(names) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto [place, isNew] =
-            indexes_.emplace(FoldName(names[i]), static_cast<std::int32_t>(i));
+            folded_.emplace(FoldName(names[i]), static_cast<std::int32_t>(i));
         if (isNew) continue;
         const std::string& first = names[static_cast<std::size_t>(place->second)];
         if (std::find(repeated_.begin(), repeated_.end(), first) == repeated_.end())
@@ -30,8 +30,10 @@ FieldNames::FieldNames(const std::vector<std::string>& names) {
 }
 
 std::int32_t FieldNames::Find(const std::string& name) const {
-    const auto place = indexes_.find(FoldName(name));
-    return place == indexes_.end() ? -1 : place->second;
+    const auto exact = std::find(names_.begin(), names_.end(), name);
+    if (exact != names_.end()) return static_cast<std::int32_t>(exact - names_.begin());
+    const auto place = folded_.find(FoldName(name));
+    return place == folded_.end() ? -1 : place->second;
 }
 
 }  // namespace desk
