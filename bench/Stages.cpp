@@ -47,7 +47,7 @@ Stages::Stages() : session_({.locale = "en_US"}), siblings_(SiblingObjects::Crea
     options.listingDatabase = path;
     app::StartNewDocument(session_.Document(), options, folder_.File("index.json"));
     app::DressForPrint(session_.Document());
-    ReadSettings(*session_.Document().Properties(), Host().Locale(), settings_);
+    ReadSettings(Host(), *session_.Document().Properties(), settings_);
     source_.databaseTable = OpenTableFile(Host(), path);
     transparent_ = Host().NewFillSymbol();
 }

@@ -69,7 +69,8 @@ public:
     void MeasureBounds(const Ref<host::IHostDisplay>& display,
                        const Ref<host::IHostEnvelope>& bounds) override {
         constexpr double kPointsPerInch = 72;
-        const auto size = symbol_->MeasureText(display->Device(), display->Transformation(), text_);
+        const auto size =
+            symbol_->MeasureText(display->DeviceContext(), display->Transformation(), text_);
         const double width = size.xSize / kPointsPerInch;
         const double height = size.ySize / kPointsPerInch;
         const auto point = host::As<host::IHostPoint>(geometry_);
@@ -106,7 +107,7 @@ private:
 
 class Display final : public host::IHostDisplay {
 public:
-    host::DeviceContext Device() const override { return 1; }
+    host::DeviceContext DeviceContext() const override { return 1; }
     Ref<host::IHostDisplayTransformation> Transformation() const override { return nullptr; }
     void BeginDrawing(host::DeviceContext, int) override {}
     void EndDrawing() override {}

@@ -50,18 +50,12 @@ class ExpressionEngine final : public host::CVNExpressionEngine {
 public:
     bool IsValidExpression(const Ref<host::IHostTable>& table,
                            const std::string& expression) override {
-        return Explain(table, expression).text.empty();
-    }
-    host::ExpressionFinding Explain(const Ref<host::IHostTable>& table,
-                                    const std::string& expression) override {
         for (std::size_t at = 0; (at = expression.find('[', at)) != std::string::npos; ++at) {
             const auto end = expression.find(']', at);
-            if (end == std::string::npos) return {"[ without ]", {}, at, expression.size() - at};
-            const auto name = expression.substr(at + 1, end - at - 1);
-            if (table->FindField(name) < 0)
-                return {"no field named " + name, name, at, end + 1 - at};
+            if (end == std::string::npos) return false;
+            if (table->FindField(expression.substr(at + 1, end - at - 1)) < 0) return false;
         }
-        return {};
+        return true;
     }
     std::string Evaluate(const Ref<host::IHostTable>& table, const Ref<host::IHostRow>& row,
                          const std::string& expression, const host::TokenValues& tokens) override {

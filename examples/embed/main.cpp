@@ -53,7 +53,7 @@ Ref<host::IHostGroupElement> NewIndex(host::IHost& host, const host::IHostTable&
     const auto properties = gazetteer::NewGazetteerProperties(host);
     gazetteer::SetGazetteerProperties(host, element, properties);
     gazetteer::Settings settings;
-    gazetteer::ReadSettings(*properties, host.Locale(), settings);
+    gazetteer::ReadSettings(host, *properties, settings);
     settings.indexDatabaseFile = "listings";
     settings.combineWithNewLine = false;
     settings.combineFirstAndLast = false;

@@ -20,10 +20,10 @@ struct IHostDisplayTransformation : virtual IHostObject {
 
 /// The surface on which texts and elements are measured.
 struct IHostDisplay : virtual IHostObject {
-    virtual DeviceContext Device() const = 0;
+    virtual host::DeviceContext DeviceContext() const = 0;
     virtual Ref<IHostDisplayTransformation> Transformation() const = 0;
     /// Opens a drawing bracket. Cache identifier -1 is no cache.
-    virtual void BeginDrawing(DeviceContext device, int cacheId) = 0;
+    virtual void BeginDrawing(host::DeviceContext device, int cacheId) = 0;
     virtual void EndDrawing() = 0;
 };
 

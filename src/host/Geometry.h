@@ -6,6 +6,9 @@ namespace host {
 
 struct IHostEnvelope;
 
+/// Lengths on the page are inches, sizes of type points.
+inline constexpr double kPointsPerInch = 72;
+
 /// A shape on the page, in inches, Y growing upward.
 struct IHostGeometry : virtual IHostClonable {
     /// A copy of the smallest envelope around the shape.

@@ -87,14 +87,18 @@ struct ExpressionFinding {
 
 struct CVNExpressionEngine : virtual IHostObject {
     virtual bool IsValidExpression(const Ref<IHostTable>& table, const std::string& expression) = 0;
-    /// Why an expression is not valid, for those who can show it.
-    virtual ExpressionFinding Explain(const Ref<IHostTable>& table,
-                                      const std::string& expression) = 0;
     virtual std::string Evaluate(const Ref<IHostTable>& table, const Ref<IHostRow>& row,
                                  const std::string& expression, const TokenValues& tokens) = 0;
     /// Opens the expression editor. Empty leaves the expression unchanged.
     virtual std::string EditExpression(const Ref<IHostTable>& table, const std::string& expression,
                                        const std::vector<TokenDescription>& tokens) = 0;
+};
+
+/// What an expression engine may offer beside its verdict.
+struct IHostExpressionExplanation : virtual IHostObject {
+    /// Why an expression is not valid.
+    virtual ExpressionFinding Explain(const Ref<IHostTable>& table,
+                                      const std::string& expression) = 0;
 };
 
 }  // namespace host

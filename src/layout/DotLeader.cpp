@@ -59,8 +59,7 @@ std::size_t DotsToTry(const TextMeasure& measure, const std::string& text, doubl
     constexpr double kNarrowDot = 0.22;  // Ems.
     constexpr double kNarrowLetter = 0.3;
     constexpr double kMostAtOnce = 4096;
-    constexpr double kPointsPerInch = 72;
-    const double ems = width * kPointsPerInch / measure.Symbol().Size();
+    const double ems = width * host::kPointsPerInch / measure.Symbol().Size();
     const double dots =
         (ems - kNarrowLetter * static_cast<double>(CountCodePoints(text))) / kNarrowDot;
     // In this order 0 comes of a type without size and a column without width, whose quotient is no

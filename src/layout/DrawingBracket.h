@@ -9,8 +9,8 @@ namespace gazetteer {
 template <class Question>
 auto InDrawingBracket(host::IHostDisplay& display, const Question& question) {
     constexpr int kNoCache = -1;
-    display.BeginDrawing(display.Device(), kNoCache);
-    auto answer = question(display.Device(), display.Transformation());
+    display.BeginDrawing(display.DeviceContext(), kNoCache);
+    auto answer = question(display.DeviceContext(), display.Transformation());
     display.EndDrawing();
     return answer;
 }

@@ -6,11 +6,8 @@
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
-namespace {
 
-constexpr double kPointsPerInch = 72;
-
-}  // namespace
+using host::kPointsPerInch;
 
 double DottedLine::Width(std::size_t dots) const {
     const double points = dots == 0 ? none_ : one_ + static_cast<double>(dots - 1) * step_;

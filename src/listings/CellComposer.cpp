@@ -1,6 +1,7 @@
 #include "listings/CellComposer.h"
 
 #include "model/ColumnProperties.h"
+#include "model/KeyNames.h"
 #include "support/Conversions.h"
 
 namespace gazetteer {
@@ -24,8 +25,8 @@ CellComposer::CellComposer(host::IHost& host, const Settings& settings,
     }
     for (const std::string& name : NamesOf(*settings.columnNames)) {
         const auto set = SetUnder(*settings.columnsProperties, name);
-        columns_.push_back({name, ToText(set->Item("Expression"), host.Locale()),
-                            ToBoolean(set->Item("FromDatabase"))});
+        columns_.push_back({name, ToText(set->Item(keys::kExpression), host.Locale()),
+                            ToBoolean(set->Item(keys::kFromDatabase))});
     }
 }
 

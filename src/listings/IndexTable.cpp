@@ -4,6 +4,7 @@
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
+#include "support/Text.h"
 
 namespace gazetteer {
 namespace {
@@ -11,6 +12,8 @@ namespace {
 using host::Ref;
 
 constexpr char kTableName[] = "CVNGazetteerTmp";
+constexpr char kIdentifierField[] = "OID";
+constexpr char kFieldSeparator[] = ",";
 constexpr std::int32_t kTextFieldLength = 255;
 
 Ref<host::IHostFields> IndexFields(host::IHostTableFactory& host,
@@ -18,7 +21,7 @@ Ref<host::IHostFields> IndexFields(host::IHostTableFactory& host,
     auto fields = host.NewFields();
     fields->SetFieldCount(static_cast<std::int32_t>(columns.size()) + 1);
     auto identifier = host.NewField();
-    identifier->SetName("OID");
+    identifier->SetName(kIdentifierField);
     identifier->SetType(host::kFieldTypeObjectId);
     fields->SetField(0, identifier);
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -48,7 +51,7 @@ Ref<host::IHostCursor> SortedRows(host::IHost& host, const Settings& settings,
     std::string fields;
     for (std::size_t i = 0; i < order.names.size(); ++i) {
         if (!ToBoolean(order.values[i])) continue;
-        fields += (fields.empty() ? "" : ",") + order.names[i];
+        fields += (fields.empty() ? "" : kFieldSeparator) + order.names[i];
         names.push_back(order.names[i]);
     }
     sort->SetFields(fields);
@@ -90,6 +93,16 @@ Ref<host::IHostCursor> SortIndexTable(host::IHost& host, const Settings& setting
 }
 
 }  // namespace
+
+std::string IndexTableRefusal(const std::string& name, bool sorted) {
+    if (EqualsInAnyCase(name, kIdentifierField))
+        return "A column cannot be named \"" + name +
+               "\": the index table keeps its row numbers under that name.";
+    if (sorted && name.find(kFieldSeparator) != std::string::npos)
+        return "Listings cannot be sorted by a column named \"" + name +
+               "\", as commas separate the names of sort columns.";
+    return {};
+}
 
 Ref<host::IHostTable> MakeIndexTempTable(host::IHost& host, const Settings& settings) try {
     const auto workspace = host.NewScratchWorkspaceFactory()->CreateWorkspace();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "host/Host.h"
 #include "listings/CellComposer.h"
@@ -12,6 +13,10 @@ namespace gazetteer {
 
 /// A sample run stops once it has read more rows than this.
 inline constexpr std::int32_t kSampleRows = 500;
+
+/// Why a column of this name can have no field in the index table, or none to sort by, in words;
+/// empty where it can.
+std::string IndexTableRefusal(const std::string& name, bool sorted);
 
 /// Inner procedure: the new, empty index table.
 host::Ref<host::IHostTable> MakeIndexTempTable(host::IHost& host, const Settings& settings);

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <utility>
 
+#include "support/ErrorHandling.h"
+
 namespace gazetteer {
 namespace {
 
@@ -39,7 +41,7 @@ const NumberToken* NumberTokenizer::AddToken(const std::string& text, Words& wor
     return words.emplace(text, &tokens_.emplace_back(std::move(token))).first->second;
 }
 
-std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale) {
+std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale) try {
     std::string result;
     bool previousIsDigit = false;
     std::size_t at = 0;
@@ -52,15 +54,19 @@ std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale) 
         at += length;
     }
     return result;
+} catch (...) {
+    PassOn("SeparateNumbers", kSortLabel);
 }
 
-bool ContainsNumber(const std::string& text, host::IHostLocale& locale) {
+bool ContainsNumber(const std::string& text, host::IHostLocale& locale) try {
     std::size_t at = 0;
     for (const std::size_t length : locale.Characters(text)) {
         if (IsDigit(text.substr(at, length), locale)) return true;
         at += length;
     }
     return false;
+} catch (...) {
+    PassOn("ContainsNumber", kSortLabel);
 }
 
 }  // namespace gazetteer

@@ -76,10 +76,10 @@ private:
     std::deque<NumberToken> tokens_;
 };
 
-/// One blank at every change between digits and other characters: "A12B" becomes "A 12 B".
+/// Inner: one blank at every change between digits and other characters: "A12B" becomes "A 12 B".
 std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale);
 
-/// Any single character of the text is a digit.
+/// Inner: any single character of the text is a digit.
 bool ContainsNumber(const std::string& text, host::IHostLocale& locale);
 
 }  // namespace gazetteer

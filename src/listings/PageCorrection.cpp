@@ -8,6 +8,16 @@
 namespace gazetteer {
 namespace {
 
+using Limits = std::numeric_limits<std::int32_t>;
+
+std::int32_t PageNumber(std::int64_t page) {
+    if (page >= Limits::min() && page <= Limits::max()) return static_cast<std::int32_t>(page);
+    host::Failure failure(host::kFailureOverflow, "",
+                          "A page number in the map book is beyond what a whole number can hold.");
+    failure.AddFact("page", std::to_string(page));
+    throw failure;
+}
+
 // The linked key is tested first: a gazetteer in the linked section itself comes behind the series.
 bool IsSeriesFirst(const std::vector<std::string>& sections, const std::string& linked,
                    const std::string& own) {
@@ -20,16 +30,16 @@ bool IsSeriesFirst(const std::vector<std::string>& sections, const std::string& 
 
 // Entries have the form key, "$", number. The page base moves by the place of the template's first
 // entry less the number it carries there.
-std::int32_t OffsetOfTemplate(const std::vector<std::string>& pages, const std::string& templateKey,
+std::int64_t OffsetOfTemplate(const std::vector<std::string>& pages, const std::string& templateKey,
                               host::IHostLocale& locale) {
     std::int32_t number = 0;
-    std::int32_t position = 0;
+    std::int64_t position = 0;
     for (std::size_t i = 0; i < pages.size(); ++i) {
         const auto cut = pages[i].find('$');
         number =
             ToLong(cut == std::string::npos ? std::string() : pages[i].substr(cut + 1), locale);
         if (pages[i].substr(0, cut) == templateKey) {
-            position = static_cast<std::int32_t>(i) + 1;
+            position = static_cast<std::int64_t>(i) + 1;
             break;
         }
     }
@@ -39,11 +49,7 @@ std::int32_t OffsetOfTemplate(const std::vector<std::string>& pages, const std::
 }  // namespace
 
 std::int32_t PageCorrection::Corrected(std::int32_t page) const {
-    const std::int64_t corrected = std::int64_t{page} + pageBase + seriesFirstPage - 2;
-    using Limits = std::numeric_limits<std::int32_t>;
-    if (corrected < Limits::min() || corrected > Limits::max())
-        throw host::Failure(host::kFailureOverflow, "", "Overflow");
-    return static_cast<std::int32_t>(corrected);
+    return PageNumber(std::int64_t{page} + pageBase + seriesFirstPage - 2);
 }
 
 PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects& siblings,
@@ -56,9 +62,10 @@ PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects
     const auto sections = book.SectionKeys(book.SectionBook(own));
     const std::string& linked = settings.mapSeriesSectionKey;
     if (IsSeriesFirst(sections, linked, own)) {
-        correction.pageBase = ToLong(book.SectionStartPage(linked), locale);
-        correction.pageBase +=
-            OffsetOfTemplate(book.SectionPages(linked), settings.mapSeriesTemplateKey, locale);
+        const std::int32_t start = ToLong(book.SectionStartPage(linked), locale);
+        correction.pageBase =
+            PageNumber(start + OffsetOfTemplate(book.SectionPages(linked),
+                                                settings.mapSeriesTemplateKey, locale));
     }
     siblings.seriesManager->ClearFrame();
     siblings.seriesManager->SetFrame(frame);

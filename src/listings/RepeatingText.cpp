@@ -1,6 +1,7 @@
 #include "listings/RepeatingText.h"
 
 #include "model/ColumnProperties.h"
+#include "model/KeyNames.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "support/Text.h"
@@ -34,7 +35,7 @@ Ref<host::IHostElement> ClearRepeatingText(host::IHost& host, const Settings& se
     const auto names = NamesOf(*settings.columnDisplayOrder);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto column = SetUnder(*settings.columnsProperties, names[i]);
-        if (HoldsReference(ToText(column->Item("Expression"), locale))) continue;
+        if (HoldsReference(ToText(column->Item(keys::kExpression), locale))) continue;
         const auto cells = SetUnder(*results.listings, names[i]);
         if (locale.CompareText(ToText(cells->Item(thisRow), locale),
                                ToText(cells->Item(previousRow), locale)) != 0)

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "layout/PageDrawing.h"
-#include "model/Edit.h"
 #include "model/GeneralFunctions.h"
 #include "support/ErrorHandling.h"
 
@@ -65,10 +64,9 @@ void CVNGazetteerManager::TakeResults() {
         PopulateIndexTable();
 }
 
-// After a failure: columns of the manager's own and new empty sets, so that no page of an earlier
-// element can come up and no stored symbol is touched. The page count stays.
+// After a failure: new empty sets, so that no page of an earlier element can come up in this one.
+// The page count stays.
 void CVNGazetteerManager::DiscardResults(std::int32_t earlierPages) {
-    settings_.columnsProperties = host_->NewPropertySet();
     for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
                            &WorkingResults::firstListings, &WorkingResults::lastListings})
         working_.*set = host_->NewPropertySet();
@@ -78,8 +76,7 @@ void CVNGazetteerManager::DiscardResults(std::int32_t earlierPages) {
 void CVNGazetteerManager::BindSettings(const Ref<IHostGroupElement>& indexElement) {
     indexElement_ = indexElement;
     properties_ = StoredGazetteerProperties(indexElement_);
-    ReadSettings(*properties_, host_->Locale(), settings_);
-    settings_.columnsProperties = CopySet(*host_, settings_.columnsProperties);
+    ReadSettings(*host_, *properties_, settings_);
     canDraw_ = settings_.canDrawIndex;
     check_.sectionKeys.clear();
     check_.templateKeys.clear();

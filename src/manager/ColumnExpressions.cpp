@@ -1,12 +1,24 @@
 #include "manager/ColumnExpressions.h"
 
-#include "model/ColumnProperties.h"
+#include "model/KeyNames.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
 namespace {
+
+// Why an expression is not valid, from an engine that can tell. No verdict depends on it.
+std::string Explanation(host::CVNExpressionEngine& engine, const host::Ref<host::IHostTable>& table,
+                        const std::string& expression) {
+    auto* const explaining = dynamic_cast<host::IHostExpressionExplanation*>(&engine);
+    if (!explaining) return {};
+    try {
+        return ": " + explaining->Explain(table, expression).text;
+    } catch (const host::Failure&) {
+        return {};
+    }
+}
 
 bool CheckColumn(host::CVNExpressionEngine& engine, const std::string& name,
                  const std::string& expression, const host::Ref<host::IHostTable>& table,
@@ -19,7 +31,7 @@ bool CheckColumn(host::CVNExpressionEngine& engine, const std::string& name,
     }
     if (engine.IsValidExpression(table, expression)) return true;
     findings.push_back("Column \"" + name + "\": the expression \"" + expression +
-                       "\" is not valid: " + engine.Explain(table, expression).text + ".");
+                       "\" is not valid" + Explanation(engine, table, expression) + ".");
     return false;
 }
 
@@ -31,8 +43,8 @@ bool JudgeColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale
     bool valid = true;
     for (const std::string& name : NamesOf(*columns.names)) {
         const auto column = SetUnder(*columns.columns, name);
-        const std::string expression = ToText(column->Item("Expression"), locale);
-        const bool fromDatabase = ToBoolean(column->Item("FromDatabase"));
+        const std::string expression = ToText(column->Item(keys::kExpression), locale);
+        const bool fromDatabase = ToBoolean(column->Item(keys::kFromDatabase));
         const auto& table = fromDatabase ? tables.database : tables.indexLayer;
         valid = CheckColumn(engine, name, expression, table, findings) && valid;
     }
@@ -42,11 +54,11 @@ bool JudgeColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale
 bool CheckColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale& locale,
                             const host::IHostPropertySet& properties, ExpressionTables tables,
                             Findings& findings) try {
-    if (!ToBoolean(properties.Item("LinkToMapSeries"))) tables.indexLayer = nullptr;
+    if (!ToBoolean(properties.Item(keys::kLinkToMapSeries))) tables.indexLayer = nullptr;
     return JudgeColumnExpressions(
         engine, locale,
-        {SetUnder(properties, "ColumnNames"), SetUnder(properties, "ColumnsProperties")}, tables,
-        findings);
+        {SetUnder(properties, keys::kColumnNames), SetUnder(properties, keys::kColumnsProperties)},
+        tables, findings);
 } catch (...) {
     PassOn("CheckColumnExpressions", kManagerLabel);
 }

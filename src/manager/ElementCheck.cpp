@@ -1,9 +1,12 @@
 #include "manager/ElementCheck.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "listings/IndexTable.h"
 #include "manager/SeriesLink.h"
 #include "model/GeneralFunctions.h"
+#include "model/KeyNames.h"
 #include "model/Paths.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
@@ -34,11 +37,11 @@ void TakeFrame(const SiblingObjects& siblings, const std::string& name, ElementC
 // What an element stores about where its listings come from.
 struct StoredSource {
     StoredSource(const IHostPropertySet& properties, host::IHostLocale& locale)
-        : linked(ToBoolean(properties.Item("LinkToMapSeries"))),
-          section(ToText(properties.Item("MapSeriesSectionKey"), locale)),
-          templateKey(ToText(properties.Item("MapSeriesTemplateKey"), locale)),
-          frameName(ToText(properties.Item("MapSeriesFrameName"), locale)),
-          database(ToText(properties.Item("IndexDatabaseFile"), locale)) {}
+        : linked(ToBoolean(properties.Item(keys::kLinkToMapSeries))),
+          section(ToText(properties.Item(keys::kMapSeriesSectionKey), locale)),
+          templateKey(ToText(properties.Item(keys::kMapSeriesTemplateKey), locale)),
+          frameName(ToText(properties.Item(keys::kMapSeriesFrameName), locale)),
+          database(ToText(properties.Item(keys::kIndexDatabaseFile), locale)) {}
 
     bool linked;
     std::string section;
@@ -84,6 +87,20 @@ void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& che
     }
 }
 
+// Whether the index table takes the columns by their names, and sorts by those that are to be.
+bool CheckColumnNames(const IHostPropertySet& properties, Findings& findings) {
+    const auto order = SetUnder(properties, keys::kColumnSortOrder)->AllItems();
+    const bool sorts = ToBoolean(properties.Item(keys::kSortColumns));
+    bool valid = true;
+    for (std::size_t i = 0; i < order.names.size(); ++i) {
+        auto refusal = IndexTableRefusal(order.names[i], sorts && ToBoolean(order.values[i]));
+        if (refusal.empty()) continue;
+        findings.push_back(std::move(refusal));
+        valid = false;
+    }
+    return valid;
+}
+
 }  // namespace
 
 ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& siblings,
@@ -108,7 +125,9 @@ ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& sib
             *siblings.expressionEngine, locale, *properties,
             {check.databaseTable, check.linkValid ? check.indexLayerTable : nullptr},
             check.findings);
-    check.canDraw = check.databaseTable && columnsValid && (!stored.linked || check.linkValid);
+    const bool namesValid = CheckColumnNames(*properties, check.findings);
+    check.canDraw =
+        check.databaseTable && columnsValid && namesValid && (!stored.linked || check.linkValid);
     return check;
 } catch (...) {
     PassOn("CheckElementProperties", kManagerLabel);

@@ -2,6 +2,7 @@
 #include "listings/Combine.h"
 #include "listings/IndexTable.h"
 #include "manager/CVNGazetteerManager.h"
+#include "model/KeyNames.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
@@ -45,11 +46,11 @@ void CVNGazetteerManager::PopulateIndexTable() try {
 void CVNGazetteerManager::StoreResults() {
     using host::IHostObject;
     using host::Ref;
-    properties_->SetItem("SavedListings", Ref<IHostObject>(working_.listings));
-    properties_->SetItem("PageGroups", Ref<IHostObject>(working_.pageGroups));
-    properties_->SetItem("PageFirstListings", Ref<IHostObject>(working_.firstListings));
-    properties_->SetItem("PageLastListings", Ref<IHostObject>(working_.lastListings));
-    properties_->SetItem("HaveSavedListings", true);
+    properties_->SetItem(keys::kSavedListings, Ref<IHostObject>(working_.listings));
+    properties_->SetItem(keys::kPageGroups, Ref<IHostObject>(working_.pageGroups));
+    properties_->SetItem(keys::kPageFirstListings, Ref<IHostObject>(working_.firstListings));
+    properties_->SetItem(keys::kPageLastListings, Ref<IHostObject>(working_.lastListings));
+    properties_->SetItem(keys::kHaveSavedListings, true);
     CVNGazetteerManager(host_).AddGazetteerProperties(indexElement_, properties_);
 }
 

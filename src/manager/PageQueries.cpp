@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "manager/CVNGazetteerManager.h"
+#include "model/KeyNames.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
@@ -32,7 +33,7 @@ void CVNGazetteerManager::SetDefaultPageNumber(std::int32_t pageNumber) try {
     if (!indexElementSet_) Raise(source, "MapFrame has not been set.");
     if (pageNumber < 0 || pageNumber > working_.pageCount)
         Raise(source, "Page number out of range.");
-    properties_->SetItem("DefaultPage", pageNumber);
+    properties_->SetItem(keys::kDefaultPage, pageNumber);
 } catch (...) {
     ShowAtTop(host_->Dialogs(), "SetDefaultPageNumber", kManagerLabel);
 }

@@ -32,7 +32,7 @@ ColumnProperties ReadColumnProperties(const host::IHostPropertySet& properties,
                                       host::IHostLocale& locale, ColumnKeyScope scope) {
     ColumnProperties column;
     for (const ColumnKey& key : ColumnKeys()) {
-        if (scope == ColumnKeyScope::Run && key.storedOnly) continue;
+        if (key.writer == Writer::Run || (scope == ColumnKeyScope::Run && key.storedOnly)) continue;
         const host::Variant value = properties.Item(key.name);
         try {
             std::visit(
@@ -65,7 +65,6 @@ host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const 
         column = WithOwnSymbols(*current);
         column.showMissingLetters = false;
         column.showTitle = true;
-        column.version = 1;
     } else {
         SetDefaultSymbols(host, column);
     }

@@ -38,13 +38,13 @@ struct ColumnProperties {
     host::Ref<host::IHostTextSymbol> titleFontSymbol;
     host::Ref<host::IHostFillSymbol> titleBackgroundSymbol;
     std::string titleAlignment = "Left";
-    std::int32_t version = 1;
+    std::int32_t version = 1;  ///< Written, never read.
 };
 
 /// Which keys of a column's set are read.
 enum class ColumnKeyScope {
     Run,  ///< What composing and layout need.
-    All,
+    All,  ///< What the property page shows as well.
 };
 
 /// Reads a column's stored set. Symbols are shared with it. A missing key fails.

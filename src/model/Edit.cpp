@@ -1,14 +1,10 @@
 #include "model/Edit.h"
 
 #include "model/ColumnProperties.h"
+#include "model/KeyNames.h"
 #include "support/Conversions.h"
 
 namespace gazetteer {
-
-host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
-                                          const host::Ref<host::IHostPropertySet>& set) {
-    return host::As<host::IHostPropertySet>(host.NewObjectCopy()->Copy(set));
-}
 
 void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
                host::IHostPropertySet& properties) {
@@ -28,7 +24,8 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
 bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) {
     double total = 0;
     for (const std::string& name : NamesOf(*settings.columnNames))
-        total += ToDouble(SetUnder(*settings.columnsProperties, name)->Item("ColumnWidth"), locale);
+        total +=
+            ToDouble(SetUnder(*settings.columnsProperties, name)->Item(keys::kColumnWidth), locale);
     return total <= frameWidth;
 }
 

@@ -16,8 +16,4 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
 /// definition, is at most the frame's width.
 bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth);
 
-/// Deep copy of a property set.
-host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
-                                          const host::Ref<host::IHostPropertySet>& set);
-
 }  // namespace gazetteer

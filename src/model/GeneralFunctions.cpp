@@ -33,12 +33,15 @@ Ref<IHostPropertySet> ProbeSet(const IHostPropertySet& set, const char* key) {
     }
 }
 
+bool Lists(const IHostPropertySet& set, const char* key) {
+    const auto names = set.AllItems().names;
+    return std::ranges::find(names, key) != names.end();
+}
+
 // A probe takes any failing read for an absent key. Before anything is put under the key, this
 // tells the two apart, so that what others keep there is not replaced.
 Ref<IHostPropertySet> ReadListed(const IHostPropertySet& set, const char* key) {
-    const auto names = set.AllItems().names;
-    if (std::ranges::find(names, key) == names.end()) return nullptr;
-    return ToObject<IHostPropertySet>(set.Item(key));
+    return Lists(set, key) ? ToObject<IHostPropertySet>(set.Item(key)) : nullptr;
 }
 
 // "CorvaneProperties" of the element, with as much of the way to it made anew as is missing.
@@ -96,6 +99,7 @@ Ref<IHostPropertySet> GetGazetteerProperties(host::IHost& host,
 
 Ref<IHostPropertySet> NewGazetteerProperties(host::IHost& host) try {
     Settings defaults;
+    defaults.combineFirstAndLast = true;
     FillEmptySets(host, defaults);
     auto properties = host.NewPropertySet();
     WriteSettings(defaults, *properties);
@@ -115,8 +119,9 @@ bool SetGazetteerProperties(host::IHost& host, const Ref<IHostElement>& element,
 }
 
 void DeleteKeyProperties(host::IHost& host, const Ref<IHostElement>& element) try {
-    if (HasCorvaneProperties(element))
-        ToObject<IHostPropertySet>(Container(element)->Item(kMakerKey))->RemoveItem(kGazetteerKey);
+    if (!HasCorvaneProperties(element)) return;
+    const auto maker = ToObject<IHostPropertySet>(Container(element)->Item(kMakerKey));
+    if (Lists(*maker, kGazetteerKey)) maker->RemoveItem(kGazetteerKey);
 } catch (...) {
     ShowAtTop(host.Dialogs(), "DeleteKeyProperties", kGeneralFunctionsLabel);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/KeyNames.h"
 #include "model/Keys.h"
 #include "support/Conversions.h"
 
@@ -10,10 +11,15 @@ namespace {
 
 using SetField = host::Ref<host::IHostPropertySet> Settings::*;
 
-void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties,
-             host::IHostLocale& locale, Settings& settings) {
-    const host::Variant value = properties.Item(key.name);
+// Columns are taken as a copy, so that no stored symbol is ever written to.
+void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties, host::IHost& host,
+             Settings& settings) {
+    host::Variant value = properties.Item(key.name);
+    auto& locale = host.Locale();
     try {
+        if (key.name == std::string_view(keys::kColumnsProperties))
+            value =
+                AsVariant(CopySet(host, ValueAs<host::Ref<host::IHostPropertySet>>(value, locale)));
         std::visit(
             [&](auto field) {
                 settings.*field =
@@ -27,13 +33,13 @@ void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties,
 }
 
 bool IsColumnList(std::string_view name) {
-    return name == "ColumnNames" || name == "ColumnsProperties";
+    return name == keys::kColumnNames || name == keys::kColumnsProperties;
 }
 
 // Keys that every version has but which are read after the rest.
 bool IsReadLast(const PropertyKey& key) {
     const std::string_view name = key.name;
-    return key.sinceVersion > 1 || name == "CanDrawIndex" || name == "Version";
+    return key.sinceVersion > 1 || name == keys::kCanDrawIndex || name == keys::kVersion;
 }
 
 host::Variant ValueOf(const PropertyKey& key, const Settings& settings) {
@@ -43,31 +49,36 @@ host::Variant ValueOf(const PropertyKey& key, const Settings& settings) {
 
 }  // namespace
 
-void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& locale,
-                  Settings& settings, SettingsScope scope) {
+void ReadSettings(host::IHost& host, const host::IHostPropertySet& properties, Settings& settings,
+                  SettingsScope scope) {
     const auto inScope = [&](const PropertyKey& key) {
         return scope == SettingsScope::All || key.writer == Writer::User || IsColumnList(key.name);
     };
     for (const PropertyKey& key : PropertyKeys())
-        if (!IsReadLast(key) && inScope(key)) ReadKey(key, properties, locale, settings);
+        if (!IsReadLast(key) && inScope(key)) ReadKey(key, properties, host, settings);
 
-    ReadKey(*FindPropertyKey("Version"), properties, locale, settings);
+    ReadKey(*FindPropertyKey(keys::kVersion), properties, host, settings);
     const std::int32_t version = settings.version;
     const bool known = version >= 1 && version <= kSchemaVersion;
     for (const PropertyKey& key : PropertyKeys()) {
         if (key.sinceVersion == 1 || !known) continue;
         if (key.sinceVersion <= version)
-            ReadKey(key, properties, locale, settings);
+            ReadKey(key, properties, host, settings);
         else
             settings.*std::get<bool Settings::*>(key.field) = false;
     }
     if (scope == SettingsScope::All)
-        ReadKey(*FindPropertyKey("CanDrawIndex"), properties, locale, settings);
+        ReadKey(*FindPropertyKey(keys::kCanDrawIndex), properties, host, settings);
 }
 
 void WriteSettings(const Settings& settings, host::IHostPropertySet& properties) {
     for (const PropertyKey& key : PropertyKeys())
         properties.SetItem(key.name, ValueOf(key, settings));
+}
+
+host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
+                                          const host::Ref<host::IHostPropertySet>& set) {
+    return host::As<host::IHostPropertySet>(host.NewObjectCopy()->Copy(set));
 }
 
 void FillEmptySets(host::IHostPropertySetFactory& host, Settings& settings) {

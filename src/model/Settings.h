@@ -16,8 +16,9 @@ inline constexpr char kNoSelection[] = "<None>";
 /// The schema version that is written.
 inline constexpr std::int32_t kSchemaVersion = 3;
 
-/// Everything that a gazetteer stores, typed. Fresh settings hold the defaults. Sets are shared
-/// with the property set they were read from, or null in fresh settings. Lengths are inches.
+/// Everything that a gazetteer stores, typed. Fresh settings hold the defaults, but for options
+/// that a stored set may not tell of: those are off until they are read. Sets are shared with the
+/// property set they were read from, or null in fresh settings. Lengths are inches.
 struct Settings {
     /// Listings are linked to a map series frame; the frame is found by section, template and name.
     bool linkToMapSeries = false;
@@ -50,7 +51,7 @@ struct Settings {
     bool combineListings = true;
     bool combineWithNewLine = true;
     std::string combineDelimeter = ", ";
-    bool combineFirstAndLast = true;
+    bool combineFirstAndLast = false;
     /// Drop text from a row where it repeats the row above.
     bool clearRepeatingText = false;
     /// A break before the very first listing when that is not numeric.
@@ -78,16 +79,20 @@ enum class SettingsScope {
 
 /// Reads a stored set into the settings, key by key in the order of the table, then the version and
 /// the keys that depend on it: keys younger than the stored version become false without being
-/// read; with an unknown version they keep what the settings held. A key that cannot be read fails
-/// and leaves those after it as they were.
-void ReadSettings(const host::IHostPropertySet& properties, host::IHostLocale& locale,
-                  Settings& settings, SettingsScope scope = SettingsScope::All);
+/// read; with an unknown version they keep what the settings held. The columns are a deep copy. A
+/// key that cannot be read fails and leaves those after it as they were.
+void ReadSettings(host::IHost& host, const host::IHostPropertySet& properties, Settings& settings,
+                  SettingsScope scope = SettingsScope::All);
 
 /// Writes all keys in the order of the table.
 void WriteSettings(const Settings& settings, host::IHostPropertySet& properties);
 
 /// Gives every set that the settings hold null for a new empty one.
 void FillEmptySets(host::IHostPropertySetFactory& host, Settings& settings);
+
+/// Deep copy of a property set.
+host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
+                                          const host::Ref<host::IHostPropertySet>& set);
 
 /// The set under a name of another set. Fails for an absent name and for another kind of value.
 host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,

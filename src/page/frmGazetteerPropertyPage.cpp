@@ -77,8 +77,7 @@ void Form::Form_Load() try { FitFormToTabs(*this); } catch (...) {
 void Form::Form_Activate() try {
     ReleaseObjects();
     const auto properties = Require<host::IHostPropertySet>(properties_);
-    ReadSettings(*properties, host_->Locale(), fields_, SettingsScope::Edit);
-    fields_.columnsProperties = CopySet(*host_, fields_.columnsProperties);
+    ReadSettings(*host_, *properties, fields_, SettingsScope::Edit);
     PopulateForm();
     events_.SetPopulating(false);
     SetFilled(true);

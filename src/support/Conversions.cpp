@@ -4,20 +4,13 @@
 #include <limits>
 
 #include "host/Failure.h"
+#include "support/Text.h"
 
 namespace gazetteer {
 namespace {
 
 [[noreturn]] void FailNull() {
     throw host::Failure(host::kFailureTypeMismatch, "", "Invalid use of Null");
-}
-
-// Case aside, for the two words of a Boolean only, which are ASCII.
-bool EqualsWord(const std::string& text, const char* word) {
-    std::size_t i = 0;
-    for (; i < text.size() && word[i] != 0; ++i)
-        if ((text[i] | 0x20) != word[i]) return false;
-    return i == text.size() && word[i] == 0;
 }
 
 struct NumberOf {
@@ -56,8 +49,8 @@ struct BooleanOf {
     bool operator()(std::int32_t value) const { return value != 0; }
     bool operator()(double value) const { return value != 0; }
     bool operator()(const std::string& value) const {
-        if (EqualsWord(value, "true")) return true;
-        if (EqualsWord(value, "false")) return false;
+        if (EqualsInAnyCase(value, "true")) return true;
+        if (EqualsInAnyCase(value, "false")) return false;
         FailTypeMismatch();
     }
     bool operator()(const host::Ref<host::IHostObject>&) const { FailTypeMismatch(); }

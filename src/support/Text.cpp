@@ -30,6 +30,10 @@ std::vector<std::string> Split(const std::string& text, char separator) {
     return pieces;
 }
 
+bool EqualsInAnyCase(std::string_view text1, std::string_view text2) {
+    return std::ranges::equal(text1, text2, {}, Lower, Lower);
+}
+
 bool ContainsInAnyCase(std::string_view text, std::string_view piece) {
     return !std::ranges::search(text, piece, {}, Lower, Lower).empty();
 }

@@ -15,6 +15,9 @@ std::vector<std::string> Split(const std::string& text, char separator);
 /// The text without blanks at either end.
 std::string WithoutOuterBlanks(const std::string& text);
 
+/// Whether two texts are equal, ASCII letters in any case.
+bool EqualsInAnyCase(std::string_view text1, std::string_view text2);
+
 /// Whether the text holds the piece, ASCII letters in any case.
 bool ContainsInAnyCase(std::string_view text, std::string_view piece);
 

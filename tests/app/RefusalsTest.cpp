@@ -81,6 +81,8 @@ TEST_F(Refusals, OfWrongUsage) {
         {{"set", "d.json", "ColumnDisplayOrder=Page:off,Listing"}, 2, "\"Page:off\""},
         {{"column", "add", "d.json", "PAGE"}, 2, "Invalid Name: Column name already in use!"},
         {{"column", "add", "d.json", "  "}, 2, "name"},
+        {{"column", "add", "d.json", "OID"}, 2, "cannot be named \"OID\""},
+        {{"column", "add", "d.json", "a,b"}, 2, "commas separate"},
         {{"column", "add", "d.json", "Gr\xF6\xDF e"}, 2, "NAME: \"Gr?? e\" is not UTF-8"},
         {{"column", "add", "d.json", "New", "Foo=1"}, 2, "\"Foo\""},
         {{"set", "d.json", "Page.Title=\xF6"}, 2, "\"Page.Title=?\" is not UTF-8"},

@@ -58,7 +58,10 @@ TEST_F(DbfWorkspaceTest, ListsTablesAndChangesNone) {
 TEST_F(DbfWorkspaceTest, FieldsAreFoundInAnyCase) {
     DbfTable table(folder_.File("roads.dbf"));
     EXPECT_EQ(table.FindField("LISTING"), 1);
-    EXPECT_EQ(table.FindField("page"), 0);
+    for (const auto& [name, index] : {std::pair{"page", 0}, {"Page", 0}, {"PAGE", 2}}) {
+        EXPECT_EQ(table.FindField(name), index);
+        EXPECT_EQ(table.Fields()->FindField(name), index);
+    }
     EXPECT_LT(table.FindField("Row"), 0);
     EXPECT_EQ(table.Fields()->FindField("listing"), 1);
     EXPECT_EQ(table.Fields()->Field(1)->Type(), host::kFieldTypeText);

@@ -87,8 +87,10 @@ TEST_F(ScratchTest, TablesAreListedAndDeleted) {
 
 TEST_F(ScratchTest, RefusesFieldsThatCannotBeTold) {
     const auto twice = TwoFields();
-    twice->Field(1)->SetName("oid");
+    twice->Field(1)->SetName("OID");
     EXPECT_THROW(Create(twice), host::Failure);
+    twice->Field(1)->SetName("oid");
+    EXPECT_EQ(Create(twice)->FindField("oid"), 1);
     const auto missing = TwoFields();
     missing->SetFieldCount(3);
     EXPECT_THROW(Create(missing), host::Failure);

@@ -14,6 +14,7 @@ TAGGED = ["IHostElementName", "IHostCustomProperty"]
 WRAPPED = {
     "IHostPropertySet": ["IHostPropertyNames"],
     "IHostTextSymbol": ["IHostTextSteps"],
+    "CVNExpressionEngine": ["IHostExpressionExplanation"],
     "IHostGroupElement": [*TAGGED, "IHostFrameElement", "IHostDraftOption"],
     "IHostTextElement": TAGGED,
     "IHostFilledElement": TAGGED,
@@ -24,7 +25,7 @@ WRAPPED = {
     IHostWorkspaceFactory IHostWorkspace IHostTable IHostRow IHostCursor IHostFields IHostField
     IHostQueryFilter IHostIdentifier IHostDatasetEnum IHostDataset IHostTableSort IHostCommandBars
     IHostCommandItem CVNLayoutContext CVNMapBook MapSeriesManager IHostIndexLayer
-    IHostElementContainer CVNExpressionEngine""".split(), [])
+    IHostElementContainer""".split(), [])
 
 # Had from the host alone.
 SERVICES = {"IHostLocale": [], "IHost": []}

@@ -23,8 +23,9 @@ struct Loops {
     const host::Ref<host::IHostTextSymbol>& symbol;
 
     double Measure(const std::string& text) const {
-        display->BeginDrawing(display->Device(), -1);
-        const auto size = symbol->MeasureText(display->Device(), display->Transformation(), text);
+        display->BeginDrawing(display->DeviceContext(), -1);
+        const auto size =
+            symbol->MeasureText(display->DeviceContext(), display->Transformation(), text);
         display->EndDrawing();
         return size.xSize / 72;
     }

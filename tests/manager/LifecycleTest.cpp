@@ -2,6 +2,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+#include "model/ColumnList.h"
+#include "model/Edit.h"
 #include "model/GeneralFunctions.h"
 #include "support/Assignments.h"
 #include "support/TestDesk.h"
@@ -166,19 +168,49 @@ TEST_F(Lifecycle, DefaultPageIsReadAtTheBinding) {
     EXPECT_EQ(desk.Dialogs().LastCause(), "Overflow");
 }
 
-TEST_F(Lifecycle, OlderVersionsLackKeys) {
-    for (const std::int16_t version : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
+// Of versions that are not known nothing is read that some version lacks.
+TEST_F(Lifecycle, VersionsTellWhichKeysAreRead) {
+    for (std::int16_t version = 0; version < 5; ++version) {
         element = Gazetteer();
+        const bool readsSample = version == 2 || version == 3;
         Store(desk, element, {{"Version", version}, {"SamplePage", true}});
         std::vector<std::string> lacking;
-        if (version < 3)
+        if (version != 3)
             lacking = {"CombineFirstAndLast", "ClearRepeatingText", "AddStartingBreak"};
-        if (version < 2) lacking.emplace_back("SamplePage");
+        if (!readsSample) lacking.emplace_back("SamplePage");
         for (const auto& key : lacking) desk.Properties(element)->RemoveItem(key);
-        manager.SetIndexElement(element);
+        CVNGazetteerManager fresh(desk.HostRef());
+        fresh.SetIndexElement(element);
         EXPECT_EQ(desk.Dialogs().LastCause(), "") << version;
-        EXPECT_EQ(manager.BoundSettings().samplePage, version > 1) << version;
-        EXPECT_EQ(manager.BoundSettings().combineFirstAndLast, version > 2) << version;
+        EXPECT_EQ(fresh.BoundSettings().samplePage, readsSample) << version;
+        EXPECT_EQ(fresh.BoundSettings().combineFirstAndLast, version == 3) << version;
+    }
+}
+
+TEST_F(Lifecycle, NamesThatTheIndexTableCannotTakeAreFound) {
+    const std::tuple<std::vector<std::string>, bool, const char*> cases[] = {
+        {{"OID"}, false, "cannot be named \"OID\""},
+        {{"oid"}, false, "cannot be named \"oid\""},
+        {{"a,b"}, true, "column named \"a,b\""},
+        {{"a,b"}, false, ""},
+        {{"LINE", "line"}, true, ""},
+    };
+    for (const auto& [names, sorts, finding] : cases) {
+        element = Gazetteer();
+        const auto properties = desk.Properties(element);
+        Settings settings;
+        ReadSettings(desk.Host(), *properties, settings);
+        settings.sortColumns = sorts;
+        for (const auto& name : names) AddColumn(desk.Host(), settings, name, nullptr);
+        StoreEdit(desk.Host(), settings, true, *properties);
+        for (const auto& name : names) Store(desk, element, {{name + ".Expression", name}});
+        manager.SetIndexElement(element);
+        EXPECT_EQ(desk.Dialogs().LastCause(), "") << names[0];
+        ASSERT_EQ(manager.CanDraw(), *finding == 0) << names[0];
+        if (manager.CanDraw())
+            EXPECT_TRUE(desk.ListingTexts(manager)[0].ends_with('|' + names.back())) << names[0];
+        else
+            EXPECT_NE(manager.LastFindings().at(0).find(finding), std::string::npos);
     }
 }
 
@@ -213,18 +245,40 @@ TEST_F(Lifecycle, StoredValuesOfTheWrongKindAreFailures) {
     EXPECT_EQ(desk.Dialogs().LastCause(), "Error attempting to set gazetteer properties.");
 }
 
-// The element's own symbols are never written to, also after a binding that failed half-way.
-TEST_F(Lifecycle, FailedBindingLeavesStoredSymbolsAlone) {
+// A binding that failed half-way keeps what it read, as its own, and shows no page of another
+// element.
+TEST_F(Lifecycle, FailedReadingKeepsWhatWasRead) {
     const auto bad = Gazetteer();
     Store(desk, bad, {{"Listing.Alignment", "Right"}});
     desk.Properties(bad)->RemoveItem("Version");
     manager.SetIndexElement(element);
     manager.SetIndexElement(bad);
     manager.SetIndexToPageNumber(1);
-    const auto symbol = std::get<host::Ref<host::IHostObject>>(
-        desk.Column(bad, "Listing")->Item("ColumnFontSymbol"));
-    EXPECT_EQ(host::As<host::IHostTextSymbol>(symbol)->HorizontalPlacement(), 0);
+    EXPECT_TRUE(TestDesk::Members(*bad, "ROWGROUP").empty());
+    const auto symbolOf = [](const host::IHostPropertySet& column) {
+        return std::get<host::Ref<host::IHostObject>>(column.Item("ColumnFontSymbol"));
+    };
+    const auto stored = symbolOf(*desk.Column(bad, "Listing"));
+    EXPECT_EQ(host::As<host::IHostTextSymbol>(stored)->HorizontalPlacement(), 0);
+    const auto read = TestDesk::SetIn(*manager.BoundSettings().columnsProperties, "Listing");
+    EXPECT_EQ(read->Item("Alignment"), host::Variant("Right"));
+    EXPECT_NE(symbolOf(*read), stored);
 }
+
+// As a host may have it, names that are not there are failures.
+struct StrictSet : host::IHostPropertySet {
+    std::int32_t Count() const override { return 0; }
+    host::Variant Item(const std::string& name) const override { Fail(name); }
+    host::PropertyItems AllItems() const override { return {}; }
+    void SetItem(const std::string& name, host::Variant /*value*/) override { Fail(name); }
+    void RemoveItem(const std::string& name) override { Fail(name); }
+    host::Ref<host::IHostObject> Copy() const override { return nullptr; }
+
+private:
+    [[noreturn]] static void Fail(const std::string& name) {
+        throw host::Failure(host::kFailureNotFound, "", name);
+    }
+};
 
 TEST_F(Lifecycle, PropertiesHangBesideThoseOfOthers) {
     element = desk.Host().NewGroupElement();
@@ -238,6 +292,9 @@ TEST_F(Lifecycle, PropertiesHangBesideThoseOfOthers) {
     DeleteKeyProperties(desk.Host(), element);
     EXPECT_FALSE(HasGazetteerProperties(desk.Host(), element));
     EXPECT_TRUE(HasCorvaneProperties(element));
+    container->SetItem("CorvaneProperties", TestDesk::Object(std::make_shared<StrictSet>()));
+    DeleteKeyProperties(desk.Host(), element);
+    EXPECT_EQ(desk.Dialogs().LastCause(), "");
     GetGazetteerProperties(desk.Host(), element);
     EXPECT_EQ(desk.Dialogs().LastCause(), "Group Element has no gazetteer properties.");
 }

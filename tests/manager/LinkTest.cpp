@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "model/Paths.h"
 #include "support/Assignments.h"
 #include "support/TestDesk.h"
 #include "support/Text.h"
@@ -101,6 +102,13 @@ TEST_F(Link, BrokenLinksAreNamed) {
     }
 }
 
+TEST_F(Link, PagesBeyondALongAreFailures) {
+    UseBook(ReplaceAll(kBook, R"("startPage": 5, "pages": ["cover$1", "sheet$1")",
+                       R"("startPage": 2147483647, "pages": ["cover$1", "sheet$0")"));
+    EXPECT_TRUE(RunLinked("$$PAGE_NUMBER").empty());
+    EXPECT_EQ(desk.Dialogs().LastFact("page"), "2147483649");
+}
+
 // The book is asked about a section before anybody knows that it is there.
 TEST_F(Link, StaleSectionEndsTheCheck) {
     Store({{"MapSeriesSectionKey", "gone"}});
@@ -132,6 +140,45 @@ TEST_F(Link, ColumnsAreCheckedAgainstTheirTables) {
     Store({{"LinkToMapSeries", false}});
     EXPECT_TRUE(RunLinked("[Listing]").empty());
     EXPECT_NE(findings.at(0).find("not linked"), std::string::npos);
+}
+
+// An engine as other hosts may have it.
+struct OtherEngine : host::CVNExpressionEngine {
+    bool IsValidExpression(const host::Ref<host::IHostTable>& /*table*/,
+                           const std::string& /*expression*/) override {
+        return false;
+    }
+    std::string Evaluate(const host::Ref<host::IHostTable>& /*table*/,
+                         const host::Ref<host::IHostRow>& /*row*/,
+                         const std::string& /*expression*/,
+                         const host::TokenValues& /*tokens*/) override {
+        return {};
+    }
+    std::string EditExpression(const host::Ref<host::IHostTable>& /*table*/,
+                               const std::string& /*expression*/,
+                               const std::vector<host::TokenDescription>& /*tokens*/) override {
+        return {};
+    }
+};
+struct FailingExplanation : OtherEngine, host::IHostExpressionExplanation {
+    host::ExpressionFinding Explain(const host::Ref<host::IHostTable>& /*table*/,
+                                    const std::string& /*expression*/) override {
+        throw host::Failure(host::kFailureUnspecified, "", "No words.");
+    }
+};
+
+TEST_F(Link, VerdictsNeedNoExplanation) {
+    OtherEngine plain;
+    FailingExplanation failing;
+    const auto properties = desk.Properties(element);
+    const auto table =
+        OpenTableFile(desk.Host(), std::get<std::string>(properties->Item("IndexDatabaseFile")));
+    for (host::CVNExpressionEngine* engine : {&plain, static_cast<OtherEngine*>(&failing)}) {
+        findings.clear();
+        EXPECT_FALSE(CheckColumnExpressions(*engine, desk.Host().Locale(), *properties,
+                                            {table, nullptr}, findings));
+        EXPECT_EQ(findings.at(0), "Column \"Listing\": the expression \"[Listing]\" is not valid.");
+    }
 }
 
 }  // namespace

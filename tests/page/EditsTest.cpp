@@ -153,6 +153,7 @@ TEST_F(Edits, ASetOfAnyVersionOpens) {
         {"ClearRepeatingText", &Settings::clearRepeatingText},
         {"AddStartingBreak", &Settings::addStartingBreak},
         {"CombineFirstAndLast", &Settings::combineFirstAndLast}};
+    desk_.Column(element_, "Listing")->RemoveItem("Version");
     for (const auto& [key, option] : newer) Stored()->RemoveItem(key);
     for (const auto version : {std::int16_t{1}, std::int16_t{9}}) {
         Stored()->SetItem("Version", version);

@@ -73,7 +73,7 @@ TestDesk::Group TestDesk::NewGazetteer(const std::string& table, double width, d
     gazetteer::SetGazetteerProperties(*desk_, element, properties);
 
     gazetteer::Settings settings;
-    gazetteer::ReadSettings(*properties, desk_->Locale(), settings);
+    gazetteer::ReadSettings(*desk_, *properties, settings);
     settings.indexDatabaseFile = table;
     const auto source = desk_->NewWorkspaceFactory()->OpenFromFile("", 0)->OpenTable(table);
     gazetteer::DefineColumns(*desk_, *source->Fields(), settings);

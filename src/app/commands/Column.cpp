@@ -7,6 +7,7 @@
 #include "app/commands/JsonAnswer.h"
 #include "app/work/SettingsEdit.h"
 #include "app/commands/Commands.h"
+#include "listings/IndexTable.h"
 #include "model/ColumnList.h"
 
 namespace app {
@@ -48,6 +49,8 @@ int ColumnAdd(const CommonOptions& common, const ColumnOptions& options) {
     SettingsEdit edit(document);
     const std::string name = gazetteer::CleanColumnName(host.Locale(), options.name);
     if (name.empty()) throw UsageError("A column's name must have a character that is no blank.");
+    const std::string refusal = gazetteer::IndexTableRefusal(name, true);
+    if (!refusal.empty()) throw UsageError(refusal);
     if (!gazetteer::FindColumn(host.Locale(), edit.Settings(), name).empty()) {
         host.Dialogs().MessageBox(gazetteer::NameInUseMessage());
         return kWrongUsage;

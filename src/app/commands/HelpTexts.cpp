@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "model/KeyNames.h"
 #include "model/Keys.h"
 
 namespace app {
@@ -46,7 +47,8 @@ const char* FormOf(ValueKind kind) {
 
 // What the page offers for a text; null where any text will do.
 const char* ChoicesOf(std::string_view key) {
-    const bool alignment = key == "Alignment" || key == "TitleAlignment";
+    const bool alignment =
+        key == gazetteer::keys::kAlignment || key == gazetteer::keys::kTitleAlignment;
     return alignment ? "Left, Center, Right, Justify" : nullptr;
 }
 

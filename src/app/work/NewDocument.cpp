@@ -12,6 +12,7 @@
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/GeneralFunctions.h"
+#include "model/KeyNames.h"
 #include "model/Paths.h"
 #include "support/Text.h"
 
@@ -170,7 +171,8 @@ void DressForPrint(OpenDocument& open) {
     edit.Set("Page.ColumnWidth=" + NumberText(reference));
     // A reference is not torn apart: its page and its square are joined by a no-break space.
     const auto columns = edit.Settings().columnsProperties;
-    if (ValueText(gazetteer::SetUnder(*columns, "Page")->Item("Expression")) == kGridReference)
+    if (ValueText(gazetteer::SetUnder(*columns, "Page")->Item(gazetteer::keys::kExpression)) ==
+        kGridReference)
         edit.Set(std::string("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN"));
     if (hasListing) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");

@@ -13,7 +13,6 @@ constexpr char kHeadTag[] = "RUNNINGHEAD";
 constexpr char kNumberTag[] = "SHEETNUMBER";
 constexpr char kDash[] = " \u2013 ";
 constexpr char kEllipsis[] = "\u2026";
-constexpr double kPointsPerInch = 72;
 
 constexpr double kHeadAbove = 0.13;    // Inches from the frame to the middle of the head.
 constexpr double kNumberBelow = 0.17;  // And to the middle of the number.
@@ -36,8 +35,8 @@ host::Ref<host::IHostTextElement> MakeLabel(host::IHost& host, const char* tag, 
 
 double WidthOf(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& text) {
     const auto display = host.NewApplication()->Document()->ActiveView()->Display();
-    return symbol.MeasureText(display->Device(), display->Transformation(), text).xSize /
-           kPointsPerInch;
+    return symbol.MeasureText(display->DeviceContext(), display->Transformation(), text).xSize /
+           host::kPointsPerInch;
 }
 
 // A beginning of the text that is certainly too wide, or the whole text: so that of a very long

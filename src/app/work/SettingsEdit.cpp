@@ -7,6 +7,7 @@
 #include "app/work/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
+#include "model/KeyNames.h"
 #include "model/Keys.h"
 #include "support/Text.h"
 
@@ -20,7 +21,7 @@ constexpr char kMarkOff[] = ":off";
 SettingsEdit::SettingsEdit(OpenDocument& open) : open_(open) {
     auto& host = open.Host();
     const auto copy = gazetteer::CopySet(host, open.Properties());
-    gazetteer::ReadSettings(*copy, host.Locale(), settings_);
+    gazetteer::ReadSettings(host, *copy, settings_);
 }
 
 void SettingsEdit::Set(const std::string& text) {
@@ -48,12 +49,14 @@ void SettingsEdit::SetProperty(const std::string& key, const std::string& value)
     }
     if (entry->writer == gazetteer::Writer::Run)
         throw UsageError("The property \"" + key + "\" is kept by the gazetteer itself.");
-    if (key == "ColumnDisplayOrder")
+    if (key == gazetteer::keys::kColumnDisplayOrder)
         return SetOrder(key, value, &Settings::columnDisplayOrder, false);
-    if (key == "ColumnSortOrder") return SetOrder(key, value, &Settings::columnSortOrder, true);
+    if (key == gazetteer::keys::kColumnSortOrder)
+        return SetOrder(key, value, &Settings::columnSortOrder, true);
 
-    const auto variant = ParseValue(open_.Host(), key, entry->kind,
-                                    key == "IndexDatabaseFile" ? FullPath(value) : value);
+    const auto variant =
+        ParseValue(open_.Host(), key, entry->kind,
+                   key == gazetteer::keys::kIndexDatabaseFile ? FullPath(value) : value);
     std::visit(
         [&](auto field) {
             using Value = std::remove_reference_t<decltype(settings_.*field)>;
@@ -132,7 +135,7 @@ void SettingsEdit::StoreForNow() {
     gazetteer::StoreEdit(host, settings_, false, *properties);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
     gazetteer::Findings reasons;
-    properties->SetItem("CanDrawIndex", open_.CanDraw(reasons) && FitsFrame());
+    properties->SetItem(gazetteer::keys::kCanDrawIndex, open_.CanDraw(reasons) && FitsFrame());
 }
 
 bool SettingsEdit::FitsFrame() const {

@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "model/KeyNames.h"
 #include "model/Keys.h"
 
 namespace app {
@@ -34,7 +35,7 @@ std::vector<std::string> ValueCautions(const gazetteer::Settings& settings) {
                 cautions.push_back(column + '.' + key.name +
                                    " is negative, so that texts may overlap or leave the frame.");
         }
-        for (const char* key : {"Alignment", "TitleAlignment"})
+        for (const char* key : {gazetteer::keys::kAlignment, gazetteer::keys::kTitleAlignment})
             if (!IsAlignment(properties->Item(key)))
                 cautions.push_back(column + '.' + key +
                                    " is none of Left, Center, Right and Justify, so that texts "

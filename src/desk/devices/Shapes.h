@@ -2,10 +2,12 @@
 
 #include <cstdint>
 
+#include "host/Geometry.h"
+
 /// What is painted beside texts. Lengths are points, Y downward; colours are 0xBBGGRR.
 namespace desk {
 
-inline constexpr double kPointsPerInch = 72;
+using host::kPointsPerInch;
 
 /// An upright rectangle.
 struct PaintBox {

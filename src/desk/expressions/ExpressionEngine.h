@@ -15,7 +15,7 @@ namespace desk {
 /// Column text expressions: literal text with [Field], in any case, and the tokens $$PAGE_NUMBER,
 /// $$ROW and $$COLUMN, in this case only. Everything else, other $$ words included, passes through
 /// as it stands, and what was put in is not looked at again. Null and blank give empty text.
-class ExpressionEngine : public host::CVNExpressionEngine {
+class ExpressionEngine : public host::CVNExpressionEngine, public host::IHostExpressionExplanation {
 public:
     /// The editor of a host that has one; the new expression, or empty for no change.
     using Editor = std::function<std::string(const host::Ref<host::IHostTable>& table,

@@ -8,7 +8,7 @@ namespace desk {
 
 namespace {
 
-constexpr double kPointsPerInch = 72;
+using host::kPointsPerInch;
 
 /// Part of the width that lies left of the point.
 double LeftShare(int horizontal) {

@@ -105,7 +105,7 @@ host::TextExtent TextElement::Extent(const host::Ref<host::IHostDisplay>& displa
     if (!symbol_) SetSymbol(std::make_shared<TextSymbol>(engine_));
     const ResolvedFont* const font = ownSymbol_ ? &ownSymbol_->Resolved() : nullptr;
     if (font && font == measuredFont_) return extent_;
-    const auto device = display ? display->Device() : 0;
+    const auto device = display ? display->DeviceContext() : 0;
     const auto transformation =
         display ? display->Transformation() : host::Ref<host::IHostDisplayTransformation>();
     extent_ = symbol_->MeasureText(device, transformation, text_);

@@ -89,7 +89,7 @@ private:
 
 Display::Display() : transformation_(std::make_shared<DisplayTransformation>()) {}
 
-host::DeviceContext Display::Device() const {
+host::DeviceContext Display::DeviceContext() const {
     return kTheDevice;
 }
 

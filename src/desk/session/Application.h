@@ -25,7 +25,7 @@ class Display final : public host::IHostDisplay {
 public:
     Display();
 
-    host::DeviceContext Device() const override;
+    host::DeviceContext DeviceContext() const override;
     host::Ref<host::IHostDisplayTransformation> Transformation() const override {
         return transformation_;
     }

@@ -82,7 +82,8 @@ void JudgeFields(DbfSchema& schema) {
     note(DbfKind::Memo, "memo texts and pictures");
     note(DbfKind::Unknown, "fields of unknown type");
     for (const std::string& name : schema.names.Repeated())
-        schema.Note("more than one field is named " + name + "; the first one counts.");
+        schema.Note("more than one field is named " + name +
+                    "; the one so written counts, else the first.");
 }
 
 }  // namespace

@@ -6,10 +6,10 @@
 
 namespace desk {
 
-FieldNames::FieldNames(const std::vector<std::string>& names) {
+FieldNames::FieldNames(const std::vector<std::string>& names) : names_(names) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto [place, isNew] =
-            indexes_.emplace(FoldCase(names[i]), static_cast<std::int32_t>(i));
+            folded_.emplace(FoldCase(names[i]), static_cast<std::int32_t>(i));
         if (isNew) continue;
         const std::string& first = names[static_cast<std::size_t>(place->second)];
         if (std::find(repeated_.begin(), repeated_.end(), first) == repeated_.end())
@@ -18,8 +18,10 @@ FieldNames::FieldNames(const std::vector<std::string>& names) {
 }
 
 std::int32_t FieldNames::Find(const std::string& name) const {
-    const auto place = indexes_.find(FoldCase(name));
-    return place == indexes_.end() ? -1 : place->second;
+    const auto exact = std::find(names_.begin(), names_.end(), name);
+    if (exact != names_.end()) return static_cast<std::int32_t>(exact - names_.begin());
+    const auto place = folded_.find(FoldCase(name));
+    return place == folded_.end() ? -1 : place->second;
 }
 
 }  // namespace desk

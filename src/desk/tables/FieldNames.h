@@ -7,19 +7,20 @@
 
 namespace desk {
 
-/// Finds fields by name without regard to case.
+/// Finds fields by name: the one that bears exactly that name, else one that does in another case.
 class FieldNames {
 public:
     FieldNames() = default;
     explicit FieldNames(const std::vector<std::string>& names);
 
-    /// Index of the first field of that name, or -1.
+    /// Index of the first such field, or -1.
     std::int32_t Find(const std::string& name) const;
-    /// Names that more than one field bears, each once.
+    /// Names that more than one field bears, in whatever case, each once.
     const std::vector<std::string>& Repeated() const { return repeated_; }
 
 private:
-    std::unordered_map<std::string, std::int32_t> indexes_;
+    std::vector<std::string> names_;
+    std::unordered_map<std::string, std::int32_t> folded_;
     std::vector<std::string> repeated_;
 };
 

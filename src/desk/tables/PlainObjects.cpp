@@ -22,11 +22,10 @@ void Fields::SetField(std::int32_t index, const host::Ref<host::IHostField>& fie
 }
 
 std::int32_t Fields::FindField(const std::string& name) const {
-    const std::string wanted = FoldCase(name);
-    for (std::size_t i = 0; i < fields_.size(); ++i)
-        if (fields_[i] && FoldCase(fields_[i]->Name()) == wanted)
-            return static_cast<std::int32_t>(i);
-    return -1;
+    std::vector<std::string> names;
+    names.reserve(fields_.size());
+    for (const auto& field : fields_) names.push_back(field ? field->Name() : std::string());
+    return FieldNames(names).Find(name);
 }
 
 std::size_t Fields::Position(std::int32_t index) const {

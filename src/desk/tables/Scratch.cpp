@@ -80,10 +80,11 @@ ScratchTable::ScratchTable(std::string name, const host::Ref<host::IHostFields>&
         slots_.push_back(field->Type() == host::kFieldTypeObjectId ? kObjectId : slotCount_++);
     }
     names_ = FieldNames(names);
-    if (!names_.Repeated().empty())
-        Fail(host::kFailureUnspecified, "The table " + name_ +
-                                            " cannot be made: it would have two fields named " +
-                                            names_.Repeated().front() + ".");
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (names_.Find(names[i]) != static_cast<std::int32_t>(i))
+            Fail(host::kFailureUnspecified, "The table " + name_ +
+                                                " cannot be made: it would have two fields named " +
+                                                names[i] + ".");
     fields_ = copy;
 }
 

@@ -37,7 +37,7 @@ private:
     host::Ref<host::IHostTable> table_;
     host::Ref<host::IHostQueryFilter> filter_;
     std::string fields_;
-    std::map<std::string, bool> ascending_;  ///< By folded name.
+    std::map<std::string, bool> ascending_;  ///< By field name.
     host::Ref<host::ITableSortCallBack> callback_;
     std::unique_ptr<SortRows> rows_;
     std::vector<std::uint32_t> order_;

@@ -8,12 +8,10 @@
 
 #include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
+#include "host/Geometry.h"
 
 namespace desk {
 namespace {
-
-/// At 72 dots per inch a dot is a point.
-constexpr double kPointsPerInch = 72;
 
 /// Points; the hundredth to which files tell sizes.
 constexpr double kSmallestType = 0.01;
@@ -21,7 +19,8 @@ constexpr double kSmallestType = 0.01;
 GObjectHandle<PangoFontMap> NewFontMap() {
     GObjectHandle<PangoFontMap> map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
     if (!map) throw host::Failure(host::kFailureUnspecified, "FontCache", "No fonts can be used.");
-    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map.get()), kPointsPerInch);
+    // A dot is a point.
+    pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map.get()), host::kPointsPerInch);
     return map;
 }
 

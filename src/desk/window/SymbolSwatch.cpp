@@ -13,7 +13,6 @@ namespace desk {
 namespace {
 
 constexpr std::uint32_t kPaper = 0xFFFFFF;
-constexpr double kPointsPerInch = 72;
 
 /// Free border around a picture, in inches.
 constexpr double kBorder = 0.1;
@@ -105,7 +104,7 @@ void SymbolSwatch::DrawText(const host::IHostTextSymbol& symbol, const QSize& pi
     sample->SetText(SampleText(symbol));
     const auto extent = sample->MeasureText(surface_->Device(), Transformation(pixels, dotsPerInch),
                                             sample->Text());
-    const double perPoint = dotsPerInch / kPointsPerInch;
+    const double perPoint = dotsPerInch / host::kPointsPerInch;
     const double border = kBorder * dotsPerInch;
     const double width = std::max(1.0, extent.xSize * perPoint);
     const double height = std::max(1.0, extent.ySize * perPoint);

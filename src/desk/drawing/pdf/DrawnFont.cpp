@@ -80,7 +80,7 @@ private:
 };
 
 std::string NameOf(const CodeTable::Entry& entry) {
-    return "g" + std::to_string(entry.code.Number());
+    return std::string("g").append(std::to_string(entry.code.Number()));
 }
 
 }  // namespace
