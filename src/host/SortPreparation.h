@@ -1,6 +1,10 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "host/Variant.h"
 
@@ -18,8 +22,40 @@ struct SortValues {
     virtual const Variant& Value(std::uint32_t position, Variant& storage) const = 0;
 };
 
+/// The beginning of a value in digits that a sort can carry with its rows, so that most pairs are
+/// told apart without a look at the values. The upper two bits of a digit are its kind.
+struct SortLead {
+    static constexpr std::size_t kDigits = 4;
+    static constexpr int kKindShift = 30;
+    /// Digits of kinds 0 and 1 order among their kind. Those of this kind tell only whether two
+    /// beginnings are equal.
+    static constexpr std::uint32_t kOpenKind = 2;
+    /// Stands behind the last digit of a value that ends, to the last place of the lead.
+    static constexpr std::uint32_t kEnd = std::uint32_t{3} << kKindShift;
+
+    /// What the first digits that differ tell, -1 or 1, or 0 for values that end without a
+    /// difference. A value that goes on stands before one that ends. Nothing where digits do not
+    /// suffice and Compare must be asked.
+    std::optional<std::int32_t> Decide(const SortLead& other) const {
+        for (std::size_t i = 0; i < kDigits; ++i) {
+            const std::uint32_t mine = digits[i];
+            const std::uint32_t others = other.digits[i];
+            if (mine == others) continue;
+            const std::uint32_t kind = mine >> kKindShift;
+            const bool comparable = kind == others >> kKindShift && kind < kOpenKind;
+            if (!comparable && std::max(mine, others) != kEnd) return std::nullopt;
+            return mine < others ? -1 : 1;
+        }
+        if (digits.back() == kEnd) return 0;
+        return std::nullopt;
+    }
+
+    std::array<std::uint32_t, kDigits> digits{};
+};
+
 /// The values of a field made ready for many comparisons, known by their positions.
 struct IPreparedValues : virtual IHostObject {
+    virtual SortLead Lead(std::uint32_t position) const = 0;
     /// What the callback's Compare answers for the two values.
     virtual std::int32_t Compare(std::uint32_t position1, std::uint32_t position2) const = 0;
 };

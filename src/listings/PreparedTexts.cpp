@@ -12,6 +12,15 @@
 namespace gazetteer {
 namespace {
 
+using host::SortLead;
+
+// Kinds of digits. Numbers and letters compare by different ranks, mixed tokens by their pieces.
+constexpr std::uint32_t kLetters = 0U << SortLead::kKindShift;
+constexpr std::uint32_t kNumber = 1U << SortLead::kKindShift;
+constexpr std::uint32_t kMixed = SortLead::kOpenKind << SortLead::kKindShift;
+constexpr std::uint32_t kKindMask = 3U << SortLead::kKindShift;
+constexpr std::uint32_t kMaxTokens = 1U << SortLead::kKindShift;
+
 // The first bytes of a key as a number that orders as they do; most keys differ there.
 std::uint64_t Prefix(const std::string& key) {
     std::uint64_t prefix = 0;
@@ -59,7 +68,7 @@ void RankValues(const NumberTokenizer& tokenizer, std::vector<RankedToken>& rank
     for (const NumberToken& token : tokenizer.All())
         if (token.numeric) values.push_back({token.value, token.number});
     Rank(values, [&](const RankedValue& value, std::uint32_t rank) {
-        ranked[value.token].valueRank = rank;
+        ranked[value.token].digit = kNumber | rank;
     });
 }
 
@@ -79,6 +88,7 @@ host::Ref<PreparedTexts> PreparedTexts::Make(const host::SortValues& values,
         if (texts->words_.size() > std::numeric_limits<std::uint32_t>::max()) return nullptr;
         texts->starts_.push_back(static_cast<std::uint32_t>(texts->words_.size()));
     }
+    if (tokenizer.All().size() > kMaxTokens) return nullptr;
     texts->TakeTokens(tokenizer);
     return texts;
 }
@@ -91,8 +101,22 @@ void PreparedTexts::TakeTokens(const NumberTokenizer& tokenizer) {
         ranked.firstPiece = static_cast<std::uint32_t>(pieces_.size());
         ranked.pieceCount = static_cast<std::uint32_t>(token.separated.size());
         for (const NumberToken* piece : token.separated) pieces_.push_back(piece->number);
+        ranked.digit = token.separated.empty() ? kLetters | ranked.keyRank : kMixed | token.number;
     }
     RankValues(tokenizer, tokens_);
+}
+
+bool PreparedTexts::IsNumber(std::uint32_t token) const {
+    return (tokens_[token].digit & kKindMask) == kNumber;
+}
+
+host::SortLead PreparedTexts::Lead(std::uint32_t position) const {
+    const Run text = Text(position);
+    SortLead lead;
+    lead.digits.fill(SortLead::kEnd);
+    for (std::size_t i = 0; i < std::min(text.size(), SortLead::kDigits); ++i)
+        lead.digits[i] = tokens_[text[i]].digit;
+    return lead;
 }
 
 std::int32_t PreparedTexts::Compare(std::uint32_t position1, std::uint32_t position2) const {

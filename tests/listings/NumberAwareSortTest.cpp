@@ -86,12 +86,17 @@ TEST_F(NumberAwareSort, PreparedTextsCompareAsTheTextsDo) {
     for (int i = 0; i < 700; ++i) texts.push_back(RandomText(random));
     const auto prepared = callback_.Prepare(Texts(texts), 0, 0);
     ASSERT_NE(prepared, nullptr);
+    std::size_t decided = 0;
     for (std::uint32_t i = 0; i < texts.size(); ++i) {
         for (std::uint32_t j = 0; j < texts.size(); ++j) {
             const std::int32_t order = Compare(texts[i], texts[j]);
+            const auto lead = prepared->Lead(i).Decide(prepared->Lead(j));
             ASSERT_EQ(prepared->Compare(i, j), order) << texts[i] << " / " << texts[j];
+            ASSERT_EQ(lead.value_or(order), order) << texts[i] << " / " << texts[j];
+            decided += lead ? 1 : 0;
         }
     }
+    EXPECT_GT(decided, texts.size() * texts.size() / 4);  // Else leads would be of no use.
 }
 
 // A callback as other hosts see it.

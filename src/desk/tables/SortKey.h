@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "desk/tables/SortRows.h"
 #include "host/SortPreparation.h"
@@ -26,6 +27,15 @@ public:
     /// Below 0 if the first row goes before the second, above 0 if after, 0 for a tie.
     std::int32_t Compare(std::uint32_t row1, std::uint32_t row2) {
         return Directed(Prepared() ? prepared_->Compare(row1, row2) : Ask(row1, row2));
+    }
+    /// The same where two rows' leads tell it.
+    std::optional<std::int32_t> Decide(const host::SortLead& lead1,
+                                       const host::SortLead& lead2) const {
+        const auto answer = lead1.Decide(lead2);
+        return answer ? std::optional(Directed(*answer)) : std::nullopt;
+    }
+    host::SortLead Lead(std::uint32_t row) {
+        return Prepared() ? prepared_->Lead(row) : host::SortLead();
     }
 
 private:

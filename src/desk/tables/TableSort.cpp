@@ -1,7 +1,6 @@
 #include "desk/tables/TableSort.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 #include "desk/tables/MergeSort.h"
@@ -16,15 +15,28 @@ namespace {
     throw host::Failure(host::kFailureUnspecified, "TableSort", text);
 }
 
+/// A row on its way to its place. The lead travels with it, so that a merge goes through memory in
+/// order: asking for every pair of values instead takes half as long again for a million rows.
+struct SortItem {
+    host::SortLead lead;
+    std::uint32_t row = 0;
+};
+
 std::vector<std::uint32_t> OrderOf(const SortRows& rows, std::vector<SortKey>& keys) {
-    std::vector<std::uint32_t> order(rows.Count());
-    std::iota(order.begin(), order.end(), 0U);
-    const auto goesAfter = [&](std::uint32_t row1, std::uint32_t row2) {
-        for (SortKey& key : keys)
-            if (const std::int32_t answer = key.Compare(row1, row2)) return answer > 0;
-        return false;
+    std::vector<SortItem> items(rows.Count());
+    for (std::uint32_t row = 0; row < rows.Count(); ++row)
+        items[row] = {keys.empty() ? host::SortLead() : keys.front().Lead(row), row};
+    const auto goesAfter = [&](const SortItem& item1, const SortItem& item2) {
+        const auto decided = keys.front().Decide(item1.lead, item2.lead);
+        std::int32_t answer = decided ? *decided : keys.front().Compare(item1.row, item2.row);
+        for (std::size_t i = 1; answer == 0 && i < keys.size(); ++i)
+            answer = keys[i].Compare(item1.row, item2.row);
+        return answer > 0;
     };
-    if (!keys.empty()) MergeSort(order, goesAfter);
+    if (!keys.empty()) MergeSort(items, goesAfter);
+    std::vector<std::uint32_t> order;
+    order.reserve(items.size());
+    for (const SortItem& item : items) order.push_back(item.row);
     return order;
 }
 
