@@ -41,7 +41,7 @@ TEST(Desk, RefusesBracketsThatDoNotCloseAndToWorkWithoutDialogs) {
     desk::Desk desk(Options());
     const auto display = desk.NewApplication()->Document()->ActiveView()->Display();
     EXPECT_THROW(display->BeginDrawing(0, -1), host::Failure);
-    display->BeginDrawing(display->Device(), -1);
+    display->BeginDrawing(display->DeviceContext(), -1);
     display->EndDrawing();
     EXPECT_THROW(display->EndDrawing(), host::Failure);
     auto options = Options();

@@ -1,6 +1,6 @@
 #include "desk/tables/PlainObjects.h"
 
-#include "desk/unicode/FoldCase.h"
+#include "desk/tables/FieldNames.h"
 #include "host/Failure.h"
 
 namespace desk {
