@@ -8,12 +8,10 @@
 
 namespace bench {
 
-/// A text symbol that passes everything on to another and counts what it is asked for sizes. The
-/// steps of a line are one question, however many they are, also where they are not told.
-class CountingSymbol final : public support::PassingSymbol, public host::IHostTextSteps {
+/// A text symbol that passes everything on to another and counts what it is asked for sizes.
+class CountingSymbol final : public support::PassingSymbol {
 public:
-    explicit CountingSymbol(host::Ref<host::IHostTextSymbol> symbol)
-        : PassingSymbol(std::move(symbol)), steps_(host::As<host::IHostTextSteps>(real_)) {}
+    using PassingSymbol::PassingSymbol;
 
     /// Since the last call.
     std::size_t TakeQuestions() { return std::exchange(questions_, 0); }
@@ -24,15 +22,8 @@ public:
         ++questions_;
         return PassingSymbol::MeasureText(device, transformation, text);
     }
-    bool MeasureSteps(host::DeviceContext device,
-                      const host::Ref<host::IHostDisplayTransformation>& transformation,
-                      const std::string& line, host::TextSteps& steps) override {
-        ++questions_;
-        return steps_ && steps_->MeasureSteps(device, transformation, line, steps);
-    }
 
 private:
-    host::Ref<host::IHostTextSteps> steps_;
     std::size_t questions_ = 0;
 };
 

@@ -14,7 +14,6 @@
 #include "ReferenceSplitText.h"
 #include "UnicodeText.h"
 #include "desk/text/PlacedGlyphs.h"
-#include "desk/text/PlainText.h"
 #include "desk/text/TextEngine.h"
 #include "model/DefaultSymbols.h"
 
@@ -73,23 +72,6 @@ desk::TextBox BoxOf(desk::TextEngine& engine, const Input& input) {
     return engine.Set(placed, into);
 }
 
-/// The steps of the text's first line.
-void CheckSteps(desk::TextEngine& quick, desk::TextEngine& plain, const Input& input) {
-    const std::string line = input.text.substr(0, input.text.find('\n'));
-    host::TextSteps told;
-    if (!quick.MeasureSteps(quick.Find(input.font), line, told)) return;
-    double width = 0;
-    std::size_t place = 0;
-    for (const host::TextStep& step : told.steps) {
-        Require(place < line.size(), "a line has more steps than characters");
-        desk::NextCharacter(line, place);
-        width += step.width;
-        Require(width == plain.Measure(input.font, line.substr(0, place)).xSize,
-                "a beginning of a line is not as wide as a layout tells");
-    }
-    Require(place == line.size(), "a line has fewer steps than characters");
-}
-
 /// Told twice, so that a find shows what came of chance.
 std::string Difference(desk::TextEngine& quick, desk::TextEngine& plain, const Input& input) {
     std::string widths;
@@ -106,7 +88,6 @@ void CheckMeasuring(const Input& input) {
     const auto laidOut = plain.Measure(input.font, input.text);
     if (told.xSize != laidOut.xSize) fuzz::Find(Difference(quick, plain, input));
     Require(told.ySize == laidOut.ySize, "a text is not as high as a layout tells");
-    CheckSteps(quick, plain, input);
     RequireSameBox(BoxOf(quick, input), BoxOf(plain, input));
 }
 

@@ -6,7 +6,7 @@ from bars import Bar, Row, compared, missing
 from bench import SMALL, tell
 from process import output_of
 
-BAR = Bar(20, 100, "times fewer", more=True)
+BAR = Bar(4, 10, "times fewer", more=True)
 
 
 def rows(bench):

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "host/Object.h"
 
@@ -86,31 +85,6 @@ struct IHostTextSymbol : virtual IHostSymbol {
     virtual TextExtent MeasureText(DeviceContext device,
                                    const Ref<IHostDisplayTransformation>& transformation,
                                    const std::string& text) = 0;
-};
-
-/// What a character of one code point adds to the width of the line before it.
-struct TextStep {
-    double width = 0;  ///< Points.
-    /// It adds the same wherever it follows the same character, or begins a line as it does here,
-    /// in lines of Latin letters and characters common to all scripts that have general steps only.
-    /// That from one full stop to the next holds at the end of any such line whose steps are told.
-    bool general = false;
-};
-
-struct TextSteps {
-    std::vector<TextStep> steps;  ///< One for each code point.
-    double height = 0;            ///< Of this line and of any other, in points.
-};
-
-/// What a text symbol may offer beside MeasureText: many measurements at once, and widths to add
-/// up. A host need not have it.
-struct IHostTextSteps : virtual IHostObject {
-    /// How the width of a line comes about: its first steps add up, in whatever order they are
-    /// added, to exactly what MeasureText tells of that beginning. False, and nothing told, where
-    /// that takes as long as asking for each beginning.
-    virtual bool MeasureSteps(DeviceContext device,
-                              const Ref<IHostDisplayTransformation>& transformation,
-                              const std::string& line, TextSteps& steps) = 0;
 };
 
 /// What a text is made of once markup is told from characters.

@@ -96,18 +96,15 @@ bool LineBreaker::Fits(std::size_t index) {
     if (earlierTooWide_) return false;
     if (index < knownToFit_) return true;
     if (index == knownTooLong_) return false;
-    if (hasMarkup_ || !OnlyWidens(characters_[index])) return LineFits(index, index + 1);
-    if (!FindLineEndAtOnce(index)) {
-        if (!LineOnlyGrows()) return LineFits(index, index + 1);
-        FindLineEnd(index);
-    }
+    const std::size_t runEnd = WideningRunEnd(index);
+    if (runEnd <= index + 1) return LineFits(index);
+    FindLineEnd(index, runEnd);
     return index < knownToFit_;
 }
 
-// Finds by interpolation how many of the coming characters the present line takes, and notes it.
+// Finds by interpolation how many characters of a coming run the present line takes, and notes it.
 // About four measurements a line, where asking for each character takes as many as it has.
-void LineBreaker::FindLineEnd(std::size_t index) {
-    const std::size_t runEnd = PlainRunEnd(index);
+void LineBreaker::FindLineEnd(std::size_t index, std::size_t runEnd) {
     const std::string line = Line();
     std::size_t fits = index;          // The line takes the characters before this one,
     std::size_t tooLong = runEnd + 1;  // and not those before this one.
@@ -132,40 +129,15 @@ void LineBreaker::FindLineEnd(std::size_t index) {
     knownTooLong_ = fits < runEnd ? fits : std::string::npos;
 }
 
-// Finds it in one question, if the host tells the widths of a line's beginnings at once. A line may
-// turn out to take all the characters asked for; the next one is then asked for anew.
-bool LineBreaker::FindLineEndAtOnce(std::size_t index) {
-    constexpr double kMargin = 1.5;  // Characters narrower than the average.
-    constexpr double kAtLeast = 16;
-    const auto taken = static_cast<double>(result_.size() - lineStart_);
-    const double room = std::max(kAtLeast, kMargin * width_ / averageWidth_ - taken);
-    std::string line = Line();
-    std::vector<std::size_t> ends;
-    ends.reserve(characters_.size() - index);
-    for (std::size_t i = index; i < characters_.size() && OnlyWidens(characters_[i]); ++i) {
-        if (static_cast<double>(ends.size()) >= room) break;
-        line += characters_[i];
-        ends.push_back(line.size());
-    }
-    const auto* const widths = measure_.PrefixWidths(line, ends);
-    if (!widths) return false;
-    const auto tooLong = std::ranges::find_if(*widths, [&](double each) { return each > width_; });
-    knownToFit_ = index + static_cast<std::size_t>(tooLong - widths->begin());
-    knownTooLong_ = tooLong == widths->end() ? std::string::npos : knownToFit_;
-    return true;
-}
-
 // Whether no beginning of the present line, from its first letter on, is wider than a longer one.
 bool LineBreaker::LineOnlyGrows() const {
     const auto line = std::span(result_).subspan(lineStart_);
     return std::ranges::all_of(line, OnlyWidens) && std::ranges::any_of(line, IsLetterOfOneScript);
 }
 
-// Whether the present line takes the characters from begin to end.
-bool LineBreaker::LineFits(std::size_t begin, std::size_t end) {
-    std::string line = Line();
-    for (std::size_t i = begin; i < end; ++i) line += characters_[i];
-    return measure_.Width(line) <= width_;
+// Whether the present line takes the character.
+bool LineBreaker::LineFits(std::size_t index) {
+    return measure_.Width(Line().append(characters_[index])) <= width_;
 }
 
 void LineBreaker::Append(std::string_view character) {
@@ -200,10 +172,15 @@ std::string LineBreaker::Line() const {
     return line;
 }
 
-// Where the run of characters that only widen the line ends.
-std::size_t LineBreaker::PlainRunEnd(std::size_t index) const {
-    while (index < characters_.size() && OnlyWidens(characters_[index])) ++index;
-    return index;
+// Where the run of characters ends of which each only widens the present line.
+std::size_t LineBreaker::WideningRunEnd(std::size_t index) const {
+    if (hasMarkup_) return index;
+    const auto rest = std::span(characters_).subspan(index);
+    const auto line = std::span(result_).subspan(lineStart_);
+    const auto only = LineOnlyGrows() ? OnlyWidens : IsPlainSign;
+    if (only == IsPlainSign && !std::ranges::all_of(line, only)) return index;
+    const auto end = std::ranges::find_if_not(rest, only);
+    return index + static_cast<std::size_t>(end - rest.begin());
 }
 
 }  // namespace gazetteer

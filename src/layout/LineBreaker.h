@@ -30,10 +30,9 @@ private:
     void Take(std::size_t index);
     void Overflow(std::string_view character);
     bool Fits(std::size_t index);
-    void FindLineEnd(std::size_t index);
-    bool FindLineEndAtOnce(std::size_t index);
+    void FindLineEnd(std::size_t index, std::size_t runEnd);
     bool LineOnlyGrows() const;
-    bool LineFits(std::size_t begin, std::size_t end);
+    bool LineFits(std::size_t index);
 
     std::vector<std::string_view> TakeNextLine();
     void Append(std::string_view character);
@@ -41,7 +40,7 @@ private:
     void FinishLine();
     void StartLine();
     std::string Line() const;
-    std::size_t PlainRunEnd(std::size_t index) const;
+    std::size_t WideningRunEnd(std::size_t index) const;
 
     host::IHostLocale& locale_;
     TextMeasure& measure_;

@@ -13,6 +13,7 @@ namespace {
 struct Leaders {
     bool any = false;
     bool atEnd = false;    // Nothing but tokens follows the first one.
+    bool isOne = false;    // There is one, at the end.
     std::string withDots;  // The text as it stood, if there is any.
 };
 
@@ -24,22 +25,28 @@ Leaders TakeLeaders(std::string& text) {
     leaders.withDots = text;
     text = ReplaceAll(std::move(text), kDotsToken, "");
     leaders.atEnd = first == text.size();
+    leaders.isOne = leaders.atEnd && leaders.withDots.size() - first == std::size(kDotsToken) - 1;
     return leaders;
-}
-
-bool IsOne(const Leaders& leaders, const std::string& text) {
-    return leaders.atEnd && leaders.withDots.size() - text.size() == std::size(kDotsToken) - 1;
 }
 
 // Without a width of its own no number of dots would ever fill a column; nor do hosts tell widths
 // of millions of dots.
-std::string WithDots(const std::optional<std::string>& filled, TextMeasure& measure) {
-    if (filled) return *filled;
+[[noreturn]] void RaiseUnfilled(TextMeasure& measure) {
     const bool hasWidth = measure.Width(".") > 0;
     Raise("CVNGazetteerManager.SplitText",
           hasWidth ? "The column is too wide to be filled with dots."
                    : "The dot has no width in the font \"" + measure.Symbol().Font()->Name() +
                          "\", so that dots cannot fill the column.");
+}
+
+// The text that takes dots, with the most of them with which it is no wider than the column.
+template <class Build>
+std::string Filled(TextMeasure& measure, double width, const Build& with) {
+    const auto dots =
+        DotsThatFit([&](std::size_t count) { return measure.Width(with(std::string(count, '.'))); },
+                    measure.DotWidth(), width);
+    if (!dots) RaiseUnfilled(measure);
+    return with(std::string(*dots, '.'));
 }
 
 }  // namespace
@@ -65,19 +72,21 @@ std::string TextFit::SplitText(std::string& text, double width,
     TextMeasure& measure = MeasureOf(symbol);
     const std::string plain = Plain(text);
     const bool hasMarkup = plain != text;
-    if (!hasMarkup && IsOne(leaders, text))
-        if (auto filled = LineWithLeader(measure, text, width)) return *std::move(filled);
-
     const double textWidth = measure.Width(plain);
-    std::string result;
+
+    std::string result = text;
     if (textWidth > width) {
         result = LineBreaker(host_.Locale(), measure, width, hasMarkup).Wrap(text, textWidth);
-        if (leaders.atEnd)
-            result += WithDots(LeaderAfter(measure, result, width, hasMarkup), measure);
+        if (leaders.atEnd && measure.Width(result) <= width) {
+            const auto lineStart = hasMarkup ? 0 : result.rfind('\n') + 1;  // 0 without any.
+            const std::string line = result.substr(lineStart);
+            result.resize(lineStart);
+            result += Filled(measure, width, [&](const auto& dots) { return line + dots; });
+        }
     } else if (leaders.any && textWidth < width) {
-        result = WithDots(FillLeaders(measure, leaders.withDots, textWidth, width), measure);
-    } else {
-        result = text;
+        result = Filled(measure, width, [&](const auto& dots) {
+            return leaders.isOne ? text + dots : ReplaceAll(leaders.withDots, kDotsToken, dots);
+        });
     }
     return WithoutLastLineEnd(std::move(result));
 } catch (...) {

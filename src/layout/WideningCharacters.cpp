@@ -55,6 +55,11 @@ bool OnlyWidens(std::string_view character) {
     return IsIn(kOnlyWiden, character);
 }
 
+bool IsPlainSign(std::string_view character) {
+    return OnlyWidens(character) && FirstCodePoint(character).value < 0x7F &&
+           !IsLetterOfOneScript(character);
+}
+
 bool IsLetterOfOneScript(std::string_view character) {
     return IsIn(kLetters, character);
 }

@@ -13,13 +13,12 @@ TAGGED = ["IHostElementName", "IHostCustomProperty"]
 # The interfaces whose objects are wrapped wherever one is answered, and what more those can do.
 WRAPPED = {
     "IHostPropertySet": ["IHostPropertyNames"],
-    "IHostTextSymbol": ["IHostTextSteps"],
     "CVNExpressionEngine": ["IHostExpressionExplanation"],
     "IHostGroupElement": [*TAGGED, "IHostFrameElement", "IHostDraftOption"],
     "IHostTextElement": TAGGED,
     "IHostFilledElement": TAGGED,
 } | dict.fromkeys(
-    """IHostObjectCopy IHostPoint IHostEnvelope IHostLine IHostFont IHostColor IHostFillSymbol
+    """IHostObjectCopy IHostPoint IHostEnvelope IHostLine IHostTextSymbol IHostFont IHostColor IHostFillSymbol
     IHostLineSymbol IHostApplication IHostDocument IHostActiveView IHostDisplay IHostStatusBar
     IHostProgressAnimation IHostDisplayTransformation IHostScratchWorkspaceFactory
     IHostWorkspaceFactory IHostWorkspace IHostTable IHostRow IHostCursor IHostFields IHostField

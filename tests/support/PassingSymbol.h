@@ -7,8 +7,7 @@
 
 namespace support {
 
-/// A text symbol that passes everything on to another but what a derived one does itself. It tells
-/// no steps.
+/// A text symbol that passes everything on to another but what a derived one does itself.
 class PassingSymbol : public host::IHostTextSymbol {
 public:
     explicit PassingSymbol(host::Ref<host::IHostTextSymbol> real) : real_(std::move(real)) {}

@@ -114,12 +114,6 @@ host::TextExtent TextSymbol::MeasureText(
     return engine_->Measure(Resolved(), text);
 }
 
-bool TextSymbol::MeasureSteps(host::DeviceContext /*device*/,
-                              const host::Ref<host::IHostDisplayTransformation>& /*transformation*/,
-                              const std::string& line, host::TextSteps& steps) {
-    return engine_->MeasureSteps(Resolved(), line, steps);
-}
-
 host::Ref<host::IHostObject> TextSymbol::Copy() const {
     auto copy = std::make_shared<TextSymbol>(engine_);
     copy->SetFont(CopyOf(font_));

@@ -98,9 +98,7 @@ private:
 };
 
 /// Knows no markup: every character of a text stands for itself.
-class TextSymbol final : public host::IHostTextSymbol,
-                         public host::IHostTextSteps,
-                         public host::IHostTextParser {
+class TextSymbol final : public host::IHostTextSymbol, public host::IHostTextParser {
 public:
     explicit TextSymbol(std::shared_ptr<TextEngine> engine);
 
@@ -127,9 +125,6 @@ public:
     host::TextExtent MeasureText(host::DeviceContext device,
                                  const host::Ref<host::IHostDisplayTransformation>& transformation,
                                  const std::string& text) override;
-    bool MeasureSteps(host::DeviceContext device,
-                      const host::Ref<host::IHostDisplayTransformation>& transformation,
-                      const std::string& line, host::TextSteps& steps) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
     void PrepareDevice(host::DeviceContext device,

@@ -31,6 +31,8 @@ public:
     /// Name of the text encoding, and in words where it was found.
     const std::string& Encoding() const;
     const std::string& EncodingFrom() const { return schema_->encodingFrom; }
+    /// Records in the file, deleted ones included.
+    std::int64_t RecordCount() const { return schema_->header.recordCount; }
     /// Live records that can be read. Reads the whole file at the first call.
     std::int64_t LiveRecords() const;
     /// What is odd about the file, one sentence each. Faults of single values join once the value

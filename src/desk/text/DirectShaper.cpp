@@ -2,172 +2,151 @@
 
 #include <algorithm>
 
+#include "desk/text/BlankRules.h"
+
 namespace desk {
 namespace {
 
-static_assert(kGlyphUnitsPerPoint == PANGO_SCALE);
+/// A leader that a font leaves one dot behind the other.
+constexpr std::string_view kLeader = "................";
 
-constexpr std::size_t kLatin1Limit = 0x100;
-constexpr std::int32_t kUnknownStep = INT32_MIN;
-constexpr std::int32_t kNoStep = INT32_MIN + 1;
+/// All but the first three, with which the last run ends.
+std::size_t CountDotsBehindRuns(std::string_view line) {
+    constexpr std::size_t kInRun = 3;
+    const std::size_t dots = line.size() - (line.find_last_not_of('.') + 1);
+    return dots > kInRun ? dots - kInRun : 0;
+}
 
-/// The language that a layout gives to a run of the script, so that both choose the same forms.
-hb_language_t SampleLanguage(PangoScript script) {
-    PangoLanguage* const language = pango_script_get_sample_language(script);
-    return hb_language_from_string((pango_language_to_string)(language), -1);
+constexpr std::size_t kLongestBlank = kNoBreakSpace.size();
+
+/// Bytes of the blank at a place, also of one that keeps a line together; 0 where there is none.
+std::size_t BlankAt(std::string_view line, std::size_t place) {
+    if (place >= line.size()) return 0;
+    if (line[place] == ' ') return 1;
+    return line[place] == kNoBreakSpace[0] && line.substr(place).starts_with(kNoBreakSpace) ? 2 : 0;
+}
+
+/// Where the word ends that begins behind the blanks at the start.
+std::size_t EndOfWord(std::string_view line, std::size_t start) {
+    std::size_t end = start;
+    while (const std::size_t blank = BlankAt(line, end)) end += blank;
+    while (end < line.size() && BlankAt(line, end) == 0) ++end;
+    return end;
+}
+
+/// Adds the glyphs of a run, the third and further ones of equal characters as repetitions.
+void AddGlyphs(std::span<const RunGlyph> run, GlyphUnits start, GlyphStore& glyphs) {
+    for (std::size_t i = 0; i < run.size(); ++i) {
+        const RunGlyph& glyph = run[i];
+        const auto isLike = [&](const RunGlyph& other) {
+            return other.id == glyph.id && other.bytes == 1 && glyph.bytes == 1;
+        };
+        const bool repeats = i >= 2 && isLike(run[i - 1]) && isLike(run[i - 2]) &&
+                             run[i - 1].x - run[i - 2].x == glyph.x - run[i - 1].x;
+        if (repeats)
+            glyphs.Repeat(1, glyph.x - run[i - 1].x);
+        else
+            glyphs.Add(glyph.id, start + glyph.x, 0, glyph.bytes);
+    }
 }
 
 }  // namespace
 
-DirectShaper::DirectShaper()
-    : common_(hb_language_from_string(kTextLanguage, -1)),
-      greek_(SampleLanguage(PANGO_SCRIPT_GREEK)),
-      cyrillic_(SampleLanguage(PANGO_SCRIPT_CYRILLIC)),
-      buffer_(hb_buffer_create()) {}
-
-Writing DirectShaper::WritingOf(hb_script_t script) const {
-    switch (script) {
-        case HB_SCRIPT_GREEK:
-            return {script, greek_};
-        case HB_SCRIPT_CYRILLIC:
-            return {script, cyrillic_};
-        default:
-            return {script, common_};
-    }
-}
-
-DirectShaper::FontTables& DirectShaper::TablesOf(const ResolvedFont& font) {
-    if (tables_.size() <= font.number) tables_.resize(font.number + 1);
-    return tables_[font.number];
-}
-
-PairTable& DirectShaper::TableOf(const ResolvedFont& font, hb_script_t script) {
-    FontTables& all = TablesOf(font);
-    auto& table = script == HB_SCRIPT_LATIN      ? all.latin
-                  : script == HB_SCRIPT_GREEK    ? all.greek
-                  : script == HB_SCRIPT_CYRILLIC ? all.cyrillic
-                                                 : all.common;
-    if (!table) table = std::make_unique<PairTable>(font, WritingOf(script));
-    return *table;
-}
-
-/// The table, which is then the one that lines are tried with first.
-PairTable& DirectShaper::Remembered(const ResolvedFont& font, hb_script_t script) {
-    PairTable& table = TableOf(font, script);
-    if (script != HB_SCRIPT_COMMON) {
-        last_ = &table;
-        lastFont_ = font.number;
-    }
-    return table;
-}
-
-std::optional<GlyphUnits> DirectShaper::SumWidth(const ResolvedFont& font, hb_script_t script,
-                                                 std::string_view line) {
-    return Remembered(font, script).Width(line);
-}
-
-std::optional<GlyphUnits> DirectShaper::SumWidthAsBefore(const ResolvedFont& font,
-                                                         std::string_view line) {
-    if (!last_ || lastFont_ != font.number) return std::nullopt;
-    return last_->WidthInScript(line);
-}
-
-bool DirectShaper::SumPrefixWidths(const ResolvedFont& font, std::string_view line,
-                                   std::span<const std::size_t> ends,
-                                   std::vector<GlyphUnits>& widths) {
-    // A beginning without a letter is a line without script.
-    const std::size_t letter = FirstLetter(line, font.plain);
-    const bool lettersInAll = !ends.empty() && letter < ends.front();
-    if (lettersInAll && last_ && lastFont_ == font.number &&
-        last_->AddPrefixWidths(line, ends, widths))
-        return true;
-    widths.clear();
-    const auto script = PlainScript(line, font.plain);
-    if (!script) return false;
-    const auto common =
-        static_cast<std::size_t>(std::ranges::upper_bound(ends, letter) - ends.begin());
-    return TableOf(font, HB_SCRIPT_COMMON)
-               .AddPrefixWidths(line.substr(0, letter), ends.first(common), widths) &&
-           TableOf(font, *script).AddPrefixWidths(line, ends.subspan(common), widths);
-}
-
-bool DirectShaper::SumSteps(const ResolvedFont& font, std::string_view line,
-                            std::vector<host::TextStep>& steps) {
-    ends_.clear();
-    for (std::size_t place = 0; place < line.size(); ends_.push_back(place))
-        NextCharacter(line, place);
-    sums_.clear();
-    if (!SumPrefixWidths(font, line, ends_, sums_)) return false;
-    steps.clear();
-    Letter before;
-    GlyphUnits widthBefore = 0;
-    std::size_t place = 0;
-    for (const GlyphUnits width : sums_) {
-        const std::size_t start = place;
-        const char32_t code = NextCharacter(line, place);
-        const Letter letter{code, line.substr(start, place - start)};
-        const GlyphUnits step = width - widthBefore;
-        steps.push_back({Points(step), GeneralStep(font, before, letter) == step});
-        before = letter;
-        widthBefore = width;
-    }
-    return true;
-}
-
-/// What a character adds after another in any line of Latin script, and in one without letters if
-/// it can stand there; kNoStep where that hangs on more.
-std::int32_t DirectShaper::GeneralStep(const ResolvedFont& font, const Letter& first,
-                                       const Letter& second) {
-    if (first.code >= kLatin1Limit || second.code >= kLatin1Limit)
-        return FindGeneralStep(font, first, second);
-    auto& steps = TablesOf(font).generalSteps;
-    if (steps.empty()) steps.assign(kLatin1Limit * kLatin1Limit, kUnknownStep);
-    const std::size_t place = first.code * kLatin1Limit + second.code;
-    if (steps[place] != kUnknownStep) return steps[place];
-    const std::int32_t step = FindGeneralStep(font, first, second);
-    return TablesOf(font).generalSteps[place] = step;
-}
-
-std::int32_t DirectShaper::FindGeneralStep(const ResolvedFont& font, const Letter& first,
-                                           const Letter& second) {
-    const auto step = TableOf(font, HB_SCRIPT_LATIN).Step(first.bytes, second.bytes);
-    const bool letters = FirstLetter(first.bytes, font.plain) < first.bytes.size() ||
-                         FirstLetter(second.bytes, font.plain) < second.bytes.size();
-    if (letters) return step.value_or(kNoStep);
-    const auto without = TableOf(font, HB_SCRIPT_COMMON).Step(first.bytes, second.bytes);
-    return step == without ? step.value_or(kNoStep) : kNoStep;
-}
-
-GlyphUnits DirectShaper::ShapedWidth(const ResolvedFont& font, hb_script_t script,
-                                     std::string_view line) {
-    return ShapeLine(buffer_.get(), font.shaping, WritingOf(script), line);
+std::optional<GlyphUnits> DirectShaper::Width(const ResolvedFont& font, std::string_view line) {
+    return Walk(font, line, &last_, [](const ShapedRun&, GlyphUnits, std::size_t) {});
 }
 
 std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::string_view line,
                                               GlyphStore& glyphs) {
-    if (last_ && lastFont_ == font.number)
-        if (const auto width = last_->PlaceInScript(line, glyphs)) return width;
-    const auto script = PlainScript(line, font.plain);
-    if (!script) return std::nullopt;
-    if (const auto width = Remembered(font, *script).Place(line, glyphs)) return width;
-    const GlyphUnits width = ShapedWidth(font, *script, line);
-    AddShaped(line, glyphs);
+    const auto start = glyphs.End();
+    const auto add = [&](const ShapedRun& run, GlyphUnits x, std::size_t dots) {
+        AddGlyphs(run.glyphs, x, glyphs);
+        glyphs.Repeat(dots, run.dotStep);
+    };
+    const auto width = Walk(font, line, nullptr, add);
+    if (width)
+        glyphs.AddText(line);
+    else
+        glyphs.CutBack(start);
     return width;
 }
 
-void DirectShaper::AddShaped(std::string_view line, GlyphStore& glyphs) {
-    const auto infos = Glyphs(buffer_.get());
-    const auto positions = Positions(buffer_.get());
-    GlyphUnits pen = 0;
-    for (std::size_t i = 0, first = 0; i < infos.size(); ++i) {
-        glyphs.Add(infos[i].codepoint, pen + positions[i].x_offset, -positions[i].y_offset, 0);
-        pen += positions[i].x_advance;
-        const std::size_t end = i + 1 < infos.size() ? infos[i + 1].cluster : line.size();
-        if (end == infos[first].cluster) continue;
-        glyphs.Join(i + 1 - first, end - infos[first].cluster);
-        first = i + 1;
+/// Visits the runs of a line with their places and the numbers of dots that follow them. Returns
+/// the width.
+template <class Visitor>
+std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::string_view line,
+                                             LastLine* last, const Visitor& visit) {
+    std::size_t dots = CountDotsBehindRuns(line);
+    std::string_view cut = line.substr(0, line.size() - dots);
+    const PlainClass script = PlainScript(cut, font.plain);
+    if (script == PlainClass::None) return std::nullopt;
+    const Hand& hand = HandOf(font, script);
+    const auto find = [&](std::size_t start, std::size_t end) {
+        const auto withBlank = cut.substr(start, end + BlankAt(cut, end) - start);
+        return &memory_.Find({font.number, script, withBlank}, [&] {
+            return shaper_.Shape(font.shaping, hand.writing, withBlank, end - start);
+        });
+    };
+    auto [start, pen] = last ? last->Skip(font.number, script, cut) : LastLine::Place{};
+    for (std::size_t end = start; start < cut.size(); start = end) {
+        if (last && start > 0) last->Add({start, pen});
+        end = hand.cutsAtBlanks ? EndOfWord(cut, start) : cut.size();
+        const ShapedRun* run = find(start, end);
+        if (dots > 0 && end == cut.size() && (run->dotStep == 0 || !hand.cutsLeaders)) {
+            cut = line;
+            end = cut.size();
+            dots = 0;
+            run = find(start, end);
+        }
+        if (!run->hasGlyphs) return std::nullopt;
+        const std::size_t further = end == cut.size() ? dots : 0;
+        visit(*run, pen, further);
+        pen += run->width + static_cast<GlyphUnits>(further) * run->dotStep;
     }
-    glyphs.AddText(line);
+    return pen;
+}
+
+DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, PlainClass script,
+                                                           std::string_view line) {
+    if (font != font_ || script != script_) text_.clear();
+    font_ = font;
+    script_ = script;
+    const auto differ = std::ranges::mismatch(text_, line).in2 - line.begin();
+    // A word is set with regard to the blank behind it.
+    while (!words_.empty() &&
+           words_.back().start + kLongestBlank > static_cast<std::size_t>(differ))
+        words_.pop_back();
+    text_ = line;
+    if (words_.empty()) return {};
+    const Place place = words_.back();
+    words_.pop_back();
+    return place;
+}
+
+const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script) {
+    const std::size_t place = font.number * kPlainClassCount + static_cast<std::size_t>(script);
+    if (hands_.size() <= place) hands_.resize(place + 1);
+    Hand& hand = hands_[place];
+    if (!hand.isKnown) Learn(font, script, hand);
+    return hand;
+}
+
+/// Tries both cuts.
+void DirectShaper::Learn(const ResolvedFont& font, PlainClass script, Hand& hand) {
+    const auto shape = [&](std::string_view text) {
+        return shaper_.Shape(font.shaping, hand.writing, text, text.size());
+    };
+    hand = {true, false, false, WritingOf(script)};
+    GlyphStore leader;
+    AddGlyphs(shape(kLeader).glyphs, 0, leader);
+    hand.cutsLeaders = leader.End().glyphs == 2;
+    if (BlankMayJoin(font.shaping, hand.writing)) return;
+    const std::string line = BlankTrial(font.plain, script);
+    hand.cutsAtBlanks = true;
+    hand.cutsAtBlanks = Width(font, line) == shape(line).width;
+    if (hand.cutsAtBlanks) return;
+    memory_.Clear();  // Of words with the blanks behind them.
+    last_ = {};
 }
 
 }  // namespace desk

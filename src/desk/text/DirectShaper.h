@@ -1,82 +1,68 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
+#include <deque>
 #include <optional>
-#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "desk/text/FontCache.h"
-#include "desk/text/GlyphLine.h"
-#include "desk/text/PairTable.h"
-#include "host/Symbols.h"
+#include "desk/text/RunMemory.h"
+#include "desk/text/RunShaper.h"
 
 namespace desk {
 
-/// Sets lines of plain text with their font alone. Gives what LayoutShaper gives, many times as
-/// fast. Widths are in 1024ths of a point.
+/// Sets lines of plain text with their font alone, as LayoutShaper does. A line is cut into words,
+/// each of which is shaped once, and a leader that repeats the dots of the last one. A font with
+/// rules that reach over a blank, or along a leader, has those left whole.
 class DirectShaper {
 public:
-    DirectShaper();
+    explicit DirectShaper(RunMemory& memory) : memory_(memory) {}
 
-    /// Width of a line, where it can be told without shaping.
-    std::optional<GlyphUnits> SumWidth(const ResolvedFont& font, hb_script_t script,
-                                       std::string_view line);
+    /// Width of a line in 1024ths of a point. Nothing for a line that is not plain.
+    std::optional<GlyphUnits> Width(const ResolvedFont& font, std::string_view line);
 
-    /// Width of a line in the script of the last one that had letters, where it can be told without
-    /// shaping and without looking for the line's script first.
-    std::optional<GlyphUnits> SumWidthAsBefore(const ResolvedFont& font, std::string_view line);
-
-    /// Widths of the beginnings of a line that end before the given bytes, where all can be told
-    /// without shaping. As PairTable::AddPrefixWidths.
-    bool SumPrefixWidths(const ResolvedFont& font, std::string_view line,
-                         std::span<const std::size_t> ends, std::vector<GlyphUnits>& widths);
-
-    /// The steps of a line, by the promises of host::IHostTextSteps, where they can be told without
-    /// shaping.
-    bool SumSteps(const ResolvedFont& font, std::string_view line,
-                  std::vector<host::TextStep>& steps);
-
-    /// Width of a line that is shaped.
-    GlyphUnits ShapedWidth(const ResolvedFont& font, hb_script_t script, std::string_view line);
-
-    /// Adds the glyphs of a line, and returns its width. Nothing for a line that is not plain.
+    /// Adds the glyphs of a line as well.
     std::optional<GlyphUnits> Place(const ResolvedFont& font, std::string_view line,
                                     GlyphStore& glyphs);
 
 private:
-    /// A character of a line, and 0 as the one before the first.
-    struct Letter {
-        char32_t code = 0;
-        std::string_view bytes;
+    /// A font in one class of writing, and where its lines can be cut.
+    struct Hand {
+        bool isKnown = false;
+        bool cutsAtBlanks = false;
+        bool cutsLeaders = false;
+        Writing writing;
     };
-    std::int32_t GeneralStep(const ResolvedFont& font, const Letter& first, const Letter& second);
-    std::int32_t FindGeneralStep(const ResolvedFont& font, const Letter& first,
-                                 const Letter& second);
+    /// The line measured last. Fitting a text measures lines that begin alike, one after another.
+    class LastLine {
+    public:
+        struct Place {
+            std::size_t start = 0;
+            GlyphUnits x = 0;
+        };
+        /// Where the first word begins that differs in the next line.
+        Place Skip(std::uint32_t font, PlainClass script, std::string_view line);
+        /// A further word of that line, with the blank before it.
+        void Add(const Place& word) { words_.push_back(word); }
 
-    struct FontTables {
-        std::unique_ptr<PairTable> common, latin, greek, cyrillic;
-        std::vector<std::int32_t> generalSteps;  ///< By two characters of Latin-1.
+    private:
+        std::uint32_t font_ = 0;
+        PlainClass script_ = PlainClass::None;
+        std::string text_;
+        std::vector<Place> words_;
     };
 
-    Writing WritingOf(hb_script_t script) const;
-    FontTables& TablesOf(const ResolvedFont& font);
-    PairTable& TableOf(const ResolvedFont& font, hb_script_t script);
-    PairTable& Remembered(const ResolvedFont& font, hb_script_t script);
-    void AddShaped(std::string_view line, GlyphStore& glyphs);
+    const Hand& HandOf(const ResolvedFont& font, PlainClass script);
+    void Learn(const ResolvedFont& font, PlainClass script, Hand& hand);
+    template <class Visitor>
+    std::optional<GlyphUnits> Walk(const ResolvedFont& font, std::string_view line, LastLine* last,
+                                   const Visitor& visit);
 
-    hb_language_t common_;
-    hb_language_t greek_;
-    hb_language_t cyrillic_;
-    std::vector<FontTables> tables_;  ///< By the fonts' numbers.
-    PairTable* last_ = nullptr;       ///< Of the last line with letters that was set,
-    std::uint32_t lastFont_ = 0;      ///< in this font.
-    BufferHandle buffer_;
-    /// @{ Kept for their storage.
-    std::vector<std::size_t> ends_;
-    std::vector<GlyphUnits> sums_;
-    /// @}
+    RunMemory& memory_;
+    LastLine last_;
+    RunShaper shaper_;
+    std::deque<Hand> hands_;  ///< By the fonts' numbers, and by class.
 };
 
 }  // namespace desk

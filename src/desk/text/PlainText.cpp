@@ -60,12 +60,6 @@ PlainClasses MakeClasses() {
 
 }  // namespace
 
-hb_script_t ScriptOf(PlainClass plain) {
-    constexpr hb_script_t kScripts[] = {HB_SCRIPT_INVALID, HB_SCRIPT_COMMON, HB_SCRIPT_LATIN,
-                                        HB_SCRIPT_GREEK, HB_SCRIPT_CYRILLIC};
-    return kScripts[static_cast<std::size_t>(plain)];
-}
-
 const PlainClasses& AllPlainClasses() {
     static const PlainClasses classes = MakeClasses();
     return classes;
@@ -75,27 +69,17 @@ char32_t NextWideCharacter(std::string_view text, std::size_t& place) {
     return std::min<char32_t>(NextCodePoint(text, place), kPlainTextLimit);
 }
 
-std::optional<hb_script_t> PlainScript(std::string_view text, const PlainClasses& classes) {
+PlainClass PlainScript(std::string_view text, const PlainClasses& classes) {
     PlainClass found = PlainClass::Common;
     for (std::size_t place = 0; place < text.size();) {
         const char32_t character = NextCharacter(text, place);
-        if (character >= kPlainTextLimit) return std::nullopt;
+        if (character >= kPlainTextLimit) return PlainClass::None;
         const PlainClass here = classes[character];
-        if (here == PlainClass::None) return std::nullopt;
         if (here == PlainClass::Common || here == found) continue;
-        if (found != PlainClass::Common) return std::nullopt;
+        if (here == PlainClass::None || found != PlainClass::Common) return PlainClass::None;
         found = here;
     }
-    return ScriptOf(found);
-}
-
-std::size_t FirstLetter(std::string_view text, const PlainClasses& classes) {
-    for (std::size_t place = 0; place < text.size();) {
-        const std::size_t start = place;
-        const char32_t character = NextCharacter(text, place);
-        if (character >= kPlainTextLimit || classes[character] != PlainClass::Common) return start;
-    }
-    return text.size();
+    return found;
 }
 
 }  // namespace desk

@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <hb.h>
-#include <optional>
 #include <string_view>
 
 namespace desk {
@@ -14,9 +12,7 @@ inline constexpr std::size_t kPlainTextLimit = 0x2200;
 /// What a character is to a text that one call of the shaper can handle: a letter of one of three
 /// scripts, a sign common to them, or something that needs a full layout.
 enum class PlainClass : unsigned char { None, Common, Latin, Greek, Cyrillic };
-
-/// HB_SCRIPT_INVALID for None.
-hb_script_t ScriptOf(PlainClass plain);
+inline constexpr std::size_t kPlainClassCount = 5;
 
 using PlainClasses = std::array<PlainClass, kPlainTextLimit>;
 
@@ -35,11 +31,8 @@ inline char32_t NextCharacter(std::string_view text, std::size_t& place) {
     return first;
 }
 
-/// The one script of a text of which all characters are plain in the given classes, those of a
-/// font; HB_SCRIPT_COMMON for a text without letters. Nothing for any other text.
-std::optional<hb_script_t> PlainScript(std::string_view text, const PlainClasses& classes);
-
-/// Where the first letter of a plain text stands, in bytes; its length where there is none.
-std::size_t FirstLetter(std::string_view text, const PlainClasses& classes);
+/// The class of the letters of a text of which all characters are plain in the given classes, those
+/// of a font; Common for a text without letters. None for any other text.
+PlainClass PlainScript(std::string_view text, const PlainClasses& classes);
 
 }  // namespace desk

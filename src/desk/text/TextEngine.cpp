@@ -8,7 +8,6 @@
 #include "desk/text/LayoutShaper.h"
 #include "desk/text/TextBlock.h"
 #include "desk/text/TextSetter.h"
-#include "desk/text/WidthMemo.h"
 
 namespace desk {
 namespace {
@@ -31,23 +30,21 @@ struct TextEngine::State {
 
     Ways ways;
     FontCache fonts;
-    DirectShaper direct;
+    RunMemory memory;
+    DirectShaper direct{memory};
     LayoutShaper layout{fonts.Context()};
     TextSetter setter{direct, layout};
-    WidthMemo memo;
-    std::size_t measurements = 0;
 
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
         if (ways == Ways::Plain) return Points(layout.Shape(font, line));
-        if (const auto sum = direct.SumWidthAsBefore(font, line)) return Points(*sum);
-        const auto script = PlainScript(line, font.plain);
-        if (script)
-            if (const auto sum = direct.SumWidth(font, *script, line)) return Points(*sum);
-        return memo.Find(font.number, line, [&] {
-            return Points(script ? direct.ShapedWidth(font, *script, line)
-                                 : layout.Shape(font, line));
-        });
+        if (const auto sum = direct.Width(font, line)) return Points(*sum);
+        const auto layOut = [&] {
+            ShapedRun run;
+            run.width = layout.Shape(font, line);
+            return run;
+        };
+        return Points(memory.Find({font.number, PlainClass::None, line}, layOut).width);
     }
 
     host::TextExtent Extent(const ResolvedFont& font, std::string_view text) {
@@ -67,18 +64,8 @@ const ResolvedFont& TextEngine::Find(const FontSpec& spec) {
 }
 
 host::TextExtent TextEngine::Measure(const ResolvedFont& font, std::string_view text) {
-    ++state_->measurements;
     if (text.find('\r') == std::string_view::npos) return state_->Extent(font, text);
     return state_->Extent(font, WithoutReturns(text));
-}
-
-bool TextEngine::MeasureSteps(const ResolvedFont& font, std::string_view line,
-                              host::TextSteps& steps) {
-    if (state_->ways == Ways::Plain) return false;
-    if (!state_->direct.SumSteps(font, line, steps.steps)) return false;
-    ++state_->measurements;
-    steps.height = font.lineHeight;
-    return true;
 }
 
 TextBox TextEngine::Set(const PlacedText& text, PlacedGlyphs& into) {
@@ -103,10 +90,6 @@ std::vector<FontSubstitution> TextEngine::Substitutions() const {
 
 const std::set<char32_t>& TextEngine::MissingCharacters() const {
     return state_->layout.Missing();
-}
-
-std::size_t TextEngine::Measurements() const {
-    return state_->measurements;
 }
 
 }  // namespace desk

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <set>
 #include <string>
@@ -80,10 +79,6 @@ public:
         return Measure(Find(spec), text);
     }
 
-    /// How the width of a line comes about, by the promises of host::IHostTextSteps. False where a
-    /// beginning is not plain enough to be told without shaping it.
-    bool MeasureSteps(const ResolvedFont& font, std::string_view line, host::TextSteps& steps);
-
     /// Sets a text, so that it can be shown: the box that Measure tells hangs on its point as its
     /// placement says. Returns the smallest upright box around that box, seen from the point.
     TextBox Set(const PlacedText& text, PlacedGlyphs& into);
@@ -96,9 +91,6 @@ public:
 
     /// Characters that were set and that no installed font has, each shown as a box.
     const std::set<char32_t>& MissingCharacters() const;
-
-    /// How many questions Measure and MeasureSteps answered.
-    std::size_t Measurements() const;
 
 private:
     struct State;

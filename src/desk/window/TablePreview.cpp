@@ -36,7 +36,7 @@ QString Records(const DbfTable& table) {
     const QString path = ToQt(table.Path());
     const QLocale locale;
     if (QFileInfo(path).size() > kReadThrough)
-        return locale.toString(OpenDbf(table.Path())->recordCount) + " records with deleted ones";
+        return locale.toString(table.RecordCount()) + " records with deleted ones";
     const auto count = table.LiveRecords();
     return locale.toString(count) + (count == 1 ? " record" : " records");
 }

@@ -1,4 +1,4 @@
-// Rules that act on more than pairs, in fonts made for it: no font at hand has them for plain text.
+// Rules that reach over blanks and along leaders, in fonts made for it: few fonts at hand have any.
 #include <gtest/gtest.h>
 #include <hb-ot.h>
 #include <memory>
@@ -66,12 +66,7 @@ hb_blob_t* TableOf(hb_face_t*, hb_tag_t tag, void* data) {
     return isRule ? hb_blob_get_empty() : hb_face_reference_table(tables.real, tag);
 }
 
-struct Counts {
-    int summed = 0;   ///< Lines that the quick way took.
-    int changed = 0;  ///< Lines of which the rule changes the width.
-};
-
-class PairTableRules : public testing::Test {
+class FontRules : public testing::Test {
 protected:
     std::uint16_t Glyph(char letter) const {
         hb_codepoint_t glyph = 0;
@@ -81,8 +76,9 @@ protected:
     /// Replaces a letter by the widest one.
     Lookup Widen(std::uint16_t letter) const { return {1, {2, 8, 1, Glyph('W'), 1, 1, letter}}; }
 
-    /// Sets every line of up to five of the letters both ways.
-    Counts CompareAllLines(Tables tables) const {
+    /// Sets every line of up to six of the characters in words and as a whole. Returns how many of
+    /// them the rule changes.
+    int CompareAllLines(Tables tables) const {
         tables.real = hb_font_get_face(real_.shaping);
         const std::unique_ptr<hb_face_t, desk::Releaser<hb_face_destroy>> face(
             hb_face_create_for_tables(TableOf, &tables, nullptr));
@@ -93,23 +89,24 @@ protected:
         font.shaping = shaping.get();
         font.plain = real_.plain;
 
-        desk::DirectShaper direct;
+        desk::RunMemory memory;
+        desk::DirectShaper direct(memory);
+        desk::RunShaper shaper;
         std::vector<std::string> lines{""};
-        Counts counts;
+        int changed = 0;
         for (std::size_t i = 0; i < lines.size(); ++i) {
             const std::string line = lines[i];
-            const auto wanted = direct.ShapedWidth(font, HB_SCRIPT_LATIN, line);
-            const auto sum = direct.SumWidth(font, HB_SCRIPT_LATIN, line);
-            EXPECT_EQ(sum.value_or(wanted), wanted) << line;
-            counts.summed += sum.has_value();
-            int plain = 0;
+            const auto writing = desk::WritingOf(desk::PlainScript(line, font.plain));
+            const auto wanted = shaper.Shape(font.shaping, writing, line, line.size()).width;
+            EXPECT_EQ(direct.Width(font, line), wanted) << line;
+            desk::GlyphUnits plain = 0;
             for (const char letter : line)
                 plain += hb_font_get_glyph_h_advance(font.shaping, Glyph(letter));
-            counts.changed += plain != wanted;
-            if (line.size() < 5)
-                for (const char letter : {'a', 'b', 'c', 'd'}) lines.push_back(line + letter);
+            changed += plain != wanted;
+            if (line.size() < 6)
+                for (const char letter : {'a', 'b', ' ', '.'}) lines.push_back(line + letter);
         }
-        return counts;
+        return changed;
     }
 
 private:
@@ -117,52 +114,60 @@ private:
     const desk::ResolvedFont& real_ = fonts_.Find({"DejaVu Sans", 8, false});
 };
 
-TEST_F(PairTableRules, GiveTheWidthsOfTheShaper) {
-    constexpr int kLines = 1365;
+TEST_F(FontRules, WordsAndLeadersGiveTheWidthsOfWholeLines) {
     const auto a = Glyph('a');
     const auto b = Glyph('b');
-    const auto c = Glyph('c');
-    const auto d = Glyph('d');
-    const Words chain{3, 1, 20, 1, 26, 1, 32, 1, 0, 1, 1, 1, a, 1, 1, b, 1, 1, c};
-    // "a", a letter of no class, "d": the letter between is in none of the rule's sets.
-    Words context{2, 14, 20, 3, 0, 36, 0, /* coverage */ 1, 1, a};
-    Append(context, {/* classes */ 2, 2, a, a, 1, d, d, 2});
-    Append(context, {/* set */ 1, 4, /* rule */ 3, 1, 0, 2, 0, 1});
-    const Words join{1, 8, 1, 14, 1, 1, a, /* set */ 1, 4, Glyph('W'), 3, b, c};
-    Words pairs{1, 14, 4, 0, 2, 22, 28, /* coverage */ 1, 2, a, b};
-    Append(pairs, {/* a b */ 1, b, 200, /* b a */ 1, a, 300});
-    // Where both letters of a pair move, the second cannot begin another pair.
-    Words swallowing{1, 14, 4, 4, 2, 22, 30, /* coverage */ 1, 2, a, b};
-    Append(swallowing, {/* a b */ 1, b, 200, 100, /* b a */ 1, a, 300, 50});
+    const auto blank = Glyph(' ');
+    const auto dot = Glyph('.');
+    // The middle one of three, for the sake of the others.
+    const auto chain = [](std::uint16_t first, std::uint16_t second, std::uint16_t third) {
+        return Words{3, 1, 20, 1, 26, 1, 32, 1, 0, 1, 1, 1, first, 1, 1, second, 1, 1, third};
+    };
+    // "a", any glyph that is in no class, "b".
+    Words anyGlyph{2, 14, 20, 3, 0, 36, 0, /* coverage */ 1, 1, a};
+    Append(anyGlyph, {/* classes */ 2, 2, a, a, 1, b, b, 2});
+    Append(anyGlyph, {/* set */ 1, 4, /* rule */ 3, 1, 0, 2, 0, 1});
+    const auto join = [&](const Words& glyphs) {
+        Words words{1,           8, 1,          14,
+                    1,           1, glyphs[0],
+                    /* set */ 1, 4, Glyph('W'), static_cast<std::uint16_t>(glyphs.size())};
+        words.insert(words.end(), glyphs.begin() + 1, glyphs.end());
+        return words;
+    };
+    Words pairs{1, 14, 4, 0, 2, 22, 28, /* coverage */ 1, 2, a, blank};
+    Append(pairs, {/* a blank */ 1, blank, 200, /* blank a */ 1, a, 300});
+    // Where both glyphs of a pair move, the second cannot begin another pair.
+    Words swallowing{1, 14, 4, 4, 2, 22, 30, /* coverage */ 1, 2, a, blank};
+    Append(swallowing, {/* a blank */ 1, blank, 200, 100, /* blank a */ 1, a, 300, 50});
+    Words ofDots{1, 14, 4, 0, 2, 22, 28, /* coverage */ 1, 2, a, dot};
+    Append(ofDots, {/* a dot */ 1, dot, 200, /* dot dot */ 1, dot, 300});
 
     struct Rule {
         const char* what;
         hb_tag_t table;
         const char* feature;
         std::vector<Lookup> lookups;
-        int changed;
-        int summed;
     };
+    const Lookup moved{1, {1, 8, 4, 300, 1, 1, b}};
     const Rule rules[] = {
-        {"replaces between neighbours", HB_OT_TAG_GSUB, "calt", {{6, chain}, Widen(b)}, 57, 1308},
-        // Lines of b and c alone can be summed.
-        {"reaches over any letter", HB_OT_TAG_GSUB, "calt", {{5, context}, Widen(a)}, 114, 63},
-        {"joins three", HB_OT_TAG_GSUB, "liga", {{4, join}}, 57, 1308},
-        {"pairs", HB_OT_TAG_GPOS, "kern", {{2, pairs}}, 484, kLines},
-        {"pairs that swallow the next", HB_OT_TAG_GPOS, "kern", {{2, swallowing}}, 484, 0},
-        {"moves between neighbours",
-         HB_OT_TAG_GPOS,
-         "kern",
-         {{8, chain}, {1, {1, 8, 4, 300, 1, 1, b}}},
-         57,
-         1308},
+        {"replaces behind a blank", HB_OT_TAG_GSUB, "calt", {{6, chain(blank, b, a)}, Widen(b)}},
+        {"replaces over a blank", HB_OT_TAG_GSUB, "calt", {{6, chain(a, blank, b)}, Widen(blank)}},
+        {"reaches over any glyph", HB_OT_TAG_GSUB, "calt", {{5, anyGlyph}, Widen(a)}},
+        {"joins over a blank", HB_OT_TAG_GSUB, "liga", {{4, join({a, blank, b})}}},
+        {"joins words", HB_OT_TAG_GSUB, "liga", {{4, join({a, a, blank, b})}}},
+        {"joins two dots", HB_OT_TAG_GSUB, "liga", {{4, join({dot, dot})}}},
+        {"joins three dots", HB_OT_TAG_GSUB, "liga", {{4, join({dot, dot, dot})}}},
+        {"joins four dots", HB_OT_TAG_GSUB, "liga", {{4, join({dot, dot, dot, dot})}}},
+        {"replaces among dots", HB_OT_TAG_GSUB, "calt", {{6, chain(dot, dot, dot)}, Widen(dot)}},
+        {"kerns blanks", HB_OT_TAG_GPOS, "kern", {{2, pairs}}},
+        {"kerns blanks in pairs that swallow the next", HB_OT_TAG_GPOS, "kern", {{2, swallowing}}},
+        {"kerns dots", HB_OT_TAG_GPOS, "kern", {{2, ofDots}}},
+        {"moves behind a blank", HB_OT_TAG_GPOS, "kern", {{8, chain(blank, b, a)}, moved}},
     };
     for (const auto& rule : rules) {
         SCOPED_TRACE(rule.what);
-        const auto counts =
-            CompareAllLines({nullptr, rule.table, LayoutBytes(rule.feature, rule.lookups)});
-        EXPECT_EQ(counts.changed, rule.changed);
-        EXPECT_EQ(counts.summed, rule.summed);
+        EXPECT_GT(CompareAllLines({nullptr, rule.table, LayoutBytes(rule.feature, rule.lookups)}),
+                  0);
     }
 }
 

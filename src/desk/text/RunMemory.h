@@ -1,0 +1,107 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory_resource>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "desk/text/GlyphLine.h"
+#include "desk/text/PlainText.h"
+
+namespace desk {
+
+/// A glyph on the baseline, in eight bytes.
+struct RunGlyph {
+    std::uint32_t id : 24;
+    std::uint32_t bytes : 8;  ///< As in Glyph.
+    std::int32_t x;           ///< From the start of the run.
+};
+
+/// A piece of a line as it was shaped, in 1024ths of a point.
+struct ShapedRun {
+    GlyphUnits width = 0;
+    std::span<const RunGlyph> glyphs;
+    bool hasGlyphs = false;  ///< They tell all: not where some stand off the baseline.
+    int dotStep = 0;         ///< Of dots behind those at its end; 0 where they must be shaped.
+};
+
+/// Remembers the runs that lines were made of, as browsers do: an index says most of its words
+/// again and again. Forgets all when it is full.
+class RunMemory {
+public:
+    struct Key {
+        std::uint32_t font;
+        PlainClass script;
+        std::string_view text;
+        bool operator==(const Key&) const = default;
+    };
+
+    /// The run remembered, or the one that is made. It stands until the next call.
+    template <class Make>
+    const ShapedRun& Find(const Key& key, const Make& make) {
+        const std::size_t hash = HashOf(key);
+        for (std::size_t slot = hash % kSlots; tags_[slot] != 0; slot = (slot + 1) % kSlots)
+            if (tags_[slot] == TagOf(hash) && entries_[slot]->key == key)
+                return entries_[slot]->run;
+        return Keep(key, hash, make());
+    }
+
+    void Clear() {
+        std::ranges::fill(tags_, std::uint16_t{0});
+        arena_.release();
+        count_ = bytes_ = 0;
+    }
+
+private:
+    struct Entry {
+        Key key;
+        ShapedRun run;
+    };
+    static constexpr std::size_t kSlots = std::size_t{1} << 17;
+    static constexpr std::size_t kMostEntries = kSlots / 4 * 3;
+    static constexpr std::size_t kMostBytes = std::size_t{6} << 20;
+    static constexpr std::size_t kLongestRun = 256;  ///< Bytes; longer ones seldom come again.
+
+    static std::size_t HashOf(const Key& key) {
+        const auto kind = key.font * kPlainClassCount + static_cast<std::size_t>(key.script);
+        return std::hash<std::string_view>{}(key.text) + kind * std::size_t{0x9E3779B97F4A7C15U};
+    }
+
+    /// Of a slot that is taken. Spares most looks at entries that are not the one.
+    static std::uint16_t TagOf(std::size_t hash) {
+        return static_cast<std::uint16_t>(hash >> 48 | 1U);
+    }
+
+    const ShapedRun& Keep(Key key, std::size_t hash, ShapedRun run) {
+        if (key.text.size() > kLongestRun) return unkept_ = run;
+        bytes_ += sizeof(Entry) + key.text.size() + run.glyphs.size_bytes();
+        if (++count_ > kMostEntries || bytes_ > kMostBytes) Clear();
+        std::size_t slot = hash % kSlots;
+        while (tags_[slot] != 0) slot = (slot + 1) % kSlots;
+        key.text = {Copy(std::span(key.text)), key.text.size()};
+        run.glyphs = {Copy(run.glyphs), run.glyphs.size()};
+        void* const place = arena_.allocate(sizeof(Entry), alignof(Entry));
+        const auto* const entry = new (place) Entry{key, run};
+        tags_[slot] = TagOf(hash);
+        entries_[slot] = entry;
+        return entry->run;
+    }
+
+    template <class T>
+    T* Copy(std::span<const T> items) {
+        T* const copy = static_cast<T*>(arena_.allocate(items.size_bytes(), alignof(T)));
+        std::ranges::copy(items, copy);
+        return copy;
+    }
+
+    std::vector<std::uint16_t> tags_ = std::vector<std::uint16_t>(kSlots);
+    std::vector<const Entry*> entries_ = std::vector<const Entry*>(kSlots);  ///< By their hashes.
+    std::pmr::monotonic_buffer_resource arena_;
+    std::size_t count_ = 0;
+    std::size_t bytes_ = 0;
+    ShapedRun unkept_;
+};
+
+}  // namespace desk
