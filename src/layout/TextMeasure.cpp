@@ -10,7 +10,8 @@ TextSize TextMeasure::Size(const std::string& text) try {
     using host::kPointsPerInch;
     // Where the question fails, the bracket is left to the host.
     display_->BeginDrawing(display_->DeviceContext(), kNoCache);
-    const auto extent = symbol_->MeasureText(display_->DeviceContext(), display_->Transformation(), text);
+    const auto extent =
+        symbol_->MeasureText(display_->DeviceContext(), display_->Transformation(), text);
     display_->EndDrawing();
     lastText_ = text;
     lastSize_ = {extent.xSize / kPointsPerInch, extent.ySize / kPointsPerInch};

@@ -2,10 +2,10 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
+#include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
 #include "app/work/RunTexts.h"
-#include "app/commands/Commands.h"
 
 namespace app {
 namespace {

@@ -2,11 +2,11 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
-#include "app/work/Errors.h"
+#include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
+#include "app/work/Errors.h"
 #include "app/work/SettingsEdit.h"
-#include "app/commands/Commands.h"
 #include "listings/IndexTable.h"
 #include "model/ColumnList.h"
 

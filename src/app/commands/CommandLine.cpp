@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <cstring>
 
-#include "app/commands/ConsoleDialogs.h"
-#include "app/work/Errors.h"
-#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/commands/HelpTexts.h"
+#include "app/work/Errors.h"
 #include "support/ErrorHandling.h"
 
 namespace app {

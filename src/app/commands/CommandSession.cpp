@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "app/commands/ConsoleDialogs.h"
-#include "app/work/Errors.h"
 #include "app/commands/Progress.h"
+#include "app/work/Errors.h"
 #include "app/work/RunTexts.h"
 
 namespace app {

@@ -2,10 +2,10 @@
 #include <memory>
 #include <utility>
 
-#include "app/commands/ConsoleDialogs.h"
-#include "app/work/Errors.h"
-#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
+#include "app/commands/ConsoleDialogs.h"
+#include "app/commands/HelpTexts.h"
+#include "app/work/Errors.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"
 

@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "app/work/Errors.h"
 #include "app/commands/Progress.h"
+#include "app/work/Errors.h"
 
 namespace app {
 namespace {

@@ -1,9 +1,9 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
-#include "app/work/Errors.h"
-#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
+#include "app/commands/HelpTexts.h"
+#include "app/work/Errors.h"
 
 namespace app {
 namespace {

@@ -1,12 +1,12 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
+#include "app/commands/Commands.h"
 #include "app/commands/ElementTree.h"
+#include "app/commands/HelpTexts.h"
 #include "app/work/Errors.h"
 #include "app/work/FilePaths.h"
-#include "app/commands/HelpTexts.h"
 #include "app/work/Sheets.h"
-#include "app/commands/Commands.h"
 #include "desk/drawing/PageWriter.h"
 
 namespace app {

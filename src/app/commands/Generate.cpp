@@ -1,8 +1,8 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
-#include "app/commands/HelpTexts.h"
 #include "app/commands/Commands.h"
+#include "app/commands/HelpTexts.h"
 
 namespace app {
 namespace {

@@ -1,13 +1,13 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
-#include "app/work/FilePaths.h"
+#include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/NewDocument.h"
 #include "app/commands/Progress.h"
+#include "app/work/FilePaths.h"
+#include "app/work/NewDocument.h"
 #include "app/work/SettingsEdit.h"
 #include "app/work/Sheets.h"
-#include "app/commands/Commands.h"
 #include "desk/drawing/PageWriter.h"
 
 namespace app {

@@ -2,12 +2,12 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
+#include "app/commands/Commands.h"
+#include "app/commands/HelpTexts.h"
 #include "app/work/Errors.h"
 #include "app/work/FilePaths.h"
-#include "app/commands/HelpTexts.h"
 #include "app/work/NewDocument.h"
 #include "app/work/SettingsEdit.h"
-#include "app/commands/Commands.h"
 
 namespace app {
 namespace {

@@ -1,9 +1,9 @@
 #include <memory>
 
 #include "app/commands/CommandSession.h"
+#include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/work/SettingsEdit.h"
-#include "app/commands/Commands.h"
 
 namespace app {
 namespace {

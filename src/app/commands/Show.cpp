@@ -3,11 +3,11 @@
 #include <ranges>
 
 #include "app/commands/CommandSession.h"
-#include "app/work/Errors.h"
+#include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
+#include "app/work/Errors.h"
 #include "app/work/RunTexts.h"
-#include "app/commands/Commands.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
 

@@ -3,10 +3,10 @@
 #include <memory>
 #include <optional>
 
+#include "app/commands/Commands.h"
 #include "app/commands/ConsoleDialogs.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
-#include "app/commands/Commands.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/tables/DbfTable.h"
 #include "support/Conversions.h"

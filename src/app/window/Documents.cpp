@@ -5,11 +5,11 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
-#include "app/work/Errors.h"
 #include "app/window/NewDocumentDialog.h"
 #include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"
-#include "desk/window/QtText.h"
+#include "app/work/Errors.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

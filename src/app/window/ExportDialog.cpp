@@ -14,7 +14,7 @@
 #include <QStringList>
 
 #include "app/window/PathField.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

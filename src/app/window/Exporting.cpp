@@ -5,9 +5,9 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 
-#include "app/work/Errors.h"
 #include "app/window/ExportDialog.h"
-#include "desk/window/QtText.h"
+#include "app/work/Errors.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

@@ -23,7 +23,7 @@
 #include "app/window/WindowNotes.h"
 #include "desk/window/ObjectSet.h"
 #include "desk/window/PropertySheet.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

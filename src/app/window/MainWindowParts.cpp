@@ -14,8 +14,8 @@
 #include "app/window/StatusPanes.h"
 #include "desk/window/ExpressionEditor.h"
 #include "desk/window/ObjectDialog.h"
-#include "desk/window/QtText.h"
 #include "desk/window/SymbolDialog.h"
+#include "desk/window/WidgetText.h"
 
 /// How the parts of the window are put together: what stands where, and who is told of what.
 namespace app {

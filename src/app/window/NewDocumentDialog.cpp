@@ -14,11 +14,11 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "app/window/PathField.h"
 #include "app/work/Errors.h"
 #include "app/work/NewDocument.h"
 #include "app/work/SymbolValues.h"
-#include "app/window/PathField.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 #include "model/Paths.h"
 
 namespace app {

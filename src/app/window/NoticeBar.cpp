@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "app/window/Icons.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

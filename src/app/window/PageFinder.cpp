@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 #include "host/Failure.h"
 #include "model/Settings.h"
 

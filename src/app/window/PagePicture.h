@@ -3,8 +3,8 @@
 #include <QImage>
 #include <QPoint>
 
+#include "desk/devices/CairoHandles.h"
 #include "desk/documents/Document.h"
-#include "desk/drawing/CairoHandles.h"
 #include "desk/text/TextEngine.h"
 
 namespace app {

@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "app/window/Icons.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {

@@ -4,10 +4,10 @@
 #include <csignal>
 #include <cstdio>
 
+#include "app/window/MainWindow.h"
 #include "app/work/ArgumentParser.h"
 #include "app/work/Errors.h"
-#include "app/window/MainWindow.h"
-#include "desk/window/QtText.h"
+#include "desk/window/WidgetText.h"
 
 namespace {
 
