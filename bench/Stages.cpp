@@ -4,7 +4,7 @@
 #include <variant>
 
 #include "ListingTable.h"
-#include "app/work/NewDocument.h"
+#include "app/document/NewDocument.h"
 #include "desk/drawing/ElementPainter.h"
 #include "layout/PageDrawing.h"
 #include "layout/PageGroups.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "app/work/Errors.h"
-#include "app/work/KeyValues.h"
+#include "app/document/Errors.h"
+#include "app/document/KeyValues.h"
 #include "support/TestDesk.h"
 
 namespace tests {

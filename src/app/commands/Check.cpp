@@ -5,7 +5,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
-#include "app/work/RunTexts.h"
+#include "app/document/RunTexts.h"
 
 namespace app {
 namespace {

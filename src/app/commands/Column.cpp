@@ -5,8 +5,8 @@
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
-#include "app/work/Errors.h"
-#include "app/work/SettingsEdit.h"
+#include "app/document/Errors.h"
+#include "app/document/SettingsEdit.h"
 #include "listings/IndexTable.h"
 #include "model/ColumnList.h"
 

@@ -7,7 +7,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/ConsoleDialogs.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 #include "support/ErrorHandling.h"
 
 namespace app {

@@ -4,8 +4,8 @@
 
 #include "app/commands/ConsoleDialogs.h"
 #include "app/commands/Progress.h"
-#include "app/work/Errors.h"
-#include "app/work/RunTexts.h"
+#include "app/document/Errors.h"
+#include "app/document/RunTexts.h"
 
 namespace app {
 namespace {

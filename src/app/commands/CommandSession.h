@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/work/OpenDocument.h"
-#include "app/work/Options.h"
+#include "app/document/OpenDocument.h"
+#include "app/document/Options.h"
 
 namespace app {
 

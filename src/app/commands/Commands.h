@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "app/work/ArgumentParser.h"
-#include "app/work/Options.h"
+#include "app/document/ArgumentParser.h"
+#include "app/document/Options.h"
 
 /// The commands, one file each: what it takes, and what it does.
 namespace app {

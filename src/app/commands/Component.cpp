@@ -5,7 +5,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/ConsoleDialogs.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"
 

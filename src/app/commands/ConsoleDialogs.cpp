@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "app/commands/Progress.h"
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 
 namespace app {
 namespace {

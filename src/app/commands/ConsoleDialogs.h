@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/work/NotedDialogs.h"
+#include "app/document/NotedDialogs.h"
 
 namespace app {
 

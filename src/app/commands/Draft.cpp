@@ -3,7 +3,7 @@
 #include "app/commands/CommandSession.h"
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 
 namespace app {
 namespace {

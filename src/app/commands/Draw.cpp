@@ -4,9 +4,9 @@
 #include "app/commands/Commands.h"
 #include "app/commands/ElementTree.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/Errors.h"
-#include "app/work/FilePaths.h"
-#include "app/work/Sheets.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/Sheets.h"
 #include "desk/drawing/PageWriter.h"
 
 namespace app {

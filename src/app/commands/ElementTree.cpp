@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ranges>
 
-#include "app/work/SymbolValues.h"
+#include "app/document/SymbolValues.h"
 #include "layout/RowElements.h"
 
 namespace app {

@@ -4,10 +4,10 @@
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/Progress.h"
-#include "app/work/FilePaths.h"
-#include "app/work/NewDocument.h"
-#include "app/work/SettingsEdit.h"
-#include "app/work/Sheets.h"
+#include "app/document/FilePaths.h"
+#include "app/document/NewDocument.h"
+#include "app/document/SettingsEdit.h"
+#include "app/document/Sheets.h"
 #include "desk/drawing/PageWriter.h"
 
 namespace app {

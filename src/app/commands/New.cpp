@@ -4,10 +4,10 @@
 #include "app/commands/CommandSession.h"
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/Errors.h"
-#include "app/work/FilePaths.h"
-#include "app/work/NewDocument.h"
-#include "app/work/SettingsEdit.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/NewDocument.h"
+#include "app/document/SettingsEdit.h"
 
 namespace app {
 namespace {

@@ -3,7 +3,7 @@
 #include "app/commands/CommandSession.h"
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
-#include "app/work/SettingsEdit.h"
+#include "app/document/SettingsEdit.h"
 
 namespace app {
 namespace {

@@ -6,8 +6,8 @@
 #include "app/commands/Commands.h"
 #include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
-#include "app/work/Errors.h"
-#include "app/work/RunTexts.h"
+#include "app/document/Errors.h"
+#include "app/document/RunTexts.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
 

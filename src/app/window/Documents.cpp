@@ -5,10 +5,10 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include "app/document/Errors.h"
 #include "app/window/NewDocumentDialog.h"
 #include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"
-#include "app/work/Errors.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {

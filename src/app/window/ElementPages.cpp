@@ -1,6 +1,6 @@
 #include "app/window/ElementPages.h"
 
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 #include "desk/components/Registrar.h"
 
 namespace app {

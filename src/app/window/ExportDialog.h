@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "app/work/Sheets.h"
+#include "app/document/Sheets.h"
 #include "desk/drawing/PageWriter.h"
 
 class QComboBox;

@@ -5,8 +5,8 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 
+#include "app/document/Errors.h"
 #include "app/window/ExportDialog.h"
-#include "app/work/Errors.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {

@@ -14,10 +14,10 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "app/document/Errors.h"
+#include "app/document/NewDocument.h"
+#include "app/document/SymbolValues.h"
 #include "app/window/PathField.h"
-#include "app/work/Errors.h"
-#include "app/work/NewDocument.h"
-#include "app/work/SymbolValues.h"
 #include "desk/window/WidgetText.h"
 #include "model/Paths.h"
 

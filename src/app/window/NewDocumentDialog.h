@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "app/work/Options.h"
+#include "app/document/Options.h"
 #include "host/Host.h"
 
 class QCheckBox;

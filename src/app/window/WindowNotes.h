@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/work/NotedDialogs.h"
+#include "app/document/NotedDialogs.h"
 #include "desk/window/WindowDialogs.h"
 
 namespace app {

@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/work/Errors.h"
-#include "app/work/FilePaths.h"
-#include "app/work/NewDocument.h"
-#include "app/work/RunTexts.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/NewDocument.h"
+#include "app/document/RunTexts.h"
 #include "support/Conversions.h"
 
 namespace app {

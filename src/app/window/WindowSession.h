@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "app/work/OpenDocument.h"
-#include "app/work/Options.h"
-#include "app/work/Sheets.h"
+#include "app/document/OpenDocument.h"
+#include "app/document/Options.h"
+#include "app/document/Sheets.h"
 
 namespace app {
 

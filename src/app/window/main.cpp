@@ -4,9 +4,9 @@
 #include <csignal>
 #include <cstdio>
 
+#include "app/document/ArgumentParser.h"
+#include "app/document/Errors.h"
 #include "app/window/MainWindow.h"
-#include "app/work/ArgumentParser.h"
-#include "app/work/Errors.h"
 #include "desk/window/WidgetText.h"
 
 namespace {

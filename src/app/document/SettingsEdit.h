@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "app/work/KeyValues.h"
-#include "app/work/OpenDocument.h"
+#include "app/document/KeyValues.h"
+#include "app/document/OpenDocument.h"
 #include "model/ColumnProperties.h"
 #include "model/Settings.h"
 

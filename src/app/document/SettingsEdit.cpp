@@ -1,10 +1,10 @@
-#include "app/work/SettingsEdit.h"
+#include "app/document/SettingsEdit.h"
 
 #include <algorithm>
 
-#include "app/work/Errors.h"
-#include "app/work/FilePaths.h"
-#include "app/work/ValueCautions.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/KeyNames.h"

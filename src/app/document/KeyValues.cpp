@@ -1,9 +1,9 @@
-#include "app/work/KeyValues.h"
+#include "app/document/KeyValues.h"
 
 #include <charconv>
 
-#include "app/work/Errors.h"
-#include "app/work/SymbolValues.h"
+#include "app/document/Errors.h"
+#include "app/document/SymbolValues.h"
 #include "model/Lengths.h"
 
 namespace app {

@@ -1,9 +1,9 @@
-#include "app/work/OpenDocument.h"
+#include "app/document/OpenDocument.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 #include "model/GeneralFunctions.h"
 
 namespace app {

@@ -1,14 +1,14 @@
-#include "app/work/NewDocument.h"
+#include "app/document/NewDocument.h"
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
 
-#include "app/work/Errors.h"
-#include "app/work/FilePaths.h"
-#include "app/work/PageFurniture.h"
-#include "app/work/SettingsEdit.h"
-#include "app/work/SymbolValues.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/PageFurniture.h"
+#include "app/document/SettingsEdit.h"
+#include "app/document/SymbolValues.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/GeneralFunctions.h"

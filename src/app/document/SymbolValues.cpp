@@ -1,4 +1,4 @@
-#include "app/work/SymbolValues.h"
+#include "app/document/SymbolValues.h"
 
 #include <array>
 #include <charconv>

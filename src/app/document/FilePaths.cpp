@@ -1,8 +1,8 @@
-#include "app/work/FilePaths.h"
+#include "app/document/FilePaths.h"
 
 #include <filesystem>
 
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 
 namespace app {
 namespace {

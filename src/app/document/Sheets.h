@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "app/work/OpenDocument.h"
+#include "app/document/OpenDocument.h"
 
 namespace app {
 

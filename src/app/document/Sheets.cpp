@@ -1,11 +1,11 @@
-#include "app/work/Sheets.h"
+#include "app/document/Sheets.h"
 
 #include <charconv>
 #include <filesystem>
 #include <sys/resource.h>
 
-#include "app/work/Errors.h"
-#include "app/work/PageFurniture.h"
+#include "app/document/Errors.h"
+#include "app/document/PageFurniture.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/Conversions.h"

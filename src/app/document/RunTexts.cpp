@@ -1,4 +1,4 @@
-#include "app/work/RunTexts.h"
+#include "app/document/RunTexts.h"
 
 #include <array>
 #include <cstdio>

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/work/Options.h"
+#include "app/document/Options.h"
 #include "desk/documents/Document.h"
 #include "host/Host.h"
 

@@ -1,11 +1,11 @@
-#include "app/work/ArgumentParser.h"
+#include "app/document/ArgumentParser.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <simdjson.h>
 
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 #include "desk/tables/TextDecoder.h"
 
 namespace app {

@@ -1,4 +1,4 @@
-#include "app/work/PageFurniture.h"
+#include "app/document/PageFurniture.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,4 +1,4 @@
-#include "app/work/NotedDialogs.h"
+#include "app/document/NotedDialogs.h"
 
 #include <utility>
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/work/NotedDialogs.h"
+#include "app/document/NotedDialogs.h"
 #include "desk/session/Desk.h"
 #include "manager/CVNGazetteerManager.h"
 

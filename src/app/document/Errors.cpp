@@ -1,4 +1,4 @@
-#include "app/work/Errors.h"
+#include "app/document/Errors.h"
 
 #include <new>
 

@@ -1,4 +1,4 @@
-#include "app/work/ValueCautions.h"
+#include "app/document/ValueCautions.h"
 
 #include <algorithm>
 #include <array>
