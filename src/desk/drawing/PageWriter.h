@@ -72,7 +72,7 @@ struct PageFormat {
 
 /// All that there are.
 std::span<const PageFormat> PageFormats();
-/// The one for a file name, whatever the case of its ending; null where there is none.
+/// Returns the format of a file name by its ending, in any case of letters; null for other endings.
 const PageFormat* FormatOf(const std::string& path);
 /// Their endings for a sentence: ".pdf, .png or .svg".
 std::string PageEndings();

@@ -53,7 +53,7 @@ private:
         }
     }
 
-    /// Moves behind the next token.
+    /// Reads the next token and returns its kind; kNone for a malformed one.
     char Next() {
         SkipBlanks();
         const char first = Take();

@@ -63,9 +63,9 @@ bool IsField(std::string_view entry) {
 }
 
 struct FieldList {
-    std::int64_t end = kPrologueLength;  ///< Offset behind the last field.
+    std::int64_t end = kPrologueLength;  ///< Offset of the first byte after the field list.
     std::int64_t recordLength = 1;       ///< Bytes that the flag and the fields take.
-    bool closed = false;                 ///< By a mark behind the last field.
+    bool closed = false;                 ///< The field list ends with its end mark.
     bool hasLongTexts = false;
 };
 

@@ -15,7 +15,7 @@ namespace desk {
 ///               than a double can hold exactly; else Double
 ///   date        String "YYYY-MM-DD"
 ///   logical     Boolean
-///   other       Null, as is whatever is blank or faulty; a fault is noted
+/// Returns Null for other kinds and for blank or faulty values; a fault is noted once per field.
 host::Variant ReadValue(DbfSchema& schema, std::size_t field, std::string_view record,
                         std::int64_t recordNumber);
 

@@ -7,7 +7,8 @@
 
 namespace desk {
 
-/// Finds fields by name: the one that bears exactly that name, else one that does in another case.
+/// Finds fields by name: the field with exactly that name, else the first that differs in case
+/// alone.
 class FieldNames {
 public:
     FieldNames() = default;
@@ -15,7 +16,7 @@ public:
 
     /// Index of the first such field, or -1.
     std::int32_t Find(const std::string& name) const;
-    /// Names that more than one field bears, in whatever case, each once.
+    /// Names of more than one field, compared without regard to case; each listed once.
     const std::vector<std::string>& Repeated() const { return repeated_; }
 
 private:

@@ -23,12 +23,12 @@ struct RunGlyph {
 struct ShapedRun {
     GlyphUnits width = 0;
     std::span<const RunGlyph> glyphs;
-    bool hasGlyphs = false;  ///< They tell all: not where some stand off the baseline.
-    int dotStep = 0;         ///< Of dots behind those at its end; 0 where they must be shaped.
+    bool hasGlyphs = false;  ///< False where a glyph stands off the baseline.
+    int dotStep = 0;  ///< Advance of each further dot at the end; 0 where they must be shaped.
 };
 
-/// Remembers the runs that lines were made of, as browsers do: an index says most of its words
-/// again and again. Forgets all when it is full.
+/// Caches the shaped runs of lines, as browsers do: most words of an index recur. Clears itself
+/// when it is full.
 class RunMemory {
 public:
     struct Key {
@@ -38,7 +38,7 @@ public:
         bool operator==(const Key&) const = default;
     };
 
-    /// The run remembered, or the one that is made. It stands until the next call.
+    /// Returns the cached run, or makes and caches it. The reference is valid until the next call.
     template <class Make>
     const ShapedRun& Find(const Key& key, const Make& make) {
         const std::size_t hash = HashOf(key);
