@@ -1,5 +1,6 @@
 #include "desk/drawing/PageWriter.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "desk/drawing/PdfWriter.h"

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "host/Geometry.h"
+
 namespace desk {
 
 namespace {
