@@ -23,13 +23,7 @@ public:
     std::string Format(double value) const;
 
 private:
-    enum class Part { Start, Digit, Decimal, Group, Sign, Exponent, Other };
-    class Grammar;
-    struct Piece {
-        Part part;
-        char ascii;  ///< The digit, sign or letter as from_chars reads it.
-    };
-    Piece Classify(char32_t character) const;
+    char Classify(char32_t character) const;
 
     std::string decimal_;
     char32_t decimalSign_ = U'.';

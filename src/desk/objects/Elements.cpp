@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <typeinfo>
 
-#include "desk/objects/Box.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"
 #include "host/Display.h"

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "desk/drawing/pdf/Numbers.h"
+#include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
 namespace {
