@@ -99,7 +99,7 @@ std::unique_ptr<icu::Collator> MakeCollator(const icu::Locale& locale) {
     std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
     if (U_SUCCESS(status)) {
         collator->setStrength(icu::Collator::SECONDARY);
-        // Texts of tables come in any composition.
+        // Tables hold composed and decomposed characters.
         collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
     }
     if (U_FAILURE(status))
@@ -169,7 +169,8 @@ std::string IcuLocale::CollationKey(const std::string& text) {
 std::vector<std::size_t> IcuLocale::Characters(std::string_view text) {
     std::vector<std::size_t> lengths;
     lengths.reserve(text.size());
-    return SimpleLengths(text, lengths) ? lengths : CharactersByRules(text);
+    if (SimpleLengths(text, lengths)) return lengths;
+    return CharactersByRules(text);
 }
 
 std::vector<std::size_t> IcuLocale::CharactersByRules(std::string_view text) {

@@ -10,8 +10,8 @@
 
 namespace desk {
 
-/// The user's locale by ICU: a collator that sees base letters and accents but not case. Bytes that
-/// are not UTF-8 count as U+FFFD. Not safe for use by two threads.
+/// The user's locale by ICU. The collator compares base letters and accents and ignores case. Bytes
+/// that are not UTF-8 count as U+FFFD. Not safe for use by two threads.
 class IcuLocale : public host::IHostLocale {
 public:
     /// Names such as "de_DE.UTF-8", "de-DE", "de@collation=phonebook", "C". The empty name is the

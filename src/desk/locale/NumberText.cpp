@@ -89,7 +89,7 @@ std::optional<double> NumberText::Parse(std::string_view text) const {
     if (const auto plain = PlainInteger(text)) return plain;
     if (text.empty() || text.size() > kLongestNumber) return std::nullopt;
 
-    // from_chars checks the order of everything but group signs and a plus at the begin.
+    // from_chars checks the order of everything but group signs and a plus at the start.
     std::array<char, kLongestNumber> ascii;
     std::size_t length = 0;
     char previous = '\0';

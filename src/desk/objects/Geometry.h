@@ -39,7 +39,7 @@ private:
     host::Ref<host::IHostPoint> end_ = std::make_shared<Point>();
 };
 
-/// Corners stay as they were given; nothing puts them in order.
+/// Does not sort its corners.
 class Envelope final : public host::IHostEnvelope {
 public:
     Envelope() = default;

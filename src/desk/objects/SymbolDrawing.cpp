@@ -17,13 +17,13 @@ void DrawOutline(const SymbolCanvas& canvas, const host::IHostEnvelope& envelope
         StrokeOutline(canvas.Context(), {canvas.Place(envelope), *color});
 }
 
-// Where a text hangs, and how it is turned there.
+// The point of a text, and its angle there.
 struct Hook {
     PaintPoint point;
     double angle = 0;  ///< Degrees, counter-clockwise.
 };
 
-// Share of a line's length that lies before the point on which a text hangs.
+// Share of a line's length that lies before the point of its text.
 double ShareBefore(std::int32_t horizontal) {
     return horizontal == 1 ? 0.5 : horizontal == 2 ? 1.0 : 0.0;
 }

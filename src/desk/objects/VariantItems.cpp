@@ -31,7 +31,7 @@ void VariantItems::Set(std::string_view name, host::Variant value) {
     if (found == index_.end()) {
         Append(name, std::move(value));
     } else {
-        // The old value goes last: its destruction may reach back into this set.
+        // Destroys the old value last, since its destructor may call this set.
         std::swap(entries_[*found].value, value);
     }
 }

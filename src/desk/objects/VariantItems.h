@@ -29,7 +29,7 @@ public:
     /// A new name goes last, a known one keeps its place.
     void Set(std::string_view name, host::Variant value);
 
-    /// Stores a value under a name that is not there yet. False, and nothing stored, if it is.
+    /// Stores a value under a new name. Returns false and stores nothing if the name exists.
     bool Append(std::string_view name, host::Variant value);
 
     void Remove(std::string_view name);

@@ -29,8 +29,8 @@ struct Code {
 /// code needs an escape in a string. ASCII characters keep their own bytes.
 class CodeTable {
 public:
-    /// Of the codes, in bytes. There are 186 of one byte, and beside these 8192 of two; 16384 where
-    /// all have two.
+    /// Lengths of the codes, in bytes. There are 186 codes of one byte and with them 8192 of two,
+    /// or 16384 where all have two.
     enum class Lengths { One, OneAndTwo, Two };
 
     struct Entry {
@@ -78,7 +78,7 @@ private:
 
     Lengths lengths_;
     std::vector<Entry> entries_;
-    /// By glyph: the first two codes for short texts. The blank has two, if not more.
+    /// By glyph: the first two codes for short texts. Only the blank often has two.
     std::vector<std::array<Quick, 2>> quick_;
     std::unordered_map<std::string, std::size_t> others_;  ///< By glyph and text.
     std::string freeCodes_;  ///< Short ones for texts other than ASCII; taken from the end.

@@ -30,7 +30,7 @@ CairoContext DrawGlyph(cairo_surface_t* surface, double unitsPerPoint, PangoFont
     cairo_scale(context.get(), unitsPerPoint, unitsPerPoint);
     PangoGlyphInfo info{};
     info.glyph = glyph;
-    info.geometry.width = LogicalWidth(font, glyph);  // The box of an unknown one is in its middle.
+    info.geometry.width = LogicalWidth(font, glyph);  // Centres boxes of unknown ones.
     int cluster = 0;
     PangoGlyphString string{1, &info, &cluster, 0};
     cairo_move_to(context.get(), 0, 0);

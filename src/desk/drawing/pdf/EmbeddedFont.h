@@ -5,10 +5,10 @@
 
 namespace desk::pdf {
 
-/// A font of which the file holds the outlines of the glyphs shown, as the font itself has them.
+/// A font of which the file holds the outlines of the glyphs shown, unchanged.
 class EmbeddedFont final : public Typeface {
 public:
-    /// By what the font's outlines can be embedded, and how the file then identifies glyphs.
+    /// The kind of a font's outlines, and how the file identifies its glyphs.
     enum class Outlines {
         None,        ///< There are no outlines that can be embedded.
         TrueType,    ///< By place in the font file.

@@ -48,7 +48,7 @@ void AppendScaled(std::string& out, std::int64_t scaled, int decimals) {
 }
 
 void AppendNumber(std::string& out, double value, int decimals) {
-    // Far beyond any sheet, and with six decimals still a number of 64 bits.
+    // Larger than any sheet, and within 64 bits at six decimals.
     constexpr double kFarthest = 1e12;
     value = std::isnan(value) ? 0 : std::clamp(value, -kFarthest, kFarthest);
     AppendScaled(out, std::llround(value * static_cast<double>(PowerOfTen(decimals))), decimals);

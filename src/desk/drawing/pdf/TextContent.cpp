@@ -18,7 +18,7 @@ bool IsUpright(const FontUse& font, const Baseline& baseline) {
 }
 
 /// The smallest move of the pen: a thousandth of the font's size, divided by ten until it is within
-/// the tolerance. Its number then has that many decimals.
+/// the tolerance. Each division adds a decimal to its number.
 struct SmallestMove {
     explicit SmallestMove(double thousandth) : points(thousandth) {
         for (; points > TextContent::kPlaceTolerance; points /= 10) ++decimals;
@@ -27,7 +27,7 @@ struct SmallestMove {
     int decimals = 0;
 };
 
-/// The number of glyphs at the begin that stand for one text together.
+/// The number of glyphs at the start that stand for one text together.
 std::size_t ClusterSize(std::span<const Glyph> glyphs) {
     std::size_t size = 1;
     while (size < glyphs.size() && glyphs[size].bytes == 0) ++size;
