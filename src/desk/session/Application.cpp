@@ -1,6 +1,6 @@
 #include "desk/session/Application.h"
 
-#include "desk/objects/Transformation.h"
+#include "desk/objects/Geometry.h"
 #include "host/Failure.h"
 
 namespace desk {
