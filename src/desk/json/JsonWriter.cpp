@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <simdjson.h>
 #include <utility>
 
@@ -92,6 +93,8 @@ void JsonWriter::Whole(std::int64_t number) {
 }
 
 void JsonWriter::Number(double number) {
+    if (std::isnan(number)) return Text("nan");
+    if (std::isinf(number)) return Text(number > 0 ? "inf" : "-inf");
     Separate();
     std::array<char, kNumberRoom> digits{};
     char* const first = digits.data();
@@ -125,6 +128,11 @@ void JsonWriter::Member(std::string_view key, std::int32_t number) {
 void JsonWriter::Member(std::string_view key, std::int64_t number) {
     Key(key);
     Whole(number);
+}
+
+void JsonWriter::Member(std::string_view key, double number) {
+    Key(key);
+    Number(number);
 }
 
 std::string JsonWriter::Mended(std::string_view text) const {

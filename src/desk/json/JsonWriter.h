@@ -40,7 +40,7 @@ public:
     void Whole(std::int64_t number);
     /// A text that reads back as the same bits, always with a point or an exponent: the shortest
     /// or, with an indentation, one with an exponent only below 0.0001 and from 1e15.
-    /// Not for infinities and NaN.
+    /// Infinities and NaN become the texts "inf", "-inf" and "nan".
     void Number(double number);
     void Null();
 
@@ -49,6 +49,7 @@ public:
     void Member(std::string_view key, bool flag);
     void Member(std::string_view key, std::int32_t number);
     void Member(std::string_view key, std::int64_t number);
+    void Member(std::string_view key, double number);
 
 protected:
     /// What is written in place of bytes that are not valid UTF-8. Fails unless it is overridden.

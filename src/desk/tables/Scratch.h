@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "desk/tables/FieldNames.h"
+#include "desk/tables/PlainObjects.h"
 #include "desk/tables/ScratchCells.h"
 #include "host/Tables.h"
 

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "desk/tables/SortKey.h"
 #include "desk/tables/SortRows.h"
 #include "host/Tables.h"
 
@@ -17,9 +16,6 @@ namespace desk {
 /// Sort fails, Rows keeps what it gave before.
 class TableSort : public host::IHostTableSort {
 public:
-    TableSort();
-    ~TableSort() override;
-
     void SetTable(const host::Ref<host::IHostTable>& table) override;
     void SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) override;
     void SetFields(const std::string& fields) override;
