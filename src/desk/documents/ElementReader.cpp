@@ -21,6 +21,7 @@ namespace {
 
 using simdjson::dom::element_type;
 using Element = host::Ref<host::IHostElement>;
+using Engine = const std::shared_ptr<TextEngine>&;
 using Object = host::Ref<host::IHostObject>;
 
 std::uint32_t ColorValue(const JsonNode& node) {
@@ -92,28 +93,60 @@ host::Ref<host::IHostColor> ColorIn(const JsonNode& node) {
     return color;
 }
 
-/// Makes values and symbols of a document. Every call fails with the place of what it cannot read.
-/// Unknown keys are passed over.
-class ValueReader {
-public:
-    /// The engine goes into every text symbol made.
-    explicit ValueReader(std::shared_ptr<TextEngine> engine) : engine_(std::move(engine)) {}
+host::Variant ReadValue(const JsonNode& node, Engine engine);
 
-    host::Variant Value(const JsonNode& node) const;
-    host::Ref<host::IHostTextSymbol> TextSymbol(const JsonNode& node) const;
-    host::Ref<host::IHostFillSymbol> FillSymbol(const JsonNode& node) const;
-    host::Ref<host::IHostLineSymbol> LineSymbol(const JsonNode& node) const;
+host::Ref<host::IHostTextSymbol> ReadTextSymbol(const JsonNode& node, Engine engine) {
+    auto symbol = std::make_shared<desk::TextSymbol>(engine);
+    symbol->SetFont(FontIn(node.Member("font")));
+    symbol->SetColor(ColorIn(node.Member("color")));
+    symbol->SetHorizontalPlacement(node.Member("horizontal").Whole(0, 3));
+    symbol->SetVerticalPlacement(node.Member("vertical").Whole(0, 3));
+    symbol->SetAngle(node.Member("angle").Number());
+    symbol->SetText(std::string(node.Member("text").Text()));
+    return symbol;
+}
 
-    const std::shared_ptr<TextEngine>& Engine() const { return engine_; }
+host::Ref<host::IHostLineSymbol> ReadLineSymbol(const JsonNode& node) {
+    auto symbol = std::make_shared<desk::LineSymbol>();
+    symbol->SetColor(ColorIn(node.Member("color")));
+    return symbol;
+}
 
-private:
-    host::Variant TaggedValue(const JsonNode& node) const;
-    host::Ref<host::IHostObject> Set(const JsonNode& node) const;
+host::Ref<host::IHostFillSymbol> ReadFillSymbol(const JsonNode& node) {
+    auto symbol = std::make_shared<desk::FillSymbol>();
+    symbol->SetColor(ColorIn(node.Member("color")));
+    if (const auto outline = node.Optional("outline")) symbol->SetOutline(ReadLineSymbol(*outline));
+    return symbol;
+}
 
-    std::shared_ptr<TextEngine> engine_;
-};
+Object ReadSet(const JsonNode& node, Engine engine) {
+    if (node.Nesting() > kDeepestNesting) node.Fail("sets stand too deep inside one another");
+    if (auto texts = TextsIn(node)) return std::make_shared<PropertySet>(std::move(texts));
+    auto set = std::make_shared<PropertySet>();
+    EachEntry(node, [&](const JsonNode& item, std::string_view name, const JsonNode& value) {
+        if (!set->Append(name, ReadValue(value, engine))) FailRepeated(item, name);
+    });
+    return set;
+}
 
-host::Variant ValueReader::Value(const JsonNode& node) const {
+host::Variant ReadTagged(const JsonNode& node, Engine engine) {
+    const JsonNode content = node.OnlyMember();
+    const std::string_view kind = content.Key();
+    if (kind == "set") return ReadSet(content, engine);
+    if (kind == "textSymbol") return Object(ReadTextSymbol(content, engine));
+    if (kind == "fillSymbol") return Object(ReadFillSymbol(content));
+    if (kind == "lineSymbol") return Object(ReadLineSymbol(content));
+    if (kind == "integer") {
+        using Limits = std::numeric_limits<std::int16_t>;
+        return static_cast<std::int16_t>(content.Whole(Limits::min(), Limits::max()));
+    }
+    if (kind == "double") return content.Number();
+    if (kind == "empty") return host::Empty{};
+    if (kind == "object") return NoObject(content);
+    content.Fail("no kind of value has this name");
+}
+
+host::Variant ReadValue(const JsonNode& node, Engine engine) {
     switch (node.Type()) {
         case element_type::STRING:
             return std::string(node.Text());
@@ -126,66 +159,13 @@ host::Variant ValueReader::Value(const JsonNode& node) const {
         case element_type::NULL_VALUE:
             return host::Null{};
         case element_type::OBJECT:
-            return TaggedValue(node);
+            return ReadTagged(node, engine);
         case element_type::ARRAY:
         case element_type::UINT64:
             break;
     }
     node.Fail("this is no value");
 }
-
-host::Variant ValueReader::TaggedValue(const JsonNode& node) const {
-    const JsonNode content = node.OnlyMember();
-    const std::string_view kind = content.Key();
-    if (kind == "set") return Set(content);
-    if (kind == "textSymbol") return Object(TextSymbol(content));
-    if (kind == "fillSymbol") return Object(FillSymbol(content));
-    if (kind == "lineSymbol") return Object(LineSymbol(content));
-    if (kind == "integer") {
-        using Limits = std::numeric_limits<std::int16_t>;
-        return static_cast<std::int16_t>(content.Whole(Limits::min(), Limits::max()));
-    }
-    if (kind == "double") return content.Number();
-    if (kind == "empty") return host::Empty{};
-    if (kind == "object") return NoObject(content);
-    content.Fail("no kind of value has this name");
-}
-
-Object ValueReader::Set(const JsonNode& node) const {
-    if (node.Nesting() > kDeepestNesting) node.Fail("sets stand too deep inside one another");
-    if (auto texts = TextsIn(node)) return std::make_shared<PropertySet>(std::move(texts));
-    auto set = std::make_shared<PropertySet>();
-    EachEntry(node, [&](const JsonNode& item, std::string_view name, const JsonNode& value) {
-        if (!set->Append(name, Value(value))) FailRepeated(item, name);
-    });
-    return set;
-}
-
-host::Ref<host::IHostTextSymbol> ValueReader::TextSymbol(const JsonNode& node) const {
-    auto symbol = std::make_shared<desk::TextSymbol>(engine_);
-    symbol->SetFont(FontIn(node.Member("font")));
-    symbol->SetColor(ColorIn(node.Member("color")));
-    symbol->SetHorizontalPlacement(node.Member("horizontal").Whole(0, 3));
-    symbol->SetVerticalPlacement(node.Member("vertical").Whole(0, 3));
-    symbol->SetAngle(node.Member("angle").Number());
-    symbol->SetText(std::string(node.Member("text").Text()));
-    return symbol;
-}
-
-host::Ref<host::IHostLineSymbol> ValueReader::LineSymbol(const JsonNode& node) const {
-    auto symbol = std::make_shared<desk::LineSymbol>();
-    symbol->SetColor(ColorIn(node.Member("color")));
-    return symbol;
-}
-
-host::Ref<host::IHostFillSymbol> ValueReader::FillSymbol(const JsonNode& node) const {
-    auto symbol = std::make_shared<desk::FillSymbol>();
-    symbol->SetColor(ColorIn(node.Member("color")));
-    if (const auto outline = node.Optional("outline")) symbol->SetOutline(LineSymbol(*outline));
-    return symbol;
-}
-
-Element ReadElement(const JsonNode& node, const ValueReader& values);
 
 template <std::size_t Size>
 std::array<double, Size> Numbers(const JsonNode& node) {
@@ -213,68 +193,55 @@ host::Ref<host::IHostGeometry> AnyGeometryIn(const JsonNode& node) {
     return EnvelopeIn(node);
 }
 
-template <class Kind>
-void ReadCommon(const JsonNode& node, const ValueReader& values, Kind& element) {
-    element.SetName(std::string(node.Member("tag").Text()));
+/// Reads into a new element what every kind has.
+template <class Kind, class GeometryReader>
+std::shared_ptr<Kind> ReadCommon(const JsonNode& node, Engine engine, std::shared_ptr<Kind> element,
+                                 GeometryReader readGeometry) {
+    element->SetName(std::string(node.Member("tag").Text()));
     if (const auto custom = node.Optional("custom"))
-        element.SetCustomProperty(values.Value(*custom));
+        element->SetCustomProperty(ReadValue(*custom, engine));
+    if (const auto geometry = node.Optional("geometry"))
+        element->SetGeometry(readGeometry(*geometry));
+    return element;
 }
 
-Element ReadGroup(const JsonNode& node, const ValueReader& values) {
-    auto group = std::make_shared<GroupElement>();
-    ReadCommon(node, values, *group);
-    if (const auto geometry = node.Optional("geometry"))
-        group->SetGeometry(AnyGeometryIn(*geometry));
+Element ReadGroup(const JsonNode& node, Engine engine) {
+    const auto group = ReadCommon(node, engine, std::make_shared<GroupElement>(), AnyGeometryIn);
     group->SetDraft(node.Member("draft").Flag());
     const auto members = node.Member("members");
     if (members.Nesting() > kDeepestNesting)
         members.Fail("groups stand too deep inside one another");
-    members.Each([&](const JsonNode& member) { group->Add(ReadElement(member, values)); });
+    members.Each([&](const JsonNode& member) { group->Add(ReadElement(member, engine)); });
     return group;
 }
 
-Element ReadText(const JsonNode& node, const ValueReader& values) {
-    auto text = std::make_shared<TextElement>(values.Engine());
-    ReadCommon(node, values, *text);
-    if (const auto geometry = node.Optional("geometry")) text->SetGeometry(PointIn(*geometry));
+Element ReadText(const JsonNode& node, Engine engine) {
+    const auto text = ReadCommon(node, engine, std::make_shared<TextElement>(engine), PointIn);
     text->SetText(std::string(node.Member("text").Text()));
     text->SetScaleWithPage(node.Member("scaleWithPage").Flag());
-    text->SetSymbol(values.TextSymbol(node.Member("symbol")));
+    text->SetSymbol(ReadTextSymbol(node.Member("symbol"), engine));
     return text;
 }
 
-Element ReadRectangle(const JsonNode& node, const ValueReader& values) {
-    auto rectangle = std::make_shared<RectangleElement>();
-    ReadCommon(node, values, *rectangle);
-    if (const auto geometry = node.Optional("geometry"))
-        rectangle->SetGeometry(EnvelopeIn(*geometry));
-    rectangle->SetSymbol(values.FillSymbol(node.Member("symbol")));
+Element ReadRectangle(const JsonNode& node, Engine engine) {
+    const auto rectangle =
+        ReadCommon(node, engine, std::make_shared<RectangleElement>(), EnvelopeIn);
+    rectangle->SetSymbol(ReadFillSymbol(node.Member("symbol")));
     return rectangle;
-}
-
-Element ReadMapFrame(const JsonNode& node, const ValueReader& values) {
-    auto frame = std::make_shared<MapFrame>();
-    ReadCommon(node, values, *frame);
-    if (const auto geometry = node.Optional("geometry"))
-        frame->SetGeometry(AnyGeometryIn(*geometry));
-    return frame;
-}
-
-Element ReadElement(const JsonNode& node, const ValueReader& values) {
-    const auto kind = node.Member("kind");
-    const std::string_view name = kind.Text();
-    if (name == "group") return ReadGroup(node, values);
-    if (name == "text") return ReadText(node, values);
-    if (name == "rectangle") return ReadRectangle(node, values);
-    if (name == "mapFrame") return ReadMapFrame(node, values);
-    kind.Fail("no kind of element has this name");
 }
 
 }  // namespace
 
 host::Ref<host::IHostElement> ReadElement(const JsonNode& node,
                                           const std::shared_ptr<TextEngine>& engine) {
-    return ReadElement(node, ValueReader(engine));
+    const auto kind = node.Member("kind");
+    const std::string_view name = kind.Text();
+    if (name == "group") return ReadGroup(node, engine);
+    if (name == "text") return ReadText(node, engine);
+    if (name == "rectangle") return ReadRectangle(node, engine);
+    if (name == "mapFrame")
+        return ReadCommon(node, engine, std::make_shared<MapFrame>(), AnyGeometryIn);
+    kind.Fail("no kind of element has this name");
 }
 
 }  // namespace desk

@@ -32,7 +32,9 @@ void WriteFont(JsonWriter& writer, const host::IHostFont& font) {
     writer.EndObject();
 }
 
+/// Writes the member "color".
 void WriteColor(JsonWriter& writer, const host::IHostColor& color) {
+    writer.Key("color");
     writer.BeginObject();
     writer.Member("rgb", ColorText(color.RGB()));
     writer.Member("transparent", color.Transparent());
@@ -43,7 +45,6 @@ void WriteTextSymbol(JsonWriter& writer, const host::IHostTextSymbol& symbol) {
     writer.BeginObject();
     writer.Key("font");
     WriteFont(writer, *symbol.Font());
-    writer.Key("color");
     WriteColor(writer, *symbol.Color());
     writer.Member("horizontal", symbol.HorizontalPlacement());
     writer.Member("vertical", symbol.VerticalPlacement());
@@ -54,14 +55,12 @@ void WriteTextSymbol(JsonWriter& writer, const host::IHostTextSymbol& symbol) {
 
 void WriteLineSymbol(JsonWriter& writer, const host::IHostLineSymbol& symbol) {
     writer.BeginObject();
-    writer.Key("color");
     WriteColor(writer, *symbol.Color());
     writer.EndObject();
 }
 
 void WriteFillSymbol(JsonWriter& writer, const host::IHostFillSymbol& symbol) {
     writer.BeginObject();
-    writer.Key("color");
     WriteColor(writer, *symbol.Color());
     if (const auto outline = symbol.Outline()) {
         writer.Key("outline");
@@ -94,71 +93,63 @@ public:
         writer_.EndObject();
     }
     void operator()(std::string_view value) { writer_.Text(value); }
-    void operator()(const host::Ref<host::IHostObject>& object);
+    void operator()(const host::Ref<host::IHostObject>& object) {
+        writer_.BeginObject();
+        if (!object) {
+            writer_.Key("object");
+            writer_.Null();
+        } else if (const auto set = host::As<host::IHostPropertySet>(object)) {
+            Set(*set);
+        } else if (const auto text = host::As<host::IHostTextSymbol>(object)) {
+            writer_.Key("textSymbol");
+            WriteTextSymbol(writer_, *text);
+        } else if (const auto fill = host::As<host::IHostFillSymbol>(object)) {
+            writer_.Key("fillSymbol");
+            WriteFillSymbol(writer_, *fill);
+        } else if (const auto line = host::As<host::IHostLineSymbol>(object)) {
+            writer_.Key("lineSymbol");
+            WriteLineSymbol(writer_, *line);
+        } else {
+            throw host::Failure(host::kFailureTypeMismatch, "desk::WriteValue",
+                                "an object in it is of a kind that a document cannot hold");
+        }
+        writer_.EndObject();
+    }
 
 private:
-    void Set(const host::IHostPropertySet& set);
-    void SetItems(const host::IHostPropertySet& set);
-    void Item(std::string_view name, const auto& value);
+    void Set(const host::IHostPropertySet& set) {
+        if (depth_ >= kDeepestNesting) {
+            throw host::Failure(host::kFailureOverflow, "desk::WriteValue",
+                                "property sets stand inside one another without end");
+        }
+        ++depth_;
+        writer_.Key("set");
+        writer_.BeginArray();
+        SetItems(set);
+        writer_.EndArray();
+        --depth_;
+    }
+    void SetItems(const host::IHostPropertySet& set) {
+        if (const auto* own = dynamic_cast<const PropertySet*>(&set)) {
+            own->Visit([this](std::string_view name, const auto& value) { Item(name, value); });
+            return;
+        }
+        const auto items = set.AllItems();
+        for (std::size_t i = 0; i < items.names.size(); ++i) Item(items.names[i], items.values[i]);
+    }
+    void Item(std::string_view name, const auto& value) {
+        writer_.NewLine();
+        writer_.BeginArray();
+        writer_.Text(name);
+        Value(value);
+        writer_.EndArray();
+    }
     void Value(std::string_view value) { (*this)(value); }
     void Value(const host::Variant& value) { std::visit(*this, value); }
 
     JsonWriter& writer_;
     int depth_ = 0;
 };
-
-void ValueWriter::operator()(const host::Ref<host::IHostObject>& object) {
-    writer_.BeginObject();
-    if (!object) {
-        writer_.Key("object");
-        writer_.Null();
-    } else if (const auto set = host::As<host::IHostPropertySet>(object)) {
-        Set(*set);
-    } else if (const auto text = host::As<host::IHostTextSymbol>(object)) {
-        writer_.Key("textSymbol");
-        WriteTextSymbol(writer_, *text);
-    } else if (const auto fill = host::As<host::IHostFillSymbol>(object)) {
-        writer_.Key("fillSymbol");
-        WriteFillSymbol(writer_, *fill);
-    } else if (const auto line = host::As<host::IHostLineSymbol>(object)) {
-        writer_.Key("lineSymbol");
-        WriteLineSymbol(writer_, *line);
-    } else {
-        throw host::Failure(host::kFailureTypeMismatch, "desk::WriteValue",
-                            "an object in it is of a kind that a document cannot hold");
-    }
-    writer_.EndObject();
-}
-
-void ValueWriter::Set(const host::IHostPropertySet& set) {
-    if (depth_ >= kDeepestNesting) {
-        throw host::Failure(host::kFailureOverflow, "desk::WriteValue",
-                            "property sets stand inside one another without end");
-    }
-    ++depth_;
-    writer_.Key("set");
-    writer_.BeginArray();
-    SetItems(set);
-    writer_.EndArray();
-    --depth_;
-}
-
-void ValueWriter::SetItems(const host::IHostPropertySet& set) {
-    if (const auto* own = dynamic_cast<const PropertySet*>(&set)) {
-        own->Visit([this](std::string_view name, const auto& value) { Item(name, value); });
-        return;
-    }
-    const auto items = set.AllItems();
-    for (std::size_t i = 0; i < items.names.size(); ++i) Item(items.names[i], items.values[i]);
-}
-
-void ValueWriter::Item(std::string_view name, const auto& value) {
-    writer_.NewLine();
-    writer_.BeginArray();
-    writer_.Text(name);
-    Value(value);
-    writer_.EndArray();
-}
 
 void WriteValue(JsonWriter& writer, const host::Variant& value) {
     std::visit(ValueWriter(writer), value);

@@ -111,30 +111,6 @@ void JsonWriter::Null() {
     out_ += "null";
 }
 
-void JsonWriter::Member(std::string_view key, std::string_view text) {
-    Key(key);
-    Text(text);
-}
-
-void JsonWriter::Member(std::string_view key, bool flag) {
-    Key(key);
-    Flag(flag);
-}
-
-void JsonWriter::Member(std::string_view key, std::int32_t number) {
-    Member(key, std::int64_t{number});
-}
-
-void JsonWriter::Member(std::string_view key, std::int64_t number) {
-    Key(key);
-    Whole(number);
-}
-
-void JsonWriter::Member(std::string_view key, double number) {
-    Key(key);
-    Number(number);
-}
-
 std::string JsonWriter::Mended(std::string_view text) const {
     throw host::Failure(host::kFailureTypeMismatch, "JsonWriter",
                         "the text \"" + Shown(text) + "\" is not valid UTF-8");

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace desk {
@@ -44,12 +45,19 @@ public:
     void Number(double number);
     void Null();
 
-    void Member(std::string_view key, std::string_view text);
-    void Member(std::string_view key, const char* text) { Member(key, std::string_view(text)); }
-    void Member(std::string_view key, bool flag);
-    void Member(std::string_view key, std::int32_t number);
-    void Member(std::string_view key, std::int64_t number);
-    void Member(std::string_view key, double number);
+    /// Writes a key with a text, a flag or a number.
+    template <class Value>
+    void Member(std::string_view key, const Value& value) {
+        Key(key);
+        if constexpr (std::is_same_v<Value, bool>)
+            Flag(value);
+        else if constexpr (std::is_integral_v<Value>)
+            Whole(value);
+        else if constexpr (std::is_floating_point_v<Value>)
+            Number(value);
+        else
+            Text(value);
+    }
 
 protected:
     /// What is written in place of bytes that are not valid UTF-8. Fails unless it is overridden.

@@ -201,10 +201,6 @@ host::Ref<host::IHostFields> DbfTable::Fields() const {
     return fields;
 }
 
-std::int32_t DbfTable::FindField(const std::string& name) const {
-    return schema_->names.Find(name);
-}
-
 host::Ref<host::IHostCursor> DbfTable::Search(const host::Ref<host::IHostQueryFilter>& filter,
                                               bool recycling) {
     RequireEveryRow(filter);

@@ -25,7 +25,9 @@ public:
     explicit DbfTable(const std::string& path);
 
     host::Ref<host::IHostFields> Fields() const override;
-    std::int32_t FindField(const std::string& name) const override;
+    std::int32_t FindField(const std::string& name) const override {
+        return schema_->names.Find(name);
+    }
     host::Ref<host::IHostCursor> Search(const host::Ref<host::IHostQueryFilter>& filter,
                                         bool recycling) override;
     host::Ref<host::IHostCursor> Insert(bool useBuffering) override;

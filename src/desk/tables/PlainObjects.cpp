@@ -7,10 +7,6 @@
 
 namespace desk {
 
-std::int32_t Fields::FieldCount() const {
-    return static_cast<std::int32_t>(fields_.size());
-}
-
 void Fields::SetFieldCount(std::int32_t count) {
     fields_.resize(static_cast<std::size_t>(count < 0 ? 0 : count));
 }

@@ -47,7 +47,7 @@ private:
 
 class Fields : public host::IHostFields {
 public:
-    std::int32_t FieldCount() const override;
+    std::int32_t FieldCount() const override { return static_cast<std::int32_t>(fields_.size()); }
     /// New places hold no field until SetField.
     void SetFieldCount(std::int32_t count) override;
     host::Ref<host::IHostField> Field(std::int32_t index) const override;

@@ -78,7 +78,9 @@ public:
         if (index < 0 || static_cast<std::size_t>(index) >= table_->FieldCount())
             Fail(host::kFailureNotFound, "The table " + table_->Name() + " has no field number " +
                                              std::to_string(index) + ".");
-        return table_->Value(row_, static_cast<std::size_t>(index));
+        host::Variant value;
+        table_->Value(row_, static_cast<std::size_t>(index), value);
+        return value;
     }
     void SetValue(std::int32_t, host::Variant) override {
         Fail(host::kFailureUnspecified,
@@ -175,14 +177,6 @@ ScratchTable::ScratchTable(std::string name, const host::Ref<host::IHostFields>&
     fields_ = copy;
 }
 
-host::Ref<host::IHostFields> ScratchTable::Fields() const {
-    return fields_;
-}
-
-std::int32_t ScratchTable::FindField(const std::string& name) const {
-    return names_.Find(name);
-}
-
 host::Ref<host::IHostCursor> ScratchTable::Search(const host::Ref<host::IHostQueryFilter>& filter,
                                                   bool recycling) {
     RequireEveryRow(filter);
@@ -200,12 +194,6 @@ host::Ref<host::IHostRow> ScratchTable::CreateRowBuffer() {
     else
         buffer_ = std::make_shared<ScratchBuffer>(FieldCount());
     return buffer_;
-}
-
-host::Variant ScratchTable::Value(std::size_t row, std::size_t field) const {
-    host::Variant value;
-    Value(row, field, value);
-    return value;
 }
 
 const host::Variant& ScratchTable::Value(std::size_t row, std::size_t field,
@@ -242,10 +230,6 @@ void ScratchTable::Append(const host::Ref<host::IHostRow>& buffer) {
     ++rowCount_;
     row->SetOID(static_cast<std::int32_t>(rowCount_));
 }
-
-ScratchWorkspace::ScratchWorkspace() : tables_(std::make_shared<TableList>()) {}
-
-ScratchWorkspace::~ScratchWorkspace() = default;
 
 host::Ref<host::IHostTable> ScratchWorkspace::OpenTable(const std::string& name) {
     const auto table = FindTable(*tables_, name);

@@ -69,24 +69,6 @@ void TableSort::SetTable(const host::Ref<host::IHostTable>& table) {
     order_.clear();
 }
 
-void TableSort::SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) {
-    filter_ = filter;
-}
-
-void TableSort::SetFields(const std::string& fields) {
-    fields_ = fields;
-}
-
-void TableSort::SetAscending(const std::string& field, bool ascending) {
-    ascending_[field] = ascending;
-}
-
-void TableSort::SetFieldOption(const std::string&, bool) {}
-
-void TableSort::SetCallback(const host::Ref<host::ITableSortCallBack>& callback) {
-    callback_ = callback;
-}
-
 std::vector<SortKey::Field> TableSort::Keys() const {
     std::vector<SortKey::Field> keys;
     for (std::size_t start = 0; start < fields_.size();) {
