@@ -61,7 +61,7 @@ Object AnySymbol() {
     color->SetTransparent(*rc::gen::arbitrary<bool>());
     const auto line = std::make_shared<desk::LineSymbol>();
     line->SetColor(color);
-    const int kind = *rc::gen::inRange(0, 4);
+    const int kind = *rc::gen::element(0, 1, 2, 3);
     if (kind == 0) return line;
     if (kind <= 2) {
         const auto fill = std::make_shared<desk::FillSymbol>();
