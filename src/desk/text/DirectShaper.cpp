@@ -79,6 +79,7 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
                                              LastLine* last, const Visitor& visit) {
     std::size_t dots = CountDotsBehindRuns(line);
     std::string_view cut = line.substr(0, line.size() - dots);
+    if (const auto width = last ? last->Width(font.number, cut, dots) : std::nullopt) return width;
     const PlainClass script = PlainScript(cut, font.plain);
     if (script == PlainClass::None) return std::nullopt;
     const Hand& hand = HandOf(font, script);
@@ -99,9 +100,12 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
             cut = line;
             end = cut.size();
             dots = 0;
+            last = nullptr;
             run = &FindInLine(hand, cut, start, end);
         }
         if (!run->hasGlyphs) return std::nullopt;
+        if (last && end == cut.size())
+            last->End(pen + run->width, hand.cutsLeaders ? run->dotStep : 0);
         take(*run, end == cut.size() ? dots : 0);
     }
     return pen;
@@ -143,6 +147,7 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
     if (font != font_ || script != script_) text_.clear();
     font_ = font;
     script_ = script;
+    width_.reset();
     const std::size_t differ = line.starts_with(text_)
                                    ? text_.size()
                                    : std::ranges::mismatch(text_, line).in2 - line.begin();

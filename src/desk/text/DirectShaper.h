@@ -46,16 +46,30 @@ private:
             std::size_t start = 0;
             GlyphUnits x = 0;
         };
+        /// Width of the line with so many dots behind it, if it is this one and that is known.
+        std::optional<GlyphUnits> Width(std::uint32_t font, std::string_view line,
+                                        std::size_t dots) const {
+            if (!width_ || font != font_ || line != text_) return std::nullopt;
+            if (dots > 0 && dotStep_ == 0) return std::nullopt;
+            return *width_ + static_cast<GlyphUnits>(dots) * dotStep_;
+        }
         /// Where the first word begins that differs in the next line.
         Place Skip(std::uint32_t font, PlainClass script, std::string_view line);
         /// A further word of that line, with the blank before it.
         void Add(const Place& word) { words_.push_back(word); }
+        /// Its width, and what each further dot adds; 0 where that is not known.
+        void End(GlyphUnits width, int dotStep) {
+            width_ = width;
+            dotStep_ = dotStep;
+        }
 
     private:
         std::uint32_t font_ = 0;
         PlainClass script_ = PlainClass::None;
         std::string text_;
         std::vector<Place> words_;
+        std::optional<GlyphUnits> width_;
+        int dotStep_ = 0;
     };
 
     const Hand& HandOf(const ResolvedFont& font, PlainClass script);
