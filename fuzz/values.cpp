@@ -24,25 +24,23 @@ using fuzz::Require;
 
 constexpr int kMostLines = 40;
 
-class QuietDialogs final : public app::NotedDialogs {
+class QuietDialogs final : public host::IHostDialogs {
 public:
+    host::MessageAnswer MessageBox(const host::MessageBoxRequest&) override {
+        return host::MessageAnswer::Yes;
+    }
     std::optional<std::string> InputBox(const std::string&, const std::string&,
                                         const std::string&) override {
         return std::nullopt;
     }
     void Beep() override {}
-
-protected:
-    host::MessageAnswer Show(const host::MessageBoxRequest&) override {
-        return host::MessageAnswer::Yes;
-    }
 };
 
 app::OpenDocument NewWork() {
     desk::DeskOptions options;
     options.locale = "en_US";
-    return {options, std::make_shared<QuietDialogs>(),
-            [](const std::string& sentence) { fuzz::RequireText(sentence, "a caution"); }};
+    options.dialogs = std::make_shared<QuietDialogs>();
+    return {options, [](const std::string& sentence) { fuzz::RequireText(sentence, "a caution"); }};
 }
 
 /// As Attempt, for code that also has the two ways of failing of the command line. These repeat
@@ -83,7 +81,7 @@ void AddColumn(app::OpenDocument& work, app::SettingsEdit& edit, const std::stri
     const std::string name = gazetteer::CleanColumnName(locale, text);
     auto& settings = edit.Settings();
     if (name.empty() || !gazetteer::FindColumn(locale, settings, name).empty()) return;
-    gazetteer::AddColumn(work.Host(), settings, name, edit.CurrentColumn());
+    edit.AddColumn(name);
     Require(gazetteer::FindColumn(locale, settings, name) == name, "a new column is not found");
 }
 

@@ -1,35 +1,171 @@
-#include "app/commands/CommandLine.h"
-
+#include <CLI/CLI.hpp>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
 #include "app/commands/Commands.h"
-#include "app/commands/ConsoleDialogs.h"
+#include "app/commands/Console.h"
 #include "app/commands/HelpTexts.h"
+#include "app/document/ArgumentParser.h"
 #include "app/document/Errors.h"
+#include "desk/drawing/PageWriter.h"
 #include "support/ErrorHandling.h"
 
 namespace app {
 namespace {
 
-void AddCommands(Arguments program) {
-    AddMake(program);
-    AddNew(program);
-    AddSet(program);
-    AddColumn(program);
-    AddCheck(program);
-    AddGenerate(program);
-    AddShow(program);
-    AddDraft(program);
-    AddDraw(program);
-    AddExport(program);
-    AddTable(program);
-    AddComponent(program);
-    program.Help(kProgramHelp);
+// The commands with their arguments, and the command that was chosen.
+class Commands {
+public:
+    Commands();
+
+    CLI::App& Program() { return program_; }
+    int RunChosen() const { return chosen_(options_); }
+
+private:
+    static CLI::App& AddParent(CLI::App& parent, const char* name, const char* text);
+    CLI::App& Add(CLI::App& parent, const char* name, const char* text, Command* run);
+    CLI::App& AddForDocument(CLI::App& parent, const char* name, const char* text, Command* run);
+    void AddNewDocumentOptions(CLI::App& command);
+    void AddMake();
+    void AddEditing();
+    void AddColumn();
+    void AddResults();
+    void AddPages();
+    void AddOthers();
+
+    CLI::App program_{"Makes the printed index of a map book from a table of listings.",
+                      "gazetteer"};
+    Options options_;
+    Command* chosen_ = nullptr;
+};
+
+Commands::Commands() {
+    program_.set_version_flag("--version", GAZETTEER_VERSION);
+    program_.require_subcommand(1);
+    AddMake();
+    AddEditing();
+    AddColumn();
+    AddResults();
+    AddPages();
+    AddOthers();
+    // Last, since commands without a text take over that of their parent.
+    program_.footer(HelpText("gazetteer"));
 }
 
-// Results count only once they have left the program.
+CLI::App& Commands::AddParent(CLI::App& parent, const char* name, const char* text) {
+    auto& command = *parent.add_subcommand(name, text);
+    const std::string help = HelpText(name);
+    if (!help.empty()) command.footer(help);
+    return command;
+}
+
+CLI::App& Commands::Add(CLI::App& parent, const char* name, const char* text, Command* run) {
+    auto& command = AddParent(parent, name, text);
+    command.callback([this, run] { chosen_ = run; });
+    AddText(command, "--locale", options_.locale,
+            "Locale for sorting and numbers, such as is, de_DE or de@collation=phonebook "
+            "(default: yours)");
+    command.add_flag("--verbose", options_.verbose, "Show whole call stacks of failures");
+    return command;
+}
+
+CLI::App& Commands::AddForDocument(CLI::App& parent, const char* name, const char* text,
+                                   Command* run) {
+    auto& command = Add(parent, name, text, run);
+    command
+        .add_option("DOC", options_.document, "The document, a file that new or make has written")
+        ->required();
+    return command;
+}
+
+void Commands::AddNewDocumentOptions(CLI::App& command) {
+    command.add_option("--book", options_.book, "Map book file that the document belongs to");
+    AddText(command, "--page-size", options_.pageSize, "letter, a4 or WIDTHxHEIGHT in inches");
+    AddText(command, "--frame", options_.frame,
+            "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches");
+    AddText(command, "--set", options_.assignments,
+            "KEY=VALUE, as for the command set (repeatable)")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    command.add_flag("--sample", options_.sample, "Generate a sample page only");
+}
+
+void Commands::AddMake() {
+    auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
+    make.add_option("LISTINGS", options_.listingDatabase, "Listing database, a dBase table")
+        ->required();
+    make.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
+        ->required();
+    make.add_option("--document", options_.document, "Keep the document under this name");
+    AddNewDocumentOptions(make);
+}
+
+void Commands::AddEditing() {
+    auto& create = Add(program_, "new", "Make a new document with the default columns", New);
+    create.add_option("DOC", options_.document, "The document to write")->required();
+    create
+        .add_option("--listing-database", options_.listingDatabase,
+                    "Listing database, a dBase table")
+        ->required();
+    create.add_flag("--force", options_.force, "Replace a document that exists");
+    AddNewDocumentOptions(create);
+
+    auto& set = AddForDocument(program_, "set", "Change properties, as on the property page", Set);
+    AddText(set, "KEY=VALUE", options_.assignments, "What to change")->required();
+}
+
+void Commands::AddColumn() {
+    auto& column = AddParent(program_, "column", "Add, remove or list columns");
+    column.require_subcommand(1);
+    auto& add = AddForDocument(column, "add", "Add a column", ColumnAdd);
+    AddText(add, "NAME", options_.column, "Name of the column")->required();
+    AddText(add, "KEY=VALUE", options_.assignments, "Properties of the column");
+    auto& remove = AddForDocument(column, "remove", "Remove a column", ColumnRemove);
+    AddText(remove, "NAME", options_.column, "Name of the column")->required();
+    AddForDocument(column, "list", "List the columns with their properties", ColumnList)
+        .add_flag("--json", options_.json, "As JSON");
+}
+
+void Commands::AddResults() {
+    AddForDocument(program_, "check", "Say whether the gazetteer can be drawn, and if not, why",
+                   Check)
+        .add_flag("--json", options_.json, "As JSON");
+    AddForDocument(program_, "generate", "Reload the stored results, or run and store them",
+                   Generate);
+    AddForDocument(program_, "show", "Show page count, default page and the name of each page",
+                   Show)
+        .add_flag("--json", options_.json, "As JSON, with all listings");
+}
+
+void Commands::AddPages() {
+    AddForDocument(program_, "draft", "Take the drawn page away and set the draft state", Draft);
+
+    auto& draw = AddForDocument(program_, "draw", "Draw one page into the gazetteer's frame", Draw);
+    draw.add_option("--page", options_.page, "Page to draw, from 1")->required();
+    draw.add_flag("--json", options_.json, "Print the element tree; the document stays");
+    draw.add_option("-o,--output", options_.output,
+                    "Write the sheet to a " + desk::PageEndings() + " file; the document stays");
+
+    auto& output = AddForDocument(program_, "export", "Write pages as sheets", Export);
+    output.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
+        ->required();
+    AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
+}
+
+void Commands::AddOthers() {
+    auto& table = Add(program_, "table", "Show how a dBase table is read", Table);
+    table.add_option("FILE", options_.table, "The table")->required();
+    table.add_flag("--json", options_.json, "As JSON");
+    table.add_option("--limit", options_.limit, "Show at most this many rows")->check(CheckCount);
+
+    auto& component = AddParent(program_, "component", "Enter the property page with the desk");
+    component.require_subcommand(1);
+    Add(component, "install", "Enter it", InstallComponent);
+    Add(component, "uninstall", "Take it out", UninstallComponent);
+}
+
+// A command has succeeded only once its results have left the program.
 int CheckResultsWritten(int exitStatus) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return exitStatus;
     throw CommandError(std::string("The results cannot be written: ") + std::strerror(errno) + ".");
@@ -37,39 +173,11 @@ int CheckResultsWritten(int exitStatus) {
 
 }  // namespace
 
-Arguments AddCommand(Arguments& parent, const char* name, const char* text, CommandRun run) {
-    const auto common = std::make_shared<CommonOptions>();
-    auto command =
-        parent.AddCommand(name, text, [common, run = std::move(run)] { return run(*common); });
-    command.Text("--locale", common->locale,
-                 "Locale for sorting and numbers, such as is, de_DE or de@collation=phonebook "
-                 "(default: yours)");
-    command.Flag("--verbose", common->verbose, "Show whole call stacks of failures");
-    return command;
-}
-
-Arguments& AddDocument(Arguments& command, std::string& document) {
-    return command.Path("DOC", document, "The document, a file that new or make has written")
-        .Required();
-}
-
-void AddNewDocumentOptions(Arguments& command, NewDocumentOptions& options) {
-    command.Path("--book", options.book, "Map book file that the document belongs to")
-        .Text("--page-size", options.pageSize, "letter, a4 or WIDTHxHEIGHT in inches")
-        .Text("--frame", options.frame,
-              "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches")
-        .Texts("--set", options.assignments, "KEY=VALUE, as for the command set (repeatable)")
-        .Flag("--sample", options.sample, "Generate a sample page only");
-}
-
 int Run(int argc, const char* const* argv) {
-    ArgumentParser parser("gazetteer",
-                          "Makes the printed index of a map book from a table of listings.",
-                          GAZETTEER_VERSION);
-    AddCommands(parser.Program());
-    if (const auto status = parser.Parse(argc, argv)) return *status;
+    Commands commands;
+    if (const auto status = Parse(commands.Program(), argc, argv)) return *status;
     try {
-        return CheckResultsWritten(parser.RunChosen());
+        return CheckResultsWritten(commands.RunChosen());
     } catch (const AlreadyTold& told) {
         return told.exitStatus;
     } catch (const UsageError& error) {

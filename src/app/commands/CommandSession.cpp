@@ -2,8 +2,7 @@
 
 #include <memory>
 
-#include "app/commands/ConsoleDialogs.h"
-#include "app/commands/Progress.h"
+#include "app/commands/Console.h"
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
 
@@ -13,6 +12,7 @@ namespace {
 desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
     desk::DeskOptions desk;
     desk.locale = options.locale;
+    desk.dialogs = std::make_shared<ConsoleDialogs>(options.verbose);
     desk.listeners = ProgressListeners();
     return desk;
 }
@@ -20,7 +20,7 @@ desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
 }  // namespace
 
 CommandSession::CommandSession(const CommonOptions& options)
-    : document_(DeskOptionsOf(options), std::make_shared<ConsoleDialogs>(options.verbose), Warn) {}
+    : document_(DeskOptionsOf(options), Warn) {}
 
 CommandSession::~CommandSession() {
     const auto& engine = *document_.TheDesk().Text();
@@ -30,8 +30,7 @@ CommandSession::~CommandSession() {
 }
 
 OpenDocument& CommandSession::Open(const std::string& path) {
-    Look(path);
-    if (!document_.Chosen())
+    if (!Look(path).Chosen())
         throw CommandError("The document \"" + path + "\" has no gazetteer frame.");
     return document_;
 }
@@ -46,9 +45,8 @@ bool CommandSession::Bind() {
     manager.SetIndexElement(document_.Gazetteer());
     if (document_.Dialogs().TakeFailureShown()) return false;
     if (!manager.HasRun()) return true;
-    const auto warnings = RunWarnings(manager);
     Tell(RunSummary(manager));
-    for (const auto& warning : warnings) Warn(warning);
+    for (const auto& warning : RunWarnings(manager)) Warn(warning);
     return true;
 }
 

@@ -3,34 +3,38 @@
 #include <string>
 
 #include "app/document/OpenDocument.h"
-#include "app/document/Options.h"
 
 namespace app {
 
-/// One command's work on one document: what goes wrong ends the command, and what is odd is told on
-/// standard error.
+/// What every command takes.
+struct CommonOptions {
+    std::string locale;    ///< As IcuLocale takes it; empty: the user's.
+    bool verbose = false;  ///< Failures are shown with their call stack.
+};
+
+/// The work of one command on one document. Failures end the command; warnings go to standard
+/// error.
 class CommandSession {
 public:
     explicit CommandSession(const CommonOptions& options);
-    /// Tells what fonts stood in for others, and what no font has.
+    /// Warns of fonts that were replaced, and of characters that no font has.
     ~CommandSession();
     CommandSession(const CommandSession&) = delete;
     CommandSession& operator=(const CommandSession&) = delete;
 
     OpenDocument& Document() { return document_; }
 
-    /// Works on a document from disk. Fails for one without a gazetteer frame.
+    /// Reads a document. Throws for one that cannot be read or has no gazetteer frame.
     OpenDocument& Open(const std::string& path);
-    /// The same for commands that only tell about a document: one without a gazetteer frame is one
-    /// that cannot be drawn.
+    /// Reads a document that need not have a gazetteer frame.
     OpenDocument& Look(const std::string& path);
 
-    /// Binds the manager and tells what a run did. False after a failure, which the user has been
-    /// told of.
+    /// Binds the manager and prints what a run did. Returns false after a failure, which has been
+    /// shown.
     bool Bind();
-    /// Binds, or ends the command: with the reasons where the gazetteer cannot be drawn.
+    /// Binds the manager; throws, with the reasons, where the gazetteer cannot be drawn.
     void BindDrawable();
-    /// Fails if there is no page to draw.
+    /// Throws if there is no page to draw.
     void CheckHasPages();
 
 private:

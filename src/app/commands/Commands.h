@@ -1,35 +1,34 @@
 #pragma once
 
-#include <functional>
+#include <cstdint>
 #include <string>
 
-#include "app/document/ArgumentParser.h"
-#include "app/document/Options.h"
+#include "app/commands/CommandSession.h"
+#include "app/document/NewDocument.h"
 
-/// The commands, one file each: what it takes, and what it does.
 namespace app {
 
-void AddMake(Arguments& program);
-void AddNew(Arguments& program);
-void AddSet(Arguments& program);
-void AddColumn(Arguments& program);
-void AddCheck(Arguments& program);
-void AddGenerate(Arguments& program);
-void AddShow(Arguments& program);
-void AddDraft(Arguments& program);
-void AddDraw(Arguments& program);
-void AddExport(Arguments& program);
-void AddTable(Arguments& program);
-void AddComponent(Arguments& program);
+/// What the commands take, with its defaults. CommandLine.cpp declares which command takes what.
+struct Options : CommonOptions, NewDocumentOptions {
+    std::string document;
+    std::string table;
+    std::string column;
+    std::string output;
+    std::string pages;        ///< As ParsePages takes them.
+    std::int32_t page = 0;    ///< From 1.
+    std::int64_t limit = -1;  ///< Rows shown; negative: all.
+    bool json = false;
+    bool force = false;
+};
 
-/// What a command does. Answers the exit status; what goes wrong is raised.
-using CommandRun = std::function<int(const CommonOptions&)>;
+/// Each command returns the exit status, and throws what keeps it from being done.
+using Command = int(const Options& options);
+Command Make, New, Set, ColumnAdd, ColumnRemove, ColumnList;
+Command Check, Generate, Show, Draft, Draw, Export, Table;
+Command InstallComponent, UninstallComponent;
 
-/// Adds a command with the options that all commands take.
-Arguments AddCommand(Arguments& parent, const char* name, const char* text, CommandRun run);
-/// Adds the document that most commands work on.
-Arguments& AddDocument(Arguments& command, std::string& document);
-/// Adds what `make` and `new` take.
-void AddNewDocumentOptions(Arguments& command, NewDocumentOptions& options);
+/// Runs the command that the arguments name. Returns the exit status: 0 done, 1 it could not be
+/// done, 2 wrong usage; in the last two cases standard error has one sentence about it.
+int Run(int argc, const char* const* argv);
 
 }  // namespace app

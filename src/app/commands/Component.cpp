@@ -3,8 +3,7 @@
 #include <utility>
 
 #include "app/commands/Commands.h"
-#include "app/commands/ConsoleDialogs.h"
-#include "app/commands/HelpTexts.h"
+#include "app/commands/Console.h"
 #include "app/document/Errors.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"
@@ -14,7 +13,7 @@ namespace {
 
 constexpr char kLibrary[] = "gazetteer/libCVNGazetteer.so";
 
-// The library is loaded for this command alone, so that the program itself needs no display.
+// Only these commands load the library, so that the others need no display.
 desk::ComponentLibrary LoadLibrary() {
     const std::string path = desk::LibraryOfProgram(kLibrary);
     if (!std::filesystem::exists(path))
@@ -24,23 +23,22 @@ desk::ComponentLibrary LoadLibrary() {
     return desk::ComponentLibrary(path);
 }
 
-int Component(const CommonOptions& common, bool install) {
+int Register(const Options& given, bool install) {
     desk::DeskOptions options;
-    options.locale = common.locale;
-    options.dialogs = std::make_shared<ConsoleDialogs>(common.verbose);
+    options.locale = given.locale;
+    options.dialogs = std::make_shared<ConsoleDialogs>(given.verbose);
     LoadLibrary().Register(std::make_shared<desk::Desk>(std::move(options)), install);
     return kDone;
 }
 
 }  // namespace
 
-void AddComponent(Arguments& program) {
-    auto component = program.AddCommand("component", "Enter the property page with the desk");
-    component.Help(kComponentHelp);
-    AddCommand(component, "install", "Enter it",
-               [](const CommonOptions& common) { return Component(common, true); });
-    AddCommand(component, "uninstall", "Take it out",
-               [](const CommonOptions& common) { return Component(common, false); });
+int InstallComponent(const Options& options) {
+    return Register(options, true);
+}
+
+int UninstallComponent(const Options& options) {
+    return Register(options, false);
 }
 
 }  // namespace app

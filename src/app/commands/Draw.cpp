@@ -1,26 +1,102 @@
-#include <memory>
+#include <algorithm>
+#include <ranges>
 
-#include "app/commands/CommandSession.h"
 #include "app/commands/Commands.h"
-#include "app/commands/ElementTree.h"
-#include "app/commands/HelpTexts.h"
+#include "app/commands/JsonAnswer.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/KeyValues.h"
+#include "app/document/PageFurniture.h"
 #include "app/document/Sheets.h"
-#include "desk/drawing/PageWriter.h"
+#include "layout/RowElements.h"
 
 namespace app {
 namespace {
 
-struct DrawOptions {
-    std::string document;
-    std::int32_t page = 0;
-    bool json = false;
-    std::string output;
-};
+const char* KindOf(const host::Ref<host::IHostElement>& element) {
+    if (host::As<host::IHostGroupElement>(element)) return "group";
+    if (host::As<host::IHostTextElement>(element)) return "text";
+    if (host::As<host::IHostFilledElement>(element)) return "rectangle";
+    if (host::As<host::IHostMapFrame>(element)) return "mapFrame";
+    return "other";
+}
 
-void Print(OpenDocument& document, std::int32_t page) {
-    const auto& element = document.Gazetteer();
+void WriteBox(JsonAnswer& json, const char* key, const host::IHostEnvelope& box) {
+    json.Object(key, [&] {
+        json.Member("xmin", box.XMin());
+        json.Member("ymin", box.YMin());
+        json.Member("xmax", box.XMax());
+        json.Member("ymax", box.YMax());
+    });
+}
+
+void WriteText(JsonAnswer& json, const host::IHostTextElement& element) {
+    const auto at = host::As<host::IHostPoint>(element.Geometry());
+    auto& symbol = *element.Symbol();
+    json.Object("at", [&] {
+        json.Member("x", at->X());
+        json.Member("y", at->Y());
+    });
+    json.Member("text", element.Text());
+    json.Member("font", symbol.Font()->Name());
+    json.Member("size", symbol.Size());
+    json.Member("bold", symbol.Font()->Bold());
+    json.Member("color", ColorText(symbol.Color()->RGB()));
+    json.Member("horizontal", symbol.HorizontalPlacement());
+    json.Member("vertical", symbol.VerticalPlacement());
+    json.Member("angle", symbol.Angle());
+}
+
+void WriteFill(JsonAnswer& json, const host::IHostFilledElement& element) {
+    const auto& color = element.Symbol()->Color();
+    WriteBox(json, "bounds", *element.Geometry()->Bounds());
+    json.Key("fill");
+    if (color->Transparent())
+        json.Null();
+    else
+        json.Text(ColorText(color->RGB()));
+}
+
+void WriteMembers(JsonAnswer& json, host::IHost& host, const host::IHostGroupElement& group);
+
+void WriteGroup(JsonAnswer& json, host::IHost& host, const std::string& tag,
+                host::IHostGroupElement& group) {
+    if (tag != gazetteer::kColumnElementTag) {
+        const auto box = host.NewEnvelope();
+        group.MeasureBounds(host.NewApplication()->Document()->ActiveView()->Display(), box);
+        WriteBox(json, "bounds", *box);
+    }
+    WriteMembers(json, host, group);
+}
+
+void WriteMember(JsonAnswer& json, host::IHost& host, const host::Ref<host::IHostElement>& member) {
+    const std::string tag = gazetteer::TagOf(member);
+    json.Member("tag", tag);
+    const auto is = [&](std::initializer_list<const char*> tags) {
+        return std::ranges::find(tags, tag) != tags.end();
+    };
+    if (is({gazetteer::kTitleGroupTag, gazetteer::kBreakGroupTag, gazetteer::kRowGroupTag,
+            gazetteer::kColumnElementTag}))
+        if (const auto group = host::As<host::IHostGroupElement>(member))
+            return WriteGroup(json, host, tag, *group);
+    if (is({gazetteer::kColumnTextTag, gazetteer::kSampleLabelTag}))
+        if (const auto text = host::As<host::IHostTextElement>(member))
+            return WriteText(json, *text);
+    if (is({gazetteer::kColumnBackgroundTag}))
+        if (const auto fill = host::As<host::IHostFilledElement>(member))
+            return WriteFill(json, *fill);
+    json.Member("kind", KindOf(member));
+}
+
+// The members in member order: those of the gazetteer with box, text and symbols, lengths in
+// inches; others with their tag and kind alone.
+void WriteMembers(JsonAnswer& json, host::IHost& host, const host::IHostGroupElement& group) {
+    json.Objects("members", std::views::iota(0, group.Count()),
+                 [&](std::int32_t i) { WriteMember(json, host, group.Item(i)); });
+}
+
+void PrintTree(OpenDocument& document, std::int32_t page) {
+    const auto element = document.Gazetteer();
     PrintAnswer(1, [&](JsonAnswer& json) {
         json.Member("page", page);
         json.Member("pageCount", document.PageCount());
@@ -30,10 +106,12 @@ void Print(OpenDocument& document, std::int32_t page) {
     });
 }
 
-int Draw(const CommonOptions& common, const DrawOptions& options) {
+}  // namespace
+
+int Draw(const Options& options) {
     if (!options.output.empty()) CheckOutputName(options.output);
     CheckApart(options.output, {options.document});
-    CommandSession session(common);
+    CommandSession session(options);
     auto& document = session.Open(options.document);
     session.BindDrawable();
     session.CheckHasPages();
@@ -43,25 +121,9 @@ int Draw(const CommonOptions& common, const DrawOptions& options) {
     LabelSheet(document, options.page);
 
     if (!options.output.empty()) WriteDrawnPage(document, options.output, options.page);
-    if (options.json) Print(document, options.page);
+    if (options.json) PrintTree(document, options.page);
     if (options.output.empty() && !options.json) document.Save();
     return kDone;
-}
-
-}  // namespace
-
-void AddDraw(Arguments& program) {
-    const auto options = std::make_shared<DrawOptions>();
-    auto command =
-        AddCommand(program, "draw", "Draw one page into the gazetteer's frame",
-                   [options](const CommonOptions& common) { return Draw(common, *options); });
-    AddDocument(command, options->document)
-        .Number("--page", options->page, "Page to draw, from 1")
-        .Required()
-        .Flag("--json", options->json, "Print the element tree; the document stays")
-        .Path("-o,--output", options->output,
-              "Write the sheet to a " + desk::PageEndings() + " file; the document stays")
-        .Help(kDrawHelp);
 }
 
 }  // namespace app

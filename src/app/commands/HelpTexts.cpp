@@ -1,7 +1,6 @@
 #include "app/commands/HelpTexts.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "model/KeyNames.h"
 #include "model/Keys.h"
@@ -11,7 +10,57 @@ namespace {
 
 using gazetteer::ValueKind;
 
-constexpr char kSetHelp[] = R"(
+struct HelpRow {
+    std::string_view command;
+    const char* text;
+};
+
+// clang-format off
+constexpr HelpRow kTexts[] = {
+    {"gazetteer", R"(
+The main job in one step:
+  gazetteer make names.dbf -o index.pdf
+
+Step by step, with a document that keeps the settings:
+  gazetteer new index.json --listing-database names.dbf
+  gazetteer set index.json Listing.ColumnWidth=1.75 'Listing.Expression=[Listing]$$DOTS'
+  gazetteer check index.json
+  gazetteer generate index.json
+  gazetteer export index.json -o index.pdf
+
+Exit status: 0 done, 1 it could not be done, 2 wrong usage.
+`gazetteer COMMAND --help` tells more about a command.)"},
+
+    {"make", R"(
+The listing database is a dBase table with a field Page, and as a rule Listing, Row and Column.
+
+Beyond the default columns and properties, make sets what an index needs that goes to print:
+  CombineWithNewLine=false  CombineFirstAndLast=false  AddStartingBreak=true
+  *.ColumnFontSymbol=Liberation Sans,8        *.TitleFontSymbol=Liberation Sans,8,bold
+  *.BreakFontSymbol=Liberation Sans,9,bold    *.TitleBackgroundSymbol=#E6E6E6
+  *.MarginTop=0.003 *.MarginBottom=0.003 *.MarginLeft=0.02 *.MarginRight=0.02
+  *.BreakSpacing=0.08  RepeatSpacing=0.15
+  Listing.Expression=[Listing]$$DOTS
+  Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN with a no-break space, where the table has a grid
+  and widths with which column groups of at least 2.1 inches fill the frame: three on a Letter sheet
+and adds a running head and a sheet number to the sheet. --set comes after all of these.
+
+Examples:
+  gazetteer make names.dbf -o index.pdf
+  gazetteer make names.dbf -o index.pdf --page-size a4 --locale is
+  gazetteer make names.dbf -o index.pdf --set 'CombineDelimeter=; ' --set Listing.Title=Place
+  gazetteer make names.dbf -o sample.png --sample)"},
+
+    {"new", R"(
+Where the table has a field Listing the columns are Listing and Page, else Page alone.
+  gazetteer new index.json --listing-database names.dbf --page-size 6x9 --set SortColumns=false
+
+A document that belongs to a map book can show the book's page numbers and grid labels:
+  gazetteer new atlas.json --listing-database names.dbf --book book.json
+  gazetteer set atlas.json LinkToMapSeries=true MapSeriesSectionKey=maps \
+      MapSeriesTemplateKey=sheet 'MapSeriesFrameName=Main map' Page.FromDatabase=false)"},
+
+    {"set", R"(
 Keys are those that the document stores. A column's key has the column's name in front, or * for all
 columns. The value is all that follows the first =, blanks included.
   gazetteer set index.json SortColumns=false RepeatSpacing=0.2 'CombineDelimeter=; '
@@ -22,9 +71,59 @@ columns. The value is all that follows the first =, blanks included.
   gazetteer set index.json 'Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN'
 An expression is text with [Field], $$PAGE_NUMBER, $$ROW, $$COLUMN, $$DOTS and $$NEWLINE.
 Any change drops stored results. `gazetteer column list DOC` shows the values of all columns.
-)";
+)"},
 
-const char* FormOf(ValueKind kind) {
+    {"column", R"(
+A column's name has at most 8 characters and no blank. A new column looks like the first one.
+  gazetteer column add index.json Region 'Expression=[Region]' ColumnWidth=1.2
+  gazetteer column remove index.json Region
+  gazetteer column list index.json --json)"},
+
+    {"check", R"(
+  gazetteer check index.json --json      {"drawable": false, "reasons": ["..."]}
+The exit status is 0 in either case.)"},
+
+    {"generate", R"(
+  gazetteer generate index.json
+The results are stored in the document; later commands reload them. Any `set` or `column add` drops
+them. With AutoRefreshListings=true nothing is stored, and every command runs anew.)"},
+
+    {"show", R"(
+  gazetteer show index.json
+  gazetteer show index.json --json       with every listing; its rows are those of the pages
+A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` says why.)"},
+
+    {"draft", R"(
+  gazetteer draw index.json --page 3     the page stands in the document
+  gazetteer draft index.json             and is taken away again; the results stay)"},
+
+    {"draw", R"(
+  gazetteer draw index.json --page 3                 the page stands in the document, which is saved
+  gazetteer draw index.json --page 3 -o page.png     an image of the sheet
+  gazetteer draw index.json --page 3 --json          texts, fonts, fills and places in inches
+`export` writes all pages at once.)"},
+
+    {"export", R"(
+  gazetteer export index.json -o index.pdf              all pages, with bookmarks
+  gazetteer export index.json -o index.pdf --pages 2-5
+  gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)"},
+
+    {"table", R"(
+  gazetteer table names.dbf --limit 5
+The encoding is taken from a .cpg file beside the table, else from its header. Warnings tell of
+records that are missing or damaged.)"},
+
+    {"component", R"(
+  gazetteer component install
+The desk's window shows the property page for as long as it is entered. The component's library is
+looked for as ../lib/gazetteer/libCVNGazetteer.so beside the program, and loaded for this command
+alone. The list of what is entered is gazetteer-desk/components.json in your data folder.)"},
+};
+// clang-format on
+
+const char* FormOf(std::string_view key, ValueKind kind) {
+    if (key == gazetteer::keys::kAlignment || key == gazetteer::keys::kTitleAlignment)
+        return "Left, Center, Right, Justify";
     switch (kind) {
         case ValueKind::Boolean:
             return "true, false";
@@ -45,122 +144,27 @@ const char* FormOf(ValueKind kind) {
     return "text";
 }
 
-// What the page offers for a text; null where any text will do.
-const char* ChoicesOf(std::string_view key) {
-    const bool alignment =
-        key == gazetteer::keys::kAlignment || key == gazetteer::keys::kTitleAlignment;
-    return alignment ? "Left, Center, Right, Justify" : nullptr;
-}
-
 // The keys of a table that a user may set, one a line, with the form of their values.
-template <class Table>
-std::string Lines(const char* heading, const Table& table) {
+std::string Lines(const auto& table) {
     constexpr std::size_t kFormsFrom = 29;
-    std::string text = heading;
+    std::string text;
     for (const auto& key : table) {
         if (key.writer == gazetteer::Writer::Run) continue;
         std::string line = std::string("\n  ") + key.name;
         line.resize(std::max(line.size() + 1, kFormsFrom), ' ');
-        const char* const choices = ChoicesOf(key.name);
-        text += line + (choices ? choices : FormOf(key.kind));
+        text += line + FormOf(key.name, key.kind);
     }
     return text;
 }
 
 }  // namespace
 
-const char kProgramHelp[] = R"(
-The main job in one step:
-  gazetteer make names.dbf -o index.pdf
-
-Step by step, with a document that keeps the settings:
-  gazetteer new index.json --listing-database names.dbf
-  gazetteer set index.json Listing.ColumnWidth=1.75 'Listing.Expression=[Listing]$$DOTS'
-  gazetteer check index.json
-  gazetteer generate index.json
-  gazetteer export index.json -o index.pdf
-
-Exit status: 0 done, 1 it could not be done, 2 wrong usage.
-`gazetteer COMMAND --help` tells more about a command.)";
-
-const char kMakeHelp[] = R"(
-The listing database is a dBase table with a field Page, and as a rule Listing, Row and Column.
-
-Beyond the default columns and properties, make sets what an index needs that goes to print:
-  CombineWithNewLine=false  CombineFirstAndLast=false  AddStartingBreak=true
-  *.ColumnFontSymbol=Liberation Sans,8        *.TitleFontSymbol=Liberation Sans,8,bold
-  *.BreakFontSymbol=Liberation Sans,9,bold    *.TitleBackgroundSymbol=#E6E6E6
-  *.MarginTop=0.003 *.MarginBottom=0.003 *.MarginLeft=0.02 *.MarginRight=0.02
-  *.BreakSpacing=0.08  RepeatSpacing=0.15
-  Listing.Expression=[Listing]$$DOTS
-  Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN with a no-break space, where the table has a grid
-  and widths with which column groups of at least 2.1 inches fill the frame: three on a Letter sheet
-and adds a running head and a sheet number to the sheet. --set comes after all of these.
-
-Examples:
-  gazetteer make names.dbf -o index.pdf
-  gazetteer make names.dbf -o index.pdf --page-size a4 --locale is
-  gazetteer make names.dbf -o index.pdf --set 'CombineDelimeter=; ' --set Listing.Title=Place
-  gazetteer make names.dbf -o sample.png --sample)";
-
-const char kNewHelp[] = R"(
-Where the table has a field Listing the columns are Listing and Page, else Page alone.
-  gazetteer new index.json --listing-database names.dbf --page-size 6x9 --set SortColumns=false
-
-A document that belongs to a map book can show the book's page numbers and grid labels:
-  gazetteer new atlas.json --listing-database names.dbf --book book.json
-  gazetteer set atlas.json LinkToMapSeries=true MapSeriesSectionKey=maps \
-      MapSeriesTemplateKey=sheet 'MapSeriesFrameName=Main map' Page.FromDatabase=false)";
-
-const char kColumnHelp[] = R"(
-A column's name has at most 8 characters and no blank. A new column looks like the first one.
-  gazetteer column add index.json Region 'Expression=[Region]' ColumnWidth=1.2
-  gazetteer column remove index.json Region
-  gazetteer column list index.json --json)";
-
-const char kCheckHelp[] = R"(
-  gazetteer check index.json --json      {"drawable": false, "reasons": ["..."]}
-The exit status is 0 in either case.)";
-
-const char kGenerateHelp[] = R"(
-  gazetteer generate index.json
-The results are stored in the document; later commands reload them. Any `set` or `column add` drops
-them. With AutoRefreshListings=true nothing is stored, and every command runs anew.)";
-
-const char kShowHelp[] = R"(
-  gazetteer show index.json
-  gazetteer show index.json --json       with every listing; its rows are those of the pages
-A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` says why.)";
-
-const char kDraftHelp[] = R"(
-  gazetteer draw index.json --page 3     the page stands in the document
-  gazetteer draft index.json             and is taken away again; the results stay)";
-
-const char kDrawHelp[] = R"(
-  gazetteer draw index.json --page 3                 the page stands in the document, which is saved
-  gazetteer draw index.json --page 3 -o page.png     an image of the sheet
-  gazetteer draw index.json --page 3 --json          texts, fonts, fills and places in inches
-`export` writes all pages at once.)";
-
-const char kExportHelp[] = R"(
-  gazetteer export index.json -o index.pdf              all pages, with bookmarks
-  gazetteer export index.json -o index.pdf --pages 2-5
-  gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)";
-
-const char kTableHelp[] = R"(
-  gazetteer table names.dbf --limit 5
-The encoding is taken from a .cpg file beside the table, else from its header. Warnings tell of
-records that are missing or damaged.)";
-
-const char kComponentHelp[] = R"(
-  gazetteer component install
-The desk's window shows the property page for as long as it is entered. The component's library is
-looked for as ../lib/gazetteer/libCVNGazetteer.so beside the program, and loaded for this command
-alone. The list of what is entered is gazetteer-desk/components.json in your data folder.)";
-
-std::string SetHelp() {
-    return kSetHelp + Lines("\nProperties:", gazetteer::PropertyKeys()) +
-           Lines("\n\nProperties of a column:", gazetteer::ColumnKeys());
+std::string HelpText(std::string_view command) {
+    const auto* const row = std::ranges::find(kTexts, command, &HelpRow::command);
+    if (row == std::end(kTexts)) return {};
+    if (command != "set") return row->text;
+    return std::string(row->text) + "\nProperties:" + Lines(gazetteer::PropertyKeys()) +
+           "\n\nProperties of a column:" + Lines(gazetteer::ColumnKeys());
 }
 
 }  // namespace app

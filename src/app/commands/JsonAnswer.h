@@ -8,25 +8,25 @@
 
 namespace app {
 
-/// A command's answer as JSON, indented for people. U+FFFD stands for bytes of paths that are not
-/// UTF-8.
+/// The output of a command as indented JSON. Bytes that are not UTF-8, which paths may have, become
+/// U+FFFD.
 class JsonAnswer final : public desk::JsonWriter {
 public:
     using JsonWriter::JsonWriter;
 
     void Member(std::string_view key, const std::vector<std::string>& texts);
-    /// Null for infinities and NaN.
+    /// Writes null for infinities and NaN.
     void Member(std::string_view key, double number);
     using JsonWriter::Member;
 
-    /// A member that is an object with these members.
+    /// Writes a member that is an object; `writeMembers` writes what is in it.
     void Object(std::string_view key, const auto& writeMembers) {
         Key(key);
         BeginObject();
         writeMembers();
         EndObject();
     }
-    /// A member that is an array, with an object for each item.
+    /// Writes a member that is an array, with an object for each item.
     void Objects(std::string_view key, const auto& items, const auto& writeMembersOf) {
         Key(key);
         BeginArray();
@@ -42,9 +42,9 @@ protected:
     std::string Mended(std::string_view text) const override;
 };
 
-/// Prints an object with these members, as they come.
+/// Prints an object to standard output while its members are written.
 void StreamAnswer(int indentation, const std::function<void(JsonAnswer&)>& writeMembers);
-/// The same once they are complete, so that nothing is printed where writing them fails.
+/// Prints an object once it is complete, so that nothing is printed where writing it fails.
 void PrintAnswer(int indentation, const std::function<void(JsonAnswer&)>& writeMembers);
 
 }  // namespace app

@@ -1,23 +1,17 @@
 #include <cstdio>
-#include <memory>
 #include <ranges>
 
-#include "app/commands/CommandSession.h"
 #include "app/commands/Commands.h"
-#include "app/commands/HelpTexts.h"
 #include "app/commands/JsonAnswer.h"
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
+#include "app/document/SettingsEdit.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
 
+/// The commands that tell about a document.
 namespace app {
 namespace {
-
-struct ShowOptions {
-    std::string document;
-    bool json = false;
-};
 
 using gazetteer::ToObject;
 using host::IHostPropertySet;
@@ -58,7 +52,7 @@ void WriteResults(JsonAnswer& json, gazetteer::CVNGazetteerManager& manager) {
     WriteListings(json, *manager.Working().listings);
 }
 
-// The same keys where there are no results.
+// The same keys as WriteResults, for a gazetteer without results.
 void WriteNothing(JsonAnswer& json) {
     json.Member("drawable", false);
     json.Member("defaultPage", 0);
@@ -80,8 +74,48 @@ void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
         std::printf("%5d %s\n", page, std::get<std::string>(manager.PageName(page)).c_str());
 }
 
-int Show(const CommonOptions& common, const ShowOptions& options) {
-    CommandSession session(common);
+void WriteValue(JsonAnswer& json, const std::string& name, const host::Variant& value) {
+    if (const auto* flag = std::get_if<bool>(&value)) return json.Member(name, *flag);
+    if (const auto* number = std::get_if<double>(&value)) return json.Member(name, *number);
+    if (const auto* version = std::get_if<std::int16_t>(&value)) return json.Member(name, *version);
+    json.Member(name, ValueText(value));
+}
+
+void WriteColumn(JsonAnswer& json, const gazetteer::Settings& settings, const std::string& name) {
+    json.Member("name", name);
+    json.Member("sorted", std::get<bool>(settings.columnSortOrder->Item(name)));
+    const auto items = gazetteer::SetUnder(*settings.columnsProperties, name)->AllItems();
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        WriteValue(json, items.names[i], items.values[i]);
+}
+
+void PrintColumn(const gazetteer::Settings& settings, const std::string& name) {
+    std::printf("%s\n", name.c_str());
+    const auto items = gazetteer::SetUnder(*settings.columnsProperties, name)->AllItems();
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        std::printf("  %s=%s\n", items.names[i].c_str(), ValueText(items.values[i]).c_str());
+}
+
+}  // namespace
+
+int Check(const Options& options) {
+    CommandSession session(options);
+    auto& document = session.Look(options.document);
+    gazetteer::Findings reasons;
+    const bool drawable = document.CanDraw(reasons);
+    if (!options.json) {
+        std::puts(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons).c_str());
+        return kDone;
+    }
+    PrintAnswer(2, [&](JsonAnswer& json) {
+        json.Member("drawable", drawable);
+        json.Member("reasons", reasons);
+    });
+    return kDone;
+}
+
+int Show(const Options& options) {
+    CommandSession session(options);
     auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
     bool drawable = document.CanDraw(reasons);
@@ -103,16 +137,22 @@ int Show(const CommonOptions& common, const ShowOptions& options) {
     return kDone;
 }
 
-}  // namespace
-
-void AddShow(Arguments& program) {
-    const auto options = std::make_shared<ShowOptions>();
-    auto command =
-        AddCommand(program, "show", "Show page count, default page and the name of each page",
-                   [options](const CommonOptions& common) { return Show(common, *options); });
-    AddDocument(command, options->document)
-        .Flag("--json", options->json, "As JSON, with all listings")
-        .Help(kShowHelp);
+int ColumnList(const Options& options) {
+    CommandSession session(options);
+    SettingsEdit edit(session.Open(options.document));
+    const auto& settings = edit.Settings();
+    const auto names = gazetteer::NamesOf(*settings.columnNames);
+    if (!options.json) {
+        for (const auto& name : names) PrintColumn(settings, name);
+        return kDone;
+    }
+    PrintAnswer(2, [&](JsonAnswer& json) {
+        json.Objects("columns", names,
+                     [&](const std::string& name) { WriteColumn(json, settings, name); });
+        json.Member("displayOrder", gazetteer::NamesOf(*settings.columnDisplayOrder));
+        json.Member("sortOrder", gazetteer::NamesOf(*settings.columnSortOrder));
+    });
+    return kDone;
 }
 
 }  // namespace app

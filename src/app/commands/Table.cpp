@@ -1,12 +1,11 @@
 #include <cstdio>
 #include <functional>
-#include <memory>
 #include <optional>
 
 #include "app/commands/Commands.h"
-#include "app/commands/ConsoleDialogs.h"
-#include "app/commands/HelpTexts.h"
+#include "app/commands/Console.h"
 #include "app/commands/JsonAnswer.h"
+#include "app/document/Errors.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/tables/DbfTable.h"
 #include "support/Conversions.h"
@@ -14,16 +13,10 @@
 namespace app {
 namespace {
 
-struct TableOptions {
-    std::string file;
-    bool json = false;
-    std::int64_t limit = -1;  ///< Rows shown; negative: all.
-};
-
-// The values of a row as the texts that a column would show; nothing for null.
+// The values of a row as a column of the gazetteer shows them; nothing for null.
 using Cells = std::vector<std::optional<std::string>>;
 
-// Hands over each row of the table up to the limit.
+// Calls `take` with each row up to the limit.
 void ForRows(desk::DbfTable& table, host::IHostLocale& locale, std::int64_t limit,
              const std::function<void(const Cells&)>& take) {
     Cells cells(table.DbfFields().size());
@@ -53,8 +46,8 @@ void WriteRow(JsonAnswer& json, const Cells& cells) {
 }
 
 void WriteTable(JsonAnswer& json, desk::DbfTable& table, host::IHostLocale& locale,
-                const TableOptions& options) {
-    json.Member("file", options.file);
+                const Options& options) {
+    json.Member("file", options.table);
     json.Member("encoding", table.Encoding());
     json.Member("encodingFrom", table.EncodingFrom());
     json.Objects("fields", table.DbfFields(), [&](const desk::DbfField& field) {
@@ -68,11 +61,11 @@ void WriteTable(JsonAnswer& json, desk::DbfTable& table, host::IHostLocale& loca
     json.BeginArray();
     ForRows(table, locale, options.limit, [&](const Cells& cells) { WriteRow(json, cells); });
     json.EndArray();
-    // Values that are odd are known once they were read.
+    // Last, since reading the rows finds more of them.
     json.Member("warnings", table.Warnings());
 }
 
-void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const TableOptions& options) {
+void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const Options& options) {
     std::printf("Encoding: %s (%s)\nRecords: %lld\nFields:\n", table.Encoding().c_str(),
                 table.EncodingFrom().c_str(), static_cast<long long>(table.LiveRecords()));
     for (const auto& field : table.DbfFields())
@@ -89,28 +82,16 @@ void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const TableOpti
     for (const auto& warning : table.Warnings()) Warn(warning);
 }
 
-int Table(const CommonOptions& common, const TableOptions& options) {
-    desk::IcuLocale locale(common.locale);
-    desk::DbfTable table(options.file);
+}  // namespace
+
+int Table(const Options& options) {
+    desk::IcuLocale locale(options.locale);
+    desk::DbfTable table(options.table);
     if (options.json)
         StreamAnswer(1, [&](JsonAnswer& json) { WriteTable(json, table, locale, options); });
     else
         PrintText(table, locale, options);
-    return 0;
-}
-
-}  // namespace
-
-void AddTable(Arguments& program) {
-    const auto options = std::make_shared<TableOptions>();
-    auto command =
-        AddCommand(program, "table", "Show how a dBase table is read",
-                   [options](const CommonOptions& common) { return Table(common, *options); });
-    command.Path("FILE", options->file, "The table")
-        .Required()
-        .Flag("--json", options->json, "As JSON")
-        .Count("--limit", options->limit, "Show at most this many rows")
-        .Help(kTableHelp);
+    return kDone;
 }
 
 }  // namespace app

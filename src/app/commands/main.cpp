@@ -1,6 +1,6 @@
 #include <csignal>
 
-#include "app/commands/CommandLine.h"
+#include "app/commands/Commands.h"
 
 int main(int argc, char** argv) {
     // A file that would grow beyond the user's limit is a failed write like any other.

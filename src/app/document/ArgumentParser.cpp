@@ -11,12 +11,6 @@
 namespace app {
 namespace {
 
-// Empty for a whole number that is not negative, else what is wrong.
-std::string CheckCount(const std::string& text) {
-    const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-    return whole ? "" : '"' + desk::PrintableAscii(text) + "\" is no whole number from 0";
-}
-
 // Empty for UTF-8, else what is wrong.
 std::string CheckText(const std::string& text) {
     if (simdjson::validate_utf8(text)) return "";
@@ -39,71 +33,30 @@ std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
 
 }  // namespace
 
-Arguments Arguments::AddCommand(const char* name, const char* text, Run run) {
-    command_->require_subcommand(1);
-    CLI::App* const command = command_->add_subcommand(name, text);
-    if (run) command->callback([chosen = chosen_, run = std::move(run)] { *chosen = run; });
-    return {*command, *chosen_};
+CLI::Option* AddText(CLI::App& command, const char* name, std::string& value, const char* text) {
+    return command.add_option(name, value, text)->check(CheckText)->capture_default_str();
 }
 
-Arguments& Arguments::Text(const char* name, std::string& value, const char* text) {
-    last_ = command_->add_option(name, value, text)->check(CheckText)->capture_default_str();
-    return *this;
+CLI::Option* AddText(CLI::App& command, const char* name, std::vector<std::string>& values,
+                     const char* text) {
+    return command.add_option(name, values, text)->check(CheckText);
 }
 
-Arguments& Arguments::Texts(const char* name, std::vector<std::string>& values, const char* text) {
-    last_ = command_->add_option(name, values, text)->check(CheckText);
-    if (name[0] == '-') last_->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    return *this;
+std::string CheckCount(const std::string& text) {
+    const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+    return whole ? "" : '"' + desk::PrintableAscii(text) + "\" is no whole number from 0";
 }
 
-Arguments& Arguments::Path(const char* name, std::string& value, const std::string& text) {
-    last_ = command_->add_option(name, value, text);
-    return *this;
-}
-
-Arguments& Arguments::Number(const char* name, std::int32_t& value, const char* text) {
-    last_ = command_->add_option(name, value, text);
-    return *this;
-}
-
-Arguments& Arguments::Count(const char* name, std::int64_t& value, const char* text) {
-    last_ = command_->add_option(name, value, text)->check(CheckCount);
-    return *this;
-}
-
-Arguments& Arguments::Flag(const char* name, bool& value, const char* text) {
-    last_ = command_->add_flag(name, value, text);
-    return *this;
-}
-
-Arguments& Arguments::Required() {
-    last_->required();
-    return *this;
-}
-
-Arguments& Arguments::Help(const std::string& text) {
-    command_->footer(text);
-    return *this;
-}
-
-ArgumentParser::ArgumentParser(const char* program, const char* text, const char* version)
-    : cli_(std::make_unique<CLI::App>(text, program)) {
-    cli_->set_version_flag("--version", version);
-}
-
-ArgumentParser::~ArgumentParser() = default;
-
-std::optional<int> ArgumentParser::Parse(int argc, const char* const* argv) {
+std::optional<int> Parse(CLI::App& program, int argc, const char* const* argv) {
     try {
-        cli_->parse(argc, argv);
+        program.parse(argc, argv);
         return std::nullopt;
     } catch (const CLI::Success& help) {
-        return cli_->exit(help);
+        return program.exit(help);
     } catch (const CLI::ParseError& error) {
-        std::string fault = CommandFault(*cli_, argc, argv);
+        std::string fault = CommandFault(program, argc, argv);
         if (fault.empty()) fault = std::string(error.what()) + "; --help tells more.";
-        std::fprintf(stderr, "%s: %s\n", cli_->get_name().c_str(), fault.c_str());
+        std::fprintf(stderr, "%s: %s\n", program.get_name().c_str(), fault.c_str());
         return kWrongUsage;
     }
 }

@@ -17,23 +17,23 @@ struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Something could not be done; the text is one plain sentence.
+/// Something could not be done; the text is one sentence.
 struct CommandError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Something could not be done or was refused, and the user has been told already.
+/// Something could not be done or was refused, and the message has been shown already.
 struct AlreadyTold {
     int exitStatus = kCouldNot;
 };
 
-/// A value as a sentence shows it: of a very long one the beginning.
+/// Returns a value for use in a sentence: cut after 200 bytes, with an ellipsis.
 std::string Shown(const std::string& value);
 
-/// A failure in one line: its first text and its facts.
+/// Returns a failure as one sentence: its cause, and the facts that the cause does not name.
 std::string FailureSentence(const host::Failure& failure);
 
-/// The exception being handled in one line.
+/// Returns the exception that is being handled as one sentence.
 std::string CurrentSentence();
 
 }  // namespace app

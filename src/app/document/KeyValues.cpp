@@ -1,10 +1,13 @@
 #include "app/document/KeyValues.h"
 
+#include <array>
 #include <charconv>
+#include <cmath>
 
 #include "app/document/Errors.h"
-#include "app/document/SymbolValues.h"
+#include "model/DefaultSymbols.h"
 #include "model/Lengths.h"
+#include "support/Text.h"
 
 namespace app {
 namespace {
@@ -15,12 +18,60 @@ using gazetteer::ValueKind;
     throw UsageError(key + "=" + Shown(value) + ": the value must be " + form + ".");
 }
 
-host::Variant ParseLong(const std::string& key, const std::string& value) {
-    std::int32_t number = 0;
-    const char* const last = value.data() + value.size();
-    const auto [end, error] = std::from_chars(value.data(), last, number);
-    if (error != std::errc() || end != last) FailForm(key, value, "a whole number");
+// The number that a whole text is; nothing for any other text.
+template <class Number, class... Base>
+std::optional<Number> WholeNumber(std::string_view text, Base... base) {
+    Number number{};
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), number, base...);
+    if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
+}
+
+// Points. Drawing libraries fail with type of some thousands of points. Pango keeps sizes to a
+// 1024th of a point, and files keep them to a hundredth.
+constexpr double kLargestType = 1000;
+constexpr double kSmallestType = 0.1;
+
+// "#RRGGBB" as a colour of the host, which has red in its lowest byte.
+std::optional<std::uint32_t> ParseColor(const std::string& text) {
+    if (text.size() != 7 || text[0] != '#') return std::nullopt;
+    const auto value = WholeNumber<std::uint32_t>(std::string_view(text).substr(1), 16);
+    if (!value) return std::nullopt;
+    return gazetteer::RGB(*value >> 16, *value >> 8 & 0xFF, *value & 0xFF);
+}
+
+// "FAMILY,SIZE[,bold][,#RRGGBB]", where the default is not bold and black; null for another form. A
+// family cannot have a comma.
+host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::string& value) {
+    const auto pieces = gazetteer::Split(value, ',');
+    if (pieces.size() < 2 || pieces.size() > 4 || pieces[0].empty()) return nullptr;
+    const auto points = ParseDecimal(pieces[1]);
+    if (!points || *points < kSmallestType || *points > kLargestType) return nullptr;
+    std::size_t next = 2;
+    const bool bold = next < pieces.size() && pieces[next] == "bold";
+    if (bold) ++next;
+    std::optional<std::uint32_t> color = 0;
+    if (next < pieces.size()) color = ParseColor(pieces[next++]);
+    if (next < pieces.size() || !color) return nullptr;
+
+    auto symbol = gazetteer::MakeTextSymbol(host, *points, bold);
+    symbol->Font()->SetName(pieces[0]);
+    symbol->Color()->SetRGB(*color);
+    symbol->SetText(gazetteer::SampleText(host, pieces[0], *points));
+    return symbol;
+}
+
+host::Ref<host::IHostFillSymbol> ParseFillSymbol(host::IHost& host, const std::string& value) {
+    const auto color = ParseColor(value);
+    return color ? gazetteer::MakeFillSymbol(host, *color) : nullptr;
+}
+
+std::string TextSymbolText(host::IHostTextSymbol& symbol) {
+    std::string text = symbol.Font()->Name() + ',' + NumberText(symbol.Size());
+    if (symbol.Font()->Bold()) text += ",bold";
+    if (symbol.Color()->RGB() != 0) text += ',' + ColorText(symbol.Color()->RGB());
+    return text;
 }
 
 host::Variant Object(const host::Ref<host::IHostObject>& object) {
@@ -28,6 +79,24 @@ host::Variant Object(const host::Ref<host::IHostObject>& object) {
 }
 
 }  // namespace
+
+std::optional<double> ParseDecimal(const std::string& text) {
+    const auto value = WholeNumber<double>(text);
+    return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::string ColorText(std::uint32_t rgb) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", rgb & 0xFF, rgb >> 8 & 0xFF,
+                  rgb >> 16 & 0xFF);
+    return text.data();
+}
+
+std::string NumberText(double value) {
+    std::array<char, 32> text{};
+    char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    return {text.data(), end};
+}
 
 Assignment ParseAssignment(const std::string& text) {
     const auto equals = text.find('=');
@@ -51,8 +120,11 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
             if (value != "true" && value != "false") FailForm(key, value, "true or false");
             return value == "true";
         case ValueKind::Integer:
-        case ValueKind::Long:
-            return ParseLong(key, value);
+        case ValueKind::Long: {
+            const auto number = WholeNumber<std::int32_t>(value);
+            if (!number) FailForm(key, value, "a whole number");
+            return *number;
+        }
         case ValueKind::Double: {
             const auto number = ParseDecimal(value);
             if (!number) FailForm(key, value, "a decimal number such as 1.75");

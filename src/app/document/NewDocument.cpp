@@ -6,9 +6,9 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/KeyValues.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/SettingsEdit.h"
-#include "app/document/SymbolValues.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/GeneralFunctions.h"
@@ -19,13 +19,13 @@
 namespace app {
 namespace {
 
-// The default reference of a table with a grid.
+// The default expression of Page for a table with a grid.
 constexpr char kGridReference[] = "$$PAGE_NUMBER $$ROW-$$COLUMN";
 
 constexpr double kSheetMargin = 0.5;   // Inches.
 constexpr double kHeadRoom = 0.25;     // For the running head, above the frame.
 constexpr double kFootRoom = 0.3;      // For the sheet number, below it.
-constexpr double kLargestSheet = 200;  // Inches, what PDF readers take.
+constexpr double kLargestSheet = 200;  // Inches, the largest sheet that PDF readers show.
 
 std::vector<double> ParseNumbers(const std::string& text, char separator) {
     std::vector<double> numbers;
@@ -44,7 +44,7 @@ std::string FieldNames(const host::IHostFields& fields) {
     return names;
 }
 
-// The frame as an element with properties; its columns come from the database.
+// An element with properties but without columns, which come from the database.
 host::Ref<host::IHostGroupElement> MakeGazetteer(host::IHost& host, const FrameOption& frame) {
     auto element = host.NewGroupElement();
     auto bounds = host.NewEnvelope();
@@ -64,7 +64,6 @@ void DefineColumnsOf(OpenDocument& open, const std::string& database) {
     const std::string fieldsAre = "; its fields are " + FieldNames(*fields) + '.';
     if (fields->FindField("Page") < 0)
         throw CommandError("The " + name + " has no field \"Page\"" + fieldsAre);
-    // Page references without names are seldom what is wanted.
     if (fields->FindField("Listing") < 0)
         open.Warn("the " + name + " has no field \"Listing\", so that Page is the only column" +
                   fieldsAre);
@@ -74,15 +73,10 @@ void DefineColumnsOf(OpenDocument& open, const std::string& database) {
     edit.StoreForNow();
 }
 
-// The width below, in inches, as a person would write it.
+// Rounds down to thousandths of an inch.
 double ToThousandths(double inches) {
     constexpr double kRounding = 1e-6;
     return std::floor(inches * 1000 + kRounding) / 1000;
-}
-
-FrameOption FrameOf(const host::IHostElement& element) {
-    const auto bounds = element.Geometry()->Bounds();
-    return {bounds->XMin(), bounds->YMin(), bounds->Width(), bounds->Height()};
 }
 
 }  // namespace
@@ -134,27 +128,24 @@ void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
     document.elements.push_back(element);
     open.Start(std::move(document), documentPath);
     DefineColumnsOf(open, options.listingDatabase);
-    // A map book that cannot be read is told of now, not by a later command.
+    // Fails now for a map book that cannot be read, and not in a later command.
     if (!options.book.empty()) open.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
 void DressForPrint(OpenDocument& open) {
-    auto& host = open.Host();
-    auto& document = open.TheDesk().CurrentDocument();
-    const FrameOption frame = FrameOf(*open.Gazetteer());
-    AddPageFurniture(host, document, frame);
+    AddPageFurniture(open);
 
-    // As many column groups as stand well side by side: three on a Letter sheet. They and the gaps
-    // between them fill the frame to thousandths of an inch. Of the gaps only one counts where it
-    // is decided whether another group follows, so with n groups n - 2 gaps must be no wider than a
-    // group; and two groups, which have no gap to spare, must end a hair before the frame.
+    // Column groups of at least kLeastGroup, three on a Letter sheet, that fill the frame together
+    // with the gaps between them, to thousandths of an inch. The layout counts only one gap when it
+    // decides whether another group follows: with n groups, n - 2 gaps must be no wider than a
+    // group, which limits n; and two groups must end a little before the edge of the frame.
+    const double frameWidth = open.Gazetteer()->Geometry()->Bounds()->Width();
     constexpr double kGap = 0.15;
     constexpr double kLeastGroup = 2.1;
     constexpr double kMostGroups = kLeastGroup / kGap + 2;
-    const double groups = std::clamp(std::floor((frame.width + kGap) / (kLeastGroup + kGap)), 1.0,
+    const double groups = std::clamp(std::floor((frameWidth + kGap) / (kLeastGroup + kGap)), 1.0,
                                      std::floor(kMostGroups));
-    constexpr double kHair = 0.001;
-    const double filled = frame.width - (groups == 2 ? kHair : 0);
+    const double filled = frameWidth - (groups == 2 ? 0.001 : 0);
     const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
 
     SettingsEdit edit(open);
@@ -169,11 +160,11 @@ void DressForPrint(OpenDocument& open) {
         edit.Set(assignment);
     edit.Set("RepeatSpacing=" + NumberText(kGap));
     edit.Set("Page.ColumnWidth=" + NumberText(reference));
-    // A reference is not torn apart: its page and its square are joined by a no-break space.
+    // A no-break space keeps the page and the square of a reference on one line.
     const auto columns = edit.Settings().columnsProperties;
     if (ValueText(gazetteer::SetUnder(*columns, "Page")->Item(gazetteer::keys::kExpression)) ==
         kGridReference)
-        edit.Set(std::string("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN"));
+        edit.Set("Page.Expression=$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN");
     if (hasListing) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");
         edit.Set("Listing.ColumnWidth=" + NumberText(ToThousandths(group - reference)));

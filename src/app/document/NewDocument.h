@@ -1,32 +1,52 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/document/OpenDocument.h"
-#include "app/document/Options.h"
 
 namespace app {
 
-/// A new document to work on: one layout page with one gazetteer frame, the default columns of
-/// the listing database and default properties, then the assignments of the options. Fails for a
-/// database that cannot be opened, or that has no field "Page".
+/// What a new document is made from.
+struct NewDocumentOptions {
+    std::string listingDatabase;
+    std::string book;                 ///< Map book file; empty for none.
+    std::string pageSize = "letter";  ///< As ParsePageSize takes it.
+    std::string frame;                ///< As ParseFrame takes it.
+    std::vector<std::string> assignments;
+    bool sample = false;
+};
+
+/// Starts a document with one layout page and one gazetteer frame, with the default columns of the
+/// listing database and default properties. The assignments of the options are for the caller.
+/// Throws for a database that cannot be opened or has no field "Page", and for a map book that
+/// cannot be read.
 void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
                       const std::string& documentPath);
 
-/// Sheet sizes by name, or "WxH" in inches. Raises a UsageError for another form.
+/// In inches.
 struct PageSize {
     double width = 0;
     double height = 0;
 };
+/// Takes "letter", "a4", or "WIDTHxHEIGHT" in inches, above 0 and at most 200. Throws a UsageError
+/// for another form.
 PageSize ParsePageSize(const std::string& text);
 
-/// "LEFT,BOTTOM,WIDTH,HEIGHT" in inches; empty: inside half-inch margins, with room above for a
-/// running head and below for a sheet number. Raises a UsageError for another form, or for a frame
-/// that is not on the sheet.
+/// A rectangle on the sheet, in inches from its lower left corner.
+struct FrameOption {
+    double left = 0;
+    double bottom = 0;
+    double width = 0;
+    double height = 0;
+};
+/// Takes "LEFT,BOTTOM,WIDTH,HEIGHT" in inches; empty: inside half-inch margins, with room above for
+/// a running head and below for a sheet number. Throws a UsageError for another form, or for a
+/// frame that is not on the sheet.
 FrameOption ParseFrame(const std::string& text, const PageSize& page);
 
-/// What `make` sets beyond the defaults: an index that can be printed as it is. Adds a running head
-/// and a sheet number to the document.
+/// Sets what `make` sets beyond the defaults, for an index that can be printed as it is, and adds a
+/// running head and a sheet number to the document.
 void DressForPrint(OpenDocument& open);
 
 }  // namespace app

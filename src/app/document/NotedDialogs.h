@@ -1,19 +1,32 @@
 #pragma once
 
+#include <utility>
+
 #include "host/Dialogs.h"
 
 namespace app {
 
-/// Message boxes that keep note of the failures among them.
-class NotedDialogs : public host::IHostDialogs {
+/// Passes everything on to other dialogs and notes whether a failure was among the messages.
+class NotedDialogs final : public host::IHostDialogs {
 public:
-    host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) final;
+    explicit NotedDialogs(host::Ref<host::IHostDialogs> dialogs) : dialogs_(std::move(dialogs)) {}
 
-    /// A failure has been shown since the last call.
-    bool TakeFailureShown();
+    host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
+        if (request.failure && silent_) return host::MessageAnswer::Ok;
+        if (request.failure) failureShown_ = true;
+        return dialogs_->MessageBox(request);
+    }
+    std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& initial) override {
+        return dialogs_->InputBox(prompt, title, initial);
+    }
+    void Beep() override { dialogs_->Beep(); }
 
-    /// While it lives, failures are neither shown nor noted: for checks whose reasons are told in
-    /// another way.
+    /// Returns whether a failure has been shown since the last call.
+    bool TakeFailureShown() { return std::exchange(failureShown_, false); }
+
+    /// While it exists, failures are neither shown nor noted: for checks that report their reasons
+    /// in another way.
     class Silent {
     public:
         explicit Silent(NotedDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }
@@ -24,12 +37,9 @@ public:
     private:
         NotedDialogs& dialogs_;
     };
-    Silent Silence() { return Silent(*this); }
-
-protected:
-    virtual host::MessageAnswer Show(const host::MessageBoxRequest& request) = 0;
 
 private:
+    host::Ref<host::IHostDialogs> dialogs_;
     bool silent_ = false;
     bool failureShown_ = false;
 };

@@ -7,22 +7,13 @@
 #include "model/GeneralFunctions.h"
 
 namespace app {
-namespace {
 
-desk::DeskOptions WithDialogs(desk::DeskOptions options,
-                              const std::shared_ptr<NotedDialogs>& dialogs) {
-    options.dialogs = dialogs;
-    return options;
+OpenDocument::OpenDocument(desk::DeskOptions options, Caution caution)
+    : dialogs_(std::make_shared<NotedDialogs>(options.dialogs)), caution_(std::move(caution)) {
+    options.dialogs = dialogs_;
+    desk_ = std::make_shared<desk::Desk>(std::move(options));
+    unbound_ = std::make_shared<gazetteer::CVNGazetteerManager>(desk_);
 }
-
-}  // namespace
-
-OpenDocument::OpenDocument(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs,
-                           Caution caution)
-    : dialogs_(std::move(dialogs)),
-      caution_(std::move(caution)),
-      desk_(std::make_shared<desk::Desk>(WithDialogs(std::move(options), dialogs_))),
-      unbound_(std::make_shared<gazetteer::CVNGazetteerManager>(desk_)) {}
 
 void OpenDocument::Open(const std::string& path) {
     desk_->Open(path);
@@ -77,7 +68,7 @@ bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
         reasons = {"The document has no gazetteer frame."};
         return false;
     }
-    const auto quiet = dialogs_->Silence();
+    const NotedDialogs::Silent silent(*dialogs_);
     const bool canDraw = Manager().CanDrawIndex(Gazetteer());
     reasons = Manager().LastFindings();
     return canDraw;

@@ -12,34 +12,32 @@
 
 namespace app {
 
-/// A gazetteer frame of a document. A manager keeps the map book of the document that it was made
-/// with, so each document needs new ones.
+/// A gazetteer frame of a document. A manager keeps the map book of the document for which it was
+/// made, so that each document needs new ones.
 struct GazetteerFrame {
     host::Ref<host::IHostGroupElement> element;
     std::shared_ptr<gazetteer::CVNGazetteerManager> manager;
-    std::int32_t page = 0;  ///< On show in a window; 0: none so far.
+    std::int32_t page = 0;  ///< The page that a window shows, from 1; 0: none so far.
 };
 
-/// The running desk with its document, and the gazetteer frames on it. One frame is worked on, at
-/// first the lowest.
+/// The running desk with its document, and the gazetteer frames on it. One of them, at first the
+/// lowest, is chosen: commands and pages apply to it.
 class OpenDocument {
 public:
-    /// Tells the user of something odd that stops nothing, in one sentence.
+    /// Shows a warning, one sentence, to the user.
     using Caution = std::function<void(const std::string& sentence)>;
 
-    /// The dialogs become those of the desk.
-    OpenDocument(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs, Caution caution);
+    OpenDocument(desk::DeskOptions options, Caution caution);
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
 
-    /// Reads a document and works on it. Fails, with the document before still there, for a file
-    /// that cannot be read.
+    /// Reads a document. Throws, and keeps the document before, for a file that cannot be read.
     void Open(const std::string& path);
-    /// Works on a new document, which is not on disk yet.
+    /// Takes a new document, which is not on disk yet.
     void Start(desk::Document document, const std::string& path);
     void Save() { desk_->Save(); }
 
-    /// What Start replaces.
+    /// What Open and Start replace.
     struct State {
         desk::Document document;
         std::string path;
@@ -56,26 +54,26 @@ public:
     NotedDialogs& Dialogs() { return *dialogs_; }
     const std::string& Path() const { return desk_->DocumentPath(); }
 
-    /// Finds the gazetteer frames anew, with new managers. Those known already keep their page.
+    /// Lists the gazetteer frames again, with new managers. Known frames keep their page.
     void FindFrames();
     std::vector<GazetteerFrame>& Frames() { return frames_; }
-    /// Which of them is worked on.
     std::size_t ChosenIndex() const { return chosen_; }
     void Choose(std::size_t index) { chosen_ = index; }
     /// Null where the document has none.
     GazetteerFrame* Chosen() { return frames_.empty() ? nullptr : &frames_[chosen_]; }
     const GazetteerFrame* Chosen() const { return frames_.empty() ? nullptr : &frames_[chosen_]; }
 
-    /// Of the frame that is worked on; null where the document has none.
+    /// The chosen frame and its properties; null where the document has none.
     host::Ref<host::IHostGroupElement> Gazetteer() const;
     host::Ref<host::IHostPropertySet> Properties() const;
-    /// One that is bound to nothing where the document has no frame.
+    /// The manager of the chosen frame, or an unbound one where the document has none.
     gazetteer::CVNGazetteerManager& Manager() const;
     std::int32_t PageCount() const { return Manager().Working().pageCount; }
 
-    /// The element check, with the reasons against it. A check that fails counts as one.
+    /// Returns whether the element passes its check, with the reasons if not. An exception during
+    /// the check counts as a reason.
     bool CanDraw(gazetteer::Findings& reasons);
-    /// Fails if a failure was shown since the last question.
+    /// Throws AlreadyTold if a failure has been shown since the last call.
     void CheckNothingFailed();
     void Warn(const std::string& sentence) { caution_(sentence); }
 

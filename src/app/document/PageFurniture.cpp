@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "model/DefaultSymbols.h"
+#include "support/Conversions.h"
+#include "support/Text.h"
 
 namespace app {
 namespace {
@@ -14,12 +16,13 @@ constexpr char kNumberTag[] = "SHEETNUMBER";
 constexpr char kDash[] = " \u2013 ";
 constexpr char kEllipsis[] = "\u2026";
 
+constexpr double kPoints = 9;          // Size of the type.
 constexpr double kHeadAbove = 0.13;    // Inches from the frame to the middle of the head.
-constexpr double kNumberBelow = 0.17;  // And to the middle of the number.
+constexpr double kNumberBelow = 0.17;  // Inches from the frame to the middle of the number.
 
 host::Ref<host::IHostTextElement> MakeLabel(host::IHost& host, const char* tag, double x, double y,
-                                            double points, bool bold) {
-    auto symbol = gazetteer::MakeTextSymbol(host, points, bold);
+                                            bool bold) {
+    auto symbol = gazetteer::MakeTextSymbol(host, kPoints, bold);
     symbol->Font()->SetName("Liberation Sans");
     symbol->SetHorizontalPlacement(1);
     auto label = host.NewTextElement();
@@ -39,11 +42,11 @@ double WidthOf(host::IHost& host, host::IHostTextSymbol& symbol, const std::stri
            host::kPointsPerInch;
 }
 
-// A beginning of the text that is certainly too wide, or the whole text: so that of a very long
-// text only a beginning is shortened character by character.
+// Returns how many of the first characters are certainly too wide, or all. Shortening starts there,
+// since it removes one character at a time, which takes long for a very long text.
 std::size_t TooWide(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& text,
                     const std::vector<std::size_t>& characters, double width) {
-    constexpr double kCertainly = 2;  // Letters that join may make a longer text a little narrower.
+    constexpr double kCertainly = 2;  // Times the width: ligatures can make a longer text narrower.
     std::size_t bytes = 0;
     std::size_t count = 0;
     for (std::size_t tried = 64; tried < characters.size(); tried *= 2) {
@@ -53,7 +56,7 @@ std::size_t TooWide(host::IHost& host, host::IHostTextSymbol& symbol, const std:
     return characters.size();
 }
 
-// As many of the text's characters as the width takes, with an ellipsis for the rest.
+// As many characters as fit the width, with an ellipsis for the rest.
 std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::string text,
                       double width) {
     if (WidthOf(host, symbol, text) <= width) return text;
@@ -68,37 +71,62 @@ std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::str
     return text + kEllipsis;
 }
 
+// The number printed on a sheet. In a map book it counts from the first page of the section of the
+// gazetteer.
+std::string SheetNumber(OpenDocument& open, std::int32_t page) {
+    auto& host = open.Host();
+    const auto context = host.NewLayoutContext();
+    const auto key = context->CurrentTemplateKey();
+    if (std::holds_alternative<host::Empty>(key)) return std::to_string(page);
+    const auto book = host.NewMapBook();
+    const std::string section = book->TemplateSection(gazetteer::ToText(key, host.Locale()));
+    const auto start = gazetteer::ToLong(book->SectionStartPage(section), host.Locale());
+    return std::to_string(start + page - 1);
+}
+
+// Whether the element has the tag.
+bool HasTag(const host::Ref<host::IHostElement>& element, std::string_view tag) {
+    const auto named = host::As<host::IHostElementName>(element);
+    return named && named->Name() == tag;
+}
+
+// "First – Last", or the one of them that there is, at most as wide as the width in inches.
+std::string HeadText(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& first,
+                     const std::string& last, double width) {
+    if (first.empty() || last.empty() || first == last)
+        return Shortened(host, symbol, first.empty() ? last : first, width);
+    const double half = (width - WidthOf(host, symbol, kDash)) / 2;
+    return Shortened(host, symbol, first, half) + kDash + Shortened(host, symbol, last, half);
+}
+
 }  // namespace
 
-void AddPageFurniture(host::IHost& host, desk::Document& document, const FrameOption& frame) {
-    const double middle = frame.left + frame.width / 2;
-    document.elements.push_back(
-        MakeLabel(host, kHeadTag, middle, frame.bottom + frame.height + kHeadAbove, 9, true));
-    document.elements.push_back(
-        MakeLabel(host, kNumberTag, middle, frame.bottom - kNumberBelow, 9, false));
+void AddPageFurniture(OpenDocument& open) {
+    const auto frame = open.Gazetteer()->Geometry()->Bounds();
+    const double middle = frame->XMin() + frame->Width() / 2;
+    const double head = frame->YMin() + frame->Height() + kHeadAbove;
+    auto& elements = open.TheDesk().CurrentDocument().elements;
+    elements.push_back(MakeLabel(open.Host(), kHeadTag, middle, head, true));
+    elements.push_back(
+        MakeLabel(open.Host(), kNumberTag, middle, frame->YMin() - kNumberBelow, false));
 }
 
-bool HasPageFurniture(const desk::Document& document) {
-    return std::ranges::any_of(document.elements, [](const auto& element) {
-        const auto named = host::As<host::IHostElementName>(element);
-        return named && (named->Name() == kHeadTag || named->Name() == kNumberTag);
-    });
-}
-
-void FillPageFurniture(host::IHost& host, desk::Document& document, const std::string& first,
-                       const std::string& last, const std::string& number, double width) {
-    for (const auto& element : document.elements) {
+void LabelSheet(OpenDocument& open, std::int32_t page) {
+    const auto& elements = open.TheDesk().CurrentDocument().elements;
+    // Without labels the map book is not needed, and it may be missing.
+    if (std::ranges::none_of(elements, [](const auto& element) {
+            return HasTag(element, kHeadTag) || HasTag(element, kNumberTag);
+        }))
+        return;
+    const auto first = gazetteer::WithoutOuterBlanks(open.Manager().FirstListing(page));
+    const auto last = gazetteer::WithoutOuterBlanks(open.Manager().LastListing(page));
+    const auto number = SheetNumber(open, page);
+    const double width = open.Gazetteer()->Geometry()->Bounds()->Width();
+    for (const auto& element : elements) {
         const auto label = host::As<host::IHostTextElement>(element);
-        const auto named = host::As<host::IHostElementName>(element);
-        if (!label || !named) continue;
-        if (named->Name() == kNumberTag) label->SetText(number);
-        if (named->Name() != kHeadTag) continue;
-        auto& symbol = *label->Symbol();
-        const double half = (width - WidthOf(host, symbol, kDash)) / 2;
-        const bool both = !first.empty() && !last.empty() && first != last;
-        label->SetText(both ? Shortened(host, symbol, first, half) + kDash +
-                                  Shortened(host, symbol, last, half)
-                            : Shortened(host, symbol, first.empty() ? last : first, width));
+        if (label && HasTag(element, kNumberTag)) label->SetText(number);
+        if (label && HasTag(element, kHeadTag))
+            label->SetText(HeadText(open.Host(), *label->Symbol(), first, last, width));
     }
 }
 

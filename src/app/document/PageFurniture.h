@@ -1,25 +1,18 @@
 #pragma once
 
-#include <string>
+#include "app/document/OpenDocument.h"
 
-#include "app/document/Options.h"
-#include "desk/documents/Document.h"
-#include "host/Host.h"
-
-/// What stands on a sheet around the gazetteer: a running head with the first and last listing of
-/// the page, and the sheet's number. Ordinary text elements of the layout page, told by their tags;
-/// the gazetteer never touches them.
+/// What is on a sheet beside the gazetteer: a running head with the first and last listing of the
+/// page, and the number of the sheet. Both are text elements of the layout page with tags of their
+/// own; the gazetteer does not touch them.
 namespace app {
 
-/// Adds both to a document whose gazetteer has this frame: the head above it, the number below.
-void AddPageFurniture(host::IHost& host, desk::Document& document, const FrameOption& frame);
+/// Adds a running head above the gazetteer and a sheet number below it.
+void AddPageFurniture(OpenDocument& open);
 
-/// The document has one of the two.
-bool HasPageFurniture(const desk::Document& document);
-
-/// Fills whatever of the two the document has. The head is cut with an ellipsis to the width that
-/// it was given.
-void FillPageFurniture(host::IHost& host, desk::Document& document, const std::string& first,
-                       const std::string& last, const std::string& number, double width);
+/// Fills the running head and the number, where the document has them, for a page of the gazetteer.
+/// The head is cut with an ellipsis to the width of the gazetteer. Throws for a map book that
+/// cannot be read.
+void LabelSheet(OpenDocument& open, std::int32_t page);
 
 }  // namespace app

@@ -67,15 +67,13 @@ std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manag
 }
 
 std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager) {
-    std::string sentence = kUndrawable;
-    sentence += '.';
+    std::string sentence = std::string(kUndrawable) + '.';
     for (const auto& finding : manager.LastFindings()) sentence += ' ' + finding;
     return sentence;
 }
 
 std::string UndrawableLines(const gazetteer::Findings& reasons) {
-    std::string lines = kUndrawable;
-    lines += ':';
+    std::string lines = std::string(kUndrawable) + ':';
     for (const auto& reason : reasons) lines += "\n  " + reason;
     return lines;
 }

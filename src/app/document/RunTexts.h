@@ -6,19 +6,19 @@
 #include "desk/text/TextEngine.h"
 #include "manager/CVNGazetteerManager.h"
 
-/// What is told after a run.
+/// Sentences about a run and its outcome.
 namespace app {
 
-/// What became of the records, in one line.
+/// Counts of records, listings, duplicates, references and pages of a run, in one line.
 std::string RunSummary(const gazetteer::CVNGazetteerManager& manager);
 
-/// How much the results hold, in one line; empty where there are none.
+/// Counts of listings and pages of stored results, in one line; empty where there are none.
 std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 
-/// What is odd about the table and about the outcome, one sentence each.
+/// Warnings about the table and about the outcome, one sentence each.
 std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
 
-/// That the gazetteer cannot be drawn, in one sentence with the reasons that the manager found.
+/// That the gazetteer cannot be drawn, with the reasons that the manager found, in one line.
 std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager);
 /// The same with each reason on a line of its own.
 std::string UndrawableLines(const gazetteer::Findings& reasons);

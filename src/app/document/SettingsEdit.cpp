@@ -1,10 +1,11 @@
 #include "app/document/SettingsEdit.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
-#include "app/document/ValueCautions.h"
 #include "model/ColumnList.h"
 #include "model/Edit.h"
 #include "model/KeyNames.h"
@@ -16,12 +17,45 @@ namespace {
 
 constexpr char kMarkOff[] = ":off";
 
+constexpr std::array<std::string_view, 4> kAlignments{"Left", "Center", "Right", "Justify"};
+
+bool IsAlignment(const host::Variant& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    return text && std::ranges::find(kAlignments, *text) != kAlignments.end();
+}
+
+// A sentence for each value that is stored although it is unusual: unknown alignments, a default
+// page before the first, and negative lengths.
+std::vector<std::string> ValueCautions(const gazetteer::Settings& settings) {
+    std::vector<std::string> cautions;
+    if (settings.defaultPage < 1)
+        cautions.emplace_back("DefaultPage is less than 1, the first page.");
+    if (settings.repeatSpacing < 0)
+        cautions.emplace_back(
+            "RepeatSpacing is negative, so that column groups may overlap or leave the frame.");
+    for (const std::string& column : gazetteer::NamesOf(*settings.columnNames)) {
+        const auto properties = gazetteer::SetUnder(*settings.columnsProperties, column);
+        for (const auto& key : gazetteer::ColumnKeys()) {
+            const auto value = properties->Item(key.name);
+            const auto* length = std::get_if<double>(&value);
+            if (length && *length < 0)
+                cautions.push_back(column + '.' + key.name +
+                                   " is negative, so that texts may overlap or leave the frame.");
+        }
+        for (const char* key : {gazetteer::keys::kAlignment, gazetteer::keys::kTitleAlignment})
+            if (!IsAlignment(properties->Item(key)))
+                cautions.push_back(column + '.' + key +
+                                   " is none of Left, Center, Right and Justify, so that texts "
+                                   "hang as their symbol says.");
+    }
+    return cautions;
+}
+
 }  // namespace
 
 SettingsEdit::SettingsEdit(OpenDocument& open) : open_(open) {
-    auto& host = open.Host();
-    const auto copy = gazetteer::CopySet(host, open.Properties());
-    gazetteer::ReadSettings(host, *copy, settings_);
+    const auto copy = gazetteer::CopySet(open.Host(), open.Properties());
+    gazetteer::ReadSettings(open.Host(), *copy, settings_);
 }
 
 void SettingsEdit::Set(const std::string& text) {
@@ -37,6 +71,16 @@ void SettingsEdit::SetIn(const std::string& column, const std::string& text) {
     if (!assignment.column.empty())
         throw UsageError("\"" + text + "\": keys of the new column stand without its name.");
     SetColumn(column, assignment.key, assignment.value);
+}
+
+void SettingsEdit::AddColumn(const std::string& name) {
+    const auto names = gazetteer::NamesOf(*settings_.columnNames);
+    std::optional<gazetteer::ColumnProperties> first;
+    if (!names.empty())
+        first = gazetteer::ReadColumnProperties(
+            *gazetteer::SetUnder(*settings_.columnsProperties, names.front()),
+            open_.Host().Locale());
+    gazetteer::AddColumn(open_.Host(), settings_, name, first ? &*first : nullptr);
 }
 
 void SettingsEdit::SetProperty(const std::string& key, const std::string& value) {
@@ -74,7 +118,7 @@ void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
         throw UsageError("The column property \"" + key + "\" is kept by the gazetteer itself.");
     auto names = gazetteer::NamesOf(*settings_.columnNames);
     if (column != "*") names = {ColumnName(column)};
-    // Symbols are made anew for each column, so that no two share one.
+    // Parsed again for each column, so that no two share a symbol.
     for (const std::string& name : names)
         gazetteer::SetUnder(*settings_.columnsProperties, name)
             ->SetItem(key, ParseValue(open_.Host(), column + "." + key, entry->kind, value));
@@ -109,14 +153,6 @@ std::string SettingsEdit::ColumnName(const std::string& name) {
     std::string known = gazetteer::FindColumn(open_.Host().Locale(), settings_, name);
     if (known.empty()) throw UsageError("There is no column \"" + Shown(name) + "\".");
     return known;
-}
-
-const gazetteer::ColumnProperties* SettingsEdit::CurrentColumn() {
-    const auto names = gazetteer::NamesOf(*settings_.columnNames);
-    if (names.empty()) return nullptr;
-    current_ = gazetteer::ReadColumnProperties(
-        *gazetteer::SetUnder(*settings_.columnsProperties, names.front()), open_.Host().Locale());
-    return &current_;
 }
 
 void SettingsEdit::Store() {

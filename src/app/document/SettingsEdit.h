@@ -1,37 +1,36 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "app/document/KeyValues.h"
 #include "app/document/OpenDocument.h"
-#include "model/ColumnProperties.h"
 #include "model/Settings.h"
 
 namespace app {
 
 /// An edit of a gazetteer's settings, with the rules of the property page: changes are made on a
-/// working copy, and storing them drops the stored results, makes the set one of the present
-/// version, takes the element out of draft state and works out anew whether it can be drawn.
+/// working copy. Storing it drops the stored results, writes the set in the present version, ends
+/// the draft state of the element, and stores whether the gazetteer can be drawn.
 class SettingsEdit {
 public:
     /// Works on a copy of what the gazetteer stores.
     explicit SettingsEdit(OpenDocument& open);
 
-    /// Applies one KEY=VALUE. Raises a UsageError that names what is wrong.
+    /// Applies one KEY=VALUE. Throws a UsageError that names what is wrong.
     void Set(const std::string& text);
-    /// The same, for assignments that may leave out the name of their column.
+    /// Applies one KEY=VALUE to a column; the key must stand without the name of a column.
     void SetIn(const std::string& column, const std::string& text);
+    /// Adds a column that looks like the first one, as the property page does when it has just been
+    /// opened.
+    void AddColumn(const std::string& name);
 
     gazetteer::Settings& Settings() { return settings_; }
-    /// The stored form of a column's name; raises a UsageError for a column that does not exist.
+    /// Returns the stored form of a column's name. Throws a UsageError for an unknown column.
     std::string ColumnName(const std::string& name);
-    /// The column that is open when the page opens, the first one; null without columns.
-    const gazetteer::ColumnProperties* CurrentColumn();
 
-    /// Stores the settings, and tells of what is odd about them.
+    /// Stores the settings and warns of unusual values.
     void Store();
-    /// Stores them as a step of a command that goes on to edit.
+    /// Stores the settings without warnings, for commands that go on to edit.
     void StoreForNow();
 
 private:
@@ -43,7 +42,6 @@ private:
 
     OpenDocument& open_;
     gazetteer::Settings settings_;
-    gazetteer::ColumnProperties current_;
 };
 
 }  // namespace app

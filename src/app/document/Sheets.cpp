@@ -14,19 +14,6 @@
 namespace app {
 namespace {
 
-// The number printed on a page's sheet: counted on from the start of the gazetteer's own section
-// where it stands in a map book.
-std::string SheetNumber(OpenDocument& open, std::int32_t page) {
-    auto& host = open.Host();
-    const auto context = host.NewLayoutContext();
-    const auto key = context->CurrentTemplateKey();
-    if (std::holds_alternative<host::Empty>(key)) return std::to_string(page);
-    const auto book = host.NewMapBook();
-    const std::string section = book->TemplateSection(gazetteer::ToText(key, host.Locale()));
-    const auto start = gazetteer::ToLong(book->SectionStartPage(section), host.Locale());
-    return std::to_string(start + page - 1);
-}
-
 void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page) {
     LabelSheet(open, page);
     auto& document = open.TheDesk().CurrentDocument();
@@ -57,7 +44,7 @@ void WriteOneFile(OpenDocument& open, const std::string& path, const PageRange& 
     writer->Finish();
 }
 
-// As many open files as the system grants this process without asking anyone.
+// Raises the number of open files to the hard limit of the process.
 void AllowManyFiles() {
     rlimit files{};
     if (::getrlimit(RLIMIT_NOFILE, &files) != 0) return;
@@ -65,8 +52,8 @@ void AllowManyFiles() {
     ::setrlimit(RLIMIT_NOFILE, &files);
 }
 
-// The files take their places together once all are complete, so that a failure leaves those of an
-// earlier export as they were.
+// All files are replaced once all are complete, so that a failure leaves those of an earlier export
+// as they were.
 void WriteNumberedFiles(OpenDocument& open, const std::string& path, const PageRange& pages,
                         const SheetListener& before) {
     AllowManyFiles();
@@ -116,17 +103,6 @@ void CheckPage(std::int32_t page, std::int32_t pageCount) {
     if (page >= 1 && page <= pageCount) return;
     throw CommandError("There is no page " + std::to_string(page) + ": the gazetteer has " +
                        std::to_string(pageCount) + (pageCount == 1 ? " page." : " pages."));
-}
-
-void LabelSheet(OpenDocument& open, std::int32_t page) {
-    auto& document = open.TheDesk().CurrentDocument();
-    // Without labels nobody asks for the map book, which may be gone.
-    if (!HasPageFurniture(document)) return;
-    auto& manager = open.Manager();
-    FillPageFurniture(open.Host(), document,
-                      gazetteer::WithoutOuterBlanks(manager.FirstListing(page)),
-                      gazetteer::WithoutOuterBlanks(manager.LastListing(page)),
-                      SheetNumber(open, page), open.Gazetteer()->Geometry()->Bounds()->Width());
 }
 
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,

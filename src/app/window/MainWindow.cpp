@@ -20,7 +20,6 @@
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "app/window/WaitPointer.h"
-#include "app/window/WindowNotes.h"
 #include "desk/window/ObjectSet.h"
 #include "desk/window/PropertySheet.h"
 #include "desk/window/WidgetText.h"
@@ -46,8 +45,7 @@ MainWindow::MainWindow(const std::string& locale)
       actions_(new Actions(*this)),
       stack_(new QStackedWidget(this)) {
     status_ = new StatusPanes(actions_->ZoomMenu(), this);
-    session_ = std::make_unique<WindowSession>(
-        DeskOptionsFor(locale), std::make_shared<WindowNotes>([this] { return this; }));
+    session_ = std::make_unique<WindowSession>(DeskOptionsFor(locale));
     documents_ = new Documents(*session_, *this);
     start_ = new StartPage({actions_->open, actions_->newDocument}, this);
     Arrange();

@@ -16,6 +16,7 @@
 #include "desk/window/ObjectDialog.h"
 #include "desk/window/SymbolDialog.h"
 #include "desk/window/WidgetText.h"
+#include "desk/window/WindowDialogs.h"
 
 /// How the parts of the window are put together: what stands where, and who is told of what.
 namespace app {
@@ -24,6 +25,7 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     const desk::ParentWidget self = [this] { return this; };
     desk::DeskOptions options;
     options.locale = locale;
+    options.dialogs = std::make_shared<desk::WindowDialogs>(self);
     options.listeners.statusText = [this](std::int32_t pane, const std::string& text) {
         status_->ShowRunText(pane, desk::ToQt(text));
     };

@@ -15,8 +15,7 @@
 #include <algorithm>
 
 #include "app/document/Errors.h"
-#include "app/document/NewDocument.h"
-#include "app/document/SymbolValues.h"
+#include "app/document/KeyValues.h"
 #include "app/window/PathField.h"
 #include "desk/window/WidgetText.h"
 #include "model/Paths.h"

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "app/document/Options.h"
+#include "app/document/NewDocument.h"
 #include "host/Host.h"
 
 class QCheckBox;

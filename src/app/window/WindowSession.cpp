@@ -6,7 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
-#include "app/document/NewDocument.h"
+#include "app/document/PageFurniture.h"
 #include "app/document/RunTexts.h"
 #include "support/Conversions.h"
 
@@ -19,9 +19,8 @@ host::IHostFrameElement& StateOf(const host::Ref<host::IHostGroupElement>& eleme
 
 }  // namespace
 
-WindowSession::WindowSession(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs)
-    : document_(std::move(options), std::move(dialogs),
-                [this](const std::string& sentence) { Warn(sentence); }) {}
+WindowSession::WindowSession(desk::DeskOptions options)
+    : document_(std::move(options), [this](const std::string& sentence) { Warn(sentence); }) {}
 
 void WindowSession::Open(const std::string& path) {
     document_.Open(path);
@@ -158,7 +157,7 @@ void WindowSession::TurnTo(std::int32_t page) {
 
 // A name that is missing in a damaged document is no reason for a message in the midst of a list.
 std::string WindowSession::PageName(std::int32_t page) {
-    const auto quiet = document_.Dialogs().Silence();
+    const NotedDialogs::Silent silent(document_.Dialogs());
     return gazetteer::ToText(document_.Manager().PageName(page), Host().Locale());
 }
 

@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/document/OpenDocument.h"
-#include "app/document/Options.h"
+#include "app/document/NewDocument.h"
 #include "app/document/Sheets.h"
 
 namespace app {
@@ -27,7 +26,7 @@ struct Notice {
 /// that making them is no change.
 class WindowSession {
 public:
-    WindowSession(desk::DeskOptions options, std::shared_ptr<NotedDialogs> dialogs);
+    explicit WindowSession(desk::DeskOptions options);
     WindowSession(const WindowSession&) = delete;
     WindowSession& operator=(const WindowSession&) = delete;
 

@@ -1,3 +1,4 @@
+#include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
@@ -57,15 +58,14 @@ int main(int argc, char** argv) {
     // A file that would grow beyond the user's limit is a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
     Arguments arguments;
-    app::ArgumentParser parser(
-        "gazetteer-desk", "Shows the printed index of a map book, and edits what it is made of.",
-        GAZETTEER_VERSION);
-    parser.Program()
-        .Path("DOC", arguments.document,
-              "Document to open, or a listing table (.dbf) to make one from")
-        .Text("--locale", arguments.locale,
-              "Locale for sorting and numbers, such as is or de_DE (default: yours)");
-    if (const auto status = parser.Parse(argc, argv)) return *status;
+    CLI::App program("Shows the printed index of a map book, and edits what it is made of.",
+                     "gazetteer-desk");
+    program.set_version_flag("--version", GAZETTEER_VERSION);
+    program.add_option("DOC", arguments.document,
+                       "Document to open, or a listing table (.dbf) to make one from");
+    app::AddText(program, "--locale", arguments.locale,
+                 "Locale for sorting and numbers, such as is or de_DE (default: yours)");
+    if (const auto status = app::Parse(program, argc, argv)) return *status;
     try {
         return Run(argc, argv, arguments);
     } catch (const std::exception&) {

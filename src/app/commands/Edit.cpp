@@ -1,0 +1,105 @@
+#include <filesystem>
+
+#include "app/commands/Commands.h"
+#include "app/commands/Console.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/SettingsEdit.h"
+#include "app/document/Sheets.h"
+#include "listings/IndexTable.h"
+#include "model/ColumnList.h"
+
+/// The commands that make and change documents.
+namespace app {
+namespace {
+
+void Assign(OpenDocument& document, const Options& options) {
+    SettingsEdit edit(document);
+    for (const auto& assignment : options.assignments) edit.Set(assignment);
+    if (options.sample) edit.Set("SamplePage=true");
+    edit.Store();
+}
+
+}  // namespace
+
+int Make(const Options& options) {
+    CheckOutputName(options.output);
+    CheckApart(options.output, {options.listingDatabase, options.book, options.document});
+    CheckApart(options.document, {options.listingDatabase, options.book});
+    CommandSession session(options);
+    auto& document = session.Document();
+    // A document that is not kept has its paths relative to the folder of the output.
+    StartNewDocument(document, options,
+                     options.document.empty() ? options.output : options.document);
+    DressForPrint(document);
+    Assign(document, options);
+
+    session.BindDrawable();
+    session.CheckHasPages();
+    // Before the sheets, so that none are left behind where saving fails.
+    if (!options.document.empty()) document.Save();
+    WriteSheets(document, options.output, {1, document.PageCount()});
+    ClearProgress();
+    return kDone;
+}
+
+int New(const Options& options) {
+    CheckApart(options.document, {options.listingDatabase, options.book});
+    std::error_code ignored;
+    if (!options.force && std::filesystem::exists(options.document, ignored))
+        throw CommandError("The document \"" + options.document +
+                           "\" exists already; --force replaces it.");
+    CommandSession session(options);
+    auto& document = session.Document();
+    StartNewDocument(document, options, options.document);
+    Assign(document, options);
+    // A file that another program has written since the check is not replaced either.
+    if (!options.force) document.TheDesk().SetReplaceable(desk::FileState{});
+    document.Save();
+    return kDone;
+}
+
+int Set(const Options& options) {
+    CommandSession session(options);
+    auto& document = session.Open(options.document);
+    Assign(document, options);
+    document.Save();
+    return kDone;
+}
+
+int ColumnAdd(const Options& options) {
+    CommandSession session(options);
+    auto& document = session.Open(options.document);
+    auto& host = document.Host();
+    SettingsEdit edit(document);
+    const std::string name = gazetteer::CleanColumnName(host.Locale(), options.column);
+    if (name.empty()) throw UsageError("A column's name must have a character that is no blank.");
+    const std::string refusal = gazetteer::IndexTableRefusal(name, true);
+    if (!refusal.empty()) throw UsageError(refusal);
+    if (!gazetteer::FindColumn(host.Locale(), edit.Settings(), name).empty()) {
+        host.Dialogs().MessageBox(gazetteer::NameInUseMessage());
+        return kWrongUsage;
+    }
+    edit.AddColumn(name);
+    for (const auto& assignment : options.assignments) edit.SetIn(name, assignment);
+    edit.Store();
+    document.Save();
+    return kDone;
+}
+
+int ColumnRemove(const Options& options) {
+    CommandSession session(options);
+    auto& document = session.Open(options.document);
+    auto& host = document.Host();
+    SettingsEdit edit(document);
+    const std::string name = edit.ColumnName(options.column);
+    if (!gazetteer::MayRemoveColumn(host, edit.Settings(), name)) return kWrongUsage;
+    if (host.Dialogs().MessageBox(gazetteer::RemoveColumnQuestion()) != host::MessageAnswer::Yes)
+        return kDone;
+    gazetteer::RemoveColumn(edit.Settings(), name);
+    edit.Store();
+    document.Save();
+    return kDone;
+}
+
+}  // namespace app

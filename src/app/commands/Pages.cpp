@@ -1,0 +1,58 @@
+#include "app/commands/Commands.h"
+#include "app/commands/Console.h"
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "app/document/Sheets.h"
+
+/// The commands that run the gazetteer and write its pages.
+namespace app {
+namespace {
+
+// Whether the manager has run and its results are stored in the document.
+bool HasNewResults(const gazetteer::CVNGazetteerManager& manager) {
+    return manager.HasRun() && !manager.BoundSettings().autoRefreshListings;
+}
+
+}  // namespace
+
+int Generate(const Options& options) {
+    CommandSession session(options);
+    auto& document = session.Open(options.document);
+    session.BindDrawable();
+    if (HasNewResults(document.Manager())) document.Save();
+    return kDone;
+}
+
+int Draft(const Options& options) {
+    CommandSession session(options);
+    auto& document = session.Open(options.document);
+    const auto& element = document.Gazetteer();
+    const auto frame = host::As<host::IHostFrameElement>(element);
+    if (!session.Bind()) return kCouldNot;
+
+    const std::int32_t members = element->Count();
+    document.Manager().DraftMode();
+    document.CheckNothingFailed();
+    const bool changed =
+        HasNewResults(document.Manager()) || element->Count() != members || !frame->Draft();
+    frame->SetDraft(true);
+    if (changed) document.Save();
+    return kDone;
+}
+
+int Export(const Options& options) {
+    CheckOutputName(options.output);
+    CheckApart(options.output, {options.document});
+    const auto asked = ParsePages(options.pages);
+    CommandSession session(options);
+    auto& document = session.Open(options.document);
+    session.BindDrawable();
+    session.CheckHasPages();
+    const auto pages = asked.value_or(PageRange{1, document.PageCount()});
+    CheckPage(pages.last, document.PageCount());
+    WriteSheets(document, options.output, pages);
+    ClearProgress();
+    return kDone;
+}
+
+}  // namespace app
