@@ -11,6 +11,20 @@
 #include "app/window/Icons.h"
 
 namespace app {
+namespace {
+
+// A null pointer adds a separator.
+void Fill(QWidget& place, std::initializer_list<QAction*> actions) {
+    for (QAction* action : actions) {
+        if (action == nullptr) {
+            action = new QAction(&place);
+            action->setSeparator(true);
+        }
+        place.addAction(action);
+    }
+}
+
+}  // namespace
 
 Actions::Actions(QMainWindow& window)
     : QObject(&window),
@@ -21,9 +35,7 @@ Actions::Actions(QMainWindow& window)
     AddPageActions();
     AddViewActions();
     recent->setObjectName("recentMenu");
-    zooms->addActions({fitPage, fitWidth, zoomFull});
-    zooms->addSeparator();
-    zooms->addActions({zoomIn, zoomOut});
+    Fill(*zooms, {fitPage, fitWidth, zoomFull, nullptr, zoomIn, zoomOut});
     pageBox->setObjectName("pageBox");
     pageBox->setAccessibleName("Page");
     pageBox->setToolTip("Page on show");
@@ -102,34 +114,15 @@ void Actions::AddViewActions() {
 }
 
 void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
-    QMenu* file = window.menuBar()->addMenu("&File");
-    file->addActions({newDocument, open});
-    file->addMenu(recent);
-    file->addSeparator();
-    file->addActions({save, saveAs});
-    file->addSeparator();
-    file->addAction(exportPages);
-    file->addSeparator();
-    file->addAction(quit);
-
-    QMenu* edit = window.menuBar()->addMenu("&Edit");
-    edit->addActions({properties, deselect});
-    edit->addSeparator();
-    edit->addAction(findPage);
-
-    QMenu* view = window.menuBar()->addMenu("&View");
-    view->addActions({zoomIn, zoomOut, zoomFull});
-    view->addSeparator();
-    view->addActions({fitPage, fitWidth});
-    view->addSeparator();
-    view->addAction(showPages);
-
-    QMenu* page = window.menuBar()->addMenu("&Page");
-    page->addActions({firstPage, previousPage, nextPage, lastPage, goToPage});
-    page->addSeparator();
-    page->addActions({refresh, draft});
-
-    window.menuBar()->addMenu("&Help")->addAction(about);
+    QMenuBar& bar = *window.menuBar();
+    Fill(*bar.addMenu("&File"), {newDocument, open, recent->menuAction(), nullptr, save, saveAs,
+                                 nullptr, exportPages, nullptr, quit});
+    Fill(*bar.addMenu("&Edit"), {properties, deselect, nullptr, findPage});
+    Fill(*bar.addMenu("&View"),
+         {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr, showPages});
+    Fill(*bar.addMenu("&Page"),
+         {firstPage, previousPage, nextPage, lastPage, goToPage, nullptr, refresh, draft});
+    Fill(*bar.addMenu("&Help"), {about});
 }
 
 void Actions::AddToolBar(QMainWindow& window) {
@@ -137,15 +130,10 @@ void Actions::AddToolBar(QMainWindow& window) {
     bar->setObjectName("toolBar");
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->addActions({newDocument, open, save});
-    bar->addSeparator();
-    bar->addActions({firstPage, previousPage});
-    bar->addWidget(pageBox);
-    bar->addActions({nextPage, lastPage});
-    bar->addSeparator();
-    bar->addActions({zoomOut, zoomIn, fitPage, fitWidth});
-    bar->addSeparator();
-    bar->addActions({draft, refresh, properties, exportPages});
+    Fill(*bar,
+         {newDocument, open, save, nullptr, firstPage, previousPage, nextPage, lastPage, nullptr,
+          zoomOut, zoomIn, fitPage, fitWidth, nullptr, draft, refresh, properties, exportPages});
+    bar->insertWidget(nextPage, pageBox);
 }
 
 }  // namespace app

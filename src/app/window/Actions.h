@@ -9,16 +9,14 @@ class QSpinBox;
 
 namespace app {
 
-/// What can be done in the window, with its texts, keys and icons, in menus and on a tool bar. What
-/// each does is for others to connect.
+/// The actions of the window with their texts, keys and icons, in menus and on a tool bar. The
+/// window connects them with what they do.
 class Actions : public QObject {
 public:
     explicit Actions(QMainWindow& window);
 
     void AddMenus(QMainWindow& window, QAction* showPages);
     void AddToolBar(QMainWindow& window);
-    /// A menu of the zooms.
-    QMenu* ZoomMenu() const { return zooms; }
 
     QAction* newDocument;
     QAction* open;

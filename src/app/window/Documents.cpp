@@ -1,13 +1,12 @@
 #include "app/window/Documents.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSettings>
 
 #include "app/document/Errors.h"
 #include "app/window/NewDocumentDialog.h"
-#include "app/window/RecentDocuments.h"
 #include "app/window/WaitPointer.h"
 #include "desk/window/WidgetText.h"
 
@@ -15,14 +14,35 @@ namespace app {
 namespace {
 
 constexpr char kFilter[] = "Documents (*.json *.gazetteer);;All files (*)";
+constexpr char kRecent[] = "recentDocuments";
+constexpr qsizetype kMostRecent = 8;
+
+QStringList RecentWithout(const QString& path) {
+    QStringList paths = Documents::Recent();
+    paths.removeAll(QFileInfo(path).absoluteFilePath());
+    return paths;
+}
 
 }  // namespace
 
 Documents::Documents(WindowSession& session, QWidget& window)
     : QObject(&window), session_(session), window_(window) {}
 
-bool Documents::IsTable(const QString& path) {
-    return QFileInfo(path).suffix().compare("dbf", Qt::CaseInsensitive) == 0;
+QStringList Documents::Recent() {
+    return QSettings().value(kRecent).toStringList();
+}
+
+void Documents::SetRecent(const QStringList& paths) {
+    QSettings().setValue(kRecent, paths.first(qMin(kMostRecent, paths.size())));
+    Q_EMIT RecentChanged();
+}
+
+void Documents::AddRecent(const QString& path) {
+    SetRecent(QStringList(QFileInfo(path).absoluteFilePath()) + RecentWithout(path));
+}
+
+void Documents::ClearRecent() {
+    SetRecent({});
 }
 
 QString Documents::Name() const {
@@ -33,11 +53,6 @@ QString Documents::Name() const {
 QString Documents::StartFolder() const {
     return session_.HasDocument() ? QFileInfo(desk::ToQt(session_.Path())).absolutePath()
                                   : QString();
-}
-
-void Documents::Warn(const QString& title, const QString& sentence) {
-    session_.Host().Dialogs().MessageBox(
-        {desk::FromQt(title), desk::FromQt(sentence), host::kWarningOk, nullptr});
 }
 
 bool Documents::MayLeave() {
@@ -60,42 +75,29 @@ void Documents::Open() {
 }
 
 void Documents::Open(const QString& path) {
-    if (IsTable(path)) return New(path);
+    if (QFileInfo(path).suffix().compare("dbf", Qt::CaseInsensitive) == 0) return New(path);
     if (!MayLeave()) return;
     try {
         const WaitPointer wait;
         session_.Open(desk::FromQt(path));
     } catch (const std::exception&) {
-        return Warn("Open Document", desk::ToQt(CurrentSentence()));
+        return session_.Warn("Open Document", CurrentSentence());
     }
-    RecentDocuments::Add(path);
-    Q_EMIT RecentChanged();
+    AddRecent(path);
     Q_EMIT Replaced();
 }
 
 void Documents::OpenRecent(const QString& path) {
     if (QFileInfo::exists(path)) return Open(path);
-    RecentDocuments::Remove(path);
-    Q_EMIT RecentChanged();
-    Warn("Open Document", "The document \"" + path +
-                              "\" is no longer there, and was taken off the list of recent "
-                              "documents.");
+    SetRecent(RecentWithout(path));
+    session_.Warn("Open Document", "The document \"" + desk::FromQt(path) +
+                                       "\" is no longer there, and was taken off the list of "
+                                       "recent documents.");
 }
 
 void Documents::New(const QString& table) {
     if (!MayLeave()) return;
-    const auto make = [this](const NewDocumentOptions& options, bool readyToPrint) -> QString {
-        try {
-            const WaitPointer wait;
-            session_.StartNew(options, readyToPrint);
-            return {};
-        } catch (const std::exception&) {
-            return desk::ToQt(CurrentSentence());
-        }
-    };
-    NewDocumentDialog dialog(session_.Host(), make, &window_);
-    if (!table.isEmpty()) dialog.SetTable(table);
-    if (dialog.exec() == QDialog::Accepted) Q_EMIT Replaced();
+    if (MakeNewDocument(session_, table, window_)) Q_EMIT Replaced();
 }
 
 bool Documents::Save() {
@@ -115,18 +117,17 @@ bool Documents::SaveAs() {
 
 bool Documents::SaveWith(const QString& path, const std::function<void()>& save) {
     if (session_.Needs(desk::FromQt(path))) {
-        Warn("Save Document",
-             "The document cannot be saved as \"" + path + "\", since it is made from that file.");
+        session_.Warn("Save Document", "The document cannot be saved as \"" + desk::FromQt(path) +
+                                           "\", since it is made from that file.");
         return false;
     }
     try {
         save();
     } catch (const std::exception&) {
-        Warn("Save Document", desk::ToQt(CurrentSentence()));
+        session_.Warn("Save Document", CurrentSentence());
         return false;
     }
-    RecentDocuments::Add(path);
-    Q_EMIT RecentChanged();
+    AddRecent(path);
     Q_EMIT Saved();
     return true;
 }

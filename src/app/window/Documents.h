@@ -9,38 +9,42 @@ class QWidget;
 
 namespace app {
 
-/// Opening, making and saving documents, with what has to be asked and told.
+/// Opens, makes and saves documents, with the dialogs for that, and keeps the list of recent ones
+/// in the settings of the user.
 class Documents : public QObject {
     Q_OBJECT
 
 public:
     Documents(WindowSession& session, QWidget& window);
 
-    /// The document on show may be left: it is saved, or is not to be. Asks where it is modified.
+    /// Returns whether the document on show can be closed. Offers to save it where it is modified.
     bool MayLeave();
 
     void Open();
     void Open(const QString& path);
-    /// Opens a document from the list of recent ones, which forgets it if it is gone.
+    /// Opens a recent document, or removes it from their list if the file no longer exists.
     void OpenRecent(const QString& path);
-    /// Asks for a new document; a listing table may be given.
+    /// Shows the dialog for a new document, with a listing table if one is given.
     void New(const QString& table = {});
     bool Save();
     bool SaveAs();
 
-    static bool IsTable(const QString& path);
-    /// The name of the document as titles show it.
+    /// The name of the document for titles.
     QString Name() const;
+    /// Paths of the documents that were open last, newest first.
+    static QStringList Recent();
+    void ClearRecent();
 
 Q_SIGNALS:
-    /// Another document is on show.
+    /// Another document has been opened or made.
     void Replaced();
     void Saved();
     void RecentChanged();
 
 private:
     bool SaveWith(const QString& path, const std::function<void()>& save);
-    void Warn(const QString& title, const QString& sentence);
+    void SetRecent(const QStringList& paths);
+    void AddRecent(const QString& path);
     QString StartFolder() const;
 
     WindowSession& session_;

@@ -16,7 +16,6 @@
 #include "app/window/NoticeBar.h"
 #include "app/window/PageView.h"
 #include "app/window/PagesDock.h"
-#include "app/window/RecentDocuments.h"
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "app/window/WaitPointer.h"
@@ -30,7 +29,7 @@ namespace {
 constexpr char kGeometry[] = "window/geometry";
 constexpr char kState[] = "window/state";
 
-// The one local file that is dragged; empty for anything else.
+// Returns the path if one local file is dragged, else an empty text.
 QString DraggedFile(const QMimeData& data) {
     const auto urls = data.urls();
     return urls.size() == 1 && urls[0].isLocalFile() ? urls[0].toLocalFile() : QString();
@@ -44,7 +43,7 @@ MainWindow::MainWindow(const std::string& locale)
       pages_(new PagesDock(this)),
       actions_(new Actions(*this)),
       stack_(new QStackedWidget(this)) {
-    status_ = new StatusPanes(actions_->ZoomMenu(), this);
+    status_ = new StatusPanes(actions_->zooms, this);
     session_ = std::make_unique<WindowSession>(DeskOptionsFor(locale));
     documents_ = new Documents(*session_, *this);
     start_ = new StartPage({actions_->open, actions_->newDocument}, this);
@@ -62,14 +61,13 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::RestorePlace() {
     const QSettings settings;
-    const bool known = restoreGeometry(settings.value(kGeometry).toByteArray());
-    if (!known) resize(1180, 860);
-    // Without a document there are no pages to list.
+    if (!restoreGeometry(settings.value(kGeometry).toByteArray())) resize(1180, 860);
+    // Until there is a document, no pages can be listed.
     pages_->hide();
     pages_->toggleViewAction()->setEnabled(false);
 }
 
-// With the first document, the page list is where the user left it.
+// Shows the page list, with the first document, in the place that the settings have.
 void MainWindow::ShowDock() {
     QAction& toggle = *pages_->toggleViewAction();
     if (toggle.isEnabled()) return;
@@ -119,7 +117,7 @@ void MainWindow::TakePicture() {
     ShowSelection();
 }
 
-// While pages are drawn one after another, the last one counts.
+// Deferred, so that of several pages drawn in a row only the last is taken.
 void MainWindow::TakePictureSoon() {
     if (std::exchange(pictureWanted_, true)) return;
     QMetaObject::invokeMethod(
@@ -172,7 +170,7 @@ void MainWindow::ShowPage() {
 }
 
 void MainWindow::ShowRecent() {
-    const QStringList paths = RecentDocuments::Paths();
+    const QStringList paths = Documents::Recent();
     start_->ShowRecent(paths);
     QMenu& menu = *actions_->recent;
     menu.clear();
@@ -181,12 +179,8 @@ void MainWindow::ShowRecent() {
         menu.addAction(desk::WithoutMnemonic(path), documents_,
                        [this, path] { documents_->OpenRecent(path); });
     menu.addSeparator();
-    menu.addAction("&Clear List", this, [this] {
-        RecentDocuments::Clear();
-        // The menu cannot go while it is at work.
-        QMetaObject::invokeMethod(
-            this, [this] { ShowRecent(); }, Qt::QueuedConnection);
-    });
+    // Queued, since the menu cannot be cleared while it runs one of its actions.
+    menu.addAction("&Clear List", documents_, &Documents::ClearRecent, Qt::QueuedConnection);
 }
 
 void MainWindow::TurnTo(int page) {
@@ -230,7 +224,7 @@ void MainWindow::ShowSelection() {
     actions_->properties->setEnabled(selected_ || session_->Document().Gazetteer());
 }
 
-// Of what is selected or, where nothing is, of the gazetteer.
+// Shows the properties of the selected element, or else of the gazetteer.
 void MainWindow::ShowProperties() {
     if (!selected_) Select(session_->Document().Gazetteer());
     const bool draftBefore = session_->InDraft();
@@ -245,7 +239,7 @@ void MainWindow::ShowProperties() {
     });
     sheet.exec();
     if (session_->InDraft() == draftBefore) return;
-    // An edit takes the element out of its draft state even if it is not applied.
+    // An edit ends the draft state of the element even if it is not applied.
     session_->NoteChange();
     RefreshLayout();
 }
@@ -285,7 +279,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindow::dropEvent(QDropEvent* event) {
     const QString path = DraggedFile(*event->mimeData());
     event->acceptProposedAction();
-    // The program that the file came from is not to wait for what is asked here.
+    // Deferred, so that the program that the file came from does not wait for dialogs here.
     QMetaObject::invokeMethod(
         this, [this, path] { Open(path); }, Qt::QueuedConnection);
 }

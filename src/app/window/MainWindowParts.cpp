@@ -18,7 +18,7 @@
 #include "desk/window/WidgetText.h"
 #include "desk/window/WindowDialogs.h"
 
-/// How the parts of the window are put together: what stands where, and who is told of what.
+/// The layout of the window, and the connections between its parts.
 namespace app {
 
 desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
@@ -66,13 +66,16 @@ void MainWindow::Arrange() {
 }
 
 void MainWindow::ConnectFiles() {
-    connect(actions_->newDocument, &QAction::triggered, documents_, [this] { documents_->New(); });
-    connect(actions_->open, &QAction::triggered, documents_, [this] { documents_->Open(); });
-    connect(actions_->save, &QAction::triggered, documents_, &Documents::Save);
-    connect(actions_->saveAs, &QAction::triggered, documents_, &Documents::SaveAs);
-    connect(actions_->exportPages, &QAction::triggered, this, &MainWindow::Export);
-    connect(actions_->quit, &QAction::triggered, this, &QWidget::close);
-    connect(actions_->about, &QAction::triggered, this, &MainWindow::ShowAbout);
+    const auto on = [](QAction* action, auto* receiver, auto act) {
+        connect(action, &QAction::triggered, receiver, act);
+    };
+    on(actions_->newDocument, documents_, [this] { documents_->New(); });
+    on(actions_->open, documents_, [this] { documents_->Open(); });
+    on(actions_->save, documents_, &Documents::Save);
+    on(actions_->saveAs, documents_, &Documents::SaveAs);
+    on(actions_->exportPages, this, &MainWindow::Export);
+    on(actions_->quit, this, &QWidget::close);
+    on(actions_->about, this, &MainWindow::ShowAbout);
     connect(documents_, &Documents::Replaced, this, &MainWindow::TakeDocument);
     connect(documents_, &Documents::Saved, this, &MainWindow::ShowState);
     connect(documents_, &Documents::RecentChanged, this, &MainWindow::ShowRecent);
@@ -81,34 +84,38 @@ void MainWindow::ConnectFiles() {
 }
 
 void MainWindow::ConnectPages() {
-    connect(actions_->firstPage, &QAction::triggered, this, [this] { TurnTo(1); });
-    connect(actions_->previousPage, &QAction::triggered, this,
-            [this] { TurnTo(session_->Page() - 1); });
-    connect(actions_->nextPage, &QAction::triggered, this,
-            [this] { TurnTo(session_->Page() + 1); });
-    connect(actions_->lastPage, &QAction::triggered, this, [this] { TurnTo(session_->Pages()); });
-    connect(actions_->goToPage, &QAction::triggered, this, [this] {
+    const auto on = [this](QAction* action, auto act) {
+        connect(action, &QAction::triggered, this, act);
+    };
+    on(actions_->firstPage, [this] { TurnTo(1); });
+    on(actions_->previousPage, [this] { TurnTo(session_->Page() - 1); });
+    on(actions_->nextPage, [this] { TurnTo(session_->Page() + 1); });
+    on(actions_->lastPage, [this] { TurnTo(session_->Pages()); });
+    on(actions_->goToPage, [this] {
         actions_->pageBox->setFocus();
         actions_->pageBox->selectAll();
     });
-    connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
-    connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
-    connect(actions_->findPage, &QAction::triggered, pages_, &PagesDock::FocusFilter);
-    connect(actions_->refresh, &QAction::triggered, this, [this] {
+    on(actions_->findPage, [this] { pages_->FocusFilter(); });
+    on(actions_->refresh, [this] {
         RefreshLayout();
         ListPages();
     });
-    connect(actions_->draft, &QAction::triggered, this, &MainWindow::SetDraft);
+    on(actions_->draft, &MainWindow::SetDraft);
+    connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
+    connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
 }
 
 void MainWindow::ConnectView() {
-    connect(actions_->zoomIn, &QAction::triggered, view_, &PageView::ZoomIn);
-    connect(actions_->zoomOut, &QAction::triggered, view_, &PageView::ZoomOut);
-    connect(actions_->zoomFull, &QAction::triggered, view_, [this] { view_->SetZoom(1); });
-    connect(actions_->fitPage, &QAction::triggered, view_,
-            [this] { view_->SetFit(PageView::Fit::Page); });
-    connect(actions_->fitWidth, &QAction::triggered, view_,
-            [this] { view_->SetFit(PageView::Fit::Width); });
+    const auto on = [this](QAction* action, auto act) {
+        connect(action, &QAction::triggered, this, act);
+    };
+    on(actions_->zoomIn, [this] { view_->ZoomIn(); });
+    on(actions_->zoomOut, [this] { view_->ZoomOut(); });
+    on(actions_->zoomFull, [this] { view_->SetZoom(1); });
+    on(actions_->fitPage, [this] { view_->SetFit(PageView::Fit::Page); });
+    on(actions_->fitWidth, [this] { view_->SetFit(PageView::Fit::Width); });
+    on(actions_->deselect, [this] { Select(nullptr); });
+    on(actions_->properties, &MainWindow::ShowProperties);
     connect(view_, &PageView::ZoomChanged, this, [this] {
         status_->ShowZoom(view_->Zoom());
         actions_->fitPage->setChecked(view_->FitMode() == PageView::Fit::Page);
@@ -119,11 +126,9 @@ void MainWindow::ConnectView() {
     connect(view_, &PageView::Clicked, this, &MainWindow::SelectAt);
     connect(view_, &PageView::PropertiesWanted, actions_->properties, &QAction::trigger);
     connect(view_, &PageView::EscapePressed, actions_->deselect, &QAction::trigger);
-    connect(actions_->deselect, &QAction::triggered, this, [this] { Select(nullptr); });
-    connect(actions_->properties, &QAction::triggered, this, &MainWindow::ShowProperties);
 }
 
-// The commands by which others ask for a refresh.
+// The commands with which the property page asks for a refresh.
 void MainWindow::AddCommands() {
     auto& commands = session_->Document().TheDesk().Commands();
     commands.Add("CVNLayoutsCmds.RefreshLayout", [this] { RefreshLayout(); });

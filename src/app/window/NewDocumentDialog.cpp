@@ -9,14 +9,13 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
-#include <QStringList>
 #include <algorithm>
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
 #include "app/window/PathField.h"
+#include "app/window/WaitPointer.h"
 #include "desk/window/WidgetText.h"
 #include "model/Paths.h"
 
@@ -28,9 +27,34 @@ enum Size { kLetter, kA4, kCustom };
 constexpr double kLeastSheet = 1;  // Inches.
 constexpr double kMostSheet = 200;
 
+class NewDocumentDialog : public QDialog {
+public:
+    NewDocumentDialog(WindowSession& session, QWidget* parent);
+
+    void SetTable(const QString& path) { table_->SetPath(path); }
+    void accept() override;
+
+private:
+    QString ChooseTable();
+    QString ChooseBook(const QString& present);
+    void LookAtTable();
+    void UpdateSize();
+    NewDocumentOptions Options() const;
+    QWidget* MakeSize();
+
+    WindowSession& session_;
+    PathField* table_;
+    QLabel* tableNote_;
+    PathField* book_;
+    QComboBox* size_;
+    QDoubleSpinBox* width_;
+    QDoubleSpinBox* height_;
+    QCheckBox* ready_;
+    QPushButton* create_;
+};
+
 QString FieldList(const host::IHostFields& fields) {
-    // Some tables have hundreds.
-    constexpr std::int32_t kMostNamed = 16;
+    constexpr std::int32_t kMostNamed = 16;  // Some tables have hundreds.
     QStringList names;
     for (std::int32_t i = 0; i < std::min(fields.FieldCount(), kMostNamed); ++i)
         names << desk::ToQt(fields.Field(i)->Name());
@@ -49,14 +73,11 @@ QDoubleSpinBox* LengthBox(const QString& name, double value, QWidget* parent) {
     return box;
 }
 
-}  // namespace
-
-NewDocumentDialog::NewDocumentDialog(host::IHost& host, Maker maker, QWidget* parent)
+NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     : QDialog(parent),
-      host_(host),
-      maker_(std::move(maker)),
+      session_(session),
       table_(new PathField(
-          "table", [this](const QString& present) { return ChooseTable(present); }, this)),
+          "table", [this](const QString&) { return ChooseTable(); }, this)),
       tableNote_(new QLabel(this)),
       book_(new PathField(
           "book", [this](const QString& present) { return ChooseBook(present); }, this)),
@@ -92,7 +113,6 @@ NewDocumentDialog::NewDocumentDialog(host::IHost& host, Maker maker, QWidget* pa
     connect(size_, &QComboBox::currentIndexChanged, this, &NewDocumentDialog::UpdateSize);
     connect(buttons, &QDialogButtonBox::accepted, this, &NewDocumentDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &NewDocumentDialog::reject);
-    // Where inches are not at home, neither is Letter.
     size_->setCurrentIndex(QLocale().measurementSystem() == QLocale::MetricSystem ? kA4 : kLetter);
     UpdateSize();
     LookAtTable();
@@ -115,11 +135,7 @@ QWidget* NewDocumentDialog::MakeSize() {
     return row;
 }
 
-void NewDocumentDialog::SetTable(const QString& path) {
-    table_->SetPath(path);
-}
-
-// The boxes show the size in any case, and can be edited where it is of the user's own.
+// The boxes show the size also where it has a name and cannot be edited.
 void NewDocumentDialog::UpdateSize() {
     const int size = size_->currentIndex();
     for (QDoubleSpinBox* const box : {width_, height_}) box->setEnabled(size == kCustom);
@@ -129,7 +145,7 @@ void NewDocumentDialog::UpdateSize() {
     height_->setValue(named.height);
 }
 
-// What the table has, or what is wrong with it, is told before anything is made of it.
+// Shows the fields of the table, or what is wrong with it.
 void NewDocumentDialog::LookAtTable() {
     QString note = "A dBase table with a field Page and, as a rule, Listing, Row and Column.";
     bool usable = false;
@@ -138,7 +154,7 @@ void NewDocumentDialog::LookAtTable() {
         note = "There is no such file.";
     } else if (!path.isEmpty()) {
         try {
-            const auto table = gazetteer::OpenTableFile(host_, desk::FromQt(path));
+            const auto table = gazetteer::OpenTableFile(session_.Host(), desk::FromQt(path));
             const auto fields = table->Fields();
             usable = fields->FindField("Page") >= 0;
             note = (usable ? "Fields: " : "The table has no field Page; its fields are ") +
@@ -164,16 +180,18 @@ NewDocumentOptions NewDocumentDialog::Options() const {
 
 void NewDocumentDialog::accept() {
     if (!create_->isEnabled()) return;
-    const QString fault = maker_(Options(), ready_->isChecked());
-    if (fault.isEmpty()) return QDialog::accept();
-    QMessageBox box(QMessageBox::Warning, windowTitle(), fault, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    try {
+        const WaitPointer wait;
+        session_.StartNew(Options(), ready_->isChecked());
+    } catch (const std::exception&) {
+        return session_.Warn("New Document", CurrentSentence());
+    }
+    QDialog::accept();
 }
 
-QString NewDocumentDialog::ChooseTable(const QString&) {
-    const auto dialog = host_.NewObjectDialog();
-    dialog->SetObjectFilter(host_.NewTableFilter());
+QString NewDocumentDialog::ChooseTable() {
+    const auto dialog = session_.Host().NewObjectDialog();
+    dialog->SetObjectFilter(session_.Host().NewTableFilter());
     dialog->SetTitle("Choose the Listing Table");
     host::Ref<host::IHostObjectSelection> selection;
     bool accepted = false;
@@ -189,6 +207,14 @@ QString NewDocumentDialog::ChooseBook(const QString& present) {
     const QString start = present.isEmpty() ? QFileInfo(table_->Path()).path() : present;
     return QFileDialog::getOpenFileName(this, "Choose the Map Book", start,
                                         "Map books (*.json);;All files (*)");
+}
+
+}  // namespace
+
+bool MakeNewDocument(WindowSession& session, const QString& table, QWidget& window) {
+    NewDocumentDialog dialog(session, &window);
+    if (!table.isEmpty()) dialog.SetTable(table);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 }  // namespace app

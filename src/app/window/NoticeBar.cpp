@@ -5,7 +5,6 @@
 #include <QStringList>
 #include <QStyle>
 #include <QToolButton>
-#include <algorithm>
 
 #include "app/window/Icons.h"
 #include "desk/window/WidgetText.h"
@@ -13,11 +12,11 @@
 namespace app {
 namespace {
 
-// More would leave no room for the page; the whole is in the tool tip.
+// More lines would leave no room for the page; the tool tip has all.
 constexpr qsizetype kMostShown = 4;
 
-QString Sentence(const Notice& notice) {
-    QString text = desk::ToQt(notice.text);
+QString Sentence(const std::string& notice) {
+    QString text = desk::ToQt(notice);
     if (!text.isEmpty()) text[0] = text[0].toUpper();
     return text;
 }
@@ -47,9 +46,9 @@ NoticeBar::NoticeBar(QWidget* parent)
     hide();
 }
 
-void NoticeBar::Show(const std::vector<Notice>& notices) {
+void NoticeBar::Show(const std::vector<std::string>& notices) {
     QStringList lines;
-    for (const Notice& notice : notices) lines << Sentence(notice);
+    for (const auto& notice : notices) lines << Sentence(notice);
     setVisible(!lines.isEmpty());
     if (lines.isEmpty()) return text_->clear();
     const QString all = lines.join('\n');
@@ -60,15 +59,9 @@ void NoticeBar::Show(const std::vector<Notice>& notices) {
     }
     text_->setText(lines.join('\n'));
     text_->setToolTip(more > 0 ? all : QString());
-    const bool warns = std::ranges::any_of(
-        notices, [](const Notice& notice) { return notice.kind == Notice::Kind::Warning; });
+    // Not before: the screen and the theme may have changed.
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    icon_->setPixmap(ThemeIcon(warns ? "dialog-warning" : "dialog-information")
-                         .pixmap(QSize(side, side), devicePixelRatioF()));
-}
-
-QString NoticeBar::Text() const {
-    return isHidden() ? QString() : text_->text();
+    icon_->setPixmap(ThemeIcon("dialog-warning").pixmap(QSize(side, side), devicePixelRatioF()));
 }
 
 }  // namespace app

@@ -1,23 +1,20 @@
 #pragma once
 
 #include <QFrame>
+#include <string>
 #include <vector>
 
-#include "app/window/WindowSession.h"
-
 class QLabel;
-class QVBoxLayout;
 
 namespace app {
 
-/// A strip above the page that tells of what is odd about the document. The user may put it away.
+/// A strip above the page with warnings about the document. The user can hide it.
 class NoticeBar : public QFrame {
 public:
     explicit NoticeBar(QWidget* parent);
 
-    /// Hides itself where there is nothing to tell.
-    void Show(const std::vector<Notice>& notices);
-    QString Text() const;
+    /// Shows the sentences; hides the strip where there are none.
+    void Show(const std::vector<std::string>& notices);
 
 private:
     QLabel* icon_;

@@ -10,14 +10,14 @@
 namespace app {
 namespace {
 
-// A text as it is compared.
+// The form of a text that is compared.
 QString Folded(const QString& text) {
     QString folded = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
     folded.removeIf([](QChar c) { return c.isMark(); });
     return folded.simplified();
 }
 
-// A stored text in one line as it is read.
+// A stored text without its tokens.
 QString ShownText(const std::string& stored) {
     QString text = desk::ToQt(stored);
     if (!text.contains('$')) return text;
@@ -45,7 +45,7 @@ bool PageFinder::ReadOn(std::chrono::milliseconds time) {
         try {
             ReadPage(pagesRead_);
         } catch (const host::Failure&) {
-            // In a damaged document, what is missing cannot be found.
+            // In a damaged document, missing listings cannot be found.
         }
     }
     return pagesRead_ < pageCount_;

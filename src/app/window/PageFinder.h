@@ -4,20 +4,27 @@
 #include <chrono>
 #include <vector>
 
-#include "app/window/PageListModel.h"
 #include "model/Results.h"
 
 namespace app {
 
-/// Finds the pages on which a listing stands. Upper and lower case, and accents, do not matter.
+/// A page that a search found.
+struct PageHit {
+    int page = 0;
+    QString listing;  ///< The first listing found on it.
+    int more = 0;     ///< How many further ones.
+};
+
+/// Finds the pages of listings. Case and accents are ignored.
 class PageFinder {
 public:
-    /// What is searched from now on, as far as it has been read.
+    /// Replaces what is searched. ReadOn must be called until all of it can be found.
     void SetResults(const gazetteer::WorkingResults& results);
-    /// Reads on for a while, which is not much longer than the one given. False once all is read.
+    /// Reads more pages until the time is over, at least one. Returns false once all are read.
     bool ReadOn(std::chrono::milliseconds time);
 
-    /// Pages with a listing that holds the text, and that whose number is the text, in page order.
+    /// Returns the pages with a listing that contains the text, and the page whose number is the
+    /// text, in page order.
     std::vector<PageHit> Find(const QString& text) const;
 
 private:

@@ -1,24 +1,120 @@
 #include "app/window/PagesDock.h"
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "app/window/Icons.h"
 
 namespace app {
 
+// The pages of a gazetteer with number and name, or those that a search found. Only names in view
+// are asked for, since a gazetteer can have thousands of pages.
+class PagesDock::Model : public QAbstractTableModel {
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void SetPages(int count, std::function<QString(int page)> name);
+    // Shows these pages only; nothing shows all.
+    void ShowOnly(std::optional<std::vector<PageHit>> hits);
+
+    int PageAt(int row) const;
+    // -1 for a page that is not shown.
+    int RowOf(int page) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString TextAt(int row) const;
+
+    int count_ = 0;
+    std::function<QString(int page)> name_;
+    std::optional<std::vector<PageHit>> hits_;
+};
+
+void PagesDock::Model::SetPages(int count, std::function<QString(int page)> name) {
+    beginResetModel();
+    count_ = count;
+    name_ = std::move(name);
+    hits_.reset();
+    endResetModel();
+}
+
+void PagesDock::Model::ShowOnly(std::optional<std::vector<PageHit>> hits) {
+    beginResetModel();
+    hits_ = std::move(hits);
+    endResetModel();
+}
+
+int PagesDock::Model::PageAt(int row) const {
+    return hits_ ? (*hits_)[static_cast<std::size_t>(row)].page : row + 1;
+}
+
+int PagesDock::Model::RowOf(int page) const {
+    if (!hits_) return page >= 1 && page <= count_ ? page - 1 : -1;
+    const auto hit = std::ranges::lower_bound(*hits_, page, {}, &PageHit::page);
+    return hit != hits_->end() && hit->page == page ? static_cast<int>(hit - hits_->begin()) : -1;
+}
+
+int PagesDock::Model::rowCount(const QModelIndex& parent) const {
+    if (parent.isValid()) return 0;
+    return hits_ ? static_cast<int>(hits_->size()) : count_;
+}
+
+int PagesDock::Model::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : 2;
+}
+
+QString PagesDock::Model::TextAt(int row) const {
+    if (!hits_) return name_(row + 1);
+    const PageHit& hit = (*hits_)[static_cast<std::size_t>(row)];
+    if (hit.listing.isEmpty()) return name_(hit.page);
+    return hit.more == 0 ? hit.listing : QString("%1 (+%2)").arg(hit.listing).arg(hit.more);
+}
+
+QVariant PagesDock::Model::data(const QModelIndex& index, int role) const {
+    const bool number = index.column() == 0;
+    switch (role) {
+        case Qt::DisplayRole:
+            return number ? QString::number(PageAt(index.row())) : TextAt(index.row());
+        case Qt::ToolTipRole:
+            return QString("Page %1: %2").arg(PageAt(index.row())).arg(TextAt(index.row()));
+        case Qt::TextAlignmentRole:
+            return QVariant::fromValue(Qt::AlignVCenter |
+                                       (number ? Qt::AlignRight : Qt::AlignLeft));
+        default:
+            return {};
+    }
+}
+
+QVariant PagesDock::Model::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::AlignVCenter |
+                                   (section == 0 ? Qt::AlignRight : Qt::AlignLeft));
+    if (role != Qt::DisplayRole) return {};
+    if (section == 0) return "Page";
+    return hits_ ? "Listing found" : "First - last listing";
+}
+
 PagesDock::PagesDock(QWidget* parent)
     : QDockWidget("Pages", parent),
       filter_(new QLineEdit),
       list_(new QTreeView),
-      nothing_(new QLabel),
-      model_(new PageListModel(this)),
+      nothing_(new QLabel("No page has such a listing.")),
+      model_(new Model(this)),
       reading_(new QTimer(this)) {
     setObjectName("pagesDock");
     setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
@@ -65,9 +161,8 @@ void PagesDock::SetPages(const gazetteer::WorkingResults& results, int count,
                          std::function<QString(int page)> name) {
     finder_.SetResults(results);
     reading_->start();
-    const bool before = std::exchange(marking_, true);
+    const QScopedValueRollback marking(marking_, true);
     model_->SetPages(count, std::move(name));
-    marking_ = before;
     // Room for the widest page number.
     const int width = list_->fontMetrics().horizontalAdvance(QString::number(count) + "  Page");
     list_->header()->resizeSection(0, width);
@@ -76,13 +171,9 @@ void PagesDock::SetPages(const gazetteer::WorkingResults& results, int count,
 
 void PagesDock::SetCurrentPage(int page) {
     page_ = page;
-    const int row = model_->RowOf(page);
-    const bool before = std::exchange(marking_, true);
-    if (row < 0)
-        list_->setCurrentIndex({});
-    else
-        list_->setCurrentIndex(model_->index(row, 0));
-    marking_ = before;
+    const QScopedValueRollback marking(marking_, true);
+    // An invalid index, for a row of -1, leaves no row current.
+    list_->setCurrentIndex(model_->index(model_->RowOf(page), 0));
 }
 
 void PagesDock::FocusFilter() {
@@ -92,29 +183,20 @@ void PagesDock::FocusFilter() {
 }
 
 void PagesDock::Search(const QString& text) {
-    const bool before = std::exchange(marking_, true);
-    if (text.trimmed().isEmpty())
-        model_->ShowOnly({});
-    else
-        model_->ShowOnly(finder_.Find(text));
-    marking_ = before;
+    const QScopedValueRollback marking(marking_, true);
+    const bool searched = !text.trimmed().isEmpty();
+    model_->ShowOnly(searched ? std::optional(finder_.Find(text)) : std::nullopt);
     SetCurrentPage(page_);
-    ShowCount();
+    nothing_->setVisible(searched && model_->rowCount() == 0 && !reading_->isActive());
 }
 
-// Listings are made ready for a search little by little, while there is nothing else to do.
+// Reads listings for the search in slices, while no events wait.
 void PagesDock::ReadOn() {
     constexpr std::chrono::milliseconds kSlice{10};
     if (finder_.ReadOn(kSlice)) return;
     reading_->stop();
-    // Whoever was quicker sees the rest now.
+    // A text that was entered before sees all listings only now.
     if (!filter_->text().trimmed().isEmpty()) Search(filter_->text());
-}
-
-void PagesDock::ShowCount() {
-    const bool searched = !filter_->text().trimmed().isEmpty();
-    nothing_->setText("No page has such a listing.");
-    nothing_->setVisible(searched && model_->rowCount() == 0 && !reading_->isActive());
 }
 
 void PagesDock::TakeFirst() {
@@ -122,7 +204,7 @@ void PagesDock::TakeFirst() {
         list_->setCurrentIndex(model_->index(0, 0));
 }
 
-// The arrow keys lead from the field into the list, and Escape shows all pages again.
+// In the field, the arrow key moves to the list, and Escape shows all pages again.
 bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
     if (watched == filter_ && event->type() == QEvent::KeyPress) {
         const int key = static_cast<const QKeyEvent*>(event)->key();

@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "app/window/PageFinder.h"
-#include "app/window/PageListModel.h"
 
 class QLabel;
 class QLineEdit;
@@ -20,9 +19,10 @@ class PagesDock : public QDockWidget {
 public:
     explicit PagesDock(QWidget* parent);
 
+    /// Lists pages from 1 to the count; the results are what the field searches.
     void SetPages(const gazetteer::WorkingResults& results, int count,
                   std::function<QString(int page)> name);
-    /// Marks the page that is on show; 0 for none.
+    /// Selects the row of the page on show; 0 for none.
     void SetCurrentPage(int page);
     void FocusFilter();
 
@@ -33,19 +33,20 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    class Model;
+
     void Search(const QString& text);
     void ReadOn();
-    void ShowCount();
     void TakeFirst();
 
     QLineEdit* filter_;
     QTreeView* list_;
     QLabel* nothing_;
-    PageListModel* model_;
+    Model* model_;
     QTimer* reading_;
     PageFinder finder_;
     int page_ = 0;
-    bool marking_ = false;  ///< The list's current row is being set by us.
+    bool marking_ = false;  ///< The current row changes without a choice of the user.
 };
 
 }  // namespace app

@@ -7,7 +7,7 @@
 namespace app {
 namespace {
 
-// Often enough to look alive; a run tells of every cell.
+// A run sets a text for every cell; more updates than these cost time and cannot be read.
 constexpr qint64 kInterval = 60;  // Milliseconds.
 
 constexpr int kSpokes = 12;
@@ -15,20 +15,11 @@ constexpr int kSpokes = 12;
 }  // namespace
 
 void BusySign::Take(desk::AnimationStep step) {
-    switch (step) {
-        case desk::AnimationStep::Show:
-            shown_ = true;
-            break;
-        case desk::AnimationStep::Play:
-            playing_ = true;
-            break;
-        case desk::AnimationStep::Hide:
-            shown_ = false;
-            break;
-        case desk::AnimationStep::Stop:
-            playing_ = false;
-            break;
-    }
+    using desk::AnimationStep;
+    if (step == AnimationStep::Show || step == AnimationStep::Hide)
+        shown_ = step == AnimationStep::Show;
+    else
+        playing_ = step == AnimationStep::Play;
     repaint();
 }
 
@@ -70,7 +61,7 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     sign_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     text_->setObjectName("statusText");
     text_->setTextFormat(Qt::PlainText);
-    // A long text is cut; it must not widen the window.
+    // A long text must not widen the window.
     text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     page_->setObjectName("statusPage");
     page_->setMargin(fontMetrics().averageCharWidth() / 2);
@@ -87,11 +78,10 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
 
 void StatusPanes::ShowRunText(int pane, const QString& text) {
     if (pane != 0) return;
-    // The text of a stage without numbers stands for a while, and the end of one must be seen.
+    // Always shown: a text that ends in a full stop names a stage, an empty one ends the run.
     const bool counts = !text.isEmpty() && !text.endsWith('.');
     if (counts && sinceShown_.isValid() && sinceShown_.elapsed() < kInterval) return;
     sinceShown_.start();
-    // After a run, what came of the last one is seen again.
     text_->setText(text.isEmpty() ? result_ : text);
     text_->repaint();
     sign_->Step();
@@ -105,10 +95,6 @@ void StatusPanes::ShowResult(const QString& text) {
     result_ = text;
     text_->setText(text);
     text_->setToolTip(text);
-}
-
-QString StatusPanes::Text() const {
-    return text_->text();
 }
 
 void StatusPanes::ShowPage(const QString& text) {

@@ -11,8 +11,8 @@ class QToolButton;
 
 namespace app {
 
-/// A sign that turns while something long is going on. The one thread is busy then, so that it
-/// turns with each Step, not by a timer.
+/// A sign that turns during a run. It turns with each Step and not by a timer, since the run keeps
+/// the only thread busy.
 class BusySign : public QWidget {
 public:
     explicit BusySign(QWidget* parent) : QWidget(parent) {}
@@ -37,13 +37,12 @@ class StatusPanes : public QStatusBar {
 public:
     StatusPanes(QMenu* zooms, QWidget* parent);
 
-    /// A text of a run, seen at once although the thread is busy; but not more often than an eye
-    /// can follow. Only pane 0 is there.
+    /// Shows a text of a run at once, although the thread is busy, but only every 60 ms; an empty
+    /// text shows the result. There is only pane 0; texts for others are ignored.
     void ShowRunText(int pane, const QString& text);
     void ShowAnimation(desk::AnimationStep step);
-    /// A text that stands whenever no run has something to tell.
+    /// Sets the text that is shown while no run goes on.
     void ShowResult(const QString& text);
-    QString Text() const;
     void ShowPage(const QString& text);
     void ShowZoom(double zoom);  ///< 0 for none.
     const BusySign& Sign() const { return *sign_; }

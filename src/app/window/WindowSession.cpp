@@ -20,36 +20,33 @@ host::IHostFrameElement& StateOf(const host::Ref<host::IHostGroupElement>& eleme
 }  // namespace
 
 WindowSession::WindowSession(desk::DeskOptions options)
-    : document_(std::move(options), [this](const std::string& sentence) { Warn(sentence); }) {}
+    : document_(std::move(options), [this](const std::string& sentence) { AddNotice(sentence); }) {}
 
 void WindowSession::Open(const std::string& path) {
     document_.Open(path);
     notices_.clear();
-    TakeDocument(true);
+    TakeDocument();
 }
 
 void WindowSession::StartNew(const NewDocumentOptions& options, bool dressed) {
     auto before = document_.Present();
-    const std::vector<Notice> noticesBefore = std::exchange(notices_, {});
+    const auto noticesBefore = std::exchange(notices_, {});
     try {
-        const auto place = std::filesystem::path(FullPath(options.listingDatabase));
-        StartNewDocument(document_, options,
-                         std::filesystem::path(place).replace_extension(".json"));
+        std::filesystem::path place = FullPath(options.listingDatabase);
+        StartNewDocument(document_, options, place.replace_extension(".json"));
         if (dressed) DressForPrint(document_);
     } catch (...) {
         document_.Restore(std::move(before));
         notices_ = noticesBefore;
         throw;
     }
-    TakeDocument(false);
+    TakeDocument();
 }
 
-void WindowSession::TakeDocument(bool onDisk) {
+void WindowSession::TakeDocument() {
     fontsTold_ = document_.TheDesk().Text()->Substitutions().size();
-    hasDocument_ = true;
-    onDisk_ = onDisk;
-    modified_ = !onDisk;
-    // What was told while the document was made stays on show.
+    modified_ = !OnDisk();
+    // A refresh clears the notices; those of making the document stay.
     const auto told = notices_;
     Refresh();
     notices_.insert(notices_.begin(), told.begin(), told.end());
@@ -64,16 +61,11 @@ void WindowSession::SaveTo(const std::string& documentPath) {
     const auto written = desk::WriteDocument(document, documentPath);
     if (documentPath != Path()) document_.TheDesk().Start(std::move(document), documentPath);
     document_.TheDesk().SetReplaceable(written);
-    NoteSaved();
+    modified_ = false;
 }
 
 void WindowSession::Save() {
-    document_.TheDesk().Save();
-    NoteSaved();
-}
-
-void WindowSession::NoteSaved() {
-    onDisk_ = true;
+    document_.Save();
     modified_ = false;
 }
 
@@ -85,11 +77,16 @@ bool WindowSession::Needs(const std::string& path) {
     });
 }
 
+void WindowSession::Warn(const std::string& title, const std::string& sentence) {
+    document_.Dialogs().MessageBox({title, sentence, host::kWarningOk, nullptr});
+}
+
 void WindowSession::Refresh() {
     notices_.clear();
     summary_.clear();
     document_.FindFrames();
-    if (hasDocument_ && document_.Frames().empty()) Warn("The document has no gazetteer frame.");
+    if (HasDocument() && document_.Frames().empty())
+        AddNotice("The document has no gazetteer frame.");
     const std::size_t chosen = document_.ChosenIndex();
     for (std::size_t i = 0; i < document_.Frames().size(); ++i) {
         document_.Choose(i);
@@ -120,7 +117,7 @@ void WindowSession::Draw() {
     try {
         LabelSheet(document_, page);
     } catch (const std::exception&) {
-        Warn(CurrentSentence());
+        AddNotice(CurrentSentence());
     }
 }
 
@@ -129,16 +126,16 @@ void WindowSession::TellOfResults() {
     if (!summary_.empty()) summary_ += ' ';
     summary_ += manager.HasRun() ? RunSummary(manager) : StoredSummary(manager);
     if (manager.HasRun())
-        for (const auto& warning : RunWarnings(manager)) Warn(warning);
+        for (const auto& warning : RunWarnings(manager)) AddNotice(warning);
     if (!manager.CanDraw())
-        Warn(UndrawableSentence(manager));
+        AddNotice(UndrawableSentence(manager));
     else if (document_.PageCount() == 0)
-        Warn(NoPageReason(manager));
+        AddNotice(NoPageReason(manager));
 }
 
 void WindowSession::TellOfFonts() {
     const auto warnings = FontWarnings(*document_.TheDesk().Text());
-    for (std::size_t i = fontsTold_; i < warnings.size(); ++i) Warn(warnings[i]);
+    for (std::size_t i = fontsTold_; i < warnings.size(); ++i) AddNotice(warnings[i]);
 }
 
 std::int32_t WindowSession::Pages() const {
@@ -155,7 +152,7 @@ void WindowSession::TurnTo(std::int32_t page) {
     Draw();
 }
 
-// A name that is missing in a damaged document is no reason for a message in the midst of a list.
+// Silent, since a list of pages asks for the names: a damaged document would show many messages.
 std::string WindowSession::PageName(std::int32_t page) {
     const NotedDialogs::Silent silent(document_.Dialogs());
     return gazetteer::ToText(document_.Manager().PageName(page), Host().Locale());
@@ -176,7 +173,7 @@ void WindowSession::SetDraft(bool draft) {
 void WindowSession::Export(const std::string& path, const PageRange& pages,
                            const SheetListener& before) {
     const bool draft = InDraft();
-    // Only what goes wrong from here on is to end the export.
+    // Earlier failures must not end the export.
     document_.Dialogs().TakeFailureShown();
     try {
         WriteSheets(document_, path, pages, before);
@@ -187,7 +184,7 @@ void WindowSession::Export(const std::string& path, const PageRange& pages,
     ShowAgain(draft);
 }
 
-// What was on show before pages were drawn for something else.
+// Restores the page, or the draft state, after other pages have been drawn.
 void WindowSession::ShowAgain(bool draft) {
     if (!draft) return Draw();
     document_.Manager().DraftMode();
@@ -196,7 +193,7 @@ void WindowSession::ShowAgain(bool draft) {
 
 host::Ref<host::IHostEnvelope> WindowSession::BoundsOf(
     const host::Ref<host::IHostElement>& element) {
-    // Members of a group may stick out of its frame.
+    // Measured bounds of a group can be larger than its frame.
     if (host::As<host::IHostGroupElement>(element) && element->Geometry())
         return element->Geometry()->Bounds();
     auto bounds = Host().NewEnvelope();
@@ -219,12 +216,6 @@ void WindowSession::Choose(const host::Ref<host::IHostElement>& element) {
     const auto& frames = document_.Frames();
     for (std::size_t i = 0; i < frames.size(); ++i)
         if (frames[i].element == element) document_.Choose(i);
-}
-
-void WindowSession::Warn(const std::string& sentence) {
-    auto& notice = notices_.emplace_back();
-    notice.kind = Notice::Kind::Warning;
-    notice.text = sentence;
 }
 
 }  // namespace app

@@ -11,19 +11,11 @@
 
 namespace app {
 
-/// Something that the user should know about the document, in one sentence.
-struct Notice {
-    enum class Kind { Information, Warning };
-    Kind kind = Kind::Information;
-    std::string text;
-};
-
-/// The window's work on one document: its notices, its pages, and whether it is modified. The
-/// frame that was selected last, at first the lowest, is the one whose pages are turned.
+/// The work of the window on one document: its notices, its pages, and whether it is modified. The
+/// pages are those of the gazetteer frame that was selected last, at first of the lowest one.
 ///
-/// The document counts as modified once its settings, its elements or their draft state were
-/// changed. Drawn pages and the results of a run are saved with it, but can always be had again, so
-/// that making them is no change.
+/// The document is modified when its settings, its elements or their draft state have been changed.
+/// Drawing a page or running the gazetteer does not modify it, since both can be repeated.
 class WindowSession {
 public:
     explicit WindowSession(desk::DeskOptions options);
@@ -32,51 +24,53 @@ public:
 
     OpenDocument& Document() { return document_; }
     host::IHost& Host() { return document_.Host(); }
-    bool HasDocument() const { return hasDocument_; }
-    /// Reads a document and draws it. Fails, with the document before still there, for a file that
-    /// cannot be read.
+    bool HasDocument() const { return !Path().empty(); }
+    /// Reads a document and draws it. Throws, and keeps the document before, for a file that cannot
+    /// be read.
     void Open(const std::string& path);
-    /// A new document, not on disk yet: the given options, dressed for print if so asked. Fails
-    /// with the document before still there.
+    /// Makes a new document, not on disk yet, by the options, and dressed for print if so asked.
+    /// Throws, and keeps the document before, where that fails.
     void StartNew(const NewDocumentOptions& options, bool dressed);
-    /// Saves where the document is. Fails with nothing changed, also where another program has
-    /// changed the file meanwhile.
+    /// Saves the document to its path. Throws, with nothing changed, also where another program has
+    /// changed the file since it was read or saved.
     void Save();
-    /// Saves under a path, which is the document's from then on, over whatever stands there. Fails
-    /// with nothing changed.
+    /// Saves the document to another path, which is its own from then on, and replaces the file
+    /// there. Throws with nothing changed.
     void SaveTo(const std::string& documentPath);
-    /// Where the document is or, of one not on disk yet, where it might be saved.
+    /// The path of the document or, of one not on disk yet, a proposal; empty without a document.
     const std::string& Path() const { return document_.Path(); }
-    bool OnDisk() const { return onDisk_; }
+    bool OnDisk() const { return document_.DeskRef()->Replaceable().has_value(); }
     bool Modified() const { return modified_; }
     void NoteChange() { modified_ = true; }
-    /// Whether the document needs this file, so that nothing may be written over it.
+    /// Whether the document is made from this file, so that nothing may be written over it.
     bool Needs(const std::string& path);
 
-    /// Binds a new manager to each gazetteer frame and draws its page anew, where it can be drawn
-    /// and is not in draft state. The page is the default page at first, later that shown before,
-    /// or the last one where there are fewer.
+    /// Binds a new manager to each gazetteer frame and draws its page, where it can be drawn and is
+    /// not in draft state. The page is the default page at first, later the page shown before, or
+    /// the last one where there are fewer.
     void Refresh();
-    /// What is to be told since the last refresh.
-    const std::vector<Notice>& Notices() const { return notices_; }
-    /// What became of the records in the runs of the last refresh, or what was stored.
+    /// Warnings since the last refresh, one sentence each.
+    const std::vector<std::string>& Notices() const { return notices_; }
+    /// Counts of the runs of the last refresh, or of the stored results.
     const std::string& Summary() const { return summary_; }
+    /// Shows a warning in a message box.
+    void Warn(const std::string& title, const std::string& sentence);
 
     /// The page on show, from 1; 0 where there is none.
     std::int32_t Page() const;
-    /// Pages that can be shown.
+    /// The number of pages that can be shown.
     std::int32_t Pages() const;
     /// Draws a page from 1 to Pages, unless the frame is in draft state.
     void TurnTo(std::int32_t page);
     std::string PageName(std::int32_t page);
     bool InDraft() const;
-    /// Takes the drawn page away, or brings it back.
+    /// Removes the drawn page, or draws it again.
     void SetDraft(bool draft);
 
-    /// Writes pages as WriteSheets does. The page on show is the same afterwards.
+    /// Writes pages as WriteSheets does, and then draws the page on show again.
     void Export(const std::string& path, const PageRange& pages, const SheetListener& before);
 
-    /// The uppermost element at a place in inches; null where there is none.
+    /// Returns the uppermost element at a place in inches; null where there is none.
     host::Ref<host::IHostElement> ElementAt(double x, double y);
     /// Null for an element without extent.
     host::Ref<host::IHostEnvelope> BoundsOf(const host::Ref<host::IHostElement>& element);
@@ -84,22 +78,19 @@ public:
     void Choose(const host::Ref<host::IHostElement>& element);
 
 private:
-    void TakeDocument(bool onDisk);
-    void NoteSaved();
+    void TakeDocument();
     void RefreshChosen();
     void Draw();
     void ShowAgain(bool draft);
     void TellOfResults();
     void TellOfFonts();
-    void Warn(const std::string& sentence);
+    void AddNotice(const std::string& sentence) { notices_.push_back(sentence); }
     bool Drawable() const;
 
     OpenDocument document_;
-    std::vector<Notice> notices_;
+    std::vector<std::string> notices_;
     std::string summary_;
-    std::size_t fontsTold_ = 0;  ///< Of those told of for the documents before.
-    bool hasDocument_ = false;
-    bool onDisk_ = false;
+    std::size_t fontsTold_ = 0;  ///< Substitutions of fonts that documents before have caused.
     bool modified_ = false;
 };
 
