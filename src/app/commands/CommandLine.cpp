@@ -178,8 +178,8 @@ int Run(int argc, const char* const* argv) {
     if (const auto status = Parse(commands.Program(), argc, argv)) return *status;
     try {
         return CheckResultsWritten(commands.RunChosen());
-    } catch (const AlreadyTold& told) {
-        return told.exitStatus;
+    } catch (const AlreadyTold&) {
+        return kCouldNot;
     } catch (const UsageError& error) {
         Tell(error.what());
         return kWrongUsage;

@@ -7,7 +7,6 @@
 #include "app/document/RunTexts.h"
 
 namespace app {
-namespace {
 
 desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
     desk::DeskOptions desk;
@@ -16,8 +15,6 @@ desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
     desk.listeners = ProgressListeners();
     return desk;
 }
-
-}  // namespace
 
 CommandSession::CommandSession(const CommonOptions& options)
     : document_(DeskOptionsOf(options), Warn) {}

@@ -12,6 +12,9 @@ struct CommonOptions {
     bool verbose = false;  ///< Failures are shown with their call stack.
 };
 
+/// A desk with messages and progress on standard error.
+desk::DeskOptions DeskOptionsOf(const CommonOptions& options);
+
 /// The work of one command on one document. Failures end the command; warnings go to standard
 /// error.
 class CommandSession {

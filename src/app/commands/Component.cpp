@@ -1,9 +1,7 @@
 #include <filesystem>
 #include <memory>
-#include <utility>
 
 #include "app/commands/Commands.h"
-#include "app/commands/Console.h"
 #include "app/document/Errors.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/session/Desk.h"
@@ -23,11 +21,8 @@ desk::ComponentLibrary LoadLibrary() {
     return desk::ComponentLibrary(path);
 }
 
-int Register(const Options& given, bool install) {
-    desk::DeskOptions options;
-    options.locale = given.locale;
-    options.dialogs = std::make_shared<ConsoleDialogs>(given.verbose);
-    LoadLibrary().Register(std::make_shared<desk::Desk>(std::move(options)), install);
+int Register(const Options& options, bool install) {
+    LoadLibrary().Register(std::make_shared<desk::Desk>(DeskOptionsOf(options)), install);
     return kDone;
 }
 

@@ -15,7 +15,6 @@ struct HelpRow {
     const char* text;
 };
 
-// clang-format off
 constexpr HelpRow kTexts[] = {
     {"gazetteer", R"(
 The main job in one step:
@@ -30,7 +29,6 @@ Step by step, with a document that keeps the settings:
 
 Exit status: 0 done, 1 it could not be done, 2 wrong usage.
 `gazetteer COMMAND --help` tells more about a command.)"},
-
     {"make", R"(
 The listing database is a dBase table with a field Page, and as a rule Listing, Row and Column.
 
@@ -50,7 +48,6 @@ Examples:
   gazetteer make names.dbf -o index.pdf --page-size a4 --locale is
   gazetteer make names.dbf -o index.pdf --set 'CombineDelimeter=; ' --set Listing.Title=Place
   gazetteer make names.dbf -o sample.png --sample)"},
-
     {"new", R"(
 Where the table has a field Listing the columns are Listing and Page, else Page alone.
   gazetteer new index.json --listing-database names.dbf --page-size 6x9 --set SortColumns=false
@@ -59,7 +56,6 @@ A document that belongs to a map book can show the book's page numbers and grid 
   gazetteer new atlas.json --listing-database names.dbf --book book.json
   gazetteer set atlas.json LinkToMapSeries=true MapSeriesSectionKey=maps \
       MapSeriesTemplateKey=sheet 'MapSeriesFrameName=Main map' Page.FromDatabase=false)"},
-
     {"set", R"(
 Keys are those that the document stores. A column's key has the column's name in front, or * for all
 columns. The value is all that follows the first =, blanks included.
@@ -72,54 +68,44 @@ columns. The value is all that follows the first =, blanks included.
 An expression is text with [Field], $$PAGE_NUMBER, $$ROW, $$COLUMN, $$DOTS and $$NEWLINE.
 Any change drops stored results. `gazetteer column list DOC` shows the values of all columns.
 )"},
-
     {"column", R"(
 A column's name has at most 8 characters and no blank. A new column looks like the first one.
   gazetteer column add index.json Region 'Expression=[Region]' ColumnWidth=1.2
   gazetteer column remove index.json Region
   gazetteer column list index.json --json)"},
-
     {"check", R"(
   gazetteer check index.json --json      {"drawable": false, "reasons": ["..."]}
 The exit status is 0 in either case.)"},
-
     {"generate", R"(
   gazetteer generate index.json
 The results are stored in the document; later commands reload them. Any `set` or `column add` drops
 them. With AutoRefreshListings=true nothing is stored, and every command runs anew.)"},
-
     {"show", R"(
   gazetteer show index.json
   gazetteer show index.json --json       with every listing; its rows are those of the pages
 A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` says why.)"},
-
     {"draft", R"(
   gazetteer draw index.json --page 3     the page stands in the document
   gazetteer draft index.json             and is taken away again; the results stay)"},
-
     {"draw", R"(
   gazetteer draw index.json --page 3                 the page stands in the document, which is saved
   gazetteer draw index.json --page 3 -o page.png     an image of the sheet
   gazetteer draw index.json --page 3 --json          texts, fonts, fills and places in inches
 `export` writes all pages at once.)"},
-
     {"export", R"(
   gazetteer export index.json -o index.pdf              all pages, with bookmarks
   gazetteer export index.json -o index.pdf --pages 2-5
   gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)"},
-
     {"table", R"(
   gazetteer table names.dbf --limit 5
 The encoding is taken from a .cpg file beside the table, else from its header. Warnings tell of
 records that are missing or damaged.)"},
-
     {"component", R"(
   gazetteer component install
 The desk's window shows the property page for as long as it is entered. The component's library is
 looked for as ../lib/gazetteer/libCVNGazetteer.so beside the program, and loaded for this command
 alone. The list of what is entered is gazetteer-desk/components.json in your data folder.)"},
 };
-// clang-format on
 
 const char* FormOf(std::string_view key, ValueKind kind) {
     if (key == gazetteer::keys::kAlignment || key == gazetteer::keys::kTitleAlignment)

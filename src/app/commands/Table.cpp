@@ -1,5 +1,4 @@
 #include <cstdio>
-#include <functional>
 #include <optional>
 
 #include "app/commands/Commands.h"
@@ -18,7 +17,7 @@ using Cells = std::vector<std::optional<std::string>>;
 
 // Calls `take` with each row up to the limit.
 void ForRows(desk::DbfTable& table, host::IHostLocale& locale, std::int64_t limit,
-             const std::function<void(const Cells&)>& take) {
+             const auto& take) {
     Cells cells(table.DbfFields().size());
     const auto rows = table.Search(nullptr, true);
     for (std::int64_t count = 0; limit < 0 || count < limit; ++count) {

@@ -23,9 +23,7 @@ struct CommandError : std::runtime_error {
 };
 
 /// Something could not be done or was refused, and the message has been shown already.
-struct AlreadyTold {
-    int exitStatus = kCouldNot;
-};
+struct AlreadyTold {};
 
 /// Returns a value for use in a sentence: cut after 200 bytes, with an ellipsis.
 std::string Shown(const std::string& value);

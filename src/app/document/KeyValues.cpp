@@ -74,10 +74,6 @@ std::string TextSymbolText(host::IHostTextSymbol& symbol) {
     return text;
 }
 
-host::Variant Object(const host::Ref<host::IHostObject>& object) {
-    return object;
-}
-
 }  // namespace
 
 std::optional<double> ParseDecimal(const std::string& text) {
@@ -138,12 +134,12 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
                 FailForm(key, value,
                          "a font such as \"DejaVu Sans,10,bold,#B00000\" (FAMILY,SIZE[,bold]"
                          "[,#RRGGBB], SIZE at most 1000 and at least 0.1)");
-            return Object(symbol);
+            return host::Ref<host::IHostObject>(symbol);
         }
         case ValueKind::FillSymbol: {
             const auto symbol = ParseFillSymbol(host, value);
             if (!symbol) FailForm(key, value, "a colour such as #E1E1E1");
-            return Object(symbol);
+            return host::Ref<host::IHostObject>(symbol);
         }
         case ValueKind::String:
         case ValueKind::Set:

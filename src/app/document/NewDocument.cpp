@@ -37,13 +37,6 @@ std::vector<double> ParseNumbers(const std::string& text, char separator) {
     return numbers;
 }
 
-std::string FieldNames(const host::IHostFields& fields) {
-    std::string names;
-    for (std::int32_t i = 0; i < fields.FieldCount(); ++i)
-        names += (i == 0 ? "" : ", ") + fields.Field(i)->Name();
-    return names;
-}
-
 // An element with properties but without columns, which come from the database.
 host::Ref<host::IHostGroupElement> MakeGazetteer(host::IHost& host, const FrameOption& frame) {
     auto element = host.NewGroupElement();
@@ -61,7 +54,8 @@ void DefineColumnsOf(OpenDocument& open, const std::string& database) {
     const auto table = gazetteer::OpenTableFile(host, database);
     const auto fields = table->Fields();
     const std::string name = "listing database \"" + database + '"';
-    const std::string fieldsAre = "; its fields are " + FieldNames(*fields) + '.';
+    const std::string fieldsAre =
+        "; its fields are " + FieldNames(*fields, fields->FieldCount()) + '.';
     if (fields->FindField("Page") < 0)
         throw CommandError("The " + name + " has no field \"Page\"" + fieldsAre);
     if (fields->FindField("Listing") < 0)
@@ -80,6 +74,13 @@ double ToThousandths(double inches) {
 }
 
 }  // namespace
+
+std::string FieldNames(const host::IHostFields& fields, std::int32_t most) {
+    std::string names;
+    for (std::int32_t i = 0; i < std::min(fields.FieldCount(), most); ++i)
+        names += (i == 0 ? "" : ", ") + fields.Field(i)->Name();
+    return names + (fields.FieldCount() > most ? ", and others" : "");
+}
 
 PageSize ParsePageSize(const std::string& text) {
     if (text == "letter" || text == "Letter") return {8.5, 11};

@@ -45,6 +45,9 @@ struct FrameOption {
 /// frame that is not on the sheet.
 FrameOption ParseFrame(const std::string& text, const PageSize& page);
 
+/// Returns the names of the first fields, at most so many, for a sentence.
+std::string FieldNames(const host::IHostFields& fields, std::int32_t most);
+
 /// Sets what `make` sets beyond the defaults, for an index that can be printed as it is, and adds a
 /// running head and a sheet number to the document.
 void DressForPrint(OpenDocument& open);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <ranges>
 
 #include "desk/tables/DbfTable.h"
 
@@ -97,12 +98,10 @@ std::string MissingCharactersWarning(const desk::TextEngine& engine) {
     const auto& missing = engine.MissingCharacters();
     if (missing.empty()) return {};
     std::string names;
-    std::size_t named = 0;
-    for (const char32_t character : missing) {
-        if (named == kNamed) break;
-        names += (named++ == 0 ? "" : ", ") + CodePoint(character);
-    }
-    if (missing.size() > named) names += " and " + std::to_string(missing.size() - named) + " more";
+    for (const char32_t character : missing | std::views::take(kNamed))
+        names += (names.empty() ? "" : ", ") + CodePoint(character);
+    if (missing.size() > kNamed)
+        names += " and " + std::to_string(missing.size() - kNamed) + " more";
     return "no installed font has the " +
            std::string(missing.size() == 1 ? "character " : "characters ") + names +
            "; a box is printed instead.";

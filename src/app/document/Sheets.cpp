@@ -24,24 +24,8 @@ void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page)
     writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())));
 }
 
-void DrawSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page,
-               const SheetListener& before) {
-    if (before) before(page);
-    open.Manager().SetIndexToPageNumber(page);
-    open.CheckNothingFailed();
-    PaintSheet(open, writer, page);
-}
-
 std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path) {
     return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title});
-}
-
-void WriteOneFile(OpenDocument& open, const std::string& path, const PageRange& pages,
-                  const SheetListener& before) {
-    const auto writer = OpenWriter(open, path);
-    for (std::int32_t page = pages.first; page <= pages.last; ++page)
-        DrawSheet(open, *writer, page, before);
-    writer->Finish();
 }
 
 // Raises the number of open files to the hard limit of the process.
@@ -50,20 +34,6 @@ void AllowManyFiles() {
     if (::getrlimit(RLIMIT_NOFILE, &files) != 0) return;
     files.rlim_cur = files.rlim_max;
     ::setrlimit(RLIMIT_NOFILE, &files);
-}
-
-// All files are replaced once all are complete, so that a failure leaves those of an earlier export
-// as they were.
-void WriteNumberedFiles(OpenDocument& open, const std::string& path, const PageRange& pages,
-                        const SheetListener& before) {
-    AllowManyFiles();
-    std::vector<std::unique_ptr<desk::PageWriter>> sheets;
-    for (std::int32_t page = pages.first; page <= pages.last; ++page) {
-        sheets.push_back(OpenWriter(open, NumberedPath(path, page)));
-        DrawSheet(open, *sheets.back(), page, before);
-        sheets.back()->Complete();
-    }
-    for (const auto& sheet : sheets) sheet->Place();
 }
 
 }  // namespace
@@ -108,10 +78,20 @@ void CheckPage(std::int32_t page, std::int32_t pageCount) {
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
                  const SheetListener& before) {
     const auto* format = desk::FormatOf(path);
-    if (format && format->manySheets)
-        WriteOneFile(open, path, pages, before);
-    else
-        WriteNumberedFiles(open, path, pages, before);
+    const bool one = format && format->manySheets;
+    if (!one) AllowManyFiles();
+    std::vector<std::unique_ptr<desk::PageWriter>> files;
+    for (std::int32_t page = pages.first; page <= pages.last; ++page) {
+        if (!one || files.empty())
+            files.push_back(OpenWriter(open, one ? path : NumberedPath(path, page)));
+        if (before) before(page);
+        open.Manager().SetIndexToPageNumber(page);
+        open.CheckNothingFailed();
+        PaintSheet(open, *files.back(), page);
+        if (!one || page == pages.last) files.back()->Complete();
+    }
+    // Only now, so that a failure leaves the files of an earlier export as they were.
+    for (const auto& file : files) file->Place();
 }
 
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page) {

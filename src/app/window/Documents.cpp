@@ -6,7 +6,7 @@
 #include <QSettings>
 
 #include "app/document/Errors.h"
-#include "app/window/NewDocumentDialog.h"
+#include "app/window/Dialogs.h"
 #include "app/window/WaitPointer.h"
 #include "desk/window/WidgetText.h"
 

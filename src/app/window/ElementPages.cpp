@@ -4,17 +4,9 @@
 #include "desk/components/Registrar.h"
 
 namespace app {
-namespace {
 
-void Tell(host::IHost& host, const std::string& text) {
-    host.Dialogs().MessageBox({"Property Pages", text, host::kWarningOk, nullptr});
-}
-
-}  // namespace
-
-host::Ref<host::IComPropertyPage> ElementPages::MakeOne(const host::Ref<host::IHost>& host,
-                                                        const std::string& file,
-                                                        const std::string& classId) {
+ElementPages::Page ElementPages::MakeOne(const host::Ref<host::IHost>& host,
+                                         const std::string& file, const std::string& classId) {
     auto& library = libraries_[file];
     if (!library) library = std::make_shared<desk::ComponentLibrary>(file);
     auto page = host::As<host::IComPropertyPage>(library->CreateInstance(classId, host));
@@ -23,23 +15,21 @@ host::Ref<host::IComPropertyPage> ElementPages::MakeOne(const host::Ref<host::IH
                        "\" is no property page.");
 }
 
-std::vector<host::Ref<host::IComPropertyPage>> ElementPages::Make(
-    const host::Ref<host::IHost>& host) {
-    std::vector<host::Ref<host::IComPropertyPage>> pages;
-    std::vector<desk::ComponentEntry> entries;
-    try {
-        const auto registrar = host::As<desk::Registrar>(host->NewComponentRegistrar());
-        entries = registrar->Entries(host::kElementPropertyPages);
-    } catch (const std::exception&) {
-        Tell(*host, CurrentSentence());
-    }
-    for (const auto& entry : entries) {
+std::vector<ElementPages::Page> ElementPages::Make(WindowSession& session) {
+    const auto& host = session.Document().DeskRef();
+    const auto orWarn = [&](const auto& act) {
         try {
-            pages.push_back(MakeOne(host, entry.file, entry.classId));
+            act();
         } catch (const std::exception&) {
-            Tell(*host, CurrentSentence());
+            session.Warn("Property Pages", CurrentSentence());
         }
-    }
+    };
+    std::vector<Page> pages;
+    orWarn([&] {
+        const auto registrar = host::As<desk::Registrar>(host->NewComponentRegistrar());
+        for (const auto& entry : registrar->Entries(host::kElementPropertyPages))
+            orWarn([&] { pages.push_back(MakeOne(host, entry.file, entry.classId)); });
+    });
     return pages;
 }
 

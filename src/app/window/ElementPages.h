@@ -5,22 +5,24 @@
 #include <string>
 #include <vector>
 
+#include "app/window/WindowSession.h"
 #include "desk/components/ComponentLibrary.h"
-#include "host/Host.h"
 
 namespace app {
 
-/// The property pages that components have entered with the host. Libraries stay loaded, as pages
-/// are wanted again and again.
+/// The property pages of the components that are registered with the host. Libraries stay loaded,
+/// since pages are made again and again.
 class ElementPages {
 public:
-    /// New pages, in the order in which they were entered. What keeps one from being made is told
-    /// in a message, and the others are still there.
-    std::vector<host::Ref<host::IComPropertyPage>> Make(const host::Ref<host::IHost>& host);
+    using Page = host::Ref<host::IComPropertyPage>;
+
+    /// Returns new pages, in the order of their registration. A page that cannot be made is left
+    /// out with a warning.
+    std::vector<Page> Make(WindowSession& session);
 
 private:
-    host::Ref<host::IComPropertyPage> MakeOne(const host::Ref<host::IHost>& host,
-                                              const std::string& file, const std::string& classId);
+    Page MakeOne(const host::Ref<host::IHost>& host, const std::string& file,
+                 const std::string& classId);
 
     std::map<std::string, std::shared_ptr<desk::ComponentLibrary>> libraries_;
 };

@@ -8,7 +8,7 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
-// The linker leaves the resources of a library out unless they are asked for.
+// Without this call the linker leaves out the resources of a static library.
 static void TakeResources() {
     Q_INIT_RESOURCE(icons);
 }
@@ -16,7 +16,7 @@ static void TakeResources() {
 namespace app {
 namespace {
 
-// A drawing that takes the palette's text colour, so that it is seen on dark desktops too.
+// A drawing in the text colour of the palette, so that it is visible on dark desktops too.
 class DrawnIcon final : public QIconEngine {
 public:
     explicit DrawnIcon(QByteArray drawing) : drawing_(std::move(drawing)) {}

@@ -4,11 +4,11 @@
 
 namespace app {
 
-/// An icon of the desktop's theme by its standard name; one of our own, in the colours of the
-/// palette, where the theme has none.
+/// Returns an icon of the desktop's theme by its standard name or, where the theme has none, an
+/// icon of the program in the colours of the palette.
 QIcon ThemeIcon(const QString& name);
 
-/// The program's own icon.
+/// Returns the icon of the program.
 QIcon ProgramIcon();
 
 }  // namespace app

@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "app/window/Actions.h"
+#include "app/window/Dialogs.h"
 #include "app/window/Documents.h"
-#include "app/window/Exporting.h"
 #include "app/window/Icons.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PageView.h"
@@ -228,9 +228,8 @@ void MainWindow::ShowSelection() {
 void MainWindow::ShowProperties() {
     if (!selected_) Select(session_->Document().Gazetteer());
     const bool draftBefore = session_->InDraft();
-    auto pages = elementPages_.Make(session_->Document().DeskRef());
     desk::PropertySheet sheet(
-        std::move(pages),
+        elementPages_.Make(*session_),
         std::make_shared<desk::ObjectSet>(std::vector<host::Ref<host::IHostObject>>{selected_}),
         this);
     connect(&sheet, &desk::PropertySheet::Applied, this, [this] {

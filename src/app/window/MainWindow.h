@@ -18,13 +18,12 @@ class PageView;
 class StartPage;
 class StatusPanes;
 
-/// The desk's window: a layout page with its gazetteer, the list of pages, and all that can be done
-/// with them.
+/// The main window: a layout page with its gazetteer, the list of pages, and their actions.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// With a locale as the command line takes it. Fails for one that is not known.
+    /// Takes a locale as IcuLocale does. Throws for an unknown one.
     explicit MainWindow(const std::string& locale);
     ~MainWindow() override;
 

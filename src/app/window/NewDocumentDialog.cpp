@@ -1,5 +1,3 @@
-#include "app/window/NewDocumentDialog.h"
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -10,10 +8,10 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
-#include <algorithm>
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
+#include "app/window/Dialogs.h"
 #include "app/window/PathField.h"
 #include "app/window/WaitPointer.h"
 #include "desk/window/WidgetText.h"
@@ -26,6 +24,7 @@ enum Size { kLetter, kA4, kCustom };
 
 constexpr double kLeastSheet = 1;  // Inches.
 constexpr double kMostSheet = 200;
+constexpr std::int32_t kMostNamed = 16;  // Some tables have hundreds of fields.
 
 class NewDocumentDialog : public QDialog {
 public:
@@ -52,15 +51,6 @@ private:
     QCheckBox* ready_;
     QPushButton* create_;
 };
-
-QString FieldList(const host::IHostFields& fields) {
-    constexpr std::int32_t kMostNamed = 16;  // Some tables have hundreds.
-    QStringList names;
-    for (std::int32_t i = 0; i < std::min(fields.FieldCount(), kMostNamed); ++i)
-        names << desk::ToQt(fields.Field(i)->Name());
-    if (fields.FieldCount() > kMostNamed) names << "and others";
-    return names.join(", ");
-}
 
 QDoubleSpinBox* LengthBox(const QString& name, double value, QWidget* parent) {
     auto* box = new QDoubleSpinBox(parent);
@@ -97,13 +87,9 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     create_->setDefault(true);
 
     auto* form = new QFormLayout(this);
-    const auto add = [form](const char* text, QWidget* field) {
-        form->addRow(text, field);
-        static_cast<QLabel*>(form->labelForField(field))->setBuddy(field);
-    };
-    add("&Listing table:", table_);
+    form->addRow("&Listing table:", table_);
     form->addRow(QString(), tableNote_);
-    add("&Map book (optional):", book_);
+    form->addRow("&Map book (optional):", book_);
     form->addRow("&Page size:", MakeSize());
     static_cast<QLabel*>(form->labelForField(size_->parentWidget()))->setBuddy(size_);
     form->addRow(QString(), ready_);
@@ -158,7 +144,7 @@ void NewDocumentDialog::LookAtTable() {
             const auto fields = table->Fields();
             usable = fields->FindField("Page") >= 0;
             note = (usable ? "Fields: " : "The table has no field Page; its fields are ") +
-                   FieldList(*fields) + (usable ? "" : ".");
+                   desk::ToQt(FieldNames(*fields, kMostNamed)) + (usable ? "" : ".");
         } catch (const std::exception&) {
             note = desk::ToQt(CurrentSentence());
         }

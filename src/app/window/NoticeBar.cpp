@@ -59,7 +59,7 @@ void NoticeBar::Show(const std::vector<std::string>& notices) {
     }
     text_->setText(lines.join('\n'));
     text_->setToolTip(more > 0 ? all : QString());
-    // Not before: the screen and the theme may have changed.
+    // Here and not once, since the screen and the theme can change.
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
     icon_->setPixmap(ThemeIcon("dialog-warning").pixmap(QSize(side, side), devicePixelRatioF()));
 }

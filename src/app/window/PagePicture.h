@@ -9,8 +9,8 @@
 
 namespace app {
 
-/// A layout page as it was when the picture was taken: what is drawn, not its pixels, so that it
-/// can be painted at any size without asking the elements again.
+/// A recording of how a layout page is drawn, so that it can be painted at any size without its
+/// elements.
 class PagePicture {
 public:
     PagePicture(const desk::Document& document, desk::TextEngine& engine);
@@ -18,8 +18,8 @@ public:
     double Width() const { return width_; }  ///< Inches, as is the height.
     double Height() const { return height_; }
 
-    /// Paints the part of the sheet that begins at a pixel of it. The image becomes white where
-    /// nothing is drawn; it must be of the format RGB32.
+    /// Paints a part of the sheet, which begins at the pixel `from`, on white. The image must be of
+    /// the format RGB32.
     void Paint(QImage& image, QPoint from, double pixelsPerInch) const;
 
 private:

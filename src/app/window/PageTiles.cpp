@@ -6,7 +6,7 @@ namespace app {
 namespace {
 
 constexpr int kSide = 512;             // Pixels of a tile.
-constexpr qsizetype kRoom = 96 << 20;  // Bytes: some windows full at twice the resolution.
+constexpr qsizetype kRoom = 96 << 20;  // Bytes, for several windows at twice the resolution.
 
 }  // namespace
 

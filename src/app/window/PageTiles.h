@@ -10,21 +10,20 @@
 
 namespace app {
 
-/// The pixels of a page picture at one size, in tiles that are painted when they are first seen and
-/// kept for a while.
+/// The pixels of a page picture at one size, in tiles that are painted on demand and cached.
 class PageTiles {
 public:
     PageTiles();
 
-    /// Another picture; null for none.
+    /// Null for no picture.
     void SetPicture(std::shared_ptr<const PagePicture> picture);
     const PagePicture* Picture() const { return picture_.get(); }
     void SetPixelsPerInch(double pixelsPerInch);
-    /// Of the whole sheet, in pixels; empty without a picture.
+    /// Returns the size of the sheet in pixels; empty without a picture.
     QSize Size() const;
 
-    /// Paints the part of the sheet in a rectangle of its pixels. The painter's origin is the
-    /// sheet's corner, its unit a pixel.
+    /// Paints a part of the sheet, a rectangle in its pixels. The origin of the painter is the
+    /// corner of the sheet, its unit a pixel.
     void Paint(QPainter& painter, const QRect& part);
 
 private:

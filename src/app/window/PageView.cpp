@@ -12,13 +12,13 @@
 namespace app {
 namespace {
 
-constexpr int kMargin = 24;  // Around the sheet, in pixels of the view.
+constexpr int kMargin = 24;  // Around the sheet, in device-independent pixels.
 constexpr double kLeastZoom = 0.05;
 constexpr double kMostZoom = 16;
 constexpr std::array kZooms{0.05, 0.1, 0.25, 0.33, 0.5, 0.67, 0.75, 1.0, 1.25,
                             1.5,  2.0, 3.0,  4.0,  6.0, 8.0,  12.0, 16.0};
-constexpr double kWheelStep = 120;   // Eighths of a degree of one notch.
-constexpr double kNotchZoom = 1.15;  // A notch of the wheel.
+constexpr double kWheelStep = 120;   // The angle of one notch, in eighths of a degree.
+constexpr double kNotchZoom = 1.15;  // The factor of one notch of the wheel.
 constexpr double kAlmost = 1e-3;
 
 }  // namespace
@@ -36,9 +36,7 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
 void PageView::SetPicture(std::shared_ptr<const PagePicture> picture) {
     tiles_.SetPicture(std::move(picture));
     ApplyFit();
-    UpdateScale();
-    UpdateScrollBars();
-    viewport()->update();
+    UpdateLayout();
 }
 
 void PageView::SetSelection(std::optional<QRectF> frame) {
@@ -56,7 +54,7 @@ QSizeF PageView::SheetSize() const {
                               : QSizeF(picture->Width(), picture->Height()) * PixelsPerInch();
 }
 
-// In the middle where there is room, else as the scroll bars say.
+// In the middle where there is room, else by the scroll bars.
 QPointF PageView::SheetCorner() const {
     const QSizeF sheet = SheetSize();
     const auto edge = [](double room, double size, int scrolled) {
@@ -85,7 +83,7 @@ double PageView::FittingZoom(Fit fit) const {
     const double width = zoom(room.width(), picture->Width(), logicalDpiX());
     const double height = zoom(room.height(), picture->Height(), logicalDpiX());
     if (fit == Fit::Page || width <= height) return std::min(width, height);
-    // The scroll bar that is needed now takes room.
+    // At this zoom the sheet is higher than the view, and the scroll bar takes room.
     const int bar = verticalScrollBar()->sizeHint().width() +
                     style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing, nullptr, this);
     return zoom(room.width() - bar, picture->Width(), logicalDpiX());
@@ -96,9 +94,7 @@ void PageView::ApplyFit() {
     const double zoom = FittingZoom(fit_);
     if (zoom == zoom_) return;
     zoom_ = zoom;
-    UpdateScale();
-    UpdateScrollBars();
-    viewport()->update();
+    UpdateLayout();
     Q_EMIT ZoomChanged();
 }
 
@@ -122,17 +118,15 @@ void PageView::ZoomOut() {
     SetZoom(next == kZooms.begin() ? kLeastZoom : *(next - 1));
 }
 
-// What lies under the place stays there.
+// Keeps the point of the sheet that is under the place there.
 void PageView::ZoomAt(double zoom, QPointF place) {
     fit_ = Fit::None;
     const QPointF held = ToSheet(place);
     zoom_ = std::clamp(zoom, kLeastZoom, kMostZoom);
-    UpdateScale();
-    UpdateScrollBars();
+    UpdateLayout();
     const QPointF off = ToView(held) - place;
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + qRound(off.x()));
     verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(off.y()));
-    viewport()->update();
     Q_EMIT ZoomChanged();
 }
 
@@ -140,21 +134,24 @@ void PageView::UpdateScale() {
     tiles_.SetPixelsPerInch(PixelsPerInch() * viewport()->devicePixelRatioF());
 }
 
-void PageView::UpdateScrollBars() {
+// The scale, the scroll bars and the painted part all follow the zoom and the size of the view.
+void PageView::UpdateLayout() {
+    UpdateScale();
     const QSizeF sheet = SheetSize();
     const auto set = [](QScrollBar& bar, double size, int room) {
-        // A hair more than what fits needs no bar.
+        // Without kAlmost, rounding errors would show a bar for a sheet that fits.
         const int whole = static_cast<int>(std::ceil(size - kAlmost)) + 2 * kMargin;
         bar.setRange(0, std::max(0, whole - room));
         bar.setPageStep(room);
     };
     set(*horizontalScrollBar(), sheet.width(), viewport()->width());
     set(*verticalScrollBar(), sheet.height(), viewport()->height());
+    viewport()->update();
 }
 
 void PageView::resizeEvent(QResizeEvent*) {
     ApplyFit();
-    UpdateScrollBars();
+    UpdateLayout();
 }
 
 void PageView::scrollContentsBy(int, int) {
@@ -163,7 +160,7 @@ void PageView::scrollContentsBy(int, int) {
 
 void PageView::paintEvent(QPaintEvent* event) {
     if (tiles_.Picture() == nullptr) return;
-    // The window may have moved to a screen of another resolution.
+    // The resolution changes when the window moves to another screen.
     UpdateScale();
     QPainter painter(viewport());
     PaintSheet(painter, event->rect());
@@ -285,10 +282,8 @@ void PageView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PageView::UpdatePointer() {
-    if (panFrom_)
-        viewport()->setCursor(Qt::ClosedHandCursor);
-    else if (spaceDown_)
-        viewport()->setCursor(Qt::OpenHandCursor);
+    if (panFrom_ || spaceDown_)
+        viewport()->setCursor(panFrom_ ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
     else
         viewport()->unsetCursor();
 }

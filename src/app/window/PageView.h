@@ -8,9 +8,8 @@
 
 namespace app {
 
-/// Shows a layout page as it prints: a sheet on the desktop, zoomed with the wheel or by actions,
-/// panned with the middle button, the space bar or the scroll bars. Tells where it was clicked;
-/// what lies there is for others to know.
+/// Shows a layout page as it prints, on a background: zoomed with the wheel or by actions, panned
+/// with the middle button, the space bar or the scroll bars. Signals where it is clicked.
 class PageView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -20,23 +19,26 @@ public:
 
     explicit PageView(QWidget* parent = nullptr);
 
-    /// Another picture of the page; null for no page.
+    /// Sets the picture of the page; null for no page.
     void SetPicture(std::shared_ptr<const PagePicture> picture);
-    /// A frame around what is selected, in inches from the sheet's upper left corner, Y downward.
+    /// Sets the frame of the selected element, in inches from the sheet's upper left corner, Y
+    /// downward.
     void SetSelection(std::optional<QRectF> frame);
 
-    double Zoom() const { return zoom_; }  ///< 1 is the size on paper, as far as the screen says.
+    double Zoom() const {
+        return zoom_;
+    }  ///< 1 is the size on paper, by the resolution of the screen.
     void SetZoom(double zoom);
     void ZoomIn();
     void ZoomOut();
     Fit FitMode() const { return fit_; }
     void SetFit(Fit fit);
-    /// Where a place of the sheet is seen, in the viewport.
+    /// Returns the place in the viewport of a place on the sheet in inches.
     QPointF ToView(QPointF inches) const;
 
 Q_SIGNALS:
     void ZoomChanged();
-    /// A click, in inches from the sheet's upper left corner; it may lie beside the sheet.
+    /// A click, in inches from the sheet's upper left corner, possibly beside the sheet.
     void Clicked(QPointF inches);
     /// A double click, or Enter.
     void PropertiesWanted();
@@ -58,7 +60,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    double PixelsPerInch() const;  ///< Of the view, independent of the device.
+    double PixelsPerInch() const;  ///< Device-independent pixels.
     QSizeF SheetSize() const;
     QPointF SheetCorner() const;
     QPointF ToSheet(QPointF place) const;
@@ -66,7 +68,7 @@ private:
     void ApplyFit();
     void ZoomAt(double zoom, QPointF place);
     void UpdateScale();
-    void UpdateScrollBars();
+    void UpdateLayout();
     void UpdatePointer();
     void PaintSheet(QPainter& painter, const QRect& part);
     void PaintSelection(QPainter& painter);
@@ -76,7 +78,7 @@ private:
     double zoom_ = 1;
     Fit fit_ = Fit::Page;
     bool spaceDown_ = false;
-    std::optional<QPoint> panFrom_;  ///< The pointer's last place while the sheet is dragged.
+    std::optional<QPoint> panFrom_;  ///< The last place of the pointer while the sheet is dragged.
 };
 
 }  // namespace app

@@ -7,12 +7,12 @@ class QVBoxLayout;
 
 namespace app {
 
-/// What the window shows while no document is open: the ways to get one.
+/// The page that the window shows while no document is open, with the ways to open or make one.
 class StartPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// A button for each of the actions.
+    /// Has a button for each of the actions.
     StartPage(const QList<QAction*>& actions, QWidget* parent);
 
     void ShowRecent(const QStringList& paths);

@@ -5,7 +5,7 @@
 
 namespace app {
 
-/// The pointer tells to wait as long as it lives.
+/// While it exists, the pointer is an hourglass.
 class WaitPointer {
 public:
     WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }

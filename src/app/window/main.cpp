@@ -12,12 +12,7 @@
 
 namespace {
 
-struct Arguments {
-    std::string document;
-    std::string locale;
-};
-
-// What nobody else took care of is told, and the window goes on.
+// Shows exceptions that nothing else has caught, and goes on.
 class Application final : public QApplication {
 public:
     using QApplication::QApplication;
@@ -36,19 +31,18 @@ public:
     }
 };
 
-int Run(int argc, char** argv, const Arguments& arguments) {
-    // The program's own arguments are read already.
-    argc = 1;
+int Run(char** argv, const std::string& locale, const std::string& document) {
+    int argc = 1;  // The name of the program; Parse has read the arguments.
     const Application application(argc, argv);
     QApplication::setOrganizationName("gazetteer-desk");
     QApplication::setApplicationName("gazetteer-desk");
     QApplication::setDesktopFileName("gazetteer-desk");
-    app::MainWindow window(arguments.locale);
+    app::MainWindow window(locale);
     window.show();
-    // Once the window is there, for what has to be said about the document.
-    if (!arguments.document.empty())
+    // Deferred until the window is there, since opening can show dialogs.
+    if (!document.empty())
         QTimer::singleShot(0, &window,
-                           [&window, path = desk::ToQt(arguments.document)] { window.Open(path); });
+                           [&window, path = desk::ToQt(document)] { window.Open(path); });
     return QApplication::exec();
 }
 
@@ -57,17 +51,18 @@ int Run(int argc, char** argv, const Arguments& arguments) {
 int main(int argc, char** argv) {
     // A file that would grow beyond the user's limit is a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
-    Arguments arguments;
+    std::string document;
+    std::string locale;
     CLI::App program("Shows the printed index of a map book, and edits what it is made of.",
                      "gazetteer-desk");
     program.set_version_flag("--version", GAZETTEER_VERSION);
-    program.add_option("DOC", arguments.document,
+    program.add_option("DOC", document,
                        "Document to open, or a listing table (.dbf) to make one from");
-    app::AddText(program, "--locale", arguments.locale,
+    app::AddText(program, "--locale", locale,
                  "Locale for sorting and numbers, such as is or de_DE (default: yours)");
     if (const auto status = app::Parse(program, argc, argv)) return *status;
     try {
-        return Run(argc, argv, arguments);
+        return Run(argv, locale, document);
     } catch (const std::exception&) {
         std::fprintf(stderr, "gazetteer-desk: %s\n", app::CurrentSentence().c_str());
         return app::kCouldNot;

@@ -1,5 +1,3 @@
-#include "app/window/Exporting.h"
-
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -15,6 +13,7 @@
 #include <QSpinBox>
 
 #include "app/document/Errors.h"
+#include "app/window/Dialogs.h"
 #include "app/window/PathField.h"
 #include "desk/drawing/PageWriter.h"
 #include "desk/window/WidgetText.h"

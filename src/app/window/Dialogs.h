@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QString>
+
 #include "app/window/WindowSession.h"
 
-class QString;
 class QWidget;
 
 namespace app {
@@ -11,5 +12,9 @@ namespace app {
 /// dialog starts with a table if one is given, and stays open until the document has been made or
 /// the user cancels. Returns whether it was made.
 bool MakeNewDocument(WindowSession& session, const QString& table, QWidget& window);
+
+/// Asks for pages and a file, and writes them with a progress dialog that can be cancelled. Returns
+/// what was done in one sentence, or an empty text.
+QString ExportPages(WindowSession& session, QWidget& window);
 
 }  // namespace app
