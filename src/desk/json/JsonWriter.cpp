@@ -51,7 +51,7 @@ void JsonWriter::Separate() {
 
 void JsonWriter::BreakLine() {
     out_ += '\n';
-    out_.append(static_cast<std::size_t>(indentation_ * depth_), ' ');
+    out_.append(static_cast<std::size_t>(indentation_) * static_cast<std::size_t>(depth_), ' ');
 }
 
 void JsonWriter::Begin(char bracket) {

@@ -63,7 +63,7 @@ private:
 
     static std::string NewKey(const JsonNode& node, std::set<std::string>& known) {
         const auto member = node.Member("key");
-        const std::string key(member.Name());
+        std::string key(member.Name());
         if (!known.insert(key).second)
             member.Fail("the key \"" + key + "\" stands in the file twice");
         return key;

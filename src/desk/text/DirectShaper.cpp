@@ -148,9 +148,9 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
     font_ = font;
     script_ = script;
     width_.reset();
-    const std::size_t differ = line.starts_with(text_)
-                                   ? text_.size()
-                                   : std::ranges::mismatch(text_, line).in2 - line.begin();
+    auto differ = text_.size();
+    if (!line.starts_with(text_))
+        differ = static_cast<std::size_t>(std::ranges::mismatch(text_, line).in2 - line.begin());
     // A word is set with regard to the blank behind it.
     while (!words_.empty() && words_.back().start + kLongestBlank > differ) words_.pop_back();
     text_ = line;
