@@ -1,30 +1,106 @@
-// What a host finds in the component's library; host/Component.h tells of each.
+// What a host finds in the component's library; host/Component.h describes each entry point.
 
+#include <array>
+#include <cstdint>
+#include <dlfcn.h>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
 #include <type_traits>
+#include <utility>
 
-#include "component/ClassObjects.h"
 #include "component/LiveObjects.h"
-#include "component/OwnFile.h"
+#include "host/Component.h"
+#include "host/Failure.h"
 #include "host/Host.h"
+#include "manager/CVNGazetteerManager.h"
+#include "page/GazetteerPropertyPage.h"
+#include "support/CategoryIDs.h"
 #include "support/CategoryInstall.h"
 #include "support/ErrorHandling.h"
 
+namespace gazetteer {
 namespace {
+
+using Object = host::Ref<host::IHostObject>;
+using Make = Object (*)(const host::Ref<host::IHost>& host);
+
+/// The file that this code was loaded from.
+struct OwnFile {
+    std::string folder;
+    std::string baseName;  ///< Without the ending.
+};
+
+// Fails where the loader does not know the file.
+OwnFile FindOwnFile() {
+    static const char here = 0;
+    Dl_info info{};
+    if (::dladdr(&here, &info) == 0 || info.dli_fname == nullptr)
+        throw host::Failure(host::kFailureUnspecified, "CVNGazetteer.FindOwnFile",
+                            "The component's own file is not known.");
+    const auto file = std::filesystem::absolute(info.dli_fname);
+    return {file.parent_path().string(), file.stem().string()};
+}
+
+template <class T, class... Arguments>
+host::Ref<T> MakeCounted(Arguments&&... arguments) {
+    const auto counted = std::make_shared<Counted<T>>(std::forward<Arguments>(arguments)...);
+    return {counted, &counted->object};
+}
+
+template <class T>
+Object MakeWithHost(const host::Ref<host::IHost>& host) {
+    return MakeCounted<T>(host);
+}
+
+Object MakeCategoryInstall(const host::Ref<host::IHost>& host) {
+    const OwnFile file = FindOwnFile();
+    return MakeCounted<CategoryInstall>(host, file.folder, file.baseName);
+}
+
+struct PublicClass {
+    std::string_view name;
+    Make make;
+};
+
+constexpr std::array kClasses{
+    PublicClass{"CVNGazetteer.GazetteerPropertyPage", MakeWithHost<GazetteerPropertyPage>},
+    PublicClass{"CVNGazetteer.CVNGazetteerManager", MakeWithHost<CVNGazetteerManager>},
+    PublicClass{"CVNGazetteer.CategoryInstall", MakeCategoryInstall},
+    PublicClass{"CVNGazetteer.CategoryIDs", MakeWithHost<CategoryIDs>},
+};
+
+class ClassFactory final : public host::IHostClassFactory {
+public:
+    explicit ClassFactory(Make make) : make_(make) {}
+    Object CreateInstance(const host::Ref<host::IHost>& host) override { return make_(host); }
+
+private:
+    Make make_;
+};
+
+host::Ref<host::IHostClassFactory> CreateClassObject(std::string_view className) {
+    for (const auto& known : kClasses)
+        if (known.name == className) return MakeCounted<ClassFactory>(known.make);
+    return nullptr;
+}
 
 std::int32_t Install(const host::Ref<host::IHost>* host, bool install,
                      std::string* message) noexcept try {
-    const auto file = gazetteer::FindOwnFile();
-    gazetteer::CategoryInstall installer(*host, file.folder, file.baseName);
+    const auto file = FindOwnFile();
+    CategoryInstall installer(*host, file.folder, file.baseName);
     const std::int32_t number = installer.Install(install);
     *message = installer.ErrorMessage();
     return number;
 } catch (...) {
-    const auto failure = gazetteer::CurrentFailure();
+    const auto failure = CurrentFailure();
     *message = failure.description;
     return failure.number;
 }
 
 }  // namespace
+}  // namespace gazetteer
 
 extern "C" {
 
@@ -36,12 +112,12 @@ void ComponentCreateClassObject(const char* className,
 }
 
 std::int32_t ComponentRegister(const host::Ref<host::IHost>* host, std::string* message) noexcept {
-    return Install(host, true, message);
+    return gazetteer::Install(host, true, message);
 }
 
 std::int32_t ComponentUnregister(const host::Ref<host::IHost>* host,
                                  std::string* message) noexcept {
-    return Install(host, false, message);
+    return gazetteer::Install(host, false, message);
 }
 
 bool ComponentCanUnload() noexcept {

@@ -177,7 +177,8 @@ std::size_t LineBreaker::WideningRunEnd(std::size_t index) const {
     if (hasMarkup_) return index;
     const auto rest = std::span(characters_).subspan(index);
     const auto line = std::span(result_).subspan(lineStart_);
-    const auto only = LineOnlyGrows() ? OnlyWidens : IsPlainSign;
+    const bool begins = line.empty() && IsLetterOfOneScript(rest[0]);
+    const auto only = begins || LineOnlyGrows() ? OnlyWidens : IsPlainSign;
     if (only == IsPlainSign && !std::ranges::all_of(line, only)) return index;
     const auto end = std::ranges::find_if_not(rest, only);
     return index + static_cast<std::size_t>(end - rest.begin());

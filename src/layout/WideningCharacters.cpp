@@ -56,7 +56,9 @@ bool OnlyWidens(std::string_view character) {
 }
 
 bool IsPlainSign(std::string_view character) {
-    return OnlyWidens(character) && FirstCodePoint(character).value < 0x7F &&
+    constexpr char32_t kNoBreakSpace = 0xA0;
+    const char32_t value = FirstCodePoint(character).value;
+    return OnlyWidens(character) && (value < 0x7F || value == kNoBreakSpace) &&
            !IsLetterOfOneScript(character);
 }
 

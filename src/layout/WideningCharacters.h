@@ -15,8 +15,8 @@ bool OnlyWidens(std::string_view character);
 /// font.
 bool IsLetterOfOneScript(std::string_view character);
 
-/// Whether it is a sign or a digit of ASCII. They widen a line of their kind before its first
-/// letter.
+/// Whether it is a sign or a digit of ASCII, or a no-break space. They widen a line of their kind
+/// before its first letter.
 bool IsPlainSign(std::string_view character);
 
 }  // namespace gazetteer

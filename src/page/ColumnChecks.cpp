@@ -2,6 +2,7 @@
 
 #include "manager/ColumnExpressions.h"
 #include "model/Edit.h"
+#include "model/KeyNames.h"
 #include "model/Paths.h"
 #include "page/ControlValues.h"
 #include "page/frmGazetteerPropertyPage.h"
@@ -69,7 +70,7 @@ void Form::CheckColumns() {
 // Nothing else needs the index layer, which may be out of reach.
 bool Form::AnyColumnFromIndexLayer() const {
     for (const std::string& name : NamesOf(*fields_.columnNames))
-        if (!ToBoolean(SetUnder(*fields_.columnsProperties, name)->Item("FromDatabase")))
+        if (!ToBoolean(SetUnder(*fields_.columnsProperties, name)->Item(keys::kFromDatabase)))
             return true;
     return false;
 }

@@ -4,7 +4,6 @@
 #include "model/Paths.h"
 #include "page/ControlValues.h"
 #include "page/DatabasePath.h"
-#include "page/QtText.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/ErrorHandling.h"
 #include "ui_frmGazetteerPropertyPage.h"
@@ -99,26 +98,15 @@ void Form::lstSortOrder_ItemCheck() {
     editors_.UpdateColumnProperties();
 }
 
-// Both orders are those of their sets, so that another order is another set. The row need not have
-// moved for that.
-void Form::RearrangeColumnOrder(Movement movement) try {
-    if (ui_->lstDisplayOrder->count() == 0) return;
-    MoveSelectedRow(*ui_->lstDisplayOrder, movement);
-    fields_.columnDisplayOrder =
-        Reordered(*host_, *fields_.columnDisplayOrder, RowTexts(*ui_->lstDisplayOrder));
+// An order is that of its set, so that another order is another set, also where no row has moved.
+void Form::Rearrange(QListWidget& list, host::Ref<host::IHostPropertySet> Settings::*order,
+                     Movement movement, const char* procedure) try {
+    if (list.count() == 0) return;
+    MoveSelectedRow(list, movement);
+    fields_.*order = Reordered(*host_, *(fields_.*order), RowTexts(list));
     UpdateProperties();
 } catch (...) {
-    PassOn("RearrangeColumnOrder", kFormLabel);
-}
-
-void Form::RearrangeSortOrder(Movement movement) try {
-    if (ui_->lstSortOrder->count() == 0) return;
-    MoveSelectedRow(*ui_->lstSortOrder, movement);
-    fields_.columnSortOrder =
-        Reordered(*host_, *fields_.columnSortOrder, RowTexts(*ui_->lstSortOrder));
-    UpdateProperties();
-} catch (...) {
-    PassOn("RearrangeSortOrder", kFormLabel);
+    PassOn(procedure, kFormLabel);
 }
 
 }  // namespace gazetteer

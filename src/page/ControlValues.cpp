@@ -4,9 +4,11 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <algorithm>
 
 #include "host/Failure.h"
-#include "page/QtText.h"
+#include "support/Conversions.h"
 
 namespace gazetteer {
 namespace {
@@ -18,6 +20,12 @@ constexpr char kWholeText[] = "wholeText";
 
 QWidget* Find(const QWidget& form, const std::string& name) {
     return form.findChild<QWidget*>(ToQt(name));
+}
+
+int TargetRow(int row, int count, Movement movement) {
+    if (movement == Movement::Top) return 0;
+    if (movement == Movement::Bottom) return count - 1;
+    return std::clamp(row + (movement == Movement::Up ? -1 : 1), 0, count - 1);
 }
 
 }  // namespace
@@ -65,6 +73,52 @@ std::string ShownText(const QWidget& form, const std::string& control) {
     const auto* list = dynamic_cast<const QComboBox*>(&widget);
     if (list != nullptr && list->currentIndex() >= 0) return FromQt(list->currentText());
     return FromQt(widget.property(kWholeText).toString());
+}
+
+void FillList(QComboBox& list, const std::vector<std::string>& entries) {
+    const QSignalBlocker quiet(list);
+    list.clear();
+    for (const std::string& entry : entries) list.addItem(ToQt(entry));
+    list.setCurrentIndex(-1);
+}
+
+void FillList(QListWidget& list, const std::vector<std::string>& rows) {
+    const QSignalBlocker quiet(list);
+    list.clear();
+    for (const std::string& row : rows) list.addItem(ToQt(row));
+    if (!rows.empty()) list.setCurrentRow(0);
+}
+
+void FillCheckedList(QListWidget& list, const host::IHostPropertySet& marks) {
+    const auto items = marks.AllItems();
+    const QSignalBlocker quiet(list);
+    FillList(list, items.names);
+    for (int row = 0; row < list.count(); ++row) {
+        QListWidgetItem* item = list.item(row);
+        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+        const bool mark = ToBoolean(items.values[static_cast<std::size_t>(row)]);
+        item->setCheckState(mark ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+std::string SelectedText(const QListWidget& list) {
+    const QListWidgetItem* item = list.currentItem();
+    return item == nullptr ? std::string() : FromQt(item->text());
+}
+
+std::vector<std::string> RowTexts(const QListWidget& list) {
+    std::vector<std::string> texts;
+    for (int row = 0; row < list.count(); ++row) texts.push_back(FromQt(list.item(row)->text()));
+    return texts;
+}
+
+void MoveSelectedRow(QListWidget& list, Movement movement) {
+    const int row = list.currentRow();
+    if (row < 0) return;
+    const int target = TargetRow(row, list.count(), movement);
+    const QSignalBlocker quiet(list);
+    list.insertItem(target, list.takeItem(row));  // The item takes its check mark along.
+    list.setCurrentRow(target);
 }
 
 }  // namespace gazetteer

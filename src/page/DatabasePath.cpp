@@ -1,7 +1,6 @@
 #include "page/DatabasePath.h"
 
-#include <algorithm>
-
+#include "page/ControlValues.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
 
@@ -10,21 +9,16 @@ namespace {
 
 constexpr char kEnding[] = ".dbf";
 
-// Categories are words of the host's own, of ASCII letters.
-std::string Upper(std::string text) {
-    std::ranges::transform(text, text.begin(), [](unsigned char c) {
-        return static_cast<char>(c >= 'a' && c <= 'z' ? c - ('a' - 'A') : c);
-    });
-    return text;
+bool IsKind(const std::string& category, const char* kind) {
+    return ToQt(category).compare(QLatin1String(kind), Qt::CaseInsensitive) == 0;
 }
 
 }  // namespace
 
 std::string DatabasePath(const std::string& category, const std::string& fullName,
                          const std::string& typedName) {
-    const std::string kind = Upper(category);
-    const bool isConnection = kind == "FOLDER CONNECTION";
-    if (kind != "FOLDER" && !isConnection) return fullName;
+    const bool isConnection = IsKind(category, "Folder Connection");
+    if (!isConnection && !IsKind(category, "Folder")) return fullName;
     const bool hasEnding = typedName.find(kEnding) != std::string::npos;
     std::string path = fullName + '\\' + typedName + (hasEnding ? "" : kEnding);
     // A connection to the root of a drive ends in a backslash of its own.

@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "host/Failure.h"
-#include "page/QtText.h"
+#include "page/ControlValues.h"
 #include "page/SymbolPreview.h"
 #include "support/ErrorHandling.h"
 

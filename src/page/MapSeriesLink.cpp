@@ -4,8 +4,7 @@
 #include <utility>
 
 #include "manager/SeriesLink.h"
-#include "page/FormLists.h"
-#include "page/QtText.h"
+#include "page/ControlValues.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "ui_frmGazetteerPropertyPage.h"

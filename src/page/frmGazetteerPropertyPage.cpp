@@ -1,17 +1,23 @@
 #include "page/frmGazetteerPropertyPage.h"
 
 #include <QEvent>
+#include <QResource>
 #include <utility>
 
 #include "model/Edit.h"
 #include "model/Paths.h"
 #include "model/Results.h"
 #include "page/ControlValues.h"
-#include "page/FormPictures.h"
 #include "page/FormSizing.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "ui_frmGazetteerPropertyPage.h"
+
+// A static library does not register its resources by itself. The macro works outside any namespace
+// only.
+static void LoadFormPictures() {
+    Q_INIT_RESOURCE(page);
+}
 
 namespace gazetteer {
 namespace {
@@ -62,10 +68,13 @@ void Form::ConnectEvents() {
                                                                {"Top_Click", Movement::Top},
                                                                {"Bottom_Click", Movement::Bottom}};
     for (const auto& [event, movement] : kMovements) {
-        events_.Connect(std::string("cmdOrder") + event,
-                        [this, to = movement] { RearrangeColumnOrder(to); });
-        events_.Connect(std::string("cmdSort") + event,
-                        [this, to = movement] { RearrangeSortOrder(to); });
+        events_.Connect(std::string("cmdOrder") + event, [this, to = movement] {
+            Rearrange(*ui_->lstDisplayOrder, &Settings::columnDisplayOrder, to,
+                      "RearrangeColumnOrder");
+        });
+        events_.Connect(std::string("cmdSort") + event, [this, to = movement] {
+            Rearrange(*ui_->lstSortOrder, &Settings::columnSortOrder, to, "RearrangeSortOrder");
+        });
     }
     events_.RequireAllBut({"cmdRename", "lstDisplayOrder"});
 }

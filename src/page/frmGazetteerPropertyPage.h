@@ -6,9 +6,9 @@
 #include "host/Host.h"
 #include "model/Settings.h"
 #include "page/ColumnEditors.h"
+#include "page/ControlValues.h"
 #include "page/FormControls.h"
 #include "page/FormEvents.h"
-#include "page/FormLists.h"
 #include "page/MapSeriesLink.h"
 
 namespace gazetteer {
@@ -70,8 +70,8 @@ private:
     void cmdAdd_Click();
     void cmdRemove_Click();
     void lstSortOrder_ItemCheck();
-    void RearrangeColumnOrder(Movement movement);
-    void RearrangeSortOrder(Movement movement);
+    void Rearrange(QListWidget& list, host::Ref<host::IHostPropertySet> Settings::*order,
+                   Movement movement, const char* procedure);
 
     // Expressions and widths of the columns.
     void cmdExpression_Click();

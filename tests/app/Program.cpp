@@ -1,16 +1,15 @@
 #include "app/Program.h"
 
-#include <array>
 #include <csignal>
-#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/Output.h"
 
 namespace tests {
 namespace {
@@ -63,14 +62,7 @@ Outcome Program::Done(std::vector<std::string> arguments) const {
 }
 
 std::string Program::Shell(const std::string& command) const {
-    const std::string inFolder = "cd '" + folder_.Path() + "' && " + command;
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(::popen(inFolder.c_str(), "r"),
-                                                               ::pclose);
-    std::string output;
-    std::array<char, 4096> bytes{};
-    while (const auto count = std::fread(bytes.data(), 1, bytes.size(), pipe.get()))
-        output.append(bytes.data(), count);
-    return output;
+    return support::Output("cd '" + folder_.Path() + "' && " + command);
 }
 
 bool Program::Exists(const std::string& name) const {

@@ -21,6 +21,8 @@ protected:
             .Write(program_.File("nopage.dbf"));
         program_.Done({"new", "d.json", "--listing-database", "streets.dbf"});
         program_.Done({"new", "empty.json", "--listing-database", "empty.dbf"});
+        program_.Done({"new", "lost.json", "--listing-database", "streets.dbf", "--set",
+                       "IndexDatabaseFile=gone.dbf"});
         program_.Done(
             {"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
         program_.Done({"new", "narrow.json", "--listing-database", "streets.dbf", "--set",
@@ -109,6 +111,8 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
         {{"make", "streets.dbf", "-o", "o.png", "--document", "nowhere/x.json"}, 1, "nowhere"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--set", "*.Expression="}, 1, "records are empty"},
         {{"table", "gone.dbf"}, 1, "gone.dbf"},
+        {{"make", "gone.dbf", "-o", "o.pdf"}, 1, "gone.dbf"},
+        {{"export", "lost.json", "-o", "o.pdf"}, 1, "does not exist"},
         {{"table", "half.dbf"}, 1, "half.dbf is damaged"},
         {{"make", "half.dbf", "-o", "o.pdf"}, 1, "half.dbf is damaged"},
         {{"draw", "d.json", "--page", "2"}, 1, "There is no page 2"},

@@ -1,5 +1,4 @@
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -9,6 +8,7 @@
 #include "host/PropertyPages.h"
 #include "manager/ICVNGazetteerManager.h"
 #include "support/CategoryInstall.h"
+#include "support/Output.h"
 #include "support/TestDesk.h"
 
 namespace {
@@ -102,13 +102,8 @@ TEST_F(Component, EntersItsOwnFileWithTheDesk) {
 }
 
 TEST(ComponentFile, ShowsItsEntryPointsAlone) {
-    std::FILE* const pipe = ::popen("nm -D --defined-only '" COMPONENT_FILE "'", "r");
-    ASSERT_NE(pipe, nullptr);
-    std::string names;
-    std::array<char, 512> line{};
-    while (std::fgets(line.data(), line.size(), pipe) != nullptr)
-        names += std::string(line.data()).substr(19);
-    ::pclose(pipe);
+    const auto names =
+        support::Output("nm -D --defined-only '" COMPONENT_FILE "' | cut -d ' ' -f 3");
     EXPECT_EQ(names,
               "ComponentCanUnload\nComponentCreateClassObject\nComponentRegister\n"
               "ComponentUnregister\n");

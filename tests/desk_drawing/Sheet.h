@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "desk/devices/CairoHandles.h"
+#include "desk/devices/CairoShapes.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "desk/objects/Elements.h"

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "desk/mapbook/MapBook.h"
-#include "desk/mapbook/SeriesFrame.h"
+#include "desk/mapbook/SeriesManager.h"
 #include "host/Failure.h"
 #include "support/FailureOf.h"
 #include "support/TemporaryFolder.h"

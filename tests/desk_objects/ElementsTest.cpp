@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "desk/objects/Box.h"
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"

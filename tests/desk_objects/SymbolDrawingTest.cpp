@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "desk/devices/Devices.h"
-#include "desk/devices/PixelSurface.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"
-#include "desk/objects/Transformation.h"
 #include "desk/text/TextEngine.h"
 #include "host/Failure.h"
 #include "support/InkBox.h"

@@ -3,8 +3,8 @@
 #include <QTreeWidget>
 #include <filesystem>
 
-#include "desk/window/FolderPlaces.h"
 #include "desk/window/ObjectDialog.h"
+#include "desk/window/PlacesPanel.h"
 #include "support/DbfBuilder.h"
 #include "support/Modal.h"
 #include "support/TemporaryFolder.h"

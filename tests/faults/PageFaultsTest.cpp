@@ -5,9 +5,9 @@
 #include "desk/window/ObjectSet.h"
 #include "faults/StoryTest.h"
 #include "page/GazetteerPropertyPage.h"
-#include "page/SetDump.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/Modal.h"
+#include "support/SetDump.h"
 
 /// What a user does at the property page, with calls of the host failing in turn.
 namespace {
@@ -75,7 +75,7 @@ void Edit(StoryTest&) {
 // A page whose form could not be made has none, one that could not be filled says so.
 std::string WorkingCopy() {
     if (!theSheet || !theSheet->form || !theSheet->form->IsFilled()) return "not filled";
-    return page_test::Dump(*theSheet->form->GazetteerProperties());
+    return support::Dump(*theSheet->form->GazetteerProperties());
 }
 
 class PageFaults : public StoryTest {

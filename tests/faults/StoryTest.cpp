@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "model/GeneralFunctions.h"
-#include "page/SetDump.h"
+#include "support/SetDump.h"
 
 namespace faults {
 namespace {
@@ -90,8 +90,7 @@ void StoryTest::Act(const Story& story, std::int64_t failAt) {
 }
 
 std::string StoryTest::Outcome(const Story& story) {
-    return answers_ + story.look() + page_test::Dump(*desk.Properties(element)) +
-           desk.Dump(*element);
+    return answers_ + story.look() + support::Dump(*desk.Properties(element)) + desk.Dump(*element);
 }
 
 bool StoryTest::IsTold(const Story& story, const std::string& good) {
@@ -107,7 +106,7 @@ std::string StoryTest::UserSettings() {
     for (const char* ofRuns : {"HaveSavedListings", "SavedListings", "PageGroups",
                                "PageFirstListings", "PageLastListings", "DefaultPage"})
         copy->RemoveItem(ofRuns);
-    return page_test::Dump(*copy);
+    return support::Dump(*copy);
 }
 
 void StoryTest::ExpectNothingHalfDone() {

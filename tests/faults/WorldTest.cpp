@@ -5,15 +5,14 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
-#include <sys/mount.h>
 #include <sys/resource.h>
 #include <thread>
 #include <unistd.h>
 
 #include "app/Program.h"
 
-/// A full disk, folders that may not be written to, and files that go or change meanwhile: the
-/// program says what and where, leaves everything as it was, and works again afterwards.
+/// Files that may not grow, folders that may not be written to, and tables that change meanwhile:
+/// the program says what and where, leaves everything as it was, and works again afterwards.
 namespace {
 
 namespace fs = std::filesystem;
@@ -24,10 +23,6 @@ using Words = std::vector<std::string>;
 
 constexpr uid_t kNobody = 65534;
 constexpr int kNoProgram = 127;  // What a child answers that cannot be started.
-
-constexpr char kBook[] = R"({"currentTemplate": "index", "books": [{"key": "atlas", "sections": [
-   {"key": "back", "name": "Index", "startPage": 40, "pages": ["index$1"],
-    "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})";
 
 /// Something that stands in the way of a command until it is cleared.
 struct Obstacle {
@@ -41,9 +36,7 @@ class World : public testing::Test {
 protected:
     World() {
         program.WriteLongTable("names.dbf", 300);
-        program.Write("book.json", kBook);
-        program.Done({"make", "names.dbf", "-o", "o.pdf", "--document", "d.json", "--book",
-                      "book.json", "--page-size", "5x5"});
+        program.Done(make);
         program.Done({"export", "d.json", "-o", "o.png", "--pages", "1-2"});
     }
 
@@ -118,38 +111,6 @@ TEST_F(World, FilesThatCannotBeWrittenStayAsTheyAre) {
                           .put = [&] { fs::create_directory(program.File("f-3.png")); },
                           .clear = [&] { fs::remove(program.File("f-3.png")); }};
     Expect(folder, {"export", "d.json", "-o", "f.png"}, {"\"f-3.png\"", "is a folder"});
-}
-
-TEST_F(World, FilesThatAreGoneAreTold) {
-    const auto without = [&](const std::string& name) {
-        return Obstacle{.what = "a file is gone",
-                        .put = [=, this] { Move(name, "hidden"); },
-                        .clear = [=, this] { Move("hidden", name); }};
-    };
-    Expect(without("names.dbf"), exportPdf, {"names.dbf", "does not exist"});
-    Expect(without("names.dbf"), make, {"names.dbf"});
-    Expect(without("book.json"), {"make", "names.dbf", "-o", "o.pdf", "--book", "book.json"},
-           {"book.json", "no such file"});
-}
-
-// The documents and sheets of a small disk of its own.
-TEST_F(World, FullDiskIsToldAndLosesNothing) {
-    const std::string disk = program.File("disk");
-    fs::create_directory(disk);
-    if (::mount("none", disk.c_str(), "tmpfs", 0, "size=1m") != 0)
-        GTEST_SKIP() << "no disk may be mounted here";
-    for (const char* name : {"d.json", "book.json", "o.pdf", "o-1.png", "o-2.png"})
-        fs::copy_file(program.File(name), disk + '/' + name);
-    const Obstacle full{.what = "a full disk",
-                        .put = [&] { program.Write("disk/filler", std::string(2 << 20, 'x')); },
-                        .clear = [&] { fs::remove(disk + "/filler"); }};
-    const std::string reason = "cannot be written: No space left on device.";
-    Expect(full, {"set", "disk/d.json", "Listing.Title=Place"}, {"\"disk/d.json\"", reason});
-    Expect(full, {"draw", "disk/d.json", "--page", "2"}, {"\"disk/d.json\"", reason});
-    Expect(full, {"export", "d.json", "-o", "disk/o.pdf"}, {"\"disk/o.pdf\"", reason});
-    Expect(full, {"export", "d.json", "-o", "disk/o.png", "--pages", "1-2"},
-           {"\"disk/o-1.png\"", reason});
-    ::umount(disk.c_str());
 }
 
 // A table that others work on during a run gives the index of what it was or of what it is, or is

@@ -10,15 +10,17 @@
 
 #include "desk/window/PropertySheet.h"
 #include "page/GazetteerPropertyPage.h"
-#include "page/SetDump.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/Modal.h"
+#include "support/SetDump.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
 
 namespace page_test {
 
 using Texts = std::vector<std::string>;
+using support::Dump;
+using support::ObjectsIn;
 using support::TestDesk;
 
 /// A user at the property page of one gazetteer: the real page in the real sheet on the real desk,

@@ -1,6 +1,6 @@
 #include "app/window/PagePicture.h"
 
-#include "desk/drawing/CairoCanvas.h"
+#include "desk/drawing/Canvas.h"
 #include "desk/drawing/ElementPainter.h"
 
 namespace app {

@@ -3,7 +3,7 @@
 #include <QImage>
 #include <QPoint>
 
-#include "desk/devices/CairoHandles.h"
+#include "desk/devices/CairoShapes.h"
 #include "desk/documents/Document.h"
 #include "desk/text/TextEngine.h"
 

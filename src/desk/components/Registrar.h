@@ -2,11 +2,24 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
-#include "desk/components/Registry.h"
 #include "host/Component.h"
 
 namespace desk {
+
+/// A class of a component under a category.
+struct ComponentEntry {
+    std::string category;
+    std::string classId;
+    std::string file;  ///< The component's library.
+
+    bool operator==(const ComponentEntry&) const = default;
+};
+
+/// Where the user's list of components is kept: components.json in the folder gazetteer-desk of the
+/// user's data folder, $XDG_DATA_HOME or ~/.local/share. Fails where neither is known.
+std::string ComponentsFile();
 
 /// Keeps the user's list of components. A class stands under a category once: entered again, it
 /// keeps its place and serves from the new file.

@@ -1,6 +1,6 @@
 #include "desk/devices/SymbolCanvas.h"
 
-#include "desk/devices/PixelSurface.h"
+#include "desk/devices/Devices.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -47,6 +47,21 @@ PaintBox SymbolCanvas::Place(const host::IHostEnvelope& envelope) const {
     const PaintPoint upperLeft = Place(envelope.XMin(), envelope.YMax());
     const PaintPoint lowerRight = Place(envelope.XMax(), envelope.YMin());
     return {upperLeft.x, upperLeft.y, lowerRight.x, lowerRight.y};
+}
+
+std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color) {
+    if (!color || color->Transparent()) return std::nullopt;
+    return color->RGB();
+}
+
+FontSpec FontOf(const host::IHostTextSymbol& symbol) {
+    FontSpec spec;
+    spec.points = symbol.Size();
+    if (const auto font = symbol.Font()) {
+        spec.family = font->Name();
+        spec.bold = font->Bold();
+    }
+    return spec;
 }
 
 }  // namespace desk

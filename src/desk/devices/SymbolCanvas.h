@@ -1,8 +1,11 @@
 #pragma once
 
-#include "desk/devices/CairoHandles.h"
+#include <optional>
+
 #include "desk/devices/CairoShapes.h"
+#include "desk/text/TextEngine.h"
 #include "host/Display.h"
+#include "host/Symbols.h"
 
 namespace desk {
 
@@ -10,7 +13,8 @@ namespace desk {
 /// the transformation's resolution, Y downward.
 class SymbolCanvas {
 public:
-    /// Fails for a device that does not exist and for a transformation that maps nothing.
+    /// Throws host::Failure for a device that does not exist and for a transformation without an
+    /// extent, a device rectangle or a resolution.
     SymbolCanvas(host::DeviceContext device,
                  const host::Ref<host::IHostDisplayTransformation>& transformation);
 
@@ -22,10 +26,13 @@ private:
     PaintPoint Place(double x, double y) const;
 
     CairoContext context_;
-    // Of the shown extent's upper left corner, and of a map unit, in points.
-    PaintPoint origin_;
-    PaintPoint unit_;
+    PaintPoint origin_;  ///< The shown extent's upper left corner, in points.
+    PaintPoint unit_;    ///< Size of a map unit, in points.
     PaintPoint corner_;  ///< The shown extent's upper left corner in map units.
 };
+
+/// 0xBBGGRR; nothing for a colour that does not show.
+std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color);
+FontSpec FontOf(const host::IHostTextSymbol& symbol);
 
 }  // namespace desk

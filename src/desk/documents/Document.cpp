@@ -4,7 +4,6 @@
 
 #include "desk/documents/ElementReader.h"
 #include "desk/documents/ElementWriter.h"
-#include "desk/documents/ValueWriter.h"
 #include "desk/files/Files.h"
 #include "desk/files/ReplacingFile.h"
 #include "desk/json/JsonWriter.h"
@@ -56,12 +55,12 @@ std::string OptionalText(const JsonNode& node, std::string_view key) {
     return member ? std::string(member->Text()) : std::string();
 }
 
-void ReadPage(const JsonNode& node, const ValueReader& values, Document& document) {
+void ReadPage(const JsonNode& node, const std::shared_ptr<TextEngine>& engine, Document& document) {
     document.pageWidth = Length(node.Member("width"));
     document.pageHeight = Length(node.Member("height"));
     const auto elements = node.Member("elements");
     elements.Each([&](const JsonNode& element) {
-        document.elements.push_back(ReadElement(element, values));
+        document.elements.push_back(ReadElement(element, engine));
     });
 }
 
@@ -74,10 +73,8 @@ void WriteText(JsonWriter& writer, const Document& document) {
     if (!document.templateKey.empty()) writer.Member("template", document.templateKey);
     writer.Key("page");
     writer.BeginObject();
-    writer.Key("width");
-    WriteNumber(writer, document.pageWidth);
-    writer.Key("height");
-    WriteNumber(writer, document.pageHeight);
+    writer.Member("width", document.pageWidth);
+    writer.Member("height", document.pageHeight);
     writer.Key("elements");
     writer.BeginArray();
     for (const auto& element : document.elements) {
@@ -104,7 +101,7 @@ Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>
     document.title = top.Member("title").Text();
     document.mapBook = OptionalText(top, "mapBook");
     document.templateKey = OptionalText(top, "template");
-    ReadPage(top.Member("page"), ValueReader(engine), document);
+    ReadPage(top.Member("page"), engine, document);
     return document;
 }
 

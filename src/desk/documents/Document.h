@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "desk/files/FileState.h"
+#include "desk/files/Files.h"
 #include "host/Elements.h"
 
 namespace desk {

@@ -1,12 +1,159 @@
 #include "desk/documents/ElementWriter.h"
 
-#include "desk/documents/ValueWriter.h"
+#include <cmath>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
 #include "desk/objects/Depth.h"
+#include "desk/objects/PropertySet.h"
 #include "host/Failure.h"
+#include "host/Symbols.h"
+#include "host/Variant.h"
 
 namespace desk {
 
 namespace {
+
+std::string ColorText(std::uint32_t rgb) {
+    constexpr const char* kHexDigits = "0123456789ABCDEF";
+    std::string text = "#";
+    for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U})  // Red stands in the lowest byte.
+        text += kHexDigits[(rgb >> shift) & 0xFU];
+    return text;
+}
+
+void WriteFont(JsonWriter& writer, const host::IHostFont& font) {
+    writer.BeginObject();
+    writer.Member("name", font.Name());
+    writer.Member("size", font.Size());
+    writer.Member("bold", font.Bold());
+    writer.EndObject();
+}
+
+/// Writes the member "color".
+void WriteColor(JsonWriter& writer, const host::IHostColor& color) {
+    writer.Key("color");
+    writer.BeginObject();
+    writer.Member("rgb", ColorText(color.RGB()));
+    writer.Member("transparent", color.Transparent());
+    writer.EndObject();
+}
+
+void WriteTextSymbol(JsonWriter& writer, const host::IHostTextSymbol& symbol) {
+    writer.BeginObject();
+    writer.Key("font");
+    WriteFont(writer, *symbol.Font());
+    WriteColor(writer, *symbol.Color());
+    writer.Member("horizontal", symbol.HorizontalPlacement());
+    writer.Member("vertical", symbol.VerticalPlacement());
+    writer.Member("angle", symbol.Angle());
+    writer.Member("text", symbol.Text());
+    writer.EndObject();
+}
+
+void WriteLineSymbol(JsonWriter& writer, const host::IHostLineSymbol& symbol) {
+    writer.BeginObject();
+    WriteColor(writer, *symbol.Color());
+    writer.EndObject();
+}
+
+void WriteFillSymbol(JsonWriter& writer, const host::IHostFillSymbol& symbol) {
+    writer.BeginObject();
+    WriteColor(writer, *symbol.Color());
+    if (const auto outline = symbol.Outline()) {
+        writer.Key("outline");
+        WriteLineSymbol(writer, *outline);
+    }
+    writer.EndObject();
+}
+
+class ValueWriter {
+public:
+    explicit ValueWriter(JsonWriter& writer) : writer_(writer) {}
+
+    void operator()(host::Empty) {
+        writer_.BeginObject();
+        writer_.Member("empty", true);
+        writer_.EndObject();
+    }
+    void operator()(host::Null) { writer_.Null(); }
+    void operator()(bool value) { writer_.Flag(value); }
+    void operator()(std::int16_t value) {
+        writer_.BeginObject();
+        writer_.Member("integer", value);
+        writer_.EndObject();
+    }
+    void operator()(std::int32_t value) { writer_.Whole(value); }
+    void operator()(double value) {
+        if (std::isfinite(value)) return writer_.Number(value);
+        writer_.BeginObject();
+        writer_.Member("double", value);
+        writer_.EndObject();
+    }
+    void operator()(std::string_view value) { writer_.Text(value); }
+    void operator()(const host::Ref<host::IHostObject>& object) {
+        writer_.BeginObject();
+        if (!object) {
+            writer_.Key("object");
+            writer_.Null();
+        } else if (const auto set = host::As<host::IHostPropertySet>(object)) {
+            Set(*set);
+        } else if (const auto text = host::As<host::IHostTextSymbol>(object)) {
+            writer_.Key("textSymbol");
+            WriteTextSymbol(writer_, *text);
+        } else if (const auto fill = host::As<host::IHostFillSymbol>(object)) {
+            writer_.Key("fillSymbol");
+            WriteFillSymbol(writer_, *fill);
+        } else if (const auto line = host::As<host::IHostLineSymbol>(object)) {
+            writer_.Key("lineSymbol");
+            WriteLineSymbol(writer_, *line);
+        } else {
+            throw host::Failure(host::kFailureTypeMismatch, "desk::WriteValue",
+                                "an object in it is of a kind that a document cannot hold");
+        }
+        writer_.EndObject();
+    }
+
+private:
+    void Set(const host::IHostPropertySet& set) {
+        if (depth_ >= kDeepestNesting) {
+            throw host::Failure(host::kFailureOverflow, "desk::WriteValue",
+                                "property sets stand inside one another without end");
+        }
+        ++depth_;
+        writer_.Key("set");
+        writer_.BeginArray();
+        SetItems(set);
+        writer_.EndArray();
+        --depth_;
+    }
+    void SetItems(const host::IHostPropertySet& set) {
+        if (const auto* own = dynamic_cast<const PropertySet*>(&set)) {
+            own->Visit([this](std::string_view name, const auto& value) { Item(name, value); });
+            return;
+        }
+        const auto items = set.AllItems();
+        for (std::size_t i = 0; i < items.names.size(); ++i) Item(items.names[i], items.values[i]);
+    }
+    void Item(std::string_view name, const auto& value) {
+        writer_.NewLine();
+        writer_.BeginArray();
+        writer_.Text(name);
+        Value(value);
+        writer_.EndArray();
+    }
+    void Value(std::string_view value) { (*this)(value); }
+    void Value(const host::Variant& value) { std::visit(*this, value); }
+
+    JsonWriter& writer_;
+    int depth_ = 0;
+};
+
+void WriteValue(JsonWriter& writer, const host::Variant& value) {
+    std::visit(ValueWriter(writer), value);
+}
 
 [[noreturn]] void Refuse(const std::string& what) {
     throw host::Failure(host::kFailureTypeMismatch, "desk::WriteElement", what);
@@ -16,7 +163,7 @@ void WriteNumbers(JsonWriter& writer, const char* kind, std::initializer_list<do
     writer.BeginObject();
     writer.Key(kind);
     writer.BeginArray();
-    for (const double number : numbers) WriteNumber(writer, number);
+    for (const double number : numbers) writer.Number(number);
     writer.EndArray();
     writer.EndObject();
 }

@@ -3,19 +3,39 @@
 #include <cstdint>
 #include <span>
 
-#include "desk/devices/Shapes.h"
-#include "desk/text/GlyphCanvas.h"
+#include "desk/devices/CairoShapes.h"
+#include "desk/text/CairoGlyphs.h"
 
 namespace desk {
 
 /// What a page is painted on. Colours are 0xBBGGRR; one unit is a point, Y downward.
 class Canvas : public GlyphCanvas {
 public:
-    /// Fills boxes as one shape. Edges are not softened, so that neighbours show no seam.
+    /// Fills boxes as one shape. Edges are not antialiased, so that neighbours show no seam.
     virtual void Fill(std::span<const PaintBox> boxes, std::uint32_t color) = 0;
     virtual void Stroke(const PaintOutline& outline) = 0;
     /// For the glyphs that follow.
     virtual void SetTextColor(std::uint32_t color) = 0;
+};
+
+/// Paints by cairo, on a context of which one unit is a point, Y downward.
+class CairoCanvas final : public Canvas {
+public:
+    explicit CairoCanvas(cairo_t* context) : context_(context), glyphs_(context) {}
+
+    void Fill(std::span<const PaintBox> boxes, std::uint32_t color) override {
+        FillBoxes(context_, boxes, color);
+    }
+    void Stroke(const PaintOutline& outline) override { StrokeOutline(context_, outline); }
+    void SetTextColor(std::uint32_t color) override { UseColor(context_, color); }
+    void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) override {
+        glyphs_.Show(font, line, baseline);
+    }
+    void FinishGlyphs() override { glyphs_.FinishGlyphs(); }
+
+private:
+    cairo_t* context_;
+    CairoGlyphs glyphs_;
 };
 
 }  // namespace desk

@@ -1,12 +1,13 @@
 #include "desk/drawing/ElementPainter.h"
 
+#include <array>
 #include <optional>
 #include <typeinfo>
 #include <utility>
 #include <vector>
 
+#include "desk/devices/SymbolCanvas.h"
 #include "desk/drawing/PaintQueue.h"
-#include "desk/drawing/PaintStyles.h"
 #include "host/Geometry.h"
 #include "host/KnownCast.h"
 #include "host/Symbols.h"
@@ -36,9 +37,8 @@ Kind AskKind(const host::IHostElement& element) {
     return Kind::Other;
 }
 
-/// Asking an element in vain whether it is of a kind costs as much as painting it, so each class is
-/// asked once. A class may come under two addresses if two libraries know it; it is then asked
-/// twice.
+/// Remembers the kind of each class: a dynamic_cast that fails costs as much as painting the
+/// element. A class that two libraries know may have two addresses, and is then asked twice.
 class Kinds {
 public:
     Kind Of(const host::IHostElement& element) {
@@ -52,11 +52,59 @@ private:
     std::vector<std::pair<const std::type_info*, Kind>> known_;
 };
 
+/// How a text symbol paints texts; without a colour they do not show.
+struct TextStyle {
+    const ResolvedFont* font = nullptr;
+    TextPlacement placement;
+    std::optional<std::uint32_t> color;
+};
+
+/// How a fill symbol paints a rectangle.
+struct FillStyle {
+    std::optional<std::uint32_t> fill, outline;
+};
+
+/// The styles of the last few symbols, each read once. The symbols are held, so that no other one
+/// takes their address. For one pass over elements, in which no symbol changes.
+template <class Symbol, class Style>
+class StyleCache {
+public:
+    template <class Reader>
+    const Style& Find(const host::Ref<Symbol>& symbol, const Reader& read) {
+        for (const auto& known : known_)
+            if (known.symbol == symbol) return known.style;
+        auto& place = known_[next_++ % known_.size()];
+        place = {symbol, read(*symbol)};
+        return place.style;
+    }
+
+private:
+    struct Known {
+        host::Ref<Symbol> symbol;
+        Style style;
+    };
+    std::array<Known, 8> known_;  // More than an index has columns, as a rule.
+    std::size_t next_ = 0;
+};
+
+/// Does not look for a font where no text shows.
+TextStyle ReadStyle(const host::IHostTextSymbol& symbol, TextEngine& engine) {
+    const auto color = VisibleColor(symbol.Color());
+    if (!color) return {};
+    return {&engine.Find(FontOf(symbol)),
+            {symbol.HorizontalPlacement(), symbol.VerticalPlacement(), symbol.Angle()},
+            color};
+}
+
+FillStyle ReadStyle(const host::IHostFillSymbol& symbol) {
+    const auto outline = symbol.Outline();
+    return {VisibleColor(symbol.Color()), outline ? VisibleColor(outline->Color()) : std::nullopt};
+}
+
 /// One pass over elements.
 class Pass {
 public:
-    Pass(Canvas& canvas, TextEngine& engine)
-        : engine_(engine), queue_(canvas, engine), styles_(engine) {}
+    Pass(Canvas& canvas, TextEngine& engine) : engine_(engine), queue_(canvas, engine) {}
 
     void Paint(const host::IHostElement& element);
     void Finish() { queue_.Flush(); }
@@ -70,7 +118,8 @@ private:
 
     TextEngine& engine_;
     PaintQueue queue_;
-    PaintStyles styles_;
+    StyleCache<host::IHostTextSymbol, TextStyle> textStyles_;
+    StyleCache<host::IHostFillSymbol, FillStyle> fillStyles_;
     Kinds kinds_;
     host::KnownCast<const host::IHostTextElement> asText_;
     host::KnownCast<const host::IHostFilledElement> asFilled_;
@@ -99,7 +148,8 @@ void Pass::PaintText(const host::IHostTextElement& element) {
     const auto geometry = element.Geometry();
     const auto* const point = asPoint_(geometry.get());
     if (!symbol || !point) return;
-    const TextStyle& style = styles_.Of(symbol);
+    const TextStyle& style = textStyles_.Find(
+        symbol, [this](const host::IHostTextSymbol& read) { return ReadStyle(read, engine_); });
     if (!style.color) return;
     const std::string text = element.Text();
     queue_.Draw(PlacedText{style.font, text, style.placement, point->X() * kPointsPerInch,
@@ -110,7 +160,8 @@ void Pass::PaintText(const host::IHostTextElement& element) {
 void Pass::PaintFilled(const host::IHostFilledElement& element) {
     const auto symbol = element.Symbol();
     if (!symbol) return;
-    const FillStyle& style = styles_.Of(symbol);
+    const FillStyle& style =
+        fillStyles_.Find(symbol, [](const host::IHostFillSymbol& read) { return ReadStyle(read); });
     if (!style.fill && !style.outline) return;
     const auto box = BoxOf(element);
     if (!box) return;
@@ -138,7 +189,7 @@ void Pass::PaintGroup(const host::IHostGroupElement& group) {
         if (const auto member = group.Item(i)) Paint(*member);
 }
 
-/// A crossed frame: something stands here and is not shown.
+/// Shows a crossed frame for an element whose content is not shown.
 void Pass::PaintPlaceholder(const host::IHostGroupElement& group) {
     const auto box = BoxOf(group);
     if (box) queue_.Draw(PaintOutline{*box, kFrameColor, true});

@@ -8,8 +8,8 @@ namespace desk {
 
 /// Paints elements of a layout page: rectangles by their fill symbols, texts, groups in the order
 /// of their members, and map frames as a thin frame around their name. A group in draft state shows
-/// a crossed frame in place of its members. Elements without geometry, or of another kind, are not
-/// seen.
+/// a crossed frame in place of its members. Elements without geometry, or of another kind, are
+/// skipped.
 class ElementPainter {
 public:
     explicit ElementPainter(TextEngine& engine) : engine_(engine) {}

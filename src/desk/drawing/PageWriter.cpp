@@ -3,21 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "desk/drawing/PdfWriter.h"
-#include "desk/drawing/PngWriter.h"
-#include "desk/drawing/SvgWriter.h"
+#include "desk/drawing/Writers.h"
 #include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
-namespace {
-
-std::string LowerEnding(const std::string& path) {
-    return FoldCase(std::filesystem::path(path).extension().string());
-}
-
-}  // namespace
-
 void PageWriter::BeginPage(double width, double height) {
     if (++sheets_ > 1 && most_ == Sheets::One) Refuse("it can hold one page only");
     sheet_ = &BeginSheet(width * kPointsPerInch, height * kPointsPerInch);
@@ -41,26 +31,16 @@ void PageWriter::Refuse(const std::string& reason) const {
 }
 
 std::span<const PageFormat> PageFormats() {
-    using Options = PageWriterOptions;
-    static constexpr PageFormat kFormats[] = {
-        {"PDF document", ".pdf", true,
-         [](const std::string& path, const Options& options) -> std::unique_ptr<PageWriter> {
-             return std::make_unique<PdfWriter>(path, options.title);
-         }},
-        {"PNG images", ".png", false,
-         [](const std::string& path, const Options& options) -> std::unique_ptr<PageWriter> {
-             return std::make_unique<PngWriter>(path, options.dotsPerInch);
-         }},
-        {"SVG drawings", ".svg", false,
-         [](const std::string& path, const Options&) -> std::unique_ptr<PageWriter> {
-             return std::make_unique<SvgWriter>(path);
-         }}};
+    static constexpr PageFormat kFormats[] = {{"PDF document", ".pdf", true, &NewPdfWriter},
+                                              {"PNG images", ".png", false, &NewPngWriter},
+                                              {"SVG drawings", ".svg", false, &NewSvgWriter}};
     return kFormats;
 }
 
 const PageFormat* FormatOf(const std::string& path) {
     const auto formats = PageFormats();
-    const auto format = std::ranges::find(formats, LowerEnding(path), &PageFormat::ending);
+    const std::string ending = FoldCase(std::filesystem::path(path).extension().string());
+    const auto format = std::ranges::find(formats, ending, &PageFormat::ending);
     return format == formats.end() ? nullptr : &*format;
 }
 

@@ -2,18 +2,22 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace desk {
 namespace {
 
-/// Points by which boxes that touch may overlap: what adding up lengths loses.
+/// Points by which boxes that touch may overlap, from rounding when lengths are added up.
 constexpr double kTolerance = 1e-3;
+
+/// Bounds in a block of InkBounds.
+constexpr std::size_t kBlock = 32;
 
 bool Same(double a, double b) {
     return std::abs(a - b) < kTolerance;
 }
 
-/// Makes one box of two that share a whole side, the second to the right of the first or below it.
+/// Extends a box by the next one if they share a whole side, the next one to the right or below.
 bool Joins(PaintBox& box, const PaintBox& next) {
     const bool right =
         Same(box.top, next.top) && Same(box.bottom, next.bottom) && Same(box.right, next.left);
@@ -24,13 +28,43 @@ bool Joins(PaintBox& box, const PaintBox& next) {
     return right || below;
 }
 
-/// Cells come one after another, then the rows that they make.
+/// Cells of a row join first; the row then joins the row above.
 void Add(std::vector<PaintBox>& boxes, const PaintBox& box) {
     boxes.push_back(box);
     while (boxes.size() > 1 && Joins(boxes[boxes.size() - 2], boxes.back())) boxes.pop_back();
 }
 
 }  // namespace
+
+void InkBounds::Add(const PaintBox& box) {
+    if (bounds_.size() % kBlock == 0) {
+        blocks_.push_back(box);
+    } else {
+        PaintBox& block = blocks_.back();
+        block.left = std::min(block.left, box.left);
+        block.top = std::min(block.top, box.top);
+        block.right = std::max(block.right, box.right);
+        block.bottom = std::max(block.bottom, box.bottom);
+    }
+    bounds_.push_back(box);
+}
+
+void InkBounds::Clear() {
+    bounds_.clear();
+    blocks_.clear();
+}
+
+bool InkBounds::Overlap(const PaintBox& box) const {
+    const std::span all(bounds_);
+    for (std::size_t i = 0; i < blocks_.size(); ++i) {
+        if (!blocks_[i].Overlaps(box)) continue;
+        const std::size_t first = i * kBlock;
+        const auto block = all.subspan(first, std::min(kBlock, all.size() - first));
+        if (std::ranges::any_of(block, [&](const PaintBox& one) { return one.Overlaps(box); }))
+            return true;
+    }
+    return false;
+}
 
 void PaintQueue::Fill(const PaintBox& box, std::uint32_t color) {
     if (inkBounds_.Overlap(box.Shrunk(kTolerance))) Flush();
@@ -62,7 +96,8 @@ void PaintQueue::Flush() {
     inkBounds_.Clear();
 }
 
-/// The rectangles of the colour, unless one of another colour above them would be covered wrongly.
+/// Returns the gathered rectangles of the colour, or new ones if a rectangle of another colour
+/// above them overlaps the box.
 PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, std::uint32_t color) {
     const PaintBox inside = box.Shrunk(kTolerance);
     for (auto fill = fills_.rbegin(); fill != fills_.rend(); ++fill) {

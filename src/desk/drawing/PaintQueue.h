@@ -5,16 +5,30 @@
 #include <vector>
 
 #include "desk/drawing/Canvas.h"
-#include "desk/drawing/InkBounds.h"
 #include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
 
 namespace desk {
 
-/// Paints rectangles and texts as if each came right after the one before, but gathers the
-/// rectangles of one colour into a single path wherever none can tell the difference. Neighbours of
-/// one colour then show no seam, however they are rendered, and a page takes few changes of state.
-/// An outline is not counted as hidden by a rectangle that merely touches its box.
+/// The ink bounds of drawings that are held back on a page. Rectangles of a page ask some hundred
+/// times each, so bounds are grouped into blocks: most blocks are skipped after one comparison.
+class InkBounds {
+public:
+    void Add(const PaintBox& box);
+    void Clear();
+
+    /// Whether a drawing overlaps the box.
+    bool Overlap(const PaintBox& box) const;
+
+private:
+    std::vector<PaintBox> bounds_;
+    std::vector<PaintBox> blocks_;  ///< Each around a fixed number of bounds.
+};
+
+/// Paints rectangles, texts and outlines with the same result as one after another, but gathers
+/// rectangles of one colour into a single path where the order makes no difference. Neighbours of
+/// one colour then show no seam in any viewer, and a page takes few changes of colour. A rectangle
+/// that merely touches the box of an outline does not count as covering it.
 class PaintQueue {
 public:
     PaintQueue(Canvas& canvas, TextEngine& engine) : canvas_(canvas), engine_(engine) {}
@@ -24,7 +38,7 @@ public:
     void Draw(const PlacedText& text, std::uint32_t color);
     void Draw(const PaintOutline& outline);
 
-    /// Paints what is still held back.
+    /// Paints all that is held back.
     void Flush();
 
 private:
@@ -43,7 +57,7 @@ private:
 
     Canvas& canvas_;
     TextEngine& engine_;
-    // What is held back: rectangles, colour by colour, and above them all drawings in their order.
+    // Held back: rectangles by colour, and above them all texts and outlines in their order.
     std::vector<ColoredBoxes> fills_;
     std::vector<std::variant<ColoredTexts, PaintOutline>> drawings_;
     PlacedGlyphs texts_;

@@ -30,27 +30,32 @@ std::string SystemReason() {
     return std::generic_category().message(errno);
 }
 
-/// An open file, closed on every way out.
-class Handle {
-public:
-    explicit Handle(int descriptor) : descriptor_(descriptor) {}
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    ~Handle() {
-        if (descriptor_ >= 0) ::close(descriptor_);
-    }
-
-    bool IsOpen() const { return descriptor_ >= 0; }
-    int Get() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
+FileState From(int failed, const struct stat& info) {
+    if (failed != 0) return {};
+    return {true,         info.st_dev,         info.st_ino,
+            info.st_size, info.st_mtim.tv_sec, info.st_mtim.tv_nsec};
+}
 
 }  // namespace
 
+FileState FileState::At(const std::string& path) {
+    struct stat info {};
+    const int failed = ::stat(path.c_str(), &info);
+    return From(failed, info);
+}
+
+FileState FileState::Of(int descriptor) {
+    struct stat info {};
+    const int failed = ::fstat(descriptor, &info);
+    return From(failed, info);
+}
+
+Descriptor::~Descriptor() {
+    if (IsOpen()) ::close(number_);
+}
+
 std::string ReadWholeFile(const std::string& path, FileState* state) {
-    const Handle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.IsOpen()) {
         Fail(path, errno == ENOENT ? "there is no such file" : SystemReason());
     }

@@ -2,11 +2,11 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
-#include "desk/files/SaveLock.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -47,6 +47,24 @@ fs::path Beside(const fs::path& target, int attempt) {
 std::string WayTo(int file) {
     return "/proc/self/fd/" + std::to_string(file);
 }
+
+/// Locks a file while it is replaced, so that of two programs that have read the same content the
+/// second finds it replaced. The lock is on the open file and ends with the program. A file that is
+/// not there or cannot be locked is replaced without a lock.
+class SaveLock {
+public:
+    explicit SaveLock(const fs::path& path)
+        : file_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)),
+          // Does not wait: the other program is replacing the file, so the save fails either way.
+          heldByOther_(file_.IsOpen() && ::flock(file_.Get(), LOCK_EX | LOCK_NB) != 0 &&
+                       errno == EWOULDBLOCK) {}
+
+    bool HeldByOther() const { return heldByOther_; }
+
+private:
+    Descriptor file_;
+    bool heldByOther_;
+};
 
 }  // namespace
 
@@ -184,13 +202,12 @@ void ReplacingFile::DressAsOld() const {
     if (::fchmod(file, old.st_mode & kPermissions) != 0) FailWith(errno);
 }
 
-// Makes the rename last. Folders that cannot be opened or synced by their nature are let be.
+// Makes the rename last. A folder that cannot be opened or does not support fsync is
+// no failure.
 void ReplacingFile::SyncFolder() const {
-    const int folder = ::open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0) return;
-    const int error = ::fsync(folder) == 0 ? 0 : errno;
-    ::close(folder);
-    if (error != 0 && error != EINVAL && error != EROFS) FailWith(error);
+    const Descriptor folder(::open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.IsOpen() && ::fsync(folder.Get()) != 0 && errno != EINVAL && errno != EROFS)
+        FailWith(errno);
 }
 
 void ReplacingFile::Check() const {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "desk/files/FileState.h"
+#include "desk/files/Files.h"
 
 namespace desk {
 

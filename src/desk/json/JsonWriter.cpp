@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <simdjson.h>
 #include <utility>
 
@@ -92,6 +93,8 @@ void JsonWriter::Whole(std::int64_t number) {
 }
 
 void JsonWriter::Number(double number) {
+    if (std::isnan(number)) return Text("nan");
+    if (std::isinf(number)) return Text(number > 0 ? "inf" : "-inf");
     Separate();
     std::array<char, kNumberRoom> digits{};
     char* const first = digits.data();
@@ -106,25 +109,6 @@ void JsonWriter::Number(double number) {
 void JsonWriter::Null() {
     Separate();
     out_ += "null";
-}
-
-void JsonWriter::Member(std::string_view key, std::string_view text) {
-    Key(key);
-    Text(text);
-}
-
-void JsonWriter::Member(std::string_view key, bool flag) {
-    Key(key);
-    Flag(flag);
-}
-
-void JsonWriter::Member(std::string_view key, std::int32_t number) {
-    Member(key, std::int64_t{number});
-}
-
-void JsonWriter::Member(std::string_view key, std::int64_t number) {
-    Key(key);
-    Whole(number);
 }
 
 std::string JsonWriter::Mended(std::string_view text) const {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace desk {
@@ -40,15 +41,23 @@ public:
     void Whole(std::int64_t number);
     /// A text that reads back as the same bits, always with a point or an exponent: the shortest
     /// or, with an indentation, one with an exponent only below 0.0001 and from 1e15.
-    /// Not for infinities and NaN.
+    /// Infinities and NaN become the texts "inf", "-inf" and "nan".
     void Number(double number);
     void Null();
 
-    void Member(std::string_view key, std::string_view text);
-    void Member(std::string_view key, const char* text) { Member(key, std::string_view(text)); }
-    void Member(std::string_view key, bool flag);
-    void Member(std::string_view key, std::int32_t number);
-    void Member(std::string_view key, std::int64_t number);
+    /// Writes a key with a text, a flag or a number.
+    template <class Value>
+    void Member(std::string_view key, const Value& value) {
+        Key(key);
+        if constexpr (std::is_same_v<Value, bool>)
+            Flag(value);
+        else if constexpr (std::is_integral_v<Value>)
+            Whole(value);
+        else if constexpr (std::is_floating_point_v<Value>)
+            Number(value);
+        else
+            Text(value);
+    }
 
 protected:
     /// What is written in place of bytes that are not valid UTF-8. Fails unless it is overridden.

@@ -2,6 +2,7 @@
 
 #include <simdjson.h>
 #include <string>
+#include <string_view>
 
 namespace desk {
 
@@ -21,5 +22,9 @@ private:
     simdjson::dom::element root_;
     simdjson::error_code error_;
 };
+
+/// Where a text stops being JSON, as "line 2, column 7", both from 1, the column in bytes: the end
+/// of the first piece that does not belong there. Empty for a text of which the form is right.
+std::string PlaceOfJsonFault(std::string_view text);
 
 }  // namespace desk

@@ -2,36 +2,41 @@
 
 #include <memory>
 #include <string>
+#include <unicode/brkiter.h>
 #include <unicode/coll.h>
 
-#include "desk/locale/CharacterLengths.h"
 #include "desk/locale/NumberText.h"
 #include "host/Locale.h"
 
 namespace desk {
 
-/// The user's locale by ICU: a collator that sees base letters and accents but not case. Bytes that
-/// are not UTF-8 count as U+FFFD. Not safe for use by two threads.
+/// The user's locale by ICU. The collator compares base letters and accents and ignores case. Bytes
+/// that are not UTF-8 count as U+FFFD. Not safe for use by two threads.
 class IcuLocale : public host::IHostLocale {
 public:
-    /// Names as FindLocale takes them; empty is the user's.
+    /// Names such as "de_DE.UTF-8", "de-DE", "de@collation=phonebook", "C". The empty name is the
+    /// user's, from the first of LC_ALL, LC_COLLATE and LANG that is set; a user's locale that ICU
+    /// does not know is its root. Throws host::Failure for any other name that ICU has no data for.
     explicit IcuLocale(const std::string& name = {});
-    ~IcuLocale() override;
 
     int CompareText(const std::string& text1, const std::string& text2) override;
     std::string CollationKey(const std::string& text) override;
-    std::optional<double> ParseNumber(const std::string& text) override;
-    std::string FormatNumber(double value) override;
+    std::optional<double> ParseNumber(const std::string& text) override {
+        return numbers_.Parse(text);
+    }
+    std::string FormatNumber(double value) override { return numbers_.Format(value); }
     std::vector<std::size_t> Characters(std::string_view text) override;
 
     /// ICU's name of the locale in use, such as "de_DE"; empty for the root.
     std::string Name() const { return locale_.getName(); }
 
 private:
+    std::vector<std::size_t> CharactersByRules(std::string_view text);
+
     icu::Locale locale_;
     std::unique_ptr<icu::Collator> collator_;
     NumberText numbers_;
-    CharacterLengths characters_;
+    std::unique_ptr<icu::BreakIterator> characters_;
 };
 
 }  // namespace desk

@@ -21,10 +21,12 @@ constexpr char32_t kRightQuote = 0x2019;
 constexpr char32_t kMinusSign = 0x2212;
 /// Every integer of so many digits is exact in a double.
 constexpr std::size_t kExactDigits = 15;
-/// Digits beyond this are no number that anyone prints.
+/// Longer texts, in bytes, are not taken for numbers.
 constexpr std::size_t kLongestNumber = 400;
+/// What Classify returns for a group sign.
+constexpr char kGroup = ',';
 
-/// Signs that keyboards give in place of the typographic one.
+/// The group signs to accept: keyboards have other ones than the typographic ones of locales.
 std::vector<char32_t> GroupSigns(char32_t sign) {
     if (sign == kNoBreakSpace || sign == kNarrowNoBreakSpace)
         return {kNoBreakSpace, kNarrowNoBreakSpace};
@@ -37,7 +39,7 @@ char32_t OnlyCharacter(const icu::UnicodeString& text) {
     return text.countChar32() == 1 ? static_cast<char32_t>(text.char32At(0)) : 0;
 }
 
-/// The value of a short run of ASCII digits, by far the most frequent number of an index.
+/// Parses a short run of ASCII digits, by far the most frequent number of an index.
 std::optional<double> PlainInteger(std::string_view text) {
     if (text.empty() || text.size() > kExactDigits) return std::nullopt;
     std::int64_t value = 0;
@@ -48,46 +50,11 @@ std::optional<double> PlainInteger(std::string_view text) {
     return static_cast<double>(value);
 }
 
+bool IsDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
 }  // namespace
-
-/// What may follow what in a number.
-class NumberText::Grammar {
-public:
-    bool Accepts(Part part) {
-        const bool accepted = MayFollow(part);
-        if (part == Part::Digit) (exponent_ ? exponentDigits_ : digits_) = true;
-        if (part == Part::Decimal) fraction_ = true;
-        if (part == Part::Exponent) exponent_ = true;
-        previous_ = part;
-        return accepted;
-    }
-    bool MayEnd() const {
-        return digits_ && exponent_ == exponentDigits_ && previous_ != Part::Group;
-    }
-
-private:
-    bool MayFollow(Part part) const {
-        switch (part) {
-            case Part::Digit:
-                return true;
-            case Part::Group:
-                return previous_ == Part::Digit && !fraction_ && !exponent_;
-            case Part::Decimal:
-                return !fraction_ && !exponent_ && previous_ != Part::Group;
-            case Part::Sign:
-                return previous_ == Part::Start || previous_ == Part::Exponent;
-            case Part::Exponent:
-                return digits_ && !exponent_ && previous_ != Part::Group;
-            case Part::Start:
-            case Part::Other:
-                break;
-        }
-        return false;
-    }
-
-    bool digits_ = false, fraction_ = false, exponent_ = false, exponentDigits_ = false;
-    Part previous_ = Part::Start;
-};
 
 NumberText::NumberText(const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
@@ -104,37 +71,42 @@ NumberText::NumberText(const icu::Locale& locale) {
         OnlyCharacter(symbols.getConstSymbol(icu::DecimalFormatSymbols::kGroupingSeparatorSymbol)));
 }
 
-NumberText::Piece NumberText::Classify(char32_t character) const {
-    if (character >= U'0' && character <= U'9') return {Part::Digit, static_cast<char>(character)};
-    if (character == decimalSign_) return {Part::Decimal, '.'};
+/// Returns a digit, a sign, '.' or 'e' as from_chars reads it, kGroup, or 0 for what is not part of
+/// a number.
+char NumberText::Classify(char32_t character) const {
+    if (character >= U'0' && character <= U'9') return static_cast<char>(character);
+    if (character == decimalSign_) return '.';
     if (std::find(groupSigns_.begin(), groupSigns_.end(), character) != groupSigns_.end())
-        return {Part::Group, '\0'};
-    if (character == U'-' || character == kMinusSign) return {Part::Sign, '-'};
-    if (character == U'+') return {Part::Sign, '+'};
-    if (character == U'e' || character == U'E') return {Part::Exponent, 'e'};
-    if (character >= 0x80) {
-        const int digit = u_charDigitValue(static_cast<UChar32>(character));
-        if (digit >= 0) return {Part::Digit, static_cast<char>('0' + digit)};
-    }
-    return {Part::Other, '\0'};
+        return kGroup;
+    if (character == U'-' || character == kMinusSign) return '-';
+    if (character == U'+') return '+';
+    if (character == U'e' || character == U'E') return 'e';
+    const int digit = character >= 0x80 ? u_charDigitValue(static_cast<UChar32>(character)) : -1;
+    return digit >= 0 ? static_cast<char>('0' + digit) : '\0';
 }
 
 std::optional<double> NumberText::Parse(std::string_view text) const {
     if (const auto plain = PlainInteger(text)) return plain;
     if (text.empty() || text.size() > kLongestNumber) return std::nullopt;
 
+    // from_chars checks the order of everything but group signs and a plus at the start.
     std::array<char, kLongestNumber> ascii;
     std::size_t length = 0;
-    Grammar grammar;
+    char previous = '\0';
+    bool whole = true;  // No decimal sign or exponent yet.
     for (std::size_t at = 0; at < text.size();) {
-        const bool first = at == 0;
-        const Piece piece = Classify(NextCodePoint(text, at));
-        if (!grammar.Accepts(piece.part)) return std::nullopt;
-        // from_chars takes no plus before the number, only in the exponent.
-        const bool isLeadingPlus = first && piece.ascii == '+';
-        if (piece.ascii != '\0' && !isLeadingPlus) ascii[length++] = piece.ascii;
+        const char part = Classify(NextCodePoint(text, at));
+        if (part == '\0') return std::nullopt;
+        if (part == kGroup && !(IsDigit(previous) && whole)) return std::nullopt;
+        if (previous == kGroup && !IsDigit(part)) return std::nullopt;
+        const bool afterLeadingPlus = previous == '+' && length == 0;
+        if (afterLeadingPlus && (part == '+' || part == '-')) return std::nullopt;
+        if (part == '.' || part == 'e') whole = false;
+        const bool isLeadingPlus = previous == '\0' && part == '+';
+        if (part != kGroup && !isLeadingPlus) ascii[length++] = part;
+        previous = part;
     }
-    if (!grammar.MayEnd()) return std::nullopt;
+    if (previous == kGroup) return std::nullopt;
 
     double value = 0;
     const auto parsed = std::from_chars(ascii.data(), ascii.data() + length, value);

@@ -13,23 +13,17 @@ class NumberText {
 public:
     explicit NumberText(const icu::Locale& locale);
 
-    /// The value of a whole text: optional sign, digits with group separators anywhere between
-    /// them, decimal sign, exponent after e or E. Digits of any script count. Nothing for every
-    /// other text and for values beyond the range of a double.
+    /// Returns the value of a whole text: optional sign, digits with group separators anywhere
+    /// between them, decimal sign, exponent after e or E. Digits of any script count. Returns
+    /// nothing for every other text and for values beyond the range of a double.
     std::optional<double> Parse(std::string_view text) const;
 
-    /// Shortest decimal text that reads back as the same value. An exponent appears below 1e-7
-    /// and from 1e21 on only.
+    /// Returns the shortest decimal text that reads back as the same value. An exponent appears
+    /// only below 1e-7 and from 1e21 on.
     std::string Format(double value) const;
 
 private:
-    enum class Part { Start, Digit, Decimal, Group, Sign, Exponent, Other };
-    class Grammar;
-    struct Piece {
-        Part part;
-        char ascii;  ///< The digit, sign or letter as from_chars reads it.
-    };
-    Piece Classify(char32_t character) const;
+    char Classify(char32_t character) const;
 
     std::string decimal_;
     char32_t decimalSign_ = U'.';

@@ -5,6 +5,17 @@
 
 namespace desk {
 
+namespace {
+
+template <class Item>
+std::vector<std::string> KeysOf(const std::vector<Item>& items) {
+    std::vector<std::string> keys;
+    for (const Item& item : items) keys.push_back(item.key);
+    return keys;
+}
+
+}  // namespace
+
 std::shared_ptr<const MapBookFile> BookSource::File() {
     if (!file_ && !path_.empty()) file_ = std::make_shared<MapBookFile>(ReadMapBookFile(path_));
     return file_;
@@ -26,12 +37,8 @@ std::string MapBook::SectionBook(const std::string& sectionKey) {
 }
 
 std::vector<std::string> MapBook::SectionKeys(const std::string& bookKey) {
-    for (const Book& book : Books()) {
-        if (book.key != bookKey) continue;
-        std::vector<std::string> keys;
-        for (const BookSection& section : book.sections) keys.push_back(section.key);
-        return keys;
-    }
+    for (const Book& book : Books())
+        if (book.key == bookKey) return KeysOf(book.sections);
     Fail("book", bookKey);
 }
 
@@ -40,10 +47,7 @@ std::string MapBook::SectionName(const std::string& sectionKey) {
 }
 
 std::vector<std::string> MapBook::TemplateKeys(const std::string& sectionKey) {
-    std::vector<std::string> keys;
-    for (const BookTemplate& item : FindSection(sectionKey).section->templates)
-        keys.push_back(item.key);
-    return keys;
+    return KeysOf(FindSection(sectionKey).section->templates);
 }
 
 std::string MapBook::TemplateName(const std::string& templateKey) {

@@ -11,7 +11,7 @@
 namespace desk {
 
 /// The map book file of a document, read when it is first asked for, so that a document whose book
-/// is gone can still be worked on as long as nobody asks.
+/// is gone can still be worked on as long as the book is not needed.
 class BookSource {
 public:
     /// An empty path stands for no map book.
@@ -27,7 +27,7 @@ private:
 
 class LayoutContext final : public host::CVNLayoutContext {
 public:
-    /// The document's own word on which template it is comes before the book's.
+    /// The template that the document names comes before that of the book.
     LayoutContext(std::shared_ptr<BookSource> source, std::string ownTemplate)
         : source_(std::move(source)), ownTemplate_(std::move(ownTemplate)) {}
     /// Empty where no template is on show.

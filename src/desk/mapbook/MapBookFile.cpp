@@ -6,10 +6,9 @@
 #include <utility>
 
 #include "desk/files/Files.h"
-#include "desk/json/JsonFault.h"
 #include "desk/json/JsonNode.h"
 #include "desk/json/ParsedJson.h"
-#include "desk/mapbook/SeriesFrame.h"
+#include "desk/mapbook/SeriesManager.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -22,18 +21,67 @@ std::string TextOf(const JsonNode& node) {
     return std::string(node.Text());
 }
 
-/// Builds the layout of one template after another.
-class LayoutReader {
-public:
-    explicit LayoutReader(fs::path folder) : folder_(std::move(folder)) {}
+/// What the reader makes of each item of an array.
+template <class Reader>
+auto List(const JsonNode& node, Reader read) {
+    std::vector<decltype(read(node))> items;
+    node.Each([&](const JsonNode& item) { items.push_back(read(item)); });
+    return items;
+}
 
-    std::vector<host::Ref<host::IHostElement>> Layout(const JsonNode& node) const {
-        std::vector<host::Ref<host::IHostElement>> elements;
-        node.Each([&](const JsonNode& item) { elements.push_back(Element(item)); });
-        return elements;
+class BookReader {
+public:
+    explicit BookReader(const std::string& path) : folder_(fs::path(path).parent_path()) {}
+
+    Book ReadBook(const JsonNode& node) {
+        Book book;
+        book.key = NewKey(node, bookKeys_);
+        book.sections = List(node.Member("sections"),
+                             [&](const JsonNode& section) { return ReadSection(section); });
+        return book;
     }
 
 private:
+    BookSection ReadSection(const JsonNode& node) {
+        BookSection section;
+        section.key = NewKey(node, sectionKeys_);
+        section.name = TextOf(node.Member("name"));
+        section.startPage = node.Member("startPage").Whole();
+        section.pages = List(node.Member("pages"), Page);
+        section.templates = List(node.Member("templates"),
+                                 [&](const JsonNode& entry) { return ReadTemplate(entry); });
+        return section;
+    }
+
+    BookTemplate ReadTemplate(const JsonNode& node) {
+        BookTemplate result;
+        result.key = NewKey(node, templateKeys_);
+        result.name = TextOf(node.Member("name"));
+        result.layout = Layout(node.Member("layout"));
+        return result;
+    }
+
+    static std::string NewKey(const JsonNode& node, std::set<std::string>& known) {
+        const auto member = node.Member("key");
+        const std::string key(member.Name());
+        if (!known.insert(key).second)
+            member.Fail("the key \"" + key + "\" stands in the file twice");
+        return key;
+    }
+
+    static std::string Page(const JsonNode& node) {
+        std::string page = TextOf(node);
+        const auto dollar = page.find('$');
+        const bool good = dollar != std::string::npos && dollar > 0 && dollar + 1 < page.size() &&
+                          page.find_first_not_of("0123456789", dollar + 1) == std::string::npos;
+        if (!good) node.Fail("a template's key, \"$\" and a number are expected");
+        return page;
+    }
+
+    std::vector<host::Ref<host::IHostElement>> Layout(const JsonNode& node) const {
+        return List(node, [&](const JsonNode& item) { return Element(item); });
+    }
+
     host::Ref<host::IHostElement> Element(const JsonNode& node) const {
         const auto kind = node.Member("kind");
         if (kind.Text() == "mapFrame") return Frame(node);
@@ -65,8 +113,7 @@ private:
         if (const auto layer = node.Optional("indexLayer"))
             series.indexLayer = PathOf(std::string(layer->Name()));
         series.firstPage = node.Member("firstPage").Whole();
-        if (const auto grids = node.Optional("grids"))
-            grids->Each([&](const JsonNode& grid) { series.grids.push_back(Grid(grid)); });
+        if (const auto grids = node.Optional("grids")) series.grids = List(*grids, Grid);
         return series;
     }
 
@@ -74,14 +121,8 @@ private:
         const auto shown = node.Optional("visible");
         const bool visible = !shown || shown->Flag();
         if (node.Member("kind").Name() != "index") return std::make_shared<MapGrid>(visible);
-        return std::make_shared<IndexGrid>(visible, Labels(node.Member("rows")),
-                                           Labels(node.Member("columns")));
-    }
-
-    static std::vector<std::string> Labels(const JsonNode& node) {
-        std::vector<std::string> labels;
-        node.Each([&](const JsonNode& label) { labels.push_back(TextOf(label)); });
-        return labels;
+        return std::make_shared<IndexGrid>(visible, List(node.Member("rows"), TextOf),
+                                           List(node.Member("columns"), TextOf));
     }
 
     /// Book files come from systems with either separator.
@@ -91,61 +132,6 @@ private:
     }
 
     fs::path folder_;
-};
-
-class BookReader {
-public:
-    explicit BookReader(const std::string& path) : layouts_(fs::path(path).parent_path()) {}
-
-    Book ReadBook(const JsonNode& node) {
-        Book book;
-        book.key = NewKey(node, bookKeys_);
-        const auto sections = node.Member("sections");
-        sections.Each(
-            [&](const JsonNode& section) { book.sections.push_back(ReadSection(section)); });
-        return book;
-    }
-
-private:
-    BookSection ReadSection(const JsonNode& node) {
-        BookSection section;
-        section.key = NewKey(node, sectionKeys_);
-        section.name = TextOf(node.Member("name"));
-        section.startPage = node.Member("startPage").Whole();
-        const auto pages = node.Member("pages");
-        pages.Each([&](const JsonNode& page) { section.pages.push_back(Page(page)); });
-        const auto templates = node.Member("templates");
-        templates.Each(
-            [&](const JsonNode& entry) { section.templates.push_back(ReadTemplate(entry)); });
-        return section;
-    }
-
-    BookTemplate ReadTemplate(const JsonNode& node) {
-        BookTemplate result;
-        result.key = NewKey(node, templateKeys_);
-        result.name = TextOf(node.Member("name"));
-        result.layout = layouts_.Layout(node.Member("layout"));
-        return result;
-    }
-
-    static std::string NewKey(const JsonNode& node, std::set<std::string>& known) {
-        const auto member = node.Member("key");
-        const std::string key(member.Name());
-        if (!known.insert(key).second)
-            member.Fail("the key \"" + key + "\" stands in the file twice");
-        return key;
-    }
-
-    static std::string Page(const JsonNode& node) {
-        std::string page = TextOf(node);
-        const auto dollar = page.find('$');
-        const bool good = dollar != std::string::npos && dollar > 0 && dollar + 1 < page.size() &&
-                          page.find_first_not_of("0123456789", dollar + 1) == std::string::npos;
-        if (!good) node.Fail("a template's key, \"$\" and a number are expected");
-        return page;
-    }
-
-    LayoutReader layouts_;
     std::set<std::string> bookKeys_;
     std::set<std::string> sectionKeys_;
     std::set<std::string> templateKeys_;
@@ -174,8 +160,8 @@ MapBookFile ReadMapBookFile(const std::string& path) {
     if (const auto current = root.Optional("currentTemplate"))
         file.currentTemplate = current->Text();
     BookReader reader(path);
-    const auto books = root.Member("books");
-    books.Each([&](const JsonNode& book) { file.books.push_back(reader.ReadBook(book)); });
+    file.books =
+        List(root.Member("books"), [&](const JsonNode& book) { return reader.ReadBook(book); });
     return file;
 }
 

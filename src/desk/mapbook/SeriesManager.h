@@ -1,14 +1,69 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "desk/mapbook/SeriesFrame.h"
+#include "desk/objects/Elements.h"
 #include "host/MapBook.h"
 
 namespace desk {
+
+/// What a map series frame pages through.
+struct Series {
+    std::string indexLayer;  ///< Path of the table, seen from where the program runs; empty: none.
+    std::int32_t firstPage = 1;
+    std::vector<host::Ref<host::IHostMapGrid>> grids;
+};
+
+/// A map frame that is a map series frame, by its type.
+class SeriesFrame : public MapFrame {
+public:
+    explicit SeriesFrame(Series series) : series_(std::move(series)) {}
+    const Series& GetSeries() const { return series_; }
+
+private:
+    Series series_;
+};
+
+/// A series frame on which grids lie.
+class GridSeriesFrame final : public SeriesFrame, public host::IHostMapGrids {
+public:
+    using SeriesFrame::SeriesFrame;
+    std::int32_t Count() const override;
+    /// Fails for an index that no grid has.
+    host::Ref<host::IHostMapGrid> Item(std::int32_t index) const override;
+};
+
+/// A grid of no further interest.
+class MapGrid final : public host::IHostMapGrid {
+public:
+    explicit MapGrid(bool visible) : visible_(visible) {}
+    bool Visible() const override { return visible_; }
+
+private:
+    bool visible_;
+};
+
+class IndexGrid final : public host::IHostIndexGrid {
+public:
+    IndexGrid(bool visible, std::vector<std::string> rows, std::vector<std::string> columns)
+        : visible_(visible), rows_(std::move(rows)), columns_(std::move(columns)) {}
+
+    bool Visible() const override { return visible_; }
+    std::int32_t RowCount() const override { return static_cast<std::int32_t>(rows_.size()); }
+    std::int32_t ColumnCount() const override { return static_cast<std::int32_t>(columns_.size()); }
+    /// Labels count from 1. Fails outside.
+    std::string RowLabel(std::int32_t index) const override;
+    std::string ColumnLabel(std::int32_t index) const override;
+
+private:
+    bool visible_;
+    std::vector<std::string> rows_;
+    std::vector<std::string> columns_;
+};
 
 /// Opens the table in a file.
 using TableOpener = std::function<host::Ref<host::IHostTable>(const std::string& path)>;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <typeinfo>
 
-#include "desk/objects/Box.h"
 #include "desk/objects/Geometry.h"
 #include "desk/objects/Symbols.h"
 #include "host/Display.h"
@@ -13,8 +12,8 @@ namespace desk {
 
 namespace {
 
-/// As host::As, with a short cut where the object is exactly the class that the desk makes: every
-/// text and every background of a run passes through here.
+/// Like host::As, but faster for objects of the desk's own class. Every text and every background
+/// of a run passes through here.
 template <class Interface, class Usual>
 host::Ref<Interface> FastAs(const host::Ref<host::IHostGeometry>& geometry) {
     if (!geometry) return nullptr;
@@ -99,8 +98,7 @@ void TextElement::MeasureBounds(const host::Ref<host::IHostDisplay>& display,
     bounds->SetCoords(x + box.xmin, y + box.ymin, x + box.xmax, y + box.ymax);
 }
 
-/// A row asks for the bounds of its cells and then for its own, so that the size of a text that has
-/// not changed is kept.
+/// Caches the size of a text: a row asks for the bounds of its cells and then for its own.
 host::TextExtent TextElement::Extent(const host::Ref<host::IHostDisplay>& display) {
     if (!symbol_) SetSymbol(std::make_shared<TextSymbol>(engine_));
     const ResolvedFont* const font = ownSymbol_ ? &ownSymbol_->Resolved() : nullptr;

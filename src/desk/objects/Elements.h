@@ -16,8 +16,8 @@ class TextEngine;
 class TextSymbol;
 struct ResolvedFont;
 
-/// What every element of the desk has: a tag and a custom property. Elements are made by the ten
-/// thousand, so that the seldom used property takes no room until it is set.
+/// What every element of the desk has: a name and a custom property. There may be tens of thousands
+/// of elements, so the custom property, which is rare, takes memory only when it is set.
 template <class Kind>
 class ElementBase : public Kind, public host::IHostElementName, public host::IHostCustomProperty {
 public:
@@ -36,7 +36,7 @@ private:
     std::unique_ptr<host::Variant> custom_;
 };
 
-/// Its geometry is the frame, in which others place the members; it does not follow them.
+/// A group of elements. Its geometry is set by callers and does not follow the members.
 class GroupElement final : public ElementBase<host::IHostGroupElement>,
                            public host::IHostFrameElement,
                            public host::IHostDraftOption {
@@ -70,7 +70,7 @@ private:
     bool draft_ = false;
 };
 
-/// A text that hangs on a point. Scales with the page at first.
+/// A text at a point. Scales with the page at first.
 class TextElement final : public ElementBase<host::IHostTextElement> {
 public:
     explicit TextElement(std::shared_ptr<TextEngine> engine) : engine_(std::move(engine)) {}
@@ -78,9 +78,8 @@ public:
     host::Ref<host::IHostGeometry> Geometry() const override { return point_; }
     /// Fails for anything but a point or null.
     void SetGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
-    /// The upright box around the text as it hangs on its point by the symbol's placement and
-    /// angle; without a point, on the origin. A text on its baseline is taken as standing on its
-    /// lower edge.
+    /// Gives the upright box around the text, placed at its point by the symbol's placement and
+    /// angle; without a point, at the origin. The lower edge counts as the baseline.
     void MeasureBounds(const host::Ref<host::IHostDisplay>& display,
                        const host::Ref<host::IHostEnvelope>& bounds) override;
 
@@ -103,8 +102,8 @@ private:
     TextSymbol* ownSymbol_ = nullptr;  ///< The symbol, if it is the desk's.
     host::Ref<host::IHostPoint> point_;
     std::string text_;
-    const ResolvedFont* measuredFont_ = nullptr;  ///< What the text was measured in last; null
-    host::TextExtent extent_;                     ///< where it was not since it was set.
+    const ResolvedFont* measuredFont_ = nullptr;  ///< Of extent_; null if that is not current.
+    host::TextExtent extent_;
     bool scaleWithPage_ = true;
 };
 

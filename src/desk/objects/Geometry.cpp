@@ -1,16 +1,43 @@
 #include "desk/objects/Geometry.h"
 
 #include <algorithm>
-#include <memory>
+#include <cmath>
+#include <numbers>
 
 namespace desk {
+namespace {
+
+/// Part of the width that lies left of the point.
+double LeftShare(int horizontal) {
+    if (horizontal == 1) return 0.5;
+    return horizontal == 2 ? 1 : 0;
+}
+
+/// Part of the height that lies below the point.
+double LowerShare(int vertical) {
+    if (vertical == 0) return 1;
+    return vertical == 1 ? 0.5 : 0;
+}
+
+Box Turned(const Box& box, double angle) {
+    const double radians = angle * std::numbers::pi / 180;
+    const double cosine = std::cos(radians);
+    const double sine = std::sin(radians);
+    Box turned;
+    for (const double x : {box.xmin, box.xmax}) {
+        for (const double y : {box.ymin, box.ymax}) {
+            const double turnedX = x * cosine - y * sine;
+            const double turnedY = x * sine + y * cosine;
+            turned.Include({turnedX, turnedY, turnedX, turnedY});
+        }
+    }
+    return turned;
+}
+
+}  // namespace
 
 host::Ref<host::IHostEnvelope> Point::Bounds() const {
     return std::make_shared<Envelope>(x_, y_, x_, y_);
-}
-
-host::Ref<host::IHostObject> Point::Copy() const {
-    return std::make_shared<Point>(x_, y_);
 }
 
 host::Ref<host::IHostEnvelope> Line::Bounds() const {
@@ -26,39 +53,20 @@ host::Ref<host::IHostObject> Line::Copy() const {
     return copy;
 }
 
-host::Ref<host::IHostPoint> Envelope::TopLeft() const {
-    return std::make_shared<Point>(xmin_, ymax_);
+void Box::Include(const Box& other) {
+    xmin = std::min(xmin, other.xmin);
+    ymin = std::min(ymin, other.ymin);
+    xmax = std::max(xmax, other.xmax);
+    ymax = std::max(ymax, other.ymax);
 }
 
-host::Ref<host::IHostPoint> Envelope::BottomLeft() const {
-    return std::make_shared<Point>(xmin_, ymin_);
-}
-
-host::Ref<host::IHostPoint> Envelope::BottomRight() const {
-    return std::make_shared<Point>(xmax_, ymin_);
-}
-
-host::Ref<host::IHostPoint> Envelope::Centre() const {
-    return std::make_shared<Point>((xmin_ + xmax_) / 2, (ymin_ + ymax_) / 2);
-}
-
-void Envelope::SetCoords(double xmin, double ymin, double xmax, double ymax) {
-    xmin_ = xmin;
-    ymin_ = ymin;
-    xmax_ = xmax;
-    ymax_ = ymax;
-}
-
-void Envelope::Shift(double dx, double dy) {
-    SetCoords(xmin_ + dx, ymin_ + dy, xmax_ + dx, ymax_ + dy);
-}
-
-host::Ref<host::IHostEnvelope> Envelope::Bounds() const {
-    return std::make_shared<Envelope>(xmin_, ymin_, xmax_, ymax_);
-}
-
-host::Ref<host::IHostObject> Envelope::Copy() const {
-    return Bounds();
+Box HangingBox(const host::TextExtent& extent, int horizontal, int vertical, double angle) {
+    const double width = extent.xSize / host::kPointsPerInch;
+    const double height = extent.ySize / host::kPointsPerInch;
+    const double left = -width * LeftShare(horizontal);
+    const double bottom = -height * LowerShare(vertical);
+    const Box box{left, bottom, left + width, bottom + height};
+    return angle == 0 ? box : Turned(box, angle);
 }
 
 }  // namespace desk

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <limits>
 #include <memory>
 
-#include "host/Geometry.h"
+#include "host/Display.h"
+#include "host/Symbols.h"
 
 namespace desk {
 
@@ -16,7 +18,7 @@ public:
     void SetX(double x) override { x_ = x; }
     void SetY(double y) override { y_ = y; }
     host::Ref<host::IHostEnvelope> Bounds() const override;
-    host::Ref<host::IHostObject> Copy() const override;
+    host::Ref<host::IHostObject> Copy() const override { return std::make_shared<Point>(x_, y_); }
 
 private:
     double x_ = 0;
@@ -37,7 +39,7 @@ private:
     host::Ref<host::IHostPoint> end_ = std::make_shared<Point>();
 };
 
-/// Corners stay as they were given; nothing puts them in order.
+/// Does not sort its corners.
 class Envelope final : public host::IHostEnvelope {
 public:
     Envelope() = default;
@@ -51,20 +53,71 @@ public:
     double Width() const override { return xmax_ - xmin_; }
     double Height() const override { return ymax_ - ymin_; }
     void SetHeight(double height) override { ymax_ = ymin_ + height; }
-    host::Ref<host::IHostPoint> TopLeft() const override;
-    host::Ref<host::IHostPoint> BottomLeft() const override;
-    host::Ref<host::IHostPoint> BottomRight() const override;
-    host::Ref<host::IHostPoint> Centre() const override;
-    void SetCoords(double xmin, double ymin, double xmax, double ymax) override;
-    void Shift(double dx, double dy) override;
-    host::Ref<host::IHostEnvelope> Bounds() const override;
-    host::Ref<host::IHostObject> Copy() const override;
+    host::Ref<host::IHostPoint> TopLeft() const override { return At(xmin_, ymax_); }
+    host::Ref<host::IHostPoint> BottomLeft() const override { return At(xmin_, ymin_); }
+    host::Ref<host::IHostPoint> BottomRight() const override { return At(xmax_, ymin_); }
+    host::Ref<host::IHostPoint> Centre() const override {
+        return At((xmin_ + xmax_) / 2, (ymin_ + ymax_) / 2);
+    }
+    void SetCoords(double xmin, double ymin, double xmax, double ymax) override {
+        xmin_ = xmin;
+        ymin_ = ymin;
+        xmax_ = xmax;
+        ymax_ = ymax;
+    }
+    void Shift(double dx, double dy) override {
+        SetCoords(xmin_ + dx, ymin_ + dy, xmax_ + dx, ymax_ + dy);
+    }
+    host::Ref<host::IHostEnvelope> Bounds() const override {
+        return std::make_shared<Envelope>(xmin_, ymin_, xmax_, ymax_);
+    }
+    host::Ref<host::IHostObject> Copy() const override { return Bounds(); }
 
 private:
+    static host::Ref<host::IHostPoint> At(double x, double y) {
+        return std::make_shared<Point>(x, y);
+    }
+
     double xmin_ = 0;
     double ymin_ = 0;
     double xmax_ = 0;
     double ymax_ = 0;
+};
+
+/// An upright rectangle as plain values, in inches. Empty at first.
+struct Box {
+    double xmin = std::numeric_limits<double>::infinity();
+    double ymin = std::numeric_limits<double>::infinity();
+    double xmax = -std::numeric_limits<double>::infinity();
+    double ymax = -std::numeric_limits<double>::infinity();
+
+    bool operator==(const Box&) const = default;
+    bool IsEmpty() const { return xmin > xmax || ymin > ymax; }
+    void Include(const Box& other);
+};
+
+/// Returns the box of a text whose point is (0, 0), Y upward: the extent (points) placed by the
+/// placements of host::IHostTextSymbol and turned by the angle (degrees, counter-clockwise), and
+/// the upright box around that. The lower edge stands for the baseline, which an extent does not
+/// have.
+Box HangingBox(const host::TextExtent& extent, int horizontal, int vertical, double angle);
+
+class DisplayTransformation final : public host::IHostDisplayTransformation {
+public:
+    host::Ref<host::IHostEnvelope> ShownExtent() const override { return shown_; }
+    void SetShownExtent(const host::Ref<host::IHostEnvelope>& extent) override { shown_ = extent; }
+    host::Ref<host::IHostEnvelope> FullExtent() const override { return full_; }
+    void SetFullExtent(const host::Ref<host::IHostEnvelope>& extent) override { full_ = extent; }
+    host::PixelRectangle DeviceRectangle() const override { return device_; }
+    void SetDeviceRectangle(const host::PixelRectangle& rectangle) override { device_ = rectangle; }
+    double DotsPerInch() const override { return dotsPerInch_; }
+    void SetDotsPerInch(double dotsPerInch) override { dotsPerInch_ = dotsPerInch; }
+
+private:
+    host::Ref<host::IHostEnvelope> shown_;
+    host::Ref<host::IHostEnvelope> full_;
+    host::PixelRectangle device_;
+    double dotsPerInch_ = 96;
 };
 
 }  // namespace desk

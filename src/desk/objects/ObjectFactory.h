@@ -18,7 +18,7 @@ class ObjectFactory : public virtual host::IHostPropertySetFactory,
                       public virtual host::IHostSymbolFactory,
                       public virtual host::IHostElementFactory {
 public:
-    /// The engine goes into everything that measures or draws texts.
+    /// All objects that measure or draw texts share the engine.
     explicit ObjectFactory(std::shared_ptr<TextEngine> engine) : engine_(std::move(engine)) {}
 
     host::Ref<host::IHostPropertySet> NewPropertySet() override;

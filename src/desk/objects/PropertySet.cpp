@@ -10,8 +10,8 @@ namespace desk {
 
 namespace {
 
-/// Counts the sets inside sets while one is being copied. Only a set that holds itself comes to
-/// the limit.
+/// Counts how deep sets are nested while one is copied. Only a set that holds itself reaches the
+/// limit.
 class NestingGuard {
 public:
     NestingGuard() {
@@ -51,7 +51,7 @@ PropertySet::PropertySet() : texts_(std::make_shared<TextItems>()) {}
 
 PropertySet::PropertySet(std::shared_ptr<TextItems> texts) : texts_(std::move(texts)) {}
 
-// The packed texts, to write to: those shared with a copy are left to it.
+// Returns the packed texts for writing. Copies them first if another set shares them.
 TextItems& PropertySet::OwnTexts() {
     if (texts_.use_count() > 1) texts_ = std::make_shared<TextItems>(*texts_);
     return *texts_;

@@ -25,7 +25,7 @@ namespace desk {
 class PropertySet final : public host::IHostPropertySet, public host::IHostPropertyNames {
 public:
     PropertySet();
-    /// A set of those texts, which it does not change while anyone else holds them.
+    /// A set of those texts. It copies them before it changes them if others hold them too.
     explicit PropertySet(std::shared_ptr<TextItems> texts);
 
     std::int32_t Count() const override;
@@ -37,11 +37,11 @@ public:
     /// Copies sets and symbols inside, however deep. Fails for a set that holds itself.
     host::Ref<host::IHostObject> Copy() const override;
 
-    /// Stores a value under a name that is not there yet. False, and nothing stored, if it is.
+    /// Stores a value under a new name. Returns false and stores nothing if the name exists.
     bool Append(std::string_view name, host::Variant value);
 
-    /// Hands every name and value in order to the visitor, without copying them: a std::string_view
-    /// and another one for a text in packed form, or a host::Variant.
+    /// Calls the visitor with every name and value in order, without copying them. The name is a
+    /// std::string_view, and the value another one for a packed text, else a host::Variant.
     template <class Visitor>
     void Visit(Visitor&& visitor) const {
         if (items_) return items_->Visit(visitor);

@@ -1,27 +1,15 @@
-// How the symbols draw themselves on a device. What stands on the page is drawn by ElementPainter,
-// in the same styles.
+// How symbols draw themselves on a device. ElementPainter draws the elements of a page, in the same
+// styles.
 
 #include <cmath>
 #include <numbers>
-#include <string>
 
-#include "desk/devices/CairoShapes.h"
-#include "desk/devices/SymbolCanvas.h"
-#include "desk/devices/SymbolStyle.h"
 #include "desk/objects/Symbols.h"
 #include "desk/text/CairoGlyphs.h"
-#include "desk/text/TextEngine.h"
-#include "host/Failure.h"
-#include "host/Geometry.h"
 
 namespace desk {
 
 namespace {
-
-[[noreturn]] void FailGeometry(const char* symbol, const char* geometry) {
-    throw host::Failure(host::kFailureTypeMismatch, symbol,
-                        std::string("A ") + symbol + " is drawn on " + geometry + ".");
-}
 
 void DrawOutline(const SymbolCanvas& canvas, const host::IHostEnvelope& envelope,
                  const host::IHostLineSymbol& line) {
@@ -29,13 +17,13 @@ void DrawOutline(const SymbolCanvas& canvas, const host::IHostEnvelope& envelope
         StrokeOutline(canvas.Context(), {canvas.Place(envelope), *color});
 }
 
-// Where a text hangs, and how it is turned there.
+// The point of a text, and its angle there.
 struct Hook {
     PaintPoint point;
     double angle = 0;  ///< Degrees, counter-clockwise.
 };
 
-// Share of a line's length that lies before the point on which a text hangs.
+// Share of a line's length that lies before the point of its text.
 double ShareBefore(std::int32_t horizontal) {
     return horizontal == 1 ? 0.5 : horizontal == 2 ? 1.0 : 0.0;
 }
@@ -51,35 +39,35 @@ Hook HookOn(const SymbolCanvas& canvas, const host::IHostLine& line, std::int32_
 }  // namespace
 
 void LineSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
-    const SymbolCanvas& canvas = device_.Canvas();
+    const SymbolCanvas& canvas = Canvas();
     if (const auto envelope = host::As<host::IHostEnvelope>(geometry))
         return DrawOutline(canvas, *envelope, *this);
     const auto line = host::As<host::IHostLine>(geometry);
-    if (!line) FailGeometry("line symbol", "a line or an envelope");
-    if (const auto color = VisibleColor(color_))
+    if (!line) FailGeometry("a line or an envelope");
+    if (const auto color = VisibleColor(Color()))
         StrokeLine(canvas.Context(), canvas.Place(*line->StartPoint()),
                    canvas.Place(*line->EndPoint()), *color);
 }
 
 void FillSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
-    const SymbolCanvas& canvas = device_.Canvas();
+    const SymbolCanvas& canvas = Canvas();
     const auto envelope = host::As<host::IHostEnvelope>(geometry);
-    if (!envelope) FailGeometry("fill symbol", "an envelope");
+    if (!envelope) FailGeometry("an envelope");
     const PaintBox box = canvas.Place(*envelope);
-    if (const auto color = VisibleColor(color_)) FillBoxes(canvas.Context(), {&box, 1}, *color);
+    if (const auto color = VisibleColor(Color())) FillBoxes(canvas.Context(), {&box, 1}, *color);
     if (outline_) DrawOutline(canvas, *envelope, *outline_);
 }
 
 void TextSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
-    const SymbolCanvas& canvas = device_.Canvas();
+    const SymbolCanvas& canvas = Canvas();
     Hook hook;
     if (const auto line = host::As<host::IHostLine>(geometry))
         hook = HookOn(canvas, *line, horizontal_);
     else if (const auto point = host::As<host::IHostPoint>(geometry))
         hook.point = canvas.Place(*point);
     else
-        FailGeometry("text symbol", "a line or a point");
-    const auto color = VisibleColor(color_);
+        FailGeometry("a line or a point");
+    const auto color = VisibleColor(Color());
     if (!color) return;
     UseColor(canvas.Context(), *color);
     CairoGlyphs glyphs(canvas.Context());

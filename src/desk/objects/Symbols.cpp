@@ -14,12 +14,6 @@ host::Ref<T> CopyOf(const host::Ref<T>& object) {
     return object ? host::As<T>(object->Copy()) : nullptr;
 }
 
-void Need(const void* part, const char* symbol, const char* what) {
-    if (part != nullptr) return;
-    throw host::Failure(host::kFailureTypeMismatch, symbol,
-                        std::string("A ") + symbol + " needs a " + what + ".");
-}
-
 std::int32_t Placement(std::int32_t placement) {
     if (placement >= 0 && placement <= 3) return placement;
     throw host::Failure(
@@ -43,60 +37,62 @@ host::Ref<host::IHostObject> Color::Copy() const {
     return copy;
 }
 
-LineSymbol::LineSymbol() : color_(std::make_shared<desk::Color>()) {}
-
-void LineSymbol::SetColor(const host::Ref<host::IHostColor>& color) {
-    Need(color.get(), "line symbol", "colour");
-    color_ = color;
+template <class Kind>
+void SymbolBase<Kind>::Need(const void* part, const std::string& what) const {
+    if (part != nullptr) return;
+    throw host::Failure(host::kFailureTypeMismatch, KindName(),
+                        std::string("A ") + KindName() + " needs a " + what + ".");
 }
+
+template <class Kind>
+const SymbolCanvas& SymbolBase<Kind>::Canvas() const {
+    if (!canvas_)
+        throw host::Failure(host::kFailureUnspecified, KindName(),
+                            "A symbol was drawn that had not been given a device.");
+    return *canvas_;
+}
+
+template <class Kind>
+void SymbolBase<Kind>::FailGeometry(const std::string& accepted) const {
+    throw host::Failure(host::kFailureTypeMismatch, KindName(),
+                        std::string("A ") + KindName() + " is drawn on " + accepted + ".");
+}
+
+template class SymbolBase<host::IHostLineSymbol>;
+template class SymbolBase<host::IHostFillSymbol>;
+template class SymbolBase<host::IHostTextSymbol>;
 
 host::Ref<host::IHostObject> LineSymbol::Copy() const {
     auto copy = std::make_shared<LineSymbol>();
-    copy->color_ = CopyOf(color_);
+    copy->CopyColorFrom(*this);
     return copy;
-}
-
-FillSymbol::FillSymbol() : color_(std::make_shared<desk::Color>()) {}
-
-void FillSymbol::SetColor(const host::Ref<host::IHostColor>& color) {
-    Need(color.get(), "fill symbol", "colour");
-    color_ = color;
-}
-
-void FillSymbol::SetOutline(const host::Ref<host::IHostLineSymbol>& outline) {
-    outline_ = outline;
 }
 
 host::Ref<host::IHostObject> FillSymbol::Copy() const {
     auto copy = std::make_shared<FillSymbol>();
-    copy->color_ = CopyOf(color_);
+    copy->CopyColorFrom(*this);
     copy->outline_ = CopyOf(outline_);
     return copy;
 }
 
-TextSymbol::TextSymbol(std::shared_ptr<TextEngine> engine)
-    : engine_(std::move(engine)), color_(std::make_shared<desk::Color>()) {
+TextSymbol::TextSymbol(std::shared_ptr<TextEngine> engine) : engine_(std::move(engine)) {
     TextSymbol::SetFont(std::make_shared<desk::Font>());
 }
 
 void TextSymbol::SetFont(const host::Ref<host::IHostFont>& font) {
-    Need(font.get(), "text symbol", "font");
+    Need(font.get(), "font");
     font_ = font;
     ownFont_ = dynamic_cast<const desk::Font*>(font.get());
     resolved_ = nullptr;
 }
 
-// Asked at every measurement of a run. A font of another kind may change unseen.
+// Called at every measurement of a run. A font of another class has no version, and is found again
+// each time.
 const ResolvedFont& TextSymbol::Resolved() {
     if (resolved_ && ownFont_ && ownFont_->Version() == resolvedVersion_) return *resolved_;
     resolved_ = &engine_->Find({font_->Name(), font_->Size(), font_->Bold()});
     if (ownFont_) resolvedVersion_ = ownFont_->Version();
     return *resolved_;
-}
-
-void TextSymbol::SetColor(const host::Ref<host::IHostColor>& color) {
-    Need(color.get(), "text symbol", "colour");
-    color_ = color;
 }
 
 void TextSymbol::SetVerticalPlacement(std::int32_t placement) {
@@ -117,7 +113,7 @@ host::TextExtent TextSymbol::MeasureText(
 host::Ref<host::IHostObject> TextSymbol::Copy() const {
     auto copy = std::make_shared<TextSymbol>(engine_);
     copy->SetFont(CopyOf(font_));
-    copy->color_ = CopyOf(color_);
+    copy->CopyColorFrom(*this);
     copy->text_ = text_;
     copy->angle_ = angle_;
     copy->vertical_ = vertical_;

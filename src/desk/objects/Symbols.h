@@ -4,13 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "desk/devices/PreparedDevice.h"
+#include "desk/devices/SymbolCanvas.h"
 #include "host/Symbols.h"
 
 namespace desk {
-
-class TextEngine;
-struct ResolvedFont;
 
 /// Helvetica 10, not bold, at first.
 class Font final : public host::IHostFont {
@@ -22,7 +19,7 @@ public:
     bool Bold() const override { return bold_; }
     void SetBold(bool bold) override { bold_ = bold, ++version_; }
     host::Ref<host::IHostObject> Copy() const override;
-    /// Another number after each change.
+    /// A number that changes with each change of the font.
     std::uint32_t Version() const { return version_; }
 
 private:
@@ -49,68 +46,82 @@ private:
     bool transparent_ = false;
 };
 
-// Symbols keep the fonts, colours and outlines that are set on them and hand out the same objects
-// again; their copies have copies of them. A missing font or colour is refused. Drawing fails on a
-// geometry that the kind of symbol cannot be drawn on, and where no device has been prepared.
-
-class LineSymbol final : public host::IHostLineSymbol {
+/// What all symbols have: a colour, and a device between PrepareDevice and ReleaseDevice. Symbols
+/// keep the fonts, colours and outlines that are set on them and return the same objects again;
+/// their copies have copies of them. A missing font or colour is refused. Drawing fails on a
+/// geometry that the kind of symbol cannot be drawn on, and where no device has been prepared.
+template <class Kind>
+class SymbolBase : public Kind {
 public:
-    LineSymbol();
-
     host::Ref<host::IHostColor> Color() const override { return color_; }
-    void SetColor(const host::Ref<host::IHostColor>& color) override;
-    host::Ref<host::IHostObject> Copy() const override;
+    void SetColor(const host::Ref<host::IHostColor>& color) override {
+        Need(color.get(), "colour");
+        color_ = color;
+    }
     void PrepareDevice(host::DeviceContext device,
                        const host::Ref<host::IHostDisplayTransformation>& transformation) override {
-        device_.Prepare(device, transformation);
+        canvas_.reset();
+        canvas_ = std::make_unique<SymbolCanvas>(device, transformation);
     }
-    /// A line, or the edges of an envelope.
-    void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
-    void ReleaseDevice() override { device_.Release(); }
+    void ReleaseDevice() override { canvas_.reset(); }
+
+protected:
+    /// Such as "line symbol".
+    virtual const char* KindName() const = 0;
+    /// Throws host::Failure for a part that is null.
+    void Need(const void* part, const std::string& what) const;
+    void CopyColorFrom(const SymbolBase& other) {
+        color_ = host::As<host::IHostColor>(other.color_->Copy());
+    }
+    /// Throws host::Failure where no device has been prepared.
+    const SymbolCanvas& Canvas() const;
+    [[noreturn]] void FailGeometry(const std::string& accepted) const;
 
 private:
-    host::Ref<host::IHostColor> color_;
-    PreparedDevice device_;
+    host::Ref<host::IHostColor> color_ = std::make_shared<desk::Color>();
+    std::unique_ptr<SymbolCanvas> canvas_;  ///< One pointer, as there may be very many symbols.
+};
+
+class LineSymbol final : public SymbolBase<host::IHostLineSymbol> {
+public:
+    host::Ref<host::IHostObject> Copy() const override;
+    /// On a line, or on the edges of an envelope.
+    void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
+
+protected:
+    const char* KindName() const override { return "line symbol"; }
 };
 
 /// Without outline at first.
-class FillSymbol final : public host::IHostFillSymbol {
+class FillSymbol final : public SymbolBase<host::IHostFillSymbol> {
 public:
-    FillSymbol();
-
-    host::Ref<host::IHostColor> Color() const override { return color_; }
-    void SetColor(const host::Ref<host::IHostColor>& color) override;
     host::Ref<host::IHostLineSymbol> Outline() const override { return outline_; }
-    void SetOutline(const host::Ref<host::IHostLineSymbol>& outline) override;
-    host::Ref<host::IHostObject> Copy() const override;
-    void PrepareDevice(host::DeviceContext device,
-                       const host::Ref<host::IHostDisplayTransformation>& transformation) override {
-        device_.Prepare(device, transformation);
+    void SetOutline(const host::Ref<host::IHostLineSymbol>& outline) override {
+        outline_ = outline;
     }
-    /// An envelope, its outline on top.
+    host::Ref<host::IHostObject> Copy() const override;
+    /// On an envelope, with its outline on top.
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
-    void ReleaseDevice() override { device_.Release(); }
+
+protected:
+    const char* KindName() const override { return "fill symbol"; }
 
 private:
-    host::Ref<host::IHostColor> color_;
     host::Ref<host::IHostLineSymbol> outline_;
-    PreparedDevice device_;
 };
 
-/// Knows no markup: every character of a text stands for itself.
-class TextSymbol final : public host::IHostTextSymbol, public host::IHostTextParser {
+/// Has no markup: every character of a text stands for itself.
+class TextSymbol final : public SymbolBase<host::IHostTextSymbol>, public host::IHostTextParser {
 public:
     explicit TextSymbol(std::shared_ptr<TextEngine> engine);
 
-    /// The font that texts are set in, as it is now.
+    /// Returns the font that texts are set in, with its current properties.
     const ResolvedFont& Resolved();
 
     host::Ref<host::IHostFont> Font() const override { return font_; }
     void SetFont(const host::Ref<host::IHostFont>& font) override;
     double Size() const override { return font_->Size(); }
     void SetSize(double points) override { font_->SetSize(points); }
-    host::Ref<host::IHostColor> Color() const override { return color_; }
-    void SetColor(const host::Ref<host::IHostColor>& color) override;
     std::int32_t VerticalPlacement() const override { return vertical_; }
     /// Fails outside 0 to 3.
     void SetVerticalPlacement(std::int32_t placement) override;
@@ -121,20 +132,18 @@ public:
     void SetAngle(double degrees) override { angle_ = degrees; }
     std::string Text() const override { return text_; }
     void SetText(const std::string& text) override { text_ = text; }
-    /// The desk's sizes hang on no device: any device and transformation will do.
+    /// Does not depend on the device and the transformation.
     host::TextExtent MeasureText(host::DeviceContext device,
                                  const host::Ref<host::IHostDisplayTransformation>& transformation,
                                  const std::string& text) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
-    void PrepareDevice(host::DeviceContext device,
-                       const host::Ref<host::IHostDisplayTransformation>& transformation) override {
-        device_.Prepare(device, transformation);
-    }
-    /// On a point, or along a line: from its start, around its middle or to its end, as the
-    /// horizontal placement says. The vertical placement tells how it stands to the line.
+    /// On a point, or along a line: from its start, around its middle or to its end, by the
+    /// horizontal placement. The vertical placement puts it above, on or below the line.
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
-    void ReleaseDevice() override { device_.Release(); }
+
+protected:
+    const char* KindName() const override { return "text symbol"; }
 
 private:
     std::shared_ptr<TextEngine> engine_;
@@ -142,8 +151,6 @@ private:
     const desk::Font* ownFont_ = nullptr;  ///< The font, if it is the desk's.
     const ResolvedFont* resolved_ = nullptr;
     std::uint32_t resolvedVersion_ = 0;  ///< Of the desk's font, when it was resolved.
-    host::Ref<host::IHostColor> color_;
-    PreparedDevice device_;
     std::string text_;
     double angle_ = 0;
     std::int32_t vertical_ = 0;

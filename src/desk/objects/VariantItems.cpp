@@ -1,6 +1,5 @@
 #include "desk/objects/VariantItems.h"
 
-#include <functional>
 #include <limits>
 #include <utility>
 
@@ -10,7 +9,7 @@ namespace desk {
 
 namespace {
 
-/// Removed entries that are carried along before it is looked whether it pays to close the gaps.
+/// Removed entries that always stay. Above this number gaps are closed if they are the majority.
 constexpr std::size_t kFewGaps = 32;
 
 /// The part of the index that may be in use before it grows.
@@ -20,26 +19,6 @@ constexpr float kFullestIndex = 0.8F;
 
 VariantItems::VariantItems() {
     index_.max_load_factor(kFullestIndex);
-}
-
-std::size_t VariantItems::Hash::operator()(std::string_view name) const {
-    return std::hash<std::string_view>{}(name);
-}
-
-std::size_t VariantItems::Hash::operator()(std::uint32_t position) const {
-    return (*this)(std::string_view((*entries)[position].name));
-}
-
-bool VariantItems::Equal::operator()(std::uint32_t left, std::uint32_t right) const {
-    return (*entries)[left].name == (*entries)[right].name;
-}
-
-bool VariantItems::Equal::operator()(std::uint32_t position, std::string_view name) const {
-    return (*entries)[position].name == name;
-}
-
-bool VariantItems::Equal::operator()(std::string_view name, std::uint32_t position) const {
-    return (*entries)[position].name == name;
 }
 
 const host::Variant* VariantItems::Find(std::string_view name) const {
@@ -52,7 +31,7 @@ void VariantItems::Set(std::string_view name, host::Variant value) {
     if (found == index_.end()) {
         Append(name, std::move(value));
     } else {
-        // The old value goes last: its destruction may reach back into this set.
+        // Destroys the old value last, since its destructor may call this set.
         std::swap(entries_[*found].value, value);
     }
 }

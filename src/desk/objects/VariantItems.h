@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <tsl/robin_set.h>
@@ -28,7 +29,7 @@ public:
     /// A new name goes last, a known one keeps its place.
     void Set(std::string_view name, host::Variant value);
 
-    /// Stores a value under a name that is not there yet. False, and nothing stored, if it is.
+    /// Stores a value under a new name. Returns false and stores nothing if the name exists.
     bool Append(std::string_view name, host::Variant value);
 
     void Remove(std::string_view name);
@@ -52,25 +53,30 @@ private:
 
     /// The index keeps positions and takes the names from the entries, so that no name is stored
     /// twice.
-    struct Hash {
+    struct Names {
         using is_transparent = void;
         const Entries* entries;
-        std::size_t operator()(std::string_view name) const;
-        std::size_t operator()(std::uint32_t position) const;
+        std::string_view Of(std::string_view name) const { return name; }
+        std::string_view Of(std::uint32_t position) const { return (*entries)[position].name; }
     };
-    struct Equal {
-        using is_transparent = void;
-        const Entries* entries;
-        bool operator()(std::uint32_t left, std::uint32_t right) const;
-        bool operator()(std::uint32_t position, std::string_view name) const;
-        bool operator()(std::string_view name, std::uint32_t position) const;
+    struct Hash : Names {
+        template <class Key>
+        std::size_t operator()(const Key& key) const {
+            return std::hash<std::string_view>{}(this->Of(key));
+        }
+    };
+    struct Equal : Names {
+        template <class Left, class Right>
+        bool operator()(const Left& left, const Right& right) const {
+            return this->Of(left) == this->Of(right);
+        }
     };
     using Index = tsl::robin_set<std::uint32_t, Hash, Equal, std::allocator<std::uint32_t>, true>;
 
     void CloseGaps();
 
     Entries entries_;
-    Index index_{0, Hash{&entries_}, Equal{&entries_}};
+    Index index_{0, Hash{{&entries_}}, Equal{{&entries_}}};
 };
 
 }  // namespace desk

@@ -1,10 +1,12 @@
 #include "desk/session/Application.h"
 
-#include "desk/objects/Transformation.h"
+#include <memory>
+#include <utility>
+
+#include "desk/objects/Geometry.h"
 #include "host/Failure.h"
 
 namespace desk {
-
 namespace {
 
 /// Any number but 0, which stands for no surface.
@@ -85,6 +87,15 @@ private:
     std::function<host::WindowHandle()> windowHandle_;
 };
 
+class CommandItem final : public host::IHostCommandItem {
+public:
+    explicit CommandItem(std::function<void()> action) : action_(std::move(action)) {}
+    void Execute() override { action_(); }
+
+private:
+    std::function<void()> action_;
+};
+
 }  // namespace
 
 Display::Display() : transformation_(std::make_shared<DisplayTransformation>()) {}
@@ -111,6 +122,16 @@ void Display::EndDrawing() {
 
 host::Ref<host::IHostApplication> MakeApplication(ApplicationParts parts) {
     return std::make_shared<Application>(std::move(parts));
+}
+
+void CommandTable::Add(const std::string& name, std::function<void()> action) {
+    items_[name] = std::make_shared<CommandItem>(std::move(action));
+}
+
+host::Ref<host::IHostCommandItem> CommandTable::Find(
+    const host::Ref<host::IHostIdentifier>& identifier, bool /*create*/, bool /*hidden*/) {
+    const auto found = items_.find(identifier->Value());
+    return found == items_.end() ? nullptr : found->second;
 }
 
 }  // namespace desk

@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
 
 #include "host/Application.h"
+#include "host/Commands.h"
 
 namespace desk {
 
@@ -49,5 +51,18 @@ struct ApplicationParts {
 
 /// The application with its status bar, its document and the view on it, in one.
 host::Ref<host::IHostApplication> MakeApplication(ApplicationParts parts);
+
+/// The desk's commands by name. Whoever has something to offer enters it here.
+class CommandTable final : public host::IHostCommandBars {
+public:
+    /// Enters a command, in place of one of the same name.
+    void Add(const std::string& name, std::function<void()> action);
+
+    host::Ref<host::IHostCommandItem> Find(const host::Ref<host::IHostIdentifier>& identifier,
+                                           bool create, bool hidden) override;
+
+private:
+    std::map<std::string, host::Ref<host::IHostCommandItem>> items_;
+};
 
 }  // namespace desk

@@ -5,10 +5,9 @@
 #include <utility>
 
 #include "desk/components/Registrar.h"
-#include "desk/devices/PixelSurface.h"
 #include "desk/locale/IcuLocale.h"
 #include "desk/mapbook/SeriesManager.h"
-#include "desk/objects/Transformation.h"
+#include "desk/objects/Geometry.h"
 #include "desk/tables/DbfWorkspace.h"
 #include "host/Failure.h"
 

@@ -10,7 +10,6 @@
 #include "desk/mapbook/MapBook.h"
 #include "desk/objects/ObjectFactory.h"
 #include "desk/session/Application.h"
-#include "desk/session/CommandTable.h"
 #include "desk/tables/TableFactory.h"
 #include "desk/text/TextEngine.h"
 #include "host/Host.h"

@@ -1,9 +1,12 @@
 #include "desk/tables/DbfSchema.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdio>
+#include <regex>
 #include <string_view>
 
-#include "desk/tables/DbfEncoding.h"
 #include "desk/tables/DbfReader.h"
 #include "desk/tables/TextDecoder.h"
 #include "host/Failure.h"
@@ -48,6 +51,137 @@ std::vector<DbfField> ReadFields(DBFHandle library, bool hasLongTexts) {
         fields.push_back(field);
     }
     return fields;
+}
+
+/// What Western programs have written since they left DOS.
+constexpr const char* kDefaultEncoding = "windows-1252";
+
+struct Page {
+    const char* encoding;
+    std::string_view drivers;  ///< The bytes in use by dBase, FoxPro and their kin.
+};
+
+/// Two national pages of the DOS time, 0x68 and 0x69 (Kamenicky, Mazovia), are missing: ICU has no
+/// data for them.
+constexpr Page kPages[] = {{"IBM437", "\x01\x09\x0B\x0D\x0F\x11\x15\x18\x19\x1B"},
+                           {"IBM737", "\x6A\x86"},
+                           {"IBM850", "\x02\x0A\x0E\x10\x12\x14\x16\x1A\x1D\x25\x37"},
+                           {"IBM852", "\x1F\x22\x23\x40\x64\x87"},
+                           {"IBM857", "\x6B\x88"},
+                           {"IBM860", "\x24"},
+                           {"IBM861", "\x67"},
+                           {"IBM863", "\x1C\x6C"},
+                           {"IBM865", "\x08\x17\x66"},
+                           {"IBM866", "\x26\x65"},
+                           {"windows-874", "\x50\x7C"},
+                           {"windows-932", "\x13\x7B"},
+                           {"windows-936", "\x4D\x7A"},
+                           {"windows-949", "\x4E\x79"},
+                           {"windows-950", "\x4F\x78"},
+                           {"windows-1250", "\xC8"},
+                           {"windows-1251", "\xC9"},
+                           {"windows-1252", "\x03\x57\x58\x59"},
+                           {"windows-1253", "\xCB"},
+                           {"windows-1254", "\xCA"},
+                           {"windows-1255", "\x7D"},
+                           {"windows-1256", "\x7E"},
+                           {"windows-1257", "\xCC"},
+                           {"windows-1258", ""},
+                           {"macintosh", "\x04"},
+                           {"x-mac-cyrillic", "\x96"},
+                           {"x-mac-centraleurroman", "\x97"},
+                           {"x-mac-greek", "\x98"}};
+
+std::string EncodingOfDriver(int driver) {
+    for (const Page& page : kPages)
+        if (driver < 256 && page.drivers.find(static_cast<char>(driver)) != std::string_view::npos)
+            return page.encoding;
+    return {};
+}
+
+std::string EncodingOfNumber(int page) {
+    if (page == 65001) return "UTF-8";
+    if (page >= 88591 && page <= 88599) return "ISO-8859-" + std::to_string(page - 88590);
+    if (page >= 885910 && page <= 885916) return "ISO-8859-" + std::to_string(page - 885900);
+    std::string name = "windows-" + std::to_string(page);
+    for (const Page& known : kPages)
+        if (name == known.encoding) return name;
+    return "IBM" + std::to_string(page);
+}
+
+/// The encoding that a .cpg file or a language driver names: a public name, or a number with or
+/// without a word before it: "UTF-8", "1252", "ANSI 1251", "OEM 437", "LDID/87". May be unknown to
+/// ICU; empty for an unknown driver.
+std::string EncodingNamed(std::string text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
+    static const std::regex kNumbered(R"(\s*(?:(LDID)|ANSI|OEM|CP|)[ /_-]?(\d{1,6})\s*)",
+                                      std::regex::icase);
+    std::smatch match;
+    if (!std::regex_match(text, match, kNumbered)) return text;
+    const int number = std::stoi(match[2]);
+    return match[1].matched ? EncodingOfDriver(number) : EncodingOfNumber(number);
+}
+
+enum class Texts { Ascii, Utf8, Other };
+
+/// What all names and texts of a table could be.
+Texts JudgeTexts(const DbfSchema& schema) {
+    const auto utf8 = TextDecoder::Make("UTF-8");
+    Texts judged = Texts::Ascii;
+    const auto judge = [&](std::string_view bytes) {
+        bytes = bytes.substr(0, bytes.find('\0'));
+        if (IsAscii(bytes)) return;
+        std::string ignored;
+        judged = std::max(judged, utf8->Decode(bytes, ignored) ? Texts::Utf8 : Texts::Other);
+    };
+    for (const DbfField& field : schema.fields) judge(field.name);
+    DbfReader reader(schema);
+    while (judged != Texts::Other && reader.Next()) {
+        if (IsAscii(reader.Record())) continue;
+        for (const DbfField& field : schema.fields)
+            if (field.kind == DbfKind::Text) judge(field.BytesIn(reader.Record()));
+    }
+    return judged;
+}
+
+bool Use(DbfSchema& schema, const std::string& encoding, const std::string& from) {
+    schema.decoder = TextDecoder::Make(encoding);
+    schema.encodingFrom = from;
+    return schema.decoder != nullptr;
+}
+
+/// Finds the encoding of a table's texts and sets it: by the .cpg file beside it, by its language
+/// driver, or else UTF-8 where all texts are that and windows-1252 where they are not. Reads the
+/// records only where neither file nor driver tells. Notes an encoding that is not known where a
+/// text needs it.
+void FindEncoding(DbfSchema& schema, DBFHandle library) {
+    std::string unknown;  // Who names an encoding that is not known.
+    const std::string driver = "LDID/" + std::to_string(library->iLanguageDriver);
+    const char* const page = DBFGetCodePage(library);
+    if (page != nullptr && page != driver) {  // The library gives the driver where no file is.
+        const std::string encoding = EncodingNamed(page);
+        if (Use(schema, encoding, ".cpg file")) return;
+        unknown = ".cpg file (" + PrintableAscii(encoding) + ")";
+    }
+    if (library->iLanguageDriver != 0) {
+        std::array<char, 32> text{};
+        std::snprintf(text.data(), text.size(), "language driver 0x%02X", library->iLanguageDriver);
+        if (Use(schema, EncodingNamed(driver), text.data())) return;
+        if (unknown.empty()) unknown = text.data();
+    }
+    const Texts texts = JudgeTexts(schema);
+    if (texts == Texts::Utf8)
+        Use(schema, "UTF-8", "default (all text is valid UTF-8)");
+    else
+        Use(schema, kDefaultEncoding, "default");
+    if (texts == Texts::Ascii) return;
+    const std::string& used = schema.decoder->Name();
+    if (!unknown.empty())
+        schema.Note("the encoding named by the " + unknown +
+                    " is not known; its texts were read as " + used + ".");
+    else if (texts == Texts::Other)
+        schema.Note("nothing tells the encoding of its texts; they were read as " + used +
+                    ". A .cpg file beside it can name another.");
 }
 
 void DecodeNames(DbfSchema& schema) {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "desk/tables/DbfHeader.h"
-#include "desk/tables/FieldNames.h"
+#include "desk/tables/PlainObjects.h"
 #include "desk/tables/RecordFile.h"
 
 namespace desk {

@@ -10,17 +10,24 @@
 
 namespace desk {
 
-/// A dBase table, read only. Values come as String, Integer, Double, Boolean or Null, see
-/// DbfValues.h. Records are read from the file while a cursor moves, so that the table itself takes
-/// no memory; deleted ones are passed over. The identifier of a row is its record's number in the
-/// file, counted from 1 with the deleted ones.
+/// A dBase table, read only. Records are read from the file while a cursor moves, so that the table
+/// itself takes no memory; deleted ones are passed over. The identifier of a row is its record's
+/// number in the file, counted from 1 with the deleted ones. Values by kind of field:
+///   text        String without trailing blanks
+///   number      Integer where it is whole and fits; String of digits where it is whole and more
+///               than a double can hold exactly; else Double
+///   date        String "YYYY-MM-DD"
+///   logical     Boolean
+/// Other kinds, and blank or faulty values, give Null; a fault is noted once per field.
 class DbfTable : public host::IHostTable {
 public:
     /// Opens a table. Fails with one sentence that names the file and its fault.
     explicit DbfTable(const std::string& path);
 
     host::Ref<host::IHostFields> Fields() const override;
-    std::int32_t FindField(const std::string& name) const override;
+    std::int32_t FindField(const std::string& name) const override {
+        return schema_->names.Find(name);
+    }
     host::Ref<host::IHostCursor> Search(const host::Ref<host::IHostQueryFilter>& filter,
                                         bool recycling) override;
     host::Ref<host::IHostCursor> Insert(bool useBuffering) override;

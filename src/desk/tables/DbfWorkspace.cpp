@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "desk/tables/DatasetList.h"
 #include "desk/tables/DbfTable.h"
+#include "desk/tables/PlainObjects.h"
 #include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "host/Tables.h"
 
 namespace desk {
 
-/// Kinds of dBase fields that are neither text nor identifiers. Nobody outside relies on the
-/// numbers; they only keep clear of those that are relied on.
+/// Kinds of dBase fields that are neither text nor identifiers. No caller relies on the
+/// numbers, which only differ from those of the host.
 inline constexpr std::int32_t kFieldTypeNumber = 101;
 inline constexpr std::int32_t kFieldTypeDate = 102;
 inline constexpr std::int32_t kFieldTypeLogical = 103;
@@ -44,7 +47,7 @@ private:
 
 class Fields : public host::IHostFields {
 public:
-    std::int32_t FieldCount() const override;
+    std::int32_t FieldCount() const override { return static_cast<std::int32_t>(fields_.size()); }
     /// New places hold no field until SetField.
     void SetFieldCount(std::int32_t count) override;
     host::Ref<host::IHostField> Field(std::int32_t index) const override;
@@ -58,6 +61,21 @@ private:
     std::vector<host::Ref<host::IHostField>> fields_;
 };
 
+/// Datasets one after another.
+class DatasetList : public host::IHostDatasetEnum {
+public:
+    explicit DatasetList(std::vector<host::Ref<host::IHostDataset>> datasets)
+        : datasets_(std::move(datasets)) {}
+
+    host::Ref<host::IHostDataset> Next() override {
+        return next_ < datasets_.size() ? datasets_[next_++] : nullptr;
+    }
+
+private:
+    std::vector<host::Ref<host::IHostDataset>> datasets_;
+    std::size_t next_ = 0;
+};
+
 class QueryFilter : public host::IHostQueryFilter {
 public:
     std::string WhereClause() const override { return clause_; }
@@ -65,6 +83,24 @@ public:
 
 private:
     std::string clause_;
+};
+
+/// Finds fields by name: the field with exactly that name, else the first that differs in case
+/// alone.
+class FieldNames {
+public:
+    FieldNames() = default;
+    explicit FieldNames(const std::vector<std::string>& names);
+
+    /// Index of the first such field, or -1.
+    std::int32_t Find(const std::string& name) const;
+    /// Names of more than one field, compared without regard to case; each listed once.
+    const std::vector<std::string>& Repeated() const { return repeated_; }
+
+private:
+    std::vector<std::string> names_;
+    std::unordered_map<std::string, std::int32_t> folded_;
+    std::vector<std::string> repeated_;
 };
 
 /// Fails for a filter with a condition: tables of the desk know none.

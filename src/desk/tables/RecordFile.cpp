@@ -35,17 +35,14 @@ RecordFile::RecordFile(std::string path) : path_(std::move(path)) {
     }
     if (S_ISDIR(state.st_mode)) Fail(path_ + " is a folder, not a table.");
     if (!S_ISREG(state.st_mode)) Fail(path_ + " is not a regular file.");
-    const int descriptor = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) FailToRead(path_);
-    descriptor_ = {new int(descriptor), [](const int* opened) {
-                       ::close(*opened);
-                       delete opened;
-                   }};
-    state_ = FileState::Of(descriptor);
+    descriptor_ = std::make_shared<Descriptor>(::open(path_.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!descriptor_->IsOpen()) FailToRead(path_);
+    state_ = FileState::Of(descriptor_->Get());
 }
 
 void RecordFile::CheckUnchanged() const {
-    if (FileState::Of(*descriptor_) != state_) Fail(path_ + " was changed while it was read.");
+    if (FileState::Of(descriptor_->Get()) != state_)
+        Fail(path_ + " was changed while it was read.");
 }
 
 std::string_view RecordFile::Bytes(std::int64_t offset, std::int64_t length) {
@@ -61,7 +58,7 @@ void RecordFile::Fill(std::int64_t offset, std::int64_t length) {
     blockStart_ = Size();  // Nothing lies in a block that could not be filled.
     block_.resize(static_cast<std::size_t>(length));
     for (std::int64_t filled = 0; filled < length;) {
-        const ssize_t count = ::pread(*descriptor_, block_.data() + filled,
+        const ssize_t count = ::pread(descriptor_->Get(), block_.data() + filled,
                                       static_cast<std::size_t>(length - filled), offset + filled);
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) FailToRead(path_);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "desk/files/FileState.h"
+#include "desk/files/Files.h"
 
 namespace desk {
 
@@ -27,7 +27,7 @@ private:
     void Fill(std::int64_t offset, std::int64_t length);
 
     std::string path_;
-    std::shared_ptr<const int> descriptor_;
+    std::shared_ptr<const Descriptor> descriptor_;
     FileState state_;  ///< When it was opened.
     std::string block_;
     std::int64_t blockStart_ = 0;

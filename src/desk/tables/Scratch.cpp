@@ -2,39 +2,128 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <utility>
 
-#include "desk/tables/DatasetList.h"
 #include "desk/tables/PlainObjects.h"
-#include "desk/tables/ScratchRows.h"
 #include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
+
+namespace {
+
+[[noreturn]] void Fail(std::int32_t number, const std::string& text) {
+    throw host::Failure(number, "Scratch", text);
+}
+
+}  // namespace
+
+/// A row before it is inserted.
+class ScratchBuffer : public host::IHostRow {
+public:
+    explicit ScratchBuffer(std::size_t fieldCount) : values_(fieldCount) {}
+
+    host::Variant Value(std::int32_t index) const override { return values_.at(Position(index)); }
+    void SetValue(std::int32_t index, host::Variant value) override {
+        values_.at(Position(index)) = std::move(value);
+    }
+    /// -1 until the row is inserted.
+    std::int32_t OID() const override { return oid_; }
+    /// As it was made.
+    void Clear() {
+        values_.assign(values_.size(), host::Variant());
+        oid_ = -1;
+    }
+    void SetOID(std::int32_t oid) { oid_ = oid; }
+    const std::vector<host::Variant>& Values() const { return values_; }
+
+private:
+    std::size_t Position(std::int32_t index) const {
+        if (index < 0 || static_cast<std::size_t>(index) >= values_.size())
+            Fail(host::kFailureNotFound,
+                 "A row has no field number " + std::to_string(index) + ".");
+        return static_cast<std::size_t>(index);
+    }
+
+    std::vector<host::Variant> values_;
+    std::int32_t oid_ = -1;
+};
 
 class ScratchInsertCursor : public host::IHostCursor {
 public:
     explicit ScratchInsertCursor(host::Ref<ScratchTable> table) : table_(std::move(table)) {}
 
     host::Ref<host::IHostRow> NextRow() override {
-        Fail("This cursor of the table " + table_->Name() + " only inserts.");
+        Fail(host::kFailureUnspecified,
+             "This cursor of the table " + table_->Name() + " only inserts.");
     }
     void InsertRow(const host::Ref<host::IHostRow>& buffer) override { table_->Append(buffer); }
     void Flush() override {}
 
 private:
-    [[noreturn]] static void Fail(const std::string& text) {
-        throw host::Failure(host::kFailureUnspecified, "ScratchTable", text);
-    }
-
     host::Ref<ScratchTable> table_;
 };
 
 namespace {
 
-[[noreturn]] void Fail(std::int32_t number, const std::string& text) {
-    throw host::Failure(number, "ScratchWorkspace", text);
-}
+/// A row in its table.
+class ScratchRow : public host::IHostRow {
+public:
+    ScratchRow(host::Ref<const ScratchTable> table, std::size_t row)
+        : table_(std::move(table)), row_(row) {}
+
+    void MoveTo(std::size_t row) { row_ = row; }
+    host::Variant Value(std::int32_t index) const override {
+        if (index < 0 || static_cast<std::size_t>(index) >= table_->FieldCount())
+            Fail(host::kFailureNotFound, "The table " + table_->Name() + " has no field number " +
+                                             std::to_string(index) + ".");
+        host::Variant value;
+        table_->Value(row_, static_cast<std::size_t>(index), value);
+        return value;
+    }
+    void SetValue(std::int32_t, host::Variant) override {
+        Fail(host::kFailureUnspecified,
+             "Rows of the table " + table_->Name() + " do not change once they are inserted.");
+    }
+    std::int32_t OID() const override { return static_cast<std::int32_t>(row_ + 1); }
+
+private:
+    host::Ref<const ScratchTable> table_;
+    std::size_t row_;
+};
+
+/// Rows in table order, or in the order of a list of positions.
+class ScratchReadCursor : public host::IHostCursor {
+public:
+    ScratchReadCursor(host::Ref<const ScratchTable> table, bool recycling,
+                      std::optional<std::vector<std::uint32_t>> order = std::nullopt)
+        : table_(std::move(table)), order_(std::move(order)), recycling_(recycling) {}
+
+    host::Ref<host::IHostRow> NextRow() override {
+        if (next_ >= (order_ ? order_->size() : table_->RowCount())) return nullptr;
+        const std::size_t position = order_ ? (*order_)[next_] : next_;
+        if (order_) table_->LookAhead(*order_, next_);
+        ++next_;
+        if (!row_ || !recycling_)
+            row_ = std::make_shared<ScratchRow>(table_, position);
+        else
+            row_->MoveTo(position);
+        return row_;
+    }
+    void InsertRow(const host::Ref<host::IHostRow>&) override {
+        Fail(host::kFailureUnspecified,
+             "This cursor of the table " + table_->Name() + " only reads.");
+    }
+    void Flush() override {}
+
+private:
+    host::Ref<const ScratchTable> table_;
+    std::optional<std::vector<std::uint32_t>> order_;
+    bool recycling_;
+    std::size_t next_ = 0;
+    host::Ref<ScratchRow> row_;
+};
 
 using TableList = std::vector<host::Ref<ScratchTable>>;
 
@@ -88,14 +177,6 @@ ScratchTable::ScratchTable(std::string name, const host::Ref<host::IHostFields>&
     fields_ = copy;
 }
 
-host::Ref<host::IHostFields> ScratchTable::Fields() const {
-    return fields_;
-}
-
-std::int32_t ScratchTable::FindField(const std::string& name) const {
-    return names_.Find(name);
-}
-
 host::Ref<host::IHostCursor> ScratchTable::Search(const host::Ref<host::IHostQueryFilter>& filter,
                                                   bool recycling) {
     RequireEveryRow(filter);
@@ -113,12 +194,6 @@ host::Ref<host::IHostRow> ScratchTable::CreateRowBuffer() {
     else
         buffer_ = std::make_shared<ScratchBuffer>(FieldCount());
     return buffer_;
-}
-
-host::Variant ScratchTable::Value(std::size_t row, std::size_t field) const {
-    host::Variant value;
-    Value(row, field, value);
-    return value;
 }
 
 const host::Variant& ScratchTable::Value(std::size_t row, std::size_t field,
@@ -140,7 +215,7 @@ void ScratchTable::LookAhead(const std::vector<std::uint32_t>& order, std::size_
 
 host::Ref<host::IHostCursor> ScratchTable::InOrder(std::vector<std::uint32_t> order,
                                                    bool recycling) {
-    return std::make_shared<ScratchReadCursor>(shared_from_this(), std::move(order), recycling);
+    return std::make_shared<ScratchReadCursor>(shared_from_this(), recycling, std::move(order));
 }
 
 void ScratchTable::Append(const host::Ref<host::IHostRow>& buffer) {
@@ -155,10 +230,6 @@ void ScratchTable::Append(const host::Ref<host::IHostRow>& buffer) {
     ++rowCount_;
     row->SetOID(static_cast<std::int32_t>(rowCount_));
 }
-
-ScratchWorkspace::ScratchWorkspace() : tables_(std::make_shared<TableList>()) {}
-
-ScratchWorkspace::~ScratchWorkspace() = default;
 
 host::Ref<host::IHostTable> ScratchWorkspace::OpenTable(const std::string& name) {
     const auto table = FindTable(*tables_, name);

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "desk/tables/FieldNames.h"
+#include "desk/tables/PlainObjects.h"
 #include "desk/tables/ScratchCells.h"
 #include "host/Tables.h"
 
@@ -18,8 +20,8 @@ class ScratchTable : public host::IHostTable, public std::enable_shared_from_thi
 public:
     ScratchTable(std::string name, const host::Ref<host::IHostFields>& fields);
 
-    host::Ref<host::IHostFields> Fields() const override;
-    std::int32_t FindField(const std::string& name) const override;
+    host::Ref<host::IHostFields> Fields() const override { return fields_; }
+    std::int32_t FindField(const std::string& name) const override { return names_.Find(name); }
     host::Ref<host::IHostCursor> Search(const host::Ref<host::IHostQueryFilter>& filter,
                                         bool recycling) override;
     /// Rows stand in the table at once, buffered or not.
@@ -29,12 +31,9 @@ public:
     const std::string& Name() const { return name_; }
     std::size_t RowCount() const { return rowCount_; }
     std::size_t FieldCount() const { return slots_.size(); }
-    /// A stored value. Row and field count from 0 and must exist.
-    host::Variant Value(std::size_t row, std::size_t field) const;
-    /// The same put into the storage.
+    /// A stored value, put into the storage. Row and field count from 0 and must exist.
     const host::Variant& Value(std::size_t row, std::size_t field, host::Variant& storage) const;
-    /// Brings the rows that stand at the positions from the one in an order given, which is read
-    /// next, nearer to the processor.
+    /// Prefetches rows of an order, given that its row at the position next is read next.
     void LookAhead(const std::vector<std::uint32_t>& order, std::size_t next) const;
     /// Rows in an order given by their positions from 0.
     host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order, bool recycling);
@@ -59,9 +58,6 @@ private:
 /// Tables that live as long as someone holds them.
 class ScratchWorkspace : public host::IHostWorkspace {
 public:
-    ScratchWorkspace();
-    ~ScratchWorkspace() override;
-
     host::Ref<host::IHostTable> OpenTable(const std::string& name) override;
     host::Ref<host::IHostTable> CreateTable(const std::string& name,
                                             const host::Ref<host::IHostFields>& fields,
@@ -73,7 +69,7 @@ public:
 private:
     /// Shared with the datasets handed out, which delete from it.
     using TableList = std::vector<host::Ref<ScratchTable>>;
-    std::shared_ptr<TableList> tables_;
+    std::shared_ptr<TableList> tables_ = std::make_shared<TableList>();
 };
 
 class ScratchWorkspaceFactory : public host::IHostScratchWorkspaceFactory {

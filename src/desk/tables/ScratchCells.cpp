@@ -60,12 +60,6 @@ void ScratchCells::Store(std::size_t position, const host::Variant& value) {
         value);
 }
 
-host::Variant ScratchCells::Value(std::size_t position) const {
-    host::Variant value;
-    Value(position, value);
-    return value;
-}
-
 const host::Variant& ScratchCells::Value(std::size_t position, host::Variant& storage) const {
     std::visit(
         [&]<class T>(const T& content) {

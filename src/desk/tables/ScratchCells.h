@@ -17,7 +17,6 @@ class ScratchCells {
 public:
     /// Makes room up to the position as needed.
     void Store(std::size_t position, const host::Variant& value);
-    host::Variant Value(std::size_t position) const;
     /// The value put into the storage, where a text takes the room of the text before.
     const host::Variant& Value(std::size_t position, host::Variant& storage) const;
 

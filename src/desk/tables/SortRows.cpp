@@ -1,10 +1,8 @@
 #include "desk/tables/SortRows.h"
 
-#include <deque>
 #include <limits>
 #include <utility>
 
-#include "desk/tables/Scratch.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -13,26 +11,6 @@ namespace {
 [[noreturn]] void Fail(const std::string& text) {
     throw host::Failure(host::kFailureUnspecified, "TableSort", text);
 }
-
-/// A scratch table lends its values.
-class LentRows : public SortRows {
-public:
-    LentRows(host::Ref<ScratchTable> table, const std::vector<std::int32_t>& keys)
-        : table_(std::move(table)), keys_(keys.begin(), keys.end()) {}
-
-    std::uint32_t Count() const override { return static_cast<std::uint32_t>(table_->RowCount()); }
-    const host::Variant& Value(std::uint32_t row, std::size_t key,
-                               host::Variant& storage) const override {
-        return table_->Value(row, keys_[key], storage);
-    }
-    host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order) const override {
-        return table_->InOrder(std::move(order), false);
-    }
-
-private:
-    host::Ref<ScratchTable> table_;
-    std::vector<std::size_t> keys_;
-};
 
 class RowListCursor : public host::IHostCursor {
 public:
@@ -51,48 +29,59 @@ private:
     std::size_t next_ = 0;
 };
 
-/// Of any other table the rows are fetched once.
-class FetchedRows : public SortRows {
+class KeyValues : public host::SortValues {
 public:
-    FetchedRows(host::IHostTable& table, const host::Ref<host::IHostQueryFilter>& filter,
-                const std::vector<std::int32_t>& keys)
-        : keyCount_(keys.size()) {
-        const auto cursor = table.Search(filter, false);
-        while (auto row = cursor->NextRow()) {
-            if (rows_.size() == std::numeric_limits<std::uint32_t>::max())
-                Fail("The table has too many rows to sort.");
-            for (const std::int32_t key : keys) values_.push_back(row->Value(key));
-            rows_.push_back(std::move(row));
-        }
-    }
-
-    std::uint32_t Count() const override { return static_cast<std::uint32_t>(rows_.size()); }
-    const host::Variant& Value(std::uint32_t row, std::size_t key, host::Variant&) const override {
-        return values_[row * keyCount_ + key];
-    }
-    host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order) const override {
-        std::vector<host::Ref<host::IHostRow>> ordered;
-        ordered.reserve(order.size());
-        for (const std::uint32_t row : order) ordered.push_back(rows_[row]);
-        return std::make_shared<RowListCursor>(std::move(ordered));
+    KeyValues(const SortRows& rows, std::size_t key) : rows_(rows), key_(key) {}
+    std::uint32_t Count() const override { return rows_.Count(); }
+    const host::Variant& Value(std::uint32_t position, host::Variant& storage) const override {
+        return rows_.Value(position, key_, storage);
     }
 
 private:
-    std::size_t keyCount_;
-    std::deque<host::Variant> values_;
-    std::vector<host::Ref<host::IHostRow>> rows_;
+    const SortRows& rows_;
+    std::size_t key_;
 };
 
 }  // namespace
 
-std::unique_ptr<SortRows> SortRows::Of(const host::Ref<host::IHostTable>& table,
-                                       const host::Ref<host::IHostQueryFilter>& filter,
-                                       const std::vector<std::int32_t>& keys) {
-    if (auto scratch = host::As<ScratchTable>(table)) {
-        scratch->Search(filter, true);  // Refuses a filter as any table does.
-        return std::make_unique<LentRows>(std::move(scratch), keys);
+SortRows::SortRows(const host::Ref<host::IHostTable>& table,
+                   const host::Ref<host::IHostQueryFilter>& filter,
+                   const std::vector<std::int32_t>& keys)
+    : scratch_(host::As<ScratchTable>(table)), keys_(keys.begin(), keys.end()) {
+    const auto cursor = table->Search(filter, false);  // Refuses a filter with a condition.
+    if (scratch_) return;
+    while (auto row = cursor->NextRow()) {
+        if (rows_.size() == std::numeric_limits<std::uint32_t>::max())
+            Fail("The table has too many rows to sort.");
+        for (const std::int32_t key : keys) values_.push_back(row->Value(key));
+        rows_.push_back(std::move(row));
     }
-    return std::make_unique<FetchedRows>(*table, filter, keys);
+}
+
+std::uint32_t SortRows::Count() const {
+    return static_cast<std::uint32_t>(scratch_ ? scratch_->RowCount() : rows_.size());
+}
+
+host::Ref<host::IHostCursor> SortRows::InOrder(const std::vector<std::uint32_t>& order) const {
+    if (scratch_) return scratch_->InOrder(order, false);
+    std::vector<host::Ref<host::IHostRow>> ordered;
+    ordered.reserve(order.size());
+    for (const std::uint32_t row : order) ordered.push_back(rows_[row]);
+    return std::make_shared<RowListCursor>(std::move(ordered));
+}
+
+void SortKey::Prepare() {
+    isTried_ = true;
+    auto* const preparation = dynamic_cast<host::ITableSortPreparation*>(&callback_);
+    if (preparation == nullptr) return;
+    const KeyValues values(rows_, static_cast<std::size_t>(field_.sortIndex));
+    prepared_ = preparation->Prepare(values, field_.index, field_.sortIndex);
+}
+
+std::int32_t SortKey::Ask(std::uint32_t row1, std::uint32_t row2) {
+    const auto key = static_cast<std::size_t>(field_.sortIndex);
+    return callback_.Compare(rows_.Value(row1, key, storage1_), rows_.Value(row2, key, storage2_),
+                             field_.index, field_.sortIndex);
 }
 
 }  // namespace desk

@@ -1,32 +1,86 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "desk/tables/Scratch.h"
 #include "host/SortPreparation.h"
-#include "host/Tables.h"
 
 namespace desk {
 
-/// The rows that a sort orders, with the values of its keys at hand.
+/// The rows that a sort orders, with the values of its keys at hand. A scratch table lends its
+/// values; of any other table the rows are fetched once.
 class SortRows {
 public:
-    SortRows() = default;
-    SortRows(const SortRows&) = delete;
-    SortRows& operator=(const SortRows&) = delete;
-    virtual ~SortRows() = default;
-
     /// The rows of a table that a filter selects; the keys are field indexes.
-    static std::unique_ptr<SortRows> Of(const host::Ref<host::IHostTable>& table,
-                                        const host::Ref<host::IHostQueryFilter>& filter,
-                                        const std::vector<std::int32_t>& keys);
+    SortRows(const host::Ref<host::IHostTable>& table,
+             const host::Ref<host::IHostQueryFilter>& filter,
+             const std::vector<std::int32_t>& keys);
 
-    virtual std::uint32_t Count() const = 0;
+    std::uint32_t Count() const;
     /// The value of a sort key, counted from 0; see SortValues::Value.
-    virtual const host::Variant& Value(std::uint32_t row, std::size_t key,
-                                       host::Variant& storage) const = 0;
-    virtual host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order) const = 0;
+    const host::Variant& Value(std::uint32_t row, std::size_t key, host::Variant& storage) const {
+        return scratch_ ? scratch_->Value(row, keys_[key], storage)
+                        : values_[row * keys_.size() + key];
+    }
+    host::Ref<host::IHostCursor> InOrder(const std::vector<std::uint32_t>& order) const;
+
+private:
+    host::Ref<ScratchTable> scratch_;  ///< Null for another table.
+    std::vector<std::size_t> keys_;
+    std::deque<host::Variant> values_;
+    std::vector<host::Ref<host::IHostRow>> rows_;
+};
+
+/// One key of a sort: its values are compared as the callback prepared them, or by its Compare
+/// where it did not. They are prepared when the key is first asked for, since the second key of a
+/// sort has a say only where the first one ties.
+class SortKey {
+public:
+    struct Field {
+        std::int32_t index = 0;      ///< In the table.
+        std::int32_t sortIndex = 0;  ///< Among the keys.
+        bool ascending = true;
+    };
+
+    SortKey(const Field& field, const SortRows& rows, host::ITableSortCallBack& callback)
+        : field_(field), rows_(rows), callback_(callback) {}
+
+    /// Below 0 if the first row goes before the second, above 0 if after, 0 for a tie.
+    std::int32_t Compare(std::uint32_t row1, std::uint32_t row2) {
+        return Directed(Prepared() ? prepared_->Compare(row1, row2) : Ask(row1, row2));
+    }
+    /// The same where two rows' leads tell it.
+    std::optional<std::int32_t> Decide(const host::SortLead& lead1,
+                                       const host::SortLead& lead2) const {
+        const auto answer = lead1.Decide(lead2);
+        return answer ? std::optional(Directed(*answer)) : std::nullopt;
+    }
+    host::SortLead Lead(std::uint32_t row) {
+        return Prepared() ? prepared_->Lead(row) : host::SortLead();
+    }
+
+private:
+    std::int32_t Directed(std::int32_t answer) const {
+        return field_.ascending ? answer : (answer < 0) - (answer > 0);
+    }
+    bool Prepared() {
+        if (!isTried_) Prepare();
+        return prepared_ != nullptr;
+    }
+    void Prepare();
+    std::int32_t Ask(std::uint32_t row1, std::uint32_t row2);
+
+    Field field_;
+    const SortRows& rows_;
+    host::ITableSortCallBack& callback_;
+    bool isTried_ = false;
+    host::Ref<host::IPreparedValues> prepared_;
+    host::Variant storage1_, storage2_;
 };
 
 }  // namespace desk

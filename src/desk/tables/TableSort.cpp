@@ -1,10 +1,9 @@
 #include "desk/tables/TableSort.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
-#include "desk/tables/MergeSort.h"
-#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -21,6 +20,28 @@ struct SortItem {
     host::SortLead lead;
     std::uint32_t row = 0;
 };
+
+/// Merges runs of doubling length. Every step moves one item, so that the sort ends
+/// whatever the comparison answers.
+template <class Item, class GoesAfter>
+void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
+    std::vector<Item> merged(items.size());
+    for (std::size_t width = 1; width < items.size(); width *= 2) {
+        for (std::size_t start = 0; start < items.size(); start += 2 * width) {
+            const std::size_t middle = std::min(start + width, items.size());
+            const std::size_t end = std::min(start + 2 * width, items.size());
+            std::size_t left = start, right = middle, to = start;
+            // Runs that follow each other already are most of a table that comes in order.
+            const bool inOrder = right >= end || !goesAfter(items[middle - 1], items[middle]);
+            while (!inOrder && left < middle && right < end)
+                merged[to++] =
+                    goesAfter(items[left], items[right]) ? items[right++] : items[left++];
+            while (left < middle) merged[to++] = items[left++];
+            while (right < end) merged[to++] = items[right++];
+        }
+        items.swap(merged);
+    }
+}
 
 std::vector<std::uint32_t> OrderOf(const SortRows& rows, std::vector<SortKey>& keys) {
     std::vector<SortItem> items(rows.Count());
@@ -42,31 +63,10 @@ std::vector<std::uint32_t> OrderOf(const SortRows& rows, std::vector<SortKey>& k
 
 }  // namespace
 
-TableSort::TableSort() = default;
-TableSort::~TableSort() = default;
-
 void TableSort::SetTable(const host::Ref<host::IHostTable>& table) {
     table_ = table;
     rows_.reset();
     order_.clear();
-}
-
-void TableSort::SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) {
-    filter_ = filter;
-}
-
-void TableSort::SetFields(const std::string& fields) {
-    fields_ = fields;
-}
-
-void TableSort::SetAscending(const std::string& field, bool ascending) {
-    ascending_[field] = ascending;
-}
-
-void TableSort::SetFieldOption(const std::string&, bool) {}
-
-void TableSort::SetCallback(const host::Ref<host::ITableSortCallBack>& callback) {
-    callback_ = callback;
 }
 
 std::vector<SortKey::Field> TableSort::Keys() const {
@@ -92,7 +92,7 @@ void TableSort::Sort(const host::Ref<host::IHostObject>&) {
 
     std::vector<std::int32_t> indexes;
     for (const SortKey::Field& field : fields) indexes.push_back(field.index);
-    auto rows = SortRows::Of(table_, filter_, indexes);
+    auto rows = std::make_unique<SortRows>(table_, filter_, indexes);
     std::vector<SortKey> keys;
     for (const SortKey::Field& field : fields) keys.emplace_back(field, *rows, *callback_);
     order_ = OrderOf(*rows, keys);

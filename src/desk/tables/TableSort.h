@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "desk/tables/SortKey.h"
 #include "desk/tables/SortRows.h"
 #include "host/Tables.h"
 
@@ -17,15 +16,18 @@ namespace desk {
 /// Sort fails, Rows keeps what it gave before.
 class TableSort : public host::IHostTableSort {
 public:
-    TableSort();
-    ~TableSort() override;
-
     void SetTable(const host::Ref<host::IHostTable>& table) override;
-    void SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) override;
-    void SetFields(const std::string& fields) override;
-    void SetAscending(const std::string& field, bool ascending) override;
-    void SetFieldOption(const std::string& field, bool option) override;
-    void SetCallback(const host::Ref<host::ITableSortCallBack>& callback) override;
+    void SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) override {
+        filter_ = filter;
+    }
+    void SetFields(const std::string& fields) override { fields_ = fields; }
+    void SetAscending(const std::string& field, bool ascending) override {
+        ascending_[field] = ascending;
+    }
+    void SetFieldOption(const std::string&, bool) override {}
+    void SetCallback(const host::Ref<host::ITableSortCallBack>& callback) override {
+        callback_ = callback;
+    }
     /// Fails without a table, and without a callback where there are fields to sort by.
     void Sort(const host::Ref<host::IHostObject>& progress) override;
     /// The table's own order before the first Sort.

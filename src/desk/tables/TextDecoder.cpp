@@ -9,12 +9,8 @@
 #include <unicode/unistr.h>
 #include <utility>
 
-#include "desk/unicode/Utf8.h"
-
 namespace desk {
 namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 std::string_view WithoutPadding(std::string_view text) {
     text = text.substr(0, text.find('\0'));

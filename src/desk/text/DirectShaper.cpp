@@ -30,7 +30,8 @@ std::size_t BlankAt(std::string_view line, std::size_t place) {
 std::size_t EndOfWord(std::string_view line, std::size_t start) {
     std::size_t end = start;
     while (const std::size_t blank = BlankAt(line, end)) end += blank;
-    while (end < line.size() && BlankAt(line, end) == 0) ++end;
+    const auto mayBeBlank = [](char c) { return c == ' ' || c == kNoBreakSpace[0]; };
+    while (end < line.size() && (!mayBeBlank(line[end]) || BlankAt(line, end) == 0)) ++end;
     return end;
 }
 
@@ -78,32 +79,67 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
                                              LastLine* last, const Visitor& visit) {
     std::size_t dots = CountDotsBehindRuns(line);
     std::string_view cut = line.substr(0, line.size() - dots);
+    if (const auto width = last ? last->Width(font.number, cut, dots) : std::nullopt) return width;
     const PlainClass script = PlainScript(cut, font.plain);
     if (script == PlainClass::None) return std::nullopt;
     const Hand& hand = HandOf(font, script);
-    const auto find = [&](std::size_t start, std::size_t end) {
-        const auto withBlank = cut.substr(start, end + BlankAt(cut, end) - start);
-        return &memory_.Find({font.number, script, withBlank}, [&] {
-            return shaper_.Shape(font.shaping, hand.writing, withBlank, end - start);
-        });
-    };
     auto [start, pen] = last ? last->Skip(font.number, script, cut) : LastLine::Place{};
+    const auto take = [&](const ShapedRun& run, std::size_t further) {
+        visit(run, pen, further);
+        pen += run.width + static_cast<GlyphUnits>(further) * run.dotStep;
+    };
     for (std::size_t end = start; start < cut.size(); start = end) {
         if (last && start > 0) last->Add({start, pen});
         end = hand.cutsAtBlanks ? EndOfWord(cut, start) : cut.size();
-        const ShapedRun* run = find(start, end);
+        const ShapedRun* run = FindAlone(hand, cut, start, end);
+        if (run)
+            for (; cut[start] == ' '; ++start) take(hand.Blank(), 0);
+        else
+            run = &FindInLine(hand, cut, start, end);
         if (dots > 0 && end == cut.size() && (run->dotStep == 0 || !hand.cutsLeaders)) {
             cut = line;
             end = cut.size();
             dots = 0;
-            run = find(start, end);
+            last = nullptr;
+            run = &FindInLine(hand, cut, start, end);
         }
         if (!run->hasGlyphs) return std::nullopt;
-        const std::size_t further = end == cut.size() ? dots : 0;
-        visit(*run, pen, further);
-        pen += run->width + static_cast<GlyphUnits>(further) * run->dotStep;
+        if (last && end == cut.size())
+            last->End(pen + run->width, hand.cutsLeaders ? run->dotStep : 0);
+        take(*run, end == cut.size() ? dots : 0);
     }
     return pen;
+}
+
+const ShapedRun& DirectShaper::Find(const Hand& hand, std::string_view text, std::size_t bytes) {
+    return memory_.Find({hand.fontNumber, hand.script, text},
+                        [&] { return shaper_.Shape(hand.font, hand.writing, text, bytes); });
+}
+
+/// The run of a piece of a line, shaped with regard to the blank behind it.
+const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
+                                          std::size_t start, std::size_t end) {
+    return Find(hand, line.substr(start, end + BlankAt(line, end) - start), end - start);
+}
+
+/// The run of the word in a piece of a line without the blanks before it, if it is the same with
+/// and without blanks around it. Nothing if not.
+const ShapedRun* DirectShaper::FindAlone(const Hand& hand, std::string_view line, std::size_t start,
+                                         std::size_t end) {
+    if (!hand.cutsAtBlanks) return nullptr;
+    const std::size_t word = std::min(line.find_first_not_of(' ', start), end);
+    if (word == end || BlankAt(line, word) > 0 || BlankAt(line, end) > 1) return nullptr;
+    const std::string_view text = line.substr(word, end - word);
+    const ShapedRun& run = memory_.Find({hand.fontNumber, hand.script, text}, [&] {
+        between_ = ' ';
+        (between_ += text) += ' ';
+        ShapedRun alone = shaper_.Shape(hand.font, hand.writing, between_, text.size() + 1, 1);
+        if (alone.standsAlone) return alone;
+        alone = shaper_.Shape(hand.font, hand.writing, text, text.size());
+        alone.standsAlone = false;
+        return alone;
+    });
+    return run.standsAlone ? &run : nullptr;
 }
 
 DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, PlainClass script,
@@ -111,11 +147,12 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
     if (font != font_ || script != script_) text_.clear();
     font_ = font;
     script_ = script;
-    const auto differ = std::ranges::mismatch(text_, line).in2 - line.begin();
+    width_.reset();
+    const std::size_t differ = line.starts_with(text_)
+                                   ? text_.size()
+                                   : std::ranges::mismatch(text_, line).in2 - line.begin();
     // A word is set with regard to the blank behind it.
-    while (!words_.empty() &&
-           words_.back().start + kLongestBlank > static_cast<std::size_t>(differ))
-        words_.pop_back();
+    while (!words_.empty() && words_.back().start + kLongestBlank > differ) words_.pop_back();
     text_ = line;
     if (words_.empty()) return {};
     const Place place = words_.back();
@@ -126,26 +163,30 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
 const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script) {
     const std::size_t place = font.number * kPlainClassCount + static_cast<std::size_t>(script);
     if (hands_.size() <= place) hands_.resize(place + 1);
-    Hand& hand = hands_[place];
-    if (!hand.isKnown) Learn(font, script, hand);
-    return hand;
+    if (!hands_[place].font) {
+        hands_[place] = {font.shaping, font.number, script, WritingOf(script)};
+        Learn(font, hands_[place]);
+    }
+    return hands_[place];
 }
 
 /// Tries both cuts.
-void DirectShaper::Learn(const ResolvedFont& font, PlainClass script, Hand& hand) {
+void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
     const auto shape = [&](std::string_view text) {
-        return shaper_.Shape(font.shaping, hand.writing, text, text.size());
+        return shaper_.Shape(hand.font, hand.writing, text, text.size());
     };
-    hand = {true, false, false, WritingOf(script)};
     GlyphStore leader;
     AddGlyphs(shape(kLeader).glyphs, 0, leader);
     hand.cutsLeaders = leader.End().glyphs == 2;
-    if (BlankMayJoin(font.shaping, hand.writing)) return;
-    const std::string line = BlankTrial(font.plain, script);
+    const ShapedRun blank = shape(" ");
+    hand.blankWidth = blank.width;
+    hand.blankGlyph = blank.glyphs[0];
+    if (BlankMayJoin(hand.font, hand.writing)) return;
+    const std::string line = BlankTrial(font.plain, hand.script);
     hand.cutsAtBlanks = true;
     hand.cutsAtBlanks = Width(font, line) == shape(line).width;
     if (hand.cutsAtBlanks) return;
-    memory_.Clear();  // Of words with the blanks behind them.
+    memory_.Clear();  // Of words cut at blanks.
     last_ = {};
 }
 

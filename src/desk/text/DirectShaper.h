@@ -1,6 +1,5 @@
 #pragma once
 
-#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,10 +28,16 @@ public:
 private:
     /// A font in one class of writing, and where its lines can be cut.
     struct Hand {
-        bool isKnown = false;
+        hb_font_t* font = nullptr;  ///< Null until it is known.
+        std::uint32_t fontNumber = 0;
+        PlainClass script = PlainClass::None;
+        Writing writing;
         bool cutsAtBlanks = false;
         bool cutsLeaders = false;
-        Writing writing;
+        GlyphUnits blankWidth = 0;
+        RunGlyph blankGlyph{};
+
+        ShapedRun Blank() const { return {blankWidth, {&blankGlyph, 1}, true}; }
     };
     /// The line measured last. Fitting a text measures lines that begin alike, one after another.
     class LastLine {
@@ -41,20 +46,39 @@ private:
             std::size_t start = 0;
             GlyphUnits x = 0;
         };
+        /// Width of the line with so many dots behind it, if it is this one and that is known.
+        std::optional<GlyphUnits> Width(std::uint32_t font, std::string_view line,
+                                        std::size_t dots) const {
+            if (!width_ || font != font_ || line != text_) return std::nullopt;
+            if (dots > 0 && dotStep_ == 0) return std::nullopt;
+            return *width_ + static_cast<GlyphUnits>(dots) * dotStep_;
+        }
         /// Where the first word begins that differs in the next line.
         Place Skip(std::uint32_t font, PlainClass script, std::string_view line);
         /// A further word of that line, with the blank before it.
         void Add(const Place& word) { words_.push_back(word); }
+        /// Its width, and what each further dot adds; 0 where that is not known.
+        void End(GlyphUnits width, int dotStep) {
+            width_ = width;
+            dotStep_ = dotStep;
+        }
 
     private:
         std::uint32_t font_ = 0;
         PlainClass script_ = PlainClass::None;
         std::string text_;
         std::vector<Place> words_;
+        std::optional<GlyphUnits> width_;
+        int dotStep_ = 0;
     };
 
     const Hand& HandOf(const ResolvedFont& font, PlainClass script);
-    void Learn(const ResolvedFont& font, PlainClass script, Hand& hand);
+    void Learn(const ResolvedFont& font, Hand& hand);
+    const ShapedRun& Find(const Hand& hand, std::string_view text, std::size_t bytes);
+    const ShapedRun& FindInLine(const Hand& hand, std::string_view line, std::size_t start,
+                                std::size_t end);
+    const ShapedRun* FindAlone(const Hand& hand, std::string_view line, std::size_t start,
+                               std::size_t end);
     template <class Visitor>
     std::optional<GlyphUnits> Walk(const ResolvedFont& font, std::string_view line, LastLine* last,
                                    const Visitor& visit);
@@ -62,7 +86,8 @@ private:
     RunMemory& memory_;
     LastLine last_;
     RunShaper shaper_;
-    std::deque<Hand> hands_;  ///< By the fonts' numbers, and by class.
+    std::vector<Hand> hands_;  ///< By the fonts' numbers, and by class.
+    std::string between_;      ///< Scratch text: a word between blanks.
 };
 
 }  // namespace desk

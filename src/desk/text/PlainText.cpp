@@ -1,12 +1,13 @@
 #include "desk/text/PlainText.h"
 
-#include <algorithm>
 #include <glib.h>
 
 #include "desk/unicode/Utf8.h"
 
 namespace desk {
 namespace {
+
+constexpr char32_t kAsciiLimit = 0x80;
 
 PlainClass ClassOf(char32_t character) {
     switch (g_unichar_get_script(character)) {
@@ -65,21 +66,22 @@ const PlainClasses& AllPlainClasses() {
     return classes;
 }
 
-char32_t NextWideCharacter(std::string_view text, std::size_t& place) {
-    return std::min<char32_t>(NextCodePoint(text, place), kPlainTextLimit);
-}
-
 PlainClass PlainScript(std::string_view text, const PlainClasses& classes) {
-    PlainClass found = PlainClass::Common;
+    const auto bit = [](PlainClass plain) { return 1U << static_cast<unsigned>(plain); };
+    unsigned found = bit(PlainClass::Common);
     for (std::size_t place = 0; place < text.size();) {
-        const char32_t character = NextCharacter(text, place);
+        char32_t character = static_cast<unsigned char>(text[place]);
+        if (character < kAsciiLimit)
+            ++place;
+        else
+            character = NextCodePoint(text, place);
         if (character >= kPlainTextLimit) return PlainClass::None;
-        const PlainClass here = classes[character];
-        if (here == PlainClass::Common || here == found) continue;
-        if (here == PlainClass::None || found != PlainClass::Common) return PlainClass::None;
-        found = here;
+        found |= bit(classes[character]);
     }
-    return found;
+    for (const auto script :
+         {PlainClass::Common, PlainClass::Latin, PlainClass::Greek, PlainClass::Cyrillic})
+        if (found == (bit(PlainClass::Common) | bit(script))) return script;
+    return PlainClass::None;
 }
 
 }  // namespace desk

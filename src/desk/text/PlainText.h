@@ -20,17 +20,6 @@ using PlainClasses = std::array<PlainClass, kPlainTextLimit>;
 /// characters that a layout replaces or measures in its own way (soft hyphen, hyphens, tabs).
 const PlainClasses& AllPlainClasses();
 
-/// NextCharacter for those beyond ASCII.
-char32_t NextWideCharacter(std::string_view text, std::size_t& place);
-
-/// NextCodePoint with kPlainTextLimit for whatever is not below it.
-inline char32_t NextCharacter(std::string_view text, std::size_t& place) {
-    const auto first = static_cast<unsigned char>(text[place]);
-    if (first >= 0x80) return NextWideCharacter(text, place);
-    ++place;
-    return first;
-}
-
 /// The class of the letters of a text of which all characters are plain in the given classes, those
 /// of a font; Common for a text without letters. None for any other text.
 PlainClass PlainScript(std::string_view text, const PlainClasses& classes);

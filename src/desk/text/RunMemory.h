@@ -23,7 +23,8 @@ struct RunGlyph {
 struct ShapedRun {
     GlyphUnits width = 0;
     std::span<const RunGlyph> glyphs;
-    bool hasGlyphs = false;  ///< False where a glyph stands off the baseline.
+    bool hasGlyphs = false;    ///< False where a glyph stands off the baseline.
+    bool standsAlone = false;  ///< What is around it in the line does not change it.
     int dotStep = 0;  ///< Advance of each further dot at the end; 0 where they must be shaped.
 };
 
@@ -42,24 +43,24 @@ public:
     template <class Make>
     const ShapedRun& Find(const Key& key, const Make& make) {
         const std::size_t hash = HashOf(key);
-        for (std::size_t slot = hash % kSlots; tags_[slot] != 0; slot = (slot + 1) % kSlots)
-            if (tags_[slot] == TagOf(hash) && entries_[slot]->key == key)
-                return entries_[slot]->run;
+        for (std::size_t slot = hash % kSlots; slots_[slot]; slot = (slot + 1) % kSlots)
+            if (slots_[slot]->hash == hash && slots_[slot]->key == key) return slots_[slot]->run;
         return Keep(key, hash, make());
     }
 
     void Clear() {
-        std::ranges::fill(tags_, std::uint16_t{0});
+        std::ranges::fill(slots_, nullptr);
         arena_.release();
         count_ = bytes_ = 0;
     }
 
 private:
     struct Entry {
+        std::size_t hash;
         Key key;
         ShapedRun run;
     };
-    static constexpr std::size_t kSlots = std::size_t{1} << 17;
+    static constexpr std::size_t kSlots = std::size_t{1} << 16;
     static constexpr std::size_t kMostEntries = kSlots / 4 * 3;
     static constexpr std::size_t kMostBytes = std::size_t{6} << 20;
     static constexpr std::size_t kLongestRun = 256;  ///< Bytes; longer ones seldom come again.
@@ -69,24 +70,17 @@ private:
         return std::hash<std::string_view>{}(key.text) + kind * std::size_t{0x9E3779B97F4A7C15U};
     }
 
-    /// Of a slot that is taken. Spares most looks at entries that are not the one.
-    static std::uint16_t TagOf(std::size_t hash) {
-        return static_cast<std::uint16_t>(hash >> 48 | 1U);
-    }
-
     const ShapedRun& Keep(Key key, std::size_t hash, ShapedRun run) {
         if (key.text.size() > kLongestRun) return unkept_ = run;
         bytes_ += sizeof(Entry) + key.text.size() + run.glyphs.size_bytes();
         if (++count_ > kMostEntries || bytes_ > kMostBytes) Clear();
         std::size_t slot = hash % kSlots;
-        while (tags_[slot] != 0) slot = (slot + 1) % kSlots;
+        while (slots_[slot]) slot = (slot + 1) % kSlots;
+        void* const place = arena_.allocate(sizeof(Entry), alignof(Entry));
         key.text = {Copy(std::span(key.text)), key.text.size()};
         run.glyphs = {Copy(run.glyphs), run.glyphs.size()};
-        void* const place = arena_.allocate(sizeof(Entry), alignof(Entry));
-        const auto* const entry = new (place) Entry{key, run};
-        tags_[slot] = TagOf(hash);
-        entries_[slot] = entry;
-        return entry->run;
+        slots_[slot] = new (place) Entry{hash, key, run};
+        return slots_[slot]->run;
     }
 
     template <class T>
@@ -96,8 +90,7 @@ private:
         return copy;
     }
 
-    std::vector<std::uint16_t> tags_ = std::vector<std::uint16_t>(kSlots);
-    std::vector<const Entry*> entries_ = std::vector<const Entry*>(kSlots);  ///< By their hashes.
+    std::vector<const Entry*> slots_ = std::vector<const Entry*>(kSlots);  ///< By their hashes.
     std::pmr::monotonic_buffer_resource arena_;
     std::size_t count_ = 0;
     std::size_t bytes_ = 0;

@@ -55,17 +55,25 @@ void RunShaper::ShapeAll(hb_font_t* font, const Writing& writing, std::string_vi
 }
 
 ShapedRun RunShaper::Shape(hb_font_t* font, const Writing& writing, std::string_view text,
-                           std::size_t bytes) {
+                           std::size_t end, std::size_t start) {
     ShapeAll(font, writing, text);
     unsigned count = 0;
     const hb_glyph_info_t* const infos = hb_buffer_get_glyph_infos(buffer_.get(), &count);
     const hb_glyph_position_t* const positions =
         hb_buffer_get_glyph_positions(buffer_.get(), &count);
     const auto startOf = [&](unsigned i) { return i < count ? infos[i].cluster : text.size(); };
+    const auto canCutAt = [&](unsigned i, std::size_t place) {
+        if (startOf(i) != place) return false;
+        return i == count ||
+               (hb_glyph_info_get_glyph_flags(&infos[i]) & HB_GLYPH_FLAG_UNSAFE_TO_BREAK) == 0;
+    };
     ShapedRun run;
     run.hasGlyphs = true;
     glyphs_.clear();
-    for (unsigned i = 0; i < count && infos[i].cluster < bytes; ++i) {
+    unsigned i = 0;
+    while (startOf(i) < start) ++i;
+    run.standsAlone = canCutAt(i, start);
+    for (; startOf(i) < end; ++i) {
         unsigned next = i + 1;
         while (next < count && infos[next].cluster == infos[i].cluster) ++next;
         const bool isFirst = i == 0 || infos[i - 1].cluster != infos[i].cluster;
@@ -79,9 +87,11 @@ ShapedRun RunShaper::Shape(hb_font_t* font, const Writing& writing, std::string_
                         glyph.id == infos[i].codepoint && glyph.bytes == cluster;
         run.width += positions[i].x_advance;
     }
+    run.standsAlone = run.standsAlone && canCutAt(i, end);
     run.glyphs = glyphs_;
-    if (count > 0)
-        run.dotStep = DotStep(glyphs_, text, hb_glyph_info_get_glyph_flags(&infos[count - 1]));
+    if (!glyphs_.empty())
+        run.dotStep =
+            DotStep(glyphs_, text.substr(0, end), hb_glyph_info_get_glyph_flags(&infos[i - 1]));
     return run;
 }
 

@@ -22,10 +22,10 @@ class RunShaper {
 public:
     RunShaper() : buffer_(hb_buffer_create()) {}
 
-    /// Shapes the first bytes of a text with regard to what follows them. The glyphs stand until
-    /// the next call.
-    ShapedRun Shape(hb_font_t* font, const Writing& writing, std::string_view text,
-                    std::size_t bytes);
+    /// Shapes the bytes of a text from start to end with regard to what is around them. The glyphs
+    /// stand until the next call.
+    ShapedRun Shape(hb_font_t* font, const Writing& writing, std::string_view text, std::size_t end,
+                    std::size_t start = 0);
 
 private:
     void ShapeAll(hb_font_t* font, const Writing& writing, std::string_view text);

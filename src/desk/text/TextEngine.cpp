@@ -35,6 +35,11 @@ struct TextEngine::State {
     LayoutShaper layout{fonts.Context()};
     TextSetter setter{direct, layout};
 
+    /// Measured last. A text that is fitted is measured again as soon as it stands on the page.
+    const ResolvedFont* lastFont = nullptr;
+    std::string lastText;
+    host::TextExtent lastExtent;
+
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
         if (ways == Ways::Plain) return Points(layout.Shape(font, line));
@@ -64,8 +69,13 @@ const ResolvedFont& TextEngine::Find(const FontSpec& spec) {
 }
 
 host::TextExtent TextEngine::Measure(const ResolvedFont& font, std::string_view text) {
-    if (text.find('\r') == std::string_view::npos) return state_->Extent(font, text);
-    return state_->Extent(font, WithoutReturns(text));
+    State& state = *state_;
+    if (state.lastFont == &font && state.lastText == text) return state.lastExtent;
+    const bool hasReturns = text.find('\r') != std::string_view::npos;
+    state.lastExtent = state.Extent(font, hasReturns ? WithoutReturns(text) : text);
+    state.lastFont = &font;
+    state.lastText = text;
+    return state.lastExtent;
 }
 
 TextBox TextEngine::Set(const PlacedText& text, PlacedGlyphs& into) {

@@ -4,7 +4,7 @@
 
 namespace desk {
 
-/// A text in the form in which two texts that differ in case alone are equal.
+/// Returns the text with its case folded: texts that differ in case alone become equal.
 std::string FoldCase(const std::string& text);
 
 }  // namespace desk

@@ -2,7 +2,7 @@
 
 #include <QTreeWidget>
 
-#include "desk/window/FolderPlaces.h"
+#include "desk/window/PlacesPanel.h"
 
 namespace desk {
 

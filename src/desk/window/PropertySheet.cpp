@@ -2,20 +2,25 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShowEvent>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <exception>
+#include <functional>
 #include <utility>
 
 #include "desk/window/DialogParent.h"
-#include "desk/window/SheetPage.h"
+#include "desk/window/WidgetText.h"
+#include "host/PropertyPages.h"
 
 namespace desk {
-
 namespace {
 
 class PageSite final : public host::IHostPageSite {
@@ -28,6 +33,107 @@ private:
 };
 
 }  // namespace
+
+/// A tab of a property sheet with the window of its page in it. Scrolls where there is no room for
+/// the page. Failures of the page are told in a message and go no further.
+class SheetPage : public QScrollArea {
+public:
+    /// Hands the page its site and objects and takes its window in, still hidden.
+    SheetPage(host::Ref<host::IComPropertyPage> page, const host::Ref<host::IHostPageSite>& site,
+              const host::Ref<host::IHostObjectSet>& objects);
+    ~SheetPage() override { LetGo(); }
+
+    QString Title() const { return title_; }
+    void ShowPage() {
+        Guarded([](host::IComPropertyPage& page) { page.Show(); });
+    }
+    void HidePage() {
+        Guarded([](host::IComPropertyPage& page) { page.Hide(); });
+    }
+    void ApplyIfDirty();
+    void Cancel() {
+        Guarded([](host::IComPropertyPage& page) { page.Cancel(); });
+    }
+    /// Gives the page its window back and releases the page. Does nothing the second time.
+    void LetGo();
+
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+
+private:
+    void TakeWindow();
+    void Guarded(const std::function<void(host::IComPropertyPage&)>& call);
+
+    host::Ref<host::IComPropertyPage> page_;
+    QPointer<QWidget> window_;
+    QString title_;
+};
+
+SheetPage::SheetPage(host::Ref<host::IComPropertyPage> page,
+                     const host::Ref<host::IHostPageSite>& site,
+                     const host::Ref<host::IHostObjectSet>& objects)
+    : page_(std::move(page)) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    auto* frame = new QWidget;
+    auto* layout = new QGridLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    setWidget(frame);
+    // The tab's own background is to be seen.
+    frame->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+    Guarded([&](host::IComPropertyPage& shown) {
+        title_ = ToQt(shown.Title());
+        shown.SetPageSite(site);
+        shown.SetObjects(objects);
+        TakeWindow();
+    });
+}
+
+void SheetPage::TakeWindow() {
+    window_ = QWidget::find(static_cast<WId>(page_->Activate()));
+    if (window_ == nullptr) return;
+    // Its window becomes a widget among others, and stays hidden until the page shows itself.
+    window_->hide();
+    window_->setAttribute(Qt::WA_NativeWindow, false);
+    window_->setParent(widget(), Qt::Widget);
+    auto* layout = static_cast<QGridLayout*>(widget()->layout());
+    layout->addWidget(window_, 0, 0);
+    // Room for the page as it says, or for its widgets if they want more.
+    layout->addItem(new QSpacerItem(page_->Width(), page_->Height(), QSizePolicy::MinimumExpanding,
+                                    QSizePolicy::MinimumExpanding),
+                    0, 0);
+}
+
+void SheetPage::ApplyIfDirty() {
+    Guarded([](host::IComPropertyPage& page) {
+        if (page.IsPageDirty()) page.Apply();
+    });
+}
+
+void SheetPage::LetGo() {
+    // The page owns its window, which must not go with the sheet.
+    if (window_ != nullptr) {
+        window_->hide();
+        window_->setParent(nullptr);
+    }
+    Guarded([](host::IComPropertyPage& page) { page.Deactivate(); });
+    page_.reset();
+}
+
+void SheetPage::Guarded(const std::function<void(host::IComPropertyPage&)>& call) {
+    if (!page_) return;
+    QString fault;
+    try {
+        call(*page_);
+        return;
+    } catch (const std::exception& failure) {
+        fault = ShownLines(failure.what());
+    }
+    QMessageBox box(QMessageBox::Warning, "Property Page",
+                    "The property page " + title_ + " failed: " + fault, QMessageBox::Ok, window());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
 
 PropertySheet::PropertySheet(std::vector<host::Ref<host::IComPropertyPage>> pages,
                              host::Ref<host::IHostObjectSet> objects, QWidget* parent)

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QColor>
+#include <QPushButton>
 #include <QWidget>
+#include <cstdint>
 
 #include "host/Host.h"
 
@@ -11,7 +14,30 @@ class QLabel;
 
 namespace desk {
 
-class ColorButton;
+/// A button that shows a colour and lets the user pick another.
+class ColorButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    explicit ColorButton(QWidget* parent);
+
+    /// Red in the lowest byte, then green, then blue.
+    std::uint32_t Rgb() const;
+    void SetRgb(std::uint32_t rgb);
+
+Q_SIGNALS:
+    /// The user picked a colour.
+    void Picked();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Pick();
+    void ShowColor();
+
+    QColor color_ = Qt::black;
+};
 
 // The panels edit the symbol they are given. They write only what the user touches, so that a value
 // that a control cannot show stays what it is.

@@ -3,13 +3,13 @@
 namespace desk::pdf {
 namespace {
 
-// Bytes from kFirstLead on begin a code of two bytes among short ones, kFirstTrail on where all
-// have two; the second one is always from kFirstTrail on.
+// The first byte of a code of two bytes is at least kFirstLead where there are short codes too, and
+// at least kFirstTrail where there are none. The second byte is always at least kFirstTrail.
 constexpr unsigned kFirstLead = 0xC0;
 constexpr unsigned kFirstTrail = 0x80;
 constexpr unsigned kTrails = 0x80;
 
-/// That a font can have. The numbers of boxes for unknown characters are far above.
+/// The limit of OpenType. Pango numbers the boxes for unknown characters far above it.
 constexpr hb_codepoint_t kMostGlyphs = 0x10000;
 
 /// Bytes that would need an escape, or that readers of strings change.
@@ -29,10 +29,7 @@ std::string ShortCodes() {
 }
 
 std::string KeyOf(hb_codepoint_t glyph, std::string_view text) {
-    std::string key = std::to_string(glyph);
-    key += ' ';
-    key += text;
-    return key;
+    return std::to_string(glyph).append(" ").append(text);
 }
 
 }  // namespace
@@ -90,7 +87,7 @@ bool CodeTable::TakeLong(Code& code) {
     return true;
 }
 
-std::vector<std::string_view> CodeTable::Ranges() const {
+std::vector<std::string> CodeTable::Ranges() const {
     if (lengths_ == Lengths::Two) return {"<0000><FFFF>"};
     if (longCodes_ > 0) return {"<00><BF>", "<C080><FFFF>"};
     return {"<00><FF>"};

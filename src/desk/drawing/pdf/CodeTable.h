@@ -24,13 +24,13 @@ struct Code {
     }
 };
 
-/// The codes of a font, given as glyphs are first met. A glyph has a code for each text that it
-/// stands for, such as the blank for a no-break space: the text can then be told by the code. No
+/// The codes of a font, assigned when a glyph first occurs. A glyph has one code for each text that
+/// it stands for, such as the blank for a no-break space, so that the code determines the text. No
 /// code needs an escape in a string. ASCII characters keep their own bytes.
 class CodeTable {
 public:
-    /// Of the codes, in bytes. There are 186 of one byte, and beside these 8192 of two; 16384 where
-    /// all have two.
+    /// Lengths of the codes, in bytes. There are 186 codes of one byte and with them 8192 of two,
+    /// or 16384 where all have two.
     enum class Lengths { One, OneAndTwo, Two };
 
     struct Entry {
@@ -42,7 +42,7 @@ public:
 
     explicit CodeTable(Lengths lengths);
 
-    /// Null for what has no code yet. What is told stands until the next Add.
+    /// Returns null for a glyph and text without a code. The result is valid until the next Add.
     const Entry* Find(hb_codepoint_t glyph, std::string_view text) const {
         const std::uint32_t packed = Packed(text);
         if (packed != 0 && glyph < quick_.size())
@@ -51,12 +51,12 @@ public:
         return FindSlowly(glyph, text);
     }
 
-    /// Gives a code. Null if all are taken.
+    /// Assigns a code. Returns null if all are taken.
     const Entry* Add(hb_codepoint_t glyph, std::string_view text, double width);
 
     const std::vector<Entry>& Entries() const { return entries_; }
-    /// The codes that readers may expect, each line with the first and the last of a length.
-    std::vector<std::string_view> Ranges() const;
+    /// The ranges of codes, one for each length: the first and the last code.
+    std::vector<std::string> Ranges() const;
 
 private:
     /// The text of up to three bytes and its length; 0 for other texts.
@@ -78,10 +78,10 @@ private:
 
     Lengths lengths_;
     std::vector<Entry> entries_;
-    /// By glyph: the first two codes for short texts. The blank has two, if not more.
+    /// By glyph: the first two codes for short texts. Only the blank often has two.
     std::vector<std::array<Quick, 2>> quick_;
     std::unordered_map<std::string, std::size_t> others_;  ///< By glyph and text.
-    std::string freeCodes_;  ///< Short ones for texts other than ASCII, from the last on.
+    std::string freeCodes_;  ///< Short ones for texts other than ASCII; taken from the end.
     std::array<bool, 128> taken_{};
     unsigned longCodes_ = 0;
 };

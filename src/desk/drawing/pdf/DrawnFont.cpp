@@ -6,14 +6,16 @@
 #include <pango/pangocairo.h>
 #include <span>
 
-#include "desk/devices/CairoHandles.h"
-#include "desk/drawing/pdf/GlyphPicture.h"
-#include "desk/drawing/pdf/Numbers.h"
+#include "desk/devices/CairoShapes.h"
+#include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
 namespace {
 
-using PathHandle = std::unique_ptr<cairo_path_t, Releaser<cairo_path_destroy>>;
+/// Fonts of coloured signs have them some 130 pixels high.
+constexpr double kPixelsPerSize = 128;
+/// Length of a pixel in thousandths of the font's size.
+constexpr double kPixel = 1000 / kPixelsPerSize;
 
 int LogicalWidth(PangoFont* font, PangoGlyph glyph) {
     PangoRectangle logical{};
@@ -21,27 +23,32 @@ int LogicalWidth(PangoFont* font, PangoGlyph glyph) {
     return logical.width;
 }
 
-/// The outline of a glyph on its origin, in points, Y downward. It is made at a larger scale, since
-/// cairo counts in 256ths.
-PathHandle OutlineOf(PangoFont* font, PangoGlyph glyph, double scale) {
-    const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
-    const CairoContext context(cairo_create(surface.get()));
-    cairo_scale(context.get(), scale, scale);
+/// Draws a glyph on the origin of a surface by one of pango's functions for glyph strings.
+CairoContext DrawGlyph(cairo_surface_t* surface, double unitsPerPoint, PangoFont* font,
+                       PangoGlyph glyph, decltype(pango_cairo_show_glyph_string)* draw) {
+    CairoContext context(cairo_create(surface));
+    cairo_scale(context.get(), unitsPerPoint, unitsPerPoint);
     PangoGlyphInfo info{};
     info.glyph = glyph;
-    info.geometry.width = LogicalWidth(font, glyph);  // The box of an unknown one is in its middle.
+    info.geometry.width = LogicalWidth(font, glyph);  // Centres boxes of unknown ones.
     int cluster = 0;
     PangoGlyphString string{1, &info, &cluster, 0};
     cairo_move_to(context.get(), 0, 0);
-    pango_cairo_glyph_string_path(context.get(), font, &string);
-    return PathHandle(cairo_copy_path(context.get()));
+    draw(context.get(), font, &string);
+    return context;
 }
 
-/// An outline, in thousandths of the font's size, Y upward, and the box around it.
+/// The outline of a glyph as a stream that draws it, in thousandths of the font's size, Y upward.
 class Outline {
 public:
-    Outline(const cairo_path_t& path, double scale) {
-        const std::span all(path.data, static_cast<std::size_t>(path.num_data));
+    /// The outline is made at a large scale, since cairo counts in 256ths.
+    Outline(PangoFont* font, PangoGlyph glyph, double scale) {
+        const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
+        const auto context =
+            DrawGlyph(surface.get(), scale, font, glyph, pango_cairo_glyph_string_path);
+        const std::unique_ptr<cairo_path_t, Releaser<cairo_path_destroy>> path(
+            cairo_copy_path(context.get()));
+        const std::span all(path->data, static_cast<std::size_t>(path->num_data));
         for (std::size_t i = 0; i < all.size();) {
             const auto length = static_cast<std::size_t>(all[i].header.length);
             for (const auto& place : all.subspan(i + 1, length - 1))
@@ -52,23 +59,18 @@ public:
         }
     }
 
-    /// With a width, as the file has it.
+    /// With the width of the glyph in the file.
     std::string Stream(double width) const {
         std::string stream;
         for (const double value : {width, 0.0, std::floor(left_), std::floor(bottom_),
-                                   std::ceil(right_), std::ceil(top_)}) {
-            AppendNumber(stream, value);
-            stream += ' ';
-        }
+                                   std::ceil(right_), std::ceil(top_)})
+            stream += Number(value) + ' ';
         return stream + "d1\n" + operators_ + "f";
     }
 
 private:
     void AddPoint(double x, double y) {
-        AppendNumber(operators_, x, 1);
-        operators_ += ' ';
-        AppendNumber(operators_, y, 1);
-        operators_ += ' ';
+        operators_ += Number(x, 1) + ' ' + Number(y, 1) + ' ';
         left_ = std::min(left_, x);
         right_ = std::max(right_, x);
         bottom_ = std::min(bottom_, y);
@@ -79,9 +81,63 @@ private:
     double left_ = 0, bottom_ = 0, right_ = 0, top_ = 0;
 };
 
-std::string NameOf(const CodeTable::Entry& entry) {
-    return std::string("g").append(std::to_string(entry.code.Number()));
-}
+/// A glyph that the font has as pixels, such as a coloured sign.
+class Picture {
+public:
+    Picture(PangoFont* font, PangoGlyph glyph, double pixelsPerPoint) {
+        PangoRectangle ink{};
+        pango_font_get_glyph_extents(font, glyph, &ink, nullptr);
+        const double pixelsPerUnit = pixelsPerPoint / PANGO_SCALE;
+        left_ = static_cast<int>(std::floor(ink.x * pixelsPerUnit));
+        top_ = static_cast<int>(std::floor(ink.y * pixelsPerUnit));
+        width_ = static_cast<int>(std::ceil((ink.x + ink.width) * pixelsPerUnit)) - left_ + 1;
+        height_ = static_cast<int>(std::ceil((ink.y + ink.height) * pixelsPerUnit)) - top_ + 1;
+        const CairoSurface surface(
+            cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width_, height_));
+        cairo_surface_set_device_offset(surface.get(), -left_, -top_);
+        DrawGlyph(surface.get(), pixelsPerPoint, font, glyph, pango_cairo_show_glyph_string);
+        cairo_surface_flush(surface.get());
+        ReadPixels(surface.get());
+    }
+
+    /// Writes the pixels. Returns the number of their object.
+    int WritePixels(ObjectFile& file) const {
+        const int mask = file.WriteStream(Entries("DeviceGray"), opacities_);
+        return file.WriteStream(Entries("DeviceRGB") + "/SMask " + Reference(mask), colors_);
+    }
+
+    /// The stream that shows the pixels, which have a name, in place of the glyph.
+    std::string Stream(double width, const std::string& name) const {
+        std::string stream = Number(width) + " 0 d0\n";
+        for (const double entry : {width_ * kPixel, 0.0, 0.0, height_ * kPixel, left_ * kPixel,
+                                   -(top_ + height_) * kPixel})
+            stream += Number(entry) + ' ';
+        return stream + "cm\n/" + name + " Do";
+    }
+
+private:
+    /// Rows of four-byte pixels follow each other without gaps; colours are multiplied by opacity.
+    void ReadPixels(cairo_surface_t* surface) {
+        const void* const bytes = cairo_image_surface_get_data(surface);
+        const auto count = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
+        for (const auto pixel : std::span(static_cast<const std::uint32_t*>(bytes), count)) {
+            const std::uint32_t opacity = pixel >> 24;
+            opacities_ += static_cast<char>(opacity);
+            for (const unsigned shift : {16U, 8U, 0U}) {
+                const std::uint32_t share = (pixel >> shift) & 0xFF;
+                colors_ += static_cast<char>(opacity == 0 ? 0 : share * 0xFF / opacity);
+            }
+        }
+    }
+    std::string Entries(const std::string& colors) const {
+        return "/Type/XObject/Subtype/Image/BitsPerComponent 8/Width " + std::to_string(width_) +
+               "/Height " + std::to_string(height_) + "/ColorSpace/" + colors;
+    }
+
+    int left_, top_, width_, height_;  ///< Pixels from the glyph's origin, Y downward.
+    std::string colors_;               ///< Red, green and blue of each pixel.
+    std::string opacities_;            ///< Of each pixel, from 0 to 255.
+};
 
 }  // namespace
 
@@ -95,21 +151,14 @@ int DrawnFont::WidthOf(hb_codepoint_t glyph) {
     return static_cast<int>(std::lround(LogicalWidth(font_, glyph) / (PANGO_SCALE * thousandth_)));
 }
 
-void DrawnFont::Write(ObjectFile& file) {
-    for (const Subset& subset : Subsets()) WriteSubset(file, subset);
-}
-
 /// Writes what draws a glyph. Returns the number of its object, and adds pictures that it shows.
 int DrawnFont::WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry,
-                            std::string& pictures) const {
-    if (drawings_ == Drawings::Outlines) {
-        const PathHandle path = OutlineOf(font_, entry.glyph, 1 / thousandth_);
-        return file.WriteStream("", Outline(*path, 1 / thousandth_).Stream(entry.width));
-    }
-    const GlyphPicture picture(font_, entry.glyph, thousandth_);
-    const std::string name = NameOf(entry);
-    pictures += '/' + name + ' ';
-    AppendReference(pictures, picture.WritePixels(file));
+                            const std::string& name, std::string& pictures) const {
+    if (drawings_ == Drawings::Outlines)
+        return file.WriteStream("",
+                                Outline(font_, entry.glyph, 1 / thousandth_).Stream(entry.width));
+    const Picture picture(font_, entry.glyph, 1 / (kPixel * thousandth_));
+    pictures += '/' + name + ' ' + Reference(picture.WritePixels(file));
     return file.WriteStream("", picture.Stream(entry.width, name));
 }
 
@@ -121,22 +170,18 @@ void DrawnFont::WriteSubset(ObjectFile& file, const Subset& subset) {
     std::array<double, kCodes> widths{};
     for (const auto& entry : subset.codes.Entries()) {
         widths.at(entry.code.Number()) = entry.width;
-        AppendInteger(differences, entry.code.Number());
-        differences += '/' + NameOf(entry) + ' ';
-        drawings += '/' + NameOf(entry) + ' ';
-        AppendReference(drawings, WriteDrawing(file, entry, pictures));
+        const std::string code = std::to_string(entry.code.Number());
+        const std::string name = "g" + code;
+        differences += code + '/' + name + ' ';
+        drawings += '/' + name + ' ' + Reference(WriteDrawing(file, entry, name, pictures));
     }
     std::string font =
         "<</Type/Font/Subtype/Type3/FontBBox[0 0 0 0]/FontMatrix[.001 0 0 .001 0 0]"
         "/Resources<</XObject<<" +
         pictures + ">>>>/Encoding<</Type/Encoding/Differences[" + differences + "]>>/CharProcs<<" +
         drawings + ">>/FirstChar 0/LastChar 255/Widths[";
-    for (const double width : widths) {
-        AppendNumber(font, width);
-        font += ' ';
-    }
-    font += "]/ToUnicode ";
-    AppendReference(font, WriteToUnicode(file, subset.codes));
+    for (const double width : widths) font += Number(width) + ' ';
+    font += "]/ToUnicode " + Reference(WriteToUnicode(file, subset.codes));
     file.WriteObject(subset.object, font + ">>");
 }
 

@@ -8,22 +8,21 @@
 
 namespace desk::pdf {
 
-/// A font of which the file holds drawings of the glyphs shown: a font that is made bold, slanted
-/// or varied on the way, one of pictures, and the boxes for characters that no font has.
+/// A font of which the file holds drawings of the glyphs shown: a font that is emboldened, slanted
+/// or varied for drawing, one of pictures, and the boxes for characters that no font has.
 class DrawnFont final : public Typeface {
 public:
     enum class Drawings { Outlines, Pictures };
 
     DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers);
 
-    void Write(ObjectFile& file) override;
-
 protected:
     int WidthOf(hb_codepoint_t glyph) override;
+    void WriteSubset(ObjectFile& file, const Subset& subset) override;
 
 private:
-    void WriteSubset(ObjectFile& file, const Subset& subset);
-    int WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry, std::string& pictures) const;
+    int WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry, const std::string& name,
+                     std::string& pictures) const;
 
     PangoFont* font_;
     Drawings drawings_;

@@ -1,55 +1,51 @@
 #include "desk/drawing/pdf/FontDescriptor.h"
 
-#include <algorithm>
 #include <array>
-#include <cstdint>
+#include <cairo-ft.h>
+#include <freetype/tttables.h>
 #include <hb-ot.h>
 #include <memory>
+#include <pango/pangocairo.h>
 
-#include "desk/drawing/pdf/Numbers.h"
+#include "desk/drawing/pdf/Syntax.h"
 #include "desk/text/Handles.h"
+#include "host/Failure.h"
 
 namespace desk::pdf {
 namespace {
 
 using FontHandle = std::unique_ptr<hb_font_t, Releaser<hb_font_destroy>>;
 
-// Flags of a descriptor.
+// Flags of a descriptor, as the file format defines them.
 constexpr int kFixedPitch = 1;
-constexpr int kSymbolic = 4;  // Its glyphs are not called by letters.
+constexpr int kSymbolic = 4;  // Its glyphs are not identified by letters.
 constexpr int kItalic = 64;
 
-/// The widths of upright stems in common designs, which files of fonts do not tell.
+/// The widths of upright stems in common designs, in thousandths of the size. Font files do not
+/// contain them.
 constexpr int kLightStem = 80;
 constexpr int kBoldStem = 140;
 constexpr float kBoldWeight = 600;
 
-/// A table of numbers at fixed places.
-class Table {
-public:
-    Table(hb_face_t* face, const char* tag)
-        : blob_(hb_face_reference_table(face, hb_tag_from_string(tag, -1))) {}
-
-    int Signed16(unsigned offset) const { return static_cast<std::int16_t>(Unsigned(offset, 2)); }
-    std::uint32_t Unsigned(unsigned offset, unsigned size) const {
-        unsigned length = 0;
-        const char* const data = hb_blob_get_data(blob_.get(), &length);
-        std::uint32_t value = 0;
-        for (unsigned i = offset; i < offset + size; ++i)
-            value = value << 8 | (i < length ? static_cast<unsigned char>(data[i]) : 0U);
-        return value;
-    }
-
-private:
-    BlobHandle blob_;
-};
-
-void AppendEntry(std::string& out, const char* key, double value) {
-    out += key;
-    AppendNumber(out, value, 0);
+/// Null for a table that the font does not have.
+template <class Table>
+const Table* SfntTable(const FreeTypeFace& face, FT_Sfnt_Tag tag) {
+    return static_cast<const Table*>(FT_Get_Sfnt_Table(face.Get(), tag));
 }
 
 }  // namespace
+
+FreeTypeFace::FreeTypeFace(PangoFont* font)
+    : scaled_(pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font))),
+      face_(cairo_ft_scaled_font_lock_face(scaled_)) {
+    if (!face_)
+        throw host::Failure(host::kFailureUnspecified, "FreeTypeFace",
+                            "The outlines of a font cannot be read.");
+}
+
+FreeTypeFace::~FreeTypeFace() {
+    cairo_ft_scaled_font_unlock_face(scaled_);
+}
 
 std::string FontName(hb_face_t* face) {
     std::array<char, 128> text{};
@@ -65,31 +61,30 @@ std::string FontName(hb_face_t* face) {
     return name.empty() ? "Font" : name;
 }
 
-std::string DescriptorEntries(hb_face_t* face) {
+std::string DescriptorEntries(PangoFont* pangoFont) {
+    hb_face_t* const face = hb_font_get_face(pango_font_get_hb_font(pangoFont));
     const FontHandle font(hb_font_create(face));
-    const double share = 1000.0 / hb_face_get_upem(face);
-    const Table head(face, "head");
-    const Table post(face, "post");
+    const FreeTypeFace tables(pangoFont);
+    const auto* const head = SfntTable<TT_Header>(tables, FT_SFNT_HEAD);
+    const auto* const post = SfntTable<TT_Postscript>(tables, FT_SFNT_POST);
     hb_font_extents_t extents{};
     hb_font_get_extents_for_direction(font.get(), HB_DIRECTION_LTR, &extents);
     hb_position_t capHeight = 0;
     hb_ot_metrics_get_position_with_fallback(font.get(), HB_OT_METRICS_TAG_CAP_HEIGHT, &capHeight);
-    const double angle = static_cast<std::int32_t>(post.Unsigned(4, 4)) / 65536.0;
+    const double angle = post ? static_cast<double>(post->italicAngle) / 65536.0 : 0;
+    const bool fixedPitch = post && post->isFixedPitch != 0;
     const bool bold = hb_style_get_value(font.get(), HB_STYLE_TAG_WEIGHT) >= kBoldWeight;
-    std::string out;
-    AppendEntry(
-        out, "/Flags ",
-        kSymbolic | (post.Unsigned(12, 4) != 0 ? kFixedPitch : 0) | (angle != 0 ? kItalic : 0));
-    out += "/FontBBox[";
-    for (const unsigned offset : {36U, 38U, 40U, 42U})
-        AppendEntry(out, offset == 36 ? "" : " ", head.Signed16(offset) * share);
-    out += "]/ItalicAngle ";
-    AppendNumber(out, angle, 2);
-    AppendEntry(out, "/Ascent ", extents.ascender * share);
-    AppendEntry(out, "/Descent ", extents.descender * share);
-    AppendEntry(out, "/CapHeight ", capHeight * share);
-    AppendEntry(out, "/StemV ", bold ? kBoldStem : kLightStem);
-    return out;
+    const double share = 1000.0 / hb_face_get_upem(face);
+    const auto scaled = [&](double units) { return Number(units * share, 0); };
+    std::string box = "0 0 0 0";
+    if (head)
+        box = scaled(head->xMin) + ' ' + scaled(head->yMin) + ' ' + scaled(head->xMax) + ' ' +
+              scaled(head->yMax);
+    const int flags = kSymbolic | (fixedPitch ? kFixedPitch : 0) | (angle != 0 ? kItalic : 0);
+    return "/Flags " + std::to_string(flags) + "/FontBBox[" + box + "]/ItalicAngle " +
+           Number(angle, 2) + "/Ascent " + scaled(extents.ascender) + "/Descent " +
+           scaled(extents.descender) + "/CapHeight " + scaled(capHeight) + "/StemV " +
+           std::to_string(bold ? kBoldStem : kLightStem);
 }
 
 }  // namespace desk::pdf

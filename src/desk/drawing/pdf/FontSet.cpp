@@ -5,8 +5,7 @@
 #include <pango/pangofc-font.h>
 #include <span>
 
-#include "desk/drawing/pdf/EmbeddedFont.h"
-#include "desk/drawing/pdf/Numbers.h"
+#include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
 namespace {
@@ -32,13 +31,9 @@ bool IsVaried(PangoFont* font) {
     return std::ranges::any_of(std::span(coordinates, count), [](int one) { return one != 0; });
 }
 
-/// Whether letters look otherwise than the font has them, in a way that a subset cannot.
+/// Whether letters are drawn in another shape than an embedded subset would give.
 bool IsChanged(PangoFont* font) {
     return IsMadeBold(font) || IsVaried(font) || MatrixOf(font).yx != 0;
-}
-
-hb_face_t* FaceOf(PangoFont* font) {
-    return hb_font_get_face(pango_font_get_hb_font(font));
 }
 
 }  // namespace
@@ -58,22 +53,22 @@ FontUse FontSet::NewUse(PangoFont* font) {
     FontUse use;
     use.points = matrix.yy;
     use.boxes = AddDrawn(font, DrawnFont::Drawings::Outlines);
-    const auto outlines = FontSubset::OutlinesOf(FaceOf(font));
-    if (outlines == FontSubset::Outlines::None) {
+    const auto outlines = EmbeddedFont::OutlinesOf(font);
+    if (outlines == EmbeddedFont::Outlines::None) {
         use.face = AddDrawn(font, DrawnFont::Drawings::Pictures);
     } else if (IsChanged(font)) {
         use.face = use.boxes;
     } else {
-        use.face = Embedded(FaceOf(font), outlines);
+        use.face = Embedded(font, outlines);
         use.across = matrix.xx / matrix.yy;
         use.slant = -matrix.xy / matrix.yy;
     }
     return use;
 }
 
-Typeface* FontSet::Embedded(hb_face_t* face, FontSubset::Outlines outlines) {
-    Typeface*& known = embedded_[face];
-    if (!known) known = Add(std::make_unique<EmbeddedFont>(face, outlines, numbers_));
+Typeface* FontSet::Embedded(PangoFont* font, EmbeddedFont::Outlines outlines) {
+    Typeface*& known = embedded_[hb_font_get_face(pango_font_get_hb_font(font))];
+    if (!known) known = Add(std::make_unique<EmbeddedFont>(font, outlines, numbers_));
     return known;
 }
 
@@ -85,16 +80,12 @@ Typeface* FontSet::Add(std::unique_ptr<Typeface> face) {
     return faces_.emplace_back(std::move(face)).get();
 }
 
-std::string FontSet::Write(ObjectFile& file) {
+std::string FontSet::Write() {
     std::string names;
     for (const auto& face : faces_) {
-        face->Write(file);
-        for (const Subset& subset : face->Subsets()) {
-            names += "/F";
-            AppendInteger(names, subset.name);
-            names += ' ';
-            AppendReference(names, subset.object);
-        }
+        face->Write();
+        for (const Subset& subset : face->Subsets())
+            names += "/F" + std::to_string(subset.name) + ' ' + Reference(subset.object);
     }
     return names;
 }

@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "desk/drawing/pdf/DrawnFont.h"
-#include "desk/drawing/pdf/FontSubset.h"
+#include "desk/drawing/pdf/EmbeddedFont.h"
 #include "desk/drawing/pdf/Typeface.h"
 #include "desk/text/Handles.h"
 
 namespace desk::pdf {
 
-/// How a font is used: a typeface at a size, and the shape that its letters are brought into.
+/// How a font is used: a typeface at a size in points, stretched and slanted.
 struct FontUse {
     Typeface* face = nullptr;
     Typeface* boxes = nullptr;  ///< For characters that no font has.
@@ -24,15 +24,15 @@ struct FontUse {
 /// The fonts of a file.
 class FontSet {
 public:
-    explicit FontSet(ObjectFile& file) : numbers_(file) {}
+    explicit FontSet(ObjectFile& file) : numbers_{file} {}
 
     const FontUse& Use(PangoFont* font) {
         if (!last_ || last_->font.get() != font) last_ = &Find(font);
         return last_->use;
     }
 
-    /// Writes all fonts. Returns what names them for the pages.
-    std::string Write(ObjectFile& file);
+    /// Writes all fonts. Returns the entries that name them for the pages.
+    std::string Write();
 
 private:
     struct Known {
@@ -42,7 +42,7 @@ private:
 
     const Known& Find(PangoFont* font);
     FontUse NewUse(PangoFont* font);
-    Typeface* Embedded(hb_face_t* face, FontSubset::Outlines outlines);
+    Typeface* Embedded(PangoFont* font, EmbeddedFont::Outlines outlines);
     Typeface* AddDrawn(PangoFont* font, DrawnFont::Drawings drawings);
     Typeface* Add(std::unique_ptr<Typeface> face);
 

@@ -1,11 +1,17 @@
 #include "desk/drawing/pdf/ObjectFile.h"
 
-#include "desk/drawing/pdf/Numbers.h"
+#include <new>
+
+#include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
 namespace {
 
-/// A reader unpacks all objects of a packed stream to get at one.
+/// Measured on the 311 pages of 100,000 listings, 5.3 MB: level 4 takes 37 ms and gives 1.10 MB, 5
+/// takes 45 and gives 1.07, 6 takes 53 and gives 1.05. zlib at its level 6 takes 84 ms for 1.07.
+constexpr int kCompressionLevel = 6;
+
+/// Limits packed streams, since a reader unpacks the whole stream to read one object.
 constexpr int kMostPacked = 200;
 
 void AppendBigEndian(std::string& out, std::uint64_t value, int bytes) {
@@ -21,8 +27,10 @@ int BytesFor(std::uint64_t value) {
 
 }  // namespace
 
-// The second line tells programs that the file is not text.
-ObjectFile::ObjectFile(OutputFile& file) : file_(file) {
+ObjectFile::ObjectFile(ReplacingFile& file)
+    : file_(file), compressor_(libdeflate_alloc_compressor(kCompressionLevel)) {
+    if (!compressor_) throw std::bad_alloc();
+    // Bytes above 127 in the second line tell programs that the file is not text.
     Write("%PDF-1.5\n%\xE2\xE3\xCF\xD3\n");
 }
 
@@ -35,10 +43,7 @@ void ObjectFile::WriteObject(int number, std::string_view body) {
     if (packedCount_ == 0) packedStream_ = NewObject();
     places_[static_cast<std::size_t>(number)] = {true, static_cast<std::uint64_t>(packedStream_),
                                                  static_cast<std::uint16_t>(packedCount_)};
-    AppendInteger(packedHead_, number);
-    packedHead_ += ' ';
-    AppendInteger(packedHead_, static_cast<std::int64_t>(packedBodies_.size()));
-    packedHead_ += ' ';
+    packedHead_ += std::to_string(number) + ' ' + std::to_string(packedBodies_.size()) + ' ';
     packedBodies_ += body;
     packedBodies_ += '\n';
     if (++packedCount_ == kMostPacked) WritePacked();
@@ -51,16 +56,11 @@ int ObjectFile::WriteObject(std::string_view body) {
 }
 
 void ObjectFile::WriteStream(int number, std::string_view entries, std::string_view data) {
-    const std::string_view compressed = deflate_.Compress(data);
+    const std::string_view compressed = Compress(data);
     places_[static_cast<std::size_t>(number)] = {false, written_, 0};
-    scratch_.clear();
-    AppendInteger(scratch_, number);
-    scratch_ += " 0 obj\n<<";
-    scratch_ += entries;
-    scratch_ += "/Filter/FlateDecode/Length ";
-    AppendInteger(scratch_, static_cast<std::int64_t>(compressed.size()));
-    scratch_ += ">>stream\n";
-    Write(scratch_);
+    Write(std::to_string(number) + " 0 obj\n<<");
+    Write(entries);
+    Write("/Filter/FlateDecode/Length " + std::to_string(compressed.size()) + ">>stream\n");
     Write(compressed);
     Write("\nendstream\nendobj\n");
 }
@@ -73,10 +73,8 @@ int ObjectFile::WriteStream(std::string_view entries, std::string_view data) {
 
 void ObjectFile::WritePacked() {
     if (packedCount_ == 0) return;
-    std::string entries = "/Type/ObjStm/N ";
-    AppendInteger(entries, packedCount_);
-    entries += "/First ";
-    AppendInteger(entries, static_cast<std::int64_t>(packedHead_.size()));
+    const std::string entries = "/Type/ObjStm/N " + std::to_string(packedCount_) + "/First " +
+                                std::to_string(packedHead_.size());
     WriteStream(packedStream_, entries, packedHead_ + packedBodies_);
     packedCount_ = 0;
     packedHead_.clear();
@@ -102,23 +100,25 @@ void ObjectFile::Finish(int catalog, int info) {
     const int number = NewObject();
     places_.back() = {false, start, 0};
     const int offsetBytes = BytesFor(start);
-    std::string entries = "/Type/XRef/Size ";
-    AppendInteger(entries, number + 1);
-    entries += "/W[1 ";
-    AppendInteger(entries, offsetBytes);
-    entries += " 1]/Root ";
-    AppendReference(entries, catalog);
-    entries += "/Info ";
-    AppendReference(entries, info);
+    const std::string entries = "/Type/XRef/Size " + std::to_string(number + 1) + "/W[1 " +
+                                std::to_string(offsetBytes) + " 1]/Root " + Reference(catalog) +
+                                "/Info " + Reference(info);
     WriteStream(number, entries, Places(offsetBytes));
-    std::string end = "startxref\n";
-    AppendInteger(end, static_cast<std::int64_t>(start));
-    Write(end + "\n%%EOF\n");
+    Write("startxref\n" + std::to_string(start) + "\n%%EOF\n");
 }
 
 void ObjectFile::Write(std::string_view bytes) {
-    file_.Write(bytes);
+    if (!file_.Write(bytes)) file_.Check();
     written_ += bytes.size();
+}
+
+/// Returns the bytes in zlib's format, valid until the next call.
+std::string_view ObjectFile::Compress(std::string_view bytes) {
+    const std::size_t bound = libdeflate_zlib_compress_bound(compressor_.get(), bytes.size());
+    if (compressed_.size() < bound) compressed_.resize(bound);
+    const std::size_t size = libdeflate_zlib_compress(compressor_.get(), bytes.data(), bytes.size(),
+                                                      compressed_.data(), compressed_.size());
+    return std::string_view(compressed_).substr(0, size);
 }
 
 }  // namespace desk::pdf

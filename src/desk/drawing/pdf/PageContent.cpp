@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "desk/drawing/pdf/Numbers.h"
+#include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
 namespace {
 
-/// Of the edges of boxes: thousandths of a point.
+/// Edges of boxes are written in thousandths of a point.
 constexpr int kEdgeDecimals = 3;
 constexpr double kEdgesPerPoint = 1000;
 
@@ -57,7 +57,7 @@ void PageContent::Stroke(const PaintOutline& outline) {
     out_ += "S\n";
 }
 
-// Sizes are those between rounded edges, so that boxes side by side still meet.
+// Computes sizes from rounded edges, so that boxes side by side still meet.
 void PageContent::AppendBox(const PaintBox& box) {
     AppendEdges(out_, Edge(box.left), -Edge(box.bottom));
     AppendEdges(out_, Edge(box.right) - Edge(box.left), Edge(box.bottom) - Edge(box.top));

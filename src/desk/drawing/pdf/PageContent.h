@@ -9,7 +9,7 @@
 
 namespace desk::pdf {
 
-/// Gathers the content of a page, whose origin is the lower left corner.
+/// Collects the content of a page, whose origin is the lower left corner.
 class PageContent final : public Canvas {
 public:
     explicit PageContent(FontSet& fonts) : fonts_(fonts) {}
@@ -22,7 +22,7 @@ public:
     }
     void FinishGlyphs() override {}
 
-    /// The whole content. Begins anew.
+    /// Returns the content so far and clears it.
     std::string Take();
 
 private:

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "desk/drawing/pdf/Numbers.h"
-#include "desk/drawing/pdf/Strings.h"
+#include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
 namespace {
 
-/// Of the places of strings: hundredths of a point. What rounding a place to the left or right
-/// takes away counts for the glyphs that follow.
+/// The places of strings have hundredths of a point. The error of rounding a place to the left or
+/// right is taken into account for the glyphs that follow.
 constexpr int kPlaceDecimals = 2;
 constexpr double kPlacesPerPoint = 100;
 
@@ -18,8 +17,8 @@ bool IsUpright(const FontUse& font, const Baseline& baseline) {
     return baseline.angle == 0 && font.across == 1 && font.slant == 0;
 }
 
-/// How far the smallest move of the pen goes that is as exact as half of the tolerance, and how
-/// many decimals of a thousandth of the size it takes.
+/// The smallest move of the pen: a thousandth of the font's size, divided by ten until it is within
+/// the tolerance. Each division adds a decimal to its number.
 struct SmallestMove {
     explicit SmallestMove(double thousandth) : points(thousandth) {
         for (; points > TextContent::kPlaceTolerance; points /= 10) ++decimals;
@@ -28,7 +27,7 @@ struct SmallestMove {
     int decimals = 0;
 };
 
-/// How many glyphs from the first one on stand for its text together.
+/// The number of glyphs at the start that stand for one text together.
 std::size_t ClusterSize(std::span<const Glyph> glyphs) {
     std::size_t size = 1;
     while (size < glyphs.size() && glyphs[size].bytes == 0) ++size;
@@ -61,14 +60,12 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
     CloseString(pen);
 }
 
-/// Several glyphs with one text tell it together, for readers that know how; for others the first
-/// one tells it.
+/// Several glyphs with one text are marked with it, for readers that support this; for others the
+/// first glyph has the whole text.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
     if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
     CloseString(pen);
-    out_ += "/Span<</ActualText";
-    AppendTextString(out_, text);
-    out_ += ">>BDC\n";
+    out_ += "/Span<</ActualText" + TextString(text) + ">>BDC\n";
     for (const Glyph& glyph : glyphs) ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : "");
     CloseString(pen);
     out_ += "EMC\n";
@@ -94,14 +91,14 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
     if (glyph.count > 1) Repeat(pen, glyph, *entry);
 }
 
-/// Writes the glyphs after the first one of a leader. In whole widths it would end too early or too
-/// late; it is cut into parts, in the middle of which the pen is moved so that their last glyphs
-/// stand right. One move does for most leaders.
+/// Writes the glyphs of a leader after the first one. With whole widths the leader would end too
+/// early or too late. It is cut into parts, and in the middle of each the pen is moved so that the
+/// last glyph of the part is at its place. Most leaders need one move.
 void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& entry) {
     const double step = Points(glyph.step);
     const double advance = entry.width * pen.thousandth;
     unsigned done = 1;
-    const auto offAt = [&](unsigned index) {  // Where the pen is not moved before.
+    const auto offAt = [&](unsigned index) {  // How far off a glyph is if the pen is not moved.
         return Points(glyph.x) + index * step - pen.x - (index - done) * advance;
     };
     const auto writeUpTo = [&](unsigned index) {
@@ -134,7 +131,7 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
     out_ += " (";
 }
 
-// A string without moves needs no brackets. The blank before it is then taken for one.
+// A string without moves needs no brackets. Otherwise the blank before it becomes the bracket.
 void TextContent::CloseString(Pen& pen) {
     if (!pen.open) return;
     pen.open = false;

@@ -8,9 +8,9 @@
 
 namespace desk::pdf {
 
-/// Writes the texts of a page's content. Every glyph stands within kPlaceTolerance of its place,
-/// and within kLeaderTolerance in the midst of a leader, although many readers of the file take
-/// widths in whole thousandths of the font's size alone.
+/// Writes the texts of a page's content. Every glyph is within kPlaceTolerance of its place, and
+/// within kLeaderTolerance inside a leader, although many readers of the file accept widths in
+/// whole thousandths of the font's size only.
 class TextContent {
 public:
     // Points. A dot of a printer of 2400 dots per inch measures 0.03.
@@ -31,13 +31,13 @@ private:
         const Baseline& baseline;
         const Subset* subset = nullptr;
         double thousandth = 0;  ///< Points that a thousandth of the font's size moves the pen.
-        double move = 0;        ///< Points of the smallest move,
-        int decimals = 0;       ///< and decimals of its number.
+        double move = 0;        ///< Points of the smallest move.
+        int decimals = 0;       ///< Decimals of the number of a move.
         double x = 0;           ///< Points from the left end of the baseline.
         int y = 0;              ///< As that of a glyph.
-        bool open = false;      ///< Whether a string is being written,
-        std::size_t start = 0;  ///< that begins here,
-        bool moved = false;     ///< and holds moves of the pen.
+        bool open = false;      ///< Whether a string is being written.
+        std::size_t start = 0;  ///< Where that string begins.
+        bool moved = false;     ///< Whether it has moves of the pen in it.
     };
 
     void ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text);

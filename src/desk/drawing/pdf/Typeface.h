@@ -3,6 +3,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "desk/drawing/pdf/CodeTable.h"
 #include "desk/drawing/pdf/ObjectFile.h"
@@ -19,22 +20,14 @@ struct Subset {
     int object;  ///< Its number in the file.
 };
 
-/// Numbers for the fonts of a file.
-class FontNumbers {
-public:
-    explicit FontNumbers(ObjectFile& file) : file_(file) {}
-
-    struct Number {
-        int name, object;
-    };
-    Number Next() { return {next_++, file_.NewObject()}; }
-
-private:
-    ObjectFile& file_;
-    int next_ = 0;
+/// Counts the fonts of a file.
+struct FontNumbers {
+    ObjectFile& file;
+    int next = 0;
 };
 
-/// The letters of one design as fonts of the file: a further one where the codes do not suffice.
+/// The letters of one design as fonts of the file. A further font is added when the codes of the
+/// last one are all taken.
 class Typeface {
 public:
     Typeface(CodeTable::Lengths lengths, FontNumbers& numbers)
@@ -45,18 +38,21 @@ public:
         const Subset* subset;
         const CodeTable::Entry* entry;
     };
-    /// Where a glyph that stands for a text is found, from now on if not before.
+    /// Returns where a glyph that stands for a text is found. Adds it if it is not there yet.
     Place Find(hb_codepoint_t glyph, std::string_view text);
 
     const std::deque<Subset>& Subsets() const { return subsets_; }
 
     /// Writes all of its fonts. Nothing can be found after it.
-    virtual void Write(ObjectFile& file) = 0;
+    void Write() {
+        for (const Subset& subset : subsets_) WriteSubset(numbers_.file, subset);
+    }
 
 protected:
     /// Width of a glyph in thousandths of the font's size. Whole ones, since many programs that
     /// read the file take no others.
     virtual int WidthOf(hb_codepoint_t glyph) = 0;
+    virtual void WriteSubset(ObjectFile& file, const Subset& subset) = 0;
 
 private:
     CodeTable::Lengths lengths_;
@@ -64,29 +60,17 @@ private:
     std::deque<Subset> subsets_;
 };
 
-/// Writes what tells the text of each code. Returns the number of the stream.
+/// What a map gives for a code, in its syntax.
+struct Mapping {
+    Code code;
+    std::string value;
+};
+
+/// The text of a map from codes to glyphs or to texts.
+enum class MapTo { Glyphs, Texts };
+std::string CodeMap(const CodeTable& codes, MapTo to, const std::vector<Mapping>& mappings);
+
+/// Writes the map from codes to texts. Returns the number of the stream.
 int WriteToUnicode(ObjectFile& file, const CodeTable& codes);
-
-/// The begin and the end of a map of codes, around its entries.
-std::string MapHead(const CodeTable& codes, std::string_view name);
-std::string_view MapFoot();
-
-/// Lists entries in sections of at most a hundred, which is what a map allows.
-template <class Range, class Append>
-void AppendSections(std::string& out, const Range& range, const std::string& kind,
-                    const Append& append) {
-    constexpr std::ptrdiff_t kMost = 100;
-    std::ptrdiff_t left = std::ssize(range);
-    std::ptrdiff_t inSection = 0;
-    for (const auto& one : range) {
-        if (inSection == 0) {
-            inSection = left < kMost ? left : kMost;
-            left -= inSection;
-            out += std::to_string(inSection) + " begin" + kind + "\n";
-        }
-        append(out, one);
-        if (--inSection == 0) out += "end" + kind + "\n";
-    }
-}
 
 }  // namespace desk::pdf

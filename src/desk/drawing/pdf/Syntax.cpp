@@ -1,9 +1,11 @@
-#include "desk/drawing/pdf/Numbers.h"
+#include "desk/drawing/pdf/Syntax.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+
+#include "desk/unicode/Utf8.h"
 
 namespace desk::pdf {
 namespace {
@@ -18,6 +20,14 @@ void AppendDigits(std::string& out, std::int64_t value) {
     std::array<char, 24> digits{};
     char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     out.append(digits.data(), end);
+}
+
+void AppendUtf16Units(std::string& out, char32_t character) {
+    constexpr char32_t kFirstOfTwoUnits = 0x10000;
+    if (character < kFirstOfTwoUnits) return AppendHex(out, character, 4);
+    const char32_t rest = character - kFirstOfTwoUnits;
+    AppendHex(out, 0xD800 + (rest >> 10), 4);
+    AppendHex(out, 0xDC00 + (rest & 0x3FF), 4);
 }
 
 }  // namespace
@@ -38,7 +48,7 @@ void AppendScaled(std::string& out, std::int64_t scaled, int decimals) {
 }
 
 void AppendNumber(std::string& out, double value, int decimals) {
-    // Far beyond any sheet, and with six decimals still a number of 64 bits.
+    // Larger than any sheet, and within 64 bits at six decimals.
     constexpr double kFarthest = 1e12;
     value = std::isnan(value) ? 0 : std::clamp(value, -kFarthest, kFarthest);
     AppendScaled(out, std::llround(value * static_cast<double>(PowerOfTen(decimals))), decimals);
@@ -46,6 +56,34 @@ void AppendNumber(std::string& out, double value, int decimals) {
 
 void AppendHex(std::string& out, std::uint32_t value, int digits) {
     while (digits-- > 0) out += "0123456789ABCDEF"[(value >> (4 * digits)) & 0xF];
+}
+
+void AppendUtf16(std::string& out, std::string_view text) {
+    for (std::size_t place = 0; place < text.size();) {
+        const char32_t character = NextCodePoint(text, place);
+        AppendUtf16Units(out, character == kNotUtf8 ? U'\uFFFD' : character);
+    }
+}
+
+std::string Number(double value, int decimals) {
+    std::string out;
+    AppendNumber(out, value, decimals);
+    return out;
+}
+
+std::string Reference(int object) {
+    return std::to_string(object) + " 0 R";
+}
+
+std::string TextString(std::string_view text) {
+    const bool plain = std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
+    std::string out = plain ? "(" : "<FEFF";
+    if (!plain) AppendUtf16(out, text);
+    for (const char byte : plain ? text : "") {
+        if (byte == '(' || byte == ')' || byte == '\\') out += '\\';
+        out += byte;
+    }
+    return out + (plain ? ')' : '>');
 }
 
 }  // namespace desk::pdf

@@ -1,23 +1,44 @@
-#include "page/SetDump.h"
+#include "support/SetDump.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
 
 #include "host/Symbols.h"
 
-namespace page_test {
+namespace support {
 namespace {
 
 using host::IHostObject;
 using host::Ref;
 
+std::string NumberText(double number) {
+    if (std::isnan(number)) return "nan";
+    std::array<char, 32> digits{};
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+}
+
+std::string ColorText(const host::IHostColor& color) {
+    return std::to_string(color.RGB()) + (color.Transparent() ? " none" : "");
+}
+
+std::string SymbolText(const host::IHostTextSymbol& symbol) {
+    return symbol.Font()->Name() + ' ' + NumberText(symbol.Size()) +
+           (symbol.Font()->Bold() ? " bold " : " ") + ColorText(*symbol.Color()) + ' ' +
+           std::to_string(symbol.HorizontalPlacement()) +
+           std::to_string(symbol.VerticalPlacement()) + ' ' + NumberText(symbol.Angle()) + " '" +
+           symbol.Text() + "'\n";
+}
+
 std::string ObjectText(const Ref<IHostObject>& object, const std::string& indent) {
+    if (!object) return "no object\n";
     if (const auto set = host::As<host::IHostPropertySet>(object))
         return "\n" + Dump(*set, indent + "  ");
-    if (const auto text = host::As<host::IHostTextSymbol>(object))
-        return text->Font()->Name() + ' ' + std::to_string(text->Size()) +
-               (text->Font()->Bold() ? " bold " : " ") + std::to_string(text->Color()->RGB()) +
-               " '" + text->Text() + "'\n";
+    if (const auto text = host::As<host::IHostTextSymbol>(object)) return SymbolText(*text);
     if (const auto fill = host::As<host::IHostFillSymbol>(object))
-        return "fill " + std::to_string(fill->Color()->RGB()) +
-               (fill->Color()->Transparent() ? " none\n" : "\n");
+        return "fill " + ColorText(*fill->Color()) + ' ' + ObjectText(fill->Outline(), indent);
+    if (const auto line = host::As<host::IHostLineSymbol>(object))
+        return "line " + ColorText(*line->Color()) + '\n';
     return "object\n";
 }
 
@@ -25,14 +46,17 @@ std::string ValueText(const host::Variant& value, const std::string& indent) {
     return std::visit(
         [&](const auto& held) -> std::string {
             using T = std::decay_t<decltype(held)>;
+            const std::string type = " t" + std::to_string(value.index()) + '\n';
             if constexpr (std::is_same_v<T, Ref<IHostObject>>)
                 return ObjectText(held, indent);
             else if constexpr (std::is_same_v<T, std::string>)
                 return '"' + held + "\"\n";
+            else if constexpr (std::is_floating_point_v<T>)
+                return NumberText(held) + type;
             else if constexpr (std::is_arithmetic_v<T>)
-                return std::to_string(held) + " t" + std::to_string(value.index()) + '\n';
+                return std::to_string(held) + type;
             else
-                return "nothing\n";
+                return "nothing" + type;
         },
         value);
 }
@@ -63,4 +87,4 @@ std::set<const IHostObject*> ObjectsIn(const host::IHostPropertySet& set) {
     return found;
 }
 
-}  // namespace page_test
+}  // namespace support

@@ -5,13 +5,13 @@
 
 #include "host/PropertySet.h"
 
-namespace page_test {
+namespace support {
 
-/// Everything in a set as text, a line a value, sets and symbols spelled out. Equal sets give equal
-/// texts, order included.
+/// Everything in a set as text, a line a value, numbers to the last bit, sets and symbols spelled
+/// out. Equal sets give equal texts, order included.
 std::string Dump(const host::IHostPropertySet& set, const std::string& indent = "");
 
 /// The sets and symbols below a set. Two sets that share none can be edited apart.
 std::set<const host::IHostObject*> ObjectsIn(const host::IHostPropertySet& set);
 
-}  // namespace page_test
+}  // namespace support
