@@ -26,7 +26,7 @@ std::string UndrawableLines(const gazetteer::Findings& reasons);
 /// Why there is no page where the gazetteer can be drawn and has none.
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 
-/// Which fonts stood in for others so far, one sentence each.
+/// Which fonts have been replaced by others so far, one sentence each.
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
 
 /// Which characters were printed as boxes since no font has them, in one sentence; empty if none.

@@ -25,9 +25,8 @@ public:
     /// downward.
     void SetSelection(std::optional<QRectF> frame);
 
-    double Zoom() const {
-        return zoom_;
-    }  ///< 1 is the size on paper, by the resolution of the screen.
+    /// 1 is the size on paper, by the resolution of the screen.
+    double Zoom() const { return zoom_; }
     void SetZoom(double zoom);
     void ZoomIn();
     void ZoomOut();
