@@ -22,7 +22,7 @@ public:
     std::string_view Record() const { return record_; }
     /// The record's number in the file from 1, deleted ones counted.
     std::int32_t Number() const { return number_; }
-    DBFHandle Library() const { return library_.get(); }
+    DBFHandle Handle() const { return library_.get(); }
 
 private:
     struct Closer {

@@ -225,8 +225,8 @@ void JudgeFields(DbfSchema& schema) {
 DbfSchema::DbfSchema(const std::string& path) : file(path), header(ReadDbfHeader(file)) {
     for (const std::string& warning : header.warnings) Note(warning);
     const DbfReader reader(*this);
-    fields = ReadFields(reader.Library(), header.hasLongTexts);
-    FindEncoding(*this, reader.Library());
+    fields = ReadFields(reader.Handle(), header.hasLongTexts);
+    FindEncoding(*this, reader.Handle());
     DecodeNames(*this);
     JudgeFields(*this);
 }

@@ -21,8 +21,8 @@ struct SortItem {
     std::uint32_t row = 0;
 };
 
-/// Merges runs of doubling length. Every step moves one item, so that the sort ends
-/// whatever the comparison answers.
+/// Merges runs of doubling length. Every step moves one item, so that the sort ends even with a
+/// comparison that contradicts itself.
 template <class Item, class GoesAfter>
 void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
     std::vector<Item> merged(items.size());

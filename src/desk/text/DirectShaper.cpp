@@ -111,15 +111,12 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
     return pen;
 }
 
-const ShapedRun& DirectShaper::Find(const Hand& hand, std::string_view text, std::size_t bytes) {
-    return memory_.Find({hand.fontNumber, hand.script, text},
-                        [&] { return shaper_.Shape(hand.font, hand.writing, text, bytes); });
-}
-
 /// The run of a piece of a line, shaped with regard to the blank behind it.
 const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
                                           std::size_t start, std::size_t end) {
-    return Find(hand, line.substr(start, end + BlankAt(line, end) - start), end - start);
+    const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
+    return memory_.Find({hand.fontNumber, hand.script, text},
+                        [&] { return shaper_.Shape(hand.font, hand.writing, text, end - start); });
 }
 
 /// The run of the word in a piece of a line without the blanks before it, if it is the same with

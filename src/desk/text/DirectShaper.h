@@ -74,7 +74,6 @@ private:
 
     const Hand& HandOf(const ResolvedFont& font, PlainClass script);
     void Learn(const ResolvedFont& font, Hand& hand);
-    const ShapedRun& Find(const Hand& hand, std::string_view text, std::size_t bytes);
     const ShapedRun& FindInLine(const Hand& hand, std::string_view line, std::size_t start,
                                 std::size_t end);
     const ShapedRun* FindAlone(const Hand& hand, std::string_view line, std::size_t start,
