@@ -15,7 +15,7 @@
 #include "app/document/SettingsEdit.h"
 #include "app/document/Sheets.h"
 #include "desk/locale/IcuLocale.h"
-#include "model/ColumnList.h"
+#include "model/EditRules.h"
 #include "model/Keys.h"
 
 namespace {

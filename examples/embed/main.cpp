@@ -8,8 +8,7 @@
 
 #include "TextHost.h"
 #include "manager/CVNGazetteerManager.h"
-#include "model/ColumnList.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
 
 namespace {

@@ -16,7 +16,6 @@
 #include "host/Host.h"
 #include "manager/CVNGazetteerManager.h"
 #include "page/GazetteerPropertyPage.h"
-#include "support/CategoryIDs.h"
 #include "support/CategoryInstall.h"
 #include "support/ErrorHandling.h"
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "host/Commands.h"
 #include "host/Display.h"
 #include "host/PropertyPages.h"
+#include "host/Tables.h"
 
 namespace host {
 
@@ -27,12 +27,24 @@ struct IHostActiveView : virtual IHostObject {
     virtual void Refresh() = 0;
 };
 
+struct IHostCommandItem : virtual IHostObject {
+    virtual void Execute() = 0;
+};
+
+/// The host's commands. A command's identifier has its name as value.
+struct IHostCommandBars : virtual IHostObject {
+    /// The item of a command, or null. Callers pass false for both flags: no item is created for a
+    /// missing command, and hidden bars are not searched.
+    virtual Ref<IHostCommandItem> Find(const Ref<IHostIdentifier>& identifier, bool create,
+                                       bool hidden) = 0;
+};
+
 struct IHostDocument : virtual IHostObject {
     virtual Ref<IHostActiveView> ActiveView() = 0;
     virtual Ref<IHostCommandBars> CommandBars() = 0;
 };
 
-/// Every instance reaches the one running host.
+/// The running host; every instance stands for the same one.
 struct IHostApplication : virtual IHostObject {
     virtual Ref<IHostDocument> Document() = 0;
     virtual Ref<IHostStatusBar> StatusBar() = 0;

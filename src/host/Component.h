@@ -16,7 +16,7 @@ inline constexpr char kElementPropertyPages[] = "{6E3C1C5A-4D0B-4B57-9A3E-2C8F5B
 
 /// The host's list of which classes of which components serve which category.
 struct IHostComponentRegistrar : virtual IHostObject {
-    /// Enters a class under a category, or takes it out. Doing either twice does no harm.
+    /// Enters a class under a category, or removes it. Repeating a call changes nothing.
     virtual void RegisterComponent(const std::string& componentFile,
                                    const Ref<IHostIdentifier>& classId,
                                    const Ref<IHostIdentifier>& categoryId, bool install) = 0;
@@ -27,16 +27,16 @@ struct IHostClassFactory : virtual IHostObject {
     virtual Ref<IHostObject> CreateInstance(const Ref<IHost>& host) = 0;
 };
 
-/// The entry points of a component's library, exported under the names beside them. They let no
-/// exception out.
+/// The entry points of a component's library and the names they are exported under. None of them
+/// throws.
 /// @{
 
 /// The class object of a class by its name; null for a name that the component does not have.
 using CreateClassObjectEntry = void (*)(const char* className, Ref<IHostClassFactory>* factory);
 inline constexpr char kCreateClassObject[] = "ComponentCreateClassObject";
 
-/// Enters the component with the host, or takes it out. 0, or the failure's number with its
-/// description in message.
+/// Registers the component with the host, or unregisters it. Returns 0, or the failure's number
+/// with its description in message.
 using RegisterEntry = std::int32_t (*)(const Ref<IHost>* host, std::string* message);
 inline constexpr char kRegister[] = "ComponentRegister";
 inline constexpr char kUnregister[] = "ComponentUnregister";

@@ -10,7 +10,7 @@ namespace host {
 /// Handle of a brush. 0 is no brush.
 using Brush = std::uintptr_t;
 
-/// Whole pixels from the upper left corner; right and bottom lie outside.
+/// Whole pixels from the upper left corner; right and bottom are exclusive.
 struct PixelRectangle {
     std::int32_t left = 0;
     std::int32_t top = 0;
@@ -23,12 +23,12 @@ inline constexpr std::int32_t kLogicalPixelsY = 90;
 
 /// The platform's plain drawing calls on device contexts.
 struct IHostDevices : virtual IHostObject {
-    /// A brush of one colour, red in the lowest byte; 0 where none can be had.
+    /// A brush of one colour, red in the lowest byte; 0 if none can be created.
     virtual Brush CreateSolidBrush(std::uint32_t color) = 0;
     /// Fails for a device or a brush that does not exist.
     virtual void FillRect(DeviceContext device, const PixelRectangle& rectangle, Brush brush) = 0;
     virtual void DeleteObject(Brush brush) = 0;
-    /// A property of a device by its index; 0 for what is not known.
+    /// A property of a device by its index; 0 for an unknown index or device.
     virtual std::int32_t GetDeviceCaps(DeviceContext device, std::int32_t index) = 0;
 };
 

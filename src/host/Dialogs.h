@@ -17,8 +17,7 @@ inline constexpr std::int32_t kWarningOk = 48;
 
 enum class MessageAnswer { Ok, Yes, No };
 
-/// A modal message. Where it reports a failure, the failure itself comes along for hosts that can
-/// show its facts.
+/// A modal message. One that reports a failure points to it, for hosts that show its facts.
 struct MessageBoxRequest {
     std::string title;
     std::string text;

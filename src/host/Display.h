@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "host/Devices.h"
 #include "host/Geometry.h"
 
@@ -25,6 +27,15 @@ struct IHostDisplay : virtual IHostObject {
     /// Opens a drawing bracket. Cache identifier -1 is no cache.
     virtual void BeginDrawing(host::DeviceContext device, int cacheId) = 0;
     virtual void EndDrawing() = 0;
+};
+
+/// Makes what is drawn on and how it is mapped there.
+struct IHostDisplayFactory : virtual IHostObject {
+    virtual Ref<IHostDisplayTransformation> NewDisplayTransformation() = 0;
+    /// An area of pixels, at least 1 by 1, all transparent.
+    virtual Ref<IHostPixelSurface> NewPixelSurface(std::int32_t width, std::int32_t height,
+                                                   double dotsPerInch) = 0;
+    virtual IHostDevices& Devices() = 0;
 };
 
 }  // namespace host

@@ -27,7 +27,7 @@ struct IHostElementName : virtual IHostObject {
     virtual void SetName(const std::string& name) = 0;
 };
 
-/// One value that others hang on an element, saved with it. Empty at first.
+/// One value that components attach to an element, saved with it. Empty at first.
 struct IHostCustomProperty : virtual IHostObject {
     virtual Variant CustomProperty() const = 0;
     virtual void SetCustomProperty(Variant value) = 0;
@@ -74,5 +74,12 @@ struct IHostElementContainer : virtual IHostObject {
 };
 
 struct IHostMapFrame : virtual IHostElement {};
+
+/// Makes elements of a page.
+struct IHostElementFactory : virtual IHostObject {
+    virtual Ref<IHostGroupElement> NewGroupElement() = 0;
+    virtual Ref<IHostTextElement> NewTextElement() = 0;
+    virtual Ref<IHostFilledElement> NewRectangleElement() = 0;
+};
 
 }  // namespace host

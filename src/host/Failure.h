@@ -14,8 +14,8 @@ struct FailureFact {
     std::string value;
 };
 
-/// A failing call, of the host's or of the system's own. The description grows on the way up;
-/// cause and facts stay what they were where the failure happened.
+/// A failed call of the host or of this component. Each procedure that passes it on adds a line to
+/// the description; cause and facts keep what the place of the failure recorded.
 class Failure : public std::exception {
 public:
     Failure(std::int32_t failureNumber, std::string label, std::string text)
@@ -33,18 +33,18 @@ public:
         return {};
     }
 
-    /// Adds a fact unless one of that name is known already: the one nearest to the failure counts.
+    /// Adds a fact unless one of that name is known: the one nearest to the failure is kept.
     void AddFact(const std::string& name, const std::string& value) {
         for (const auto& fact : facts)
             if (fact.name == name) return;
         facts.push_back({name, value});
     }
 
-    std::int32_t number;      ///< Failure code; negative as a signed number.
-    std::string source;       ///< Label of the raising operation. Shown to nobody.
-    std::string description;  ///< The text so far, with call stack lines once it has travelled.
-    std::string cause;        ///< The first text of the failure, as it was raised.
-    int line = 0;             ///< Source line of the raise, 0 when none is known.
+    std::int32_t number;           ///< Failure code; negative as a signed number.
+    std::string source;            ///< Label of the raising operation. Shown to nobody.
+    std::string description;       ///< The text with the call stack lines added so far.
+    std::string cause;             ///< The first text of the failure, as it was raised.
+    int line = 0;                  ///< Source line of the raise, 0 when none is known.
     bool errorBlockAdded = false;  ///< The description holds its number and text block already.
     std::vector<FailureFact> facts;
 };

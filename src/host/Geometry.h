@@ -35,7 +35,7 @@ struct IHostLine : virtual IHostGeometry {
     virtual void SetEndPoint(const Ref<IHostPoint>& point) = 0;
 };
 
-/// A shape that covers something.
+/// A shape with an area.
 struct IHostArea : virtual IHostObject {
     /// A new point at the middle.
     virtual Ref<IHostPoint> Centre() const = 0;
@@ -56,6 +56,13 @@ struct IHostEnvelope : virtual IHostGeometry, virtual IHostMovable, virtual IHos
     virtual Ref<IHostPoint> BottomLeft() const = 0;
     virtual Ref<IHostPoint> BottomRight() const = 0;
     virtual void SetCoords(double xmin, double ymin, double xmax, double ymax) = 0;
+};
+
+/// Makes shapes without coordinates.
+struct IHostGeometryFactory : virtual IHostObject {
+    virtual Ref<IHostPoint> NewPoint() = 0;
+    virtual Ref<IHostEnvelope> NewEnvelope() = 0;
+    virtual Ref<IHostLine> NewLine() = 0;
 };
 
 }  // namespace host

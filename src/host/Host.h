@@ -1,14 +1,14 @@
 #pragma once
 
-#include "host/DialogFactory.h"
-#include "host/DisplayFactory.h"
-#include "host/ElementFactory.h"
-#include "host/GeometryFactory.h"
-#include "host/MapBookFactory.h"
-#include "host/PropertySetFactory.h"
+#include "host/Display.h"
+#include "host/Elements.h"
+#include "host/Geometry.h"
+#include "host/MapBook.h"
+#include "host/ObjectDialogs.h"
+#include "host/PropertySet.h"
 #include "host/Services.h"
-#include "host/SymbolFactory.h"
-#include "host/TableFactory.h"
+#include "host/Symbols.h"
+#include "host/Tables.h"
 
 namespace host {
 

@@ -5,11 +5,11 @@
 
 namespace host {
 
-/// Asks objects for another of their interfaces, as dynamic_cast does, but asks each class once: on
-/// classes with virtual bases that question costs more than making the object. Within an object of
-/// one class an interface always stands at the same place.
+/// dynamic_cast to an interface that remembers the answer for the class asked last. Between classes
+/// with virtual bases a dynamic_cast costs more than making the object. Within objects of one class
+/// an interface has a fixed offset.
 ///
-/// For one pass over objects: it must not outlive the library that a class comes from.
+/// Use it for one pass over objects: it must not outlive the library that a class comes from.
 template <class Wanted>
 class KnownCast {
 public:

@@ -10,12 +10,11 @@
 
 namespace host {
 
-/// Whatever needs the user's locale.
+/// Everything that depends on the user's locale.
 struct IHostLocale : virtual IHostObject {
     /// Compares without regard to case: -1, 0 or 1.
     virtual int CompareText(const std::string& text1, const std::string& text2) = 0;
-    /// Bytes whose plain comparison gives what CompareText gives. Cheaper for texts that are
-    /// compared often.
+    /// Bytes whose plain comparison gives what CompareText gives; for texts compared often.
     virtual std::string CollationKey(const std::string& text) = 0;
     /// The value of a text that is a number as a whole; nothing for any other text.
     virtual std::optional<double> ParseNumber(const std::string& text) = 0;

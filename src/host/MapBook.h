@@ -59,7 +59,7 @@ struct MapSeriesManager : virtual IHostObject {
     virtual bool IsSeriesFrame(const Ref<IHostMapFrame>& frame) = 0;
     virtual bool HasIndexLayer(const Ref<IHostMapFrame>& frame) = 0;
     virtual void ClearFrame() = 0;
-    /// The frame that the next calls speak of.
+    /// Selects the frame that the following calls refer to.
     virtual void SetFrame(const Ref<IHostMapFrame>& frame) = 0;
     virtual Ref<IHostIndexLayer> IndexLayer() = 0;
     virtual Variant FirstPageNumber() = 0;
@@ -94,11 +94,19 @@ struct CVNExpressionEngine : virtual IHostObject {
                                        const std::vector<TokenDescription>& tokens) = 0;
 };
 
-/// What an expression engine may offer beside its verdict.
+/// Optional on an expression engine: the reason for its verdict.
 struct IHostExpressionExplanation : virtual IHostObject {
     /// Why an expression is not valid.
     virtual ExpressionFinding Explain(const Ref<IHostTable>& table,
                                       const std::string& expression) = 0;
+};
+
+/// Makes the objects of the current document's map book and the engine that composes texts.
+struct IHostMapBookFactory : virtual IHostObject {
+    virtual Ref<CVNLayoutContext> NewLayoutContext() = 0;
+    virtual Ref<CVNMapBook> NewMapBook() = 0;
+    virtual Ref<MapSeriesManager> NewMapSeriesManager() = 0;
+    virtual Ref<CVNExpressionEngine> NewExpressionEngine() = 0;
 };
 
 }  // namespace host

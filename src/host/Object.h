@@ -8,8 +8,8 @@ namespace host {
 template <class T>
 using Ref = std::shared_ptr<T>;
 
-/// Root of everything the host hands out. Interfaces inherit it virtually, so that one object may
-/// answer to several of them; whether it does is a test by type (see As).
+/// Base of all interfaces of the host. They inherit it virtually, so that one object may implement
+/// several of them; As tests for an interface.
 struct IHostObject {
     IHostObject() = default;
     IHostObject(const IHostObject&) = delete;

@@ -40,8 +40,15 @@ struct IHostSymbolDialog : virtual IHostObject {
     virtual void AddSymbol(const Ref<IHostSymbol>& symbol, bool& ok) = 0;
     /// ok is true when the user confirmed.
     virtual void Show(WindowHandle parent, bool& ok) = 0;
-    /// With index 0, the symbol as edited; of the kind that went in.
+    /// With index 0, the edited symbol; of the same kind as the one added.
     virtual Ref<IHostSymbol> Symbol(std::int32_t index) = 0;
+};
+
+/// Makes dialogs, which fail in a host without a window.
+struct IHostDialogFactory : virtual IHostObject {
+    virtual Ref<IHostObjectDialog> NewObjectDialog() = 0;
+    virtual Ref<IHostObjectFilter> NewTableFilter() = 0;
+    virtual Ref<IHostSymbolDialog> NewSymbolDialog() = 0;
 };
 
 }  // namespace host

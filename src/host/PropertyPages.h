@@ -35,10 +35,10 @@ struct IComPropertyPage : virtual IHostObject {
     virtual bool IsPageDirty() = 0;
     virtual std::string HelpFile() = 0;
     virtual std::int32_t HelpContextID(std::int32_t controlID) = 0;
-    /// The handle of the page's window, for the sheet to take in.
+    /// Creates the page's window for the sheet to embed, and returns its handle.
     virtual WindowHandle Activate() = 0;
     virtual void Deactivate() = 0;
-    /// Whether the page has something to edit in these objects. Changes nothing.
+    /// Whether the page can edit one of these objects. Changes nothing.
     virtual bool Applies(const Ref<IHostObjectSet>& objects) = 0;
     virtual void SetObjects(const Ref<IHostObjectSet>& objects) = 0;
     virtual void Show() = 0;

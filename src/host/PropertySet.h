@@ -28,16 +28,22 @@ struct IHostPropertySet : virtual IHostClonable {
     virtual void RemoveItem(const std::string& name) = 0;
 };
 
-/// Names of a set without their values, which a property set may offer beside: among half a million
-/// texts their copies are most of what AllItems costs.
+/// Optional on a property set: its names without the values. With half a million texts, copying the
+/// values is most of the cost of AllItems.
 struct IHostPropertyNames : virtual IHostObject {
-    /// In their order; at most so many.
+    /// The first names in their order, at most this many.
     virtual std::vector<std::string> FirstNames(std::size_t most) const = 0;
 };
 
 /// Makes deep copies: of a property set with all sets and symbols in it.
 struct IHostObjectCopy : virtual IHostObject {
     virtual Ref<IHostObject> Copy(const Ref<IHostObject>& object) = 0;
+};
+
+/// Makes property sets, empty or as copies.
+struct IHostPropertySetFactory : virtual IHostObject {
+    virtual Ref<IHostPropertySet> NewPropertySet() = 0;
+    virtual Ref<IHostObjectCopy> NewObjectCopy() = 0;
 };
 
 }  // namespace host

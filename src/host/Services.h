@@ -9,7 +9,7 @@
 
 namespace host {
 
-/// What the running program offers. It is shared.
+/// Services of the running program; each is one shared object.
 struct IHostServices : virtual IHostObject {
     virtual Ref<IHostApplication> NewApplication() = 0;
     virtual Ref<IHostComponentRegistrar> NewComponentRegistrar() = 0;

@@ -18,24 +18,24 @@ struct SortValues {
     virtual ~SortValues() = default;
 
     virtual std::uint32_t Count() const = 0;
-    /// The value, perhaps in the storage; it is good until the storage changes.
+    /// The value, which may be placed in the storage; valid until the storage changes.
     virtual const Variant& Value(std::uint32_t position, Variant& storage) const = 0;
 };
 
-/// The beginning of a value in digits that a sort can carry with its rows, so that most pairs are
-/// told apart without a look at the values. The upper two bits of a digit are its kind.
+/// The beginning of a value in digits that a sort keeps beside its rows, so that most pairs are
+/// ordered without reading the values. The upper two bits of a digit are its kind.
 struct SortLead {
     static constexpr std::size_t kDigits = 4;
     static constexpr int kKindShift = 30;
-    /// Digits of kinds 0 and 1 order among their kind. Those of this kind tell only whether two
-    /// beginnings are equal.
+    /// Digits of kinds 0 and 1 are ordered within their kind. Digits of this kind can only be equal
+    /// or different.
     static constexpr std::uint32_t kOpenKind = 2;
-    /// Stands behind the last digit of a value that ends, to the last place of the lead.
+    /// Fills the places after the last digit of a value that has ended.
     static constexpr std::uint32_t kEnd = std::uint32_t{3} << kKindShift;
 
-    /// What the first digits that differ tell, -1 or 1, or 0 for values that end without a
-    /// difference. A value that goes on stands before one that ends. Nothing where digits do not
-    /// suffice and Compare must be asked.
+    /// -1 or 1 by the first digits that differ, or 0 for values that end without a difference. A
+    /// value goes before its own beginning. Nothing where the digits do not decide and Compare must
+    /// be called.
     std::optional<std::int32_t> Decide(const SortLead& other) const {
         for (std::size_t i = 0; i < kDigits; ++i) {
             const std::uint32_t mine = digits[i];
@@ -53,16 +53,16 @@ struct SortLead {
     std::array<std::uint32_t, kDigits> digits{};
 };
 
-/// The values of a field made ready for many comparisons, known by their positions.
+/// The values of a field prepared for many comparisons, addressed by position.
 struct IPreparedValues : virtual IHostObject {
     virtual SortLead Lead(std::uint32_t position) const = 0;
-    /// What the callback's Compare answers for the two values.
+    /// The result of the callback's Compare for the two values.
     virtual std::int32_t Compare(std::uint32_t position1, std::uint32_t position2) const = 0;
 };
 
-/// What the callback of a table sort may offer beside Compare. A sort need not know of it.
+/// Optional on the callback of a table sort; a sort may ignore it.
 struct ITableSortPreparation : virtual IHostObject {
-    /// Null where some value cannot be made ready; Compare then has the word.
+    /// Null where some value cannot be prepared; the sort then calls Compare.
     virtual Ref<IPreparedValues> Prepare(const SortValues& values, std::int32_t fieldIndex,
                                          std::int32_t fieldSortIndex) = 0;
 };

@@ -87,15 +87,24 @@ struct IHostTextSymbol : virtual IHostSymbol {
                                    const std::string& text) = 0;
 };
 
-/// What a text is made of once markup is told from characters.
+/// A text split into its characters and its markup.
 struct ParsedText {
     std::string plain;
     std::string extra;
 };
 
-/// Understands the markup of a text symbol. One that has no markup need not be this.
+/// Optional on a text symbol: parses the markup that its texts may contain.
 struct IHostTextParser : virtual IHostObject {
     virtual ParsedText PlainText(const std::string& text) = 0;
+};
+
+/// Makes symbols and what they consist of.
+struct IHostSymbolFactory : virtual IHostObject {
+    virtual Ref<IHostFont> NewFont() = 0;
+    virtual Ref<IHostColor> NewColor() = 0;
+    virtual Ref<IHostTextSymbol> NewTextSymbol() = 0;
+    virtual Ref<IHostFillSymbol> NewFillSymbol() = 0;
+    virtual Ref<IHostLineSymbol> NewLineSymbol() = 0;
 };
 
 }  // namespace host

@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Field types of which the numbers are relied on.
+/// Numbers of the field types in use.
 inline constexpr std::int32_t kFieldTypeText = 4;
 inline constexpr std::int32_t kFieldTypeObjectId = 6;
 
@@ -57,7 +57,7 @@ struct IHostCursor : virtual IHostObject {
     /// Null at the end. A recycling cursor may give the same object again with other values.
     virtual Ref<IHostRow> NextRow() = 0;
     virtual void InsertRow(const Ref<IHostRow>& buffer) = 0;
-    /// Buffered rows reach the table here at the latest.
+    /// Writes buffered rows to the table.
     virtual void Flush() = 0;
 };
 
@@ -106,8 +106,8 @@ struct ITableSortCallBack : virtual IHostObject {
                                  std::int32_t fieldIndex, std::int32_t fieldSortIndex) = 0;
 };
 
-/// Orders the rows of a table. Stable, and ends for any answers of the callback: comparisons need
-/// not form a strict order.
+/// Sorts the rows of a table. The sort is stable and terminates for any results of the callback,
+/// which need not form a strict order.
 struct IHostTableSort : virtual IHostObject {
     virtual void SetTable(const Ref<IHostTable>& table) = 0;
     virtual void SetQueryFilter(const Ref<IHostQueryFilter>& filter) = 0;
@@ -118,6 +118,17 @@ struct IHostTableSort : virtual IHostObject {
     virtual void SetCallback(const Ref<ITableSortCallBack>& callback) = 0;
     virtual void Sort(const Ref<IHostObject>& progress) = 0;
     virtual Ref<IHostCursor> Rows() = 0;
+};
+
+/// Makes the objects that open, describe, search and sort tables.
+struct IHostTableFactory : virtual IHostObject {
+    virtual Ref<IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() = 0;
+    virtual Ref<IHostWorkspaceFactory> NewWorkspaceFactory() = 0;
+    virtual Ref<IHostFields> NewFields() = 0;
+    virtual Ref<IHostField> NewField() = 0;
+    virtual Ref<IHostQueryFilter> NewQueryFilter() = 0;
+    virtual Ref<IHostIdentifier> NewIdentifier() = 0;
+    virtual Ref<IHostTableSort> NewTableSort() = 0;
 };
 
 }  // namespace host

@@ -2,27 +2,32 @@
 
 #include "layout/RowElements.h"
 #include "layout/TitlesAndBreaks.h"
+#include "support/Conversions.h"
 
 namespace gazetteer {
 
 using Kind = PlacedRow::Kind;
 
-ColumnFlow::ColumnFlow(LayoutContext& context, const FrameBounds& frame, FlowListener& listener)
-    : context_(context),
+FrameBounds ReadFrame(const host::IHostElement& element) {
+    const auto bounds = Require<host::IHostGeometry>(element.Geometry())->Bounds();
+    return {bounds->TopLeft(), bounds->Width(), bounds->Height()};
+}
+
+ColumnFlow::ColumnFlow(LayoutPass& pass, const FrameBounds& frame, FlowListener& listener)
+    : pass_(pass),
       listener_(listener),
       frame_(frame),
-      hasTitle_(context.HasTitle()),
-      hasBreak_(context.HasBreak()) {
+      hasTitle_(pass.HasTitle()),
+      hasBreak_(pass.HasBreak()) {
     StartPage();
 }
 
 ColumnFlow::Step ColumnFlow::Feed(const std::string& rowKey) {
     if (!PlaceTitle()) return Step::TitleTooHigh;
-    if (atFirstListing_ && NeedsTopMostBreak(context_)) PlaceBreak(rowKey);
+    if (atFirstListing_ && NeedsTopMostBreak(pass_)) PlaceBreak(rowKey);
     atFirstListing_ = false;
     if (carried_) PlaceCarried();
-    if (hasBreak_ && hasPrevious_ && RowNeedsBreak(context_, rowKey, previousRow_))
-        PlaceBreak(rowKey);
+    if (hasBreak_ && hasPrevious_ && RowNeedsBreak(pass_, rowKey, previousRow_)) PlaceBreak(rowKey);
 
     double width = 0;
     const Step step = PlaceListing(rowKey, width) ? Step::GoOn : Overflow(rowKey, width);
@@ -37,8 +42,8 @@ void ColumnFlow::Finish() {
 
 bool ColumnFlow::PlaceTitle() {
     if (!hasTitle_ || !topOfColumn_) return true;
-    auto group = MakeTitleGroup(context_, *pen_);
-    const double height = HeightOf(group);
+    auto group = MakeTitleGroup(pass_, *pen_);
+    const double height = pass_.GetElementHeight(*group);
     usedHeight_ += height;
     if (usedHeight_ > frame_.height) return false;
     Place({Kind::Title, {}, std::move(group), height});
@@ -46,10 +51,10 @@ bool ColumnFlow::PlaceTitle() {
     return true;
 }
 
-// A break that does not fit is left out: it does not move on with its row.
+// A break that does not fit is dropped; it does not move with its row.
 void ColumnFlow::PlaceBreak(const std::string& rowKey) {
-    auto group = MakeBreakGroup(context_, rowKey, *pen_, alternate_);
-    const double height = HeightOf(group);
+    auto group = MakeBreakGroup(pass_, rowKey, *pen_, alternate_);
+    const double height = pass_.GetElementHeight(*group);
     if (usedHeight_ + height > frame_.height) return;
     usedHeight_ += height;
     Place({Kind::Break, rowKey, std::move(group), height});
@@ -58,8 +63,8 @@ void ColumnFlow::PlaceBreak(const std::string& rowKey) {
 
 // No test of height: at the top of a column group a row stands even if it is higher than the frame.
 void ColumnFlow::PlaceCarried() {
-    auto group = MakeRowGroup(context_, carriedRow_, *pen_, alternate_);
-    const double height = HeightOf(group);
+    auto group = MakeRowGroup(pass_, carriedRow_, *pen_, alternate_);
+    const double height = pass_.GetElementHeight(*group);
     usedHeight_ += height;
     Place({Kind::Carried, carriedRow_, std::move(group), height});
     alternate_ = !alternate_;
@@ -67,14 +72,14 @@ void ColumnFlow::PlaceCarried() {
     pageIsEmpty_ = false;
 }
 
-// The first listing of a page stands in any case, as a carried row does: moved on, it would leave a
-// page without rows behind.
+// The first listing of a page is placed even if it does not fit, as a carried row is: moving it on
+// would leave a page without rows.
 bool ColumnFlow::PlaceListing(const std::string& rowKey, double& width) {
-    PlacedRow row{Kind::Listing, rowKey, MakeRowGroup(context_, rowKey, *pen_, alternate_)};
-    row.height = HeightOf(row.group);
+    PlacedRow row{Kind::Listing, rowKey, MakeRowGroup(pass_, rowKey, *pen_, alternate_)};
+    row.height = pass_.GetElementHeight(*row.group);
     usedHeight_ += row.height;
     if (usedHeight_ > frame_.height && !pageIsEmpty_) {
-        width = GetElementWidth(context_.Host(), *row.group, context_.Display());
+        width = pass_.GetElementWidth(*row.group);
         listener_.ColumnFull(frame_.height + row.height - usedHeight_);
         return false;
     }
@@ -88,7 +93,7 @@ bool ColumnFlow::PlaceListing(const std::string& rowKey, double& width) {
 // One gap only counts here, however many column groups the page holds already; the pen, by
 // contrast, moves by width and gap of each.
 ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
-    const Settings& settings = context_.GetSettings();
+    const Settings& settings = pass_.GetSettings();
     carried_ = true;
     carriedRow_ = rowKey;
     usedWidth_ += width;
@@ -109,10 +114,6 @@ void ColumnFlow::Place(PlacedRow row) {
     pen_->SetY(pen_->Y() - row.height);
 }
 
-double ColumnFlow::HeightOf(const host::Ref<host::IHostElement>& group) {
-    return GetElementHeight(context_.Host(), *group, context_.Display());
-}
-
 void ColumnFlow::StartColumn() {
     pen_->SetY(frame_.topLeft->Y());
     topOfColumn_ = true;
@@ -124,8 +125,7 @@ void ColumnFlow::StartPage() {
     pen_ = host::As<host::IHostPoint>(frame_.topLeft->Copy());
     usedWidth_ = 0;
     roomAtSide_ = frame_.width;
-    for (const LayoutColumn& column : context_.Columns())
-        roomAtSide_ -= column.properties.columnWidth;
+    for (const LayoutColumn& column : pass_.Columns()) roomAtSide_ -= column.properties.columnWidth;
     pageIsEmpty_ = true;
     StartColumn();
 }

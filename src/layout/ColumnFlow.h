@@ -3,15 +3,22 @@
 #include <cstdint>
 #include <string>
 
-#include "layout/ElementSizes.h"
-#include "layout/LayoutContext.h"
+#include "layout/LayoutPass.h"
 
-/// The placing rules, once. Deciding which row goes where happens twice: to number the pages, and
-/// to draw one of them. Both feed their rows to a ColumnFlow and learn from it what was placed
-/// where, so the two cannot disagree.
+/// The placing rules. Rows are placed twice: to number the pages, and to draw one of them. Both
+/// passes feed their rows to a ColumnFlow, which reports to its listener where each row is placed,
+/// so that the two agree.
 namespace gazetteer {
 
-/// A row of elements that has found its place.
+/// The gazetteer element's own bounds, in inches.
+struct FrameBounds {
+    host::Ref<host::IHostPoint> topLeft;
+    double width = 0;
+    double height = 0;
+};
+FrameBounds ReadFrame(const host::IHostElement& element);
+
+/// A row of elements with its place.
 struct PlacedRow {
     enum class Kind { Title, Break, Listing, Carried };
     Kind kind;
@@ -22,40 +29,40 @@ struct PlacedRow {
     double roomAtSide = 0;  ///< The same of the frame's width beside its columns.
 };
 
-/// Learns what a flow does.
+/// Receives the placings of a flow.
 class FlowListener {
 public:
     virtual ~FlowListener() = default;
     /// A listing row is about to be placed and may still be changed. hasPrevious: some row went
     /// before it in this flow.
     virtual void Placing(PlacedRow& row, bool hasPrevious, const std::string& previousRow) = 0;
-    /// The row stands at its place, which lies above the room given.
+    /// The row has been placed.
     virtual void Placed(const PlacedRow& row) = 0;
     /// A row did not fit. The room is what is left below the last row of the column group.
     virtual void ColumnFull(double room) = 0;
 };
 
-/// Pen and measure of the rows of a gazetteer: down a column group, on to the next one beside it,
-/// and on to a new page. A row is never split. Lengths are inches.
+/// Places the rows of a gazetteer: down a column group, then in the next group beside it, then on a
+/// new page. A row is never split. Lengths are inches.
 class ColumnFlow {
 public:
     enum class Step {
         GoOn,
-        PageFull,      ///< The row did not fit and waits at the head of a new page.
+        PageFull,      ///< The row did not fit and is carried to a new page.
         TitleTooHigh,  ///< The title alone is higher than the frame: nothing can be placed.
     };
 
-    ColumnFlow(LayoutContext& context, const FrameBounds& frame, FlowListener& listener);
+    ColumnFlow(LayoutPass& pass, const FrameBounds& frame, FlowListener& listener);
 
-    /// Whether the next row fed may have a break before it as the first listing of all.
+    /// The next row fed is the first listing of all and may have a break before it.
     void SetAtFirstListing() { atFirstListing_ = true; }
 
-    /// Places the listing, and before it whatever is due: title, starting break, the row that was
-    /// carried, the break between two letters. A listing that does not fit is carried on to the
-    /// next column group, or to the next page.
+    /// Places the listing, and before it what is due: title, starting break, carried row, break
+    /// between two letters. A listing that does not fit is carried to the next column group or
+    /// page.
     Step Feed(const std::string& rowKey);
 
-    /// Places the row that is still carried once no more rows come.
+    /// Call after the last row: places the row that is still carried.
     void Finish();
 
 private:
@@ -66,11 +73,10 @@ private:
     Step Overflow(const std::string& rowKey, double width);
 
     void Place(PlacedRow row);
-    double HeightOf(const host::Ref<host::IHostElement>& group);
     void StartColumn();
     void StartPage();
 
-    LayoutContext& context_;
+    LayoutPass& pass_;
     FlowListener& listener_;
     FrameBounds frame_;
     bool hasTitle_;

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "layout/ColumnFlow.h"
-#include "layout/GeneratedMembers.h"
-#include "layout/LayoutContext.h"
+#include "layout/LayoutPass.h"
 #include "layout/RowElements.h"
+#include "layout/RowTree.h"
 #include "listings/RepeatingText.h"
 #include "model/DefaultSymbols.h"
 #include "support/Conversions.h"
@@ -19,65 +19,62 @@ using host::IHostElement;
 using host::IHostGroupElement;
 using host::Ref;
 
-// Adds what the flow places to the element, and stretches the foot of each column group.
+// Adds placed rows to the element, and stretches the last row of each column group.
 class PageDrawer : public FlowListener {
 public:
-    PageDrawer(LayoutContext& context, const Ref<IHostGroupElement>& group)
-        : context_(context), group_(group) {}
+    PageDrawer(LayoutPass& pass, const Ref<IHostGroupElement>& group)
+        : pass_(pass), group_(group) {}
 
     void SetAtLastRow(bool continues) { atLastRowOfMany_ = continues; }
 
     void Placing(PlacedRow& row, bool hasPrevious, const std::string& previousRow) override {
-        if (!context_.GetSettings().clearRepeatingText || !hasPrevious) return;
-        row.group = ClearRepeatingText(context_.Host(), context_.GetSettings(), context_.Results(),
+        if (!pass_.GetSettings().clearRepeatingText || !hasPrevious) return;
+        row.group = ClearRepeatingText(pass_.Host(), pass_.GetSettings(), pass_.Results(),
                                        row.group, row.rowKey, previousRow);
     }
 
     void Placed(const PlacedRow& row) override {
         group_->Add(row.group);
-        // A carried row does not count: what lies below the column group's end is then stretched
-        // from the last row of the column group before.
+        // A carried row is not stretched: the row before it is, even if that is in the column
+        // group before.
         if (row.kind == PlacedRow::Kind::Break || row.kind == PlacedRow::Kind::Listing)
             lastPlaced_ = row.group;
         reachesFoot_ = row.kind == PlacedRow::Kind::Listing &&
-                       (atLastRowOfMany_ || context_.GetSettings().samplePage);
+                       (atLastRowOfMany_ || pass_.GetSettings().samplePage);
         if (reachesFoot_) Stretch(row.group, row.height, row.room);
     }
 
     void ColumnFull(double room) override {
         if (lastPlaced_ && !reachesFoot_)
-            Stretch(lastPlaced_,
-                    GetElementHeight(context_.Host(), *lastPlaced_, context_.Display()), room);
+            Stretch(lastPlaced_, pass_.GetElementHeight(*lastPlaced_), room);
     }
 
 private:
-    // A row that juts out of the frame already has nothing to be stretched over.
+    // A row that ends below the frame is not stretched.
     static void Stretch(const Ref<IHostElement>& row, double height, double room) {
         if (room > 0) MakeBackgroundsSameHeight(height + room, host::As<IHostGroupElement>(row));
     }
 
-    LayoutContext& context_;
+    LayoutPass& pass_;
     Ref<IHostGroupElement> group_;
     Ref<IHostElement> lastPlaced_;
     bool reachesFoot_ = false;      // The row placed last is stretched already.
     bool atLastRowOfMany_ = false;  // The row is the page's last, and a page follows.
 };
 
-void PlaceRows(LayoutContext& context, const Ref<IHostGroupElement>& group,
-               const FrameBounds& frame, const std::vector<std::string>& rows,
-               std::int32_t pageNumber) {
-    PageDrawer drawer(context, group);
-    ColumnFlow flow(context, frame, drawer);
+void PlaceRows(LayoutPass& pass, const Ref<IHostGroupElement>& group, const FrameBounds& frame,
+               const std::vector<std::string>& rows, std::int32_t pageNumber) {
+    PageDrawer drawer(pass, group);
+    ColumnFlow flow(pass, frame, drawer);
     if (pageNumber == 1) flow.SetAtFirstListing();
-    const bool pageFollows = pageNumber != context.Results().pageCount;
+    const bool pageFollows = pageNumber != pass.Results().pageCount;
     const std::string placing =
         "Page " + std::to_string(pageNumber) + ": Placing listings on layout: ";
-    Status status(context.Host());
+    Status status(pass.Host());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         status.Show(placing.c_str(), static_cast<std::int64_t>(i));
         drawer.SetAtLastRow(pageFollows && i + 1 == rows.size());
-        // A page that no longer takes its rows was numbered for another frame: the rest is not
-        // drawn.
+        // The page was numbered for a larger frame: rows that no longer fit are not drawn.
         if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return;
     }
     flow.Finish();
@@ -128,8 +125,8 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
     const auto page = SetUnder(*results.pageGroups, std::to_string(pageNumber));
     if (page->Count() == 0) return false;
 
-    LayoutContext context(host, settings, results, transparentFill, display, RowSource::Use::Keep);
-    PlaceRows(context, group, frame, NamesOf(*page), pageNumber);
+    LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Keep);
+    PlaceRows(pass, group, frame, NamesOf(*page), pageNumber);
 
     BringTitlesToFront(*group);
     if (settings.samplePage) AddSampleLabel(host, *group);

@@ -16,8 +16,8 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
               const host::Ref<host::IHostFillSymbol>& transparentFill,
               const host::Ref<host::IHostGroupElement>& group, std::int32_t pageNumber);
 
-/// Takes the rows of a drawn page away and sets the element's draft option. A sample label stays
-/// until the next draw.
+/// Removes the rows of a drawn page and sets the element's draft option. A sample label stays until
+/// the next draw.
 void TakePageAway(const host::Ref<host::IHostGroupElement>& group);
 
 }  // namespace gazetteer

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "layout/ColumnFlow.h"
-#include "layout/LayoutContext.h"
+#include "layout/LayoutPass.h"
 #include "listings/FirstLast.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
@@ -56,14 +56,14 @@ std::string PlacingText(std::int32_t page) {
     return "Laying out each page: " + std::to_string(page) + ": Placing graphics on page: ";
 }
 
-// Walks all listings through the flow; every overflow of the page's width closes a page.
-void NumberPages(LayoutContext& context, const FrameBounds& frame, PageRecorder& pages) {
-    ColumnFlow flow(context, frame, pages);
+// Feeds all listings to the flow; every overflow of the page's width closes a page.
+void NumberPages(LayoutPass& pass, const FrameBounds& frame, PageRecorder& pages) {
+    ColumnFlow flow(pass, frame, pages);
     flow.SetAtFirstListing();
-    Status status(context.Host());
+    Status status(pass.Host());
     std::string placing;
     std::int64_t index = 0;
-    for (const std::string& row : NamesOf(*context.Columns().front().listings)) {
+    for (const std::string& row : NamesOf(*pass.Columns().front().listings)) {
         if (!pages.IsOpen()) {
             pages.OpenPage();
             placing = PlacingText(pages.PageNumber());
@@ -73,8 +73,8 @@ void NumberPages(LayoutContext& context, const FrameBounds& frame, PageRecorder&
         if (step == ColumnFlow::Step::TitleTooHigh) return;
         if (step != ColumnFlow::Step::PageFull) continue;
         pages.ClosePage();
-        // The first page is complete, and a sample wants no more; the row carried is not stored.
-        if (context.GetSettings().samplePage) return;
+        // A sample has one page; the carried row is not stored.
+        if (pass.GetSettings().samplePage) return;
     }
     if (!pages.IsOpen()) pages.OpenPage();
     flow.Finish();
@@ -89,10 +89,9 @@ bool PopulatePageGroups(host::IHost& host, const Settings& settings,
     const auto display = host.NewApplication()->Document()->ActiveView()->Display();
     const FrameBounds frame = ReadFrame(frameElement);
     if (results.listings->Count() == 0) return false;
-    LayoutContext context(host, settings, results, transparentFill, display,
-                          RowSource::Use::Measure);
+    LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Measure);
     PageRecorder pages(host, report);
-    NumberPages(context, frame, pages);
+    NumberPages(pass, frame, pages);
     pages.ClosePage();
     results.pageGroups = pages.Pages();
     results.pageCount = results.pageGroups->Count();

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "layout/ElementSizes.h"
 #include "support/ErrorHandling.h"
 #include "support/Text.h"
 
@@ -36,16 +35,15 @@ const Ref<host::IHostTextSymbol>& TextSymbolOf(const ColumnProperties& column, R
     return column.columnFontSymbol;
 }
 
-const Ref<host::IHostFillSymbol>& FillOf(const LayoutContext& context,
-                                         const ColumnProperties& column, bool alternate,
-                                         RowKind kind) {
+const Ref<host::IHostFillSymbol>& FillOf(const LayoutPass& pass, const ColumnProperties& column,
+                                         bool alternate, RowKind kind) {
     if (kind == RowKind::Title) return column.titleBackgroundSymbol;
-    if (!column.colorBackground) return context.TransparentFill();
+    if (!column.colorBackground) return pass.TransparentFill();
     if (!alternate || !column.alternateBackground) return column.backgroundSymbol;
     return column.alternateBackgroundSymbol;
 }
 
-void FillText(LayoutContext& context, host::IHostTextElement& element, std::string& text,
+void FillText(LayoutPass& pass, host::IHostTextElement& element, std::string& text,
               const ColumnProperties& column, RowKind kind, double textWidth,
               const Alignment& alignment) {
     const auto& symbol = TextSymbolOf(column, kind);
@@ -54,7 +52,7 @@ void FillText(LayoutContext& context, host::IHostTextElement& element, std::stri
     element.SetSymbol(symbol);
     std::string blank = kBlank;
     const bool hidden = kind == RowKind::Break && !column.breakHeading;
-    element.SetText(context.Text().SplitText(hidden ? blank : text, textWidth, symbol));
+    element.SetText(pass.Text().SplitText(hidden ? blank : text, textWidth, symbol));
     element.SetScaleWithPage(false);
 }
 
@@ -66,7 +64,7 @@ void FillBackground(const CellElements& cell, const Ref<host::IHostFillSymbol>& 
     cell.background->SetGeometry(cell.box);
 }
 
-// Its top edge stays in place.
+// The top edge stays where it is.
 void SetBackgroundHeight(host::IHostFilledElement& background, const Ref<host::IHostEnvelope>& box,
                          double height) {
     const double oldHeight = box->Height();
@@ -77,20 +75,20 @@ void SetBackgroundHeight(host::IHostFilledElement& background, const Ref<host::I
 
 }  // namespace
 
-void MakeRowElement(LayoutContext& context, const CellElements& cell, std::string& text,
+void MakeRowElement(LayoutPass& pass, const CellElements& cell, std::string& text,
                     const ColumnProperties& column, bool alternate, const IHostPoint& position,
                     RowKind kind) try {
     text = ReplaceAll(std::move(text), kLastCombineToken, "");
     const double textWidth = column.columnWidth - column.marginLeft - column.marginRight;
     const Alignment alignment = AlignmentOf(
         column, kind == RowKind::Title ? column.titleAlignment : column.alignment, textWidth);
-    FillText(context, *cell.text, text, column, kind, textWidth, alignment);
+    FillText(pass, *cell.text, text, column, kind, textWidth, alignment);
 
-    const double textHeight = context.Text().GetTextSize(*cell.text).height;
+    const double textHeight = pass.Text().GetTextSize(*cell.text).height;
     const bool isHeading = kind == RowKind::Break && column.breakHeading;
     double cellHeight = textHeight + column.marginTop + column.marginBottom;
     if (isHeading && text != kBlank) cellHeight += column.breakSpacing;
-    FillBackground(cell, FillOf(context, column, alternate, kind), position, column.columnWidth,
+    FillBackground(cell, FillOf(pass, column, alternate, kind), position, column.columnWidth,
                    cellHeight);
 
     cell.anchor->SetX(position.X() + alignment.anchor);
@@ -101,11 +99,11 @@ void MakeRowElement(LayoutContext& context, const CellElements& cell, std::strin
     PassOn("MakeRowElement", kManagerLabel);
 }
 
-Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, bool alternate,
+Ref<IHostElement> MakeGroup(LayoutPass& pass, const IHostPoint& position, bool alternate,
                             RowKind kind, const std::function<std::string(LayoutColumn&)>& textOf) {
-    auto& columns = context.Columns();
-    const RowElements& row = context.Rows().Take(context.Host(), kind, columns.size());
-    IHostPoint& pen = context.Pen();
+    auto& columns = pass.Columns();
+    const RowElements& row = pass.Rows().Take(pass.Host(), kind, columns.size());
+    IHostPoint& pen = pass.Pen();
     pen.SetX(position.X());
     pen.SetY(position.Y());
     double maxHeight = 0;
@@ -114,8 +112,8 @@ Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, 
         const CellElements& cell = row.cells[i];
         std::string text = textOf(column);
         try {
-            MakeRowElement(context, cell, text, column.properties, alternate, pen, kind);
-            const auto& bounds = context.Measure(*cell.cell);
+            MakeRowElement(pass, cell, text, column.properties, alternate, pen, kind);
+            const auto& bounds = pass.GetElementBounds(*cell.cell);
             pen.SetX(pen.X() + bounds.Width());
             maxHeight = std::max(maxHeight, bounds.Height());
         } catch (host::Failure& failure) {
@@ -129,10 +127,10 @@ Ref<IHostElement> MakeGroup(LayoutContext& context, const IHostPoint& position, 
     return row.group;
 }
 
-Ref<IHostElement> MakeRowGroup(LayoutContext& context, const std::string& rowKey,
+Ref<IHostElement> MakeRowGroup(LayoutPass& pass, const std::string& rowKey,
                                const IHostPoint& position, bool alternate) try {
-    return MakeGroup(context, position, alternate, RowKind::Listing, [&](LayoutColumn& column) {
-        return column.Cell(rowKey, context.Host().Locale());
+    return MakeGroup(pass, position, alternate, RowKind::Listing, [&](LayoutColumn& column) {
+        return column.Cell(rowKey, pass.Host().Locale());
     });
 } catch (...) {
     PassOn("MakeRowGroup", kManagerLabel);

@@ -1,5 +1,7 @@
 #include "layout/RowTree.h"
 
+#include <algorithm>
+
 namespace gazetteer {
 namespace {
 
@@ -41,6 +43,25 @@ const RowElements& RowSource::Take(host::IHost& host, RowKind kind, std::size_t 
     RowElements& row = rows_[static_cast<std::size_t>(kind)];
     if (use_ == Use::Keep || !row.group) row = NewRow(host, kind, columns);
     return row;
+}
+
+std::vector<host::Ref<host::IHostElement>> MembersTagged(
+    const host::IHostGroupElement& group, std::initializer_list<std::string_view> tags) {
+    std::vector<host::Ref<host::IHostElement>> found;
+    host::KnownCast<host::IHostElementName> named;
+    for (std::int32_t i = 0; i < group.Count(); ++i) {
+        auto member = group.Item(i);
+        const auto* const name = named(member.get());
+        const std::string tag = name ? name->Name() : std::string();
+        if (std::ranges::find(tags, std::string_view(tag)) != tags.end())
+            found.push_back(std::move(member));
+    }
+    return found;
+}
+
+void RemoveMembers(host::IHostGroupElement& group,
+                   const std::vector<host::Ref<host::IHostElement>>& members) {
+    for (const auto& member : members) group.Remove(member);
 }
 
 }  // namespace gazetteer

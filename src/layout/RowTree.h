@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/Host.h"
@@ -45,17 +47,16 @@ struct RowElements {
     std::vector<CellElements> cells;
 };
 
-/// Where a pass of layout gets its rows from. Drawing keeps each row that it places, and needs a
-/// new one every time. Numbering only asks for sizes, and fills one row of each kind again and
-/// again: the same elements filled by the same code have the same sizes, and making them anew is
-/// two thirds of the work.
+/// Makes the rows of a pass of layout. Drawing keeps each row that it places and needs a new one
+/// every time. Numbering only measures, so it refills one row of each kind; making new elements
+/// would be two thirds of its work.
 class RowSource {
 public:
     enum class Use { Keep, Measure };
 
     explicit RowSource(Use use) : use_(use) {}
 
-    /// A row to fill. Under Measure, the one of this kind that was given before.
+    /// A row to fill. With Use::Measure, the same one for every call of the kind.
     const RowElements& Take(host::IHost& host, RowKind kind, std::size_t columns);
 
 private:
@@ -67,5 +68,13 @@ private:
     std::array<RowElements, 3> rows_;  ///< By kind.
     host::KnownCast<host::IHostElementName> nameOfGroup_, nameOfBackground_, nameOfText_;
 };
+
+/// Members of a gazetteer element with one of the tags, in member order. Drawing tags the members
+/// that it adds; all others belong to the user and stay untouched.
+std::vector<host::Ref<host::IHostElement>> MembersTagged(
+    const host::IHostGroupElement& group, std::initializer_list<std::string_view> tags);
+
+void RemoveMembers(host::IHostGroupElement& group,
+                   const std::vector<host::Ref<host::IHostElement>>& members);
 
 }  // namespace gazetteer

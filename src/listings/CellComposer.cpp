@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int32_t kNoNumber = 0;  // What a field that is not there counts as.
 
-// A value as a person would name it in a message.
+// A value as messages show it.
 std::string Shown(const host::Variant& value, host::IHostLocale& locale) {
     return std::holds_alternative<host::Null>(value) ? "(none)" : ToText(value, locale);
 }
@@ -61,7 +61,7 @@ std::string CellComposer::TextFromDatabase(const Column& column) {
 
 std::string CellComposer::TextFromIndexLayer(const Column& column) {
     const std::int32_t page = Number(page_, "Page");
-    // A field that is not there counts as 0, which is neither corrected nor looked up on the grid.
+    // A missing field counts as 0, which is neither corrected nor looked up on the grid.
     const bool labelled = grid_ && HasGridFields();
     bookTokens_["PAGE_NUMBER"] = pageField_ >= 0 ? correction_.Corrected(page) : kNoNumber;
     bookTokens_["ROW"] = labelled ? Label(gridRow_, true) : gridRow_;

@@ -30,16 +30,16 @@ public:
     CellComposer(const CellComposer&) = delete;
     CellComposer& operator=(const CellComposer&) = delete;
 
-    /// Looks up the fields of the listing database that have a role of their own.
+    /// Finds the page, row and column fields of the listing database.
     void FindFields();
 
-    /// Takes up a row of the listing database. The row must outlive the calls of Text.
+    /// Sets the row of the listing database that Text composes. It must outlive the calls of Text.
     void SetRow(const host::Ref<host::IHostRow>& row);
 
     std::size_t ColumnCount() const { return columns_.size(); }
     const std::string& ColumnName(std::size_t column) const { return columns_[column].name; }
 
-    /// Text of one cell of the row. A failure knows column, record, field and value.
+    /// Text of one cell of the row. A failure has column, record, field and value as facts.
     std::string Text(std::size_t columnIndex);
 
 private:

@@ -16,7 +16,7 @@ namespace {
 using host::IHostPropertySet;
 using host::Ref;
 
-// What makes a row the same as the row before it: its texts, joined with nothing between them.
+// Two rows are the same if their texts, joined without separators, are equal.
 struct RowTexts {
     std::string all;
     std::size_t leadingSize = 0;  // Without the last column.
@@ -57,7 +57,7 @@ public:
         std::swap(previous_, texts_);
     }
 
-    // The listing that is still growing goes in as it stands: only the next one finishes it.
+    // Stores the last listing as it is: FinishCombination runs only when another one begins.
     Ref<IHostPropertySet> Finish() {
         StoreHead();
         return result_;

@@ -6,10 +6,10 @@
 
 namespace gazetteer {
 
-/// Inner procedure. Walks the rows of the index table once, in their final order, and makes the
+/// Inner procedure. Reads the rows of the index table once, in their final order, and makes
 /// listings of them: a row that repeats the row before is dropped, one that differs from it only in
-/// the last column is merged into the listing before. Answers column name, in display order, to a
-/// set of row key to text, and counts into the report what became of the rows.
+/// the last column is merged into the listing before. Returns a set of column name, in display
+/// order, to a set of row key to text, and counts the rows in the report.
 host::Ref<host::IHostPropertySet> PopulateRowValuesPropertySet(host::IHost& host,
                                                                const Settings& settings,
                                                                host::IHostCursor& cursor,

@@ -66,7 +66,7 @@ Ref<host::IHostCursor> SortedRows(host::IHost& host, const Settings& settings,
     return sort->Rows();
 }
 
-// After a failure, of which the user is told. Another one would hide it.
+// Runs after a failure that the user is told; a second failure must not replace it.
 void Rest(host::IHostProgressAnimation& animation) try {
     animation.Hide();
     animation.Stop();

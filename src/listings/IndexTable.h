@@ -21,8 +21,8 @@ std::string IndexTableRefusal(const std::string& name, bool sorted);
 /// Inner procedure: the new, empty index table.
 host::Ref<host::IHostTable> MakeIndexTempTable(host::IHost& host, const Settings& settings);
 
-/// Composes the rows of the source into the index table and answers how many there were. 0 tells of
-/// an empty source; the status bar then keeps its text.
+/// Composes the rows of the source into the index table and returns their number. For an empty
+/// source, 0, the status bar keeps its text.
 std::int64_t ComposeIndexTable(host::IHost& host, const Settings& settings,
                                const SiblingObjects& siblings, const ListingSource& source,
                                host::IHostTable& indexTable);

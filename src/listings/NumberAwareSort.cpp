@@ -2,8 +2,8 @@
 
 #include "host/Failure.h"
 #include "listings/NumberOrder.h"
+#include "listings/NumberTokens.h"
 #include "listings/PreparedTexts.h"
-#include "listings/SortTexts.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {

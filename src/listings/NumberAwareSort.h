@@ -21,7 +21,7 @@ public:
     std::int32_t Compare(const host::Variant& value1, const host::Variant& value2,
                          std::int32_t fieldIndex, std::int32_t fieldSortIndex) override;
 
-    /// Null, and no dialog, where some value has no text: Compare tells of it when it gets there.
+    /// Null, without a dialog, where some value has no text; Compare reports such a value.
     host::Ref<host::IPreparedValues> Prepare(const host::SortValues& values,
                                              std::int32_t fieldIndex,
                                              std::int32_t fieldSortIndex) override;

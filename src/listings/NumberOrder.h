@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The order of texts by the numbers in them, over any form of tokens. An Order says what a token
-/// is: Pieces(token) is a run of tokens, IsNumber(token) says whether its Value(token) counts, and
-/// Key(token) is what collates.
+/// The order of texts by the numbers in them, for any representation of tokens. An Order gives
+/// access to a token: Pieces(token) is a run of tokens, IsNumber(token) tells whether it compares
+/// by Value(token), and Key(token) is its collation key.
 namespace gazetteer {
 
 inline std::int32_t Sign(std::partial_ordering order) {

@@ -31,7 +31,7 @@ const NumberToken* NumberTokenizer::AddToken(const std::string& text, Words& wor
         token.numeric =
             number.has_value() && !std::isnan(*number);  // NaN has no place in an order.
         token.value = number.value_or(0);
-        // Separated pieces are numbers or hold no digit, so they need not be taken apart again.
+        // Separated pieces are numbers or have no digit, so they are not separated again.
         if (&words == &words_)
             Split(SeparateNumbers(text, locale_), pieces_,
                   [&](const NumberToken* piece) { token.separated.push_back(piece); });

@@ -9,10 +9,12 @@
 #include <vector>
 
 #include "host/Locale.h"
+#include "host/Variant.h"
+#include "support/Conversions.h"
 
 namespace gazetteer {
 
-/// A piece of text between single blanks, with all that ordering asks of it.
+/// A piece of text between single blanks, with the properties that ordering uses.
 struct NumberToken {
     std::uint32_t number = 0;  ///< Its place among the tokens of its tokenizer.
     bool numeric = false;      ///< The number parser accepts the whole token.
@@ -24,17 +26,17 @@ struct NumberToken {
 
 using NumberTokens = std::vector<const NumberToken*>;
 
-/// Splits texts into tokens. A sort compares each text some twenty times and most words stand in
-/// many texts, so both are taken apart once and kept: splitting, parsing and collating anew for
-/// each comparison is nearly all of the time of a sort. Pointers stay valid for its life.
+/// Splits texts into tokens. A sort compares each text some twenty times and most words occur in
+/// many texts, so both are split once and cached: splitting, parsing and collating for each
+/// comparison would be nearly all of the time of a sort. Pointers are valid for its lifetime.
 class NumberTokenizer {
 public:
     explicit NumberTokenizer(host::IHostLocale& locale) : locale_(locale) {}
 
-    /// The tokens of a text, which is kept with them.
+    /// The tokens of a text; the text and its tokens are cached.
     const NumberTokens& Tokens(const std::string& text);
 
-    /// Hands out the tokens of a text. Two blanks in a row give an empty token between them, a
+    /// Passes the tokens of a text to take. Two blanks in a row give an empty token between them, a
     /// blank at either end one there; an empty text has none.
     template <class Take>
     void Split(std::string_view text, const Take& take) {
@@ -81,5 +83,12 @@ std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale);
 
 /// Inner: any single character of the text is a digit.
 bool ContainsNumber(const std::string& text, host::IHostLocale& locale);
+
+/// The text that a value sorts by: its own, or its conversion in the storage.
+inline const std::string& TextIn(const host::Variant& value, host::IHostLocale& locale,
+                                 std::string& storage) {
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    return storage = ToText(value, locale);
+}
 
 }  // namespace gazetteer

@@ -18,7 +18,7 @@ std::int32_t PageNumber(std::int64_t page) {
     throw failure;
 }
 
-// The linked key is tested first: a gazetteer in the linked section itself comes behind the series.
+// The linked key is tested first: a gazetteer in the linked section itself follows the series.
 bool IsSeriesFirst(const std::vector<std::string>& sections, const std::string& linked,
                    const std::string& own) {
     for (const std::string& section : sections) {

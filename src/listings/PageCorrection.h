@@ -8,8 +8,8 @@
 
 namespace gazetteer {
 
-/// Places the page of a linked listing in the numbering of the map book. Pages move only if the
-/// linked section stands before the gazetteer's own section.
+/// Converts the page of a linked listing to the numbering of the map book. Pages move only if the
+/// linked section comes before the gazetteer's own section.
 struct PageCorrection {
     std::int32_t pageBase = 1;
     std::int32_t seriesFirstPage = 0;
@@ -18,7 +18,7 @@ struct PageCorrection {
     std::int32_t Corrected(std::int32_t page) const;
 };
 
-/// Works the correction out from the map book. The frame becomes the series manager's frame.
+/// Computes the correction from the map book. Selects the frame in the series manager.
 PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects& siblings,
                                   const host::Ref<host::IHostMapFrame>& frame,
                                   host::IHostLocale& locale);

@@ -7,7 +7,6 @@
 
 #include "listings/NumberOrder.h"
 #include "listings/NumberTokens.h"
-#include "listings/SortTexts.h"
 
 namespace gazetteer {
 namespace {
@@ -29,7 +28,7 @@ std::uint64_t Prefix(const std::string& key) {
     return prefix;
 }
 
-// Hands every item its rank; items that are equal share one.
+// Passes every item and its rank to giveRank; equal items share a rank.
 template <class Items, class GiveRank>
 void Rank(Items& items, const GiveRank& giveRank) {
     std::sort(items.begin(), items.end());

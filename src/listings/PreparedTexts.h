@@ -12,7 +12,7 @@ namespace gazetteer {
 
 class NumberTokenizer;
 
-/// A token in integers. It compares as the NumberToken that it was made of.
+/// A NumberToken as integers that compare as the token does.
 struct RankedToken {
     /// Kind and rank: among all keys, or among all numbers for a token that is one. A token that
     /// contains a number but is none has its own number here.

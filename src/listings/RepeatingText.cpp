@@ -17,7 +17,7 @@ bool HoldsReference(const std::string& expression) {
     return false;
 }
 
-// A blank, not an empty text, which would have no height of its own in some hosts.
+// A blank, since some hosts give an empty text no height.
 void BlankTexts(const host::IHostGroupElement& cell) {
     for (std::int32_t i = 0; i < cell.Count(); ++i)
         if (const auto text = host::As<host::IHostTextElement>(cell.Item(i))) text->SetText(" ");

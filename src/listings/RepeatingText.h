@@ -9,8 +9,8 @@
 namespace gazetteer {
 
 /// Inner procedure: blanks the leftmost cells of a drawn row for as long as they repeat the row
-/// above it. Columns whose expression holds a page, row or column token are passed over. Answers
-/// the same element, changed in place; the cells keep background and place.
+/// above it. Columns whose expression has a page, row or column token are skipped. Returns the
+/// same element, changed in place; the cells keep background and position.
 host::Ref<host::IHostElement> ClearRepeatingText(host::IHost& host, const Settings& settings,
                                                  const WorkingResults& results,
                                                  const host::Ref<host::IHostElement>& rowGroup,

@@ -21,7 +21,7 @@ CVNGazetteerManager::CVNGazetteerManager(Ref<host::IHost> host) : host_(std::mov
     }
 }
 
-// For columns without a background: neither the area nor its outline shows.
+// For columns without a background: neither area nor outline is visible.
 void CVNGazetteerManager::MakeTransparentFill() {
     const auto transparent = [&] {
         auto color = host_->NewColor();
@@ -64,8 +64,8 @@ void CVNGazetteerManager::TakeResults() {
         PopulateIndexTable();
 }
 
-// After a failure: new empty sets, so that no page of an earlier element can come up in this one.
-// The page count stays.
+// After a failure: new empty sets, so that no page of an earlier element is drawn into this one.
+// The page count keeps its value.
 void CVNGazetteerManager::DiscardResults(std::int32_t earlierPages) {
     for (const auto set : {&WorkingResults::listings, &WorkingResults::pageGroups,
                            &WorkingResults::firstListings, &WorkingResults::lastListings})
@@ -98,7 +98,7 @@ void CVNGazetteerManager::KeepCheck(ElementCheck check) {
     check_.indexLayerTable = check.indexLayerTable;
 }
 
-// Stored results are used as they stand: nothing compares them with their source.
+// Stored results are used unchanged: they are not compared with their source.
 void CVNGazetteerManager::Reload() {
     working_ = {settings_.savedListings, settings_.pageGroups, settings_.pageFirstListings,
                 settings_.pageLastListings, settings_.pageGroups->Count()};
@@ -111,7 +111,7 @@ bool CVNGazetteerManager::IsGazetteerElement(const Ref<IHostGroupElement>& group
     return false;
 }
 
-// What a failed check leaves to be told in place of findings.
+// A failure of the check itself becomes its only finding.
 void CVNGazetteerManager::NoteFailure() {
     findings_ = {CurrentFailure().cause};
 }
@@ -130,7 +130,7 @@ void CVNGazetteerManager::SetIndexToPageNumber(std::int32_t pageNumber) try {
     constexpr char kSource[] = "CVNGazetteerManager.SetIndexToPageNumber";
     if (!indexElementSet_) Raise(kSource, "IndexElement has not been set.");
     if (!canDraw_) Raise(kSource, "IndexElement properties have not been set.");
-    // Pages count from 1: page 0 is refused before anything of the page on show is removed.
+    // Pages count from 1. Page 0 is refused before the page drawn last is removed.
     if (pageNumber <= 0 || pageNumber > working_.pageCount)
         Raise(kSource, "Page number out of range.");
     if (!DrawPage(*host_, settings_, working_, transparentFill_, indexElement_, pageNumber))

@@ -11,7 +11,7 @@
 
 namespace gazetteer {
 
-/// The manager of this component, and what it can tell beyond its default interface.
+/// The manager, with more to query than its default interface offers.
 class CVNGazetteerManager : public ICVNGazetteerManager {
 public:
     explicit CVNGazetteerManager(host::Ref<host::IHost> host);
@@ -34,11 +34,11 @@ public:
     std::string LastListing(std::int32_t pageNumber) override;
     host::Variant PageName(std::int32_t pageNumber) override;
 
-    /// For those who can show more than yes or no. None of these raises anything.
+    /// Details for hosts that show more than yes or no. None of these raises a failure.
     /// @{
     /// Why the element could not be drawn or bound, after the last CanDrawIndex or SetIndexElement.
     const Findings& LastFindings() const { return findings_; }
-    /// Whether the last binding ran the pipeline to its end, and what became of the records.
+    /// Whether the last binding ran the pipeline to its end, and the counts of its records.
     bool HasRun() const { return hasRun_; }
     const RunReport& LastRun() const { return report_; }
     /// The results in use. Sets are null before the first binding that could draw.
@@ -76,7 +76,7 @@ private:
     host::Ref<host::IHostPropertySet> properties_;
     /// Columns are the manager's own deep copy, so that all symbols of a run are its own.
     Settings settings_;
-    /// What the check opened, kept where its parts are valid.
+    /// What the last check opened, as far as it was valid.
     ElementCheck check_;
     bool canDraw_ = false;
     WorkingResults working_;

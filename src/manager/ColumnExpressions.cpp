@@ -8,7 +8,7 @@
 namespace gazetteer {
 namespace {
 
-// Why an expression is not valid, from an engine that can tell. No verdict depends on it.
+// Why an expression is not valid, from an engine that tells; it does not affect the verdict.
 std::string Explanation(host::CVNExpressionEngine& engine, const host::Ref<host::IHostTable>& table,
                         const std::string& expression) {
     auto* const explaining = dynamic_cast<host::IHostExpressionExplanation*>(&engine);

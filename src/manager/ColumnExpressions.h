@@ -28,8 +28,8 @@ bool JudgeColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale
                             const ExpressionColumns& columns, const ExpressionTables& tables,
                             Findings& findings);
 
-/// Inner procedure: the same for the columns of a gazetteer as it is stored, of which the link must
-/// be wanted by its own setting.
+/// Inner procedure: the same for the columns of a stored gazetteer. The index layer counts only if
+/// the gazetteer's own settings ask for the link.
 bool CheckColumnExpressions(host::CVNExpressionEngine& engine, host::IHostLocale& locale,
                             const host::IHostPropertySet& properties, ExpressionTables tables,
                             Findings& findings);

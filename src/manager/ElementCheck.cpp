@@ -34,7 +34,7 @@ void TakeFrame(const SiblingObjects& siblings, const std::string& name, ElementC
     }
 }
 
-// What an element stores about where its listings come from.
+// The stored source of an element's listings.
 struct StoredSource {
     StoredSource(const IHostPropertySet& properties, host::IHostLocale& locale)
         : linked(ToBoolean(properties.Item(keys::kLinkToMapSeries))),
@@ -87,7 +87,7 @@ void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& che
     }
 }
 
-// Whether the index table takes the columns by their names, and sorts by those that are to be.
+// Whether the index table accepts the column names and can sort by the sort columns.
 bool CheckColumnNames(const IHostPropertySet& properties, Findings& findings) {
     const auto order = SetUnder(properties, keys::kColumnSortOrder)->AllItems();
     const bool sorts = ToBoolean(properties.Item(keys::kSortColumns));

@@ -9,7 +9,7 @@
 
 namespace gazetteer {
 
-/// What the check of an element found on its way: its verdict, what it opened, and why not.
+/// The result of checking an element: the verdict, what was opened, and the reasons against.
 struct ElementCheck {
     bool canDraw = false;
     bool linkValid = false;
@@ -27,7 +27,7 @@ struct ElementCheck {
 
 /// Inner procedure: whether the gazetteer of an element can be drawn as it is stored: its listing
 /// database opens, its column expressions are valid, and, with a link, the link leads to a frame.
-/// The element's own settings are read afresh; nothing is changed but the series manager's frame.
+/// The element's settings are read anew. Changes nothing but the series manager's frame.
 ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& siblings,
                                     const host::Ref<host::IHostElement>& element);
 

@@ -13,7 +13,7 @@ namespace gazetteer {
 /// and the operation returns normally with an empty result. Expected order of calls:
 /// SetIndexElement, then queries and SetIndexToPageNumber in any order. IsGazetteerElement,
 /// CanDrawIndex and the three operations on properties work on their arguments and need no binding.
-/// Not for use by two threads; a run blocks its caller, with the status bar as its sign of life.
+/// Not thread-safe. A run blocks its caller and shows its progress in the status bar.
 struct ICVNGazetteerManager : virtual host::IHostObject {
     /// Reads and checks the element, then reloads its stored results, or runs the pipeline and
     /// stores them where there are none. Raises for an element without gazetteer properties.
@@ -23,7 +23,7 @@ struct ICVNGazetteerManager : virtual host::IHostObject {
     virtual bool CanDrawIndex(const host::Ref<host::IHostGroupElement>& indexElement) = 0;
     /// Draws a page, from 1 to PageCount, into the element.
     virtual void SetIndexToPageNumber(std::int32_t pageNumber) = 0;
-    /// Takes the rows of a drawn page away.
+    /// Removes the rows of a drawn page.
     virtual void DraftMode() = 0;
     /// A new property set of all defaults.
     virtual host::Ref<host::IHostPropertySet> MakeGazetteerProperties() = 0;
@@ -32,12 +32,12 @@ struct ICVNGazetteerManager : virtual host::IHostObject {
         const host::Ref<host::IHostPropertySet>& seriesProperties) = 0;
     virtual void RemoveGazetteerProperties(
         const host::Ref<host::IHostGroupElement>& groupElement) = 0;
-    /// Releases the bound objects. The page count counts again after the next binding.
+    /// Releases the bound objects. The page count is valid again after the next binding.
     virtual void Reset() = 0;
 
     /// The default page as it was at the binding. A value above 32767 is an overflow.
     virtual std::int16_t DefaultPage() = 0;
-    /// Stores the default page with the element; DefaultPage answers it after the next binding.
+    /// Stores the default page with the element; DefaultPage returns it after the next binding.
     virtual void SetDefaultPageNumber(std::int32_t pageNumber) = 0;
     /// Number of pages, a Long; empty after a failure.
     virtual host::Variant PageCount() = 0;

@@ -7,8 +7,8 @@
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
 
-/// The run: from the rows of the listing database to stored pages. Binding an element is its only
-/// caller; drawing a page never generates anything.
+/// The run, from the rows of the listing database to stored pages. Only binding an element starts
+/// it; drawing a page uses its results.
 namespace gazetteer {
 
 void CVNGazetteerManager::PopulateIndexTable() try {
@@ -41,8 +41,8 @@ void CVNGazetteerManager::PopulateIndexTable() try {
     PassOn("PopulateIndexTable", kManagerLabel);
 }
 
-// The set is hung on the element again by an instance of its own, as any other caller would. That
-// there are results is said last: a host that fails half-way leaves a set that runs anew.
+// A manager of its own stores the set on the element, as any other caller would. The flag that
+// there are results is stored last: after a failure half-way, the next binding runs again.
 void CVNGazetteerManager::StoreResults() {
     using host::IHostObject;
     using host::Ref;

@@ -5,7 +5,7 @@
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
-/// What a caller may ask of a bound manager without drawing anything.
+/// Queries of a bound manager.
 namespace gazetteer {
 namespace {
 
@@ -53,7 +53,7 @@ void CVNGazetteerManager::CheckPage(const char* operation, std::int32_t pageNumb
         Raise(Source(operation), "Page number out of range.");
 }
 
-// The stored text of a page, or the one told for a page beyond those stored.
+// The stored text of a page, or `beyond` for a page that is not stored.
 std::string CVNGazetteerManager::ListingOf(
     const char* operation, std::int32_t pageNumber,
     host::Ref<host::IHostPropertySet> WorkingResults::*listings, const char* beyond) {

@@ -7,9 +7,8 @@
 
 namespace gazetteer {
 
-/// Inner procedure: the map series frames with an index layer on a layout, in the order in which
-/// they stand there. The label is that of the unit whose copy of the procedure it is. Containers
-/// and groups are searched one level down.
+/// Inner procedure: the map series frames with an index layer on a layout, in layout order. The
+/// label names the calling unit in failures. Containers and groups are searched one level down.
 std::vector<host::Ref<host::IHostMapFrame>> GetMapSeriesFrames(
     host::MapSeriesManager& seriesManager, const host::Ref<host::IHostObject>& layout,
     const char* label = kManagerLabel);

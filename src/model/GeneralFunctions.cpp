@@ -23,8 +23,7 @@ Ref<IHostPropertySet> Container(const Ref<IHostElement>& element) {
     return custom ? ToObject<IHostPropertySet>(custom->CustomProperty()) : nullptr;
 }
 
-// The set under a key that may be missing. Item may fail for an absent name; nothing else of the
-// system reads a key that need not be there.
+// The set under a key that may be absent; any failure of Item counts as absent.
 Ref<IHostPropertySet> ProbeSet(const IHostPropertySet& set, const char* key) {
     try {
         return ToObject<IHostPropertySet>(set.Item(key));
@@ -38,13 +37,13 @@ bool Lists(const IHostPropertySet& set, const char* key) {
     return std::ranges::find(names, key) != names.end();
 }
 
-// A probe takes any failing read for an absent key. Before anything is put under the key, this
-// tells the two apart, so that what others keep there is not replaced.
+// The set under a key, or null where the key is not listed. Unlike ProbeSet it fails where a listed
+// key cannot be read, so that another component's value is not replaced.
 Ref<IHostPropertySet> ReadListed(const IHostPropertySet& set, const char* key) {
     return Lists(set, key) ? ToObject<IHostPropertySet>(set.Item(key)) : nullptr;
 }
 
-// "CorvaneProperties" of the element, with as much of the way to it made anew as is missing.
+// "CorvaneProperties" of the element; creates it and its container where they are missing.
 Ref<IHostPropertySet> EnsureMakerSet(host::IHostPropertySetFactory& host,
                                      const Ref<IHostElement>& element) {
     auto container = Container(element);

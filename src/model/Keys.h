@@ -8,8 +8,8 @@
 #include "model/ColumnProperties.h"
 #include "model/Settings.h"
 
-/// The two tables of keys: what a gazetteer and a column store, each key said once. Defaults,
-/// reading, rewriting, the command line and the property page all walk these tables.
+/// The two tables of keys that a gazetteer and a column store. Defaults, reading, rewriting, the
+/// command line and the property page all use these tables.
 namespace gazetteer {
 
 /// Types of stored values, as the writer stores them.
@@ -17,8 +17,8 @@ enum class ValueKind { Boolean, Integer, Long, Double, String, Set, TextSymbol, 
 
 /// Who changes the value under a key.
 enum class Writer {
-    User,  ///< An edit of the user's.
-    Run,   ///< A run, or the rules of an edit; never the user directly.
+    User,  ///< The user's edits.
+    Run,   ///< A run, or the rules of editing; never the user directly.
 };
 
 /// Where a gazetteer's value stands in Settings; the type fits the kind.
@@ -60,5 +60,14 @@ host::Variant ValueOf(const ColumnKey& key, const ColumnProperties& column);
 /// The entry of a name, compared exactly; null for an unknown one.
 const PropertyKey* FindPropertyKey(std::string_view name);
 const ColumnKey* FindColumnKey(std::string_view name);
+
+/// Largest magnitude of a length in inches, about five of the largest sheets. All decimal numbers
+/// that a user sets are lengths.
+inline constexpr double kLongest = 1000;
+
+/// False also for NaN.
+constexpr bool IsLength(double inches) {
+    return inches >= -kLongest && inches <= kLongest;
+}
 
 }  // namespace gazetteer

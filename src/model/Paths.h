@@ -2,15 +2,15 @@
 
 #include <string>
 
-#include "host/TableFactory.h"
+#include "host/Tables.h"
 
 namespace gazetteer {
 
-/// The last piece of a path that is split at backslashes; a path without one is answered whole.
+/// The part of a path after its last backslash; the whole path where it has none.
 std::string GetFileName(const std::string& path);
 
-/// The folder of a file, without a final backslash. Empty pieces at the front vanish, but for the
-/// two backslashes of a network path.
+/// The folder of a file, without a final backslash. Leading empty pieces are dropped, except for
+/// the two backslashes of a network path.
 std::string RemoveFileName(const std::string& path);
 
 /// Opens a dBase file by its path: its folder as a workspace, then the file as a table.

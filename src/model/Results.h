@@ -43,7 +43,7 @@ struct SiblingObjects {
     }
 };
 
-/// Tokens that travel inside stored texts and are resolved at layout or drawing time.
+/// Tokens in stored texts, replaced when the text is laid out or drawn.
 inline constexpr char kDotsToken[] = "$$DOTS";
 inline constexpr char kNewLineToken[] = "$$NEWLINE";
 inline constexpr char kLastCombineToken[] = "$$LASTCOMBINE";

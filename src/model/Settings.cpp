@@ -11,7 +11,7 @@ namespace {
 
 using SetField = host::Ref<host::IHostPropertySet> Settings::*;
 
-// Columns are taken as a copy, so that no stored symbol is ever written to.
+// Columns are copied, so that no stored symbol is modified.
 void ReadKey(const PropertyKey& key, const host::IHostPropertySet& properties, host::IHost& host,
              Settings& settings) {
     host::Variant value = properties.Item(key.name);

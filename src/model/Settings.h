@@ -16,9 +16,9 @@ inline constexpr char kNoSelection[] = "<None>";
 /// The schema version that is written.
 inline constexpr std::int32_t kSchemaVersion = 3;
 
-/// Everything that a gazetteer stores, typed. Fresh settings hold the defaults, but for options
-/// that a stored set may not tell of: those are off until they are read. Sets are shared with the
-/// property set they were read from, or null in fresh settings. Lengths are inches.
+/// Everything that a gazetteer stores, typed. New settings hold the defaults, except that options
+/// which older versions do not store are off until they are read. Sets are shared with the property
+/// set they were read from, and null in new settings. Lengths are inches.
 struct Settings {
     /// Listings are linked to a map series frame; the frame is found by section, template and name.
     bool linkToMapSeries = false;
@@ -78,16 +78,16 @@ enum class SettingsScope {
 };
 
 /// Reads a stored set into the settings, key by key in the order of the table, then the version and
-/// the keys that depend on it: keys younger than the stored version become false without being
-/// read; with an unknown version they keep what the settings held. The columns are a deep copy. A
-/// key that cannot be read fails and leaves those after it as they were.
+/// the keys that depend on it: keys newer than the stored version become false without being read;
+/// with an unknown version they keep their values in the settings. The columns are a deep copy.
+/// Fails at a key that cannot be read and leaves those after it unchanged.
 void ReadSettings(host::IHost& host, const host::IHostPropertySet& properties, Settings& settings,
                   SettingsScope scope = SettingsScope::All);
 
 /// Writes all keys in the order of the table.
 void WriteSettings(const Settings& settings, host::IHostPropertySet& properties);
 
-/// Gives every set that the settings hold null for a new empty one.
+/// Replaces every null set by a new empty one.
 void FillEmptySets(host::IHostPropertySetFactory& host, Settings& settings);
 
 /// Deep copy of a property set.
@@ -98,7 +98,7 @@ host::Ref<host::IHostPropertySet> CopySet(host::IHostPropertySetFactory& host,
 host::Ref<host::IHostPropertySet> SetUnder(const host::IHostPropertySet& set,
                                            const std::string& name);
 
-/// Names of a set in its order; at most so many.
+/// Names of a set in its order, at most this many.
 std::vector<std::string> NamesOf(const host::IHostPropertySet& set,
                                  std::size_t most = std::numeric_limits<std::size_t>::max());
 

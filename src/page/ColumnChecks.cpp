@@ -1,7 +1,7 @@
 // Expressions and widths of the columns: the editor, and the two checks.
 
 #include "manager/ColumnExpressions.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/KeyNames.h"
 #include "model/Paths.h"
 #include "page/ControlValues.h"

@@ -1,6 +1,6 @@
 // The listing database, the columns that it gets, and their two orders.
 
-#include "model/ColumnList.h"
+#include "model/EditRules.h"
 #include "model/Paths.h"
 #include "page/ControlValues.h"
 #include "page/DatabasePath.h"

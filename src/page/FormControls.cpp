@@ -6,7 +6,6 @@
 
 #include "host/Failure.h"
 #include "model/Keys.h"
-#include "model/Lengths.h"
 #include "page/ControlValues.h"
 #include "support/Conversions.h"
 #include "support/Text.h"

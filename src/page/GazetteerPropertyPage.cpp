@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "manager/CVNGazetteerManager.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/Conversions.h"

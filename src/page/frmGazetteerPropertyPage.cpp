@@ -4,7 +4,7 @@
 #include <QResource>
 #include <utility>
 
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/Paths.h"
 #include "model/Results.h"
 #include "page/ControlValues.h"

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "support/CategoryIDs.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
@@ -11,6 +10,18 @@ namespace {
 constexpr char kPropertyPageClass[] = "CVNGazetteer.GazetteerPropertyPage";
 
 }  // namespace
+
+CategoryIDs::CategoryIDs(host::Ref<host::IHost> host) : host_(std::move(host)) {}
+
+host::Ref<host::IHostIdentifier> CategoryIDs::MakeUID(const std::string& text) {
+    auto identifier = host_->NewIdentifier();
+    identifier->SetValue(text);
+    return identifier;
+}
+
+host::Ref<host::IHostIdentifier> CategoryIDs::ElementPropertyPages() {
+    return MakeUID(host::kElementPropertyPages);
+}
 
 CategoryInstall::CategoryInstall(host::Ref<host::IHost> host, std::string folder,
                                  std::string baseName)

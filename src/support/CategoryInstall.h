@@ -8,17 +8,17 @@
 namespace gazetteer {
 
 /// Enters the property page under the host's category of element property pages, or takes it out.
-/// It may run without a user, so that it shows no dialog and lets no failure out.
+/// It may run unattended: it shows no dialog and does not throw.
 struct ICategoryInstall : virtual host::IHostObject {
-    /// The description of the last Install's failure; empty after one that succeeded.
+    /// The description of the last Install's failure; empty after success.
     virtual std::string ErrorMessage() const = 0;
-    /// 0, or the number of the failure. The options are of no effect.
+    /// Returns 0, or the number of the failure. The options have no effect.
     virtual std::int32_t Install(bool install, const std::string& customOptions = {}) = 0;
 };
 
 class CategoryInstall : public ICategoryInstall {
 public:
-    /// With the folder of the component's own file and its name without the ending.
+    /// Takes the folder of the component's own file and its name without the extension.
     CategoryInstall(host::Ref<host::IHost> host, std::string folder, std::string baseName);
 
     std::string ErrorMessage() const override { return errorMessage_; }
@@ -31,6 +31,25 @@ private:
     std::string folder_;
     std::string baseName_;
     std::string errorMessage_;
+};
+
+/// The host's component categories, as identifiers.
+struct ICategoryIDs : virtual host::IHostObject {
+    /// A new identifier with a text as its value.
+    virtual host::Ref<host::IHostIdentifier> MakeUID(const std::string& text) = 0;
+    /// The category of the property pages of elements.
+    virtual host::Ref<host::IHostIdentifier> ElementPropertyPages() = 0;
+};
+
+class CategoryIDs : public ICategoryIDs {
+public:
+    explicit CategoryIDs(host::Ref<host::IHost> host);
+
+    host::Ref<host::IHostIdentifier> MakeUID(const std::string& text) override;
+    host::Ref<host::IHostIdentifier> ElementPropertyPages() override;
+
+private:
+    host::Ref<host::IHost> host_;
 };
 
 }  // namespace gazetteer

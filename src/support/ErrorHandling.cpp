@@ -11,7 +11,7 @@ std::string ErrorBlock(const host::Failure& failure) {
            failure.description + "\r\n\r\n";
 }
 
-// The line is that of the raise, so it belongs to the first exit that the error meets.
+// The line number is that of the raise, so only the first exit reports it.
 std::string TakeLocation(const char* procedure, const char* label, host::Failure& failure) {
     return std::string(procedure) + ' ' + label + ' ' +
            FormatErrorLine(std::exchange(failure.line, 0));
@@ -61,14 +61,14 @@ void ShowAtTop(host::IHostDialogs& dialogs, const char* procedure, const char* l
         const std::string where = TakeLocation(procedure, label, failure);
         ReportError(&dialogs, true, where, std::move(failure));
     } catch (...) {
-        // A dialog that fails has nowhere left to report to.
+        // There is no way to report that the error dialog failed.
     }
 }
 
 void ReportError(host::IHostDialogs* dialogs, bool isTop, const std::string& where,
                  host::Failure failure) {
-    // The mark travels with the error, so that an error which somebody swallowed on the way cannot
-    // rob the next one of its block.
+    // The flag is part of the failure, so that a swallowed failure leaves no state behind for the
+    // next one.
     if (!std::exchange(failure.errorBlockAdded, true)) failure.description = ErrorBlock(failure);
     if (isTop) {
         ShowErrorDialog(*dialogs, where, failure);

@@ -12,7 +12,7 @@
 /// procedure return normally (ShowAtTop), so that no failure reaches the host.
 namespace gazetteer {
 
-/// The number of every error that the system raises itself, outside symbol drawing.
+/// The number of every error that this component raises itself, except in symbol drawing.
 inline constexpr auto kOwnError = static_cast<std::int32_t>(0x80040201U);
 
 /// Location labels of the code units.
@@ -23,7 +23,7 @@ inline constexpr char kFormLabel[] = "CVNGazetteer:frmGazetteerPropertyPage";
 inline constexpr char kPropertyPageLabel[] = "CVNGazetteer:GazetteerPropertyPage";
 inline constexpr char kDrawSymbolLabel[] = "CVNGazetteer:basDrawSymbol";
 
-/// Raises an error of the system's own, with the line of the caller on record.
+/// Raises an error of this component's own and records the caller's source line.
 [[noreturn]] void Raise(const std::string& source, const std::string& description,
                         std::source_location where = std::source_location::current());
 /// The same with a number of the unit's own.
@@ -39,15 +39,15 @@ inline constexpr char kDrawSymbolLabel[] = "CVNGazetteer:basDrawSymbol";
 /// block.
 void ShowAtTop(host::IHostDialogs& dialogs, const char* procedure, const char* label) noexcept;
 
-/// The exception in flight as a failure; those of the language get a failure code of the host's.
+/// The exception in flight as a failure; standard exceptions get one of the host's failure codes.
 host::Failure CurrentFailure();
 
 /// "Line : 120", or the empty string for line 0.
 std::string FormatErrorLine(std::int32_t line);
 
-/// The common end of both exits. Puts the error's number and text into a block if the description
-/// holds none yet, then shows the dialog (isTop) or raises again with one more stack line. Returns
-/// only when isTop is true.
+/// Common to both exits. Puts the error's number and text into a block if the description has none
+/// yet, then shows the dialog (isTop) or raises again with one more stack line. Returns only if
+/// isTop is true.
 void ReportError(host::IHostDialogs* dialogs, bool isTop, const std::string& where,
                  host::Failure failure);
 

@@ -8,7 +8,7 @@
 
 namespace gazetteer {
 
-/// Pane 0 of the running host's status bar, the one sign of life of a long run.
+/// Pane 0 of the host's status bar, which shows the progress of a long run.
 class Status {
 public:
     explicit Status(host::IHostServices& host) : bar_(host.NewApplication()->StatusBar()) {}
@@ -21,7 +21,7 @@ public:
 
 private:
     host::Ref<host::IHostStatusBar> bar_;
-    std::string text_;  ///< Kept for its storage: a run shows a text at every cell.
+    std::string text_;  ///< Reuses its storage: a run shows a text for every cell.
 };
 
 }  // namespace gazetteer

@@ -17,7 +17,7 @@ bool Clear(host::IHostDevices& devices, host::DeviceContext device, std::uint32_
            const host::PixelRectangle& rectangle) {
     host::Brush brush = 0;
     bool cleared = false;
-    // What fails here ends here: the caller has a sentence of its own for it.
+    // The failure is dropped here: the caller raises an error of its own.
     try {
         brush = devices.CreateSolidBrush(color);
         if (brush == 0) Raise(kNoBrush, "basDrawSymbol.Clear", "Could not create GDI Brush.");
@@ -33,7 +33,7 @@ bool Clear(host::IHostDevices& devices, host::DeviceContext device, std::uint32_
     return cleared;
 }
 
-// Draws, and frees the device also where the drawing fails.
+// Draws, and releases the device also if drawing throws.
 void Draw(host::IHostSymbol& symbol, host::DeviceContext device,
           const host::Ref<host::IHostDisplayTransformation>& transformation,
           const host::Ref<host::IHostGeometry>& geometry) {

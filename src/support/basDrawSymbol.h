@@ -4,8 +4,8 @@
 
 #include "host/Host.h"
 
-/// Paints a symbol into a plain device context, for the previews of the property page. There is no
-/// display behind a preview, so that background, transformation and geometry are made here.
+/// Draws a symbol into a device context, for the previews of the property page. A preview has no
+/// display, so this makes background, transformation and geometry itself.
 /// Lengths are whole pixels of the device; the map space is that of the pixels, Y growing upward.
 namespace gazetteer {
 

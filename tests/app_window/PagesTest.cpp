@@ -3,7 +3,7 @@
 #include <QWheelEvent>
 
 #include "app_window/WindowStory.h"
-#include "host/Commands.h"
+#include "host/Application.h"
 
 namespace {
 

@@ -2,8 +2,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "model/ColumnList.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
 #include "support/Assignments.h"
 #include "support/TestDesk.h"

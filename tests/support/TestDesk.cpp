@@ -1,7 +1,6 @@
 #include "support/TestDesk.h"
 
-#include "model/ColumnList.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
 #include "support/DbfBuilder.h"
 

@@ -7,7 +7,7 @@
 #include "app/document/SettingsEdit.h"
 #include "app/document/Sheets.h"
 #include "listings/IndexTable.h"
-#include "model/ColumnList.h"
+#include "model/EditRules.h"
 
 /// The commands that make and change documents.
 namespace app {

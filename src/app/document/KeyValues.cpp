@@ -6,7 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "model/DefaultSymbols.h"
-#include "model/Lengths.h"
+#include "model/Keys.h"
 #include "support/Text.h"
 
 namespace app {

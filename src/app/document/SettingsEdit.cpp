@@ -6,8 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
-#include "model/ColumnList.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/KeyNames.h"
 #include "model/Keys.h"
 #include "support/Text.h"

@@ -3,10 +3,10 @@
 #include <memory>
 #include <utility>
 
-#include "host/ElementFactory.h"
-#include "host/GeometryFactory.h"
-#include "host/PropertySetFactory.h"
-#include "host/SymbolFactory.h"
+#include "host/Elements.h"
+#include "host/Geometry.h"
+#include "host/PropertySet.h"
+#include "host/Symbols.h"
 
 namespace desk {
 

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "host/Application.h"
-#include "host/Commands.h"
 
 namespace desk {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/TableFactory.h"
+#include "host/Tables.h"
 
 namespace desk {
 

@@ -1,4 +1,4 @@
-#include "layout/LayoutContext.h"
+#include "layout/LayoutPass.h"
 
 #include <algorithm>
 
@@ -16,10 +16,9 @@ const std::string& LayoutColumn::Cell(const std::string& rowKey, host::IHostLoca
     return cell.text;
 }
 
-LayoutContext::LayoutContext(host::IHost& host, const Settings& settings,
-                             const WorkingResults& results,
-                             host::Ref<host::IHostFillSymbol> transparentFill,
-                             host::Ref<host::IHostDisplay> display, RowSource::Use rows)
+LayoutPass::LayoutPass(host::IHost& host, const Settings& settings, const WorkingResults& results,
+                       host::Ref<host::IHostFillSymbol> transparentFill,
+                       host::Ref<host::IHostDisplay> display, RowSource::Use rows)
     : host_(host),
       settings_(settings),
       results_(results),
@@ -36,18 +35,25 @@ LayoutContext::LayoutContext(host::IHost& host, const Settings& settings,
     }
 }
 
-const host::IHostEnvelope& LayoutContext::Measure(host::IHostElement& element) try {
+const host::IHostEnvelope& LayoutPass::GetElementBounds(host::IHostElement& element) try {
     element.MeasureBounds(display_, bounds_);
     return *bounds_;
 } catch (...) {
     PassOn("GetElementWidth", kManagerLabel);
 }
 
-bool LayoutContext::HasTitle() const {
+double LayoutPass::GetElementHeight(host::IHostElement& element) try {
+    element.MeasureBounds(display_, bounds_);
+    return bounds_->Height();
+} catch (...) {
+    PassOn("GetElementHeight", kManagerLabel);
+}
+
+bool LayoutPass::HasTitle() const {
     return std::ranges::any_of(columns_, [](const auto& c) { return c.properties.showTitle; });
 }
 
-bool LayoutContext::HasBreak() const {
+bool LayoutPass::HasBreak() const {
     return std::ranges::any_of(columns_, [](const auto& c) { return c.properties.breakColumn; });
 }
 

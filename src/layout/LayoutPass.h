@@ -27,7 +27,7 @@ public:
     ColumnProperties properties;
     host::Ref<host::IHostPropertySet> listings;  ///< Row key to cell text.
 
-    /// Text of a row's cell, until the next but one is asked for. Fails for a row without one.
+    /// Text of a row's cell; valid until two more rows are read. Fails for a row without one.
     const std::string& Cell(const std::string& rowKey, host::IHostLocale& locale);
 
 private:
@@ -41,14 +41,13 @@ private:
     std::size_t oldest_ = 0;
 };
 
-/// What one pass of layout works with: the display, the columns in display order, and the text
-/// fitter. Made anew for each pass, numbering or drawing, since settings and frame may have
-/// changed.
-class LayoutContext {
+/// State of one pass of layout, numbering or drawing: the display, the columns in display order,
+/// and the text fitter. Each pass makes its own, since settings and frame may have changed.
+class LayoutPass {
 public:
-    LayoutContext(host::IHost& host, const Settings& settings, const WorkingResults& results,
-                  host::Ref<host::IHostFillSymbol> transparentFill,
-                  host::Ref<host::IHostDisplay> display, RowSource::Use rows);
+    LayoutPass(host::IHost& host, const Settings& settings, const WorkingResults& results,
+               host::Ref<host::IHostFillSymbol> transparentFill,
+               host::Ref<host::IHostDisplay> display, RowSource::Use rows);
 
     host::IHost& Host() { return host_; }
     const Settings& GetSettings() const { return settings_; }
@@ -56,11 +55,15 @@ public:
     const host::Ref<host::IHostDisplay>& Display() const { return display_; }
     TextFit& Text() { return text_; }
     RowSource& Rows() { return rows_; }
-    /// A point to place cells with, of nobody's.
+    /// Scratch point to place cells with; the elements copy it.
     host::IHostPoint& Pen() { return *pen_; }
-    /// Width and height in one question, until the next one. Its failures are those of
-    /// GetElementWidth.
-    const host::IHostEnvelope& Measure(host::IHostElement& element);
+    /// Inner procedures: an element's bounds in inches, or their width or height alone; of a group,
+    /// the bounds of all its members. The next call overwrites the envelope.
+    const host::IHostEnvelope& GetElementBounds(host::IHostElement& element);
+    double GetElementWidth(host::IHostElement& element) {
+        return GetElementBounds(element).Width();
+    }
+    double GetElementHeight(host::IHostElement& element);
     std::vector<LayoutColumn>& Columns() { return columns_; }
     const host::Ref<host::IHostFillSymbol>& TransparentFill() const { return transparentFill_; }
 

@@ -6,9 +6,10 @@
 #include "model/ColumnProperties.h"
 #include "model/Settings.h"
 
-/// The rules of the column list: the default columns of a listing database, names, adding and
-/// removing, and the two orders. The property page and the command line both call these. The four
-/// sets of the settings always hold the same names.
+/// The rules of editing a gazetteer's settings, which the property page and the command line share:
+/// the default columns of a listing database, column names, adding, removing and ordering columns,
+/// and what is stored after every edit. The four column sets of the settings always hold the same
+/// names.
 namespace gazetteer {
 
 /// Longest column name, in characters.
@@ -26,7 +27,8 @@ host::MessageBoxRequest RemoveColumnQuestion();
 /// field, and "Page". False for a table without "Page", whose lists stay empty; the user is told.
 bool DefineColumns(host::IHost& host, const host::IHostFields& fields, Settings& settings);
 
-/// A typed name made fit: outer blanks off, inner ones to "_", cut to its first 8 characters.
+/// Makes a column name of a typed one: strips outer blanks, replaces inner ones by "_", and keeps
+/// the first 8 characters.
 std::string CleanColumnName(host::IHostLocale& locale, const std::string& answer);
 
 /// The stored form of a name, compared without regard to case; empty where no column has it.
@@ -38,10 +40,10 @@ std::string FindColumn(host::IHostLocale& locale, const Settings& settings,
 void AddColumn(host::IHost& host, Settings& settings, const std::string& name,
                const ColumnProperties* current);
 
-/// Whether the column may go. Tells the user why where it may not.
+/// Whether the column may be removed; shows the user why not.
 bool MayRemoveColumn(host::IHost& host, const Settings& settings, const std::string& name);
 
-/// Takes the column out of all four sets.
+/// Removes the column from all four sets.
 void RemoveColumn(Settings& settings, const std::string& name);
 
 /// A new set with the names and values of the old one in another order. Every name of the old set
@@ -49,5 +51,15 @@ void RemoveColumn(Settings& settings, const std::string& name);
 host::Ref<host::IHostPropertySet> Reordered(host::IHostPropertySetFactory& host,
                                             const host::IHostPropertySet& old,
                                             const std::vector<std::string>& order);
+
+/// Rewrites all keys of the stored set from the settings. Every edit clears the stored results and
+/// sets the present version. The columns are stored as a deep copy, so that later changes to the
+/// settings do not reach the stored set.
+void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
+               host::IHostPropertySet& properties);
+
+/// One column group must fit the frame: the sum of the column widths, in inches and in the order of
+/// definition, is at most the frame's width.
+bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth);
 
 }  // namespace gazetteer
