@@ -158,7 +158,7 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
 }
 
 const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script) {
-    const std::size_t place = font.number * kPlainClassCount + static_cast<std::size_t>(script);
+    const std::size_t place = font.number * kPlainClassEnd + static_cast<std::size_t>(script);
     if (hands_.size() <= place) hands_.resize(place + 1);
     if (!hands_[place].font) {
         hands_[place] = {font.shaping, font.number, script, WritingOf(script)};

@@ -66,7 +66,7 @@ private:
     static constexpr std::size_t kLongestRun = 256;  ///< Bytes; longer ones seldom come again.
 
     static std::size_t HashOf(const Key& key) {
-        const auto kind = key.font * kPlainClassCount + static_cast<std::size_t>(key.script);
+        const auto kind = key.font * kPlainClassEnd + static_cast<std::size_t>(key.script);
         return std::hash<std::string_view>{}(key.text) + kind * std::size_t{0x9E3779B97F4A7C15U};
     }
 
