@@ -177,7 +177,7 @@ std::size_t LineBreaker::WideningRunEnd(std::size_t index) const {
     if (hasMarkup_) return index;
     const auto rest = std::span(characters_).subspan(index);
     const auto line = std::span(result_).subspan(lineStart_);
-    const bool begins = line.empty() && IsLetterOfOneScript(rest[0]);
+    const bool begins = IsLetterOfOneScript(rest[0]) && std::ranges::all_of(line, IsPlainSign);
     const auto only = begins || LineOnlyGrows() ? OnlyWidens : IsPlainSign;
     if (only == IsPlainSign && !std::ranges::all_of(line, only)) return index;
     const auto end = std::ranges::find_if_not(rest, only);

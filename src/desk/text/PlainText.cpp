@@ -7,8 +7,6 @@
 namespace desk {
 namespace {
 
-constexpr char32_t kAsciiLimit = 0x80;
-
 PlainClass ClassOf(char32_t character) {
     switch (g_unichar_get_script(character)) {
         case G_UNICODE_SCRIPT_LATIN:
@@ -70,11 +68,7 @@ PlainClass PlainScript(std::string_view text, const PlainClasses& classes) {
     auto any = static_cast<unsigned>(PlainClass::Common);
     unsigned all = any;
     for (std::size_t place = 0; place < text.size();) {
-        char32_t character = static_cast<unsigned char>(text[place]);
-        if (character < kAsciiLimit)
-            ++place;
-        else
-            character = NextCodePoint(text, place);
+        const char32_t character = NextCodePoint(text, place);
         if (character >= kPlainTextLimit) return PlainClass::None;
         const auto bits = static_cast<unsigned>(classes[character]);
         any |= bits;
