@@ -21,8 +21,11 @@ LineBreaker::LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double
     : locale_(locale), measure_(measure), width_(width), hasMarkup_(hasMarkup) {}
 
 std::string LineBreaker::Wrap(const std::string& text, double textWidth) {
+    const auto lengths = locale_.Characters(text);
+    characters_.reserve(lengths.size());
+    result_.reserve(2 * lengths.size());
     std::size_t at = 0;
-    for (const std::size_t length : locale_.Characters(text)) {
+    for (const std::size_t length : lengths) {
         characters_.push_back(std::string_view(text).substr(at, length));
         at += length;
     }

@@ -82,7 +82,7 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
     if (const auto width = last ? last->Width(font.number, cut, dots) : std::nullopt) return width;
     const PlainClass script = PlainScript(cut, font.plain);
     if (script == PlainClass::None) return std::nullopt;
-    const Hand& hand = HandOf(font, script);
+    const Hand& hand = HandOf(font, script, cut);
     auto [start, pen] = last ? last->Skip(font.number, script, cut) : LastLine::Place{};
     const auto take = [&](const ShapedRun& run, std::size_t further) {
         visit(run, pen, further);
@@ -157,34 +157,39 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
     return place;
 }
 
-const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script) {
+const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script,
+                                               std::string_view line) {
     const std::size_t place = font.number * kPlainClassEnd + static_cast<std::size_t>(script);
     if (hands_.size() <= place) hands_.resize(place + 1);
-    if (!hands_[place].font) {
-        hands_[place] = {font.shaping, font.number, script, WritingOf(script)};
-        Learn(font, hands_[place]);
+    Hand& hand = hands_[place];
+    if (!hand.font) {
+        hand = {font.shaping, font.number, script, WritingOf(script)};
+        TryLeader(hand);
     }
-    return hands_[place];
+    if (!hand.blanksTried && EndOfWord(line, 0) < line.size()) TryBlanks(font, hand);
+    return hand;
 }
 
-/// Tries both cuts.
-void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
-    const auto shape = [&](std::string_view text) {
-        return shaper_.Shape(hand.font, hand.writing, text, text.size());
-    };
+void DirectShaper::TryLeader(Hand& hand) {
     GlyphStore leader;
-    AddGlyphs(shape(kLeader).glyphs, 0, leader);
+    AddGlyphs(shaper_.Shape(hand.font, hand.writing, kLeader, kLeader.size()).glyphs, 0, leader);
     hand.cutsLeaders = leader.End().glyphs == 2;
-    const ShapedRun blank = shape(" ");
+}
+
+/// Sets a line cut into words and as a whole.
+void DirectShaper::TryBlanks(const ResolvedFont& font, Hand& hand) {
+    hand.blanksTried = true;
+    const ShapedRun blank = shaper_.Shape(hand.font, hand.writing, " ", 1);
     hand.blankWidth = blank.width;
     hand.blankGlyph = blank.glyphs[0];
     if (BlankMayJoin(hand.font, hand.writing)) return;
     const std::string line = BlankTrial(font.plain, hand.script);
     hand.cutsAtBlanks = true;
-    hand.cutsAtBlanks = Width(font, line) == shape(line).width;
-    if (hand.cutsAtBlanks) return;
-    memory_.Clear();  // Of words cut at blanks.
-    last_ = {};
+    RunMemory words;
+    DirectShaper trial(words);
+    trial.hands_ = hands_;
+    hand.cutsAtBlanks =
+        trial.Width(font, line) == shaper_.Shape(hand.font, hand.writing, line, line.size()).width;
 }
 
 }  // namespace desk

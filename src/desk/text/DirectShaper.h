@@ -32,8 +32,9 @@ private:
         std::uint32_t fontNumber = 0;
         PlainClass script = PlainClass::None;
         Writing writing;
-        bool cutsAtBlanks = false;
         bool cutsLeaders = false;
+        bool blanksTried = false;  ///< As soon as a line has any, since the trial is a long line.
+        bool cutsAtBlanks = false;
         GlyphUnits blankWidth = 0;
         RunGlyph blankGlyph{};
 
@@ -72,8 +73,9 @@ private:
         int dotStep_ = 0;
     };
 
-    const Hand& HandOf(const ResolvedFont& font, PlainClass script);
-    void Learn(const ResolvedFont& font, Hand& hand);
+    const Hand& HandOf(const ResolvedFont& font, PlainClass script, std::string_view line);
+    void TryLeader(Hand& hand);
+    void TryBlanks(const ResolvedFont& font, Hand& hand);
     const ShapedRun& FindInLine(const Hand& hand, std::string_view line, std::size_t start,
                                 std::size_t end);
     const ShapedRun* FindAlone(const Hand& hand, std::string_view line, std::size_t start,
