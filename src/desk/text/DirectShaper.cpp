@@ -115,8 +115,11 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
 const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
                                           std::size_t start, std::size_t end) {
     const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
-    return memory_.Find({hand.fontNumber, hand.script, text},
-                        [&] { return shaper_.Shape(hand.font, hand.writing, text, end - start); });
+    return memory_.Find({hand.fontNumber, hand.script, text}, [&] {
+        ShapedRun run = shaper_.Shape(hand.font, hand.writing, text, end - start);
+        run.standsAlone = false;  // It was not set between blanks.
+        return run;
+    });
 }
 
 /// The run of the word in a piece of a line without the blanks before it, if it is the same with
