@@ -48,6 +48,7 @@ std::string Filled(TextMeasure& measure, double width, const Build& with) {
     return with(*dots);
 }
 
+// In one string, which takes the dots that are tried and gives them up again.
 std::string FilledBehind(TextMeasure& measure, double width, std::string line) {
     const std::size_t end = line.size();
     return Filled(measure, width, [&](std::size_t dots) -> const std::string& {
