@@ -21,8 +21,11 @@ LineBreaker::LineBreaker(host::IHostLocale& locale, TextMeasure& measure, double
     : locale_(locale), measure_(measure), width_(width), hasMarkup_(hasMarkup) {}
 
 std::string LineBreaker::Wrap(const std::string& text, double textWidth) {
+    const auto lengths = locale_.Characters(text);
+    characters_.reserve(lengths.size());
+    result_.reserve(2 * lengths.size());
     std::size_t at = 0;
-    for (const std::size_t length : locale_.Characters(text)) {
+    for (const std::size_t length : lengths) {
         characters_.push_back(std::string_view(text).substr(at, length));
         at += length;
     }
@@ -177,7 +180,7 @@ std::size_t LineBreaker::WideningRunEnd(std::size_t index) const {
     if (hasMarkup_) return index;
     const auto rest = std::span(characters_).subspan(index);
     const auto line = std::span(result_).subspan(lineStart_);
-    const bool begins = line.empty() && IsLetterOfOneScript(rest[0]);
+    const bool begins = IsLetterOfOneScript(rest[0]) && std::ranges::all_of(line, IsPlainSign);
     const auto only = begins || LineOnlyGrows() ? OnlyWidens : IsPlainSign;
     if (only == IsPlainSign && !std::ranges::all_of(line, only)) return index;
     const auto end = std::ranges::find_if_not(rest, only);

@@ -1,6 +1,7 @@
 #include "layout/RowTree.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace gazetteer {
 namespace {
@@ -61,7 +62,8 @@ std::vector<host::Ref<host::IHostElement>> MembersTagged(
 
 void RemoveMembers(host::IHostGroupElement& group,
                    const std::vector<host::Ref<host::IHostElement>>& members) {
-    for (const auto& member : members) group.Remove(member);
+    // From the end, so that few others have to move up.
+    for (const auto& member : std::views::reverse(members)) group.Remove(member);
 }
 
 }  // namespace gazetteer

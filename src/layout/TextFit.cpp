@@ -42,11 +42,19 @@ Leaders TakeLeaders(std::string& text) {
 // The text that takes dots, with the most of them with which it is no wider than the column.
 template <class Build>
 std::string Filled(TextMeasure& measure, double width, const Build& with) {
-    const auto dots =
-        DotsThatFit([&](std::size_t count) { return measure.Width(with(std::string(count, '.'))); },
-                    measure.DotWidth(), width);
+    const auto dots = DotsThatFit([&](std::size_t count) { return measure.Width(with(count)); },
+                                  measure.DotWidth(), width);
     if (!dots) RaiseUnfilled(measure);
-    return with(std::string(*dots, '.'));
+    return with(*dots);
+}
+
+// In one string, which takes the dots that are tried and gives them up again.
+std::string FilledBehind(TextMeasure& measure, double width, std::string line) {
+    const std::size_t end = line.size();
+    return Filled(measure, width, [&](std::size_t dots) -> const std::string& {
+        line.resize(end + dots, '.');
+        return line;
+    });
 }
 
 }  // namespace
@@ -79,14 +87,16 @@ std::string TextFit::SplitText(std::string& text, double width,
         result = LineBreaker(host_.Locale(), measure, width, hasMarkup).Wrap(text, textWidth);
         if (leaders.atEnd && measure.Width(result) <= width) {
             const auto lineStart = hasMarkup ? 0 : result.rfind('\n') + 1;  // 0 without any.
-            const std::string line = result.substr(lineStart);
+            std::string line = result.substr(lineStart);
             result.resize(lineStart);
-            result += Filled(measure, width, [&](const auto& dots) { return line + dots; });
+            result += FilledBehind(measure, width, std::move(line));
         }
     } else if (leaders.any && textWidth < width) {
-        result = Filled(measure, width, [&](const auto& dots) {
-            return leaders.isOne ? text + dots : ReplaceAll(leaders.withDots, kDotsToken, dots);
-        });
+        result = leaders.isOne
+                     ? FilledBehind(measure, width, std::move(result))
+                     : Filled(measure, width, [&](std::size_t dots) {
+                           return ReplaceAll(leaders.withDots, kDotsToken, std::string(dots, '.'));
+                       });
     }
     return WithoutLastLineEnd(std::move(result));
 } catch (...) {
@@ -99,6 +109,7 @@ std::string TextFit::Plain(const std::string& text) const {
 
 // A blank that overflowed at the very end of the text has left a line end behind.
 std::string TextFit::WithoutLastLineEnd(std::string text) {
+    if (text.find('\n') == std::string::npos) return text;
     const auto lineEnd = text.rfind("\r\n");
     if (lineEnd == std::string::npos) return text;
     const std::string plain = Plain(text);

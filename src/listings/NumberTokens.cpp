@@ -38,7 +38,7 @@ const NumberToken* NumberTokenizer::AddToken(const std::string& text, Words& wor
     }
     token.key = locale_.CollationKey(text);
     token.number = static_cast<std::uint32_t>(tokens_.size());
-    return words.emplace(text, &tokens_.emplace_back(std::move(token))).first->second;
+    return tokens_.emplace_back(&words.emplace(text, std::move(token)).first->second);
 }
 
 std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale) try {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -44,7 +43,7 @@ public:
     }
 
     /// All tokens so far, pieces included, by their numbers.
-    const std::deque<NumberToken>& All() const { return tokens_; }
+    const NumberTokens& All() const { return tokens_; }
 
 private:
     struct Hash {
@@ -53,7 +52,7 @@ private:
             return std::hash<std::string_view>()(text);
         }
     };
-    using Words = std::unordered_map<std::string, const NumberToken*, Hash, std::equal_to<>>;
+    using Words = std::unordered_map<std::string, NumberToken, Hash, std::equal_to<>>;
 
     template <class Take>
     void Split(std::string_view text, Words& words, const Take& take) {
@@ -67,7 +66,7 @@ private:
     }
     const NumberToken* Token(std::string_view text, Words& words) {
         const auto known = words.find(text);
-        return known != words.end() ? known->second : AddToken(std::string(text), words);
+        return known != words.end() ? &known->second : AddToken(std::string(text), words);
     }
     const NumberToken* AddToken(const std::string& text, Words& words);
 
@@ -75,7 +74,7 @@ private:
     std::unordered_map<std::string, NumberTokens> texts_;
     Words words_;
     Words pieces_;
-    std::deque<NumberToken> tokens_;
+    NumberTokens tokens_;
 };
 
 /// Inner: one blank at every change between digits and other characters: "A12B" becomes "A 12 B".

@@ -56,7 +56,7 @@ struct RankedValue {
 void RankKeys(const NumberTokenizer& tokenizer, std::vector<RankedToken>& ranked) {
     std::vector<RankedKey> keys;
     keys.reserve(ranked.size());
-    for (const NumberToken& token : tokenizer.All()) keys.push_back({Prefix(token.key), &token});
+    for (const NumberToken* token : tokenizer.All()) keys.push_back({Prefix(token->key), token});
     Rank(keys, [&](const RankedKey& key, std::uint32_t rank) {
         ranked[key.token->number].keyRank = rank;
     });
@@ -64,8 +64,8 @@ void RankKeys(const NumberTokenizer& tokenizer, std::vector<RankedToken>& ranked
 
 void RankValues(const NumberTokenizer& tokenizer, std::vector<RankedToken>& ranked) {
     std::vector<RankedValue> values;
-    for (const NumberToken& token : tokenizer.All())
-        if (token.numeric) values.push_back({token.value, token.number});
+    for (const NumberToken* token : tokenizer.All())
+        if (token->numeric) values.push_back({token->value, token->number});
     Rank(values, [&](const RankedValue& value, std::uint32_t rank) {
         ranked[value.token].digit = kNumber | rank;
     });
@@ -95,12 +95,13 @@ host::Ref<PreparedTexts> PreparedTexts::Make(const host::SortValues& values,
 void PreparedTexts::TakeTokens(const NumberTokenizer& tokenizer) {
     tokens_.resize(tokenizer.All().size());
     RankKeys(tokenizer, tokens_);
-    for (const NumberToken& token : tokenizer.All()) {
-        RankedToken& ranked = tokens_[token.number];
+    for (const NumberToken* token : tokenizer.All()) {
+        RankedToken& ranked = tokens_[token->number];
         ranked.firstPiece = static_cast<std::uint32_t>(pieces_.size());
-        ranked.pieceCount = static_cast<std::uint32_t>(token.separated.size());
-        for (const NumberToken* piece : token.separated) pieces_.push_back(piece->number);
-        ranked.digit = token.separated.empty() ? kLetters | ranked.keyRank : kMixed | token.number;
+        ranked.pieceCount = static_cast<std::uint32_t>(token->separated.size());
+        for (const NumberToken* piece : token->separated) pieces_.push_back(piece->number);
+        ranked.digit =
+            token->separated.empty() ? kLetters | ranked.keyRank : kMixed | token->number;
     }
     RankValues(tokenizer, tokens_);
 }

@@ -25,9 +25,11 @@ std::uint32_t HashOf(std::string_view name) {
 }  // namespace
 
 std::optional<std::string_view> TextItems::Find(std::string_view name) const {
+    if (next_ < entries_.size() && Name(next_) == name) return Text(next_++);
     if (slots_.empty()) return std::nullopt;
     const Slot slot = slots_[SlotOf(name, HashOf(name))];
     if (slot.number == 0) return std::nullopt;
+    next_ = slot.number;
     return Text(slot.number - 1);
 }
 

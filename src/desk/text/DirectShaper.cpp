@@ -17,8 +17,6 @@ std::size_t CountDotsBehindRuns(std::string_view line) {
     return dots > kInRun ? dots - kInRun : 0;
 }
 
-constexpr std::size_t kLongestBlank = kNoBreakSpace.size();
-
 /// Bytes of the blank at a place, also of one that keeps a line together; 0 where there is none.
 std::size_t BlankAt(std::string_view line, std::size_t place) {
     if (place >= line.size()) return 0;
@@ -54,7 +52,18 @@ void AddGlyphs(std::span<const RunGlyph> run, GlyphUnits start, GlyphStore& glyp
 }  // namespace
 
 std::optional<GlyphUnits> DirectShaper::Width(const ResolvedFont& font, std::string_view line) {
-    return Walk(font, line, &last_, [](const ShapedRun&, GlyphUnits, std::size_t) {});
+    const std::size_t dots = CountDotsBehindRuns(line);
+    const std::string_view text = line.substr(0, line.size() - dots);
+    const auto leader = [&](int step) { return static_cast<GlyphUnits>(dots) * step; };
+    if (dots > 0 && last_.font == font.number && last_.text == text)
+        return last_.width + leader(last_.dotStep);
+    int step = 0;
+    const auto width =
+        Walk(font, line, [&](const ShapedRun& run, GlyphUnits /*x*/, std::size_t further) {
+            if (further > 0) step = run.dotStep;
+        });
+    if (width && step != 0) last_ = {font.number, std::string(text), *width - leader(step), step};
+    return width;
 }
 
 std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::string_view line,
@@ -64,7 +73,7 @@ std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::str
         AddGlyphs(run.glyphs, x, glyphs);
         glyphs.Repeat(dots, run.dotStep);
     };
-    const auto width = Walk(font, line, nullptr, add);
+    const auto width = Walk(font, line, add);
     if (width)
         glyphs.AddText(line);
     else
@@ -76,20 +85,18 @@ std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::str
 /// the width.
 template <class Visitor>
 std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::string_view line,
-                                             LastLine* last, const Visitor& visit) {
+                                             const Visitor& visit) {
     std::size_t dots = CountDotsBehindRuns(line);
     std::string_view cut = line.substr(0, line.size() - dots);
-    if (const auto width = last ? last->Width(font.number, cut, dots) : std::nullopt) return width;
     const PlainClass script = PlainScript(cut, font.plain);
     if (script == PlainClass::None) return std::nullopt;
-    const Hand& hand = HandOf(font, script);
-    auto [start, pen] = last ? last->Skip(font.number, script, cut) : LastLine::Place{};
+    const Hand& hand = HandOf(font, script, cut);
+    GlyphUnits pen = 0;
     const auto take = [&](const ShapedRun& run, std::size_t further) {
         visit(run, pen, further);
         pen += run.width + static_cast<GlyphUnits>(further) * run.dotStep;
     };
-    for (std::size_t end = start; start < cut.size(); start = end) {
-        if (last && start > 0) last->Add({start, pen});
+    for (std::size_t start = 0, end = 0; start < cut.size(); start = end) {
         end = hand.cutsAtBlanks ? EndOfWord(cut, start) : cut.size();
         const ShapedRun* run = FindAlone(hand, cut, start, end);
         if (run)
@@ -100,12 +107,9 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
             cut = line;
             end = cut.size();
             dots = 0;
-            last = nullptr;
             run = &FindInLine(hand, cut, start, end);
         }
         if (!run->hasGlyphs) return std::nullopt;
-        if (last && end == cut.size())
-            last->End(pen + run->width, hand.cutsLeaders ? run->dotStep : 0);
         take(*run, end == cut.size() ? dots : 0);
     }
     return pen;
@@ -115,8 +119,11 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
 const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
                                           std::size_t start, std::size_t end) {
     const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
-    return memory_.Find({hand.fontNumber, hand.script, text},
-                        [&] { return shaper_.Shape(hand.font, hand.writing, text, end - start); });
+    return memory_.Find({hand.fontNumber, hand.script, text}, [&] {
+        ShapedRun run = shaper_.Shape(hand.font, hand.writing, text, end - start);
+        run.standsAlone = false;  // It was not set between blanks.
+        return run;
+    });
 }
 
 /// The run of the word in a piece of a line without the blanks before it, if it is the same with
@@ -139,52 +146,39 @@ const ShapedRun* DirectShaper::FindAlone(const Hand& hand, std::string_view line
     return run.standsAlone ? &run : nullptr;
 }
 
-DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, PlainClass script,
-                                                           std::string_view line) {
-    if (font != font_ || script != script_) text_.clear();
-    font_ = font;
-    script_ = script;
-    width_.reset();
-    auto differ = text_.size();
-    if (!line.starts_with(text_))
-        differ = static_cast<std::size_t>(std::ranges::mismatch(text_, line).in2 - line.begin());
-    // A word is set with regard to the blank behind it.
-    while (!words_.empty() && words_.back().start + kLongestBlank > differ) words_.pop_back();
-    text_ = line;
-    if (words_.empty()) return {};
-    const Place place = words_.back();
-    words_.pop_back();
-    return place;
-}
-
-const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script) {
-    const std::size_t place = font.number * kPlainClassCount + static_cast<std::size_t>(script);
+const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script,
+                                               std::string_view line) {
+    const std::size_t place = font.number * kPlainClassEnd + static_cast<std::size_t>(script);
     if (hands_.size() <= place) hands_.resize(place + 1);
-    if (!hands_[place].font) {
-        hands_[place] = {font.shaping, font.number, script, WritingOf(script)};
-        Learn(font, hands_[place]);
+    Hand& hand = hands_[place];
+    if (!hand.font) {
+        hand = {font.shaping, font.number, script, WritingOf(script)};
+        TryLeader(hand);
     }
-    return hands_[place];
+    if (!hand.blanksTried && EndOfWord(line, 0) < line.size()) TryBlanks(font, hand);
+    return hand;
 }
 
-/// Tries both cuts.
-void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
-    const auto shape = [&](std::string_view text) {
-        return shaper_.Shape(hand.font, hand.writing, text, text.size());
-    };
+void DirectShaper::TryLeader(Hand& hand) {
     GlyphStore leader;
-    AddGlyphs(shape(kLeader).glyphs, 0, leader);
+    AddGlyphs(shaper_.Shape(hand.font, hand.writing, kLeader, kLeader.size()).glyphs, 0, leader);
     hand.cutsLeaders = leader.End().glyphs == 2;
-    const ShapedRun blank = shape(" ");
+}
+
+/// Sets a line cut into words and as a whole.
+void DirectShaper::TryBlanks(const ResolvedFont& font, Hand& hand) {
+    hand.blanksTried = true;
+    const ShapedRun blank = shaper_.Shape(hand.font, hand.writing, " ", 1);
     hand.blankWidth = blank.width;
     hand.blankGlyph = blank.glyphs[0];
     if (BlankMayJoin(hand.font, hand.writing)) return;
     const std::string line = BlankTrial(font.plain, hand.script);
     hand.cutsAtBlanks = true;
-    hand.cutsAtBlanks = Width(font, line) == shape(line).width;
-    if (hand.cutsAtBlanks) return;
-    memory_.Clear();  // Of words cut at blanks.
-    last_ = {};
+    RunMemory words;
+    DirectShaper trial(words);
+    trial.hands_ = hands_;
+    hand.cutsAtBlanks =
+        trial.Width(font, line) == shaper_.Shape(hand.font, hand.writing, line, line.size()).width;
 }
 
 }  // namespace desk

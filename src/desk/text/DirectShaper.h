@@ -32,58 +32,36 @@ private:
         std::uint32_t fontNumber = 0;
         PlainClass script = PlainClass::None;
         Writing writing;
-        bool cutsAtBlanks = false;
         bool cutsLeaders = false;
+        bool blanksTried = false;  ///< As soon as a line has any, since the trial is a long line.
+        bool cutsAtBlanks = false;
         GlyphUnits blankWidth = 0;
         RunGlyph blankGlyph{};
 
         ShapedRun Blank() const { return {blankWidth, {&blankGlyph, 1}, true}; }
     };
-    /// The line measured last. Fitting a text measures lines that begin alike, one after another.
-    class LastLine {
-    public:
-        struct Place {
-            std::size_t start = 0;
-            GlyphUnits x = 0;
-        };
-        /// Width of the line with so many dots behind it, if it is this one and that is known.
-        std::optional<GlyphUnits> Width(std::uint32_t font, std::string_view line,
-                                        std::size_t dots) const {
-            if (!width_ || font != font_ || line != text_) return std::nullopt;
-            if (dots > 0 && dotStep_ == 0) return std::nullopt;
-            return *width_ + static_cast<GlyphUnits>(dots) * dotStep_;
-        }
-        /// Where the first word begins that differs in the next line.
-        Place Skip(std::uint32_t font, PlainClass script, std::string_view line);
-        /// A further word of that line, with the blank before it.
-        void Add(const Place& word) { words_.push_back(word); }
-        /// Its width, and what each further dot adds; 0 where that is not known.
-        void End(GlyphUnits width, int dotStep) {
-            width_ = width;
-            dotStep_ = dotStep;
-        }
-
-    private:
-        std::uint32_t font_ = 0;
-        PlainClass script_ = PlainClass::None;
-        std::string text_;
-        std::vector<Place> words_;
-        std::optional<GlyphUnits> width_;
-        int dotStep_ = 0;
+    /// The line with a leader that was measured last, without the dots behind its runs. It is
+    /// measured with one number of dots after another.
+    struct LastLeader {
+        std::uint32_t font = 0;
+        std::string text;
+        GlyphUnits width = 0;
+        int dotStep = 0;  ///< What each further dot adds.
     };
 
-    const Hand& HandOf(const ResolvedFont& font, PlainClass script);
-    void Learn(const ResolvedFont& font, Hand& hand);
+    const Hand& HandOf(const ResolvedFont& font, PlainClass script, std::string_view line);
+    void TryLeader(Hand& hand);
+    void TryBlanks(const ResolvedFont& font, Hand& hand);
     const ShapedRun& FindInLine(const Hand& hand, std::string_view line, std::size_t start,
                                 std::size_t end);
     const ShapedRun* FindAlone(const Hand& hand, std::string_view line, std::size_t start,
                                std::size_t end);
     template <class Visitor>
-    std::optional<GlyphUnits> Walk(const ResolvedFont& font, std::string_view line, LastLine* last,
+    std::optional<GlyphUnits> Walk(const ResolvedFont& font, std::string_view line,
                                    const Visitor& visit);
 
     RunMemory& memory_;
-    LastLine last_;
+    LastLeader last_;
     RunShaper shaper_;
     std::vector<Hand> hands_;  ///< By the fonts' numbers, and by class.
     std::string between_;      ///< Scratch text: a word between blanks.

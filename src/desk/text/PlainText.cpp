@@ -7,8 +7,6 @@
 namespace desk {
 namespace {
 
-constexpr char32_t kAsciiLimit = 0x80;
-
 PlainClass ClassOf(char32_t character) {
     switch (g_unichar_get_script(character)) {
         case G_UNICODE_SCRIPT_LATIN:
@@ -67,21 +65,18 @@ const PlainClasses& AllPlainClasses() {
 }
 
 PlainClass PlainScript(std::string_view text, const PlainClasses& classes) {
-    const auto bit = [](PlainClass plain) { return 1U << static_cast<unsigned>(plain); };
-    unsigned found = bit(PlainClass::Common);
+    auto any = static_cast<unsigned>(PlainClass::Common);
+    unsigned all = any;
     for (std::size_t place = 0; place < text.size();) {
-        char32_t character = static_cast<unsigned char>(text[place]);
-        if (character < kAsciiLimit)
-            ++place;
-        else
-            character = NextCodePoint(text, place);
+        const char32_t character = NextCodePoint(text, place);
         if (character >= kPlainTextLimit) return PlainClass::None;
-        found |= bit(classes[character]);
+        const auto bits = static_cast<unsigned>(classes[character]);
+        any |= bits;
+        all &= bits;
     }
-    for (const auto script :
-         {PlainClass::Common, PlainClass::Latin, PlainClass::Greek, PlainClass::Cyrillic})
-        if (found == (bit(PlainClass::Common) | bit(script))) return script;
-    return PlainClass::None;
+    const unsigned scripts = any >> 1;
+    const bool mixesScripts = (scripts & (scripts - 1)) != 0;
+    return all == 0 || mixesScripts ? PlainClass::None : static_cast<PlainClass>(any);
 }
 
 }  // namespace desk

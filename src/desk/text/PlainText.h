@@ -10,9 +10,10 @@ namespace desk {
 inline constexpr std::size_t kPlainTextLimit = 0x2200;
 
 /// What a character is to a text that one call of the shaper can handle: a letter of one of three
-/// scripts, a sign common to them, or something that needs a full layout.
-enum class PlainClass : unsigned char { None, Common, Latin, Greek, Cyrillic };
-inline constexpr std::size_t kPlainClassCount = 5;
+/// scripts, a sign common to them, or something that needs a full layout. Each script has a bit of
+/// its own beside that of all that is plain.
+enum class PlainClass : unsigned char { None = 0, Common = 1, Latin = 3, Greek = 5, Cyrillic = 9 };
+inline constexpr std::size_t kPlainClassEnd = 10;
 
 using PlainClasses = std::array<PlainClass, kPlainTextLimit>;
 

@@ -48,12 +48,6 @@ public:
         return Keep(key, hash, make());
     }
 
-    void Clear() {
-        std::ranges::fill(slots_, nullptr);
-        arena_.release();
-        count_ = bytes_ = 0;
-    }
-
 private:
     struct Entry {
         std::size_t hash;
@@ -66,8 +60,14 @@ private:
     static constexpr std::size_t kLongestRun = 256;  ///< Bytes; longer ones seldom come again.
 
     static std::size_t HashOf(const Key& key) {
-        const auto kind = key.font * kPlainClassCount + static_cast<std::size_t>(key.script);
+        const auto kind = key.font * kPlainClassEnd + static_cast<std::size_t>(key.script);
         return std::hash<std::string_view>{}(key.text) + kind * std::size_t{0x9E3779B97F4A7C15U};
+    }
+
+    void Clear() {
+        std::ranges::fill(slots_, nullptr);
+        arena_.release();
+        count_ = bytes_ = 0;
     }
 
     const ShapedRun& Keep(Key key, std::size_t hash, ShapedRun run) {

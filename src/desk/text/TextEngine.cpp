@@ -53,11 +53,13 @@ struct TextEngine::State {
     }
 
     host::TextExtent Extent(const ResolvedFont& font, std::string_view text) {
-        host::TextExtent extent{0, LineCount(text) * font.lineHeight};
+        double widest = 0;
+        double lines = 0;
         ForEachLine(text, [&](std::string_view line) {
-            extent.xSize = std::max(extent.xSize, Width(font, line));
+            widest = std::max(widest, Width(font, line));
+            ++lines;
         });
-        return extent;
+        return {widest, lines * font.lineHeight};
     }
 };
 

@@ -6,7 +6,7 @@
 
 namespace desk {
 
-char32_t NextCodePoint(std::string_view text, std::size_t& place) {
+char32_t NextOfAnyLength(std::string_view text, std::size_t& place) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data()) + place;
     // No character is longer than U8_MAX_LENGTH; a whole text may exceed ICU's lengths of 32 bits.
     const auto length =

@@ -8,9 +8,18 @@ namespace desk {
 /// Returned for bytes that are not UTF-8. Greater than every character.
 inline constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
 
+/// As NextCodePoint, which answers for one byte by itself.
+char32_t NextOfAnyLength(std::string_view text, std::size_t& place);
+
 /// Returns the UTF-8 character at the place and moves the place behind it. Returns kNotUtf8 for
 /// bytes that are not UTF-8 and moves the place behind these.
-char32_t NextCodePoint(std::string_view text, std::size_t& place);
+inline char32_t NextCodePoint(std::string_view text, std::size_t& place) {
+    constexpr unsigned char kAsciiLimit = 0x80;
+    const auto byte = static_cast<unsigned char>(text[place]);
+    if (byte >= kAsciiLimit) return NextOfAnyLength(text, place);
+    ++place;
+    return byte;
+}
 
 /// Returns the length of a text without an incomplete character at its end.
 std::size_t WholeCharacters(std::string_view text);
