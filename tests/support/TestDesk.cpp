@@ -162,6 +162,12 @@ std::string TestDesk::CellText(const host::IHostElement& row, int column) {
     return host::As<host::IHostTextElement>(cell->Item(1))->Text();
 }
 
+std::vector<std::string> TestDesk::DrawnTexts(const host::IHostGroupElement& element, int column) {
+    std::vector<std::string> texts;
+    for (const auto& row : Members(element, "ROWGROUP")) texts.push_back(CellText(*row, column));
+    return texts;
+}
+
 host::Ref<host::IHostPropertySet> TestDesk::SetIn(const host::IHostPropertySet& set,
                                                   const std::string& name) {
     return host::As<host::IHostPropertySet>(std::get<host::Ref<host::IHostObject>>(set.Item(name)));

@@ -59,6 +59,9 @@ public:
     static std::vector<host::Ref<host::IHostElement>> Members(
         const host::IHostGroupElement& element, const std::string& tag);
     static std::string CellText(const host::IHostElement& row, int column);
+    /// The texts of a column as they are drawn, from the top.
+    static std::vector<std::string> DrawnTexts(const host::IHostGroupElement& element,
+                                               int column = 0);
     static host::Ref<host::IHostPropertySet> SetIn(const host::IHostPropertySet& set,
                                                    const std::string& name);
     template <class T>

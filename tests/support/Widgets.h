@@ -24,6 +24,10 @@ inline void Retype(QLineEdit& box, const QString& text) {
     QTest::keyClicks(&box, text);
 }
 
+inline void Escape(QWidget& dialog) {
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+}
+
 /// A button in the row of buttons that ends a dialog.
 inline QPushButton& EndButton(QWidget& dialog, QDialogButtonBox::StandardButton which) {
     return *dialog.findChild<QDialogButtonBox*>()->button(which);
