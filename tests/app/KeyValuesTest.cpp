@@ -27,25 +27,23 @@ TEST(Assignments, CutAtTheFirstEqualsAndTheLastDotBeforeIt) {
 
 TEST(Values, ReadAsTheTypeOfTheirKeyAndWrittenBackTheSame) {
     support::TestDesk desk;
-    const std::pair<ValueKind, const char*> values[] = {
-        {ValueKind::Boolean, "true"},
-        {ValueKind::Boolean, "false"},
-        {ValueKind::Long, "-12"},
-        {ValueKind::Double, "0.1"},
-        {ValueKind::Double, "-2"},
-        {ValueKind::String, " two  blanks, a comma "},
-        {ValueKind::TextSymbol, "DejaVu Sans Mono,10,bold,#B00010"},
-        {ValueKind::TextSymbol, "Liberation Sans,8.5"},
-        {ValueKind::TextSymbol, "Liberation Sans,8,#00FF01"},
-        {ValueKind::FillSymbol, "#0A0B0C"},
-    };
-    for (const auto& [kind, text] : values)
-        EXPECT_EQ(app::ValueText(ParseValue(desk.Host(), "Key", kind, text)), text);
+    const std::pair<ValueKind, std::vector<const char*>> kinds[] = {
+        {ValueKind::Boolean, {"true", "false"}},
+        {ValueKind::Long, {"-12"}},
+        {ValueKind::Double, {"0.1", "-2"}},
+        {ValueKind::String, {" two  blanks, a comma "}},
+        {ValueKind::TextSymbol,
+         {"DejaVu Sans Mono,10,bold,#B00010", "Liberation Sans,8.5", "Liberation Sans,8,#00FF01"}},
+        {ValueKind::FillSymbol, {"#0A0B0C"}}};
+    for (const auto& [kind, texts] : kinds)
+        for (const char* text : texts)
+            EXPECT_EQ(app::ValueText(ParseValue(desk.Host(), "Key", kind, text)), text);
     // Red is the first pair of a colour.
-    const auto value = ParseValue(desk.Host(), "Key", ValueKind::FillSymbol, "#B01020");
-    const auto fill =
-        host::As<host::IHostFillSymbol>(std::get<host::Ref<host::IHostObject>>(value));
-    EXPECT_EQ(fill->Color()->RGB(), 0x2010B0U);
+    const auto red = ParseValue(desk.Host(), "Key", ValueKind::FillSymbol, "#B01020");
+    EXPECT_EQ(host::As<host::IHostFillSymbol>(std::get<host::Ref<host::IHostObject>>(red))
+                  ->Color()
+                  ->RGB(),
+              0x2010B0U);
 }
 
 TEST(Values, RefusedInAnotherForm) {
