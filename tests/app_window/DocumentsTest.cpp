@@ -95,17 +95,28 @@ TEST_F(Documents, UnsavedChangesAreAskedAbout) {
     EXPECT_TRUE(window_->close());
 }
 
-TEST_F(Documents, RecentOnesAreKeptUntilTheyAreGone) {
+TEST_F(Documents, RecentAndDroppedOnesAreOpened) {
     const std::string first = MakeSaved(Table("one.dbf", 5), "one.json");
     const std::string second = MakeSaved(Table("two.dbf", 5), "two.json");
     NewWindow();
     ASSERT_EQ(Recent(), QStringList({"two.json", "one.json"}));
-    std::filesystem::remove(first);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(first))});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &drop);
+    QTest::qWait(0);
+    EXPECT_EQ(Session().Path(), first);
+
+    std::filesystem::remove(second);
     ExpectMessage("no longer there");
     Find<QMenu>("recentMenu").actions()[1]->trigger();
-    EXPECT_EQ(Recent(), QStringList("two.json"));
+    EXPECT_EQ(Recent(), QStringList("one.json"));
+    NewWindow();
     Find<QMenu>("recentMenu").actions()[0]->trigger();
-    EXPECT_EQ(Session().Path(), second);
+    EXPECT_EQ(Session().Path(), first);
 }
 
 TEST_F(Documents, AreNotSavedOverWhatAnotherProgramWrote) {
@@ -150,20 +161,6 @@ TEST_F(Documents, AreSavedElsewhereButNotOverWhatTheyAreMadeFrom) {
     SaveAs(folder_.File("deep/d.json"));
     EXPECT_EQ(Document().mapBook, "../book.json");
     EXPECT_TRUE(std::filesystem::exists(folder_.File("deep/d.json")));
-}
-
-TEST_F(Documents, AFileThatIsDroppedIsOpened) {
-    const std::string saved = MakeSaved(Table("names.dbf", 5), "names.json");
-    NewWindow();
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(saved))});
-    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window_.get(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window_.get(), &drop);
-    QTest::qWait(0);
-    EXPECT_EQ(Session().Path(), saved);
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ public:
             support::Part<QSpinBox>(dialog, "exportFirst").setValue(first);
             if (before) before(dialog);
             Press(dialog, "Export");
+            EXPECT_EQ(dialog.isVisible(), *leave != 0);
             if (*leave) Press(dialog, leave);
         });
     }

@@ -8,8 +8,8 @@
 #include "app/window/MainWindow.h"
 #include "app/window/PageView.h"
 #include "desk/components/ComponentLibrary.h"
-#include "support/Modal.h"
 #include "support/OffscreenApplication.h"
+#include "support/Widgets.h"
 
 /// Takes the pictures of the window and of every tab of the property page, with an example. The
 /// same program on the same fonts gives the same pictures.

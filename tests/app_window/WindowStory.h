@@ -15,8 +15,8 @@
 #include "app/window/MainWindow.h"
 #include "app/window/PageView.h"
 #include "support/DbfBuilder.h"
-#include "support/Modal.h"
 #include "support/TestDesk.h"
+#include "support/Widgets.h"
 
 namespace window_test {
 

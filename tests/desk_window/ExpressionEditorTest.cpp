@@ -7,7 +7,6 @@
 #include "desk/tables/DbfTable.h"
 #include "desk/window/ExpressionEditor.h"
 #include "support/DbfBuilder.h"
-#include "support/Modal.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
 

@@ -6,7 +6,6 @@
 #include "desk/window/ObjectDialog.h"
 #include "desk/window/PlacesPanel.h"
 #include "support/DbfBuilder.h"
-#include "support/Modal.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
 

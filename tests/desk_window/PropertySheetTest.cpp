@@ -5,7 +5,6 @@
 #include "desk/window/ObjectSet.h"
 #include "desk/window/PropertySheet.h"
 #include "host/Failure.h"
-#include "support/Modal.h"
 #include "support/Widgets.h"
 
 namespace {

@@ -6,7 +6,6 @@
 
 #include "desk/window/SymbolDialog.h"
 #include "host/Failure.h"
-#include "support/Modal.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
 

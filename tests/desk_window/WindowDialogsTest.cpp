@@ -8,7 +8,7 @@
 #include <tuple>
 
 #include "desk/window/WindowDialogs.h"
-#include "support/Modal.h"
+#include "support/Widgets.h"
 
 namespace {
 

@@ -15,7 +15,6 @@
 
 #include "page/SymbolPreview.h"
 #include "page/frmGazetteerPropertyPage.h"
-#include "support/Modal.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
 

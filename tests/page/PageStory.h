@@ -19,12 +19,13 @@
 #include "model/Keys.h"
 #include "page/GazetteerPropertyPage.h"
 #include "page/frmGazetteerPropertyPage.h"
-#include "support/Modal.h"
 #include "support/SetDump.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
 
 namespace page_test {
+
+inline const std::string kBook = GAZETTEER_SOURCE_DIR "/examples/atlas-book.json";
 
 using Texts = std::vector<std::string>;
 using support::Dump;
@@ -75,17 +76,12 @@ public:
         page_.reset();
         QApplication::processEvents();
     }
-    /// Works with a book in which the template "Map sheet" of the section "Maps", which starts on
-    /// page 5, has the map series frame "Main map".
-    void UseBook() {
-        desk_.UseBook(R"({"currentTemplate": "index", "books": [{"key": "atlas", "sections": [
-            {"key": "maps", "name": "Maps", "startPage": 5, "pages": ["sheet$1", "sheet$2"],
-             "templates": [{"key": "sheet", "name": "Map sheet", "layout": [
-               {"kind": "mapFrame", "name": "Main map", "series": {"indexLayer": "sheets.dbf",
-                "firstPage": 1, "grids": []}}]}]},
-            {"key": "back", "name": "Back matter", "startPage": 40, "pages": ["index$1"],
-             "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})",
-                      {{"REGION"}, {{"North"}, {"East"}, {"South"}, {"West"}, {"Centre"}}});
+    /// Works with the example's book. The template "Map sheet" of its section "Maps", which starts
+    /// on page 5, has the map series frame "Main map".
+    void UseBook(const std::string& path = kBook) {
+        desk::Document document;
+        document.mapBook = path;
+        desk_.TheDesk().Start(document, desk_.Folder() + "/document.json");
     }
     /// Makes the element's link to that frame by hand, by way of a section of this key.
     void StoreLink(const std::string& section) {

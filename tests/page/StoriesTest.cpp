@@ -5,6 +5,7 @@
 
 #include "model/GeneralFunctions.h"
 #include "page/PageStory.h"
+#include "support/DbfBuilder.h"
 
 namespace page_test {
 namespace {
@@ -21,6 +22,16 @@ TEST_F(Stories, ANewGazetteerGetsItsDatabaseAndIsApplied) {
     EXPECT_FALSE(Control("SSTabColumnProps").isEnabled());
     Click("cmdRemove");
     EXPECT_EQ(Told(), Texts{"Can't Remove!"});
+
+    support::DbfBuilder({{"Listing", 'C', 10}}).Row({"x"}).Write(desk_.Folder() + "/bare.dbf");
+    const std::string before = Dump(*Working());
+    PickDatabase("bare.dbf");
+    EXPECT_EQ(Told(), Texts{"Invalid Listing Database!"}) << "it has no field \"Page\"";
+    support::WhenModal(support::Escape);
+    Click("cmdSetNewFileName");
+    EXPECT_EQ(Dump(*Working()), before);
+    EXPECT_FALSE(Page().IsPageDirty());
+
     PickDatabase(table);
     EXPECT_EQ(RowsOf("lstListingColumns"), (Texts{"Listing", "Page"}));
     EXPECT_TRUE(Control("SSTabColumnProps").isEnabled());
@@ -60,13 +71,13 @@ TEST_F(Stories, PagesAreCorrectedThroughTheLink) {
     EXPECT_EQ(TestDesk::DrawnTexts(*element_, 1), (Texts{"6", "5", "7\r\n9"}))
         << "page 1 of a series that starts at page 5";
 
-    Choose("cmbSection", "Back matter");
+    Choose("cmbSection", "Index");
     EXPECT_EQ(Value("MapSeriesTemplateKey"), host::Variant(""));
     Choose("cmbSection", "<None>");
     EXPECT_EQ(Value("MapSeriesSectionKey"), host::Variant(""));
     Press(QDialogButtonBox::Apply);
     LinkToMainMap();
-    Choose("cmbSection", "Back matter");
+    Choose("cmbSection", "Index");
     Press(QDialogButtonBox::Apply);
     EXPECT_EQ(Told(), Texts(2, "Properties Incomplete"));
     EXPECT_TRUE(IsDraft());
@@ -98,6 +109,7 @@ TEST_F(Stories, ColumnsAreAddedRemovedAndReordered) {
     Type("txtColumnWidth", "9");
     for (const int row : {1, 2}) SelectRow("lstListingColumns", row);
     EXPECT_EQ(Value("CanDrawIndex"), host::Variant(false)) << "too wide";
+    EXPECT_EQ(Told(), Texts{}) << "the checks are silent while the user edits";
     desk_.Dialogs().answer = host::MessageAnswer::No;
     Click("cmdRemove");
     EXPECT_EQ(RowsOf("lstListingColumns").size(), 3U);

@@ -36,7 +36,7 @@ public:
     std::string ListingTable(const Rows& rows);
     /// Path of a table with Listing, Page, Row and Column, all but the first numeric.
     std::string GridTable(const Rows& rows);
-    void ReplaceTable(const std::string& path, const Rows& rows);
+    void ReplaceTable(const std::string& path, Rows rows);
 
     /// Works with a map book whose series frames page through "sheets.dbf": character fields, rows.
     void UseBook(const std::string& json, const std::pair<std::vector<std::string>, Rows>& sheets);
