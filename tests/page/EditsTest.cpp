@@ -124,21 +124,6 @@ TEST_F(Edits, WhatIsTypedOrChosenIsStored) {
     EXPECT_EQ(Told(), Texts{});
 }
 
-TEST_F(Edits, ToAllMovesItsKeysAlone) {
-    Type("txtTopMargin", "abc");
-    Type("txtLeftMargin", "0.2");
-    Type("txtColumnWidth", "1.1");
-    Click("chkAlternateBackground");
-    const auto width = ColumnValue("Page", "ColumnWidth");
-    Click("cmdMarginsToAll");
-    EXPECT_EQ(ColumnValue("Page", "MarginTop"), host::Variant(0.05));
-    EXPECT_EQ(ColumnValue("Page", "MarginLeft"), host::Variant(0.2));
-    EXPECT_EQ(ColumnValue("Page", "ColumnWidth"), width);
-    EXPECT_EQ(ColumnValue("Page", "AlternateBackground"), host::Variant(false));
-    Click("cmdBackgroundToAll");
-    EXPECT_EQ(ColumnValue("Page", "AlternateBackground"), host::Variant(true));
-}
-
 // Other orders of calls than the host's, and objects that are not there, end in a message at most.
 TEST_F(Edits, OddCallsDoNoHarm) {
     const auto set = [](std::vector<host::Ref<host::IHostObject>> objects) {
