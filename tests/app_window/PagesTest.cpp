@@ -103,7 +103,7 @@ TEST_F(Pages, DraftTakesThePageOnShowAwayAndBringsItBack) {
     EXPECT_EQ(Session().Page(), 3);
 }
 
-TEST_F(Pages, TheRefreshCommandKeepsThePageOrTakesTheLastOne) {
+TEST_F(Pages, TheRefreshCommandKeepsThePageTakesTheLastOneOrSaysWhyThereIsNone) {
     Do("lastPage");
     const int last = Session().Page();
     Run("CVNLayoutsCmds.RefreshLayout");
@@ -119,9 +119,7 @@ TEST_F(Pages, TheRefreshCommandKeepsThePageOrTakesTheLastOne) {
     EXPECT_EQ(ListedPages(), 1);
     EXPECT_EQ(DrawnListings().size(), 12U);
     EXPECT_EQ(Status().substr(0, 23), "12 records: 12 listings");
-}
 
-TEST_F(Pages, AGazetteerThatCannotBeDrawnSaysWhy) {
     Session().Document().Properties()->SetItem("IndexDatabaseFile", folder_.File("gone.dbf"));
     Run("CVNLayoutsCmds.RefreshLayout");
     const QString told = Find<QLabel>("noticeText").text();
