@@ -42,31 +42,24 @@ TEST(Examples, AllMake) {
     }
 }
 
-class Linked : public ::testing::Test {
-protected:
-    void SetUp() override {
-        program_.Done({"new", "atlas.json", "--listing-database", kExamples + "atlas.dbf", "--book",
-                       kExamples + "atlas-book.json"});
-        program_.Done({"set", "atlas.json", "LinkToMapSeries=true", "MapSeriesSectionKey=maps",
-                       "MapSeriesTemplateKey=sheet", "MapSeriesFrameName=Main map",
-                       "Page.FromDatabase=false"});
-    }
-    Program program_;
-};
-
-TEST_F(Linked, ShowsThePagesAndTheGridOfTheBook) {
-    program_.Done({"column", "add", "atlas.json", "Region", "Expression=[REGION]",
-                   "FromDatabase=false", "ColumnWidth=1"});
-    EXPECT_EQ(program_.Stored("atlas.json")["CanDrawIndex"], true);
-    const auto shown = program_.Done({"show", "atlas.json", "--json"}).Json();
+TEST(Examples, TheAtlasIsLinkedToItsBook) {
+    const Program program;
+    program.Done({"new", "atlas.json", "--listing-database", kExamples + "atlas.dbf", "--book",
+                  kExamples + "atlas-book.json"});
+    program.Done({"set", "atlas.json", "LinkToMapSeries=true", "MapSeriesSectionKey=maps",
+                  "MapSeriesTemplateKey=sheet", "MapSeriesFrameName=Main map",
+                  "Page.FromDatabase=false"});
+    program.Done({"column", "add", "atlas.json", "Region", "Expression=[REGION]",
+                  "FromDatabase=false", "ColumnWidth=1"});
+    EXPECT_EQ(program.Stored("atlas.json")["CanDrawIndex"], true);
+    const auto shown = program.Done({"show", "atlas.json", "--json"}).Json();
     nlohmann::json found;
     for (const auto& listing : shown["listings"])
         if (listing["cells"]["Listing"] == "Reykjav\u00EDk") found = listing["cells"];
     EXPECT_EQ(found["Page"], "7 C-5");
     EXPECT_EQ(found["Region"], "Iceland");
-}
 
-TEST_F(Linked, NamesTheRecordWhoseReferenceIsNoNumber) {
+    // A record whose reference is no number is named.
     using Row = std::vector<std::string>;
     for (const auto& [bad, fact] :
          {std::pair{Row{"Bad", "x3", "1", "1"}, "field \"Page\", value \"x3\""},
@@ -76,14 +69,14 @@ TEST_F(Linked, NamesTheRecordWhoseReferenceIsNoNumber) {
             .Row({"Good", "1", "1", "1"})
             .Row({"Gone", "y", "y", "y"}, true)
             .Row(bad)
-            .Write(program_.File("odd.dbf"));
-        program_.Done({"set", "atlas.json", "IndexDatabaseFile=odd.dbf"});
-        const auto before = program_.Bytes("atlas.json");
-        const auto outcome = program_.Run({"generate", "atlas.json"});
+            .Write(program.File("odd.dbf"));
+        program.Done({"set", "atlas.json", "IndexDatabaseFile=odd.dbf"});
+        const auto before = program.Bytes("atlas.json");
+        const auto outcome = program.Run({"generate", "atlas.json"});
         EXPECT_EQ(outcome.status, 1) << fact;
         EXPECT_TRUE(Contains(outcome.errors, fact));
         EXPECT_TRUE(Contains(outcome.errors, "record 3"));
-        EXPECT_EQ(program_.Bytes("atlas.json"), before);
+        EXPECT_EQ(program.Bytes("atlas.json"), before);
     }
 }
 

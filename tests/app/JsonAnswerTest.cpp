@@ -9,16 +9,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string Written(int indentation, const std::function<void(app::JsonAnswer&)>& writeMembers) {
-    std::string text;
-    app::JsonAnswer json([&](std::string_view piece) { text += piece; }, indentation);
-    json.BeginObject();
-    writeMembers(json);
-    json.EndObject();
-    json.Finish();
-    return text;
-}
-
 // Other people's scripts may read answers line by line.
 TEST(JsonAnswers, HaveTheFormThatTheyAlwaysHad) {
     const std::vector<double> numbers{
@@ -31,20 +21,22 @@ TEST(JsonAnswers, HaveTheFormThatTheyAlwaysHad) {
                                          "cut\xE2\x82",
                                          "\xE2\x82x\xFF\xFFy",
                                          "\xC0\x80"};
+    Json expected = {{"flag", true}, {"whole", -7}, {"none", Json::array()}};
+    for (const double number : numbers) expected["numbers"].push_back({{"n", number}});
+    expected["texts"] = texts;
+    expected["inner"] = {{"deep", {{"empty", Json::object()}}}};
     for (const int indentation : {1, 2}) {
-        Json expected = {{"flag", true}, {"whole", -7}, {"none", Json::array()}};
-        for (const double number : numbers) expected["numbers"].push_back({{"n", number}});
-        expected["texts"] = texts;
-        expected["inner"] = {{"deep", {{"empty", Json::object()}}}};
-        const auto written = Written(indentation, [&](app::JsonAnswer& json) {
-            json.Member("flag", true);
-            json.Member("whole", -7);
-            json.Member("none", std::vector<std::string>());
-            json.Objects("numbers", numbers, [&](double number) { json.Member("n", number); });
-            json.Member("texts", texts);
-            json.Object("inner",
-                        [&] { json.Object("deep", [&] { json.Object("empty", [] {}); }); });
-        });
+        std::string written;
+        app::JsonAnswer json([&](std::string_view piece) { written += piece; }, indentation);
+        json.BeginObject();
+        json.Member("flag", true);
+        json.Member("whole", -7);
+        json.Member("none", std::vector<std::string>());
+        json.Objects("numbers", numbers, [&](double number) { json.Member("n", number); });
+        json.Member("texts", texts);
+        json.Object("inner", [&] { json.Object("deep", [&] { json.Object("empty", [] {}); }); });
+        json.EndObject();
+        json.Finish();
         EXPECT_EQ(written,
                   expected.dump(indentation, ' ', false, Json::error_handler_t::replace) + '\n');
     }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
@@ -27,41 +28,28 @@ TEST(Assignments, CutAtTheFirstEqualsAndTheLastDotBeforeIt) {
 
 TEST(Values, ReadAsTheTypeOfTheirKeyAndWrittenBackTheSame) {
     support::TestDesk desk;
-    const std::pair<ValueKind, const char*> values[] = {
-        {ValueKind::Boolean, "true"},
-        {ValueKind::Boolean, "false"},
-        {ValueKind::Long, "-12"},
-        {ValueKind::Double, "0.1"},
-        {ValueKind::Double, "-2"},
-        {ValueKind::String, " two  blanks, a comma "},
-        {ValueKind::TextSymbol, "DejaVu Sans Mono,10,bold,#B00010"},
-        {ValueKind::TextSymbol, "Liberation Sans,8.5"},
-        {ValueKind::TextSymbol, "Liberation Sans,8,#00FF01"},
-        {ValueKind::FillSymbol, "#0A0B0C"},
-    };
-    for (const auto& [kind, text] : values)
-        EXPECT_EQ(app::ValueText(ParseValue(desk.Host(), "Key", kind, text)), text);
-    // Red is the first pair of a colour.
-    const auto value = ParseValue(desk.Host(), "Key", ValueKind::FillSymbol, "#B01020");
-    const auto fill =
-        host::As<host::IHostFillSymbol>(std::get<host::Ref<host::IHostObject>>(value));
-    EXPECT_EQ(fill->Color()->RGB(), 0x2010B0U);
-}
-
-TEST(Values, RefusedInAnotherForm) {
-    support::TestDesk desk;
-    const std::pair<ValueKind, std::vector<const char*>> kinds[] = {
-        {ValueKind::Boolean, {"True", "1", ""}},
-        {ValueKind::Long, {"1.0", "3000000000", " 1"}},
-        {ValueKind::Double, {"1,5", "nan", "1 ", "1e400"}},
+    using Texts = std::vector<const char*>;
+    const std::tuple<ValueKind, Texts, Texts> kinds[] = {
+        {ValueKind::Boolean, {"true", "false"}, {"True", "1", ""}},
+        {ValueKind::Long, {"-12"}, {"1.0", "3000000000", " 1"}},
+        {ValueKind::Double, {"0.1", "-2"}, {"1,5", "nan", "1 ", "1e400"}},
+        {ValueKind::String, {" two  blanks, a comma "}, {}},
         {ValueKind::TextSymbol,
+         {"DejaVu Sans Mono,10,bold,#B00010", "Liberation Sans,8.5", "Liberation Sans,8,#00FF01"},
          {"Liberation Sans", "Liberation Sans,0", "Liberation Sans,1001", ",8",
           "Liberation Sans,8,italic", "Liberation Sans,8,#B00010,bold",
           "Liberation Sans,8,bold,#B0001"}},
-        {ValueKind::FillSymbol, {"B00010", "#B0001G", "#B000100"}}};
-    for (const auto& [kind, texts] : kinds)
+        {ValueKind::FillSymbol, {"#0A0B0C"}, {"B00010", "#B0001G", "#B000100"}}};
+    for (const auto& [kind, texts, refused] : kinds) {
         for (const char* text : texts)
+            EXPECT_EQ(app::ValueText(ParseValue(desk.Host(), "Key", kind, text)), text);
+        for (const char* text : refused)
             EXPECT_THROW(ParseValue(desk.Host(), "Key", kind, text), app::UsageError) << text;
+    }
+    // Red is the first pair of a colour.
+    const auto red = ParseValue(desk.Host(), "Key", ValueKind::FillSymbol, "#B01020");
+    const auto fill = host::As<host::IHostFillSymbol>(std::get<host::Ref<host::IHostObject>>(red));
+    EXPECT_EQ(fill->Color()->RGB(), 0x2010B0U);
 }
 
 }  // namespace

@@ -1,25 +1,13 @@
 #include "app/Program.h"
 
-#include <csignal>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdlib.h>
-#include <sys/wait.h>
 #include <unistd.h>
-
-#include "support/Output.h"
 
 namespace tests {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ReadAll(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void Redirect(const std::string& path, int stream) {
     ::dup2(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), stream);
@@ -59,18 +47,6 @@ Outcome Program::Done(std::vector<std::string> arguments) const {
     auto outcome = Run(std::move(arguments));
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     return outcome;
-}
-
-std::string Program::Shell(const std::string& command) const {
-    return support::Output("cd '" + folder_.Path() + "' && " + command);
-}
-
-bool Program::Exists(const std::string& name) const {
-    return fs::exists(File(name));
-}
-
-std::string Program::Bytes(const std::string& name) const {
-    return ReadAll(File(name));
 }
 
 nlohmann::json Program::Stored(const std::string& document) const {
@@ -122,10 +98,6 @@ Child::Child(const Program& program, std::vector<std::string> arguments, const P
     ::_exit(127);
 }
 
-Child::~Child() {
-    Kill();
-}
-
 bool Child::Take(int options) {
     int status = 0;
     if (!ended_ && ::waitpid(process_, &status, options) == process_ && !WIFSTOPPED(status)) {
@@ -139,10 +111,6 @@ bool Child::Stop() {
     if (HasEnded()) return false;
     ::kill(process_, SIGSTOP);
     return !Take(WUNTRACED);
-}
-
-void Child::Continue() const {
-    ::kill(process_, SIGCONT);
 }
 
 bool Child::IsWriting() const {
@@ -163,13 +131,9 @@ void Child::Kill() {
     Take(0);
 }
 
-bool Child::HasEnded() {
-    return Take(WNOHANG);
-}
-
 Outcome Child::End() {
     Take(0);
-    return {status_, ReadAll(streams_.File("output")), ReadAll(streams_.File("errors"))};
+    return {status_, streams_.Read("output"), streams_.Read("errors")};
 }
 
 }  // namespace tests

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <csignal>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <sys/types.h>
+#include <sys/wait.h>
 #include <vector>
 
 #include "support/DbfBuilder.h"
+#include "support/Output.h"
 #include "support/TemporaryFolder.h"
 
 namespace tests {
@@ -35,17 +38,18 @@ public:
     Outcome Run(std::vector<std::string> arguments, const Preparation& prepare = {}) const;
     /// Runs a command that must succeed.
     Outcome Done(std::vector<std::string> arguments) const;
-
     /// Standard output of a shell command that runs in the folder.
-    std::string Shell(const std::string& command) const;
+    std::string Shell(const std::string& command) const {
+        return support::Output("cd '" + folder_.Path() + "' && " + command);
+    }
 
     std::string File(const std::string& name) const { return folder_.File(name); }
     /// Writes a file into the folder.
     void Write(const std::string& name, const std::string& bytes) const {
         folder_.Write(name, bytes);
     }
-    bool Exists(const std::string& name) const;
-    std::string Bytes(const std::string& name) const;
+    bool Exists(const std::string& name) const { return std::filesystem::exists(File(name)); }
+    std::string Bytes(const std::string& name) const { return folder_.Read(name); }
     /// The values under the gazetteer's keys as the document stores them, by name.
     nlohmann::json Stored(const std::string& document) const;
 
@@ -64,17 +68,17 @@ class Child {
 public:
     Child(const Program& program, std::vector<std::string> arguments,
           const Preparation& prepare = {});
-    ~Child();
+    ~Child() { Kill(); }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
 
     /// Holds it where it is. False if it has ended.
     bool Stop();
-    void Continue() const;
+    void Continue() const { ::kill(process_, SIGCONT); }
     /// Whether it has a file of the folder open that is not in its place yet.
     bool IsWriting() const;
     void Kill();
-    bool HasEnded();
+    bool HasEnded() { return Take(WNOHANG); }
     /// Waits for the end.
     Outcome End();
 

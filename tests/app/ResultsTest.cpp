@@ -36,41 +36,37 @@ TEST_F(Results, ShowKeepsItsShapeWithoutPages) {
     const auto nothing = json::parse(R"({"drawable": false, "defaultPage": 0, "pageCount": 0,
         "columns": [], "pages": [], "listings": []})");
     program_.Done({"set", "d.json", "Listing.Expression=[Nowhere]"});
-    EXPECT_EQ(program_.Done({"show", "d.json", "--json"}).Json(), nothing);
     program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
-    EXPECT_EQ(program_.Done({"show", "low.json", "--json"}).Json(), nothing);
     program_.Write("bare.json", R"({"format":"desk document","version":1,"title":"t",
         "page":{"width":8.5,"height":11.0,"elements":[]}})");
-    EXPECT_EQ(program_.Done({"show", "bare.json", "--json"}).Json(), nothing);
+    for (const char* document : {"d.json", "low.json", "bare.json"})
+        EXPECT_EQ(program_.Done({"show", document, "--json"}).Json(), nothing) << document;
     EXPECT_EQ(program_.Done({"check", "bare.json", "--json"}).Json()["reasons"].size(), 1U);
 }
 
 TEST_F(Results, DrawPrintsTheElementTree) {
     program_.Done(
         {"set", "d.json", "Listing.ColorBackground=false", "Page.BackgroundSymbol=#0A1B2C"});
-    const auto tree = Drawn();
-    EXPECT_EQ(tree["page"], 1);
-    EXPECT_EQ(tree["pageCount"], 1);
-    EXPECT_EQ(tree["draft"], false);
-    EXPECT_NEAR(tree["frame"]["xmax"], 8.0, 1e-9);
+    auto tree = Drawn();
     std::string tags;
     for (const auto& member : tree["members"]) tags += member["tag"].get<std::string>() + ' ';
     // Titles come last, on top. Nothing stands before the first listing without a starting break.
     EXPECT_EQ(tags, "ROWGROUP BREAKGROUP ROWGROUP TITLEGROUP ");
-    const auto& row = tree["members"][0];
+    const auto row = tree["members"][0];
     EXPECT_NEAR(row["bounds"]["xmin"], 0.5, 1e-9);
     EXPECT_NEAR(row["bounds"]["xmax"], 4.5, 1e-9);
-    const auto& cell = row["members"][0];
-    EXPECT_EQ(cell["tag"], "COLUMNELEMENT");
-    EXPECT_EQ(cell["members"][0]["tag"], "COLUMNBACKGROUND");
-    EXPECT_EQ(cell["members"][0]["fill"], nullptr);  // Transparent.
     EXPECT_EQ(row["members"][1]["members"][0]["fill"], "#0A1B2C");
-    auto text = cell["members"][1];
-    EXPECT_NEAR(text["at"]["x"], 0.55, 1e-9);
-    text.erase("at");
-    EXPECT_EQ(text, json::parse(R"({"tag": "COLUMNTEXT", "text": "Abbey Road",
-        "font": "Liberation Sans", "size": 8.0, "bold": false, "color": "#000000",
-        "horizontal": 0, "vertical": 1, "angle": 0.0})"));
+    auto cell = row["members"][0];
+    EXPECT_NEAR(cell["members"][1]["at"]["x"], 0.55, 1e-9);
+    cell["members"][1].erase("at");
+    for (auto* boxed : {&cell, &cell["members"][0]}) boxed->erase("bounds");
+    EXPECT_EQ(cell, json::parse(R"({"tag": "COLUMNELEMENT", "members": [
+        {"tag": "COLUMNBACKGROUND", "fill": null},
+        {"tag": "COLUMNTEXT", "text": "Abbey Road", "font": "Liberation Sans", "size": 8.0,
+         "bold": false, "color": "#000000", "horizontal": 0, "vertical": 1, "angle": 0.0}]})"));
+    EXPECT_NEAR(tree["frame"]["xmax"], 8.0, 1e-9);
+    for (const char* part : {"members", "frame"}) tree.erase(part);
+    EXPECT_EQ(tree, json({{"page", 1}, {"pageCount", 1}, {"draft", false}}));
 }
 
 TEST_F(Results, DrawTellsOfForeignMembersTagAndKindAlone) {
@@ -92,11 +88,12 @@ TEST_F(Results, DrawTellsOfForeignMembersTagAndKindAlone) {
 
 TEST_F(Results, AreOnDiskOnceACommandSaves) {
     const auto fresh = program_.Bytes("d.json");
-    program_.Done({"show", "d.json"});
-    program_.Done({"check", "d.json"});
-    program_.Done({"column", "list", "d.json"});
-    program_.Done({"export", "d.json", "-o", "d.pdf"});
-    program_.Done({"draw", "d.json", "--page", "1", "-o", "d.svg"});
+    const std::vector<std::string> reading[] = {{"show", "d.json"},
+                                                {"check", "d.json"},
+                                                {"column", "list", "d.json"},
+                                                {"export", "d.json", "-o", "d.pdf"},
+                                                {"draw", "d.json", "--page", "1", "-o", "d.svg"}};
+    for (const auto& command : reading) program_.Done(command);
     EXPECT_EQ(program_.Bytes("d.json"), fresh);
 
     program_.Done({"generate", "d.json"});
@@ -106,16 +103,14 @@ TEST_F(Results, AreOnDiskOnceACommandSaves) {
     EXPECT_EQ(program_.Bytes("d.json"), generated);
 
     program_.Done({"draw", "d.json", "--page", "1"});
-    const auto drawn = program_.Bytes("d.json");
-    EXPECT_TRUE(Contains(drawn, "ROWGROUP"));
+    EXPECT_TRUE(Contains(program_.Bytes("d.json"), "ROWGROUP"));
     program_.Done({"draft", "d.json"});
     const auto draft = program_.Bytes("d.json");
     EXPECT_FALSE(Contains(draft, "ROWGROUP"));
     EXPECT_EQ(json::parse(draft)["page"]["elements"][0]["draft"], true);
     EXPECT_EQ(program_.Stored("d.json")["HaveSavedListings"], true);
-}
 
-TEST_F(Results, OfEveryBindingAreNeverStored) {
+    // Those of every binding are never stored.
     program_.Done({"set", "d.json", "AutoRefreshListings=true"});
     const auto before = program_.Bytes("d.json");
     EXPECT_TRUE(Contains(program_.Done({"generate", "d.json"}).errors, "4 records"));
@@ -143,15 +138,13 @@ TEST_F(Results, TableTellsHowAFileIsRead) {
     support::DbfBuilder table({{"NAME", 'C', 8}, {"SHEET", 'N', 5, 1}, {"SEEN", 'L', 1}});
     table.LanguageDriver(0x57).Row({"K\xF6ln ", "2.5", "T"}).Row({"x", "1"}, true).Row({"y"});
     table.Write(program_.File("t.dbf"));
-    const auto shown = program_.Done({"table", "t.dbf", "--json"}).Json();
-    EXPECT_EQ(shown["file"], "t.dbf");
-    EXPECT_EQ(shown["encoding"], "windows-1252");
-    EXPECT_EQ(shown["encodingFrom"], "language driver 0x57");
+    auto shown = program_.Done({"table", "t.dbf", "--json"}).Json();
     EXPECT_EQ(shown["fields"][1],
               json({{"name", "SHEET"}, {"type", "N"}, {"length", 5}, {"decimals", 1}}));
-    EXPECT_EQ(shown["records"], 2);
-    EXPECT_EQ(shown["rows"], json({{"K\u00F6ln", "2.5", "True"}, {"y", nullptr, nullptr}}));
-    EXPECT_EQ(shown["warnings"], json::array());
+    shown.erase("fields");
+    EXPECT_EQ(shown, json::parse(R"({"file": "t.dbf", "encoding": "windows-1252",
+        "encodingFrom": "language driver 0x57", "records": 2,
+        "rows": [["K\u00F6ln", "2.5", "True"], ["y", null, null]], "warnings": []})"));
     const auto limited = program_.Done({"table", "t.dbf", "--json", "--limit", "1"}).Json();
     EXPECT_EQ(limited["rows"].size(), 1U);
 }
@@ -160,11 +153,9 @@ TEST_F(Results, OfADamagedTableAreWhatIsUnmistakable) {
     const std::string good = program_.Bytes("streets.dbf");
     program_.Write("cut.dbf", good.substr(0, good.size() - 20));
     const auto made = program_.Done({"make", "cut.dbf", "-o", "o.pdf"});
-    EXPECT_TRUE(Contains(made.errors, "cut.dbf"));
-    EXPECT_TRUE(Contains(made.errors, "1 is missing"));
-    EXPECT_TRUE(Contains(made.errors, "3 records"));
+    for (const char* told : {"cut.dbf", "1 is missing", "3 records"})
+        EXPECT_TRUE(Contains(made.errors, told));
     const auto table = program_.Done({"table", "cut.dbf", "--json"}).Json();
-    EXPECT_EQ(table["records"], 3);
     EXPECT_EQ(table["rows"].size(), 3U);
     EXPECT_EQ(table["warnings"].size(), 1U);
 }

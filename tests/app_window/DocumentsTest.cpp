@@ -17,6 +17,12 @@ public:
             if (action->text().endsWith(".json")) names << QFileInfo(action->text()).fileName();
         return names;
     }
+    void SaveAs(const std::string& path, const window_test::Answer& before = {}) const {
+        DoWith("saveAs", [&](QWidget& dialog) {
+            if (before) before(dialog);
+            TypeFile(dialog, path);
+        });
+    }
     desk::Document& Document() const { return Session().Document().TheDesk().CurrentDocument(); }
 };
 
@@ -44,8 +50,16 @@ TEST_F(Documents, ANewOneIsMadeFromATable) {
     EXPECT_EQ(Status().substr(0, 23), "30 records: 30 listings");
 }
 
-TEST_F(Documents, AFailedNewOneLeavesTheDocumentBefore) {
-    MakeSaved(Table("names.dbf", 30), "names.json");
+TEST_F(Documents, WhatCannotBeReadIsToldAndLeavesTheOneBefore) {
+    EXPECT_FALSE(Action("save").isEnabled());
+    ExpectMessage("damaged");
+    Open(folder_.Write("bad.json", "{\"format\": "));
+    EXPECT_FALSE(Session().HasDocument());
+    EXPECT_EQ(Recent(), QStringList());
+
+    const auto path = MakeSaved(Table("names.dbf", 30), "names.json");
+    ExpectMessage("gone.json");
+    Open(folder_.File("gone.json"));
     const std::string book = folder_.Write("book.json", "{ broken");
     support::WhenModal([&](QWidget& dialog) {
         Type(dialog, "bookLine", book);
@@ -54,23 +68,10 @@ TEST_F(Documents, AFailedNewOneLeavesTheDocumentBefore) {
         Press(dialog, "Cancel");
     });
     Open(Table("other.dbf", 5));
-    EXPECT_EQ(Session().Path(), folder_.File("names.json"));
+    EXPECT_EQ(Session().Path(), path);
     EXPECT_FALSE(Session().Modified());
-    EXPECT_EQ(DrawnListings().size(), 30U);
     Do("refresh");
     EXPECT_EQ(DrawnListings().size(), 30U);
-}
-
-TEST_F(Documents, WhatCannotBeReadIsToldAndTheWindowGoesOn) {
-    EXPECT_FALSE(Action("save").isEnabled());
-    ExpectMessage("damaged");
-    Open(folder_.Write("bad.json", "{\"format\": "));
-    EXPECT_FALSE(Session().HasDocument());
-    EXPECT_EQ(Recent(), QStringList());
-    const auto path = MakeSaved(Table("names.dbf", 30), "names.json");
-    ExpectMessage("gone.json");
-    Open(folder_.File("gone.json"));
-    EXPECT_EQ(Session().Path(), path);
 }
 
 TEST_F(Documents, UnsavedChangesAreAskedAbout) {
@@ -94,17 +95,28 @@ TEST_F(Documents, UnsavedChangesAreAskedAbout) {
     EXPECT_TRUE(window_->close());
 }
 
-TEST_F(Documents, RecentOnesAreKeptUntilTheyAreGone) {
+TEST_F(Documents, RecentAndDroppedOnesAreOpened) {
     const std::string first = MakeSaved(Table("one.dbf", 5), "one.json");
     const std::string second = MakeSaved(Table("two.dbf", 5), "two.json");
     NewWindow();
     ASSERT_EQ(Recent(), QStringList({"two.json", "one.json"}));
-    std::filesystem::remove(first);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(first))});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &drop);
+    QTest::qWait(0);
+    EXPECT_EQ(Session().Path(), first);
+
+    std::filesystem::remove(second);
     ExpectMessage("no longer there");
     Find<QMenu>("recentMenu").actions()[1]->trigger();
-    EXPECT_EQ(Recent(), QStringList("two.json"));
+    EXPECT_EQ(Recent(), QStringList("one.json"));
+    NewWindow();
     Find<QMenu>("recentMenu").actions()[0]->trigger();
-    EXPECT_EQ(Session().Path(), second);
+    EXPECT_EQ(Session().Path(), first);
 }
 
 TEST_F(Documents, AreNotSavedOverWhatAnotherProgramWrote) {
@@ -127,51 +139,28 @@ TEST_F(Documents, AreNotSavedOverWhatAnotherProgramWrote) {
     EXPECT_EQ(saved().title, "Theirs");
 
     // Who says so may write over it; from then on it is this window's again.
-    DoWith("saveAs", [&](QWidget& dialog) {
-        ExpectMessage("already exists", "Yes");
-        TypeFile(dialog, path);
-    });
+    SaveAs(path, [](QWidget&) { ExpectMessage("already exists", "Yes"); });
     EXPECT_FALSE(window_->isWindowModified());
     EXPECT_NE(saved().title, "Theirs");
     EXPECT_TRUE(changeAndSave());
 }
 
-TEST_F(Documents, AreNotSavedOverWhatTheyAreMadeFrom) {
+TEST_F(Documents, AreSavedElsewhereButNotOverWhatTheyAreMadeFrom) {
     const std::string table = Table("names.dbf", 5);
     Make(table);
-    DoWith("saveAs", [&](QWidget& dialog) {
-        support::WhenModal([](QWidget& question) {
-            ExpectMessage("made from that file");
-            Press(question, "Yes");
-        });
-        TypeFile(dialog, table);
-    });
-    EXPECT_TRUE(window_->isWindowModified());
-    EXPECT_FALSE(Session().OnDisk());
-}
-
-TEST_F(Documents, AMapBookIsFoundFromAnotherFolderToo) {
-    Make(Table("names.dbf", 5));
     folder_.Write("book.json", "{}");
     Document().mapBook = "book.json";
+    SaveAs(table, [](QWidget&) {
+        ExpectMessage("already exists", "Yes", [](QWidget& told) {
+            EXPECT_TRUE(dynamic_cast<QMessageBox&>(told).text().contains("made from that file"));
+            Press(told, "OK");
+        });
+    });
+    EXPECT_FALSE(Session().OnDisk());
     std::filesystem::create_directory(folder_.File("deep"));
-    DoWith("saveAs", [&](QWidget& dialog) { TypeFile(dialog, folder_.File("deep/d.json")); });
+    SaveAs(folder_.File("deep/d.json"));
     EXPECT_EQ(Document().mapBook, "../book.json");
     EXPECT_TRUE(std::filesystem::exists(folder_.File("deep/d.json")));
-}
-
-TEST_F(Documents, AFileThatIsDroppedIsOpened) {
-    const std::string saved = MakeSaved(Table("names.dbf", 5), "names.json");
-    NewWindow();
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(saved))});
-    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window_.get(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window_.get(), &drop);
-    QTest::qWait(0);
-    EXPECT_EQ(Session().Path(), saved);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QWheelEvent>
+#include <tuple>
 
 #include "app_window/WindowStory.h"
 #include "host/Application.h"
@@ -30,37 +31,29 @@ TEST_F(Pages, TurnByActionsBoxListAndKeys) {
     const int last = Session().Pages();
     ASSERT_GE(last, 3);
     EXPECT_EQ(ListedPages(), last);
-    ASSERT_FALSE(DrawnListings().empty());
     EXPECT_EQ(DrawnListings().front(), "Alpha 0001");
     auto& box = Find<QSpinBox>("pageBox");
     auto& list = Find<QTreeView>("pageList");
-
-    struct Turn {
-        const char* what;
-        std::function<void()> act;
-        int page;
-    };
-    const Turn turns[] = {
+    const auto press = [this](Qt::Key key) { QTest::keyClick(&window_->View(), key); };
+    const std::tuple<const char*, std::function<void()>, int> turns[] = {
         {"next", [&] { Do("nextPage"); }, 2},
         {"last", [&] { Do("lastPage"); }, last},
         {"previous", [&] { Do("previousPage"); }, last - 1},
         {"first", [&] { Do("firstPage"); }, 1},
         {"box", [&] { box.setValue(3); }, 3},
         {"list", [&] { list.setCurrentIndex(List().index(1, 0)); }, 2},
-        {"key", [&] { QTest::keyClick(&window_->View(), Qt::Key_PageDown); }, 3},
-        {"key back", [&] { QTest::keyClick(&window_->View(), Qt::Key_PageUp); }, 2},
+        {"key", [&] { press(Qt::Key_PageDown); }, 3},
+        {"key back", [&] { press(Qt::Key_PageUp); }, 2},
         {"last again", [&] { Do("lastPage"); }, last},
     };
-    std::vector<std::string> before = DrawnListings();
-    for (const Turn& turn : turns) {
-        turn.act();
-        EXPECT_EQ(Session().Page(), turn.page) << turn.what;
-        EXPECT_EQ(box.value(), turn.page) << turn.what;
-        EXPECT_EQ(list.currentIndex().row(), turn.page - 1) << turn.what;
-        EXPECT_EQ(Find<QLabel>("statusPage").text(),
-                  QString("Page %1 of %2").arg(turn.page).arg(last));
-        EXPECT_NE(DrawnListings(), before) << turn.what;
-        before = DrawnListings();
+    for (const auto& [what, turn, page] : turns) {
+        const auto before = DrawnListings();
+        turn();
+        EXPECT_EQ(Session().Page(), page) << what;
+        EXPECT_EQ(box.value(), page) << what;
+        EXPECT_EQ(list.currentIndex().row(), page - 1) << what;
+        EXPECT_EQ(Find<QLabel>("statusPage").text(), QString("Page %1 of %2").arg(page).arg(last));
+        EXPECT_NE(DrawnListings(), before) << what;
     }
     EXPECT_EQ(DrawnListings().back(), "Alpha 0900");
     EXPECT_FALSE(Action("nextPage").isEnabled());
@@ -90,30 +83,27 @@ TEST_F(Pages, AreFoundByListing) {
     EXPECT_EQ(Find<QTreeView>("pageList").currentIndex().row(), page - 1);
 }
 
-TEST_F(Pages, DraftTakesThePageAwayAndBringsItBack) {
-    const auto isDraft = [this] {
-        return host::As<host::IHostFrameElement>(Session().Document().Gazetteer())->Draft();
-    };
+TEST_F(Pages, DraftTakesThePageOnShowAwayAndBringsItBack) {
     Do("nextPage");
     const auto drawn = DrawnListings();
     Do("draft");
-    EXPECT_TRUE(isDraft());
-    EXPECT_TRUE(DrawnListings().empty());
+    EXPECT_TRUE(Session().InDraft());
     EXPECT_TRUE(window_->isWindowModified());
-
-    // A refresh draws nothing in draft state.
     Run("CVNLayoutsCmds.RefreshLayout");
-    EXPECT_TRUE(DrawnListings().empty());
+    EXPECT_TRUE(DrawnListings().empty()) << "a refresh draws nothing";
     EXPECT_EQ(ListedPages(), Session().Pages());
-
     Do("draft");
-    EXPECT_FALSE(isDraft());
+    EXPECT_FALSE(Session().InDraft());
     EXPECT_EQ(DrawnListings(), drawn);
     EXPECT_EQ(Session().Page(), 2);
     EXPECT_FALSE(Action("draft").isChecked());
+
+    Session().Document().Properties()->SetItem("DefaultPage", 3);
+    SaveAndOpen();
+    EXPECT_EQ(Session().Page(), 3);
 }
 
-TEST_F(Pages, TheRefreshCommandKeepsThePageOrTakesTheLastOne) {
+TEST_F(Pages, TheRefreshCommandKeepsThePageTakesTheLastOneOrSaysWhyThereIsNone) {
     Do("lastPage");
     const int last = Session().Page();
     Run("CVNLayoutsCmds.RefreshLayout");
@@ -129,15 +119,7 @@ TEST_F(Pages, TheRefreshCommandKeepsThePageOrTakesTheLastOne) {
     EXPECT_EQ(ListedPages(), 1);
     EXPECT_EQ(DrawnListings().size(), 12U);
     EXPECT_EQ(Status().substr(0, 23), "12 records: 12 listings");
-}
 
-TEST_F(Pages, ADocumentOpensAtItsDefaultPage) {
-    Session().Document().Properties()->SetItem("DefaultPage", 2);
-    SaveAndOpen();
-    EXPECT_EQ(Session().Page(), 2);
-}
-
-TEST_F(Pages, AGazetteerThatCannotBeDrawnSaysWhy) {
     Session().Document().Properties()->SetItem("IndexDatabaseFile", folder_.File("gone.dbf"));
     Run("CVNLayoutsCmds.RefreshLayout");
     const QString told = Find<QLabel>("noticeText").text();

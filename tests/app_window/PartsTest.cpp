@@ -1,6 +1,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <chrono>
+#include <tuple>
 
 #include "app/window/PageFinder.h"
 #include "app/window/PageTiles.h"
@@ -70,35 +71,27 @@ TEST_F(Parts, AHundredThousandListingsAreSearchedWhileTyping) {
     constexpr auto kUnnoticed = std::chrono::milliseconds(50) * kSlowdown;
     app::PageFinder finder;
     finder.SetResults(ManyResults(Session().Host()));
-    auto longest = Clock::duration::zero();
     for (bool more = true; more;) {
         const auto begin = Clock::now();
         more = finder.ReadOn(std::chrono::milliseconds(10));
-        longest = std::max(longest, Clock::now() - begin);
+        EXPECT_LT(Clock::now() - begin, kUnnoticed);
     }
-    EXPECT_LT(longest, kUnnoticed);
-    struct Search {
-        const char* text;
-        std::vector<int> pages;  ///< The first ones.
-        const char* listing;
-    };
-    const Search searches[] = {{"zilina", {2001}, "\u017Dilina"},
-                               {"PLACE 99999", {2000}, "Place 99999"},
-                               {"place  4999", {100, 1000}, "Place 4999"},
-                               {"2001", {41, 241}, "Place 2001"},
-                               {"dots", {}, ""}};
-    for (const Search& search : searches) {
-        const auto hits = finder.Find(search.text);
-        std::vector<int> pages;
-        for (const auto& hit : hits) pages.push_back(hit.page);
-        if (pages.size() > 2) pages.resize(search.pages.size());
-        EXPECT_EQ(pages, search.pages) << search.text;
-        EXPECT_EQ(hits.empty() ? "" : hits[0].listing, search.listing) << search.text;
+    const std::tuple<const char*, std::vector<int>, const char*> searches[] = {
+        {"zilina", {2001}, "\u017Dilina"},
+        {"PLACE 99999", {2000}, "Place 99999"},
+        {"place  4999", {100, 1000}, "Place 4999"},
+        {"2001", {41, 241}, "Place 2001"},
+        {"dots", {}, ""}};
+    for (const auto& [text, firstPages, listing] : searches) {
+        const auto begin = Clock::now();
+        const auto hits = finder.Find(text);
+        EXPECT_LT(Clock::now() - begin, kUnnoticed);
+        ASSERT_GE(hits.size(), firstPages.size()) << text;
+        for (std::size_t i = 0; i < firstPages.size(); ++i)
+            EXPECT_EQ(hits[i].page, firstPages[i]) << text;
+        EXPECT_EQ(hits.empty() ? "" : hits[0].listing, listing) << text;
     }
     EXPECT_EQ(finder.Find("2001").back().page, 2001);  // By its number.
-    const auto begin = Clock::now();
-    finder.Find("ace 1");
-    EXPECT_LT(Clock::now() - begin, kUnnoticed);
 }
 
 TEST_F(Parts, TheStatusBarIsLiveDuringARun) {

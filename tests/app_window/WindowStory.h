@@ -15,8 +15,8 @@
 #include "app/window/MainWindow.h"
 #include "app/window/PageView.h"
 #include "support/DbfBuilder.h"
-#include "support/Modal.h"
 #include "support/TestDesk.h"
+#include "support/Widgets.h"
 
 namespace window_test {
 
@@ -78,14 +78,10 @@ public:
     std::string Status() const { return Find<QLabel>("statusText").text().toStdString(); }
     int ListedPages() const { return Find<QTreeView>("pageList").model()->rowCount(); }
 
-    /// The first cell's text of each drawn row.
     std::vector<std::string> DrawnListings() const {
-        using support::TestDesk;
-        std::vector<std::string> texts;
         const auto& element = Session().Document().Gazetteer();
-        if (!element) return texts;
-        for (const auto& row : TestDesk::Members(*element, "ROWGROUP"))
-            texts.push_back(TestDesk::CellText(*row, 0).substr(0, 10));
+        auto texts = element ? support::TestDesk::DrawnTexts(*element) : std::vector<std::string>();
+        for (auto& text : texts) text = text.substr(0, 10);  // Without the leader.
         return texts;
     }
 
@@ -94,13 +90,16 @@ public:
             if (button->text().remove('&') == text) return button->click();
         ADD_FAILURE() << "no button " << text.toStdString();
     }
-    /// Looks at the text of the message box that comes up next, and presses a button of it.
-    static void ExpectMessage(const QString& part, const QString& button = "OK") {
-        support::WhenModal([part, button](QWidget& dialog) {
+    /// Looks at the text of the message box that comes up next, and presses a button of it; then
+    /// comes another dialog where there is an answer to one.
+    static void ExpectMessage(const QString& part, const QString& button = "OK",
+                              const Answer& next = {}) {
+        support::WhenModal([part, button, next](QWidget& dialog) {
             const auto* const box = qobject_cast<QMessageBox*>(&dialog);
             ASSERT_NE(box, nullptr);
             EXPECT_TRUE((box->text() + box->informativeText()).contains(part))
                 << box->text().toStdString();
+            if (next) support::WhenModal(next);
             Press(dialog, button);
         });
     }

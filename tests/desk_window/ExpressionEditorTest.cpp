@@ -2,11 +2,11 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTreeWidget>
+#include <array>
 
 #include "desk/tables/DbfTable.h"
 #include "desk/window/ExpressionEditor.h"
 #include "support/DbfBuilder.h"
-#include "support/Modal.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
 
@@ -40,7 +40,6 @@ protected:
         return support::EndButton(shown, QDialogButtonBox::Ok).isEnabled();
     }
     static void Confirm(QWidget& shown) { QTest::keyClick(&Text(shown), Qt::Key_Return); }
-    static void Cancel(QWidget& shown) { QTest::keyClick(&shown, Qt::Key_Escape); }
 
     support::TemporaryFolder folder_;
     host::Ref<host::IHostTable> table_;
@@ -72,54 +71,48 @@ TEST_F(ExpressionEditorTest, ShowsWhatTheFirstRecordsGiveWhileTyping) {
                   (QStringList{"Oak 1 11A 1,5$$DOTS", "Oak 2 1A 1,5$$DOTS"}));
         const QString note = Part<QLabel>(shown, "note").text().remove(QChar(0x2060));
         EXPECT_TRUE(note.contains("$$PAGE_NUMBER is the field Page, $$ROW is A"));
-        Cancel(shown);
+        support::Escape(shown);
     });
     EXPECT_EQ(edited, "");
 }
 
 TEST_F(ExpressionEditorTest, MarksWhatIsNotValidAndDoesNotTakeIt) {
-    struct Case {
-        const char* expression;
-        const char* marked;
-        const char* finding;
-    };
-    for (const Case& one :
-         {Case{"\u00e9 [Foo] x", "[Foo]", "No field named Foo."},
-          Case{"\U0001F333 [NAME", "[NAME", "[ without ]."}, Case{"[]", "[]", "[] names no field."},
-          Case{"", "",
-               "An empty expression would leave the old one in place: write one, or press "
-               "Cancel."}}) {
-        const auto edited = Edit(one.expression, [&](QWidget& shown) {
+    const std::array<const char*, 3> cases[] = {
+        {"\u00e9 [Foo] x", "[Foo]", "No field named Foo."},
+        {"\U0001F333 [NAME", "[NAME", "[ without ]."},
+        {"[]", "[]", "[] names no field."},
+        {"", "",
+         "An empty expression would leave the old one in place: write one, or press Cancel."}};
+    for (const auto& [expression, wrong, finding] : cases) {
+        SCOPED_TRACE(expression);
+        const auto edited = Edit(expression, [&, wrong = wrong, found = finding](QWidget& shown) {
             QString marked;
             for (const auto& mark : Text(shown).extraSelections())
                 marked += mark.cursor.selectedText();
-            EXPECT_EQ(marked, one.marked);
-            EXPECT_EQ(Part<QLabel>(shown, "finding").text(), one.finding);
-            EXPECT_EQ(Texts(shown).join(""), "") << one.expression;
-            EXPECT_FALSE(CanConfirm(shown)) << one.expression;
+            EXPECT_EQ(marked, wrong);
+            EXPECT_EQ(Part<QLabel>(shown, "finding").text(), found);
+            EXPECT_EQ(Texts(shown).join(""), "");
+            EXPECT_FALSE(CanConfirm(shown));
             Confirm(shown);
-            EXPECT_TRUE(shown.isVisible()) << one.expression;
+            EXPECT_TRUE(shown.isVisible());
             Text(shown).setPlainText("[NAME]");
-            EXPECT_TRUE(Text(shown).extraSelections().isEmpty()) << one.expression;
-            EXPECT_EQ(Part<QLabel>(shown, "finding").text(), "") << one.expression;
+            EXPECT_TRUE(Text(shown).extraSelections().isEmpty());
+            EXPECT_EQ(Part<QLabel>(shown, "finding").text(), "");
             Confirm(shown);
         });
-        EXPECT_EQ(edited, "[NAME]") << one.expression;
+        EXPECT_EQ(edited, "[NAME]");
     }
 }
 
-TEST_F(ExpressionEditorTest, ReturnsAnUntouchedTextByteForByte) {
+TEST_F(ExpressionEditorTest, ReturnsAnUntouchedTextByteForByteAndWorksWithoutATable) {
     const std::string odd = "a\r\nb\tc\u00A0d";
     EXPECT_EQ(Edit(odd, Confirm), odd);
-}
-
-TEST_F(ExpressionEditorTest, WorksWithoutATable) {
     table_ = nullptr;
     Edit("$$ROW", [](QWidget& shown) {
         EXPECT_TRUE(Texts(shown).isEmpty());
         QTest::keyClicks(&Text(shown), "[NAME]");
         EXPECT_FALSE(CanConfirm(shown));
-        Cancel(shown);
+        support::Escape(shown);
     });
 }
 

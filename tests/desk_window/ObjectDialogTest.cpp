@@ -6,7 +6,6 @@
 #include "desk/window/ObjectDialog.h"
 #include "desk/window/PlacesPanel.h"
 #include "support/DbfBuilder.h"
-#include "support/Modal.h"
 #include "support/TemporaryFolder.h"
 #include "support/Widgets.h"
 
@@ -43,9 +42,6 @@ protected:
         return picked + dialog.Name();
     }
     static QTreeWidget& List(QWidget& shown) { return Part<QTreeWidget>(shown, "list"); }
-    static void SelectRow(QWidget& shown, int row) {
-        List(shown).setCurrentItem(List(shown).topLevelItem(row));
-    }
     static void Type(QWidget& shown, const char* field, const QString& text) {
         auto& edit = Part<QLineEdit>(shown, field);
         support::Retype(edit, text);
@@ -57,25 +53,40 @@ protected:
     const std::string table_ = "dBASE Table|" + folder_.File("Places.DBF") + "|";
 };
 
-TEST_F(ObjectDialogTest, PicksATableByKeysAlone) {
+TEST_F(ObjectDialogTest, PicksATableByKeysAloneAndShowsWhatItHolds) {
     const auto picked = Pick([](QWidget& shown) {
+        auto& summary = Part<QLabel>(shown, "previewSummary");
+        auto& fields = Part<QTreeWidget>(shown, "previewFields");
         EXPECT_EQ(Names(shown), (QStringList{"maps", "broken.dbf", "Places.DBF"}));
         QTest::keyClick(&List(shown), Qt::Key_Down);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return summary.text().contains("broken.dbf"); }));
+        EXPECT_TRUE(fields.isHidden());
         QTest::keyClick(&List(shown), Qt::Key_Down);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return summary.text().contains("2 records"); }));
+        EXPECT_EQ(support::RowTexts(fields), (QStringList{"NAME", "PAGE"}));
+        EXPECT_EQ(fields.topLevelItem(1)->text(1), "Number (6)");
         QTest::keyClick(&List(shown), Qt::Key_Return);
     });
     EXPECT_EQ(picked, table_ + "Places.DBF");
+    EXPECT_EQ(Pick(support::Escape), "cancelled");
 }
 
 TEST_F(ObjectDialogTest, TakesANameInTheFolderOnShow) {
     const std::string folder = "Folder|" + folder_.Path() + "|";
-    const std::vector<std::pair<QString, std::string>> cases = {
-        {"new", folder + "new"},
-        {"new.dbf", folder + "new.dbf"},
-        {"Places", table_ + "Places.DBF"},
-        {"Places.DBF", table_ + "Places.DBF"}};
-    for (const auto& [typed, result] : cases)
+    for (const auto& [typed, result] : {std::pair{"new", folder + "new"},
+                                        {"new.dbf", folder + "new.dbf"},
+                                        {"Places", table_ + "Places.DBF"},
+                                        {"Places.DBF", table_ + "Places.DBF"}})
         EXPECT_EQ(Pick([&, name = typed](QWidget& shown) { Type(shown, "name", name); }), result);
+    const auto connection = Pick([](QWidget& shown) {
+        Type(shown, "address", " ");
+        Type(shown, "name", "new");
+        EXPECT_EQ(Part<QLabel>(shown, "note").text(),
+                  "Select the folder connection in which new is to be.");
+        List(shown).setCurrentItem(List(shown).topLevelItem(0));
+        Type(shown, "name", "new");
+    });
+    EXPECT_EQ(connection, "Folder Connection|" + folder_.Path() + "|new");
 }
 
 TEST_F(ObjectDialogTest, WalksThroughFolders) {
@@ -92,35 +103,6 @@ TEST_F(ObjectDialogTest, WalksThroughFolders) {
         QTest::keyClick(&Part<QLineEdit>(shown, "name"), Qt::Key_Return);
     });
     EXPECT_EQ(picked, "dBASE Table|" + folder_.File("maps/inner.dbf") + "|inner.dbf");
-}
-
-TEST_F(ObjectDialogTest, TakesANameInAFolderConnection) {
-    const auto picked = Pick([](QWidget& shown) {
-        Type(shown, "address", " ");
-        Type(shown, "name", "new");
-        EXPECT_EQ(Part<QLabel>(shown, "note").text(),
-                  "Select the folder connection in which new is to be.");
-        SelectRow(shown, 0);
-        Type(shown, "name", "new");
-    });
-    EXPECT_EQ(picked, "Folder Connection|" + folder_.Path() + "|new");
-}
-
-TEST_F(ObjectDialogTest, ShowsWhatATableHolds) {
-    const auto picked = Pick([](QWidget& shown) {
-        auto& summary = Part<QLabel>(shown, "previewSummary");
-        auto& fields = Part<QTreeWidget>(shown, "previewFields");
-        SelectRow(shown, 2);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return summary.text().contains("2 records"); }));
-        ASSERT_EQ(fields.topLevelItemCount(), 2);
-        EXPECT_EQ(fields.topLevelItem(1)->text(0), "PAGE");
-        EXPECT_EQ(fields.topLevelItem(1)->text(1), "Number (6)");
-        SelectRow(shown, 1);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return summary.text().contains("broken.dbf"); }));
-        EXPECT_TRUE(fields.isHidden());
-        QTest::keyClick(&List(shown), Qt::Key_Escape);
-    });
-    EXPECT_EQ(picked, "cancelled");
 }
 
 TEST_F(ObjectDialogTest, PicksSeveralWhereThatIsAllowed) {
@@ -150,7 +132,7 @@ TEST_F(ObjectDialogTest, RemembersFoldersThatTheUserAdded) {
         QTest::keyClick(&places, Qt::Key_Return);
         EXPECT_EQ(Names(shown), QStringList{"inner.dbf"});
         remove.click();
-        QTest::keyClick(&shown, Qt::Key_Escape);
+        support::Escape(shown);
     });
     EXPECT_FALSE(has());
 }

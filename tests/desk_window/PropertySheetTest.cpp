@@ -5,7 +5,6 @@
 #include "desk/window/ObjectSet.h"
 #include "desk/window/PropertySheet.h"
 #include "host/Failure.h"
-#include "support/Modal.h"
 #include "support/Widgets.h"
 
 namespace {
@@ -110,7 +109,7 @@ TEST_F(PropertySheetTest, TakesPagesThroughTheirWholeLife) {
                   sheet.findChild<QTabWidget*>()->setCurrentIndex(1);
                   EXPECT_TRUE(second_->window->isVisible());
                   first_->Type("b");
-                  QTest::keyClick(&sheet, Qt::Key_Escape);
+                  support::Escape(sheet);
               }),
               QDialog::Rejected);
     EXPECT_EQ(
@@ -128,7 +127,6 @@ TEST_F(PropertySheetTest, AppliesWhatChangedAndNothingTwice) {
                   for (const int times : {1, 2}) {
                       EXPECT_FALSE(apply.isEnabled()) << times;
                       first_->Type("b");
-                      EXPECT_TRUE(apply.isEnabled()) << times;
                       apply.click();
                       EXPECT_EQ(applied_, times);
                   }
@@ -139,29 +137,24 @@ TEST_F(PropertySheetTest, AppliesWhatChangedAndNothingTwice) {
     EXPECT_EQ(applied_, 2);
 }
 
+// Its page has no room on the screen, too.
 TEST_F(PropertySheetTest, TellsTheFailureOfAPageAndGoesOn) {
     first_->fails = true;
+    first_->window->resize(3000, 2000);
     Show([&](desk::PropertySheet& sheet) {
+        const QSize room = sheet.screen()->availableSize();
+        EXPECT_TRUE(sheet.width() <= room.width() && sheet.height() <= room.height());
+        EXPECT_GE(first_->window->width(), 3000) << "it is scrolled";
         first_->Type("b");
         WhenModal([](QWidget& message) {
             EXPECT_EQ(dynamic_cast<QMessageBox&>(message).text(),
                       "The property page Colour failed: Out of <ink>.");
-            QTest::keyClick(&message, Qt::Key_Return);
+            support::Escape(message);
         });
         EndButton(sheet, QDialogButtonBox::Apply).click();
         EndButton(sheet, QDialogButtonBox::Cancel).click();
     });
     EXPECT_TRUE(calls_.ends_with("Size deactivate, ")) << calls_;
-}
-
-TEST_F(PropertySheetTest, ScrollsAPageThatTheScreenHasNoRoomFor) {
-    first_->window->resize(3000, 2000);
-    Show([&](desk::PropertySheet& sheet) {
-        const QSize room = sheet.screen()->availableSize();
-        EXPECT_TRUE(sheet.width() <= room.width() && sheet.height() <= room.height());
-        EXPECT_GE(first_->window->width(), 3000);
-        sheet.reject();
-    });
 }
 
 TEST_F(PropertySheetTest, IsMadeAndNotShown) {

@@ -6,7 +6,6 @@
 
 #include "desk/window/SymbolDialog.h"
 #include "host/Failure.h"
-#include "support/Modal.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
 
@@ -62,7 +61,7 @@ TEST_F(SymbolDialogTest, EditsACopyOfATextAndKeepsWhatItDoesNotShow) {
         auto& size = Part<QDoubleSpinBox>(shown, "size");
         size.selectAll();
         QTest::keyClicks(&size, "7.25");
-        QTest::keyClick(&Part<QCheckBox>(shown, "bold"), Qt::Key_Space);
+        Toggle(shown, "bold");
         PickColor(shown, "color", QColor(1, 2, 3));
     });
     EXPECT_EQ(edited->Font()->Name(), "Liberation Serif");
@@ -95,9 +94,7 @@ TEST_F(SymbolDialogTest, EditsFillAndOutline) {
         EXPECT_FALSE(Part<QPushButton>(shown, "outlineColor").isEnabled());
         Toggle(shown, "outlined");
         PickColor(shown, "outlineColor", QColor(9, 8, 7));
-        Toggle(shown, "outlined");
-        Toggle(shown, "outlined");
-        Toggle(shown, "filled");
+        for (const char* box : {"outlined", "outlined", "filled"}) Toggle(shown, box);
     });
     EXPECT_TRUE(edited->Color()->Transparent());
     ASSERT_TRUE(edited->Outline());
@@ -107,6 +104,10 @@ TEST_F(SymbolDialogTest, EditsFillAndOutline) {
         Toggle(shown, "filled");
         PickColor(shown, "color", QColor(255, 0, 0));
         Toggle(shown, "outlined");
+        EXPECT_GT(Share(shown, Qt::red), 500);
+        Toggle(shown, "filled");
+        EXPECT_EQ(Share(shown, Qt::red), 0);
+        Toggle(shown, "filled");
     });
     EXPECT_FALSE(again->Color()->Transparent());
     EXPECT_EQ(again->Color()->RGB(), 0x0000FFU);
@@ -123,7 +124,7 @@ TEST_F(SymbolDialogTest, RefusesOtherSymbols) {
     EXPECT_THROW(dialog_.Symbol(0), host::Failure);
 }
 
-TEST_F(SymbolDialogTest, PreviewsLive) {
+TEST_F(SymbolDialogTest, PreviewsATextInItsSizeOrReduced) {
     const auto symbol = desk_.Host().NewTextSymbol();
     symbol->SetSize(60);
     symbol->Color()->SetRGB(0x0000FF);
@@ -141,13 +142,6 @@ TEST_F(SymbolDialogTest, PreviewsLive) {
         EXPECT_GT(Share(shown, Qt::red), 10);
         QApplication::processEvents();
         EXPECT_EQ(caption.text().left(20), "Preview, reduced to ");
-    });
-    const auto fill = desk_.Host().NewFillSymbol();
-    fill->Color()->SetRGB(0x00FF00);
-    Edit(fill, [](QWidget& shown) {
-        EXPECT_GT(Share(shown, Qt::green), 500);
-        Toggle(shown, "filled");
-        EXPECT_EQ(Share(shown, Qt::green), 0);
     });
 }
 

@@ -5,9 +5,10 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <tuple>
 
 #include "desk/window/WindowDialogs.h"
-#include "support/Modal.h"
+#include "support/Widgets.h"
 
 namespace {
 
@@ -20,32 +21,26 @@ desk::WindowDialogs Dialogs() {
 }
 
 TEST(WindowDialogs, ShowsMessagesByTheirStyle) {
-    struct Case {
-        std::int32_t style;
-        QMessageBox::Icon icon;
-        Qt::Key key;
-        MessageAnswer answer;
-    };
-    const Case cases[] = {
+    const std::tuple<std::int32_t, QMessageBox::Icon, Qt::Key, MessageAnswer> cases[] = {
         {host::kStopOk, QMessageBox::Critical, Qt::Key_Return, MessageAnswer::Ok},
         {host::kInformationOk, QMessageBox::Information, Qt::Key_Escape, MessageAnswer::Ok},
         {host::kWarningOk, QMessageBox::Warning, Qt::Key_Return, MessageAnswer::Ok},
         {host::kYesNo, QMessageBox::Question, Qt::Key_Return, MessageAnswer::Yes},
         {host::kYesNo, QMessageBox::Question, Qt::Key_N, MessageAnswer::No},
         {host::kYesNo, QMessageBox::Question, Qt::Key_Escape, MessageAnswer::No}};
-    for (const Case& one : cases) {
-        WhenModal([&](QWidget& shown) {
+    for (const auto& [style, icon, key, answer] : cases) {
+        WhenModal([style = style, icon = icon, key = key](QWidget& shown) {
             auto& box = dynamic_cast<QMessageBox&>(shown);
             EXPECT_EQ(box.windowTitle(), "A <b>title</b>");
             EXPECT_EQ(box.text(), "<b>First</b> & last\n\nline");
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            EXPECT_EQ(box.icon(), one.icon);
-            EXPECT_EQ(box.buttons().size(), one.style == host::kYesNo ? 2 : 1);
-            QTest::keyClick(&box, one.key, one.key == Qt::Key_N ? Qt::AltModifier : Qt::NoModifier);
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.buttons().size(), style == host::kYesNo ? 2 : 1);
+            QTest::keyClick(&box, key, key == Qt::Key_N ? Qt::AltModifier : Qt::NoModifier);
         });
         EXPECT_EQ(Dialogs().MessageBox(
-                      {"A <b>title</b>", "<b>First</b> & last\r\n\r\nline", one.style, nullptr}),
-                  one.answer);
+                      {"A <b>title</b>", "<b>First</b> & last\r\n\r\nline", style, nullptr}),
+                  answer);
     }
 }
 

@@ -6,8 +6,8 @@
 #include "faults/StoryTest.h"
 #include "page/GazetteerPropertyPage.h"
 #include "page/frmGazetteerPropertyPage.h"
-#include "support/Modal.h"
 #include "support/SetDump.h"
+#include "support/Widgets.h"
 
 /// What a user does at the property page, with calls of the host failing in turn.
 namespace {

@@ -1,107 +1,98 @@
-// The form as it is described: which controls stand where, and that a keyboard reaches them.
+// The form before any element is given to it, with its tabs open to the user: nothing is cut off,
+// every control has a name and is reached by the keyboard.
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QRadioButton>
-#include <QStackedWidget>
+#include <QScrollBar>
+#include <QStyleFactory>
 #include <QTabBar>
 #include <algorithm>
-#include <map>
 #include <set>
 
-#include "page/BareForm.h"
+#include "page/SymbolPreview.h"
+#include "page/frmGazetteerPropertyPage.h"
+#include "support/TestDesk.h"
+#include "support/Widgets.h"
 
 namespace page_test {
 namespace {
 
-struct Kind {
-    const char* names;  ///< How the names of such controls begin.
-    const char* className;
-};
-
-constexpr Kind kKinds[] = {
-    {"txtExpression", "QPlainTextEdit"},
-    {"Frame", "QFrame"},
-    {"Label", "QLabel"},
-    {"SSTab", "QTabWidget"},
-    {"chk", "QCheckBox"},
-    {"cmb", "QComboBox"},
-    {"cmd", "QPushButton"},
-    {"lbl", "QLabel"},
-    {"lst", "QListWidget"},
-    {"opt", "QRadioButton"},
-    {"pic", "gazetteer::SymbolPreview"},
-    {"txt", "QLineEdit"},
-};
-
-const Kind& KindOf(const std::string& control) {
-    return *std::ranges::find_if(kKinds,
-                                 [name = QString::fromStdString(control)](const Kind& kind) {
-                                     return name.startsWith(kind.names, Qt::CaseInsensitive);
-                                 });
+template <class... Kinds>
+bool IsOneOf(const QWidget& widget) {
+    return ((qobject_cast<const Kinds*>(&widget) != nullptr) || ...);
 }
 
-// "Index Layout" for what stands on that tab, also inside a frame.
-std::string TabOf(const QWidget& control) {
-    const QWidget* page = &control;
-    while (page != nullptr && qobject_cast<QStackedWidget*>(page->parentWidget()) == nullptr)
-        page = page->parentWidget();
-    if (page == nullptr) return "no tab";
-    const auto* tabs = qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget());
-    return tabs->tabText(tabs->indexOf(page)).toStdString();
+// Those that need a caption or a name of their own.
+bool IsField(const QWidget& widget) {
+    return IsOneOf<QLineEdit, QComboBox, QListWidget, QPlainTextEdit, gazetteer::SymbolPreview>(
+        widget);
 }
 
-std::string Described(const QWidget& control) {
-    std::string flags;
-    if (control.font().bold()) flags += 'b';
-    if (control.isHidden()) flags += 'h';
-    if (!control.isEnabledTo(control.parentWidget())) flags += 'd';
-    if (control.property("readOnly").toBool()) flags += 'r';
-    return TabOf(control) + ": " + control.metaObject()->className() + ' ' +
-           control.objectName().toStdString() + ' ' + flags;
+bool IsBefore(const QRect& one, const QRect& other) {
+    const bool inOneLine = one.bottom() >= other.top() && other.bottom() >= one.top();
+    return inOneLine ? one.x() < other.x() : one.y() < other.y();
 }
 
-using Names = std::set<std::string>;
-
-Names Without(const Names& all, const Names& known) {
-    Names rest;
-    std::ranges::set_difference(all, known, std::inserter(rest, rest.end()));
-    return rest;
-}
-
-class Form : public BareForm {
+class Form : public testing::Test {
 public:
-    // Of a pair of options Tab stops at the chosen one; the arrow keys choose the other.
-    bool IsTabStop(const std::string& name) {
-        const auto& control = Control(name);
-        const auto* option = qobject_cast<const QRadioButton*>(&control);
-        if (name.starts_with("pic") || (option != nullptr && !option->isChecked())) return false;
-        return (control.focusPolicy() & Qt::TabFocus) && control.isVisible() && control.isEnabled();
+    Form() {
+        for (auto* tabs : form_.findChildren<QTabWidget*>()) tabs->setEnabled(true);
+        form_.show();
     }
+
+    template <class T = QWidget>
+    T& Control(const char* name) {
+        return support::Part<T>(form_, name);
+    }
+    QRect PlaceOf(const QWidget& control) const {
+        return {control.mapTo(&form_, QPoint()), control.size()};
+    }
+    /// Looks at the form with each tab on show, those of the column among them.
+    void OnEachTab(const std::function<void()>& look) {
+        auto& outer = Control<QTabWidget>("SSTabGazetteerProperties");
+        auto& inner = Control<QTabWidget>("SSTabColumnProps");
+        for (auto* tabs : {&outer, &inner}) {
+            if (tabs == &inner) outer.setCurrentIndex(1);
+            for (int i = 0; i < tabs->count(); ++i) {
+                SCOPED_TRACE(tabs->tabText(i).toStdString());
+                tabs->setCurrentIndex(i);
+                QApplication::processEvents();
+                look();
+            }
+        }
+    }
+    /// What is on show: labels, buttons and fields, but not their parts.
+    std::vector<const QWidget*> Shown() const {
+        std::vector<const QWidget*> shown;
+        for (const auto* widget : form_.findChildren<const QWidget*>())
+            if (widget->isVisible() && !widget->objectName().isEmpty() &&
+                !widget->objectName().startsWith("qt_") &&
+                (IsField(*widget) || IsOneOf<QLabel, QAbstractButton>(*widget)))
+                shown.push_back(widget);
+        return shown;
+    }
+
+    support::TestDesk desk_;
+    gazetteer::frmGazetteerPropertyPage form_{desk_.HostRef()};
 };
 
-TEST_F(Form, EveryControlStandsOnItsTabAndNoOther) {
-    Names expected = {"no tab: QLabel Image2 ", "no tab: QLabel lblTitle b",
-                      "no tab: QTabWidget SSTabGazetteerProperties "};
-    std::map<std::string, int> next;
-    for (const ExpectedTab& tab : ExpectedTabs()) {
-        const QString title = Control<QTabWidget>(tab.tabs).tabText(next[tab.tabs]++);
-        EXPECT_EQ(title.toStdString(), tab.title);
-        for (const auto& [name, flags] : tab.controls)
-            expected.insert(std::string(tab.title) + ": " + KindOf(name).className + ' ' + name +
-                            ' ' + flags);
-    }
-    Names found;
-    for (const QWidget* control : form_.findChildren<QWidget*>()) {
-        const QWidget* owner = control->parentWidget();
-        const bool isPartOfTabs = qobject_cast<const QStackedWidget*>(owner) != nullptr ||
-                                  qobject_cast<const QTabBar*>(owner) != nullptr;
-        const QString name = control->objectName();
-        if (!name.isEmpty() && !name.startsWith("qt_") && !isPartOfTabs)
-            found.insert(Described(*control));
-    }
-    EXPECT_EQ(Without(expected, found), Names{}) << "missing";
-    EXPECT_EQ(Without(found, expected), Names{}) << "not described";
+TEST_F(Form, HidesWhatHasNoUseYet) {
+    std::set<std::string> hidden;
+    for (const auto* control : form_.findChildren<QWidget*>())
+        if (control->isHidden() && (IsOneOf<QLabel, QAbstractButton>(*control)))
+            if (qobject_cast<QTabBar*>(control->parentWidget()) == nullptr)
+                hidden.insert(control->objectName().toStdString());
+    EXPECT_EQ(hidden,
+              (std::set<std::string>{"Label14", "OptDisplayDirection_0", "OptDisplayDirection_1",
+                                     "chkAutoRefreshListings", "chkMissingHeaders", "cmdRename"}));
+    EXPECT_TRUE(Control<QLineEdit>("txtDatabaseFile").isReadOnly());
+    EXPECT_TRUE(Control<QPlainTextEdit>("txtExpression").isReadOnly());
+    EXPECT_EQ(Control<QLabel>("Image2").pixmap().deviceIndependentSize(), QSizeF(16, 16));
+    EXPECT_FALSE(Control<QAbstractButton>("cmdSetNewFileName").icon().isNull());
 }
 
 // What is left unconnected by a slip of the pen keeps the form from being made.
@@ -110,12 +101,6 @@ TEST_F(Form, NoControlAndNoHandlerIsForgotten) {
     for (const char* nowhere : {"cmdNowhere_Click", "lblTitle_Click", "SSTabColumnProps_Click"})
         EXPECT_THROW(events.Connect(nowhere, [] {}), host::Failure) << nowhere;
     EXPECT_THROW(events.RequireAllBut({}), host::Failure);
-}
-
-TEST_F(Form, HasItsPictures) {
-    const QSize size(19, 18);
-    EXPECT_EQ(Control<QLabel>("Image2").pixmap().deviceIndependentSize(), QSizeF(16, 16));
-    EXPECT_FALSE(Control<QAbstractButton>("cmdSetNewFileName").icon().pixmap(size).isNull());
 }
 
 // Bold texts follow the form's font in all but their weight.
@@ -128,41 +113,161 @@ TEST_F(Form, BoldTextsHaveTheFontOfTheForm) {
             << control->objectName().toStdString();
 }
 
-TEST_F(Form, CaptionsBelongToTheFieldBehindThem) {
-    for (const ExpectedTab& tab : ExpectedTabs()) {
-        const QLabel* label = nullptr;
-        for (const auto& [name, flags] : tab.controls) {
-            auto& control = Control(name);
-            const QLabel* before = std::exchange(label, qobject_cast<QLabel*>(&control));
-            if (label == nullptr && before != nullptr && before->text().endsWith(':')) {
-                EXPECT_EQ(before->buddy(), &control) << tab.title << ": " << name;
-            }
+TEST_F(Form, EveryControlHasANameAndEveryCaptionIsThatOfTheNextField) {
+    OnEachTab([this] {
+        std::set<const QWidget*> named;
+        const auto shown = Shown();
+        for (const QWidget* one : shown) {
+            const auto* label = qobject_cast<const QLabel*>(one);
+            const auto* button = qobject_cast<const QAbstractButton*>(one);
+            if (!one->accessibleName().isEmpty() || (button && !button->text().isEmpty()))
+                named.insert(one);
+            if (label == nullptr || label->buddy() == nullptr) continue;
+            named.insert(label->buddy());
+            for (const QWidget* other : shown)
+                EXPECT_FALSE(IsField(*other) && IsBefore(PlaceOf(*label), PlaceOf(*other)) &&
+                             IsBefore(PlaceOf(*other), PlaceOf(*label->buddy())))
+                    << label->text().toStdString();
         }
-    }
+        for (const QWidget* one : shown)
+            EXPECT_TRUE(named.contains(one) || qobject_cast<const QLabel*>(one) != nullptr)
+                << one->objectName().toStdString();
+    });
 }
 
-// What a user meets who presses Tab on each tab, from its first control on.
-TEST_F(Form, TabKeyGoesInReadingOrder) {
-    form_.show();
+// What a user meets who presses Tab on each tab. Of a pair of options Tab stops at the chosen one;
+// the arrow keys choose the other.
+TEST_F(Form, TabKeyReachesEveryControlInReadingOrder) {
     form_.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form_));
     for (auto* option : form_.findChildren<QRadioButton*>())
         if (option->objectName().endsWith("_0")) option->setChecked(true);
-    for (const ExpectedTab& tab : ExpectedTabs()) {
-        ShowTab(tab.tabs, tab.title);
-        std::vector<std::string> expected;
-        for (const ExpectedControl& control : tab.controls)
-            if (IsTabStop(control.name)) expected.push_back(control.name);
-        Control(expected.front()).setFocus();
-        std::vector<std::string> met = {expected.front()};
-        while (met.size() < expected.size()) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QWidget* reached = QApplication::focusWidget();
-            if (qobject_cast<QTabBar*>(reached) != nullptr) reached = reached->parentWidget();
-            met.push_back(reached->objectName().toStdString());
+    auto& first = *Control<QTabWidget>("SSTabGazetteerProperties").tabBar();
+    OnEachTab([&] {
+        std::set<const QWidget*> missed;
+        for (const QWidget* one : Shown()) {
+            const auto* option = qobject_cast<const QRadioButton*>(one);
+            if ((one->focusPolicy() & Qt::TabFocus) && one->isEnabled() &&
+                (option == nullptr || option->isChecked()))
+                missed.insert(one);
         }
-        EXPECT_EQ(met, expected) << tab.title;
+        first.setFocus();
+        QRect before = PlaceOf(first);
+        for (int presses = 0; presses < 100; ++presses) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            const QWidget& reached = *QApplication::focusWidget();
+            if (&reached == &first) break;
+            missed.erase(&reached);
+            EXPECT_TRUE(IsBefore(before, PlaceOf(reached))) << reached.objectName().toStdString();
+            before = PlaceOf(reached);
+        }
+        for (const QWidget* stop : missed) ADD_FAILURE() << stop->objectName().toStdString();
+    });
+}
+
+struct Look {
+    const char* style;
+    const char* family;
+    double factor;       ///< Of the font's size.
+    double width = 100;  ///< Of a letter and the space behind it, in percent.
+
+    friend void PrintTo(const Look& look, std::ostream* out) {
+        *out << look.style << ", " << look.family << " times " << look.factor << ", " << look.width
+             << "% wide";
     }
+};
+
+constexpr double kDefaultPoints = 9;
+
+class FormSize : public Form, public testing::WithParamInterface<Look> {
+public:
+    FormSize() {
+        const Look& look = GetParam();
+        form_.setStyle(style_.get());
+        for (QWidget* part : form_.findChildren<QWidget*>()) part->setStyle(style_.get());
+        QFont font(look.family);
+        font.setPointSizeF(kDefaultPoints * look.factor);
+        font.setLetterSpacing(QFont::PercentageSpacing, look.width);
+        form_.setFont(font);
+        QApplication::processEvents();
+    }
+
+private:
+    std::unique_ptr<QStyle> style_{QStyleFactory::create(GetParam().style)};
+};
+
+// A text that wraps needs a height for its width; a text box shows five digits at least.
+bool ShowsItsText(const QWidget& widget) {
+    if (IsOneOf<QLineEdit>(widget))
+        return widget.contentsRect().width() >= widget.fontMetrics().horizontalAdvance("0.125");
+    const QSize needed = widget.minimumSizeHint();
+    const int height = std::max(needed.height(), widget.heightForWidth(widget.width()));
+    return widget.width() >= needed.width() && widget.height() >= height;
+}
+
+bool IsWhollyOnItsPage(const QWidget& widget) {
+    for (const QWidget* outer = widget.parentWidget(); outer != nullptr && !outer->isWindow();
+         outer = outer->parentWidget())
+        if (!outer->rect().contains(QRect(widget.mapTo(outer, QPoint()), widget.size())))
+            return false;
+    return true;
+}
+
+TEST_P(FormSize, NothingIsCutOff) {
+    for (auto* list : form_.findChildren<QListWidget*>())
+        list->addItems({"Listing", "Page", "Grid", "Note"});
+    OnEachTab([this] {
+        const auto shown = Shown();
+        for (const QWidget* control : shown) {
+            SCOPED_TRACE(control->objectName().toStdString());
+            EXPECT_TRUE(ShowsItsText(*control));
+            EXPECT_TRUE(IsWhollyOnItsPage(*control));
+            for (const QWidget* other : shown)
+                EXPECT_TRUE(other == control || !PlaceOf(*control).intersects(PlaceOf(*other)))
+                    << other->objectName().toStdString();
+            const auto* list = qobject_cast<const QListWidget*>(control);
+            EXPECT_TRUE(list == nullptr || list->verticalScrollBar()->maximum() == 0)
+                << "it shows four rows";
+        }
+    });
+    for (const QTabWidget* tabs : form_.findChildren<QTabWidget*>()) {
+        const QTabBar& bar = *tabs->tabBar();
+        for (int i = 0; i < bar.count(); ++i) {
+            EXPECT_TRUE(bar.rect().contains(bar.tabRect(i))) << bar.tabText(i).toStdString();
+            EXPECT_GE(bar.tabRect(i).width(), bar.fontMetrics().horizontalAdvance(bar.tabText(i)));
+        }
+        EXPECT_TRUE(tabs->rect().contains(bar.geometry()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Looks, FormSize,
+    testing::Values(Look{"fusion", "Liberation Sans", 1}, Look{"fusion", "DejaVu Sans", 1},
+                    Look{"fusion", "Noto Sans", 1.5}, Look{"windows", "DejaVu Sans", 1.5},
+                    Look{"fusion", "Liberation Sans", 2.2}, Look{"fusion", "DejaVu Sans", 1, 140}));
+
+// It fits a sheet with its buttons on a screen of 1366 by 768 pixels. Below a least size, in twips,
+// it does not shrink. Space that is left over goes to the lists.
+TEST_F(Form, GrowsAndShrinksWithItsFontAndItsWindow) {
+    form_.setFont(QFont("Liberation Sans", kDefaultPoints));
+    const QSize before = form_.size();
+    EXPECT_TRUE(before.width() <= 640 && before.height() <= 620);
+    form_.setFont(QFont("Liberation Sans", 14));
+    EXPECT_TRUE(form_.width() > before.width() && form_.height() > before.height());
+    form_.setFont(QFont("Liberation Sans", 4));
+    const double twips = 1440.0 / form_.logicalDpiX();
+    EXPECT_GE(form_.width() * twips, 120 + 6735 + 100);
+    EXPECT_GE(form_.height() * twips, 6855 + 100);
+
+    form_.setFont(QFont("Liberation Sans", kDefaultPoints));
+    EXPECT_EQ(form_.size(), before);
+    Control<QTabWidget>("SSTabGazetteerProperties").setCurrentIndex(1);
+    QApplication::processEvents();
+    const QWidget& list = Control("lstListingColumns");
+    const int height = list.height();
+    form_.resize(form_.width(), form_.height() + 200);
+    QApplication::processEvents();
+    EXPECT_EQ(list.height(), height + 200);
 }
 
 }  // namespace

@@ -11,9 +11,10 @@ bool IsNumber(const std::string& text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-void WriteListings(const std::string& path, const TestDesk::Rows& rows) {
-    DbfBuilder table({{"Listing", 'C', 60}, {"Ref", 'C', 20}, {"Page", 'N', 6}});
-    for (const auto& row : rows) table.Row({row[0], row[1], IsNumber(row[1]) ? row[1] : ""});
+void WriteTable(const std::string& path, const std::vector<DbfColumn>& columns,
+                const TestDesk::Rows& rows) {
+    DbfBuilder table(columns);
+    for (const auto& row : rows) table.Row(row);
     table.Write(path);
 }
 
@@ -34,19 +35,19 @@ host::Ref<host::IHostDisplay> TestDesk::Display() {
 
 std::string TestDesk::ListingTable(const Rows& rows) {
     const std::string path = folder_.File("listings" + std::to_string(++tables_) + ".dbf");
-    WriteListings(path, rows);
+    ReplaceTable(path, rows);
     return path;
 }
 
-void TestDesk::ReplaceTable(const std::string& path, const Rows& rows) {
-    WriteListings(path, rows);
+void TestDesk::ReplaceTable(const std::string& path, Rows rows) {
+    for (auto& row : rows) row.push_back(IsNumber(row[1]) ? row[1] : "");
+    WriteTable(path, {{"Listing", 'C', 60}, {"Ref", 'C', 20}, {"Page", 'N', 6}}, rows);
 }
 
 std::string TestDesk::GridTable(const Rows& rows) {
     const std::string path = folder_.File("grid" + std::to_string(++tables_) + ".dbf");
-    DbfBuilder table({{"Listing", 'C', 60}, {"Page", 'N', 6}, {"Row", 'N', 4}, {"Column", 'N', 4}});
-    for (const auto& row : rows) table.Row(row);
-    table.Write(path);
+    WriteTable(path, {{"Listing", 'C', 60}, {"Page", 'N', 6}, {"Row", 'N', 4}, {"Column", 'N', 4}},
+               rows);
     return path;
 }
 
@@ -54,9 +55,7 @@ void TestDesk::UseBook(const std::string& json,
                        const std::pair<std::vector<std::string>, Rows>& sheets) {
     std::vector<DbfColumn> columns;
     for (const auto& name : sheets.first) columns.push_back({name, 'C', 20});
-    DbfBuilder table(columns);
-    for (const auto& row : sheets.second) table.Row(row);
-    table.Write(folder_.File("sheets.dbf"));
+    WriteTable(folder_.File("sheets.dbf"), columns, sheets.second);
     folder_.Write("book.json", json);
     desk::Document document;
     document.mapBook = "book.json";
@@ -159,6 +158,12 @@ std::string TestDesk::CellText(const host::IHostElement& row, int column) {
     const auto& group = dynamic_cast<const host::IHostGroupElement&>(row);
     const auto cell = host::As<host::IHostGroupElement>(group.Item(column));
     return host::As<host::IHostTextElement>(cell->Item(1))->Text();
+}
+
+std::vector<std::string> TestDesk::DrawnTexts(const host::IHostGroupElement& element, int column) {
+    std::vector<std::string> texts;
+    for (const auto& row : Members(element, "ROWGROUP")) texts.push_back(CellText(*row, column));
+    return texts;
 }
 
 host::Ref<host::IHostPropertySet> TestDesk::SetIn(const host::IHostPropertySet& set,

@@ -36,7 +36,7 @@ public:
     std::string ListingTable(const Rows& rows);
     /// Path of a table with Listing, Page, Row and Column, all but the first numeric.
     std::string GridTable(const Rows& rows);
-    void ReplaceTable(const std::string& path, const Rows& rows);
+    void ReplaceTable(const std::string& path, Rows rows);
 
     /// Works with a map book whose series frames page through "sheets.dbf": character fields, rows.
     void UseBook(const std::string& json, const std::pair<std::vector<std::string>, Rows>& sheets);
@@ -59,6 +59,9 @@ public:
     static std::vector<host::Ref<host::IHostElement>> Members(
         const host::IHostGroupElement& element, const std::string& tag);
     static std::string CellText(const host::IHostElement& row, int column);
+    /// The texts of a column as they are drawn, from the top.
+    static std::vector<std::string> DrawnTexts(const host::IHostGroupElement& element,
+                                               int column = 0);
     static host::Ref<host::IHostPropertySet> SetIn(const host::IHostPropertySet& set,
                                                    const std::string& name);
     template <class T>

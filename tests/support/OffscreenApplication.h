@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QApplication>
+#include <QSettings>
+#include <cstdio>
+
+#include "support/TemporaryFolder.h"
+
+namespace support {
+
+/// An application that needs no display, with settings in a folder of its own.
+class OffscreenApplication {
+public:
+    OffscreenApplication(int& count, char** arguments, const char* name)
+        : application_(Prepared(count), arguments) {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                           QString::fromStdString(folder_.Path()));
+        QApplication::setOrganizationName(name);
+        QApplication::setApplicationName(name);
+    }
+
+    const TemporaryFolder& Folder() const { return folder_; }
+
+private:
+    static int& Prepared(int& count) {
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(PassOn);
+        return count;
+    }
+    /// The offscreen platform says at every window what it does not do.
+    static void PassOn(QtMsgType, const QMessageLogContext&, const QString& text) {
+        if (!text.startsWith("This plugin does not support") && !text.contains("XDG_RUNTIME_DIR"))
+            std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+    }
+
+    TemporaryFolder folder_;
+    QApplication application_;
+};
+
+}  // namespace support
