@@ -12,7 +12,7 @@ namespace desk {
 
 class TextEngine;
 
-/// Makes the objects that a document holds.
+/// Creates the objects of a document.
 class ObjectFactory : public virtual host::IHostPropertySetFactory,
                       public virtual host::IHostGeometryFactory,
                       public virtual host::IHostSymbolFactory,

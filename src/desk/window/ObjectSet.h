@@ -8,7 +8,7 @@
 
 namespace desk {
 
-/// The objects that a property sheet is about, as a list.
+/// The objects that a property sheet edits.
 class ObjectSet final : public host::IHostObjectSet {
 public:
     explicit ObjectSet(std::vector<host::Ref<host::IHostObject>> objects)

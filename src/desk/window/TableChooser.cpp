@@ -25,11 +25,11 @@ constexpr char kTable[] = "dBASE Table";
 constexpr char kFolder[] = "Folder";
 constexpr char kConnection[] = "Folder Connection";
 
-/// Milliseconds that a selection has to last before its table is read, so that the keys can run
-/// through a list of large tables.
+/// Milliseconds before the table of a new selection is read, so that scrolling through the list
+/// with the keyboard stays fast.
 constexpr int kPreviewDelay = 120;
 
-/// Size at first, in characters and lines.
+/// Initial size in characters and lines.
 constexpr int kColumns = 130;
 constexpr int kLines = 30;
 
@@ -122,7 +122,7 @@ QWidget* TableChooser::NameRow() {
 }
 
 void TableChooser::Wire() {
-    // The dialog's order of making is not its reading order.
+    // The default tab order is the order of construction.
     const QList<QWidget*> order =
         QList<QWidget*>{address_, up_} + places_->TabOrder() + QList<QWidget*>{list_, name_};
     for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
@@ -135,7 +135,7 @@ void TableChooser::Wire() {
     });
     connect(&previewTimer_, &QTimer::timeout, this, &TableChooser::ShowPreview);
     connect(address_, &QLineEdit::returnPressed, this, &TableChooser::GoToAddress);
-    // Return in these fields goes somewhere; it does not press OK as well.
+    // In these fields Return navigates and must not also press OK.
     connect(buttons_, &QDialogButtonBox::accepted, this, [this] {
         if (!address_->hasFocus() && !places_->TakesReturn()) TakeName();
     });
@@ -185,7 +185,7 @@ void TableChooser::GoToAddress() {
 
 void TableChooser::TakeSelection() {
     const QStringList tables = list_->SelectedTables();
-    // A name that was typed stays while the user looks for a folder to put it in.
+    // Keeps a typed name while the user looks for a folder.
     if (!tables.isEmpty()) name_->setText(FileNames(tables).join("; "));
     previewTimer_.start();
     UpdateButtons();

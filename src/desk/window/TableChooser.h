@@ -17,20 +17,20 @@ class FolderList;
 class PlacesPanel;
 class TablePreview;
 
-/// Something that was picked: a table, or the folder for a typed name.
+/// The selected table, or the folder of a typed name.
 struct PickedObject {
-    std::string fullName;  ///< Path.
+    std::string fullName;
     std::string category;  ///< "dBASE Table", "Folder" or "Folder Connection".
 };
 
-/// The window of the object dialog: places, the folders and tables of one folder, what the selected
-/// table holds, and a name.
+/// The dialog of ObjectDialog: folder connections, the contents of a folder, a preview of the
+/// selected table, and a name.
 class TableChooser : public QDialog {
 public:
     TableChooser(const QString& startFolder, bool allowMultiSelect, QWidget* parent);
 
     const std::vector<PickedObject>& Picked() const { return picked_; }
-    /// The name typed, or the file name of the table picked.
+    /// Returns the typed name, or the file name of the selected table.
     QString Name() const { return pickedName_; }
 
 private:
@@ -49,7 +49,7 @@ private:
     void UpdateButtons();
 
     void TakeName();
-    /// Goes where a typed path leads. False if there is no such folder.
+    /// Opens a typed path. Returns false if it is no folder.
     bool FollowPath(const QString& path);
     void TakeTables(const QStringList& paths);
     void TakeTypedName(const QString& name);
