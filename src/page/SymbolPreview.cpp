@@ -7,13 +7,13 @@
 namespace gazetteer {
 namespace {
 
-// Logical pixels: the length of a swatch that a line of text fits into.
+// Logical pixels; fits one line of text.
 constexpr int kLeastWidth = 150;
 constexpr int kLeastHeight = 27;
-// The text of a symbol stands on the middle of the area and needs its ascent above and a third of
-// that below: this takes texts up to 16 points at 96 dots per inch.
+// A symbol's text has its baseline at the middle of the area and needs its ascent above that: 40
+// pixels fit texts up to 16 points at 96 dots per inch.
 constexpr int kHeight = 40;
-constexpr double kLines = 2.6;  ///< The same beside larger fonts of the form.
+constexpr double kLines = 2.6;  ///< The same in lines of the form's font, if that is larger.
 constexpr int kWidthToHeight = 5;
 
 constexpr double kDisabledOpacity = 0.4;
@@ -38,7 +38,8 @@ double SymbolPreview::DotsPerInch() const {
 void SymbolPreview::SetPicture(const QImage& picture) {
     picture_ = picture;
     picture_.setDevicePixelRatio(devicePixelRatioF());
-    askedFor_ = Fits(picture_) ? QSize() : PixelSize();  // A wrong answer is not asked for again.
+    askedFor_ = Fits(picture_) ? QSize() : PixelSize();  // A picture of the wrong size is not
+                                                         // requested again.
     update();
 }
 
@@ -63,14 +64,13 @@ bool SymbolPreview::Fits(const QImage& picture) const {
            qFuzzyCompare(picture.devicePixelRatio(), devicePixelRatioF());
 }
 
-// Asked for now, the picture is there for the first painting.
+// Requests the picture before the first painting.
 void SymbolPreview::showEvent(QShowEvent* event) {
     QFrame::showEvent(event);
     if (!Fits(picture_)) Ask();
 }
 
-// A picture that no longer fits is shown until the new one is there, so that nothing flickers while
-// the window is being resized.
+// Shows the old picture until the new one is set, to avoid flicker during resizing.
 void SymbolPreview::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(contentsRect(), palette().window());

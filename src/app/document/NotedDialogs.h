@@ -6,7 +6,7 @@
 
 namespace app {
 
-/// Passes everything on to other dialogs and notes whether a failure was among the messages.
+/// Forwards to other dialogs and records whether a failure was shown.
 class NotedDialogs final : public host::IHostDialogs {
 public:
     explicit NotedDialogs(host::Ref<host::IHostDialogs> dialogs) : dialogs_(std::move(dialogs)) {}
@@ -22,11 +22,11 @@ public:
     }
     void Beep() override { dialogs_->Beep(); }
 
-    /// Returns whether a failure has been shown since the last call.
+    /// Returns whether a failure was shown since the last call.
     bool TakeFailureShown() { return std::exchange(failureShown_, false); }
 
-    /// While it exists, failures are neither shown nor noted: for checks that report their reasons
-    /// in another way.
+    /// While it exists, failures are neither shown nor recorded, for checks that return their
+    /// reasons.
     class Silent {
     public:
         explicit Silent(NotedDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }

@@ -75,7 +75,7 @@ bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
 }
 
 void OpenDocument::CheckNothingFailed() {
-    if (dialogs_->TakeFailureShown()) throw AlreadyTold{};
+    if (dialogs_->TakeFailureShown()) throw AlreadyReported{};
 }
 
 }  // namespace app

@@ -24,8 +24,8 @@ bool IsAlignment(const host::Variant& value) {
     return text && std::ranges::find(kAlignments, *text) != kAlignments.end();
 }
 
-// A sentence for each value that is stored although it is unusual: unknown alignments, a default
-// page before the first, and negative lengths.
+// Returns warnings about stored values that are unusual: unknown alignments, a default page below
+// 1, and negative lengths.
 std::vector<std::string> ValueCautions(const gazetteer::Settings& settings) {
     std::vector<std::string> cautions;
     if (settings.defaultPage < 1)
@@ -118,7 +118,7 @@ void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
         throw UsageError("The column property \"" + key + "\" is kept by the gazetteer itself.");
     auto names = gazetteer::NamesOf(*settings_.columnNames);
     if (column != "*") names = {ColumnName(column)};
-    // Parsed again for each column, so that no two share a symbol.
+    // Parsed again for each column, so that columns do not share a symbol.
     for (const std::string& name : names)
         gazetteer::SetUnder(*settings_.columnsProperties, name)
             ->SetItem(key, ParseValue(open_.Host(), column + "." + key, entry->kind, value));
@@ -156,7 +156,7 @@ std::string SettingsEdit::ColumnName(const std::string& name) {
 }
 
 void SettingsEdit::Store() {
-    StoreForNow();
+    StoreWithoutWarnings();
     if (!FitsFrame())
         open_.Warn(
             "the total width of the defined columns is wider than the width of the gazetteer "
@@ -164,7 +164,7 @@ void SettingsEdit::Store() {
     for (const auto& caution : ValueCautions(settings_)) open_.Warn(caution);
 }
 
-void SettingsEdit::StoreForNow() {
+void SettingsEdit::StoreWithoutWarnings() {
     auto& host = open_.Host();
     const auto& element = open_.Gazetteer();
     const auto properties = open_.Properties();

@@ -10,14 +10,14 @@
 
 namespace app {
 
-/// The property pages of the components that are registered with the host. Libraries stay loaded,
-/// since pages are made again and again.
+/// Creates the property pages of the registered components. Keeps their libraries loaded for the
+/// next call.
 class ElementPages {
 public:
     using Page = host::Ref<host::IComPropertyPage>;
 
-    /// Returns new pages, in the order of their registration. A page that cannot be made is left
-    /// out with a warning.
+    /// Returns new pages in the order of registration. Skips a page that cannot be created, with a
+    /// warning.
     std::vector<Page> Make(WindowSession& session);
 
 private:

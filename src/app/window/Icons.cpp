@@ -8,7 +8,7 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
-// Without this call the linker leaves out the resources of a static library.
+// Without this call the linker omits the resources of a static library.
 static void TakeResources() {
     Q_INIT_RESOURCE(icons);
 }
@@ -16,7 +16,7 @@ static void TakeResources() {
 namespace app {
 namespace {
 
-// A drawing in the text colour of the palette, so that it is visible on dark desktops too.
+// An SVG icon in the palette's text colour, visible on dark desktops too.
 class DrawnIcon final : public QIconEngine {
 public:
     explicit DrawnIcon(QByteArray drawing) : drawing_(std::move(drawing)) {}

@@ -23,11 +23,11 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Takes a locale as IcuLocale does. Throws for an unknown one.
+    /// The locale is a name as for IcuLocale. Throws for an unknown one.
     explicit MainWindow(const std::string& locale);
     ~MainWindow() override;
 
-    /// Opens a document, or asks for a new one from a listing table.
+    /// Opens a document, or the dialog for a new one if the path is a listing table.
     void Open(const QString& path);
     WindowSession& TheSession() { return *session_; }
     PageView& View() { return *view_; }

@@ -121,7 +121,7 @@ QWidget* NewDocumentDialog::MakeSize() {
     return row;
 }
 
-// The boxes show the size also where it has a name and cannot be edited.
+// The boxes show named sizes too, but cannot be edited then.
 void NewDocumentDialog::UpdateSize() {
     const int size = size_->currentIndex();
     for (QDoubleSpinBox* const box : {width_, height_}) box->setEnabled(size == kCustom);
@@ -131,7 +131,7 @@ void NewDocumentDialog::UpdateSize() {
     height_->setValue(named.height);
 }
 
-// Shows the fields of the table, or what is wrong with it.
+// Shows the fields of the table, or why it cannot be used.
 void NewDocumentDialog::LookAtTable() {
     QString note = "A dBase table with a field Page and, as a rule, Listing, Row and Column.";
     bool usable = false;

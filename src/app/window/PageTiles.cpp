@@ -5,8 +5,8 @@
 namespace app {
 namespace {
 
-constexpr int kSide = 512;             // Pixels of a tile.
-constexpr qsizetype kRoom = 96 << 20;  // Bytes, for several windows at twice the resolution.
+constexpr int kSide = 512;             // Width and height of a tile, in pixels.
+constexpr qsizetype kRoom = 96 << 20;  // Bytes; enough for several windows at twice the resolution.
 
 }  // namespace
 

@@ -5,7 +5,7 @@
 
 namespace app {
 
-/// While it exists, the pointer is an hourglass.
+/// Shows the wait cursor while it exists.
 class WaitPointer {
 public:
     WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
