@@ -9,7 +9,7 @@ namespace desk {
 /// Opens a dBase file.
 host::Ref<host::IHostTable> OpenTableFile(const std::string& path);
 
-/// Makes dBase workspaces, scratch tables and what goes with them.
+/// Creates dBase workspaces, scratch tables and their parts.
 class TableFactory : public virtual host::IHostTableFactory {
 public:
     host::Ref<host::IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() override;
