@@ -7,10 +7,11 @@
 namespace desk {
 namespace {
 
-/// A leader that a font leaves one dot behind the other.
+/// A sample leader, to find out whether the font keeps its dots unchanged.
 constexpr std::string_view kLeader = "................";
 
-/// All but the first three, with which the last run ends.
+/// Returns the number of dots at the end of the line without the first three, which belong to the
+/// last run.
 std::size_t CountDotsBehindRuns(std::string_view line) {
     constexpr std::size_t kInRun = 3;
     const std::size_t dots = line.size() - (line.find_last_not_of('.') + 1);
@@ -19,14 +20,14 @@ std::size_t CountDotsBehindRuns(std::string_view line) {
 
 constexpr std::size_t kLongestBlank = kNoBreakSpace.size();
 
-/// Bytes of the blank at a place, also of one that keeps a line together; 0 where there is none.
+/// Returns the length in bytes of a blank or no-break space at an offset; 0 if there is none.
 std::size_t BlankAt(std::string_view line, std::size_t place) {
     if (place >= line.size()) return 0;
     if (line[place] == ' ') return 1;
     return line[place] == kNoBreakSpace[0] && line.substr(place).starts_with(kNoBreakSpace) ? 2 : 0;
 }
 
-/// Where the word ends that begins behind the blanks at the start.
+/// Returns the end of the word that follows the blanks at the start.
 std::size_t EndOfWord(std::string_view line, std::size_t start) {
     std::size_t end = start;
     while (const std::size_t blank = BlankAt(line, end)) end += blank;
@@ -35,7 +36,7 @@ std::size_t EndOfWord(std::string_view line, std::size_t start) {
     return end;
 }
 
-/// Adds the glyphs of a run, the third and further ones of equal characters as repetitions.
+/// Adds the glyphs of a run. The third and further equal glyphs are stored as repetitions.
 void AddGlyphs(std::span<const RunGlyph> run, GlyphUnits start, GlyphStore& glyphs) {
     for (std::size_t i = 0; i < run.size(); ++i) {
         const RunGlyph& glyph = run[i];
@@ -72,8 +73,8 @@ std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::str
     return width;
 }
 
-/// Visits the runs of a line with their places and the numbers of dots that follow them. Returns
-/// the width.
+/// Visits the runs of a line with their positions and the number of dots that follow. Returns the
+/// width.
 template <class Visitor>
 std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::string_view line,
                                              LastLine* last, const Visitor& visit) {
@@ -111,7 +112,7 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
     return pen;
 }
 
-/// The run of a piece of a line, shaped with regard to the blank behind it.
+/// Returns the run of a part of a line, shaped with the blank that follows it.
 const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
                                           std::size_t start, std::size_t end) {
     const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
@@ -119,8 +120,8 @@ const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view lin
                         [&] { return shaper_.Shape(hand.font, hand.writing, text, end - start); });
 }
 
-/// The run of the word in a piece of a line without the blanks before it, if it is the same with
-/// and without blanks around it. Nothing if not.
+/// Returns the run of a word, without the blanks before it, if it is the same with and without
+/// blanks around it; else null.
 const ShapedRun* DirectShaper::FindAlone(const Hand& hand, std::string_view line, std::size_t start,
                                          std::size_t end) {
     if (!hand.cutsAtBlanks) return nullptr;
@@ -148,7 +149,7 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
     auto differ = text_.size();
     if (!line.starts_with(text_))
         differ = static_cast<std::size_t>(std::ranges::mismatch(text_, line).in2 - line.begin());
-    // A word is set with regard to the blank behind it.
+    // A word depends on the blank that follows it.
     while (!words_.empty() && words_.back().start + kLongestBlank > differ) words_.pop_back();
     text_ = line;
     if (words_.empty()) return {};
@@ -167,7 +168,7 @@ const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainCl
     return hands_[place];
 }
 
-/// Tries both cuts.
+/// Finds out whether lines can be split at blanks and in leaders.
 void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
     const auto shape = [&](std::string_view text) {
         return shaper_.Shape(hand.font, hand.writing, text, text.size());
@@ -183,7 +184,7 @@ void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
     hand.cutsAtBlanks = true;
     hand.cutsAtBlanks = Width(font, line) == shape(line).width;
     if (hand.cutsAtBlanks) return;
-    memory_.Clear();  // Of words cut at blanks.
+    memory_.Clear();  // Removes words split at blanks.
     last_ = {};
 }
 

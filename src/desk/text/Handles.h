@@ -8,7 +8,7 @@
 
 namespace desk {
 
-/// Owners of what the text libraries hand out.
+/// Owners of objects of the text libraries.
 template <auto Release>
 struct Releaser {
     template <class T>
