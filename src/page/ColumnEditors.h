@@ -29,8 +29,7 @@ public:
     /// Closes the column without storing it.
     void Close();
 
-    /// Name of the open column; empty if none. During a change of the selection it is still the
-    /// previous column.
+    /// Name of the open column; empty if none. While the selection changes, the previous column.
     const std::string& CurrentColumn() const { return currentColumn_; }
     /// Returns the open column with the values of the editors.
     ColumnProperties Shown() const;

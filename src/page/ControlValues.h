@@ -20,8 +20,7 @@ inline std::string FromQt(const QString& text) {
     return text.toStdString();
 }
 
-/// Returns the control of that name, or the first of its pair of option buttons. Throws if there is
-/// none.
+/// Returns the control, or the first of its pair of option buttons. Throws if there is none.
 QWidget& ControlNamed(const QWidget& form, const std::string& name);
 
 /// For a check box, or for a pair of option buttons of which the first means true.
@@ -45,7 +44,6 @@ void FillCheckedList(QListWidget& list, const host::IHostPropertySet& marks);
 std::string SelectedText(const QListWidget& list);
 std::vector<std::string> RowTexts(const QListWidget& list);
 
-/// Where a row is moved.
 enum class Movement { Up, Down, Top, Bottom };
 
 /// Moves the selected row with its check mark and keeps it selected. Has no effect at the target.

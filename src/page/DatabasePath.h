@@ -12,8 +12,7 @@ namespace gazetteer {
 std::string DatabasePath(const std::string& category, const std::string& fullName,
                          const std::string& typedName);
 
-/// Opens the host's object dialog. Returns the path of the selected database; empty if the user
-/// cancelled.
+/// Opens the host's object dialog. Returns the selected path; empty if the user cancelled.
 std::string PickListingDatabase(host::IHost& host);
 
 }  // namespace gazetteer

@@ -19,7 +19,6 @@ public:
 
     void Fill(const Record& record);
     void Read(Record& record) const;
-    /// Calls the handler on every edit.
     void Connect(FormEvents& events, const FormEvents::Handler& handler) const;
 
 private:

@@ -16,8 +16,7 @@ namespace {
 
 constexpr double kTwipsPerInch = 1440;
 
-// Position and margins of the tab controls, and their minimum sizes with the default font, in
-// twips.
+// Position, margins and minimum sizes of the tab controls with the default font, in twips.
 constexpr int kLeft = 120;
 constexpr int kMargin = 100;
 constexpr int kPropertiesWidth = 6735;

@@ -24,7 +24,6 @@ public:
     /// Lists the sections of the current document's map book and selects the stored choice.
     void Fill(const SiblingObjects& siblings, const Settings& settings);
     void Read(Settings& settings) const;
-    /// Releases all host objects.
     void Release();
 
     bool IsTicked() const;

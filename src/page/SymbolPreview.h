@@ -5,8 +5,7 @@
 
 namespace gazetteer {
 
-/// A sunken area that shows a picture of a symbol. Emits Paint when it needs a picture of its
-/// current size.
+/// A sunken area with a picture of a symbol. Emits Paint when it needs one of its current size.
 class SymbolPreview final : public QFrame {
     Q_OBJECT
 

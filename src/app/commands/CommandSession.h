@@ -31,8 +31,7 @@ public:
     /// Reads a document, with or without a gazetteer frame.
     OpenDocument& Look(const std::string& path);
 
-    /// Binds the manager and prints a summary of a run. Returns false after a failure, which has
-    /// been shown.
+    /// Binds the manager and prints a run's summary. Returns false after a failure, already shown.
     bool Bind();
     /// Binds the manager. Throws with the reasons if the gazetteer cannot be drawn.
     void BindDrawable();

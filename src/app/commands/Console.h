@@ -11,14 +11,12 @@ namespace app {
 /// Writes a line to standard error and removes the progress line.
 void Tell(const std::string& line);
 
-/// Writes a warning to standard error.
 void Warn(const std::string& line);
 
 /// Returns listeners that show the status text on one line of the terminal, with a spinner while
 /// the progress animation plays. They do nothing if standard error is not a terminal.
 desk::SessionListeners ProgressListeners();
 
-/// Removes the progress line.
 void ClearProgress();
 
 /// Message boxes on standard error. A failure is written as one sentence with its column, record,

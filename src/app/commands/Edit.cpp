@@ -9,7 +9,6 @@
 #include "listings/IndexTable.h"
 #include "model/ColumnList.h"
 
-/// Commands that create and change documents.
 namespace app {
 namespace {
 

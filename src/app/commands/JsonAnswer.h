@@ -8,8 +8,7 @@
 
 namespace app {
 
-/// A command's output as indented JSON. Bytes that are not UTF-8, which paths may contain, become
-/// U+FFFD.
+/// A command's output as indented JSON. Bytes that are not UTF-8, as in paths, become U+FFFD.
 class JsonAnswer final : public desk::JsonWriter {
 public:
     using JsonWriter::JsonWriter;
@@ -19,14 +18,12 @@ public:
     void Member(std::string_view key, double number);
     using JsonWriter::Member;
 
-    /// Writes an object member; `writeMembers` writes its members.
     void Object(std::string_view key, const auto& writeMembers) {
         Key(key);
         BeginObject();
         writeMembers();
         EndObject();
     }
-    /// Writes an array member with one object per item.
     void Objects(std::string_view key, const auto& items, const auto& writeMembersOf) {
         Key(key);
         BeginArray();

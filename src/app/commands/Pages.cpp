@@ -4,7 +4,6 @@
 #include "app/document/FilePaths.h"
 #include "app/document/Sheets.h"
 
-/// Commands that run the gazetteer and write its pages.
 namespace app {
 namespace {
 

@@ -9,7 +9,6 @@
 #include "model/Settings.h"
 #include "support/Conversions.h"
 
-/// Commands that show a document.
 namespace app {
 namespace {
 

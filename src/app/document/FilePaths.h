@@ -8,8 +8,7 @@ namespace app {
 /// Returns a path as documents store it: absolute, and with a backslash unchanged.
 std::string FullPath(const std::string& path);
 
-/// Returns true if two paths name the same file, which need not exist. Returns false for an empty
-/// path.
+/// Returns true if two paths name the same file, existing or not; false for an empty path.
 bool IsSameFile(const std::string& one, const std::string& other);
 
 /// Throws UsageError if the written file is one of the others. Empty paths mean no file.

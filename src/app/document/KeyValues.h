@@ -17,8 +17,7 @@ struct Assignment {
     std::string value;  ///< Verbatim, blanks included.
 };
 
-/// Splits at the first "="; the column is the part before the last "." of the key. Throws
-/// UsageError without "=".
+/// Splits at the first "="; the column ends at the key's last ".". Throws UsageError without "=".
 Assignment ParseAssignment(const std::string& text);
 
 /// Parses a value by the kind of its key. Throws UsageError with the key, the value and the

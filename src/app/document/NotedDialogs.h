@@ -25,8 +25,7 @@ public:
     /// Returns whether a failure was shown since the last call.
     bool TakeFailureShown() { return std::exchange(failureShown_, false); }
 
-    /// While it exists, failures are neither shown nor recorded, for checks that return their
-    /// reasons.
+    /// While it exists, failures are neither shown nor recorded: for checks that return reasons.
     class Silent {
     public:
         explicit Silent(NotedDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }

@@ -6,7 +6,6 @@
 #include "desk/text/TextEngine.h"
 #include "manager/CVNGazetteerManager.h"
 
-/// Messages about a run and its outcome.
 namespace app {
 
 /// Returns the counts of records, listings, duplicates, references and pages of a run, in one line.

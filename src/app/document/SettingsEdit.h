@@ -13,7 +13,6 @@ namespace app {
 /// element, and records whether the gazetteer can be drawn.
 class SettingsEdit {
 public:
-    /// Copies the stored settings.
     explicit SettingsEdit(OpenDocument& open);
 
     /// Applies one KEY=VALUE. Throws UsageError with the fault.
@@ -29,7 +28,6 @@ public:
 
     /// Stores the settings and warns about unusual values.
     void Store();
-    /// Stores the settings without warnings, for commands that continue to edit.
     void StoreWithoutWarnings();
 
 private:

@@ -90,8 +90,7 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
         PaintSheet(open, *files.back(), page);
         if (!one || page == pages.last) files.back()->Complete();
     }
-    // Only after all sheets are complete, so that a failure leaves the files of an earlier export
-    // unchanged.
+    // Only now, so that a failure leaves the files of an earlier export unchanged.
     for (const auto& file : files) file->Place();
 }
 

@@ -10,14 +10,12 @@
 
 namespace app {
 
-/// Creates the property pages of the registered components. Keeps their libraries loaded for the
-/// next call.
+/// Creates the property pages of registered components. Keeps their libraries loaded.
 class ElementPages {
 public:
     using Page = host::Ref<host::IComPropertyPage>;
 
-    /// Returns new pages in the order of registration. Skips a page that cannot be created, with a
-    /// warning.
+    /// Returns new pages in the order of registration; warns about pages that cannot be created.
     std::vector<Page> Make(WindowSession& session);
 
 private:

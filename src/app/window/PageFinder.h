@@ -8,7 +8,6 @@
 
 namespace app {
 
-/// A page found by a search.
 struct PageHit {
     int page = 0;
     QString listing;  ///< The first match on the page.

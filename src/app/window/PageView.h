@@ -21,8 +21,7 @@ public:
 
     /// Null: no page.
     void SetPicture(std::shared_ptr<const PagePicture> picture);
-    /// Sets the frame of the selected element, in inches from the sheet's upper left corner, Y
-    /// downward.
+    /// The frame of the selected element, in inches from the sheet's upper left corner, Y downward.
     void SetSelection(std::optional<QRectF> frame);
 
     /// 1 is the size on paper, by the resolution of the screen.

@@ -12,7 +12,6 @@ class StartPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// Adds a button for each action.
     StartPage(const QList<QAction*>& actions, QWidget* parent);
 
     void ShowRecent(const QStringList& paths);

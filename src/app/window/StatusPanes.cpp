@@ -78,8 +78,7 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
 
 void StatusPanes::ShowRunText(int pane, const QString& text) {
     if (pane != 0) return;
-    // A text that ends in a full stop names a stage, and an empty one ends the run: both are always
-    // shown.
+    // A text ending in a full stop names a stage, an empty one ends the run: both always show.
     const bool counts = !text.isEmpty() && !text.endsWith('.');
     if (counts && sinceShown_.isValid() && sinceShown_.elapsed() < kInterval) return;
     sinceShown_.start();

@@ -5,7 +5,6 @@
 
 namespace app {
 
-/// Shows the wait cursor while it exists.
 class WaitPointer {
 public:
     WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }

@@ -22,8 +22,7 @@ public:
     OpenDocument& Document() { return document_; }
     host::IHost& Host() { return document_.Host(); }
     bool HasDocument() const { return !Path().empty(); }
-    /// Reads a document and draws it. Throws if it cannot be read; the current document is then
-    /// kept.
+    /// Reads a document and draws it. If it throws, the current document is kept.
     void Open(const std::string& path);
     /// Creates a document, not on disk yet; `forPrint` applies the print defaults of `make`. If it
     /// throws, the current document is kept.
@@ -50,7 +49,6 @@ public:
     const std::vector<std::string>& Notices() const { return notices_; }
     /// Counts of the last refresh's runs, or of the stored results.
     const std::string& Summary() const { return summary_; }
-    /// Shows a warning in a message box.
     void Warn(const std::string& title, const std::string& sentence);
 
     /// Page shown, from 1; 0: none.

@@ -17,8 +17,7 @@ public:
     /// Returns a new instance of a class. Throws if the component does not have the class.
     host::Ref<host::IHostObject> CreateInstance(const std::string& className,
                                                 const host::Ref<host::IHost>& host) const;
-    /// Calls the component's own registration (install true) or its removal; throws what that
-    /// throws.
+    /// Calls the component's registration (install true) or removal; throws what that throws.
     void Register(const host::Ref<host::IHost>& host, bool install) const;
     /// Returns true if no object of the component is alive.
     bool CanUnload() const;
@@ -28,8 +27,7 @@ private:
     std::shared_ptr<const Loaded> loaded_;
 };
 
-/// Returns the path of a component library of this program: ../lib/NAME from the folder of the
-/// executable.
+/// Returns the path of a component library of this program: ../lib/NAME from its executable.
 std::string LibraryOfProgram(const std::string& name);
 
 }  // namespace desk

@@ -25,7 +25,6 @@ std::string ComponentsFile();
 /// its position and gets the new file.
 class Registrar final : public host::IHostComponentRegistrar {
 public:
-    /// Takes the path of the list.
     explicit Registrar(std::string listFile) : listFile_(std::move(listFile)) {}
 
     /// Accepts a file named folder\base.dll for folder/base.so. Throws if the file of a component

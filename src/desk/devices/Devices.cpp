@@ -14,7 +14,6 @@ constexpr host::DeviceContext kFirstDevice = 0x100;
 /// Cairo's maximum width and height of an image.
 constexpr std::int32_t kMostPixels = 32767;
 
-/// All surfaces of the process.
 struct Registry {
     std::unordered_map<host::DeviceContext, const PixelSurface*> surfaces;
     host::DeviceContext next = kFirstDevice;

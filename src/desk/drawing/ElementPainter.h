@@ -13,8 +13,8 @@ class ElementPainter {
 public:
     explicit ElementPainter(TextEngine& engine) : engine_(engine) {}
 
-    /// The canvas has its origin at the lower left corner of the sheet. Lengths of elements are
-    /// inches, Y upward.
+    /// The canvas has its origin at the sheet's lower left corner. Elements are in inches, Y
+    /// upward.
     void Paint(Canvas& canvas, const host::Ref<host::IHostElement>& element);
 
 private:

@@ -39,7 +39,6 @@ public:
     void Draw(const PlacedText& text, std::uint32_t color);
     void Draw(const PaintOutline& outline);
 
-    /// Paints everything pending.
     void Flush();
 
 private:

@@ -44,8 +44,7 @@ public:
         last_ = number;
     }
 
-    /// Writes the last bookmark and the root. Returns the root's object number; 0 without
-    /// bookmarks.
+    /// Writes the last bookmark and the root. Returns the root's number; 0 without bookmarks.
     int Write() {
         if (count_ == 0) return 0;
         file_.WriteObject(last_, body_ + ">>");

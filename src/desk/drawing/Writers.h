@@ -2,7 +2,6 @@
 
 #include "desk/drawing/PageWriter.h"
 
-/// The writers of the formats in PageFormats.
 namespace desk {
 
 /// A PDF with any number of sheets. The same drawing gives the same bytes: the creation date is

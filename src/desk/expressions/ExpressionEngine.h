@@ -21,7 +21,6 @@ struct ExpressionPart {
     std::int32_t field = -1;  ///< Index of the field.
 };
 
-/// An expression parsed for one table.
 struct Expression {
     std::vector<ExpressionPart> parts;
     host::ExpressionFinding finding;  ///< Empty text if the expression is valid.
@@ -51,8 +50,7 @@ public:
                                     const std::string& expression) override {
         return ParseExpression(table, expression).finding;
     }
-    /// Throws host::Failure for an invalid expression, a field without a row, or a token without a
-    /// value.
+    /// Throws host::Failure for an invalid expression, a missing row, or a token without a value.
     std::string Evaluate(const host::Ref<host::IHostTable>& table,
                          const host::Ref<host::IHostRow>& row, const std::string& expression,
                          const host::TokenValues& tokens) override;

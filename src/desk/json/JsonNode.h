@@ -33,8 +33,7 @@ public:
     /// Returns the value of the only key of an object. Throws unless there is exactly one key.
     JsonNode OnlyMember() const;
     std::string_view Key() const { return key_; }
-    /// Returns how many nodes on the path from the root to this node have this node's key,
-    /// including this node.
+    /// Counts the nodes with this node's key on the path from the root, including this one.
     int Nesting() const;
 
     std::string_view Text() const;
@@ -47,9 +46,7 @@ public:
     /// Returns any number; also accepts the texts "inf", "-inf" and "nan".
     double Number() const;
 
-    /// Returns the number of items of an array.
     std::size_t Count() const { return Array().size(); }
-    /// Calls the visitor with each item of an array.
     template <class Visitor>
     void Each(Visitor&& visitor) const {
         std::size_t index = 0;

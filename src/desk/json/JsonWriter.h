@@ -34,7 +34,6 @@ public:
     /// Starts a line before the next item.
     void NewLine() { newLine_ = true; }
 
-    /// Writes the key of the next value.
     void Key(std::string_view key);
     void Text(std::string_view text);
     void Flag(bool flag);
@@ -45,7 +44,6 @@ public:
     void Number(double number);
     void Null();
 
-    /// Writes a key and a text, Boolean or number.
     template <class Value>
     void Member(std::string_view key, const Value& value) {
         Key(key);

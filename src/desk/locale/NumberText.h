@@ -8,7 +8,6 @@
 
 namespace desk {
 
-/// Parses and formats numbers in one locale.
 class NumberText {
 public:
     explicit NumberText(const icu::Locale& locale);

@@ -28,7 +28,6 @@ struct Book {
     std::vector<BookSection> sections;
 };
 
-/// The content of a map book file.
 struct MapBookFile {
     std::string path;
     std::string currentTemplate;  ///< Empty if the file names none.

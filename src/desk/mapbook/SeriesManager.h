@@ -27,7 +27,6 @@ private:
     Series series_;
 };
 
-/// A series frame with grids.
 class GridSeriesFrame final : public SeriesFrame, public host::IHostMapGrids {
 public:
     using SeriesFrame::SeriesFrame;
@@ -64,7 +63,6 @@ private:
     std::vector<std::string> columns_;
 };
 
-/// Opens the table in a file.
 using TableOpener = std::function<host::Ref<host::IHostTable>(const std::string& path)>;
 
 /// Recognises the series frames of map books by their type.

@@ -12,8 +12,7 @@ namespace desk {
 
 namespace {
 
-/// Like host::As, but faster for the desk's own classes. Called for every text and background of a
-/// run.
+/// Like host::As, but faster for the desk's own classes; used for every text and background.
 template <class Interface, class Usual>
 host::Ref<Interface> FastAs(const host::Ref<host::IHostGeometry>& geometry) {
     if (!geometry) return nullptr;

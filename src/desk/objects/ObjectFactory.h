@@ -12,7 +12,6 @@ namespace desk {
 
 class TextEngine;
 
-/// Creates the objects of a document.
 class ObjectFactory : public virtual host::IHostPropertySetFactory,
                       public virtual host::IHostGeometryFactory,
                       public virtual host::IHostSymbolFactory,

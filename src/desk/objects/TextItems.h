@@ -32,7 +32,6 @@ public:
     /// 0.23 s to 0.20.
     void Add(std::string_view name, std::string_view text);
     std::optional<std::size_t> IndexNames();
-    /// @}
 
     std::string_view Name(std::size_t position) const;
     std::string_view Text(std::size_t position) const;

@@ -9,8 +9,7 @@ namespace desk {
 
 namespace {
 
-/// Up to this number of removed entries are kept; above it they are removed once they are the
-/// majority.
+/// Removed entries that are always kept; above this number, until they are the majority.
 constexpr std::size_t kFewGaps = 32;
 
 /// Maximum load factor of the index.

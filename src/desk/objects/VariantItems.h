@@ -34,7 +34,6 @@ public:
 
     void Remove(std::string_view name);
 
-    /// Reserves space for that many names in all.
     void Reserve(std::size_t count);
 
     template <class Visitor>
@@ -51,8 +50,7 @@ private:
     };
     using Entries = std::vector<Entry>;
 
-    /// The index holds positions and reads the names from the entries, so that each name is stored
-    /// once.
+    /// The index holds positions and takes the names from the entries, which store them once.
     struct Names {
         using is_transparent = void;
         const Entries* entries;

@@ -21,8 +21,7 @@ struct SessionListeners {
     std::function<void()> refresh;  ///< The view must be redrawn.
 };
 
-/// The display on which texts are measured. Sizes do not depend on the device, so one display is
-/// enough.
+/// The display for measuring texts. Sizes do not depend on the device, so one is enough.
 class Display final : public host::IHostDisplay {
 public:
     Display();
@@ -31,8 +30,7 @@ public:
     host::Ref<host::IHostDisplayTransformation> Transformation() const override {
         return transformation_;
     }
-    /// Calls may be nested; a call left open by a failure has no effect. Throws for an unknown
-    /// device.
+    /// Calls may nest; one left open by a failure has no effect. Throws for an unknown device.
     void BeginDrawing(host::DeviceContext device, int cacheId) override;
     /// Throws if no drawing is open.
     void EndDrawing() override;

@@ -54,7 +54,6 @@ public:
     Document& CurrentDocument() { return document_; }
     const std::string& DocumentPath() const { return path_; }
     const std::shared_ptr<TextEngine>& Text() const { return Engine(); }
-    /// Commands that the component finds by name.
     CommandTable& Commands() { return *commands_; }
 
     host::Ref<host::IHostApplication> NewApplication() override { return application_; }
@@ -76,8 +75,7 @@ public:
     host::IHostLocale& Locale() override { return *locale_; }
     host::IHostDialogs& Dialogs() override { return *dialogs_; }
     host::IHostDevices& Devices() override { return *devices_; }
-    /// Accepts either separator and any case of the ending, as for tables. Returns false for
-    /// folders.
+    /// Accepts either separator and any case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
 
 private:

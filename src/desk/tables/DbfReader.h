@@ -15,8 +15,7 @@ public:
     /// The schema, of which file and header are used, must outlive this.
     explicit DbfReader(const DbfSchema& schema);
 
-    /// Moves to the next live record; returns false at the end. Throws if the file was changed
-    /// since it was opened.
+    /// Moves to the next live record; false at the end. Throws if the file has been changed.
     bool Next();
     /// Returns the record's bytes including its flag, valid until Next.
     std::string_view Record() const { return record_; }

@@ -24,7 +24,6 @@ enum class DbfKind {
     Unknown
 };
 
-/// A field of a dBase table.
 struct DbfField {
     std::string name;
     char type = 'C';          ///< The type letter in the file.
@@ -40,13 +39,11 @@ struct DbfField {
 
 /// Everything needed to read the records of a table, and warnings about it.
 struct DbfSchema {
-    /// Opens a dBase file. Throws host::Failure with one sentence that names the file and the
-    /// fault.
+    /// Opens a dBase file. Throws host::Failure with a sentence that names file and fault.
     explicit DbfSchema(const std::string& path);
 
     void Note(const std::string& fault);
-    /// Adds a warning about a faulty value, only for the first one of each field. Record numbers
-    /// count from 1.
+    /// Warns about a field's first faulty value only. Record numbers count from 1.
     void NoteValue(std::size_t field, std::int64_t record, const std::string& fault);
 
     RecordFile file;

@@ -42,8 +42,7 @@ public:
     std::int64_t RecordCount() const { return schema_->header.recordCount; }
     /// Number of live records that can be read. The first call reads the whole file.
     std::int64_t LiveRecords() const;
-    /// Warnings about the file, one sentence each. Faults of single values are added when they are
-    /// read.
+    /// Warnings about the file, one sentence each; those about values follow when they are read.
     const std::vector<std::string>& Warnings() const { return schema_->notes; }
 
 private:

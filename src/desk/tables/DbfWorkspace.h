@@ -20,8 +20,7 @@ public:
                                             const host::Ref<host::IHostIdentifier>& rowClass,
                                             const host::Ref<host::IHostIdentifier>& extensionClass,
                                             const std::string& configuration) override;
-    /// Returns the files with the ending .dbf, in any case, sorted by name. Empty for types other
-    /// than 10.
+    /// Returns the .dbf files, in any case, sorted by name. Empty for types other than 10.
     host::Ref<host::IHostDatasetEnum> Datasets(std::int32_t type) override;
 
 private:

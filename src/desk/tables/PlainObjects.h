@@ -10,8 +10,7 @@
 
 namespace desk {
 
-/// Types of dBase fields that the host has no type for. The values only need to differ from the
-/// host's.
+/// Types of dBase fields that the host lacks. The values only need to differ from the host's.
 inline constexpr std::int32_t kFieldTypeNumber = 101;
 inline constexpr std::int32_t kFieldTypeDate = 102;
 inline constexpr std::int32_t kFieldTypeLogical = 103;
@@ -61,7 +60,6 @@ private:
     std::vector<host::Ref<host::IHostField>> fields_;
 };
 
-/// Enumerates datasets.
 class DatasetList : public host::IHostDatasetEnum {
 public:
     explicit DatasetList(std::vector<host::Ref<host::IHostDataset>> datasets)

@@ -12,8 +12,7 @@ namespace desk {
 /// A regular file that is read in blocks. A copy shares the open file and has its own block.
 class RecordFile {
 public:
-    /// Throws host::Failure for a path that does not exist, is not a regular file, or cannot be
-    /// opened.
+    /// Throws host::Failure for a path that is no regular file or cannot be opened.
     explicit RecordFile(std::string path);
 
     const std::string& Path() const { return path_; }

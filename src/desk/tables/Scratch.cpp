@@ -19,7 +19,6 @@ namespace {
 
 }  // namespace
 
-/// A row before insertion.
 class ScratchBuffer : public host::IHostRow {
 public:
     explicit ScratchBuffer(std::size_t fieldCount) : values_(fieldCount) {}
@@ -30,7 +29,6 @@ public:
     }
     /// -1 until the row is inserted.
     std::int32_t OID() const override { return oid_; }
-    /// Resets the buffer to its initial state.
     void Clear() {
         values_.assign(values_.size(), host::Variant());
         oid_ = -1;
@@ -67,7 +65,6 @@ private:
 
 namespace {
 
-/// A row of a table.
 class ScratchRow : public host::IHostRow {
 public:
     ScratchRow(host::Ref<const ScratchTable> table, std::size_t row)

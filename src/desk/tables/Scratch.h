@@ -31,8 +31,7 @@ public:
     const std::string& Name() const { return name_; }
     std::size_t RowCount() const { return rowCount_; }
     std::size_t FieldCount() const { return slots_.size(); }
-    /// Returns a value; the storage may be used to hold it. Row and field count from 0 and must
-    /// exist.
+    /// Returns a value, possibly held by the storage. Row and field count from 0 and must exist.
     const host::Variant& Value(std::size_t row, std::size_t field, host::Variant& storage) const;
     /// Prefetches rows of an order; `next` is the position of the row read next.
     void LookAhead(const std::vector<std::uint32_t>& order, std::size_t next) const;

@@ -6,10 +6,8 @@
 
 namespace desk {
 
-/// Opens a dBase file.
 host::Ref<host::IHostTable> OpenTableFile(const std::string& path);
 
-/// Creates dBase workspaces, scratch tables and their parts.
 class TableFactory : public virtual host::IHostTableFactory {
 public:
     host::Ref<host::IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() override;

@@ -21,8 +21,7 @@ struct SortItem {
     std::uint32_t row = 0;
 };
 
-/// Merges runs of doubling length. Every step moves one item, so the sort terminates even with
-/// contradictory comparisons.
+/// Merges runs of doubling length. Terminates even if comparisons contradict each other.
 template <class Item, class GoesAfter>
 void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
     std::vector<Item> merged(items.size());

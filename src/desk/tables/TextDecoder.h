@@ -32,7 +32,6 @@ private:
     bool isUtf8_ = false;
 };
 
-/// Returns whether all bytes are below 0x80.
 bool IsAscii(std::string_view bytes);
 /// Returns the bytes with ? for all but printable ASCII.
 std::string PrintableAscii(std::string bytes);

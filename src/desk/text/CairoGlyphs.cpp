@@ -47,7 +47,6 @@ void CairoGlyphs::Gather(const Glyph& glyph, std::string_view text, double x, do
         ++clusters_.back().num_glyphs;
 }
 
-/// Draws the box of a missing character.
 void CairoGlyphs::ShowBox(const Glyph& unknown, double x, double y) {
     PangoGlyphInfo info{};
     info.glyph = unknown.id;

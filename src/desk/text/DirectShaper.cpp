@@ -10,8 +10,7 @@ namespace {
 /// A sample leader, to find out whether the font keeps its dots unchanged.
 constexpr std::string_view kLeader = "................";
 
-/// Returns the number of dots at the end of the line without the first three, which belong to the
-/// last run.
+/// Returns the number of dots at the end, without the first three, which belong to a run.
 std::size_t CountDotsBehindRuns(std::string_view line) {
     constexpr std::size_t kInRun = 3;
     const std::size_t dots = line.size() - (line.find_last_not_of('.') + 1);
@@ -73,8 +72,7 @@ std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::str
     return width;
 }
 
-/// Visits the runs of a line with their positions and the number of dots that follow. Returns the
-/// width.
+/// Visits the runs of a line with position and number of dots that follow. Returns the width.
 template <class Visitor>
 std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::string_view line,
                                              LastLine* last, const Visitor& visit) {

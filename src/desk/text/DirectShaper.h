@@ -39,8 +39,7 @@ private:
 
         ShapedRun Blank() const { return {blankWidth, {&blankGlyph, 1}, true}; }
     };
-    /// The line measured last. Fitting a text measures lines with the same beginning one after
-    /// another.
+    /// The line measured last. Fitting a text measures lines with the same beginning in a row.
     class LastLine {
     public:
         struct Place {

@@ -27,7 +27,6 @@ struct ResolvedFont {
     PlainClasses plain{};                    ///< Of the characters in the font.
 };
 
-/// Finds fonts and caches them.
 class FontCache {
 public:
     FontCache();

@@ -10,12 +10,10 @@
 
 namespace desk {
 
-/// Widths and positions in 1/1024 point. 32 bits would overflow for some thousand characters in the
-/// largest type.
+/// Widths and positions in 1/1024 point. 32 bits would overflow in long lines of large type.
 using GlyphUnits = std::int64_t;
 inline constexpr double kGlyphUnitsPerPoint = 1024;
 
-/// Converts to points.
 constexpr double Points(GlyphUnits units) {
     return static_cast<double>(units) / kGlyphUnitsPerPoint;
 }

@@ -8,7 +8,6 @@
 
 namespace desk {
 
-/// Owners of objects of the text libraries.
 template <auto Release>
 struct Releaser {
     template <class T>

@@ -14,8 +14,7 @@ hb_language_t SampleLanguage(PangoScript script) {
     return hb_language_from_string((pango_language_to_string)(language), -1);
 }
 
-/// Returns the advance of the last of three dots at the end, if the run can be split before it;
-/// else 0.
+/// Returns the advance of the last of three final dots if the run can be split there, else 0.
 int DotStep(std::span<const RunGlyph> glyphs, std::string_view text, hb_glyph_flags_t last) {
     if (glyphs.size() < 3 || !text.ends_with("...")) return 0;
     if ((last & HB_GLYPH_FLAG_UNSAFE_TO_BREAK) != 0) return 0;

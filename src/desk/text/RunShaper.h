@@ -22,8 +22,7 @@ class RunShaper {
 public:
     RunShaper() : buffer_(hb_buffer_create()) {}
 
-    /// Shapes the bytes of a text from start to end in their context. The glyphs are valid until
-    /// the next call.
+    /// Shapes bytes start to end of a text in their context. Glyphs are valid until the next call.
     ShapedRun Shape(hb_font_t* font, const Writing& writing, std::string_view text, std::size_t end,
                     std::size_t start = 0);
 

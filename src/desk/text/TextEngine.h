@@ -37,7 +37,7 @@ struct TextBox {
     double left = 0, top = 0, right = 0, bottom = 0;
 };
 
-/// A text at a point.
+/// A text at a point, in points, Y downward.
 struct PlacedText {
     const ResolvedFont* font = nullptr;
     std::string_view text;

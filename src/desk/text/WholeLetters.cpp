@@ -67,8 +67,7 @@ std::string WholeLetters::Of(const ResolvedFont& font, std::string text,
     return whole;
 }
 
-/// Returns the letter in a form or with a font that has all of it; `start` is its place in the
-/// text.
+/// Returns the letter in a form, or with a font, that has all of it. It starts at `start`.
 std::string WholeLetters::Mended(const ResolvedFont& font, std::string letter, std::size_t start,
                                  PangoAttrList* attributes) {
     const GStringHandle composed(g_utf8_normalize(letter.c_str(), -1, G_NORMALIZE_NFC));

@@ -23,8 +23,7 @@ public:
     QStringList SelectedTables() const;
     /// Returns the selected folder or connection if exactly one is selected, else null.
     const QTreeWidgetItem* SelectedFolder() const;
-    /// Returns the path of the table with this name, with or without its ending; else an empty
-    /// text.
+    /// Returns the path of a table by name, with or without ending; empty if there is none.
     QString TableNamed(const QString& name) const;
     void Select(const QString& path);
 

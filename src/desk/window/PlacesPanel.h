@@ -10,10 +10,8 @@ class QPushButton;
 
 namespace desk {
 
-/// Name of the list of all folder connections.
 inline constexpr char kAllPlaces[] = "Folder Connections";
 
-/// A folder shortcut.
 struct FolderPlace {
     QString name;
     QString path;

@@ -130,8 +130,7 @@ void SymbolSwatch::DrawText(const host::IHostTextSymbol& symbol, const QSize& pi
 }
 
 std::string SymbolSwatch::SampleText(const host::IHostTextSymbol& symbol) const {
-    // A sample text that begins with the initial font name would be wrong after the font is
-    // changed.
+    // A sample text that begins with the initial font name would be wrong for another font.
     std::string text = symbol.Text();
     if (!text.empty() && (firstFamily_.empty() || !text.starts_with(firstFamily_))) return text;
     return symbol.Font()->Name() + " " + host_.Locale().FormatNumber(symbol.Size());

@@ -7,8 +7,7 @@
 
 namespace desk {
 
-/// Shows a symbol as the host draws it, on white. A text is shown in its true size, or reduced to
-/// fit.
+/// Shows a symbol as the host draws it, on white. A text has its true size, or is reduced to fit.
 class SymbolSwatch : public QFrame {
     Q_OBJECT
 

@@ -22,7 +22,6 @@ public:
 
     /// Shows the reason, in one sentence, if the table cannot be read.
     void ShowTable(const QString& path);
-    /// Shows a text instead of a table.
     void ShowText(const QString& text);
 
 private:

@@ -21,7 +21,6 @@ struct FontUse {
     double slant = 0;   ///< Horizontal shear per unit of height.
 };
 
-/// The fonts of a file.
 class FontSet {
 public:
     explicit FontSet(ObjectFile& file) : numbers_{file} {}

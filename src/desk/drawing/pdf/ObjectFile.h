@@ -23,13 +23,11 @@ public:
     int NewObject();
 
     void WriteObject(int number, std::string_view body);
-    /// Writes a compressed stream. The entries are those of its dictionary except length and
-    /// filter.
+    /// Writes a compressed stream with dictionary entries other than its length and filter.
     void WriteStream(int number, std::string_view entries, std::string_view data);
     /// The same with a new number, which is returned.
     int WriteStream(std::string_view entries, std::string_view data);
     int WriteObject(std::string_view body);
-    /// @}
 
     /// Writes the packed objects and the cross-reference table. Nothing can be written afterwards.
     void Finish(int catalog, int info);

@@ -26,7 +26,6 @@ void AppendUtf16(std::string& out, std::string_view text);
 
 std::string Number(double value, int decimals = 6);
 
-/// Returns a reference to an object.
 std::string Reference(int object);
 
 /// Returns a text string, such as a title or the ActualText of a span.

@@ -25,7 +25,6 @@ public:
     void End();
 
 private:
-    /// State of the line being written.
     struct Pen {
         const FontUse& font;
         const Baseline& baseline;

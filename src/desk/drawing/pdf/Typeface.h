@@ -20,7 +20,6 @@ struct Subset {
     int object;  ///< Object number.
 };
 
-/// Counts the fonts of a file.
 struct FontNumbers {
     ObjectFile& file;
     int next = 0;
