@@ -8,12 +8,12 @@
 
 namespace bench {
 
-/// A text symbol that passes everything on to another and counts what it is asked for sizes.
+/// Forwards to another text symbol and counts the measurements.
 class CountingSymbol final : public support::PassingSymbol {
 public:
     using PassingSymbol::PassingSymbol;
 
-    /// Since the last call.
+    /// Returns the count since the last call.
     std::size_t TakeQuestions() { return std::exchange(questions_, 0); }
 
     host::TextExtent MeasureText(host::DeviceContext device,
