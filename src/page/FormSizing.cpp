@@ -74,7 +74,7 @@ void SizeNumbers(const QWidget& form) {
 }
 
 // Layouts of hidden tabs are not notified of a new font.
-void ForgetSizes(const QWidget& form) {
+void InvalidateLayouts(const QWidget& form) {
     for (auto* layout : form.findChildren<QLayout*>()) layout->invalidate();
     for (auto* tabs : form.findChildren<QTabWidget*>()) tabs->updateGeometry();
 }
@@ -93,7 +93,7 @@ void FitFormToTabs(QWidget& form) {
     SizeTexts(form);
     SizeButtons(form);
     SizeNumbers(form);
-    ForgetSizes(form);
+    InvalidateLayouts(form);
     SetLeastSize(form, "SSTabColumnProps", kColumnWidth, kColumnHeight);
     SetLeastSize(form, "SSTabGazetteerProperties", kPropertiesWidth, kPropertiesHeight);
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/document/NotedDialogs.h"
+#include "app/document/RecordingDialogs.h"
 #include "desk/session/Desk.h"
 #include "manager/CVNGazetteerManager.h"
 
@@ -25,9 +25,9 @@ struct GazetteerFrame {
 class OpenDocument {
 public:
     /// Shows a warning of one sentence to the user.
-    using Caution = std::function<void(const std::string& sentence)>;
+    using WarningListener = std::function<void(const std::string& sentence)>;
 
-    OpenDocument(desk::DeskOptions options, Caution caution);
+    OpenDocument(desk::DeskOptions options, WarningListener listener);
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
 
@@ -51,7 +51,7 @@ public:
     const std::shared_ptr<desk::Desk>& DeskRef() const { return desk_; }
     desk::Desk& TheDesk() { return *desk_; }
     host::IHost& Host() { return *desk_; }
-    NotedDialogs& Dialogs() { return *dialogs_; }
+    RecordingDialogs& Dialogs() { return *dialogs_; }
     const std::string& Path() const { return desk_->DocumentPath(); }
 
     /// Finds the gazetteer frames again and creates new managers. Known frames keep their page.
@@ -75,11 +75,11 @@ public:
     bool CanDraw(gazetteer::Findings& reasons);
     /// Throws AlreadyReported if a failure was shown since the last call.
     void CheckNothingFailed();
-    void Warn(const std::string& sentence) { caution_(sentence); }
+    void Warn(const std::string& sentence) { warningListener_(sentence); }
 
 private:
-    std::shared_ptr<NotedDialogs> dialogs_;
-    Caution caution_;
+    std::shared_ptr<RecordingDialogs> dialogs_;
+    WarningListener warningListener_;
     std::shared_ptr<desk::Desk> desk_;
     std::shared_ptr<gazetteer::CVNGazetteerManager> unbound_;
     std::vector<GazetteerFrame> frames_;

@@ -21,7 +21,7 @@
 namespace app {
 namespace {
 
-constexpr int kPatience = 500;  // Milliseconds before the progress dialog appears.
+constexpr int kProgressDelay = 500;  // Milliseconds before the progress dialog appears.
 
 struct Cancelled {};
 
@@ -222,7 +222,7 @@ bool WriteWithProgress(WindowSession& session, QWidget& window, const std::strin
     QProgressDialog progress("Exporting...", "Cancel", 0, count, &window);
     progress.setWindowTitle("Export");
     progress.setWindowModality(Qt::ApplicationModal);
-    progress.setMinimumDuration(kPatience);
+    progress.setMinimumDuration(kProgressDelay);
     const auto before = [&](std::int32_t page) {
         progress.setLabelText(QString("Exporting page %1 of %2...").arg(page).arg(pages.last));
         // Processes events, so that the user can press Cancel; the rest of the window is blocked.

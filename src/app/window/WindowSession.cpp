@@ -47,9 +47,9 @@ void WindowSession::TakeDocument() {
     reportedFonts_ = document_.TheDesk().Text()->Substitutions().size();
     modified_ = !OnDisk();
     // Refresh clears the notices; keep those from opening or creating the document.
-    const auto told = notices_;
+    const auto earlier = notices_;
     Refresh();
-    notices_.insert(notices_.begin(), told.begin(), told.end());
+    notices_.insert(notices_.begin(), earlier.begin(), earlier.end());
 }
 
 void WindowSession::SaveTo(const std::string& documentPath) {
@@ -155,7 +155,7 @@ void WindowSession::TurnTo(std::int32_t page) {
 // Silent, because a list of pages requests many names and a damaged document would show a message
 // for each.
 std::string WindowSession::PageName(std::int32_t page) {
-    const NotedDialogs::Silent silent(document_.Dialogs());
+    const RecordingDialogs::Silent silent(document_.Dialogs());
     return gazetteer::ToText(document_.Manager().PageName(page), Host().Locale());
 }
 
@@ -179,14 +179,14 @@ void WindowSession::Export(const std::string& path, const PageRange& pages,
     try {
         WriteSheets(document_, path, pages, before);
     } catch (...) {
-        ShowAgain(draft);
+        RestoreView(draft);
         throw;
     }
-    ShowAgain(draft);
+    RestoreView(draft);
 }
 
 // Restores the page or the draft state after other pages were drawn.
-void WindowSession::ShowAgain(bool draft) {
+void WindowSession::RestoreView(bool draft) {
     if (!draft) return Draw();
     document_.Manager().DraftMode();
     StateOf(document_.Gazetteer()).SetDraft(true);

@@ -76,7 +76,7 @@ private:
     void TakeDocument();
     void RefreshChosen();
     void Draw();
-    void ShowAgain(bool draft);
+    void RestoreView(bool draft);
     void AddResultNotices();
     void AddFontNotices();
     void AddNotice(const std::string& sentence) { notices_.push_back(sentence); }

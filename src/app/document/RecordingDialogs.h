@@ -7,9 +7,10 @@
 namespace app {
 
 /// Forwards to other dialogs and records whether a failure was shown.
-class NotedDialogs final : public host::IHostDialogs {
+class RecordingDialogs final : public host::IHostDialogs {
 public:
-    explicit NotedDialogs(host::Ref<host::IHostDialogs> dialogs) : dialogs_(std::move(dialogs)) {}
+    explicit RecordingDialogs(host::Ref<host::IHostDialogs> dialogs)
+        : dialogs_(std::move(dialogs)) {}
 
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
         if (request.failure && silent_) return host::MessageAnswer::Ok;
@@ -28,13 +29,13 @@ public:
     /// While it exists, failures are neither shown nor recorded: for checks that return reasons.
     class Silent {
     public:
-        explicit Silent(NotedDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }
+        explicit Silent(RecordingDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }
         ~Silent() { dialogs_.silent_ = false; }
         Silent(const Silent&) = delete;
         Silent& operator=(const Silent&) = delete;
 
     private:
-        NotedDialogs& dialogs_;
+        RecordingDialogs& dialogs_;
     };
 
 private:
