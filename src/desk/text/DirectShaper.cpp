@@ -7,10 +7,10 @@
 namespace desk {
 namespace {
 
-/// A sample leader, to find out whether the font keeps its dots unchanged.
+/// A leader that a font leaves one dot behind the other.
 constexpr std::string_view kLeader = "................";
 
-/// Returns the number of dots at the end, without the first three, which belong to a run.
+/// All but the first three, with which the last run ends.
 std::size_t CountDotsBehindRuns(std::string_view line) {
     constexpr std::size_t kInRun = 3;
     const std::size_t dots = line.size() - (line.find_last_not_of('.') + 1);
@@ -19,14 +19,14 @@ std::size_t CountDotsBehindRuns(std::string_view line) {
 
 constexpr std::size_t kLongestBlank = kNoBreakSpace.size();
 
-/// Returns the length in bytes of a blank or no-break space at an offset; 0 if there is none.
+/// Bytes of the blank at a place, also of one that keeps a line together; 0 where there is none.
 std::size_t BlankAt(std::string_view line, std::size_t place) {
     if (place >= line.size()) return 0;
     if (line[place] == ' ') return 1;
     return line[place] == kNoBreakSpace[0] && line.substr(place).starts_with(kNoBreakSpace) ? 2 : 0;
 }
 
-/// Returns the end of the word that follows the blanks at the start.
+/// Where the word ends that begins behind the blanks at the start.
 std::size_t EndOfWord(std::string_view line, std::size_t start) {
     std::size_t end = start;
     while (const std::size_t blank = BlankAt(line, end)) end += blank;
@@ -35,7 +35,7 @@ std::size_t EndOfWord(std::string_view line, std::size_t start) {
     return end;
 }
 
-/// Adds the glyphs of a run. The third and further equal glyphs are stored as repetitions.
+/// Adds the glyphs of a run, the third and further ones of equal characters as repetitions.
 void AddGlyphs(std::span<const RunGlyph> run, GlyphUnits start, GlyphStore& glyphs) {
     for (std::size_t i = 0; i < run.size(); ++i) {
         const RunGlyph& glyph = run[i];
@@ -72,7 +72,8 @@ std::optional<GlyphUnits> DirectShaper::Place(const ResolvedFont& font, std::str
     return width;
 }
 
-/// Visits the runs of a line with position and number of dots that follow. Returns the width.
+/// Visits the runs of a line with their places and the numbers of dots that follow them. Returns
+/// the width.
 template <class Visitor>
 std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::string_view line,
                                              LastLine* last, const Visitor& visit) {
@@ -110,7 +111,7 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
     return pen;
 }
 
-/// Returns the run of a part of a line, shaped with the blank that follows it.
+/// The run of a piece of a line, shaped with regard to the blank behind it.
 const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
                                           std::size_t start, std::size_t end) {
     const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
@@ -118,8 +119,8 @@ const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view lin
                         [&] { return shaper_.Shape(hand.font, hand.writing, text, end - start); });
 }
 
-/// Returns the run of a word, without the blanks before it, if it is the same with and without
-/// blanks around it; else null.
+/// The run of the word in a piece of a line without the blanks before it, if it is the same with
+/// and without blanks around it. Nothing if not.
 const ShapedRun* DirectShaper::FindAlone(const Hand& hand, std::string_view line, std::size_t start,
                                          std::size_t end) {
     if (!hand.cutsAtBlanks) return nullptr;
@@ -147,7 +148,7 @@ DirectShaper::LastLine::Place DirectShaper::LastLine::Skip(std::uint32_t font, P
     auto differ = text_.size();
     if (!line.starts_with(text_))
         differ = static_cast<std::size_t>(std::ranges::mismatch(text_, line).in2 - line.begin());
-    // A word depends on the blank that follows it.
+    // A word is set with regard to the blank behind it.
     while (!words_.empty() && words_.back().start + kLongestBlank > differ) words_.pop_back();
     text_ = line;
     if (words_.empty()) return {};
@@ -166,7 +167,7 @@ const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainCl
     return hands_[place];
 }
 
-/// Finds out whether lines can be split at blanks and in leaders.
+/// Tries both cuts.
 void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
     const auto shape = [&](std::string_view text) {
         return shaper_.Shape(hand.font, hand.writing, text, text.size());
@@ -182,7 +183,7 @@ void DirectShaper::Learn(const ResolvedFont& font, Hand& hand) {
     hand.cutsAtBlanks = true;
     hand.cutsAtBlanks = Width(font, line) == shape(line).width;
     if (hand.cutsAtBlanks) return;
-    memory_.Clear();  // Removes words split at blanks.
+    memory_.Clear();  // Of words cut at blanks.
     last_ = {};
 }
 

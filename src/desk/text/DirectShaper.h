@@ -11,24 +11,24 @@
 
 namespace desk {
 
-/// Shapes lines of plain text in one font, with the same result as LayoutShaper. A line is split
-/// into words, each shaped once and cached, and a leader that repeats the last word's dots. In
-/// fonts with rules across blanks or along leaders, these are not split.
+/// Sets lines of plain text with their font alone, as LayoutShaper does. A line is cut into words,
+/// each of which is shaped once, and a leader that repeats the dots of the last one. A font with
+/// rules that reach over a blank, or along a leader, has those left whole.
 class DirectShaper {
 public:
     explicit DirectShaper(RunMemory& memory) : memory_(memory) {}
 
-    /// Returns the width of a line in 1/1024 point; nothing if the line is not plain.
+    /// Width of a line in 1024ths of a point. Nothing for a line that is not plain.
     std::optional<GlyphUnits> Width(const ResolvedFont& font, std::string_view line);
 
-    /// The same; also adds the glyphs of the line.
+    /// Adds the glyphs of a line as well.
     std::optional<GlyphUnits> Place(const ResolvedFont& font, std::string_view line,
                                     GlyphStore& glyphs);
 
 private:
-    /// A font for one class of writing, and where its lines can be split.
+    /// A font in one class of writing, and where its lines can be cut.
     struct Hand {
-        hb_font_t* font = nullptr;  ///< Null until Learn has filled the entry.
+        hb_font_t* font = nullptr;  ///< Null until it is known.
         std::uint32_t fontNumber = 0;
         PlainClass script = PlainClass::None;
         Writing writing;
@@ -39,26 +39,25 @@ private:
 
         ShapedRun Blank() const { return {blankWidth, {&blankGlyph, 1}, true}; }
     };
-    /// The line measured last. Fitting a text measures lines with the same beginning in a row.
+    /// The line measured last. Fitting a text measures lines that begin alike, one after another.
     class LastLine {
     public:
         struct Place {
             std::size_t start = 0;
             GlyphUnits x = 0;
         };
-        /// Returns the width of the line followed by this number of dots, if it is the last line
-        /// and the width is known.
+        /// Width of the line with so many dots behind it, if it is this one and that is known.
         std::optional<GlyphUnits> Width(std::uint32_t font, std::string_view line,
                                         std::size_t dots) const {
             if (!width_ || font != font_ || line != text_) return std::nullopt;
             if (dots > 0 && dotStep_ == 0) return std::nullopt;
             return *width_ + static_cast<GlyphUnits>(dots) * dotStep_;
         }
-        /// Returns the start of the first word of the next line that differs.
+        /// Where the first word begins that differs in the next line.
         Place Skip(std::uint32_t font, PlainClass script, std::string_view line);
-        /// Adds a word of that line, including the blank before it.
+        /// A further word of that line, with the blank before it.
         void Add(const Place& word) { words_.push_back(word); }
-        /// Stores the line's width and the advance of each further dot; 0 if unknown.
+        /// Its width, and what each further dot adds; 0 where that is not known.
         void End(GlyphUnits width, int dotStep) {
             width_ = width;
             dotStep_ = dotStep;
@@ -86,8 +85,8 @@ private:
     RunMemory& memory_;
     LastLine last_;
     RunShaper shaper_;
-    std::vector<Hand> hands_;  ///< By font number and class.
-    std::string between_;      ///< Buffer for a word between blanks.
+    std::vector<Hand> hands_;  ///< By the fonts' numbers, and by class.
+    std::string between_;      ///< Scratch text: a word between blanks.
 };
 
 }  // namespace desk

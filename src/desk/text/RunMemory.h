@@ -15,20 +15,21 @@ namespace desk {
 /// A glyph on the baseline, in eight bytes.
 struct RunGlyph {
     std::uint32_t id : 24;
-    std::uint32_t bytes : 8;  ///< As Glyph::bytes.
+    std::uint32_t bytes : 8;  ///< As in Glyph.
     std::int32_t x;           ///< From the start of the run.
 };
 
-/// A shaped part of a line, in 1/1024 point.
+/// A piece of a line as it was shaped, in 1024ths of a point.
 struct ShapedRun {
     GlyphUnits width = 0;
     std::span<const RunGlyph> glyphs;
-    bool hasGlyphs = false;    ///< False if a glyph is off the baseline.
-    bool standsAlone = false;  ///< The same in any context.
-    int dotStep = 0;  ///< Advance of each further dot at the end; 0 if they must be shaped.
+    bool hasGlyphs = false;    ///< False where a glyph stands off the baseline.
+    bool standsAlone = false;  ///< What is around it in the line does not change it.
+    int dotStep = 0;  ///< Advance of each further dot at the end; 0 where they must be shaped.
 };
 
-/// Caches shaped runs: most words of an index recur. Clears itself when full.
+/// Caches the shaped runs of lines, as browsers do: most words of an index recur. Clears itself
+/// when it is full.
 class RunMemory {
 public:
     struct Key {
@@ -62,7 +63,7 @@ private:
     static constexpr std::size_t kSlots = std::size_t{1} << 16;
     static constexpr std::size_t kMostEntries = kSlots / 4 * 3;
     static constexpr std::size_t kMostBytes = std::size_t{6} << 20;
-    static constexpr std::size_t kLongestRun = 256;  ///< Bytes; longer runs rarely recur.
+    static constexpr std::size_t kLongestRun = 256;  ///< Bytes; longer ones seldom come again.
 
     static std::size_t HashOf(const Key& key) {
         const auto kind = key.font * kPlainClassCount + static_cast<std::size_t>(key.script);
@@ -89,8 +90,7 @@ private:
         return copy;
     }
 
-    std::vector<const Entry*> slots_ = std::vector<const Entry*>(kSlots);  ///< Hash table with
-                                                                           ///< linear probing.
+    std::vector<const Entry*> slots_ = std::vector<const Entry*>(kSlots);  ///< By their hashes.
     std::pmr::monotonic_buffer_resource arena_;
     std::size_t count_ = 0;
     std::size_t bytes_ = 0;

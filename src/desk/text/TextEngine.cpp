@@ -12,7 +12,7 @@
 namespace desk {
 namespace {
 
-/// Returns the box around a box rotated about the origin.
+/// The box around a box that is turned about the origin.
 TextBox Turned(const TextBox& box, double degrees) {
     const double c = std::cos(Radians(degrees));
     const double s = std::sin(Radians(degrees));
@@ -35,12 +35,12 @@ struct TextEngine::State {
     LayoutShaper layout{fonts.Context()};
     TextSetter setter{direct, layout};
 
-    /// The text measured last. A fitted text is measured again when it is placed on the page.
+    /// Measured last. A text that is fitted is measured again as soon as it stands on the page.
     const ResolvedFont* lastFont = nullptr;
     std::string lastText;
     host::TextExtent lastExtent;
 
-    /// Returns the width of a line in points.
+    /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
         if (ways == Ways::Plain) return Points(layout.Shape(font, line));
         if (const auto sum = direct.Width(font, line)) return Points(*sum);

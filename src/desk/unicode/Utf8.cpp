@@ -8,7 +8,7 @@ namespace desk {
 
 char32_t NextCodePoint(std::string_view text, std::size_t& place) {
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data()) + place;
-    // A whole text may be longer than ICU's 32-bit lengths, so only one character is passed.
+    // No character is longer than U8_MAX_LENGTH; a whole text may exceed ICU's lengths of 32 bits.
     const auto length =
         static_cast<std::int32_t>(std::min<std::size_t>(text.size() - place, U8_MAX_LENGTH));
     std::int32_t taken = 0;
