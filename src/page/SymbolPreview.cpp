@@ -38,14 +38,14 @@ double SymbolPreview::DotsPerInch() const {
 void SymbolPreview::SetPicture(const QImage& picture) {
     picture_ = picture;
     picture_.setDevicePixelRatio(devicePixelRatioF());
-    askedFor_ = Fits(picture_) ? QSize() : PixelSize();  // A picture of the wrong size is not
-                                                         // requested again.
+    requested_ = Fits(picture_) ? QSize() : PixelSize();  // A picture of the wrong size is not
+                                                          // requested again.
     update();
 }
 
 void SymbolPreview::Clear() {
     picture_ = QImage();
-    askedFor_ = QSize();
+    requested_ = QSize();
     update();
 }
 
@@ -67,14 +67,14 @@ bool SymbolPreview::Fits(const QImage& picture) const {
 // Requests the picture before the first painting.
 void SymbolPreview::showEvent(QShowEvent* event) {
     QFrame::showEvent(event);
-    if (!Fits(picture_)) Ask();
+    if (!Fits(picture_)) RequestPicture();
 }
 
 // Shows the old picture until the new one is set, to avoid flicker during resizing.
 void SymbolPreview::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(contentsRect(), palette().window());
-    if (!Fits(picture_)) Ask();
+    if (!Fits(picture_)) RequestPicture();
     if (!picture_.isNull()) {
         painter.setClipRect(contentsRect());
         if (!isEnabled()) painter.setOpacity(kDisabledOpacity);
@@ -84,10 +84,10 @@ void SymbolPreview::paintEvent(QPaintEvent* event) {
     QFrame::paintEvent(event);
 }
 
-void SymbolPreview::Ask() {
+void SymbolPreview::RequestPicture() {
     const QSize needed = PixelSize();
-    if (needed.isEmpty() || needed == askedFor_) return;
-    askedFor_ = needed;
+    if (needed.isEmpty() || needed == requested_) return;
+    requested_ = needed;
     QMetaObject::invokeMethod(this, &SymbolPreview::Paint, Qt::QueuedConnection);
 }
 

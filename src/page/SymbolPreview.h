@@ -37,10 +37,10 @@ protected:
 
 private:
     bool Fits(const QImage& picture) const;
-    void Ask();
+    void RequestPicture();
 
-    QImage picture_;  ///< Has the resolution of the screen at the time it was set.
-    QSize askedFor_;  ///< Size of the last request; null if the next need is a new request.
+    QImage picture_;   ///< Has the resolution of the screen at the time it was set.
+    QSize requested_;  ///< Size of the last request; null if the next need is a new request.
 };
 
 }  // namespace gazetteer

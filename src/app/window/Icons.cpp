@@ -9,7 +9,7 @@
 #include <QSvgRenderer>
 
 // Without this call the linker omits the resources of a static library.
-static void TakeResources() {
+static void LoadResources() {
     Q_INIT_RESOURCE(icons);
 }
 
@@ -46,7 +46,7 @@ private:
 };
 
 QIcon Drawn(const QString& name) {
-    TakeResources();
+    LoadResources();
     QFile file(":/desk/icons/" + name + ".svg");
     if (!file.open(QIODevice::ReadOnly)) return {};
     return QIcon(new DrawnIcon(file.readAll()));

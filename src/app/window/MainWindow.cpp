@@ -85,7 +85,7 @@ void MainWindow::TakeDocument() {
     ShowDock();
     stack_->setCurrentIndex(1);
     view_->SetFit(PageView::Fit::Page);
-    TakePicture();
+    RecordPage();
     ListPages();
     ShowState();
     status_->ShowResult(desk::ToQt(session_->Summary()));
@@ -97,7 +97,7 @@ void MainWindow::RefreshLayout() {
         const WaitPointer wait;
         session_->Refresh();
     }
-    TakePicture();
+    RecordPage();
     ShowState();
     status_->ShowResult(desk::ToQt(session_->Summary()));
 }
@@ -109,8 +109,8 @@ void MainWindow::ListPages() {
     ShowPage();
 }
 
-void MainWindow::TakePicture() {
-    pictureWanted_ = false;
+void MainWindow::RecordPage() {
+    recordPending_ = false;
     if (!session_->HasDocument()) return;
     auto& desk = session_->Document().TheDesk();
     view_->SetPicture(std::make_shared<PagePicture>(desk.CurrentDocument(), *desk.Text()));
@@ -118,12 +118,12 @@ void MainWindow::TakePicture() {
 }
 
 // Queued, so that only the last of several pages drawn in a row is recorded.
-void MainWindow::TakePictureSoon() {
-    if (std::exchange(pictureWanted_, true)) return;
+void MainWindow::RecordPageSoon() {
+    if (std::exchange(recordPending_, true)) return;
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (pictureWanted_ && !exporting_) TakePicture();
+            if (recordPending_ && !exporting_) RecordPage();
         },
         Qt::QueuedConnection);
 }
@@ -186,7 +186,7 @@ void MainWindow::ShowRecent() {
 void MainWindow::TurnTo(int page) {
     if (page == session_->Page() || page < 1 || page > session_->Pages()) return;
     session_->TurnTo(page);
-    TakePicture();
+    RecordPage();
     ShowPage();
 }
 
@@ -195,7 +195,7 @@ void MainWindow::SetDraft(bool draft) {
         const WaitPointer wait;
         session_->SetDraft(draft);
     }
-    TakePicture();
+    RecordPage();
     ShowState();
 }
 
@@ -249,7 +249,7 @@ void MainWindow::Export() {
     const QString done = ExportPages(*session_, *this);
     view_->setUpdatesEnabled(true);
     exporting_ = false;
-    TakePicture();
+    RecordPage();
     ShowState();
     if (!done.isEmpty()) status_->ShowResult(done);
 }

@@ -50,8 +50,8 @@ private:
     void TakeDocument();
     void RefreshLayout();
     void ListPages();
-    void TakePicture();
-    void TakePictureSoon();
+    void RecordPage();
+    void RecordPageSoon();
     void ShowState();
     void ShowPage();
     void ShowRecent();
@@ -75,7 +75,7 @@ private:
     Documents* documents_ = nullptr;
     ElementPages elementPages_;
     host::Ref<host::IHostElement> selected_;
-    bool pictureWanted_ = false;
+    bool recordPending_ = false;
     bool exporting_ = false;
 };
 

@@ -32,7 +32,7 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     options.listeners.animation = [this](desk::AnimationStep step) {
         status_->ShowAnimation(step);
     };
-    options.listeners.refresh = [this] { TakePictureSoon(); };
+    options.listeners.refresh = [this] { RecordPageSoon(); };
     options.expressionEditor = desk::ExpressionEditor(self, locale);
     options.window.newObjectDialog = [this, self] {
         return std::make_shared<desk::ObjectDialog>(

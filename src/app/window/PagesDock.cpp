@@ -149,7 +149,7 @@ PagesDock::PagesDock(QWidget* parent)
 
     connect(reading_, &QTimer::timeout, this, &PagesDock::ReadOn);
     connect(filter_, &QLineEdit::textChanged, this, &PagesDock::Search);
-    connect(filter_, &QLineEdit::returnPressed, this, &PagesDock::TakeFirst);
+    connect(filter_, &QLineEdit::returnPressed, this, &PagesDock::SelectFirst);
     connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) {
                 if (!marking_ && current.isValid())
@@ -199,7 +199,7 @@ void PagesDock::ReadOn() {
     if (!filter_->text().trimmed().isEmpty()) Search(filter_->text());
 }
 
-void PagesDock::TakeFirst() {
+void PagesDock::SelectFirst() {
     if (model_->rowCount() > 0 && !list_->currentIndex().isValid())
         list_->setCurrentIndex(model_->index(0, 0));
 }
@@ -210,7 +210,7 @@ bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
         const int key = static_cast<const QKeyEvent*>(event)->key();
         if (key == Qt::Key_Escape) filter_->clear();
         if (key == Qt::Key_Down) {
-            TakeFirst();
+            SelectFirst();
             list_->setFocus();
         }
         if (key == Qt::Key_Escape || key == Qt::Key_Down) return true;

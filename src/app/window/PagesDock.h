@@ -37,7 +37,7 @@ private:
 
     void Search(const QString& text);
     void ReadOn();
-    void TakeFirst();
+    void SelectFirst();
 
     QLineEdit* filter_;
     QTreeView* list_;

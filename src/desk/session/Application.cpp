@@ -17,13 +17,13 @@ using Listeners = std::shared_ptr<const SessionListeners>;
 class Animation final : public host::IHostProgressAnimation {
 public:
     explicit Animation(Listeners listeners) : listeners_(std::move(listeners)) {}
-    void Show() override { Tell(AnimationStep::Show); }
-    void Play() override { Tell(AnimationStep::Play); }
-    void Hide() override { Tell(AnimationStep::Hide); }
-    void Stop() override { Tell(AnimationStep::Stop); }
+    void Show() override { Notify(AnimationStep::Show); }
+    void Play() override { Notify(AnimationStep::Play); }
+    void Hide() override { Notify(AnimationStep::Hide); }
+    void Stop() override { Notify(AnimationStep::Stop); }
 
 private:
-    void Tell(AnimationStep step) {
+    void Notify(AnimationStep step) {
         if (listeners_->animation) listeners_->animation(step);
     }
 

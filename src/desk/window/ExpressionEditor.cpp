@@ -116,7 +116,7 @@ private:
     void FillTokens();
     void OpenPreview();
     void Insert(const QTreeWidgetItem* item);
-    void Judge();
+    void CheckText();
     void ShowTexts(const std::string& expression);
 
     ExpressionParts parts_;
@@ -150,10 +150,10 @@ ExpressionDialog::ExpressionDialog(ExpressionParts parts, const std::string& exp
     FillFields();
     FillTokens();
     OpenPreview();
-    connect(text_, &QPlainTextEdit::textChanged, this, &ExpressionDialog::Judge);
+    connect(text_, &QPlainTextEdit::textChanged, this, &ExpressionDialog::CheckText);
     connect(buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    Judge();
+    CheckText();
     text_->setFocus();
 }
 
@@ -235,7 +235,7 @@ std::string ExpressionDialog::Expression() const {
     return text_->Text();
 }
 
-void ExpressionDialog::Judge() {
+void ExpressionDialog::CheckText() {
     const std::string expression = Expression();
     const auto finding = ExpressionEngine(parts_.locale).Explain(parts_.table, expression);
     text_->Mark(finding.begin, finding.length);

@@ -118,7 +118,7 @@ TextSymbolPanel::TextSymbolPanel(host::Ref<host::IHostTextSymbol> symbol, QWidge
     form->addRow("&Colour:", color_);
     form->addRow(note_);
     Fill();
-    Wire();
+    ConnectSignals();
 }
 
 void TextSymbolPanel::Fill() {
@@ -131,7 +131,7 @@ void TextSymbolPanel::Fill() {
     UpdateNote();
 }
 
-void TextSymbolPanel::Wire() {
+void TextSymbolPanel::ConnectSignals() {
     connect(family_, &QComboBox::editTextChanged, this, &TextSymbolPanel::SetFamily);
     connect(size_, &QDoubleSpinBox::valueChanged, this, [this](double points) {
         symbol_->SetSize(points);

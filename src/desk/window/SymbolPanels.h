@@ -53,7 +53,7 @@ Q_SIGNALS:
 
 private:
     void Fill();
-    void Wire();
+    void ConnectSignals();
     void SetFamily(const QString& family);
     void UpdateNote();
 

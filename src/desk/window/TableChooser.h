@@ -37,23 +37,23 @@ private:
     void LayOut();
     QWidget* AddressRow();
     QWidget* NameRow();
-    void Wire();
+    void ConnectSignals();
 
     /// Shows a folder, or the folder connections for an empty path.
     void Enter(const QString& folder);
     void GoUp();
     void Activate(const QTreeWidgetItem* item);
     void GoToAddress();
-    void TakeSelection();
+    void ShowSelection();
     void ShowPreview();
     void UpdateButtons();
 
-    void TakeName();
+    void AcceptName();
     /// Opens a typed path. Returns false if it is no folder.
     bool FollowPath(const QString& path);
-    void TakeTables(const QStringList& paths);
-    void TakeTypedName(const QString& name);
-    void Tell(const QString& text);
+    void AcceptTables(const QStringList& paths);
+    void AcceptTypedName(const QString& name);
+    void ShowNote(const QString& text);
 
     QString folder_;
     QTimer previewTimer_;
