@@ -8,12 +8,12 @@
 
 namespace bench {
 
-/// Forwards to another text symbol and counts the measurements.
+/// A text symbol that passes everything on to another and counts what it is asked for sizes.
 class CountingSymbol final : public support::PassingSymbol {
 public:
     using PassingSymbol::PassingSymbol;
 
-    /// Returns the count since the last call.
+    /// Since the last call.
     std::size_t TakeQuestions() { return std::exchange(questions_, 0); }
 
     host::TextExtent MeasureText(host::DeviceContext device,

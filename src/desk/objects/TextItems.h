@@ -56,7 +56,7 @@ private:
 
     std::string bytes_;
     std::vector<Entry> entries_;
-    std::vector<Slot> slots_;  ///< The size is 0 or a power of two.
+    std::vector<Slot> slots_;  ///< Their number is a power of two, or 0.
 };
 
 }  // namespace desk
