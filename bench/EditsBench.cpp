@@ -11,9 +11,9 @@
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/TestDesk.h"
 
-/// What a user of the property page waits for, on a document with stored listings:
-/// GAZETTEER_BENCH_RECORDS records (default 100000) before combining. The first edit also drops the
-/// listings stored in the working copy.
+/// Times edits on the property page, for a document with stored listings: GAZETTEER_BENCH_RECORDS
+/// records (default 100000) before combining. The first edit also removes the listings stored in
+/// the working copy.
 namespace {
 
 using support::TestDesk;
@@ -36,7 +36,7 @@ private:
     bool given_ = false;
 };
 
-// An element with stored results, and pages on it.
+// An element with stored results and property pages on it.
 class Element {
 public:
     Element() {

@@ -10,7 +10,7 @@
 namespace bench {
 namespace {
 
-// The generator is used by its raw output alone: the library's distributions differ between makers.
+// Uses the raw output of the generator: std distributions differ between implementations.
 class Dice {
 public:
     std::size_t Below(std::size_t limit) { return engine_() % limit; }

@@ -5,9 +5,8 @@
 
 namespace bench {
 
-/// Writes a table of place listings, the same for the same count: about 1.6 pages per feature and
-/// 12 % repeated records, in random order. Fields Listing (C 40), Page (N 4), Row (C 2), Column
-/// (N 2).
+/// Writes a table of place listings, identical for the same count: about 1.6 pages per feature, 12
+/// % repeated records, random order. Fields: Listing (C 40), Page (N 4), Row (C 2), Column (N 2).
 void WriteListingTable(const std::string& path, std::size_t count);
 
 }  // namespace bench

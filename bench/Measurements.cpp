@@ -7,10 +7,9 @@
 #include "layout/ReferenceSplitText.h"
 #include "layout/TextFit.h"
 
-/// How many sizes the host is asked for by TextFit::SplitText and by the plain loops, over all
-/// cells of an index (see Stages), each as often as it occurs. A line per column: its name, the
-/// number of texts, the questions of either. Fails for the first text that the two do not fit
-/// alike.
+/// Counts how often TextFit::SplitText and the plain loops measure a text, over all cells of an
+/// index (see Stages). Prints one line per column: name, number of texts, both counts. Fails if the
+/// two differ in a result.
 namespace {
 
 struct Questions {

@@ -5,8 +5,7 @@
 
 #include "app/commands/CommandSession.h"
 
-/// Reloading the stored results of the document that GAZETTEER_BENCH_DOCUMENT names, and drawing
-/// one page of them into the frame.
+/// Times loading the stored results of the document in GAZETTEER_BENCH_DOCUMENT and drawing a page.
 namespace {
 
 std::unique_ptr<app::CommandSession> OpenDocument(const char* path) {
@@ -25,13 +24,13 @@ void BM_1_Reload(benchmark::State& state, const char* path) {
     }
 }
 
-// With the fonts still to be found.
+// Includes finding the fonts.
 void BM_2_FirstPage(benchmark::State& state, const char* path) {
     const auto session = OpenDocument(path);
     for (auto _ : state) session->Document().Manager().SetIndexToPageNumber(1);
 }
 
-// Pages far apart, so that none shares its texts with the one before.
+// The pages are far apart, so that their texts differ.
 void BM_3_OtherPages(benchmark::State& state, const char* path) {
     constexpr int kStride = 7919;
     const auto session = OpenDocument(path);

@@ -46,7 +46,7 @@ Stages::Stages() : session_({.locale = "en_US"}), siblings_(SiblingObjects::Crea
     app::NewDocumentOptions options;
     options.listingDatabase = path;
     app::StartNewDocument(session_.Document(), options, folder_.File("index.json"));
-    app::DressForPrint(session_.Document());
+    app::ApplyPrintDefaults(session_.Document());
     ReadSettings(Host(), *session_.Document().Properties(), settings_);
     source_.databaseTable = OpenTableFile(Host(), path);
     transparent_ = Host().NewFillSymbol();

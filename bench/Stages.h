@@ -13,7 +13,7 @@
 
 namespace bench {
 
-/// Texts that a column's cells hold before they are fitted to it.
+/// The texts of a column's cells before fitting.
 struct CellTexts {
     std::string column;
     std::vector<std::string> texts;
@@ -21,16 +21,15 @@ struct CellTexts {
     double width = 0;  ///< For text, in inches.
 };
 
-/// The stages of `make` on a Letter sheet, each with what the stages before it made, which is made
-/// when it is first asked for.
-///
-/// The table is the one that GAZETTEER_BENCH_TABLE names, else a seeded one with
-/// GAZETTEER_BENCH_RECORDS records (default 100000).
+/// The stages of `make` on a Letter sheet. Each uses the results of the previous stages, which are
+/// computed on first use.
+///  The table is the one in GAZETTEER_BENCH_TABLE, else a seeded one with GAZETTEER_BENCH_RECORDS
+/// records (default 100000).
 class Stages {
 public:
     Stages();
 
-    /// Answers how many records have a name.
+    /// Returns how many records have a name.
     std::int64_t Read();
     host::Ref<host::IHostTable> Compose();
     host::Ref<host::IHostCursor> Sort();
@@ -38,7 +37,7 @@ public:
     std::vector<CellTexts> Cells();
     void NumberPages(gazetteer::WorkingResults& results);
     void Draw(std::int32_t page);
-    /// Writes the page that is drawn.
+    /// Writes the current page.
     void Write(desk::PageWriter& writer);
 
     const host::Ref<host::IHostTable>& Composed();

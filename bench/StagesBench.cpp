@@ -3,7 +3,7 @@
 #include "Stages.h"
 #include "layout/TextFit.h"
 
-/// Time per stage of a whole index, see Stages.
+/// Times each stage of a whole index, see Stages.
 namespace {
 
 using bench::Stages;
@@ -47,8 +47,8 @@ void BM_5_NumberPages(benchmark::State& state) {
     state.counters["pages"] = results.pageCount;
 }
 
-// The part of numbering pages, and of drawing, that fits the texts to their columns. A pass has a
-// fitter of its own, which forgets everything between passes.
+// The part of numbering and drawing that fits texts to columns. Each pass has a new fitter without
+// cached results.
 void BM_5_SplitTexts(benchmark::State& state) {
     auto& stages = TheStages();
     const auto cells = stages.Cells();

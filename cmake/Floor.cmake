@@ -1,9 +1,8 @@
 # gazetteer_floor(NAME [QT] SOURCES ... [PUBLIC ...] [PRIVATE ...])
 #
-# A floor of the house, or a room on one, as a static library. It sees its own headers and those of
-# the floors and rooms in its lists; any other cannot be included by accident. PUBLIC are those that
-# its headers show, and that whoever links it sees too; PRIVATE those of its sources alone. With QT
-# it has widgets.
+# Adds a floor, or a room of one, as a static library. It can include its own headers and those of the
+# floors and rooms in its lists, no others. PUBLIC: used by its headers, and visible to its users;
+# PRIVATE: used by its sources only. QT: uses Qt Widgets.
 function(gazetteer_floor name)
   cmake_parse_arguments(FLOOR "QT" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   if(NOT FLOOR_SOURCES)
@@ -24,8 +23,8 @@ function(gazetteer_floor name)
   endif()
 endfunction()
 
-# gazetteer_view(NAME SCOPE): the include folder of a target that holds nothing but the current
-# source folder, as a link, under the path by which its headers are included.
+# gazetteer_view(NAME SCOPE): gives a target an include folder that contains only a link to the current
+# source folder, at the path by which its headers are included.
 function(gazetteer_view name scope)
   cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/src
              OUTPUT_VARIABLE path)

@@ -1,7 +1,6 @@
-# What is installed where. Programs in bin; the component's library in lib/gazetteer beside it, on
-# every system, since a program looks for it there from its own place: the tree can be moved as a
-# whole, and a library that is loaded and not linked has no business among those of the system. For
-# those with a host of their own (component "dev"): the floors, their headers and a config package.
+# Installs programs in bin and the component library in lib/gazetteer, on every system: programs find
+# it relative to themselves, so the tree can be moved, and it is loaded, not linked. The component
+# "dev", for other hosts, has the floors as libraries, their headers and a CMake config package.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -13,7 +12,7 @@ install(TARGETS ${GAZETTEER_FLOORS} EXPORT CVNGazetteerTargets
         ARCHIVE COMPONENT dev
         INCLUDES DESTINATION ${GAZETTEER_HEADERS})
 foreach(floor ${GAZETTEER_FLOORS})
-  # Among the libraries of a system they need names of their own.
+  # Qualified, because the system's library folder is shared.
   set_target_properties(${floor} PROPERTIES OUTPUT_NAME gazetteer-${floor})
   install(DIRECTORY src/${floor} DESTINATION ${GAZETTEER_HEADERS} COMPONENT dev
           FILES_MATCHING PATTERN "*.h")
@@ -40,12 +39,12 @@ if(TARGET component)
   install(TARGETS component LIBRARY DESTINATION ${GAZETTEER_COMPONENT_FOLDER} COMPONENT program)
 endif()
 
-# The manual page of a program, of its help and of what is written by hand in packaging/man.
+# Generates a program's manual page from its help and the text in packaging/man.
 function(gazetteer_manual program)
   set(source ${CMAKE_SOURCE_DIR}/packaging/man)
   set(page ${CMAKE_BINARY_DIR}/man/${program}.1)
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/man)
-  # Whether the program has leaks is for the tests to say.
+  # The tests check for leaks.
   add_custom_command(OUTPUT ${page}
     COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
             ${source}/manual $<TARGET_FILE:${program}> ${source}/${program}.1.in > ${page}

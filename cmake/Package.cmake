@@ -12,16 +12,16 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
-# Documents and manual pages as Debian keeps them.
+# Documents and manual pages at Debian's paths.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/packaging/debian/Stage.cmake)
 
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME gazetteer)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
-# `make` sets its indexes in Liberation Sans. Without a platform of Qt the window does not open.
+# `make` uses Liberation Sans. The window needs a Qt platform plugin.
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "fonts-liberation, qt6-qpa-plugins")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS "fonts-dejavu-core, fonts-noto-core, fonts-noto-cjk")
-# The first line of a description is the project's, for both packages.
+# The summary of both packages is the project's description.
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
 "The back of a map book holds an index of its places and streets, each with
 page and grid square. gazetteer makes it, from a dBase table to pages ready

@@ -1,8 +1,8 @@
-# Headers that most files include are parsed once for the whole tree, by kind of target:
-#   gazetteer_precompile(TARGET KIND)    the target's files start from cmake/precompiled/KIND.h
-#   gazetteer_precompiled(KIND LINKS)    parses that header, with the include paths of the links
+# Precompiled headers, one per kind of target for the whole tree:
+#   gazetteer_precompile(TARGET KIND)    compiles the target with cmake/precompiled/KIND.h
+#   gazetteer_precompiled(KIND LINKS)    precompiles that header, with the include paths of LINKS
 option(GAZETTEER_PRECOMPILE "Parse the headers that most files include once for all" ON)
-# Some libraries ask for it, and a file compiled with it takes over no header compiled without.
+# Some libraries require it, and precompiled headers need the same options as their users.
 add_compile_options(-pthread)
 
 function(gazetteer_precompiled kind)

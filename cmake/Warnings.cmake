@@ -1,4 +1,4 @@
-# Warnings are errors everywhere in this tree; headers of other projects are included as SYSTEM.
+# Warnings are errors in this tree; headers of other projects are SYSTEM.
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor
                     -Wold-style-cast -Woverloaded-virtual -Werror)
 # GCC 12 sees faults in the standard library's strings where there are none: overlapping copies and

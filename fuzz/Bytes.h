@@ -7,8 +7,8 @@
 
 namespace fuzz {
 
-/// An input, taken from its front piece by piece. Whatever is asked for beyond its end is 0 or
-/// empty, so that every input means something.
+/// An input that is consumed from its front. Reads beyond the end give 0 or an empty text, so that
+/// every input is valid.
 class Bytes {
 public:
     Bytes(const std::uint8_t* data, std::size_t size)
@@ -17,9 +17,9 @@ public:
     bool AtEnd() const { return rest_.empty(); }
     std::uint8_t Byte();
     std::uint16_t Word() { return static_cast<std::uint16_t>(Byte() << 8 | Byte()); }
-    /// Eight bytes as a number of any kind, infinities and NaN too.
+    /// Interprets eight bytes as a double, including infinities and NaN.
     double Number();
-    /// The text up to the next line feed, which is passed over.
+    /// Returns the text up to the next line feed and skips that.
     std::string Line();
     std::string Rest() { return std::string(rest_); }
 
@@ -27,7 +27,7 @@ private:
     std::string_view rest_;
 };
 
-/// A folder for the files of an input, removed when the program ends.
+/// A folder for an input's files; deleted when the program ends.
 class Folder {
 public:
     Folder();

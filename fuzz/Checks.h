@@ -8,21 +8,21 @@
 
 namespace fuzz {
 
-/// Ends the process with a word on what was found, so that the input is kept.
+/// Ends the process with a message, so that the fuzzer keeps the input.
 [[noreturn]] void Find(const std::string& what);
 
 inline void Require(bool holds, const char* what) {
     if (!holds) Find(what);
 }
 
-/// What is shown to the user, or stands in a document, must be UTF-8.
+/// Requires valid UTF-8, as in messages and documents.
 void RequireText(std::string_view text, const char* what);
 
-/// A failure must say something that can be shown.
+/// Requires a failure with a text.
 void RequireSentence(const host::Failure& failure);
 
-/// Does something that may fail, but in no other way than by a host::Failure: any other exception
-/// ends the process. False where it failed.
+/// Runs an action that may throw only host::Failure; another exception ends the process. Returns
+/// false if it failed.
 template <class Action>
 bool Attempt(Action&& action) {
     try {

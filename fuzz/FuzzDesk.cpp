@@ -9,7 +9,7 @@ struct Dialogs final : host::IHostDialogs {
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
         if (request.failure != nullptr) {
             RequireSentence(*request.failure);
-            // What another exception is turned into.
+            // The form of a failure that was made from another exception.
             const bool foreign = request.failure->number == host::kFailureUnspecified &&
                                  request.failure->source.empty();
             Require(!foreign, request.failure->cause.c_str());

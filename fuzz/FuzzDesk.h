@@ -7,14 +7,14 @@
 
 namespace fuzz {
 
-/// Dialogs that answer Yes and keep nothing. A failure that they are shown must be the host's or
-/// the gazetteer's own: one made of another exception ends the process.
+/// Dialogs that answer Yes. A failure shown must come from the desk or the gazetteer: one made from
+/// another exception ends the process.
 host::Ref<host::IHostDialogs> SilentDialogs();
 
-/// The desk that the inputs of a program share, in American English.
+/// The desk shared by all inputs of a program; its locale is American English.
 const std::shared_ptr<desk::Desk>& SharedDesk();
 
-/// A dBase table with the two fields that a gazetteer wants and one record.
+/// Returns a dBase table with the two fields that a gazetteer needs and one record.
 std::string SmallTable();
 
 }  // namespace fuzz

@@ -1,5 +1,5 @@
-# Everything that the fuzz targets link is watched: by sanitizers for faults, and by libFuzzer for the
-# edges that an input reaches. libFuzzer comes with clang alone.
+# Instruments everything that the fuzz targets link: with sanitizers, and with libFuzzer's coverage.
+# libFuzzer requires clang.
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   message(FATAL_ERROR "GAZETTEER_FUZZ needs clang: set CMAKE_CXX_COMPILER to clang++-16.")
 endif()

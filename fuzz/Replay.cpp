@@ -21,8 +21,7 @@ std::vector<std::filesystem::path> FilesIn(const char* folder) {
 
 }  // namespace
 
-/// Goes through the inputs in the folders named. One that does harm ends the program, and its name
-/// stands last.
+/// Runs the inputs of the given folders. Prints each name first, so that the last one failed.
 int main(int argc, char** argv) {
     std::size_t count = 0;
     for (int i = 1; i < argc; ++i)

@@ -9,8 +9,8 @@ struct Block {
     char32_t first, count;
 };
 
-/// Scripts with and without shaping, from the left and from the right; marks, joiners and
-/// directions; blanks and dashes; signs with a look of their own, in colour too; what no font has.
+/// Scripts with and without complex shaping, both directions; marks, joiners and direction
+/// controls; blanks and dashes; symbols and emoji; characters without a font.
 constexpr std::array<Block, 40> kBlocks = {{
     {0x20, 95},     {0x20, 95},     {0x61, 26},      {0x61, 26},     {0x41, 26},    {0x00, 32},
     {0xA0, 96},     {0x100, 336},   {0x250, 176},    {0x300, 112},   {0x370, 144},  {0x400, 304},
@@ -53,7 +53,7 @@ std::string FromPairs(Bytes& bytes, std::size_t longest) {
     return text;
 }
 
-/// Bytes of the well-formed character at the front, 0 where there is none.
+/// Returns the length in bytes of a well-formed character at the front; 0 if there is none.
 std::size_t CharacterLength(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char lead = byte(0);

@@ -1,6 +1,6 @@
-// Documents: whatever the bytes are, they are read or it is said why not; what was read is written
-// and read again without a difference; and whatever a gazetteer in it holds, stored results too, it
-// can be drawn and painted, or it is said why not.
+// Documents: any bytes are read, or fail with a message. What was read is written and read again
+// without a difference. A gazetteer in it, with stored results or without, is drawn and painted, or
+// fails with a message.
 
 #include "desk/documents/Document.h"
 
@@ -63,7 +63,7 @@ void BindAndDraw(gazetteer::CVNGazetteerManager& manager, const Group& element) 
     }
 }
 
-// One with what the documents of the corpus are linked to.
+// A map book to which the documents of the corpus are linked.
 std::string MapBook() {
     Files().Write("sheets.dbf", fuzz::SmallTable());
     return Files().Write("book.json", R"({"currentTemplate": "index", "books": [{"key": "atlas",

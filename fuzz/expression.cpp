@@ -1,5 +1,5 @@
-// Expressions: taken apart, told what is wrong with them, and evaluated for a row and tokens with
-// values of every kind. An expression's text is that of its parts, and so is what comes of it.
+// Expressions: parsed, checked, and evaluated for a row and tokens with values of all types. Text
+// and result of an expression must equal those of its parts.
 
 #include <cstdint>
 
@@ -61,7 +61,7 @@ std::string SourceOf(const desk::ExpressionPart& part) {
     return part.kind == Kind::Token ? "$$" + part.text : part.text;
 }
 
-/// What the expression gives, told from its parts one by one.
+/// Computes the result from the parts and compares it.
 void RequireSumOfParts(const Cell& cell, const std::string& text,
                        const desk::Expression& expression) {
     std::string source;
@@ -106,7 +106,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     cell.row->SetValue(0, std::string("Main St"));
     cell.tokens["PAGE_NUMBER"] = TakeValue(bytes);
     cell.tokens["ROW"] = std::int32_t{4};
-    // As in a document, which is UTF-8.
+    // Documents contain only UTF-8.
     const std::string text = fuzz::Repaired(bytes.Rest());
     Try(cell, text);
     cell.table = nullptr;

@@ -1,5 +1,5 @@
-// Map book files: whatever the bytes are, they are read or it is said why not, and then everything
-// that a map book is asked can be asked.
+// Map book files: any bytes are read, or fail with a message. Then all queries of a map book must
+// work.
 
 #include "desk/mapbook/MapBook.h"
 

@@ -1,5 +1,4 @@
-// dBase tables: whatever the bytes are, the table opens or says why not, and then all its values
-// can be read.
+// dBase tables: any bytes are opened, or fail with a message. Then all values must be readable.
 
 #include <cstdint>
 
@@ -12,10 +11,10 @@ namespace {
 using fuzz::Require;
 using fuzz::RequireText;
 
-/// An input may end in this and the content of the .cpg file beside the table.
+/// Separates the table from the content of its .cpg file in an input.
 constexpr std::string_view kCpgMark = "\nCPG=";
-/// A header of thousands of fields and thousands of records that are a byte long take a while to
-/// read, and nothing new comes of it.
+/// Limits the values read: thousands of fields times thousands of records take long and find
+/// nothing new.
 constexpr int kMostValues = 100'000;
 
 void RequireGoodValue(const host::Variant& value) {

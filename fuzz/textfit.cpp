@@ -1,5 +1,5 @@
-// Texts of any characters, in several fonts and sizes. The quick ways of measuring must tell what a
-// full layout tells, and the quick ways of fitting must come to what the plain loops come to.
+// Texts of any characters in several fonts and sizes. Quick measuring must equal full layouts, and
+// quick fitting must equal the plain loops.
 
 #include "layout/TextFit.h"
 
@@ -21,13 +21,13 @@ namespace {
 
 using fuzz::Require;
 
-// Few, since every font in every size takes memory for good.
+// Few, because each font and size takes memory permanently.
 constexpr std::array<const char*, 4> kFamilies = {"Liberation Sans", "DejaVu Serif", "Noto Sans",
                                                   "Not Installed"};
 constexpr std::array<double, 2> kSizes = {7.25, 20};
-/// Inches; 16 bits choose among the widths up to it.
+/// Inches; 16 bits select a width up to this.
 constexpr double kWidestColumn = 3;
-/// Bytes. The plain loops measure the growing text for each character and each dot.
+/// Bytes. The plain loops measure the growing text for each character and dot.
 constexpr std::size_t kLongestText = 120;
 
 struct Input {
@@ -72,7 +72,7 @@ desk::TextBox BoxOf(desk::TextEngine& engine, const Input& input) {
     return engine.Set(placed, into);
 }
 
-/// Told twice, so that a find shows what came of chance.
+/// Measures twice, to show results that are not reproducible.
 std::string Difference(desk::TextEngine& quick, desk::TextEngine& plain, const Input& input) {
     std::string widths;
     for (int i = 0; i < 2; ++i)

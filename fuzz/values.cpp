@@ -1,6 +1,5 @@
-// What the command line takes as text, a line each and UTF-8, since it lets nothing else in:
-// settings of a gazetteer, sizes, frames, pages, locales, numbers and columns' names. What is taken
-// stands in the document afterwards, and the document can be saved and read again.
+// Texts of the command line, one per line and in UTF-8: settings, sizes, frames, pages, locales,
+// numbers and column names. Accepted values must be in the document, which is saved and read again.
 
 #include <array>
 #include <cstdint>
@@ -43,8 +42,7 @@ app::OpenDocument NewWork() {
     return {options, [](const std::string& sentence) { fuzz::RequireText(sentence, "a caution"); }};
 }
 
-/// As Attempt, for code that also has the two ways of failing of the command line. These repeat
-/// what was typed, byte by byte.
+/// Like Attempt, but also allows the command line's two exceptions, whose texts repeat the input.
 template <class Action>
 bool AttemptCommand(Action&& action) {
     try {
@@ -57,7 +55,7 @@ bool AttemptCommand(Action&& action) {
     return false;
 }
 
-/// A value's text must lead to a value of that text.
+/// Requires that a value's text parses to the same value.
 void RequireSameAgain(host::IHost& host, const std::string& key, gazetteer::ValueKind kind,
                       const std::string& text) {
     const auto value = app::ValueText(app::ParseValue(host, key, kind, text));

@@ -1,10 +1,10 @@
-# Shared by the scripts beside it. Source it; it leaves the shell in the repository's root.
+# Sourced by the other scripts. Changes to the repository's root.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 say() { printf '%s\n' "$*" >&2; }
 
-# install_missing KIND...: installs the packages of these kinds that are not there yet.
+# install_missing KIND...: installs the missing packages of these kinds.
 install_missing() {
     local kinds missing=() package
     kinds=$(IFS='|'; echo "$*")
@@ -21,7 +21,7 @@ install_missing() {
         --no-install-recommends "${missing[@]}" >&2
 }
 
-# stage TEXT COMMAND [ARGUMENT...]: says what is done, does it, and says how long it took.
+# stage TEXT COMMAND [ARGUMENT...]: prints the text, runs the command, and prints the time it took.
 stage() {
     local text=$1 start=$SECONDS
     shift
@@ -31,13 +31,13 @@ stage() {
     say "$text: $((took / 60)) min $((took % 60)) s"
 }
 
-# Compilers find again what they have compiled before, where ccache is installed.
+# Uses ccache if it is installed.
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_SLOPPINESS=pch_defines,time_macros
 fi
 
-# configure PRESET [OPTION...] and build PRESET [TARGET...]: quiet unless they fail. On a terminal a
-# build shows how far it is.
+# configure PRESET [OPTION...] and build PRESET [TARGET...]: print nothing unless they fail, except the
+# progress of a build on a terminal.
 configure() { quietly "The configuration of preset $1" cmake --preset "$@"; }
 build() {
     local preset=$1
@@ -50,9 +50,9 @@ build() {
     fi
 }
 
-# Configures the release preset unless it has been.
+# Configures the release preset if it is not configured.
 configure_release() { [ -f build/release/build.ninja ] || configure release; }
-# The same with the property page and the window, which a folder may have been configured without.
+# The same with property page and window, which an existing configuration may lack.
 configure_window() {
     if grep -qs '^GAZETTEER_WINDOW:BOOL=ON$' build/release/CMakeCache.txt; then
         configure_release

@@ -5,14 +5,14 @@
 #include <string>
 #include <string_view>
 
-/// The floor under numbering pages: reads the finished texts of an index and shapes each name and
-/// each text of references once, with HarfBuzz alone, deciding nothing.
+/// Lower bound for numbering pages: reads the finished texts of an index and shapes each name and
+/// each text of references once with HarfBuzz.
 namespace {
 
 constexpr int kPoints = 8;
 constexpr int kUnitsPerPoint = 64;
 
-// The process ends before anything is given back.
+// Frees nothing, since the process ends.
 class Shaper {
 public:
     explicit Shaper(const char* fontFile)
@@ -48,7 +48,7 @@ std::string ReadAll(const char* path) {
     return bytes;
 }
 
-// Takes the text up to the separator, or to the end, off the front.
+// Removes and returns the text before the separator, or all of it.
 std::string_view TakeTo(char separator, std::string_view& text) {
     const std::string_view taken = text.substr(0, text.find(separator));
     text.remove_prefix(taken.size() < text.size() ? taken.size() + 1 : taken.size());

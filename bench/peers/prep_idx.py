@@ -2,8 +2,7 @@
 
 usage: prep_idx.py LISTINGS.csv OUTPUT.idx
 
-Where a name holds numbers, its entry has a sort key with these padded to six digits, since
-makeindex knows no order by number.
+Numbers in the sort key are padded to six digits, because makeindex does not sort by number.
 """
 
 import csv

@@ -1,4 +1,4 @@
-"""Measures the bars of speed and prints them as one Markdown table."""
+"""Measures speed and memory and prints the figures with their limits as a Markdown table."""
 
 import argparse
 import sys
@@ -18,16 +18,16 @@ def options():
     parser = argparse.ArgumentParser(prog="bench", description=__doc__)
     parser.add_argument("--quick", action="store_true",
                         help="100,000 listings only, three rounds")
-    parser.add_argument("--no-peers", action="store_true", help="leave makeindex + pdfLaTeX out")
+    parser.add_argument("--no-peers", action="store_true", help="do not run makeindex + pdfLaTeX")
     parser.add_argument("--clock", choices=("wall", "cpu"), default="wall",
-                        help="judge by the clock on the wall, or by processor time where others "
-                             "use the machine (default: wall)")
+                        help="judge by wall time or, on a busy machine, by processor time "
+                             "(default: wall)")
     parser.add_argument("--programs", type=Path, required=True,
                         help="folder of the programs (scripts/bench gives it)")
     parser.add_argument("--data", type=Path, required=True,
                         help="folder for data and outputs (likewise)")
     parser.add_argument("--trial", type=int, metavar="LISTINGS",
-                        help="one round with so many listings, to see whether all of it works")
+                        help="one round with this number of listings, to check that everything works")
     return parser.parse_args()
 
 

@@ -1,4 +1,4 @@
-"""A row of the table: a figure of ours, what it is held against, and whether it is good enough."""
+"""Rows of the table: a figure, what it is compared with, its limits and the verdict."""
 
 from dataclasses import dataclass
 
@@ -25,7 +25,7 @@ def missing(what, reason):
 
 @dataclass(frozen=True)
 class Bar:
-    """What a figure must reach, and what it should. More is better only where it is so marked."""
+    """The limits of a figure: what it must and what it should reach. Less is better unless `more`."""
 
     must: float
     aim: float
@@ -45,13 +45,13 @@ class Bar:
 
 
 def judged(what, figure, bar, judge=True):
-    """A figure that is held against nothing but its bar, in the bar's unit."""
+    """A figure without comparison, in the unit of its bar."""
     return Row(what, told(figure, bar.unit), "", "", bar.limit(bar.must), bar.limit(bar.aim),
                bar.verdict(figure.median) if judge else NOT_JUDGED)
 
 
 def compared(what, ours, held, ratio, bar, judge=True):
-    """A figure that is held against another. Both are given as text."""
+    """A figure compared with another; both are given as text."""
     return Row(what, ours, held, f"{ratio:.2f} {bar.unit}", bar.limit(bar.must),
                bar.limit(bar.aim), bar.verdict(ratio) if judge else NOT_JUDGED)
 
@@ -61,7 +61,7 @@ def number(value):
 
 
 def told(figure, unit):
-    """The median, and how far the runs lie apart."""
+    """The median, and the least and greatest value."""
     text = f"{number(figure.median)} {unit}"
     if len(figure.values) > 1:
         text += f" ({number(min(figure.values))}–{number(max(figure.values))})"

@@ -1,4 +1,4 @@
-"""What every measurement needs: the programs, the data, and how often and by which clock."""
+"""Common parameters of the measurements: programs, data, rounds and clock."""
 
 import os
 import shutil
@@ -11,7 +11,7 @@ from process import output_of, run
 PEERS = Path(__file__).resolve().parent.parent / "peers"
 SMALL, LARGE = 100_000, 1_000_000
 
-# So that sorting does not depend on who measures.
+# Makes sorting independent of the user's locale.
 LOCALE = ["--locale", "en_US"]
 
 
@@ -30,7 +30,7 @@ class Bench:
 
     @property
     def is_trial(self):
-        """Only whether all of it works is of interest."""
+        """A trial only checks that everything works."""
         return self.sizes[-1] < SMALL
 
     def has(self, name):
@@ -60,7 +60,7 @@ class Bench:
                         self.data / "ours.pdf", *options, *LOCALE)
 
     def document(self, count):
-        """A document with stored results."""
+        """The path of a document with stored results."""
         path = self.data / f"index-{count}.json"
         self.make(count, "--document", path)
         return path

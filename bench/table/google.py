@@ -1,4 +1,4 @@
-"""Stages that Google Benchmark times."""
+"""Stages timed by Google Benchmark."""
 
 import json
 import os
@@ -7,8 +7,8 @@ from process import output_of
 
 
 def stages(program, pattern, clock, environment, quick=False):
-    """Milliseconds by name of each stage of a program whose name matches the pattern. A quick run
-    only finds out whether the stages work."""
+    """Milliseconds by name of the stages that match the pattern. A quick run only checks that the
+    stages work."""
     command = [program, "--benchmark_format=json", f"--benchmark_filter={pattern}"]
     if quick:
         command.append("--benchmark_min_time=0.001")

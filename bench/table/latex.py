@@ -1,4 +1,4 @@
-"""The peer: makeindex sorts and combines, pdfLaTeX sets and writes."""
+"""The programs compared with: makeindex sorts and combines, pdfLaTeX typesets."""
 
 import shutil
 import sys
@@ -14,7 +14,7 @@ def is_installed():
 
 
 def typeset(listings, folder):
-    """Cost of the whole way from a CSV file of listings to folder/index.pdf."""
+    """Cost of making folder/index.pdf from a CSV file of listings."""
     folder.mkdir(exist_ok=True)
     (folder / "index.pdf").unlink(missing_ok=True)
     steps = [

@@ -1,4 +1,4 @@
-"""What the figures were measured on."""
+"""Describes the machine, and pins the measurements to a core."""
 
 import os
 import platform
@@ -18,7 +18,7 @@ def system():
 
 
 def pin():
-    """Confines this process, and all that it starts, to one core: the last that it may use."""
+    """Pins this process and its children to the last core available to it. Returns the core."""
     core = max(os.sched_getaffinity(0))
     os.sched_setaffinity(0, {core})
     return core

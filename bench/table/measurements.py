@@ -1,4 +1,4 @@
-"""How many sizes fitting the texts asks for, against the plain loops, by counting."""
+"""Counts the measurements made to fit texts, compared with the plain loops."""
 
 import os
 
@@ -28,7 +28,7 @@ def rows(bench):
 
 
 def count(bench, size):
-    """By column: how many texts, questions of ours, questions of the plain loop."""
+    """By column: number of texts, our measurements, measurements of the plain loop."""
     environment = {**os.environ, "GAZETTEER_BENCH_TABLE": str(bench.listings(size, "dbf"))}
     lines = output_of([bench.program("bench_measurements")], env=environment).splitlines()
     return {name: tuple(map(int, counts))

@@ -1,4 +1,4 @@
-"""Numbering the pages alone, against shaping every finished text once."""
+"""Numbering the pages, compared with shaping every finished text once."""
 
 import google
 from bars import Bar, Row, compared, told
@@ -37,7 +37,7 @@ def generate(bench, size):
     document = bench.document(size)
 
     def once():
-        # An edit drops the stored results.
+        # An edit removes the stored results.
         bench.run("gazetteer", "set", document, "DefaultPage=1", *LOCALE)
         return bench.run("gazetteer", "generate", document, *LOCALE)
 

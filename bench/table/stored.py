@@ -1,4 +1,4 @@
-"""What a user of a document with stored results waits for."""
+"""Response times for a document with stored results."""
 
 import json
 
@@ -51,7 +51,7 @@ def edits(bench, size):
 
 
 def of_program(bench, name, environment, stages, bar, size):
-    """A row for each of the stages; one that is taken in several ways tells its slowest."""
+    """A row per stage; a stage with several variants shows its slowest."""
     if not bench.has(name):
         for what in stages.values():
             yield missing(what, f"not measured: {name} is not built")

@@ -1,4 +1,4 @@
-"""From a table to a finished PDF, whole processes."""
+"""Whole runs from a table to a finished PDF."""
 
 import latex
 from bars import Bar, Row, compared, judged, missing, told
@@ -60,7 +60,7 @@ def memory(size, ours, held):
 
 def growth(bench, costs):
     small, large = (times(costs["make", size], bench.clock) for size in (SMALL, LARGE))
-    # Of one round each, so that a slow spell of the machine is in both.
+    # Ratios within a round, so that a temporary load affects both.
     ratio = Figure(tuple(b / a for a, b in zip(small.values, large.values))).median
     return compared("growth from 100,000 to 1,000,000", told(large, "s"), told(small, "s"), ratio,
                     GROWTH)

@@ -1,6 +1,6 @@
-# Run by cpack between installing and packing: adds copyright and changelog to each package, and
-# compresses what Debian wants compressed, without names and times, so that packages can be
-# made again byte for byte.
+# Run by cpack between installing and packing: adds copyright and changelog to each package and
+# compresses the files that Debian policy requires, without names and times, so that packages are
+# reproducible.
 foreach(component program dev)
   set(package ${CPACK_DEBIAN_PROGRAM_PACKAGE_NAME})
   if(component STREQUAL dev)

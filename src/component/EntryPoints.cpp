@@ -1,4 +1,4 @@
-// What a host finds in the component's library; host/Component.h describes each entry point.
+// Entry points of the component library; host/Component.h documents them.
 
 #include <array>
 #include <cstdint>
@@ -25,13 +25,13 @@ namespace {
 using Object = host::Ref<host::IHostObject>;
 using Make = Object (*)(const host::Ref<host::IHost>& host);
 
-/// The file that this code was loaded from.
+/// The library file that contains this code.
 struct OwnFile {
     std::string folder;
     std::string baseName;  ///< Without the ending.
 };
 
-// Fails where the loader does not know the file.
+// Throws if the loader does not know the file.
 OwnFile FindOwnFile() {
     static const char here = 0;
     Dl_info info{};

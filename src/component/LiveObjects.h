@@ -6,10 +6,10 @@
 
 namespace gazetteer {
 
-/// Number of the component's objects that a host holds.
+/// Number of objects of the component that hosts hold.
 inline std::atomic<std::int64_t> liveObjects = 0;
 
-/// A class whose objects are counted from before their construction until they are gone.
+/// Counts its object in liveObjects from before construction until after destruction.
 template <class T>
 class Counted final {
     struct Mark {

@@ -1,4 +1,4 @@
-// Expressions and widths of the columns: the editor, and the two checks.
+// Expressions and widths of the columns: the editor and the two checks.
 
 #include "manager/ColumnExpressions.h"
 #include "model/EditRules.h"
@@ -33,7 +33,7 @@ host::MessageBoxRequest ExpressionsInvalid() {
             host::kStopOk};
 }
 
-// The title is the same as that of the message on expressions.
+// Has the same title as the message about expressions.
 host::MessageBoxRequest ColumnsTooWide() {
     return {"Invalid Column Text Expression!",
             "The total width of the defined columns is wider than the width of the Gazetteer "
@@ -55,7 +55,7 @@ void Form::cmdExpression_Click() {
             return;
         }
     }
-    // The form may be emptied while the dialog is open.
+    // Kept in a local: the form may be released while the dialog is open.
     const auto engine = expressionEngine_;
     const std::string edited =
         engine->EditExpression(table, ShownText(*this, "txtExpression"), Tokens(linked));
@@ -67,7 +67,7 @@ void Form::CheckColumns() {
     CheckColumnSizing(false);
 }
 
-// Nothing else needs the index layer, which may be out of reach.
+// The index layer is opened only if needed, since it may be unavailable.
 bool Form::AnyColumnFromIndexLayer() const {
     for (const std::string& name : NamesOf(*fields_.columnNames))
         if (!ToBoolean(SetUnder(*fields_.columnsProperties, name)->Item(keys::kFromDatabase)))
@@ -75,9 +75,9 @@ bool Form::AnyColumnFromIndexLayer() const {
     return false;
 }
 
-// The link counts as it was when the page was opened: a column that is switched to the index layer
-// under a new link stays invalid until the page is opened again. A check that fails leaves the
-// verdict as it was.
+// Uses the link as stored when the page was opened: a column switched to the index layer under a
+// new link stays invalid until the page is opened again. If the check throws, the verdict does not
+// change.
 void Form::CheckColumnExpressions(bool ShowMessage) try {
     if (!haveDatabase_) {
         expressionsValid_ = false;

@@ -1,4 +1,4 @@
-// The listing database, the columns that it gets, and their two orders.
+// Commands for the listing database, the columns and their two orders.
 
 #include "model/EditRules.h"
 #include "model/Paths.h"
@@ -47,13 +47,13 @@ void Form::UpdateColumnLists() try {
     PassOn("UpdateColumnLists", kFormLabel);
 }
 
-// The editors still hold the column that was selected before. The checks come last: one that fails
-// must not keep the selected column out of the editors.
+// The editors still hold the previous column, which is stored first. The checks come last, so that
+// a failing check does not prevent the selected column from being opened.
 void Form::lstListingColumns_Click() try {
     if (events_.IsPopulating()) return;
     const bool wasOpen = !editors_.CurrentColumn().empty();
     if (wasOpen) editors_.UpdateColumnProperties();
-    if (!filled_) return;  // Emptied by whoever was told of the edit.
+    if (!filled_) return;  // The page site may have released the form.
     editors_.PopulateColumnProperties(SelectedText(*ui_->lstListingColumns));
     if (wasOpen) CheckColumns();
 } catch (...) {
@@ -81,7 +81,7 @@ void Form::cmdRemove_Click() {
     if (!MayRemoveColumn(*host_, fields_, name)) return;
     if (host_->Dialogs().MessageBox(RemoveColumnQuestion()) != host::MessageAnswer::Yes) return;
     RemoveColumn(fields_, name);
-    // The editors hold the removed column, or one whose edits are in its set already.
+    // The editors hold the removed column, or one whose edits are already stored.
     editors_.Close();
     UpdateColumnLists();
     UpdateProperties();
@@ -89,7 +89,7 @@ void Form::cmdRemove_Click() {
     UpdateProperties();
 }
 
-// Every mark is in the set already but the one that was changed.
+// All other marks are already in the set.
 void Form::lstSortOrder_ItemCheck() {
     const auto& list = *ui_->lstSortOrder;
     for (int row = 0; row < list.count(); ++row)
@@ -98,7 +98,7 @@ void Form::lstSortOrder_ItemCheck() {
     editors_.UpdateColumnProperties();
 }
 
-// An order is that of its set, so that another order is another set, also where no row has moved.
+// Creates a new set even if no row has moved.
 void Form::Rearrange(QListWidget& list, host::Ref<host::IHostPropertySet> Settings::*order,
                      Movement movement, const char* procedure) try {
     if (list.count() == 0) return;

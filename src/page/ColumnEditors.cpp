@@ -36,7 +36,7 @@ constexpr SymbolControls kSymbols[] = {
     {"cmdTitleBackground", "picTitleBackground", &Column::titleBackgroundSymbol},
 };
 
-// What a button gives to all columns.
+// The values that a button copies to all columns.
 const std::pair<const char*, std::vector<ColumnField>> kToAll[] = {
     {"cmdColumnFontToAll_Click", {&Column::columnFontSymbol}},
     {"cmdBackgroundToAll_Click",
@@ -121,7 +121,7 @@ ColumnProperties ColumnEditors::Shown() const {
     return column;
 }
 
-// No two columns share a symbol.
+// Each column gets its own copy of the symbols.
 void ColumnEditors::SetInAllColumns(const std::vector<ColumnField>& fields) {
     if (currentColumn_.empty()) return;
     const ColumnProperties shown = Shown();
@@ -148,21 +148,23 @@ void ColumnEditors::EditSymbol(host::Ref<T>& symbol, SymbolPreview& preview) {
     DrawPreview(preview, own);
 }
 
-// The edited symbol; null where the user cancelled or the dialog cannot take the symbol.
+// Returns the edited symbol; null if the user cancelled or the dialog rejects the symbol.
 host::Ref<host::IHostSymbol> ColumnEditors::AskForSymbol(
     const host::Ref<host::IHostSymbol>& symbol) {
     const auto dialog = host_.NewSymbolDialog();
     bool ok = false;
     dialog->AddSymbol(symbol, ok);
     if (!ok) return nullptr;
-    // The window that the form stands in: asking for a handle of its own would make it native.
+    // The window's handle: requesting the form's own would make the form native.
     dialog->Show(static_cast<host::WindowHandle>(form_.window()->winId()), ok);
     return ok ? dialog->Symbol(0) : nullptr;
 }
 
 void ColumnEditors::DrawPreview(SymbolPreview& preview,
                                 const host::Ref<host::IHostSymbol>& symbol) {
-    if (!preview.isVisible()) return preview.Clear();  // It asks for its picture once it is seen.
+    if (!preview.isVisible())
+        return preview.Clear();  // The preview requests its picture when it
+                                 // is shown.
     const QSize size = preview.PixelSize();
     const auto surface = host_.NewPixelSurface(size.width(), size.height(), preview.DotsPerInch());
     if (!DrawToDC(host_, surface->Device(), size.width(), size.height(), symbol, 0)) {

@@ -12,26 +12,26 @@ namespace gazetteer {
 
 class SymbolPreview;
 
-/// The editors of one column, the open one. They are enabled while a column is open, and every edit
-/// replaces the column's set as a whole.
+/// The editors of the open column. They are enabled while a column is open; every edit replaces the
+/// column's set.
 class ColumnEditors {
 public:
-    /// All but the handler must outlive this. The columns are those of the settings; the handler
-    /// takes over what was stored in them.
+    /// The references must outlive this. The columns are those of the settings; the handler is
+    /// called after a column was stored in them.
     ColumnEditors(QWidget& form, host::IHost& host, FormEvents& events, const Settings& settings,
                   FormEvents::Handler updateProperties);
 
-    /// Opens a column. After a failure none is open.
+    /// Opens a column. If it throws, no column is open.
     void PopulateColumnProperties(const std::string& name);
-    /// Stores what the editors show. Without an open column there is nothing to store beside the
-    /// rest of the form.
+    /// Stores the values of the editors and calls the handler; without an open column only calls
+    /// the handler.
     void UpdateColumnProperties();
-    /// Stores nothing.
+    /// Closes the column without storing it.
     void Close();
 
-    /// Name of the open column; empty without one. It is one step behind the selection of the list.
+    /// Name of the open column; empty if none. While the selection changes, the previous column.
     const std::string& CurrentColumn() const { return currentColumn_; }
-    /// The open column as the editors show it, with their symbols.
+    /// Returns the open column with the values of the editors.
     ColumnProperties Shown() const;
 
 private:
@@ -51,7 +51,7 @@ private:
     FormControls<ColumnProperties> controls_;
 
     std::string currentColumn_;
-    ColumnProperties column_;  ///< As it was opened, but with symbols of the editors' own.
+    ColumnProperties column_;  ///< As opened, but with copies of the symbols.
 };
 
 }  // namespace gazetteer

@@ -13,9 +13,9 @@
 namespace gazetteer {
 namespace {
 
-// What was put into a control that cannot show every text, kept beside it. A box of several lines
-// normalises blanks and line ends; such boxes are read-only, so that nothing else changes their
-// text. A drop-down list shows no selection for a text that it does not offer.
+// Property that keeps the text set on a control that cannot show every text: a box of several lines
+// normalises blanks and line ends (such boxes are read-only), and a drop-down list shows no
+// selection for a text that it does not offer.
 constexpr char kWholeText[] = "wholeText";
 
 QWidget* Find(const QWidget& form, const std::string& name) {
@@ -117,7 +117,7 @@ void MoveSelectedRow(QListWidget& list, Movement movement) {
     if (row < 0) return;
     const int target = TargetRow(row, list.count(), movement);
     const QSignalBlocker quiet(list);
-    list.insertItem(target, list.takeItem(row));  // The item takes its check mark along.
+    list.insertItem(target, list.takeItem(row));  // Includes the check mark.
     list.setCurrentRow(target);
 }
 

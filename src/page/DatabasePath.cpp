@@ -21,7 +21,7 @@ std::string DatabasePath(const std::string& category, const std::string& fullNam
     if (!isConnection && !IsKind(category, "Folder")) return fullName;
     const bool hasEnding = typedName.find(kEnding) != std::string::npos;
     std::string path = fullName + '\\' + typedName + (hasEnding ? "" : kEnding);
-    // A connection to the root of a drive ends in a backslash of its own.
+    // A connection to the root of a drive ends in a backslash.
     if (isConnection && !fullName.starts_with("\\\\")) path = ReplaceAll(path, "\\\\", "\\");
     return path;
 }

@@ -6,12 +6,13 @@
 
 namespace gazetteer {
 
-/// The path of a listing database that was picked in the host's object dialog: an object itself, or
-/// a folder and a typed name, which gets the ending ".dbf" where it holds none in this case.
+/// Returns the path of the listing database selected in the host's object dialog: the object
+/// itself, or a folder and a typed name. The name gets the ending ".dbf" unless it contains ".dbf"
+/// in lower case.
 std::string DatabasePath(const std::string& category, const std::string& fullName,
                          const std::string& typedName);
 
-/// The path of what the user picks in that dialog; empty after a cancel.
+/// Opens the host's object dialog. Returns the selected path; empty if the user cancelled.
 std::string PickListingDatabase(host::IHost& host);
 
 }  // namespace gazetteer

@@ -22,8 +22,8 @@ struct Binding {
 
 constexpr char kChange[] = "Change";
 
-// The keys of the listing database, of the link to a map series frame and of the column lists are
-// no entries: they follow rules of their own.
+// Does not include the keys of the listing database, the map series link and the column lists,
+// which have rules of their own.
 constexpr auto ControlsOf(const Settings&) {
     return std::to_array<Binding<SettingsField>>({
         {&Settings::displayLeftToRight, "OptDisplayDirection"},
@@ -43,7 +43,7 @@ constexpr auto ControlsOf(const Settings&) {
     });
 }
 
-// All of a column but the six symbols and the version.
+// All properties of a column except the six symbols and the version.
 constexpr auto ControlsOf(const ColumnProperties&) {
     return std::to_array<Binding<ColumnField>>({
         {&ColumnProperties::fromDatabase, "optColumnSource"},
@@ -69,7 +69,7 @@ constexpr auto ControlsOf(const ColumnProperties&) {
 template <class T>
 constexpr bool kIsNumber = std::is_same_v<T, double> || std::is_same_v<T, std::int32_t>;
 
-// Sets and symbols have controls of their own.
+// Sets and symbols have other controls.
 template <class T>
 constexpr bool kIsShown = std::is_same_v<T, bool> || kIsNumber<T> || std::is_same_v<T, std::string>;
 
@@ -84,7 +84,7 @@ void FillControl(const QWidget& form, host::IHostLocale& locale, const char* con
         ShowText(form, control, value);
 }
 
-// Nothing for a text that is no number of the type. Blanks around a number do no harm.
+// Returns nothing for a text that is not a number of the type. Ignores blanks around a number.
 template <class T>
 std::optional<T> NumberIn(std::string text, host::IHostLocale& locale) {
     text = WithoutOuterBlanks(text);
@@ -94,7 +94,7 @@ std::optional<T> NumberIn(std::string text, host::IHostLocale& locale) {
     try {
         return ValueAs<T>(*number, locale);
     } catch (const host::Failure&) {
-        return std::nullopt;  // Too large: the host is not asked a second time.
+        return std::nullopt;  // Outside the range of the type.
     }
 }
 

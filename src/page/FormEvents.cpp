@@ -25,13 +25,13 @@ bool IsOneOf(const QWidget* widget) {
     return ((qobject_cast<const Kinds*>(widget) != nullptr) || ...);
 }
 
-// Those that a user can act on, or that ask for something. Parts of controls are of other kinds.
+// Controls that a user can operate, and previews. Parts of composite controls have other types.
 bool HasEvents(const QWidget* widget) {
     return IsOneOf<QCheckBox, QRadioButton, QPushButton, QComboBox, QLineEdit, QPlainTextEdit,
                    QListWidget, SymbolPreview>(widget);
 }
 
-// Tells of a press on the row that is current already, of which a list itself says nothing.
+// Reports a press on the current row, for which a list emits no signal.
 class PressOnCurrentRow final : public QObject {
 public:
     PressOnCurrentRow(QListWidget& list, Handler handler)

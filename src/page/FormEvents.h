@@ -12,23 +12,23 @@
 
 namespace gazetteer {
 
-/// The events of a form's controls. Each is a top procedure of the failure convention under its own
-/// name, CONTROL_Event: Click of buttons, check boxes, pairs of option buttons and lists, Change of
-/// text boxes, ItemCheck of lists with check boxes, Paint of previews; of a drop-down list it is
-/// either word. Events come as well when code changes a control. The click of a list is another
-/// current row, or a press on the current one.
+/// Connects handlers to the events of a form's controls. Each handler runs as a top procedure of
+/// the failure convention (see ErrorHandling.h) named CONTROL_Event: Click of buttons, check boxes,
+/// pairs of option buttons and lists; Change of text boxes; ItemCheck of lists with check boxes;
+/// Paint of previews; Click or Change of drop-down lists. Changes made by code also cause events. A
+/// list's Click is a change of the current row or a press on it.
 class FormEvents {
 public:
     using Handler = std::function<void()>;
 
     FormEvents(QWidget& form, host::IHost& host) : form_(form), host_(host) {}
 
-    /// Fails where no control has the event.
+    /// Throws if no control has the event.
     void Connect(const std::string& event, Handler handler);
-    /// Fails for a control that a user can act on and that was not connected, but for these.
+    /// Throws if a control that a user can operate is neither connected nor in the list.
     void RequireAllBut(std::initializer_list<const char*> controls) const;
 
-    /// Code is filling controls: no handler is called but those of Paint. True at first.
+    /// While code fills controls, no handler is called except Paint. Initially true.
     bool IsPopulating() const { return isPopulating_; }
     void SetPopulating(bool isPopulating) { isPopulating_ = isPopulating; }
 
@@ -37,10 +37,10 @@ private:
     host::IHost& host_;
     bool isPopulating_ = true;
     std::vector<const QWidget*> connected_;
-    QObject context_;  ///< Ends the connections.
+    QObject context_;  ///< Disconnects the handlers on destruction.
 };
 
-/// Sets the flag for as long as it lives.
+/// Sets IsPopulating while it exists.
 class Populating {
 public:
     explicit Populating(FormEvents& events) : events_(events), before_(events.IsPopulating()) {

@@ -16,8 +16,7 @@ namespace {
 
 constexpr double kTwipsPerInch = 1440;
 
-// Where the tab control stands and the free margin on its other sides, in twips. The tab controls'
-// sizes are those that the default font needs at least.
+// Position, margins and minimum sizes of the tab controls with the default font, in twips.
 constexpr int kLeft = 120;
 constexpr int kMargin = 100;
 constexpr int kPropertiesWidth = 6735;
@@ -25,9 +24,9 @@ constexpr int kPropertiesHeight = 6855;
 constexpr int kColumnWidth = 6255;
 constexpr int kColumnHeight = 2775;
 
-// Width of the form in font sizes: a line of the explaining texts then has some 90 letters.
+// Width of the form in font sizes: about 90 letters per line of explaining text.
 constexpr int kFontSizesWide = 50;
-// Rows that a list shows without scrolling, lines of an expression, digits of a size.
+// Visible rows of a list, lines of an expression, digits of a number.
 constexpr int kRows = 4;
 constexpr int kLines = 3;
 constexpr int kDigits = 9;
@@ -54,7 +53,7 @@ void SizeTexts(const QWidget& form) {
     }
 }
 
-// Some styles let a caption touch the border of its button.
+// In some styles a caption would touch the border of its button.
 void SizeButtons(const QWidget& form) {
     for (auto* button : form.findChildren<QPushButton*>()) {
         if (button->text().isEmpty()) continue;
@@ -63,19 +62,19 @@ void SizeButtons(const QWidget& form) {
     }
 }
 
-// Boxes that do not grow hold a number or a separator.
+// Boxes of fixed width contain a number or a separator.
 void SizeNumbers(const QWidget& form) {
     for (auto* box : form.findChildren<QLineEdit*>()) {
         if (box->sizePolicy().horizontalPolicy() != QSizePolicy::Fixed) continue;
         const int letters = box->fontMetrics().horizontalAdvance(QLatin1Char('x')) * 17;
         const int digits = box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDigits;
-        // The box's own hint is 17 times "x" and what its frame needs.
+        // QLineEdit's size hint is 17 times "x" plus its frame.
         box->setFixedWidth(box->sizeHint().width() - letters + digits);
     }
 }
 
-// Layouts of tabs that are not on show do not hear of a new font by themselves.
-void ForgetSizes(const QWidget& form) {
+// Layouts of hidden tabs are not notified of a new font.
+void InvalidateLayouts(const QWidget& form) {
     for (auto* layout : form.findChildren<QLayout*>()) layout->invalidate();
     for (auto* tabs : form.findChildren<QTabWidget*>()) tabs->updateGeometry();
 }
@@ -94,7 +93,7 @@ void FitFormToTabs(QWidget& form) {
     SizeTexts(form);
     SizeButtons(form);
     SizeNumbers(form);
-    ForgetSizes(form);
+    InvalidateLayouts(form);
     SetLeastSize(form, "SSTabColumnProps", kColumnWidth, kColumnHeight);
     SetLeastSize(form, "SSTabGazetteerProperties", kPropertiesWidth, kPropertiesHeight);
 

@@ -4,10 +4,9 @@
 
 namespace gazetteer {
 
-/// Gives the form the size of its tab control and a margin beside and below it, and its parts the
-/// least sizes at which every text of every tab, also of those that are not on show, stands in
-/// full. Works from the fonts and the style in force: call it at load and again when one of them
-/// changes. The form grows with its window, but is never smaller than this.
+/// Sets the form's size to its tab control plus margins, and the minimum sizes of its parts, so
+/// that all texts on all tabs are shown in full. Depends on fonts and style: call it at load and
+/// after a change of either. The form may grow with its window but is never smaller.
 void FitFormToTabs(QWidget& form);
 
 }  // namespace gazetteer

@@ -13,7 +13,7 @@
 namespace gazetteer {
 namespace {
 
-// What is not found is skipped.
+// Skips commands that the host does not have.
 void RunRefreshCommands(host::IHost& host) {
     const auto identifier = host.NewIdentifier();
     const auto application = host.NewApplication();
@@ -112,7 +112,7 @@ bool GazetteerPropertyPage::Applies(const host::Ref<host::IHostObjectSet>& objec
     return false;
 }
 
-// Of several gazetteers the last one in the set is edited.
+// If there are several gazetteers, the last one is edited.
 void GazetteerPropertyPage::SetObjects(const host::Ref<host::IHostObjectSet>& objects) try {
     const auto set = Require<host::IHostObjectSet>(objects);
     set->Reset();
@@ -122,7 +122,7 @@ void GazetteerPropertyPage::SetObjects(const host::Ref<host::IHostObjectSet>& ob
         stored_ = GetGazetteerProperties(*host_, element);
         element_ = element;
     }
-    // A form that shows other objects shows these from now on.
+    // A form that is already shown is filled again.
     const bool shown = Form().IsFilled();
     if (shown) Form().Form_Deactivate();
     Form().SetGazetteerProperties(CopySet(*host_, Require<host::IHostPropertySet>(stored_)));

@@ -10,9 +10,9 @@ namespace gazetteer {
 
 class frmGazetteerPropertyPage;
 
-/// The page that the host's property sheet shows for an element with gazetteer properties. All
-/// editing happens on a copy of the element's properties; the element is touched by Apply alone.
-/// Every operation is a top procedure of the failure convention.
+/// The property page for an element with gazetteer properties. Edits a copy of the element's
+/// properties; only Apply changes the element. Every operation is a top procedure of the failure
+/// convention.
 class GazetteerPropertyPage : public host::IComPropertyPage {
 public:
     explicit GazetteerPropertyPage(host::Ref<host::IHost> host);
@@ -44,9 +44,9 @@ private:
     void ShowAtTop(const char* operation) noexcept;
 
     host::Ref<host::IHost> host_;
-    /// The sheet that took the form in may take it along when it goes.
+    /// A QPointer, because the sheet that embeds the form may delete it.
     QPointer<frmGazetteerPropertyPage> form_;
-    /// The element's stored set: the source of the first copy.
+    /// The element's stored set, from which the working copy is made.
     host::Ref<host::IHostPropertySet> stored_;
     host::Ref<host::IHostGroupElement> element_;
 };

@@ -12,7 +12,7 @@
 namespace gazetteer {
 namespace {
 
-// The position in the collection beside a list: the entry before the first is "<None>".
+// Returns the index into the keys of the list; entry 0 is "<None>".
 std::size_t Chosen(const QComboBox& list) {
     return static_cast<std::size_t>(list.currentIndex() - 1);
 }
@@ -21,7 +21,7 @@ bool IsNone(const QComboBox& list) {
     return list.currentText() == kNoSelection;
 }
 
-// False where the collection beside the list does not hold the key.
+// Selects the entry of a key. Returns false if the key is not in the list.
 bool Select(QComboBox& list, const std::vector<std::string>& keys, const std::string& key) {
     const auto found = std::ranges::find(keys, key);
     if (found == keys.end()) return false;
@@ -46,7 +46,7 @@ MapSeriesLink::MapSeriesLink(host::IHost& host, Ui::frmGazetteerPropertyPage& ui
     connect("cmbMapSeriesFrame_Click", &MapSeriesLink::cmbMapSeriesFrame_Click);
 }
 
-// A document that is in no map book has no template on show, and nothing to link to.
+// A document without a map book has no current template and nothing to link to.
 void MapSeriesLink::Fill(const SiblingObjects& siblings, const Settings& settings) {
     siblings_ = siblings;
     choice_ = {settings.mapSeriesSectionKey, settings.mapSeriesTemplateKey,
@@ -94,7 +94,7 @@ void MapSeriesLink::EnableIndexLayerOption() {
     ui_.optColumnSource_1->setEnabled(IsInForce());
 }
 
-// A template and a frame of the same key or name survive a change of section that has them.
+// If the new section has the same template and frame, they stay selected.
 void MapSeriesLink::cmbSection_Click() {
     if (IsNone(*ui_.cmbSection)) {
         choice_ = {};
@@ -122,7 +122,7 @@ void MapSeriesLink::CmbTemplate_Click() {
     FindFramesOrForget();
 }
 
-// "<None>" leaves the frame that was chosen before in force.
+// "<None>" keeps the frame selected before.
 void MapSeriesLink::cmbMapSeriesFrame_Click() {
     if (!IsNone(*ui_.cmbMapSeriesFrame)) {
         frame_ = frames_.at(Chosen(*ui_.cmbMapSeriesFrame));
@@ -132,7 +132,7 @@ void MapSeriesLink::cmbMapSeriesFrame_Click() {
     EnableIndexLayerOption();
 }
 
-// Offers the templates of the section and selects the one in force; false if there is none.
+// Lists the templates of the section and selects the current one. Returns false if it is missing.
 bool MapSeriesLink::FindTemplates() {
     auto& book = *siblings_.mapBook;
     templateKeys_ = book.TemplateKeys(choice_.sectionKey);
@@ -142,8 +142,8 @@ bool MapSeriesLink::FindTemplates() {
     return Select(*ui_.CmbTemplate, templateKeys_, choice_.templateKey);
 }
 
-// Offers the frames of the template and selects the one in force, of several the last one; false if
-// there is none.
+// Lists the frames of the template and selects the current one; if several have its name, the last.
+// Returns false if it is missing.
 bool MapSeriesLink::FindFrames() {
     frames_ =
         GetMapSeriesFrames(*siblings_.seriesManager,

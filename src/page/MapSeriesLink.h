@@ -13,28 +13,27 @@ class frmGazetteerPropertyPage;
 
 namespace gazetteer {
 
-/// The link of the listing database to a map series frame: its check box and the three lists of
-/// sections, templates and frames. Each list has "<None>" above what it offers.
+/// Link of the listing database to a map series frame: the check box and the lists of sections,
+/// templates and frames. Each list starts with "<None>".
 class MapSeriesLink {
 public:
-    /// All but the handler must outlive this. The handler takes every edit over.
+    /// The references must outlive this. The handler is called on every edit.
     MapSeriesLink(host::IHost& host, Ui::frmGazetteerPropertyPage& ui, FormEvents& events,
                   FormEvents::Handler updateProperties);
 
-    /// Offers the map book of the document on show and selects what is stored.
+    /// Lists the sections of the current document's map book and selects the stored choice.
     void Fill(const SiblingObjects& siblings, const Settings& settings);
     void Read(Settings& settings) const;
-    /// Lets go of all objects.
     void Release();
 
     bool IsTicked() const;
-    /// Ticked, and a frame was selected. Without a tick nothing is missing.
+    /// IsInForce: ticked, and a frame was selected. IsComplete: also true without a tick.
     bool IsInForce() const { return IsTicked() && haveFrame_; }
     bool IsComplete() const { return !IsTicked() || haveFrame_; }
     bool HaveFrame() const { return haveFrame_; }
 
     bool IsSeriesFrame();
-    /// The table of the frame's index layer; null where it has none.
+    /// Returns the table of the frame's index layer; null if it has none.
     host::Ref<host::IHostTable> OpenIndexLayer();
 
 private:
@@ -57,12 +56,12 @@ private:
     Ui::frmGazetteerPropertyPage& ui_;
     SiblingObjects siblings_;
     Choice choice_;
-    /// What the lists offer behind "<None>", in their order.
+    /// Entries after "<None>", in list order.
     std::vector<std::string> sectionKeys_;
     std::vector<std::string> templateKeys_;
     std::vector<host::Ref<host::IHostMapFrame>> frames_;
     host::Ref<host::IHostMapFrame> frame_;
-    /// Some frame was selected; "<None>" does not take it back.
+    /// A frame was selected at some time; selecting "<None>" does not reset it.
     bool haveFrame_ = false;
 };
 

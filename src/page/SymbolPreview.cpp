@@ -7,13 +7,13 @@
 namespace gazetteer {
 namespace {
 
-// Logical pixels: the length of a swatch that a line of text fits into.
+// Logical pixels; fits one line of text.
 constexpr int kLeastWidth = 150;
 constexpr int kLeastHeight = 27;
-// The text of a symbol stands on the middle of the area and needs its ascent above and a third of
-// that below: this takes texts up to 16 points at 96 dots per inch.
+// A symbol's text has its baseline at the middle of the area and needs its ascent above that: 40
+// pixels fit texts up to 16 points at 96 dots per inch.
 constexpr int kHeight = 40;
-constexpr double kLines = 2.6;  ///< The same beside larger fonts of the form.
+constexpr double kLines = 2.6;  ///< The same in lines of the form's font, if that is larger.
 constexpr int kWidthToHeight = 5;
 
 constexpr double kDisabledOpacity = 0.4;
@@ -38,13 +38,14 @@ double SymbolPreview::DotsPerInch() const {
 void SymbolPreview::SetPicture(const QImage& picture) {
     picture_ = picture;
     picture_.setDevicePixelRatio(devicePixelRatioF());
-    askedFor_ = Fits(picture_) ? QSize() : PixelSize();  // A wrong answer is not asked for again.
+    requested_ = Fits(picture_) ? QSize() : PixelSize();  // A picture of the wrong size is not
+                                                          // requested again.
     update();
 }
 
 void SymbolPreview::Clear() {
     picture_ = QImage();
-    askedFor_ = QSize();
+    requested_ = QSize();
     update();
 }
 
@@ -63,18 +64,17 @@ bool SymbolPreview::Fits(const QImage& picture) const {
            qFuzzyCompare(picture.devicePixelRatio(), devicePixelRatioF());
 }
 
-// Asked for now, the picture is there for the first painting.
+// Requests the picture before the first painting.
 void SymbolPreview::showEvent(QShowEvent* event) {
     QFrame::showEvent(event);
-    if (!Fits(picture_)) Ask();
+    if (!Fits(picture_)) RequestPicture();
 }
 
-// A picture that no longer fits is shown until the new one is there, so that nothing flickers while
-// the window is being resized.
+// Shows the old picture until the new one is set, to avoid flicker during resizing.
 void SymbolPreview::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(contentsRect(), palette().window());
-    if (!Fits(picture_)) Ask();
+    if (!Fits(picture_)) RequestPicture();
     if (!picture_.isNull()) {
         painter.setClipRect(contentsRect());
         if (!isEnabled()) painter.setOpacity(kDisabledOpacity);
@@ -84,10 +84,10 @@ void SymbolPreview::paintEvent(QPaintEvent* event) {
     QFrame::paintEvent(event);
 }
 
-void SymbolPreview::Ask() {
+void SymbolPreview::RequestPicture() {
     const QSize needed = PixelSize();
-    if (needed.isEmpty() || needed == askedFor_) return;
-    askedFor_ = needed;
+    if (needed.isEmpty() || needed == requested_) return;
+    requested_ = needed;
     QMetaObject::invokeMethod(this, &SymbolPreview::Paint, Qt::QueuedConnection);
 }
 

@@ -5,31 +5,30 @@
 
 namespace gazetteer {
 
-/// A sunken area that shows a picture of a symbol. The program paints the picture; the area asks
-/// for it with Paint when there is none, or when it no longer fits the area's pixels.
+/// A sunken area with a picture of a symbol. Emits Paint when it needs one of its current size.
 class SymbolPreview final : public QFrame {
     Q_OBJECT
 
 public:
     explicit SymbolPreview(QWidget* parent = nullptr);
 
-    /// Size of the area inside the frame, in pixels of the device. It is final once the area has
-    /// been shown; a picture for an earlier size is asked for again.
+    /// Size inside the frame, in device pixels. It is final once the area has been shown; Paint is
+    /// emitted again if it changes.
     QSize PixelSize() const;
-    /// Pixels of the device per inch of the screen.
+    /// Device pixels per inch of the screen.
     double DotsPerInch() const;
 
-    /// Shows a picture, pixel by pixel from the upper left corner. Its own resolution is ignored.
+    /// Shows a picture 1:1 from the upper left corner; ignores its own resolution.
     void SetPicture(const QImage& picture);
-    /// Shows the window background. The next painting asks for a picture again.
+    /// Shows the window background. The next paint event requests a picture again.
     void Clear();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 signals:
-    /// A picture of PixelSize is needed. Sent from the event loop and never while the area is being
-    /// painted, and once for each size and resolution: who cannot serve it is not asked in vain.
+    /// Requests a picture of PixelSize. Emitted from the event loop, never during painting, and
+    /// once per size and resolution, so that a receiver without a picture is not asked repeatedly.
     void Paint();
 
 protected:
@@ -38,10 +37,10 @@ protected:
 
 private:
     bool Fits(const QImage& picture) const;
-    void Ask();
+    void RequestPicture();
 
-    QImage picture_;  ///< With the resolution of the screen that it was set on.
-    QSize askedFor_;  ///< What the last Paint was for; null when the next need is a new one.
+    QImage picture_;   ///< Has the resolution of the screen at the time it was set.
+    QSize requested_;  ///< Size of the last request; null if the next need is a new request.
 };
 
 }  // namespace gazetteer

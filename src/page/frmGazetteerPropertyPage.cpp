@@ -13,8 +13,8 @@
 #include "support/ErrorHandling.h"
 #include "ui_frmGazetteerPropertyPage.h"
 
-// A static library does not register its resources by itself. The macro works outside any namespace
-// only.
+// Registers the resources, which a static library does not do by itself. The macro must be used
+// outside any namespace.
 static void LoadFormPictures() {
     Q_INIT_RESOURCE(page);
 }
@@ -49,7 +49,7 @@ Form::frmGazetteerPropertyPage(host::Ref<host::IHost> host)
 
 Form::~frmGazetteerPropertyPage() = default;
 
-// The events of the link and of the column's editors are connected by these.
+// The map series link and the column editors connect their own events.
 void Form::ConnectEvents() {
     controls_.Connect(events_, [this] { UpdateProperties(); });
     events_.Connect("cmdSetNewFileName_Click", [this] { cmdSetNewFileName_Click(); });
@@ -58,7 +58,7 @@ void Form::ConnectEvents() {
     events_.Connect("cmdAdd_Click", [this] { cmdAdd_Click(); });
     events_.Connect("cmdRemove_Click", [this] { cmdRemove_Click(); });
     events_.Connect("lstSortOrder_ItemCheck", [this] { lstSortOrder_ItemCheck(); });
-    // The column that is open has nothing to take over from a press on its row.
+    // A press on the row of the open column has no effect.
     events_.Connect("lstListingColumns_Click", [this] {
         if (SelectedText(*ui_->lstListingColumns) != editors_.CurrentColumn())
             lstListingColumns_Click();
@@ -95,7 +95,7 @@ void Form::Form_Activate() try {
     ui_->SSTabColumnProps->setCurrentIndex(0);
     update();
 } catch (...) {
-    // Whatever is on show then is not to be edited: populating stays until the next activation.
+    // IsPopulating stays set until the next activation, so that nothing can be edited.
     ShowAtTop(host_->Dialogs(), "Form_Activate", kFormLabel);
 }
 
@@ -110,13 +110,13 @@ void Form::Form_Unload() try {
     ShowAtTop(host_->Dialogs(), "Form_Unload", kFormLabel);
 }
 
-// What does not show the working copy cannot be worked with.
+// The controls are disabled while they do not show the working copy.
 void Form::SetFilled(bool filled) {
     filled_ = filled;
     ui_->SSTabGazetteerProperties->setEnabled(filled);
 }
 
-// Everything that comes back from the working copy at the next activation.
+// Releases everything that Form_Activate reads again from the working copy.
 void Form::ReleaseObjects() {
     SetFilled(false);
     events_.SetPopulating(true);
@@ -151,8 +151,8 @@ void Form::PopulateForm() try {
     PassOn("PopulateForm", kFormLabel);
 }
 
-// A database that is gone is no failure: the box stays empty. One that is there but cannot be
-// opened is told of, and then counts as gone, so that another one can be chosen.
+// A missing database is no failure: the box stays empty. One that cannot be opened is reported and
+// then treated as missing, so that the user can choose another.
 void Form::PopulateDatabase() {
     const std::string& path = fields_.indexDatabaseFile;
     ShowText(*this, "txtDatabaseFile", "");
@@ -172,8 +172,8 @@ void Form::PopulateLists() {
     FillCheckedList(*ui_->lstSortOrder, *fields_.columnSortOrder);
 }
 
-// The sets of columns stand in the fields; everything else is what the controls show. The results
-// of the last run and the verdict are written anew.
+// The column sets are in fields_; all other values are read from the controls. Stores the verdict
+// and removes the results of the last run.
 void Form::UpdateProperties() try {
     if (events_.IsPopulating()) return;
     Settings edited = fields_;
@@ -183,7 +183,7 @@ void Form::UpdateProperties() try {
     StoreEdit(*host_, edited, CanDrawIndex(), *Require<host::IHostPropertySet>(properties_));
     isPageDirty_ = true;
     if (pageSite_) pageSite_->PageChanged();
-    // An edit takes the element out of draft state, so that the next apply decides afresh.
+    // Ends the draft state, so that the next Apply decides again whether to draw.
     Require<host::IHostFrameElement>(element_)->SetDraft(false);
 } catch (...) {
     PassOn("UpdateProperties", kFormLabel);

@@ -13,11 +13,10 @@
 
 namespace gazetteer {
 
-/// The form of the property page: edits a working copy of a gazetteer's property set. Form_Activate
-/// fills the controls from the copy; from then on every edit rewrites all keys of the copy at once,
-/// throws the listings stored in it away and tells the page site, so that the copy is always
-/// complete. The element itself is read, and taken out of draft state, but its stored set is left
-/// alone.
+/// The form of the property page. Edits a working copy of a gazetteer's property set: Form_Activate
+/// fills the controls from the copy; every edit then rewrites all keys of the copy, removes the
+/// stored listings from it and notifies the page site, so that the copy is always complete. The
+/// form reads the element and ends its draft state, but does not change its stored set.
 class frmGazetteerPropertyPage final : public QWidget {
     Q_OBJECT
 
@@ -33,16 +32,16 @@ public:
         element_ = element;
     }
     void SetPageSite(const host::Ref<host::IHostPageSite>& site) { pageSite_ = site; }
-    /// Set by the first edit and never cleared.
+    /// Set by the first edit and never reset.
     bool IsPageDirty() const { return isPageDirty_; }
 
-    // Top procedures of the failure convention, as all events of controls are.
+    // Top procedures of the failure convention, like all control events.
     void Form_Load();
     void Form_Activate();
     void Form_Deactivate();
     void Form_Unload();
 
-    /// Whether the controls show the working copy: after Form_Activate, until Form_Deactivate.
+    /// True from Form_Activate until Form_Deactivate, while the controls show the working copy.
     bool IsFilled() const { return filled_; }
 
 protected:
@@ -51,7 +50,7 @@ protected:
 private:
     void ConnectEvents();
 
-    // Filling and taking edits over.
+    // Filling the controls and storing edits.
     void PopulateForm();
     void PopulateDatabase();
     void PopulateLists();
@@ -90,8 +89,8 @@ private:
     bool isPageDirty_ = false;
     bool filled_ = false;
 
-    /// As Form_Activate read them. Of these the sets follow the edits; the others are read off the
-    /// controls when the working copy is written. Columns are the form's own deep copy.
+    /// As read by Form_Activate. Edits update only the sets; other fields are read from the
+    /// controls when the working copy is written. The columns are a deep copy.
     Settings fields_;
     FormControls<Settings> controls_;
     MapSeriesLink link_;

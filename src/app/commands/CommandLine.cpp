@@ -14,7 +14,7 @@
 namespace app {
 namespace {
 
-// The commands with their arguments, and the command that was chosen.
+// Declares the commands with their arguments and keeps the chosen one.
 class Commands {
 public:
     Commands();
@@ -49,7 +49,7 @@ Commands::Commands() {
     AddResults();
     AddPages();
     AddOthers();
-    // Last, since commands without a text take over that of their parent.
+    // Last, because commands without a text inherit that of their parent.
     program_.footer(HelpText("gazetteer"));
 }
 
@@ -165,7 +165,7 @@ void Commands::AddOthers() {
     Add(component, "uninstall", "Take it out", UninstallComponent);
 }
 
-// A command has succeeded only once its results have left the program.
+// A command succeeds only if its output was written.
 int CheckResultsWritten(int exitStatus) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return exitStatus;
     throw CommandError(std::string("The results cannot be written: ") + std::strerror(errno) + ".");
@@ -178,7 +178,7 @@ int Run(int argc, const char* const* argv) {
     if (const auto status = Parse(commands.Program(), argc, argv)) return *status;
     try {
         return CheckResultsWritten(commands.RunChosen());
-    } catch (const AlreadyTold&) {
+    } catch (const AlreadyReported&) {
         return kCouldNot;
     } catch (const UsageError& error) {
         Tell(error.what());

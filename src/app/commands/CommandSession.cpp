@@ -48,7 +48,7 @@ bool CommandSession::Bind() {
 }
 
 void CommandSession::BindDrawable() {
-    if (!Bind()) throw AlreadyTold{};
+    if (!Bind()) throw AlreadyReported{};
     const auto& manager = document_.Manager();
     if (!manager.CanDraw()) throw CommandError(UndrawableSentence(manager));
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kLibrary[] = "gazetteer/libCVNGazetteer.so";
 
-// Only these commands load the library, so that the others need no display.
+// Only these commands load the library, so the others need no display.
 desk::ComponentLibrary LoadLibrary() {
     const std::string path = desk::LibraryOfProgram(kLibrary);
     if (!std::filesystem::exists(path))

@@ -11,7 +11,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A run sets a text for every cell; more updates than these cost time and cannot be read.
+// A run sets a text for every cell; more frequent updates would cost time and be unreadable.
 constexpr auto kInterval = std::chrono::milliseconds(80);
 
 struct Progress {
@@ -52,7 +52,7 @@ desk::SessionListeners ProgressListeners() {
     if (::isatty(STDERR_FILENO) == 0) return listeners;
     listeners.statusText = [](std::int32_t, const std::string& text) {
         if (text.empty()) return ClearProgress();
-        // A text that ends in a full stop names a stage and stays for a while: always shown.
+        // A text that ends in a full stop names a stage and is always shown.
         const auto now = Clock::now();
         if (now < progress.next && text.back() != '.') return;
         progress.next = now + kInterval;

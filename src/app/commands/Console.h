@@ -5,25 +5,22 @@
 #include "desk/session/Application.h"
 #include "host/Dialogs.h"
 
-/// Standard error: messages, and the progress of a run where it is a terminal.
+/// Standard error: messages, and the progress of a run on a terminal.
 namespace app {
 
-/// Writes a line to standard error, in place of the line of progress.
+/// Writes a line to standard error and removes the progress line.
 void Tell(const std::string& line);
 
-/// Writes a warning to standard error.
 void Warn(const std::string& line);
 
-/// Listeners that show the text of the status bar on one line of the terminal, with a turning sign
-/// while the progress animation plays. They do nothing where standard error is no terminal.
+/// Returns listeners that show the status text on one line of the terminal, with a spinner while
+/// the progress animation plays. They do nothing if standard error is not a terminal.
 desk::SessionListeners ProgressListeners();
 
-/// Clears the line of progress.
 void ClearProgress();
 
-/// Message boxes on standard error. A failure is shown as one sentence with what is known of its
-/// column, record, field and value; verbose shows the whole dialog. Questions are answered with
-/// Yes.
+/// Message boxes on standard error. A failure is written as one sentence with its column, record,
+/// field and value if known; verbose writes the whole message. Questions are answered with Yes.
 class ConsoleDialogs final : public host::IHostDialogs {
 public:
     explicit ConsoleDialogs(bool verbose) : verbose_(verbose) {}

@@ -88,8 +88,8 @@ void WriteMember(JsonAnswer& json, host::IHost& host, const host::Ref<host::IHos
     json.Member("kind", KindOf(member));
 }
 
-// The members in member order: those of the gazetteer with box, text and symbols, lengths in
-// inches; others with their tag and kind alone.
+// Writes the members in order: the gazetteer's with box (inches), text and symbols, others with tag
+// and kind only.
 void WriteMembers(JsonAnswer& json, host::IHost& host, const host::IHostGroupElement& group) {
     json.Objects("members", std::views::iota(0, group.Count()),
                  [&](std::int32_t i) { WriteMember(json, host, group.Item(i)); });

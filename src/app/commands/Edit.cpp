@@ -9,7 +9,6 @@
 #include "listings/IndexTable.h"
 #include "model/EditRules.h"
 
-/// The commands that make and change documents.
 namespace app {
 namespace {
 
@@ -28,15 +27,15 @@ int Make(const Options& options) {
     CheckApart(options.document, {options.listingDatabase, options.book});
     CommandSession session(options);
     auto& document = session.Document();
-    // A document that is not kept has its paths relative to the folder of the output.
+    // A document that is not saved resolves its paths from the folder of the output.
     StartNewDocument(document, options,
                      options.document.empty() ? options.output : options.document);
-    DressForPrint(document);
+    ApplyPrintDefaults(document);
     Assign(document, options);
 
     session.BindDrawable();
     session.CheckHasPages();
-    // Before the sheets, so that none are left behind where saving fails.
+    // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
     WriteSheets(document, options.output, {1, document.PageCount()});
     ClearProgress();
@@ -53,7 +52,7 @@ int New(const Options& options) {
     auto& document = session.Document();
     StartNewDocument(document, options, options.document);
     Assign(document, options);
-    // A file that another program has written since the check is not replaced either.
+    // Also refuses a file that another program has created since the check.
     if (!options.force) document.TheDesk().SetReplaceable(desk::FileState{});
     document.Save();
     return kDone;

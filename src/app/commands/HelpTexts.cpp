@@ -130,7 +130,7 @@ const char* FormOf(std::string_view key, ValueKind kind) {
     return "text";
 }
 
-// The keys of a table that a user may set, one a line, with the form of their values.
+// Returns the keys that a user may set, one per line, with the form of their values.
 std::string Lines(const auto& table) {
     constexpr std::size_t kFormsFrom = 29;
     std::string text;

@@ -5,8 +5,8 @@
 
 namespace app {
 
-/// What `--help` shows below the options: of a command, or of the program by its name "gazetteer".
-/// Empty for commands without such a text. That of `set` lists every key that it takes.
+/// Returns what `--help` shows below the options of a command, or of the program for "gazetteer".
+/// Empty for commands without such a text. The text of `set` lists all keys that it accepts.
 std::string HelpText(std::string_view command);
 
 }  // namespace app

@@ -38,7 +38,7 @@ void JsonAnswer::Member(std::string_view key, double number) {
 
 std::string JsonAnswer::Mended(std::string_view text) const {
     std::string mended;
-    // The decoder drops a character that is cut off at the very end, hence the line end.
+    // The decoder drops an incomplete character at the very end; the added line end prevents this.
     desk::TextDecoder::Make("UTF-8")->Decode(std::string(text) + '\n', mended);
     mended.pop_back();
     return mended;

@@ -8,8 +8,7 @@
 
 namespace app {
 
-/// The output of a command as indented JSON. Bytes that are not UTF-8, which paths may have, become
-/// U+FFFD.
+/// A command's output as indented JSON. Bytes that are not UTF-8, as in paths, become U+FFFD.
 class JsonAnswer final : public desk::JsonWriter {
 public:
     using JsonWriter::JsonWriter;
@@ -19,14 +18,12 @@ public:
     void Member(std::string_view key, double number);
     using JsonWriter::Member;
 
-    /// Writes a member that is an object; `writeMembers` writes what is in it.
     void Object(std::string_view key, const auto& writeMembers) {
         Key(key);
         BeginObject();
         writeMembers();
         EndObject();
     }
-    /// Writes a member that is an array, with an object for each item.
     void Objects(std::string_view key, const auto& items, const auto& writeMembersOf) {
         Key(key);
         BeginArray();
@@ -42,9 +39,9 @@ protected:
     std::string Mended(std::string_view text) const override;
 };
 
-/// Prints an object to standard output while its members are written.
+/// Prints an object to standard output while it is written.
 void StreamAnswer(int indentation, const std::function<void(JsonAnswer&)>& writeMembers);
-/// Prints an object once it is complete, so that nothing is printed where writing it fails.
+/// Prints an object when it is complete; prints nothing if writing it fails.
 void PrintAnswer(int indentation, const std::function<void(JsonAnswer&)>& writeMembers);
 
 }  // namespace app

@@ -4,11 +4,10 @@
 #include "app/document/FilePaths.h"
 #include "app/document/Sheets.h"
 
-/// The commands that run the gazetteer and write its pages.
 namespace app {
 namespace {
 
-// Whether the manager has run and its results are stored in the document.
+// Returns whether the manager has run and its results are stored in the document.
 bool HasNewResults(const gazetteer::CVNGazetteerManager& manager) {
     return manager.HasRun() && !manager.BoundSettings().autoRefreshListings;
 }

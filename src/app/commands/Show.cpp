@@ -9,7 +9,6 @@
 #include "model/Settings.h"
 #include "support/Conversions.h"
 
-/// The commands that tell about a document.
 namespace app {
 namespace {
 
@@ -52,7 +51,7 @@ void WriteResults(JsonAnswer& json, gazetteer::CVNGazetteerManager& manager) {
     WriteListings(json, *manager.Working().listings);
 }
 
-// The same keys as WriteResults, for a gazetteer without results.
+// Writes the keys of WriteResults for a gazetteer without results.
 void WriteNothing(JsonAnswer& json) {
     json.Member("drawable", false);
     json.Member("defaultPage", 0);

@@ -12,7 +12,7 @@
 namespace app {
 namespace {
 
-// The values of a row as a column of the gazetteer shows them; nothing for null.
+// The values of a row as the gazetteer shows them; nothing for null.
 using Cells = std::vector<std::optional<std::string>>;
 
 // Calls `take` with each row up to the limit.
@@ -60,7 +60,7 @@ void WriteTable(JsonAnswer& json, desk::DbfTable& table, host::IHostLocale& loca
     json.BeginArray();
     ForRows(table, locale, options.limit, [&](const Cells& cells) { WriteRow(json, cells); });
     json.EndArray();
-    // Last, since reading the rows finds more of them.
+    // Last, because reading the rows adds warnings.
     json.Member("warnings", table.Warnings());
 }
 

@@ -3,7 +3,7 @@
 #include "app/commands/Commands.h"
 
 int main(int argc, char** argv) {
-    // A file that would grow beyond the user's limit is a failed write like any other.
+    // Makes a write beyond the file size limit fail instead of ending the program.
     std::signal(SIGXFSZ, SIG_IGN);
     return app::Run(argc, argv);
 }

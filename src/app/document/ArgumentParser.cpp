@@ -11,13 +11,13 @@
 namespace app {
 namespace {
 
-// Empty for UTF-8, else what is wrong.
+// Returns an empty text for valid UTF-8, else the fault.
 std::string CheckText(const std::string& text) {
     if (simdjson::validate_utf8(text)) return "";
     return '"' + desk::PrintableAscii(text) + "\" is not UTF-8";
 }
 
-// What is wrong with the words that should name a command; empty where they name one.
+// Returns the fault in the words that should name a command; empty if they do.
 std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
     CLI::App* place = &program;
     for (int i = 1;; ++i) {

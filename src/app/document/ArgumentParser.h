@@ -11,16 +11,16 @@ class Option;
 
 namespace app {
 
-/// Adds an argument or option that takes UTF-8, as documents and host objects do.
+/// Adds an argument or option whose value must be UTF-8.
 CLI::Option* AddText(CLI::App& command, const char* name, std::string& value, const char* text);
 CLI::Option* AddText(CLI::App& command, const char* name, std::vector<std::string>& values,
                      const char* text);
 
-/// For options: returns what is wrong with a text that is no whole number from 0; empty for one.
+/// Option check: returns an empty text for a whole number from 0, else the fault.
 std::string CheckCount(const std::string& text);
 
-/// Reads the arguments of a program. Returns the exit status where nothing is left to do: help was
-/// asked for and printed, or usage is wrong, and one sentence on standard error says so.
+/// Parses the arguments of a program. Returns the exit status if the program is to end: after
+/// printing help, or after one sentence on standard error about wrong usage.
 std::optional<int> Parse(CLI::App& program, int argc, const char* const* argv);
 
 }  // namespace app

@@ -5,7 +5,7 @@
 namespace app {
 namespace {
 
-// Such as: record 17, or: column "Page".
+// Returns a phrase such as: record 17, or: column "Page".
 std::string FactPhrase(const host::FailureFact& fact) {
     if (fact.name == "record") return fact.name + ' ' + fact.value;
     return fact.name + " \"" + Shown(fact.value) + '"';
@@ -17,7 +17,7 @@ std::string Shown(const std::string& value) {
     constexpr std::size_t kMost = 200;  // Bytes.
     if (value.size() <= kMost) return value;
     std::size_t end = kMost;
-    while (end > 0 && (value[end] & 0xC0) == 0x80) --end;  // Not within a character of UTF-8.
+    while (end > 0 && (value[end] & 0xC0) == 0x80) --end;  // Does not cut inside a UTF-8 character.
     return value.substr(0, end) + "\u2026";
 }
 

@@ -17,21 +17,21 @@ struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Something could not be done; the text is one sentence.
+/// An operation failed; the text is one sentence.
 struct CommandError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Something could not be done or was refused, and the message has been shown already.
-struct AlreadyTold {};
+/// An operation failed or was refused, and the user has already seen the message.
+struct AlreadyReported {};
 
-/// Returns a value for use in a sentence: cut after 200 bytes, with an ellipsis.
+/// Returns a value for use in a message, cut to 200 bytes with an ellipsis.
 std::string Shown(const std::string& value);
 
-/// Returns a failure as one sentence: its cause, and the facts that the cause does not name.
+/// Returns a failure as one sentence: its cause and the facts that the cause does not mention.
 std::string FailureSentence(const host::Failure& failure);
 
-/// Returns the exception that is being handled as one sentence.
+/// Returns the exception being handled as one sentence.
 std::string CurrentSentence();
 
 }  // namespace app

@@ -7,7 +7,7 @@
 namespace app {
 namespace {
 
-// The path without links; the file need not exist.
+// Resolves links; the file need not exist.
 std::filesystem::path Resolved(const std::string& path) {
     std::error_code ignored;
     return std::filesystem::weakly_canonical(std::filesystem::absolute(path), ignored);
@@ -16,7 +16,7 @@ std::filesystem::path Resolved(const std::string& path) {
 }  // namespace
 
 std::string FullPath(const std::string& path) {
-    // Paths of other systems stay as they are.
+    // Paths with a backslash come from other systems and are kept.
     if (path.empty() || path.find('\\') != std::string::npos) return path;
     return std::filesystem::absolute(path).lexically_normal().string();
 }

@@ -18,7 +18,7 @@ using gazetteer::ValueKind;
     throw UsageError(key + "=" + Shown(value) + ": the value must be " + form + ".");
 }
 
-// The number that a whole text is; nothing for any other text.
+// Returns the number in a text; nothing if the text contains anything else.
 template <class Number, class... Base>
 std::optional<Number> WholeNumber(std::string_view text, Base... base) {
     Number number{};
@@ -28,12 +28,12 @@ std::optional<Number> WholeNumber(std::string_view text, Base... base) {
     return number;
 }
 
-// Points. Drawing libraries fail with type of some thousands of points. Pango keeps sizes to a
-// 1024th of a point, and files keep them to a hundredth.
+// Points. Drawing libraries fail above some thousand points; Pango stores sizes in 1/1024 point and
+// files in 1/100 point.
 constexpr double kLargestType = 1000;
 constexpr double kSmallestType = 0.1;
 
-// "#RRGGBB" as a colour of the host, which has red in its lowest byte.
+// Parses "#RRGGBB" to 0xBBGGRR.
 std::optional<std::uint32_t> ParseColor(const std::string& text) {
     if (text.size() != 7 || text[0] != '#') return std::nullopt;
     const auto value = WholeNumber<std::uint32_t>(std::string_view(text).substr(1), 16);
@@ -41,8 +41,8 @@ std::optional<std::uint32_t> ParseColor(const std::string& text) {
     return gazetteer::RGB(*value >> 16, *value >> 8 & 0xFF, *value & 0xFF);
 }
 
-// "FAMILY,SIZE[,bold][,#RRGGBB]", where the default is not bold and black; null for another form. A
-// family cannot have a comma.
+// Parses "FAMILY,SIZE[,bold][,#RRGGBB]"; the default is black and not bold. Returns null for
+// another form. A family name cannot contain a comma.
 host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::string& value) {
     const auto pieces = gazetteer::Split(value, ',');
     if (pieces.size() < 2 || pieces.size() > 4 || pieces[0].empty()) return nullptr;

@@ -18,13 +18,13 @@
 namespace app {
 namespace {
 
-// The default expression of Page for a table with a grid.
+// The default expression of the column Page for a table with a grid.
 constexpr char kGridReference[] = "$$PAGE_NUMBER $$ROW-$$COLUMN";
 
 constexpr double kSheetMargin = 0.5;   // Inches.
-constexpr double kHeadRoom = 0.25;     // For the running head, above the frame.
-constexpr double kFootRoom = 0.3;      // For the sheet number, below it.
-constexpr double kLargestSheet = 200;  // Inches, the largest sheet that PDF readers show.
+constexpr double kHeadRoom = 0.25;     // Inches above the frame, for the running head.
+constexpr double kFootRoom = 0.3;      // Inches below the frame, for the sheet number.
+constexpr double kLargestSheet = 200;  // Inches; the largest size that PDF readers show.
 
 std::vector<double> ParseNumbers(const std::string& text, char separator) {
     std::vector<double> numbers;
@@ -36,7 +36,7 @@ std::vector<double> ParseNumbers(const std::string& text, char separator) {
     return numbers;
 }
 
-// An element with properties but without columns, which come from the database.
+// Creates an element with default properties and no columns.
 host::Ref<host::IHostGroupElement> MakeGazetteer(host::IHost& host, const FrameOption& frame) {
     auto element = host.NewGroupElement();
     auto bounds = host.NewEnvelope();
@@ -63,7 +63,7 @@ void DefineColumnsOf(OpenDocument& open, const std::string& database) {
     SettingsEdit edit(open);
     edit.Settings().indexDatabaseFile = FullPath(database);
     gazetteer::DefineColumns(host, *fields, edit.Settings());
-    edit.StoreForNow();
+    edit.StoreWithoutWarnings();
 }
 
 // Rounds down to thousandths of an inch.
@@ -128,17 +128,17 @@ void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
     document.elements.push_back(element);
     open.Start(std::move(document), documentPath);
     DefineColumnsOf(open, options.listingDatabase);
-    // Fails now for a map book that cannot be read, and not in a later command.
+    // Reports an unreadable map book now instead of in a later command.
     if (!options.book.empty()) open.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
-void DressForPrint(OpenDocument& open) {
+void ApplyPrintDefaults(OpenDocument& open) {
     AddPageFurniture(open);
 
-    // Column groups of at least kLeastGroup, three on a Letter sheet, that fill the frame together
-    // with the gaps between them, to thousandths of an inch. The layout counts only one gap when it
-    // decides whether another group follows: with n groups, n - 2 gaps must be no wider than a
-    // group, which limits n; and two groups must end a little before the edge of the frame.
+    // Divides the frame into column groups at least kLeastGroup wide (three on a Letter sheet) that
+    // fill it together with their gaps, in whole thousandths of an inch. The layout counts only one
+    // gap when it decides whether another group fits: with n groups, n - 2 gaps must not be wider
+    // than a group, which limits n; two groups must end slightly before the frame's edge.
     const double frameWidth = open.Gazetteer()->Geometry()->Bounds()->Width();
     constexpr double kGap = 0.15;
     constexpr double kLeastGroup = 2.1;
@@ -160,7 +160,7 @@ void DressForPrint(OpenDocument& open) {
         edit.Set(assignment);
     edit.Set("RepeatSpacing=" + NumberText(kGap));
     edit.Set("Page.ColumnWidth=" + NumberText(reference));
-    // A no-break space keeps the page and the square of a reference on one line.
+    // The no-break space keeps page and grid square on one line.
     const auto columns = edit.Settings().columnsProperties;
     if (ValueText(gazetteer::SetUnder(*columns, "Page")->Item(gazetteer::keys::kExpression)) ==
         kGridReference)
@@ -169,7 +169,7 @@ void DressForPrint(OpenDocument& open) {
         edit.Set("Listing.Expression=[Listing]$$DOTS");
         edit.Set("Listing.ColumnWidth=" + NumberText(ToThousandths(group - reference)));
     }
-    edit.StoreForNow();
+    edit.StoreWithoutWarnings();
 }
 
 }  // namespace app

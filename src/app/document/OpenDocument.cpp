@@ -8,8 +8,9 @@
 
 namespace app {
 
-OpenDocument::OpenDocument(desk::DeskOptions options, Caution caution)
-    : dialogs_(std::make_shared<NotedDialogs>(options.dialogs)), caution_(std::move(caution)) {
+OpenDocument::OpenDocument(desk::DeskOptions options, WarningListener listener)
+    : dialogs_(std::make_shared<RecordingDialogs>(options.dialogs)),
+      warningListener_(std::move(listener)) {
     options.dialogs = dialogs_;
     desk_ = std::make_shared<desk::Desk>(std::move(options));
     unbound_ = std::make_shared<gazetteer::CVNGazetteerManager>(desk_);
@@ -68,14 +69,14 @@ bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
         reasons = {"The document has no gazetteer frame."};
         return false;
     }
-    const NotedDialogs::Silent silent(*dialogs_);
+    const RecordingDialogs::Silent silent(*dialogs_);
     const bool canDraw = Manager().CanDrawIndex(Gazetteer());
     reasons = Manager().LastFindings();
     return canDraw;
 }
 
 void OpenDocument::CheckNothingFailed() {
-    if (dialogs_->TakeFailureShown()) throw AlreadyTold{};
+    if (dialogs_->TakeFailureShown()) throw AlreadyReported{};
 }
 
 }  // namespace app

@@ -6,38 +6,38 @@
 #include <string>
 #include <vector>
 
-#include "app/document/NotedDialogs.h"
+#include "app/document/RecordingDialogs.h"
 #include "desk/session/Desk.h"
 #include "manager/CVNGazetteerManager.h"
 
 namespace app {
 
-/// A gazetteer frame of a document. A manager keeps the map book of the document for which it was
-/// made, so that each document needs new ones.
+/// A gazetteer frame of a document. A manager keeps the map book of the document it was created
+/// for, so each document needs new managers.
 struct GazetteerFrame {
     host::Ref<host::IHostGroupElement> element;
     std::shared_ptr<gazetteer::CVNGazetteerManager> manager;
-    std::int32_t page = 0;  ///< The page that a window shows, from 1; 0: none so far.
+    std::int32_t page = 0;  ///< Page shown in the window, from 1; 0: none yet.
 };
 
-/// The running desk with its document, and the gazetteer frames on it. One of them, at first the
-/// lowest, is chosen: commands and pages apply to it.
+/// The desk with its document and the gazetteer frames in it. Commands and pages apply to the
+/// chosen frame, initially the lowest.
 class OpenDocument {
 public:
-    /// Shows a warning, one sentence, to the user.
-    using Caution = std::function<void(const std::string& sentence)>;
+    /// Shows a warning of one sentence to the user.
+    using WarningListener = std::function<void(const std::string& sentence)>;
 
-    OpenDocument(desk::DeskOptions options, Caution caution);
+    OpenDocument(desk::DeskOptions options, WarningListener listener);
     OpenDocument(const OpenDocument&) = delete;
     OpenDocument& operator=(const OpenDocument&) = delete;
 
-    /// Reads a document. Throws, and keeps the document before, for a file that cannot be read.
+    /// Reads a document. Throws if it cannot be read; the current document is then kept.
     void Open(const std::string& path);
-    /// Takes a new document, which is not on disk yet.
+    /// Makes a new document, not on disk yet, the current one.
     void Start(desk::Document document, const std::string& path);
     void Save() { desk_->Save(); }
 
-    /// What Open and Start replace.
+    /// Everything that Open and Start replace.
     struct State {
         desk::Document document;
         std::string path;
@@ -51,35 +51,35 @@ public:
     const std::shared_ptr<desk::Desk>& DeskRef() const { return desk_; }
     desk::Desk& TheDesk() { return *desk_; }
     host::IHost& Host() { return *desk_; }
-    NotedDialogs& Dialogs() { return *dialogs_; }
+    RecordingDialogs& Dialogs() { return *dialogs_; }
     const std::string& Path() const { return desk_->DocumentPath(); }
 
-    /// Lists the gazetteer frames again, with new managers. Known frames keep their page.
+    /// Finds the gazetteer frames again and creates new managers. Known frames keep their page.
     void FindFrames();
     std::vector<GazetteerFrame>& Frames() { return frames_; }
     std::size_t ChosenIndex() const { return chosen_; }
     void Choose(std::size_t index) { chosen_ = index; }
-    /// Null where the document has none.
+    /// Null if the document has no gazetteer frame.
     GazetteerFrame* Chosen() { return frames_.empty() ? nullptr : &frames_[chosen_]; }
     const GazetteerFrame* Chosen() const { return frames_.empty() ? nullptr : &frames_[chosen_]; }
 
-    /// The chosen frame and its properties; null where the document has none.
+    /// The chosen frame and its properties; null without a frame.
     host::Ref<host::IHostGroupElement> Gazetteer() const;
     host::Ref<host::IHostPropertySet> Properties() const;
-    /// The manager of the chosen frame, or an unbound one where the document has none.
+    /// The manager of the chosen frame, or an unbound one without a frame.
     gazetteer::CVNGazetteerManager& Manager() const;
     std::int32_t PageCount() const { return Manager().Working().pageCount; }
 
-    /// Returns whether the element passes its check, with the reasons if not. An exception during
+    /// Returns whether the element passes its check; if not, adds the reasons. An exception during
     /// the check counts as a reason.
     bool CanDraw(gazetteer::Findings& reasons);
-    /// Throws AlreadyTold if a failure has been shown since the last call.
+    /// Throws AlreadyReported if a failure was shown since the last call.
     void CheckNothingFailed();
-    void Warn(const std::string& sentence) { caution_(sentence); }
+    void Warn(const std::string& sentence) { warningListener_(sentence); }
 
 private:
-    std::shared_ptr<NotedDialogs> dialogs_;
-    Caution caution_;
+    std::shared_ptr<RecordingDialogs> dialogs_;
+    WarningListener warningListener_;
     std::shared_ptr<desk::Desk> desk_;
     std::shared_ptr<gazetteer::CVNGazetteerManager> unbound_;
     std::vector<GazetteerFrame> frames_;

@@ -16,7 +16,7 @@ constexpr char kNumberTag[] = "SHEETNUMBER";
 constexpr char kDash[] = " \u2013 ";
 constexpr char kEllipsis[] = "\u2026";
 
-constexpr double kPoints = 9;          // Size of the type.
+constexpr double kPoints = 9;          // Font size in points.
 constexpr double kHeadAbove = 0.13;    // Inches from the frame to the middle of the head.
 constexpr double kNumberBelow = 0.17;  // Inches from the frame to the middle of the number.
 
@@ -42,11 +42,11 @@ double WidthOf(host::IHost& host, host::IHostTextSymbol& symbol, const std::stri
            host::kPointsPerInch;
 }
 
-// Returns how many of the first characters are certainly too wide, or all. Shortening starts there,
-// since it removes one character at a time, which takes long for a very long text.
+// Returns a number of leading characters that are certainly too wide, or all. Shortened starts
+// there because it removes one character at a time, which is slow for very long texts.
 std::size_t TooWide(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& text,
                     const std::vector<std::size_t>& characters, double width) {
-    constexpr double kCertainly = 2;  // Times the width: ligatures can make a longer text narrower.
+    constexpr double kCertainly = 2;  // Times the width; ligatures can make a longer text narrower.
     std::size_t bytes = 0;
     std::size_t count = 0;
     for (std::size_t tried = 64; tried < characters.size(); tried *= 2) {
@@ -56,7 +56,7 @@ std::size_t TooWide(host::IHost& host, host::IHostTextSymbol& symbol, const std:
     return characters.size();
 }
 
-// As many characters as fit the width, with an ellipsis for the rest.
+// Cuts a text to the width (inches) and adds an ellipsis.
 std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::string text,
                       double width) {
     if (WidthOf(host, symbol, text) <= width) return text;
@@ -71,8 +71,8 @@ std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::str
     return text + kEllipsis;
 }
 
-// The number printed on a sheet. In a map book it counts from the first page of the section of the
-// gazetteer.
+// Returns the number printed on a sheet. In a map book it counts from the first page of the
+// gazetteer's section.
 std::string SheetNumber(OpenDocument& open, std::int32_t page) {
     auto& host = open.Host();
     const auto context = host.NewLayoutContext();
@@ -84,13 +84,12 @@ std::string SheetNumber(OpenDocument& open, std::int32_t page) {
     return std::to_string(start + page - 1);
 }
 
-// Whether the element has the tag.
 bool HasTag(const host::Ref<host::IHostElement>& element, std::string_view tag) {
     const auto named = host::As<host::IHostElementName>(element);
     return named && named->Name() == tag;
 }
 
-// "First – Last", or the one of them that there is, at most as wide as the width in inches.
+// Returns "First – Last", or just one of them, cut to the width (inches).
 std::string HeadText(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& first,
                      const std::string& last, double width) {
     if (first.empty() || last.empty() || first == last)
@@ -113,7 +112,7 @@ void AddPageFurniture(OpenDocument& open) {
 
 void LabelSheet(OpenDocument& open, std::int32_t page) {
     const auto& elements = open.TheDesk().CurrentDocument().elements;
-    // Without labels the map book is not needed, and it may be missing.
+    // Without labels the map book is not needed and may be missing.
     if (std::ranges::none_of(elements, [](const auto& element) {
             return HasTag(element, kHeadTag) || HasTag(element, kNumberTag);
         }))

@@ -6,30 +6,29 @@
 #include "desk/text/TextEngine.h"
 #include "manager/CVNGazetteerManager.h"
 
-/// Sentences about a run and its outcome.
 namespace app {
 
-/// Counts of records, listings, duplicates, references and pages of a run, in one line.
+/// Returns the counts of records, listings, duplicates, references and pages of a run, in one line.
 std::string RunSummary(const gazetteer::CVNGazetteerManager& manager);
 
-/// Counts of listings and pages of stored results, in one line; empty where there are none.
+/// Returns the counts of listings and pages of stored results, in one line; empty without results.
 std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 
-/// Warnings about the table and about the outcome, one sentence each.
+/// Returns warnings about the table and the outcome, one sentence each.
 std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
 
-/// That the gazetteer cannot be drawn, with the reasons that the manager found, in one line.
+/// Returns one line that says that the gazetteer cannot be drawn, with the manager's reasons.
 std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager);
-/// The same with each reason on a line of its own.
+/// The same with one line per reason.
 std::string UndrawableLines(const gazetteer::Findings& reasons);
 
-/// Why there is no page where the gazetteer can be drawn and has none.
+/// Returns the reason why a drawable gazetteer has no pages.
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 
-/// Which fonts have been replaced by others so far, one sentence each.
+/// Returns one sentence for each font that was substituted so far.
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
 
-/// Which characters were printed as boxes since no font has them, in one sentence; empty if none.
+/// Returns one sentence about characters printed as boxes because no font has them; empty if none.
 std::string MissingCharactersWarning(const desk::TextEngine& engine);
 
 }  // namespace app

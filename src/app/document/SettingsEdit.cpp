@@ -23,14 +23,14 @@ bool IsAlignment(const host::Variant& value) {
     return text && std::ranges::find(kAlignments, *text) != kAlignments.end();
 }
 
-// A sentence for each value that is stored although it is unusual: unknown alignments, a default
-// page before the first, and negative lengths.
-std::vector<std::string> ValueCautions(const gazetteer::Settings& settings) {
-    std::vector<std::string> cautions;
+// Returns warnings about stored values that are unusual: unknown alignments, a default page below
+// 1, and negative lengths.
+std::vector<std::string> ValueWarnings(const gazetteer::Settings& settings) {
+    std::vector<std::string> warnings;
     if (settings.defaultPage < 1)
-        cautions.emplace_back("DefaultPage is less than 1, the first page.");
+        warnings.emplace_back("DefaultPage is less than 1, the first page.");
     if (settings.repeatSpacing < 0)
-        cautions.emplace_back(
+        warnings.emplace_back(
             "RepeatSpacing is negative, so that column groups may overlap or leave the frame.");
     for (const std::string& column : gazetteer::NamesOf(*settings.columnNames)) {
         const auto properties = gazetteer::SetUnder(*settings.columnsProperties, column);
@@ -38,16 +38,16 @@ std::vector<std::string> ValueCautions(const gazetteer::Settings& settings) {
             const auto value = properties->Item(key.name);
             const auto* length = std::get_if<double>(&value);
             if (length && *length < 0)
-                cautions.push_back(column + '.' + key.name +
+                warnings.push_back(column + '.' + key.name +
                                    " is negative, so that texts may overlap or leave the frame.");
         }
         for (const char* key : {gazetteer::keys::kAlignment, gazetteer::keys::kTitleAlignment})
             if (!IsAlignment(properties->Item(key)))
-                cautions.push_back(column + '.' + key +
+                warnings.push_back(column + '.' + key +
                                    " is none of Left, Center, Right and Justify, so that texts "
                                    "hang as their symbol says.");
     }
-    return cautions;
+    return warnings;
 }
 
 }  // namespace
@@ -117,7 +117,7 @@ void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
         throw UsageError("The column property \"" + key + "\" is kept by the gazetteer itself.");
     auto names = gazetteer::NamesOf(*settings_.columnNames);
     if (column != "*") names = {ColumnName(column)};
-    // Parsed again for each column, so that no two share a symbol.
+    // Parsed again for each column, so that columns do not share a symbol.
     for (const std::string& name : names)
         gazetteer::SetUnder(*settings_.columnsProperties, name)
             ->SetItem(key, ParseValue(open_.Host(), column + "." + key, entry->kind, value));
@@ -155,15 +155,15 @@ std::string SettingsEdit::ColumnName(const std::string& name) {
 }
 
 void SettingsEdit::Store() {
-    StoreForNow();
+    StoreWithoutWarnings();
     if (!FitsFrame())
         open_.Warn(
             "the total width of the defined columns is wider than the width of the gazetteer "
             "frame.");
-    for (const auto& caution : ValueCautions(settings_)) open_.Warn(caution);
+    for (const auto& warning : ValueWarnings(settings_)) open_.Warn(warning);
 }
 
-void SettingsEdit::StoreForNow() {
+void SettingsEdit::StoreWithoutWarnings() {
     auto& host = open_.Host();
     const auto& element = open_.Gazetteer();
     const auto properties = open_.Properties();

@@ -8,30 +8,27 @@
 
 namespace app {
 
-/// An edit of a gazetteer's settings, with the rules of the property page: changes are made on a
-/// working copy. Storing it drops the stored results, writes the set in the present version, ends
-/// the draft state of the element, and stores whether the gazetteer can be drawn.
+/// An edit of a gazetteer's settings on a working copy, by the rules of the property page. Storing
+/// removes the stored results, writes the set in the current version, ends the draft state of the
+/// element, and records whether the gazetteer can be drawn.
 class SettingsEdit {
 public:
-    /// Works on a copy of what the gazetteer stores.
     explicit SettingsEdit(OpenDocument& open);
 
-    /// Applies one KEY=VALUE. Throws a UsageError that names what is wrong.
+    /// Applies one KEY=VALUE. Throws UsageError with the fault.
     void Set(const std::string& text);
-    /// Applies one KEY=VALUE to a column; the key must stand without the name of a column.
+    /// Applies one KEY=VALUE to a column; KEY has no column name.
     void SetIn(const std::string& column, const std::string& text);
-    /// Adds a column that looks like the first one, as the property page does when it has just been
-    /// opened.
+    /// Adds a column with the properties of the first one, as the property page does.
     void AddColumn(const std::string& name);
 
     gazetteer::Settings& Settings() { return settings_; }
-    /// Returns the stored form of a column's name. Throws a UsageError for an unknown column.
+    /// Returns the column's name as stored. Throws UsageError for an unknown column.
     std::string ColumnName(const std::string& name);
 
-    /// Stores the settings and warns of unusual values.
+    /// Stores the settings and warns about unusual values.
     void Store();
-    /// Stores the settings without warnings, for commands that go on to edit.
-    void StoreForNow();
+    void StoreWithoutWarnings();
 
 private:
     void SetProperty(const std::string& key, const std::string& value);

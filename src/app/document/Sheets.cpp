@@ -28,7 +28,7 @@ std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::stri
     return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title});
 }
 
-// Raises the number of open files to the hard limit of the process.
+// Raises the limit of open files to the hard limit of the process.
 void AllowManyFiles() {
     rlimit files{};
     if (::getrlimit(RLIMIT_NOFILE, &files) != 0) return;
@@ -90,7 +90,7 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
         PaintSheet(open, *files.back(), page);
         if (!one || page == pages.last) files.back()->Complete();
     }
-    // Only now, so that a failure leaves the files of an earlier export as they were.
+    // Only now, so that a failure leaves the files of an earlier export unchanged.
     for (const auto& file : files) file->Place();
 }
 

@@ -9,8 +9,8 @@ class QSpinBox;
 
 namespace app {
 
-/// The actions of the window with their texts, keys and icons, in menus and on a tool bar. The
-/// window connects them with what they do.
+/// The actions of the window with their texts, shortcuts and icons, in menus and on a tool bar. The
+/// window connects them.
 class Actions : public QObject {
 public:
     explicit Actions(QMainWindow& window);

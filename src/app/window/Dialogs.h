@@ -8,13 +8,12 @@ class QWidget;
 
 namespace app {
 
-/// Asks for a listing table, a map book and a page size, and makes a new document from them. The
-/// dialog starts with a table if one is given, and stays open until the document has been made or
-/// the user cancels. Returns whether it was made.
+/// Opens the dialog for a new document, with a listing table if one is given. It stays open until
+/// the document is created or the user cancels. Returns whether it was created.
 bool MakeNewDocument(WindowSession& session, const QString& table, QWidget& window);
 
-/// Asks for pages and a file, and writes them with a progress dialog that can be cancelled. Returns
-/// what was done in one sentence, or an empty text.
+/// Opens the export dialog and writes the pages with a progress dialog that can be cancelled.
+/// Returns a sentence about the result, or an empty text.
 QString ExportPages(WindowSession& session, QWidget& window);
 
 }  // namespace app

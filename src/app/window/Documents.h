@@ -9,34 +9,34 @@ class QWidget;
 
 namespace app {
 
-/// Opens, makes and saves documents, with the dialogs for that, and keeps the list of recent ones
-/// in the settings of the user.
+/// Opens, creates and saves documents, with the dialogs for that, and keeps the list of recent ones
+/// in the user's settings.
 class Documents : public QObject {
     Q_OBJECT
 
 public:
     Documents(WindowSession& session, QWidget& window);
 
-    /// Returns whether the document on show can be closed. Offers to save it where it is modified.
+    /// Returns whether the current document may be closed; offers to save it if it is modified.
     bool MayLeave();
 
     void Open();
     void Open(const QString& path);
-    /// Opens a recent document, or removes it from their list if the file no longer exists.
+    /// Opens a recent document, or removes it from the list if the file no longer exists.
     void OpenRecent(const QString& path);
-    /// Shows the dialog for a new document, with a listing table if one is given.
+    /// Opens the dialog for a new document, with a listing table if one is given.
     void New(const QString& table = {});
     bool Save();
     bool SaveAs();
 
-    /// The name of the document for titles.
+    /// The document's name for titles.
     QString Name() const;
-    /// Paths of the documents that were open last, newest first.
+    /// Paths of recent documents, newest first.
     static QStringList Recent();
     void ClearRecent();
 
 Q_SIGNALS:
-    /// Another document has been opened or made.
+    /// Another document was opened or created.
     void Replaced();
     void Saved();
     void RecentChanged();

@@ -10,14 +10,12 @@
 
 namespace app {
 
-/// The property pages of the components that are registered with the host. Libraries stay loaded,
-/// since pages are made again and again.
+/// Creates the property pages of registered components. Keeps their libraries loaded.
 class ElementPages {
 public:
     using Page = host::Ref<host::IComPropertyPage>;
 
-    /// Returns new pages, in the order of their registration. A page that cannot be made is left
-    /// out with a warning.
+    /// Returns new pages in the order of registration; warns about pages that cannot be created.
     std::vector<Page> Make(WindowSession& session);
 
 private:

@@ -21,13 +21,13 @@
 namespace app {
 namespace {
 
-constexpr int kPatience = 500;  // Milliseconds before the progress is shown.
+constexpr int kProgressDelay = 500;  // Milliseconds before the progress dialog appears.
 
 struct Cancelled {};
 
 class ExportDialog : public QDialog {
 public:
-    // Takes the page on show, the number of pages, and a file name without its ending.
+    // Takes the current page, the number of pages, and a file name without ending.
     ExportDialog(int page, int pages, const QString& base, QWidget* parent);
 
     QString Path() const;
@@ -153,7 +153,7 @@ void ExportDialog::TakeFormat() {
     Update();
 }
 
-// An ending that is typed selects its format.
+// A typed ending selects its format.
 void ExportDialog::Update() {
     if (const auto* typed = desk::FormatOf(desk::FromQt(path_->Path())))
         format_->setCurrentIndex(static_cast<int>(typed - desk::PageFormats().data()));
@@ -176,7 +176,7 @@ QString ExportDialog::Choose(const QString& present) {
     for (const auto& format : desk::PageFormats())
         filters << QString("%1 (*%2)").arg(format.name, format.ending);
     QString filter = filters[format_->currentIndex()];
-    // accept asks whether files may be replaced, once for all files.
+    // accept() asks once whether all existing files may be replaced.
     QString path = QFileDialog::getSaveFileName(this, "Export", present, filters.join(";;"),
                                                 &filter, QFileDialog::DontConfirmOverwrite);
     if (path.isEmpty()) return {};
@@ -185,7 +185,7 @@ QString ExportDialog::Choose(const QString& present) {
     return WithEnding(path, desk::PageFormats()[chosen].ending);
 }
 
-// The files that the export would replace.
+// Returns the existing files that the export would replace.
 QStringList ExportDialog::FilesThere() const {
     QStringList there;
     const auto look = [&](const std::string& path) {
@@ -222,10 +222,10 @@ bool WriteWithProgress(WindowSession& session, QWidget& window, const std::strin
     QProgressDialog progress("Exporting...", "Cancel", 0, count, &window);
     progress.setWindowTitle("Export");
     progress.setWindowModality(Qt::ApplicationModal);
-    progress.setMinimumDuration(kPatience);
+    progress.setMinimumDuration(kProgressDelay);
     const auto before = [&](std::int32_t page) {
         progress.setLabelText(QString("Exporting page %1 of %2...").arg(page).arg(pages.last));
-        // Handles events, so that the user can press Cancel; the rest of the window is blocked.
+        // Processes events, so that the user can press Cancel; the rest of the window is blocked.
         progress.setValue(page - pages.first);
         if (progress.wasCanceled()) throw Cancelled{};
     };
@@ -234,7 +234,7 @@ bool WriteWithProgress(WindowSession& session, QWidget& window, const std::strin
         return true;
     } catch (const Cancelled&) {
         return false;
-    } catch (const AlreadyTold&) {
+    } catch (const AlreadyReported&) {
         return false;
     } catch (const std::exception&) {
         progress.reset();

@@ -8,15 +8,15 @@
 #include <QPixmap>
 #include <QSvgRenderer>
 
-// Without this call the linker leaves out the resources of a static library.
-static void TakeResources() {
+// Without this call the linker omits the resources of a static library.
+static void LoadResources() {
     Q_INIT_RESOURCE(icons);
 }
 
 namespace app {
 namespace {
 
-// A drawing in the text colour of the palette, so that it is visible on dark desktops too.
+// An SVG icon in the palette's text colour, visible on dark desktops too.
 class DrawnIcon final : public QIconEngine {
 public:
     explicit DrawnIcon(QByteArray drawing) : drawing_(std::move(drawing)) {}
@@ -46,7 +46,7 @@ private:
 };
 
 QIcon Drawn(const QString& name) {
-    TakeResources();
+    LoadResources();
     QFile file(":/desk/icons/" + name + ".svg");
     if (!file.open(QIODevice::ReadOnly)) return {};
     return QIcon(new DrawnIcon(file.readAll()));

@@ -4,11 +4,10 @@
 
 namespace app {
 
-/// Returns an icon of the desktop's theme by its standard name or, where the theme has none, an
-/// icon of the program in the colours of the palette.
+/// Returns an icon of the desktop's theme by its standard name. If the theme lacks it, returns one
+/// of the program's icons in the colours of the palette.
 QIcon ThemeIcon(const QString& name);
 
-/// Returns the icon of the program.
 QIcon ProgramIcon();
 
 }  // namespace app

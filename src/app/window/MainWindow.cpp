@@ -29,7 +29,7 @@ namespace {
 constexpr char kGeometry[] = "window/geometry";
 constexpr char kState[] = "window/state";
 
-// Returns the path if one local file is dragged, else an empty text.
+// Returns the path if exactly one local file is dragged, else an empty text.
 QString DraggedFile(const QMimeData& data) {
     const auto urls = data.urls();
     return urls.size() == 1 && urls[0].isLocalFile() ? urls[0].toLocalFile() : QString();
@@ -62,12 +62,12 @@ MainWindow::~MainWindow() = default;
 void MainWindow::RestorePlace() {
     const QSettings settings;
     if (!restoreGeometry(settings.value(kGeometry).toByteArray())) resize(1180, 860);
-    // Until there is a document, no pages can be listed.
+    // No pages can be listed before a document is open.
     pages_->hide();
     pages_->toggleViewAction()->setEnabled(false);
 }
 
-// Shows the page list, with the first document, in the place that the settings have.
+// Shows the page list for the first document, where the settings place it.
 void MainWindow::ShowDock() {
     QAction& toggle = *pages_->toggleViewAction();
     if (toggle.isEnabled()) return;
@@ -85,7 +85,7 @@ void MainWindow::TakeDocument() {
     ShowDock();
     stack_->setCurrentIndex(1);
     view_->SetFit(PageView::Fit::Page);
-    TakePicture();
+    RecordPage();
     ListPages();
     ShowState();
     status_->ShowResult(desk::ToQt(session_->Summary()));
@@ -97,7 +97,7 @@ void MainWindow::RefreshLayout() {
         const WaitPointer wait;
         session_->Refresh();
     }
-    TakePicture();
+    RecordPage();
     ShowState();
     status_->ShowResult(desk::ToQt(session_->Summary()));
 }
@@ -109,21 +109,21 @@ void MainWindow::ListPages() {
     ShowPage();
 }
 
-void MainWindow::TakePicture() {
-    pictureWanted_ = false;
+void MainWindow::RecordPage() {
+    recordPending_ = false;
     if (!session_->HasDocument()) return;
     auto& desk = session_->Document().TheDesk();
     view_->SetPicture(std::make_shared<PagePicture>(desk.CurrentDocument(), *desk.Text()));
     ShowSelection();
 }
 
-// Deferred, so that of several pages drawn in a row only the last is taken.
-void MainWindow::TakePictureSoon() {
-    if (std::exchange(pictureWanted_, true)) return;
+// Queued, so that only the last of several pages drawn in a row is recorded.
+void MainWindow::RecordPageSoon() {
+    if (std::exchange(recordPending_, true)) return;
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (pictureWanted_ && !exporting_) TakePicture();
+            if (recordPending_ && !exporting_) RecordPage();
         },
         Qt::QueuedConnection);
 }
@@ -179,14 +179,14 @@ void MainWindow::ShowRecent() {
         menu.addAction(desk::WithoutMnemonic(path), documents_,
                        [this, path] { documents_->OpenRecent(path); });
     menu.addSeparator();
-    // Queued, since the menu cannot be cleared while it runs one of its actions.
+    // Queued, because a menu cannot be cleared while it runs one of its actions.
     menu.addAction("&Clear List", documents_, &Documents::ClearRecent, Qt::QueuedConnection);
 }
 
 void MainWindow::TurnTo(int page) {
     if (page == session_->Page() || page < 1 || page > session_->Pages()) return;
     session_->TurnTo(page);
-    TakePicture();
+    RecordPage();
     ShowPage();
 }
 
@@ -195,7 +195,7 @@ void MainWindow::SetDraft(bool draft) {
         const WaitPointer wait;
         session_->SetDraft(draft);
     }
-    TakePicture();
+    RecordPage();
     ShowState();
 }
 
@@ -224,7 +224,7 @@ void MainWindow::ShowSelection() {
     actions_->properties->setEnabled(selected_ || session_->Document().Gazetteer());
 }
 
-// Shows the properties of the selected element, or else of the gazetteer.
+// Shows the properties of the selected element, or of the gazetteer if none is selected.
 void MainWindow::ShowProperties() {
     if (!selected_) Select(session_->Document().Gazetteer());
     const bool draftBefore = session_->InDraft();
@@ -238,7 +238,7 @@ void MainWindow::ShowProperties() {
     });
     sheet.exec();
     if (session_->InDraft() == draftBefore) return;
-    // An edit ends the draft state of the element even if it is not applied.
+    // An edit ends the draft state even if it is not applied.
     session_->NoteChange();
     RefreshLayout();
 }
@@ -249,7 +249,7 @@ void MainWindow::Export() {
     const QString done = ExportPages(*session_, *this);
     view_->setUpdatesEnabled(true);
     exporting_ = false;
-    TakePicture();
+    RecordPage();
     ShowState();
     if (!done.isEmpty()) status_->ShowResult(done);
 }
@@ -278,7 +278,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 void MainWindow::dropEvent(QDropEvent* event) {
     const QString path = DraggedFile(*event->mimeData());
     event->acceptProposedAction();
-    // Deferred, so that the program that the file came from does not wait for dialogs here.
+    // Queued, so that the source of the drag does not wait for dialogs here.
     QMetaObject::invokeMethod(
         this, [this, path] { Open(path); }, Qt::QueuedConnection);
 }

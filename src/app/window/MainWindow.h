@@ -23,11 +23,11 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// Takes a locale as IcuLocale does. Throws for an unknown one.
+    /// The locale is a name as for IcuLocale. Throws for an unknown one.
     explicit MainWindow(const std::string& locale);
     ~MainWindow() override;
 
-    /// Opens a document, or asks for a new one from a listing table.
+    /// Opens a document, or the dialog for a new one if the path is a listing table.
     void Open(const QString& path);
     WindowSession& TheSession() { return *session_; }
     PageView& View() { return *view_; }
@@ -50,8 +50,8 @@ private:
     void TakeDocument();
     void RefreshLayout();
     void ListPages();
-    void TakePicture();
-    void TakePictureSoon();
+    void RecordPage();
+    void RecordPageSoon();
     void ShowState();
     void ShowPage();
     void ShowRecent();
@@ -75,7 +75,7 @@ private:
     Documents* documents_ = nullptr;
     ElementPages elementPages_;
     host::Ref<host::IHostElement> selected_;
-    bool pictureWanted_ = false;
+    bool recordPending_ = false;
     bool exporting_ = false;
 };
 

@@ -18,7 +18,7 @@
 #include "desk/window/WidgetText.h"
 #include "desk/window/WindowDialogs.h"
 
-/// The layout of the window, and the connections between its parts.
+/// The layout of the window and the connections between its parts.
 namespace app {
 
 desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
@@ -32,7 +32,7 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     options.listeners.animation = [this](desk::AnimationStep step) {
         status_->ShowAnimation(step);
     };
-    options.listeners.refresh = [this] { TakePictureSoon(); };
+    options.listeners.refresh = [this] { RecordPageSoon(); };
     options.expressionEditor = desk::ExpressionEditor(self, locale);
     options.window.newObjectDialog = [this, self] {
         return std::make_shared<desk::ObjectDialog>(
@@ -128,7 +128,7 @@ void MainWindow::ConnectView() {
     connect(view_, &PageView::EscapePressed, actions_->deselect, &QAction::trigger);
 }
 
-// The commands with which the property page asks for a refresh.
+// The commands that the property page runs to refresh the view.
 void MainWindow::AddCommands() {
     auto& commands = session_->Document().TheDesk().Commands();
     commands.Add("CVNLayoutsCmds.RefreshLayout", [this] { RefreshLayout(); });

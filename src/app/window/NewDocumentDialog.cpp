@@ -36,7 +36,7 @@ public:
 private:
     QString ChooseTable();
     QString ChooseBook(const QString& present);
-    void LookAtTable();
+    void CheckTable();
     void UpdateSize();
     NewDocumentOptions Options() const;
     QWidget* MakeSize();
@@ -95,13 +95,13 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     form->addRow(QString(), ready_);
     form->addRow(buttons);
 
-    connect(table_, &PathField::Changed, this, &NewDocumentDialog::LookAtTable);
+    connect(table_, &PathField::Changed, this, &NewDocumentDialog::CheckTable);
     connect(size_, &QComboBox::currentIndexChanged, this, &NewDocumentDialog::UpdateSize);
     connect(buttons, &QDialogButtonBox::accepted, this, &NewDocumentDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &NewDocumentDialog::reject);
     size_->setCurrentIndex(QLocale().measurementSystem() == QLocale::MetricSystem ? kA4 : kLetter);
     UpdateSize();
-    LookAtTable();
+    CheckTable();
 }
 
 QWidget* NewDocumentDialog::MakeSize() {
@@ -121,7 +121,7 @@ QWidget* NewDocumentDialog::MakeSize() {
     return row;
 }
 
-// The boxes show the size also where it has a name and cannot be edited.
+// The boxes show named sizes too, but cannot be edited then.
 void NewDocumentDialog::UpdateSize() {
     const int size = size_->currentIndex();
     for (QDoubleSpinBox* const box : {width_, height_}) box->setEnabled(size == kCustom);
@@ -131,8 +131,8 @@ void NewDocumentDialog::UpdateSize() {
     height_->setValue(named.height);
 }
 
-// Shows the fields of the table, or what is wrong with it.
-void NewDocumentDialog::LookAtTable() {
+// Shows the fields of the table, or why it cannot be used.
+void NewDocumentDialog::CheckTable() {
     QString note = "A dBase table with a field Page and, as a rule, Listing, Row and Column.";
     bool usable = false;
     const QString path = table_->Path();

@@ -12,7 +12,7 @@
 namespace app {
 namespace {
 
-// More lines would leave no room for the page; the tool tip has all.
+// More lines would leave no room for the page; the tool tip shows all.
 constexpr qsizetype kMostShown = 4;
 
 QString Sentence(const std::string& notice) {
@@ -59,7 +59,7 @@ void NoticeBar::Show(const std::vector<std::string>& notices) {
     }
     text_->setText(lines.join('\n'));
     text_->setToolTip(more > 0 ? all : QString());
-    // Here and not once, since the screen and the theme can change.
+    // Set on each call, because screen and theme can change.
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
     icon_->setPixmap(ThemeIcon("dialog-warning").pixmap(QSize(side, side), devicePixelRatioF()));
 }

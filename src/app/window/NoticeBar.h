@@ -8,12 +8,12 @@ class QLabel;
 
 namespace app {
 
-/// A strip above the page with warnings about the document. The user can hide it.
+/// A bar above the page with warnings about the document. The user can close it.
 class NoticeBar : public QFrame {
 public:
     explicit NoticeBar(QWidget* parent);
 
-    /// Shows the sentences; hides the strip where there are none.
+    /// Shows the sentences; hides the bar if there are none.
     void Show(const std::vector<std::string>& notices);
 
 private:

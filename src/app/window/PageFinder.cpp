@@ -10,14 +10,14 @@
 namespace app {
 namespace {
 
-// The form of a text that is compared.
+// Normalises a text for comparison: no case, no accents, single blanks.
 QString Folded(const QString& text) {
     QString folded = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
     folded.removeIf([](QChar c) { return c.isMark(); });
     return folded.simplified();
 }
 
-// A stored text without its tokens.
+// Removes the tokens from a stored text.
 QString ShownText(const std::string& stored) {
     QString text = desk::ToQt(stored);
     if (!text.contains('$')) return text;
@@ -45,7 +45,7 @@ bool PageFinder::ReadOn(std::chrono::milliseconds time) {
         try {
             ReadPage(pagesRead_);
         } catch (const host::Failure&) {
-            // In a damaged document, missing listings cannot be found.
+            // Listings missing from a damaged document cannot be found.
         }
     }
     return pagesRead_ < pageCount_;

@@ -8,23 +8,22 @@
 
 namespace app {
 
-/// A page that a search found.
 struct PageHit {
     int page = 0;
-    QString listing;  ///< The first listing found on it.
-    int more = 0;     ///< How many further ones.
+    QString listing;  ///< The first match on the page.
+    int more = 0;     ///< Number of further matches.
 };
 
-/// Finds the pages of listings. Case and accents are ignored.
+/// Finds pages by their listings, ignoring case and accents.
 class PageFinder {
 public:
-    /// Replaces what is searched. ReadOn must be called until all of it can be found.
+    /// Sets the results to search. They can be found only after ReadOn has read them.
     void SetResults(const gazetteer::WorkingResults& results);
-    /// Reads more pages until the time is over, at least one. Returns false once all are read.
+    /// Reads pages until the time is over, at least one. Returns false if all are read.
     bool ReadOn(std::chrono::milliseconds time);
 
-    /// Returns the pages with a listing that contains the text, and the page whose number is the
-    /// text, in page order.
+    /// Returns, in page order, the pages with a listing that contains the text, and the page with
+    /// this number.
     std::vector<PageHit> Find(const QString& text) const;
 
 private:

@@ -6,12 +6,12 @@
 namespace app {
 namespace {
 
-// Cairo places glyphs on whole pixels, so that small type has uneven gaps. Painting 4 times as wide
-// and narrowing the image places them to a quarter of a pixel.
+// Cairo places glyphs on whole pixels, which gives small type uneven gaps. Painting 4 times as wide
+// and averaging places glyphs to a quarter of a pixel.
 constexpr int kAcross = 4;
 constexpr double kLargePixelsPerInch = 300;
 
-// Each pixel becomes the mean of kAcross pixels. Red and blue are added in one sum.
+// Averages kAcross pixels to one. Adds red and blue in one sum.
 void Narrow(const QImage& wide, QImage& image) {
     constexpr QRgb kEveryOther = 0x00FF00FF;
     constexpr unsigned kShift = 2;  // 4 pixels.
@@ -51,14 +51,14 @@ PagePicture::PagePicture(const desk::Document& document, desk::TextEngine& engin
 }
 
 void PagePicture::Paint(QImage& image, QPoint from, double pixelsPerInch) const {
-    // In large type, a fraction of a pixel cannot be seen.
+    // Fractions of a pixel do not show in large type.
     if (pixelsPerInch > kLargePixelsPerInch) return PaintWide(image, from, pixelsPerInch, 1);
     QImage wide(image.width() * kAcross, image.height(), QImage::Format_RGB32);
     PaintWide(wide, from, pixelsPerInch, kAcross);
     Narrow(wide, image);
 }
 
-// Paints the sheet `across` times as wide as it is.
+// Paints the sheet stretched horizontally by `across`.
 void PagePicture::PaintWide(QImage& image, QPoint from, double pixelsPerInch, int across) const {
     image.fill(Qt::white);
     const desk::CairoSurface surface(cairo_image_surface_create_for_data(

@@ -9,8 +9,7 @@
 
 namespace app {
 
-/// A recording of how a layout page is drawn, so that it can be painted at any size without its
-/// elements.
+/// A recording of a layout page, which can be painted at any size without its elements.
 class PagePicture {
 public:
     PagePicture(const desk::Document& document, desk::TextEngine& engine);
@@ -18,8 +17,8 @@ public:
     double Width() const { return width_; }  ///< Inches, as is the height.
     double Height() const { return height_; }
 
-    /// Paints a part of the sheet, which begins at the pixel `from`, on white. The image must be of
-    /// the format RGB32.
+    /// Paints the part of the sheet that starts at the pixel `from`, on white. The image format
+    /// must be RGB32.
     void Paint(QImage& image, QPoint from, double pixelsPerInch) const;
 
 private:

@@ -5,12 +5,12 @@
 namespace app {
 namespace {
 
-constexpr int kSide = 512;             // Pixels of a tile.
-constexpr qsizetype kRoom = 96 << 20;  // Bytes, for several windows at twice the resolution.
+constexpr int kTileSize = 512;               // Width and height of a tile, in pixels.
+constexpr qsizetype kCacheBytes = 96 << 20;  // Several windows at twice the resolution.
 
 }  // namespace
 
-PageTiles::PageTiles() : tiles_(kRoom) {}
+PageTiles::PageTiles() : tiles_(kCacheBytes) {}
 
 void PageTiles::SetPicture(std::shared_ptr<const PagePicture> picture) {
     picture_ = std::move(picture);
@@ -34,16 +34,16 @@ QSize PageTiles::Size() const {
 void PageTiles::Paint(QPainter& painter, const QRect& part) {
     const QRect seen = part & QRect(QPoint(0, 0), Size());
     if (seen.isEmpty()) return;
-    for (int row = seen.top() / kSide; row <= seen.bottom() / kSide; ++row)
-        for (int column = seen.left() / kSide; column <= seen.right() / kSide; ++column)
-            painter.drawImage(column * kSide, row * kSide, Tile({column, row}));
+    for (int row = seen.top() / kTileSize; row <= seen.bottom() / kTileSize; ++row)
+        for (int column = seen.left() / kTileSize; column <= seen.right() / kTileSize; ++column)
+            painter.drawImage(column * kTileSize, row * kTileSize, Tile({column, row}));
 }
 
 const QImage& PageTiles::Tile(QPoint place) {
     if (const QImage* const known = tiles_.object(place)) return *known;
-    const QPoint from = place * kSide;
+    const QPoint from = place * kTileSize;
     const QSize left = Size() - QSize(from.x(), from.y());
-    auto* tile = new QImage(left.boundedTo({kSide, kSide}), QImage::Format_RGB32);
+    auto* tile = new QImage(left.boundedTo({kTileSize, kTileSize}), QImage::Format_RGB32);
     picture_->Paint(*tile, from, pixelsPerInch_);
     tiles_.insert(place, tile, tile->sizeInBytes());
     return *tile;

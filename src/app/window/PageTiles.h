@@ -10,20 +10,20 @@
 
 namespace app {
 
-/// The pixels of a page picture at one size, in tiles that are painted on demand and cached.
+/// A page picture at one resolution, in tiles that are painted on demand and cached.
 class PageTiles {
 public:
     PageTiles();
 
-    /// Null for no picture.
+    /// Null: no picture.
     void SetPicture(std::shared_ptr<const PagePicture> picture);
     const PagePicture* Picture() const { return picture_.get(); }
     void SetPixelsPerInch(double pixelsPerInch);
     /// Returns the size of the sheet in pixels; empty without a picture.
     QSize Size() const;
 
-    /// Paints a part of the sheet, a rectangle in its pixels. The origin of the painter is the
-    /// corner of the sheet, its unit a pixel.
+    /// Paints a rectangle of the sheet, in pixels. The painter's origin is the corner of the sheet
+    /// and its unit is a pixel.
     void Paint(QPainter& painter, const QRect& part);
 
 private:

@@ -17,8 +17,8 @@ constexpr double kLeastZoom = 0.05;
 constexpr double kMostZoom = 16;
 constexpr std::array kZooms{0.05, 0.1, 0.25, 0.33, 0.5, 0.67, 0.75, 1.0, 1.25,
                             1.5,  2.0, 3.0,  4.0,  6.0, 8.0,  12.0, 16.0};
-constexpr double kWheelStep = 120;   // The angle of one notch, in eighths of a degree.
-constexpr double kNotchZoom = 1.15;  // The factor of one notch of the wheel.
+constexpr double kWheelStep = 120;   // One wheel notch, in eighths of a degree.
+constexpr double kNotchZoom = 1.15;  // Zoom factor of one notch.
 constexpr double kAlmost = 1e-3;
 
 }  // namespace
@@ -54,7 +54,7 @@ QSizeF PageView::SheetSize() const {
                               : QSizeF(picture->Width(), picture->Height()) * PixelsPerInch();
 }
 
-// In the middle where there is room, else by the scroll bars.
+// Centres the sheet if it fits, else follows the scroll bars.
 QPointF PageView::SheetCorner() const {
     const QSizeF sheet = SheetSize();
     const auto edge = [](double room, double size, int scrolled) {
@@ -83,7 +83,7 @@ double PageView::FittingZoom(Fit fit) const {
     const double width = zoom(room.width(), picture->Width(), logicalDpiX());
     const double height = zoom(room.height(), picture->Height(), logicalDpiX());
     if (fit == Fit::Page || width <= height) return std::min(width, height);
-    // At this zoom the sheet is higher than the view, and the scroll bar takes room.
+    // At this zoom the sheet is higher than the view, so the scroll bar takes width.
     const int bar = verticalScrollBar()->sizeHint().width() +
                     style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing, nullptr, this);
     return zoom(room.width() - bar, picture->Width(), logicalDpiX());
@@ -118,7 +118,7 @@ void PageView::ZoomOut() {
     SetZoom(next == kZooms.begin() ? kLeastZoom : *(next - 1));
 }
 
-// Keeps the point of the sheet that is under the place there.
+// Zooms and keeps the point of the sheet under `place` fixed.
 void PageView::ZoomAt(double zoom, QPointF place) {
     fit_ = Fit::None;
     const QPointF held = ToSheet(place);
@@ -134,12 +134,11 @@ void PageView::UpdateScale() {
     tiles_.SetPixelsPerInch(PixelsPerInch() * viewport()->devicePixelRatioF());
 }
 
-// The scale, the scroll bars and the painted part all follow the zoom and the size of the view.
 void PageView::UpdateLayout() {
     UpdateScale();
     const QSizeF sheet = SheetSize();
     const auto set = [](QScrollBar& bar, double size, int room) {
-        // Without kAlmost, rounding errors would show a bar for a sheet that fits.
+        // kAlmost prevents rounding errors from showing a bar for a sheet that fits.
         const int whole = static_cast<int>(std::ceil(size - kAlmost)) + 2 * kMargin;
         bar.setRange(0, std::max(0, whole - room));
         bar.setPageStep(room);
@@ -172,7 +171,7 @@ void PageView::PaintSheet(QPainter& painter, const QRect& part) {
     const QPoint corner = (SheetCorner() * ratio).toPoint();
     const QRectF sheet(QPointF(corner) / ratio, QSizeF(tiles_.Size()) / ratio);
 
-    // A soft shadow, below and to the right.
+    // A soft shadow to the lower right.
     painter.setPen(Qt::NoPen);
     painter.setRenderHint(QPainter::Antialiasing);
     for (int reach = 6; reach >= 1; --reach) {

@@ -8,21 +8,20 @@
 
 namespace app {
 
-/// Shows a layout page as it prints, on a background: zoomed with the wheel or by actions, panned
-/// with the middle button, the space bar or the scroll bars. Signals where it is clicked.
+/// Shows a layout page as it prints. Zooms with the wheel or by actions; pans with the middle
+/// button, the space bar or the scroll bars. Signals clicks.
 class PageView : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
-    /// What the zoom follows when the window is resized.
+    /// How the zoom follows the size of the view.
     enum class Fit { None, Page, Width };
 
     explicit PageView(QWidget* parent = nullptr);
 
-    /// Sets the picture of the page; null for no page.
+    /// Null: no page.
     void SetPicture(std::shared_ptr<const PagePicture> picture);
-    /// Sets the frame of the selected element, in inches from the sheet's upper left corner, Y
-    /// downward.
+    /// The frame of the selected element, in inches from the sheet's upper left corner, Y downward.
     void SetSelection(std::optional<QRectF> frame);
 
     /// 1 is the size on paper, by the resolution of the screen.
@@ -32,14 +31,14 @@ public:
     void ZoomOut();
     Fit FitMode() const { return fit_; }
     void SetFit(Fit fit);
-    /// Returns the place in the viewport of a place on the sheet in inches.
+    /// Converts a point on the sheet, in inches, to viewport coordinates.
     QPointF ToView(QPointF inches) const;
 
 Q_SIGNALS:
     void ZoomChanged();
-    /// A click, in inches from the sheet's upper left corner, possibly beside the sheet.
+    /// A click, in inches from the sheet's upper left corner; may be outside the sheet.
     void Clicked(QPointF inches);
-    /// A double click, or Enter.
+    /// A double click or Enter.
     void PropertiesWanted();
     void EscapePressed();
     void PreviousPageWanted();
@@ -77,7 +76,7 @@ private:
     double zoom_ = 1;
     Fit fit_ = Fit::Page;
     bool spaceDown_ = false;
-    std::optional<QPoint> panFrom_;  ///< The last place of the pointer while the sheet is dragged.
+    std::optional<QPoint> panFrom_;  ///< Last pointer position while the sheet is dragged.
 };
 
 }  // namespace app

@@ -17,18 +17,18 @@
 
 namespace app {
 
-// The pages of a gazetteer with number and name, or those that a search found. Only names in view
-// are asked for, since a gazetteer can have thousands of pages.
+// Pages with number and name: all, or those found by a search. Requests only the names in view,
+// since a gazetteer can have thousands of pages.
 class PagesDock::Model : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void SetPages(int count, std::function<QString(int page)> name);
-    // Shows these pages only; nothing shows all.
+    // Limits the rows to these pages; nothing: all.
     void ShowOnly(std::optional<std::vector<PageHit>> hits);
 
     int PageAt(int row) const;
-    // -1 for a page that is not shown.
+    // -1 for a page that is not listed.
     int RowOf(int page) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -149,7 +149,7 @@ PagesDock::PagesDock(QWidget* parent)
 
     connect(reading_, &QTimer::timeout, this, &PagesDock::ReadOn);
     connect(filter_, &QLineEdit::textChanged, this, &PagesDock::Search);
-    connect(filter_, &QLineEdit::returnPressed, this, &PagesDock::TakeFirst);
+    connect(filter_, &QLineEdit::returnPressed, this, &PagesDock::SelectFirst);
     connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& current) {
                 if (!marking_ && current.isValid())
@@ -172,7 +172,7 @@ void PagesDock::SetPages(const gazetteer::WorkingResults& results, int count,
 void PagesDock::SetCurrentPage(int page) {
     page_ = page;
     const QScopedValueRollback marking(marking_, true);
-    // An invalid index, for a row of -1, leaves no row current.
+    // The row -1 gives an invalid index, which clears the current row.
     list_->setCurrentIndex(model_->index(model_->RowOf(page), 0));
 }
 
@@ -190,27 +190,27 @@ void PagesDock::Search(const QString& text) {
     nothing_->setVisible(searched && model_->rowCount() == 0 && !reading_->isActive());
 }
 
-// Reads listings for the search in slices, while no events wait.
+// Reads listings for the search in slices while no events wait.
 void PagesDock::ReadOn() {
     constexpr std::chrono::milliseconds kSlice{10};
     if (finder_.ReadOn(kSlice)) return;
     reading_->stop();
-    // A text that was entered before sees all listings only now.
+    // A text entered earlier has searched only a part of the listings.
     if (!filter_->text().trimmed().isEmpty()) Search(filter_->text());
 }
 
-void PagesDock::TakeFirst() {
+void PagesDock::SelectFirst() {
     if (model_->rowCount() > 0 && !list_->currentIndex().isValid())
         list_->setCurrentIndex(model_->index(0, 0));
 }
 
-// In the field, the arrow key moves to the list, and Escape shows all pages again.
+// In the field, the down key moves to the list and Escape clears the search.
 bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
     if (watched == filter_ && event->type() == QEvent::KeyPress) {
         const int key = static_cast<const QKeyEvent*>(event)->key();
         if (key == Qt::Key_Escape) filter_->clear();
         if (key == Qt::Key_Down) {
-            TakeFirst();
+            SelectFirst();
             list_->setFocus();
         }
         if (key == Qt::Key_Escape || key == Qt::Key_Down) return true;

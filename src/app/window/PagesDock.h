@@ -12,17 +12,17 @@ class QTreeView;
 
 namespace app {
 
-/// The list of pages, with a field to find pages by their listings.
+/// The list of pages, with a field to search them by their listings.
 class PagesDock : public QDockWidget {
     Q_OBJECT
 
 public:
     explicit PagesDock(QWidget* parent);
 
-    /// Lists pages from 1 to the count; the results are what the field searches.
+    /// Lists the pages 1 to count; the field searches the results.
     void SetPages(const gazetteer::WorkingResults& results, int count,
                   std::function<QString(int page)> name);
-    /// Selects the row of the page on show; 0 for none.
+    /// Selects the row of a page; 0: none.
     void SetCurrentPage(int page);
     void FocusFilter();
 
@@ -37,7 +37,7 @@ private:
 
     void Search(const QString& text);
     void ReadOn();
-    void TakeFirst();
+    void SelectFirst();
 
     QLineEdit* filter_;
     QTreeView* list_;
@@ -46,7 +46,7 @@ private:
     QTimer* reading_;
     PageFinder finder_;
     int page_ = 0;
-    bool marking_ = false;  ///< The current row changes without a choice of the user.
+    bool marking_ = false;  ///< The current row is being changed by code, not by the user.
 };
 
 }  // namespace app

@@ -28,7 +28,7 @@ PathField::PathField(const QString& name, Chooser chooser, QWidget* parent)
 
 QString PathField::Path() const {
     const QString path = line_->text().trimmed();
-    // As shells expand paths.
+    // Expands ~ like a shell.
     return path.startsWith("~/") ? QDir::homePath() + path.mid(1) : path;
 }
 

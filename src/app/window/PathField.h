@@ -7,12 +7,12 @@ class QLineEdit;
 
 namespace app {
 
-/// A line for a path, with a button that opens a dialog to choose one.
+/// A line edit for a path, with a button that opens a chooser.
 class PathField : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes the present path; returns the chosen one, or an empty text.
+    /// Takes the current path; returns the chosen one, or an empty text.
     using Chooser = std::function<QString(const QString& present)>;
 
     PathField(const QString& name, Chooser chooser, QWidget* parent);

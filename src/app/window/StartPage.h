@@ -7,12 +7,11 @@ class QVBoxLayout;
 
 namespace app {
 
-/// The page that the window shows while no document is open, with the ways to open or make one.
+/// Shown while no document is open: buttons and recent documents.
 class StartPage : public QWidget {
     Q_OBJECT
 
 public:
-    /// Has a button for each of the actions.
     StartPage(const QList<QAction*>& actions, QWidget* parent);
 
     void ShowRecent(const QStringList& paths);

@@ -7,7 +7,7 @@
 namespace app {
 namespace {
 
-// A run sets a text for every cell; more updates than these cost time and cannot be read.
+// A run sets a text for every cell; more frequent updates would cost time and be unreadable.
 constexpr qint64 kInterval = 60;  // Milliseconds.
 
 constexpr int kSpokes = 12;
@@ -78,7 +78,7 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
 
 void StatusPanes::ShowRunText(int pane, const QString& text) {
     if (pane != 0) return;
-    // Always shown: a text that ends in a full stop names a stage, an empty one ends the run.
+    // A text ending in a full stop names a stage, an empty one ends the run: both always show.
     const bool counts = !text.isEmpty() && !text.endsWith('.');
     if (counts && sinceShown_.isValid() && sinceShown_.elapsed() < kInterval) return;
     sinceShown_.start();

@@ -11,8 +11,8 @@ class QToolButton;
 
 namespace app {
 
-/// A sign that turns during a run. It turns with each Step and not by a timer, since the run keeps
-/// the only thread busy.
+/// A spinner shown during a run. Step turns it, because a timer would not fire while the run blocks
+/// the only thread.
 class BusySign : public QWidget {
 public:
     explicit BusySign(QWidget* parent) : QWidget(parent) {}
@@ -32,19 +32,19 @@ private:
     int turn_ = 0;
 };
 
-/// The status bar: the text and sign of a run on the left, page and zoom on the right.
+/// The status bar: status text and spinner on the left, page and zoom on the right.
 class StatusPanes : public QStatusBar {
 public:
     StatusPanes(QMenu* zooms, QWidget* parent);
 
-    /// Shows a text of a run at once, although the thread is busy, but only every 60 ms; an empty
-    /// text shows the result. There is only pane 0; texts for others are ignored.
+    /// Shows a status text at once although the thread is busy, at most every 60 ms. An empty text
+    /// restores the result. Only pane 0 exists; other texts are ignored.
     void ShowRunText(int pane, const QString& text);
     void ShowAnimation(desk::AnimationStep step);
-    /// Sets the text that is shown while no run goes on.
+    /// Sets the text shown when no run is active.
     void ShowResult(const QString& text);
     void ShowPage(const QString& text);
-    void ShowZoom(double zoom);  ///< 0 for none.
+    void ShowZoom(double zoom);  ///< 0: none.
     const BusySign& Sign() const { return *sign_; }
 
 private:

@@ -5,7 +5,6 @@
 
 namespace app {
 
-/// While it exists, the pointer is an hourglass.
 class WaitPointer {
 public:
     WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }

@@ -28,13 +28,13 @@ void WindowSession::Open(const std::string& path) {
     TakeDocument();
 }
 
-void WindowSession::StartNew(const NewDocumentOptions& options, bool dressed) {
+void WindowSession::StartNew(const NewDocumentOptions& options, bool forPrint) {
     auto before = document_.Present();
     const auto noticesBefore = std::exchange(notices_, {});
     try {
         std::filesystem::path place = FullPath(options.listingDatabase);
         StartNewDocument(document_, options, place.replace_extension(".json"));
-        if (dressed) DressForPrint(document_);
+        if (forPrint) ApplyPrintDefaults(document_);
     } catch (...) {
         document_.Restore(std::move(before));
         notices_ = noticesBefore;
@@ -44,12 +44,12 @@ void WindowSession::StartNew(const NewDocumentOptions& options, bool dressed) {
 }
 
 void WindowSession::TakeDocument() {
-    fontsTold_ = document_.TheDesk().Text()->Substitutions().size();
+    reportedFonts_ = document_.TheDesk().Text()->Substitutions().size();
     modified_ = !OnDisk();
-    // A refresh clears the notices; those of making the document stay.
-    const auto told = notices_;
+    // Refresh clears the notices; keep those from opening or creating the document.
+    const auto earlier = notices_;
     Refresh();
-    notices_.insert(notices_.begin(), told.begin(), told.end());
+    notices_.insert(notices_.begin(), earlier.begin(), earlier.end());
 }
 
 void WindowSession::SaveTo(const std::string& documentPath) {
@@ -93,7 +93,7 @@ void WindowSession::Refresh() {
         RefreshChosen();
     }
     document_.Choose(chosen);
-    TellOfFonts();
+    AddFontNotices();
 }
 
 void WindowSession::RefreshChosen() {
@@ -102,7 +102,7 @@ void WindowSession::RefreshChosen() {
     manager.SetIndexElement(frame.element);
     if (frame.page == 0) frame.page = manager.BoundSettings().defaultPage;
     frame.page = std::clamp(frame.page, 1, std::max(1, manager.Working().pageCount));
-    TellOfResults();
+    AddResultNotices();
     Draw();
 }
 
@@ -121,7 +121,7 @@ void WindowSession::Draw() {
     }
 }
 
-void WindowSession::TellOfResults() {
+void WindowSession::AddResultNotices() {
     const auto& manager = document_.Manager();
     if (!summary_.empty()) summary_ += ' ';
     summary_ += manager.HasRun() ? RunSummary(manager) : StoredSummary(manager);
@@ -133,9 +133,9 @@ void WindowSession::TellOfResults() {
         AddNotice(NoPageReason(manager));
 }
 
-void WindowSession::TellOfFonts() {
+void WindowSession::AddFontNotices() {
     const auto warnings = FontWarnings(*document_.TheDesk().Text());
-    for (std::size_t i = fontsTold_; i < warnings.size(); ++i) AddNotice(warnings[i]);
+    for (std::size_t i = reportedFonts_; i < warnings.size(); ++i) AddNotice(warnings[i]);
 }
 
 std::int32_t WindowSession::Pages() const {
@@ -152,9 +152,10 @@ void WindowSession::TurnTo(std::int32_t page) {
     Draw();
 }
 
-// Silent, since a list of pages asks for the names: a damaged document would show many messages.
+// Silent, because a list of pages requests many names and a damaged document would show a message
+// for each.
 std::string WindowSession::PageName(std::int32_t page) {
-    const NotedDialogs::Silent silent(document_.Dialogs());
+    const RecordingDialogs::Silent silent(document_.Dialogs());
     return gazetteer::ToText(document_.Manager().PageName(page), Host().Locale());
 }
 
@@ -173,19 +174,19 @@ void WindowSession::SetDraft(bool draft) {
 void WindowSession::Export(const std::string& path, const PageRange& pages,
                            const SheetListener& before) {
     const bool draft = InDraft();
-    // Earlier failures must not end the export.
+    // An earlier failure must not end the export.
     document_.Dialogs().TakeFailureShown();
     try {
         WriteSheets(document_, path, pages, before);
     } catch (...) {
-        ShowAgain(draft);
+        RestoreView(draft);
         throw;
     }
-    ShowAgain(draft);
+    RestoreView(draft);
 }
 
-// Restores the page, or the draft state, after other pages have been drawn.
-void WindowSession::ShowAgain(bool draft) {
+// Restores the page or the draft state after other pages were drawn.
+void WindowSession::RestoreView(bool draft) {
     if (!draft) return Draw();
     document_.Manager().DraftMode();
     StateOf(document_.Gazetteer()).SetDraft(true);
@@ -193,7 +194,7 @@ void WindowSession::ShowAgain(bool draft) {
 
 host::Ref<host::IHostEnvelope> WindowSession::BoundsOf(
     const host::Ref<host::IHostElement>& element) {
-    // Measured bounds of a group can be larger than its frame.
+    // Measured bounds of a group can exceed its frame.
     if (host::As<host::IHostGroupElement>(element) && element->Geometry())
         return element->Geometry()->Bounds();
     auto bounds = Host().NewEnvelope();

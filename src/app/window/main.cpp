@@ -12,7 +12,7 @@
 
 namespace {
 
-// Shows exceptions that nothing else has caught, and goes on.
+// Shows uncaught exceptions of event handlers and continues.
 class Application final : public QApplication {
 public:
     using QApplication::QApplication;
@@ -32,14 +32,14 @@ public:
 };
 
 int Run(char** argv, const std::string& locale, const std::string& document) {
-    int argc = 1;  // The name of the program; Parse has read the arguments.
+    int argc = 1;  // The program name only; Parse has read the arguments.
     const Application application(argc, argv);
     QApplication::setOrganizationName("gazetteer-desk");
     QApplication::setApplicationName("gazetteer-desk");
     QApplication::setDesktopFileName("gazetteer-desk");
     app::MainWindow window(locale);
     window.show();
-    // Deferred until the window is there, since opening can show dialogs.
+    // Deferred until the window is shown, since opening can show dialogs.
     if (!document.empty())
         QTimer::singleShot(0, &window,
                            [&window, path = desk::ToQt(document)] { window.Open(path); });
@@ -49,7 +49,7 @@ int Run(char** argv, const std::string& locale, const std::string& document) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A file that would grow beyond the user's limit is a failed write like any other.
+    // Makes a write beyond the file size limit fail instead of ending the program.
     std::signal(SIGXFSZ, SIG_IGN);
     std::string document;
     std::string locale;

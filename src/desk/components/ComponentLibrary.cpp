@@ -74,7 +74,7 @@ ComponentLibrary::ComponentLibrary(const std::string& file)
 
 host::Ref<host::IHostObject> ComponentLibrary::CreateInstance(
     const std::string& className, const host::Ref<host::IHost>& host) const {
-    // Members go in reverse order: the object before the library that its code is in.
+    // Members are destroyed in reverse order: the object before the library with its code.
     struct Instance {
         std::shared_ptr<const Loaded> library;
         host::Ref<host::IHostObject> object;

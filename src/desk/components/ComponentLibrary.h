@@ -7,19 +7,19 @@
 
 namespace desk {
 
-/// A component's library, loaded. It stays loaded as long as this object or an instance that it has
-/// made is there, and beyond where the component says that something of it is still alive.
+/// A loaded component library. It stays loaded while this object or an instance created by it
+/// exists, and longer if the component reports live objects.
 class ComponentLibrary {
 public:
-    /// Fails for a file that is not there, or that is no component.
+    /// Throws for a file that is missing or is not a component.
     explicit ComponentLibrary(const std::string& file);
 
-    /// A new instance of a class. Fails for a class that the component does not have.
+    /// Returns a new instance of a class. Throws if the component does not have the class.
     host::Ref<host::IHostObject> CreateInstance(const std::string& className,
                                                 const host::Ref<host::IHost>& host) const;
-    /// Has the component enter itself with the host or take itself out; fails as it does.
+    /// Calls the component's registration (install true) or removal; throws what that throws.
     void Register(const host::Ref<host::IHost>& host, bool install) const;
-    /// Whether no object of the component is alive.
+    /// Returns true if no object of the component is alive.
     bool CanUnload() const;
 
 private:
@@ -27,8 +27,7 @@ private:
     std::shared_ptr<const Loaded> loaded_;
 };
 
-/// Path of a component's library that belongs to this program: in the folder lib beside the one
-/// that the program stands in.
+/// Returns the path of a component library of this program: ../lib/NAME from its executable.
 std::string LibraryOfProgram(const std::string& name);
 
 }  // namespace desk

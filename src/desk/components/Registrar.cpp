@@ -27,7 +27,7 @@ constexpr char kFile[] = "file";
     throw host::Failure(host::kFailureUnspecified, "desk::Registry", sentence);
 }
 
-// By the rules for that variable, a path that is not absolute counts as none.
+// By the XDG base directory rules a relative path in such a variable is ignored.
 fs::path FolderFrom(const char* variable) {
     const char* const value = std::getenv(variable);
     const fs::path folder = value == nullptr ? "" : value;
@@ -55,7 +55,7 @@ std::vector<ComponentEntry> EntriesOf(const JsonNode& root) {
     return entries;
 }
 
-/// Entries in the order of entry; none where the file does not exist.
+/// Returns the entries in the order of registration; none if the file does not exist.
 std::vector<ComponentEntry> ReadComponents(const std::string& file) {
     std::error_code ignored;
     if (!fs::exists(file, ignored)) return {};
@@ -71,7 +71,7 @@ std::vector<ComponentEntry> ReadComponents(const std::string& file) {
     }
 }
 
-/// Replaces the list; makes its folder where there is none.
+/// Replaces the list and creates its folder if needed.
 void WriteComponents(const std::string& file, const std::vector<ComponentEntry>& entries) {
     const fs::path folder = fs::path(file).parent_path();
     std::error_code error;
@@ -100,7 +100,7 @@ void WriteComponents(const std::string& file, const std::vector<ComponentEntry>&
 constexpr std::string_view kForeignEnding = ".dll";
 constexpr std::string_view kOwnEnding = ".so";
 
-/// The name of this platform for a component's file.
+/// Converts a component's file name to this platform's form.
 std::string PlatformName(std::string file) {
     const std::size_t separator = file.find_last_of("\\/");
     if (separator != std::string::npos) file[separator] = '/';

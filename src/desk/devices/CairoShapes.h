@@ -8,8 +8,8 @@
 #include "desk/text/Handles.h"
 #include "host/Geometry.h"
 
-/// What is painted beside texts, and how cairo paints it. One unit of a context is a point, Y
-/// downward; colours are 0xBBGGRR.
+/// Shapes other than texts, and how cairo paints them. One unit is a point, Y downward; colours are
+/// 0xBBGGRR.
 namespace desk {
 
 using host::kPointsPerInch;
@@ -21,7 +21,6 @@ struct PaintPoint {
     double x = 0, y = 0;
 };
 
-/// An upright rectangle.
 struct PaintBox {
     double left = 0, top = 0, right = 0, bottom = 0;
 
@@ -31,18 +30,18 @@ struct PaintBox {
     PaintBox Shrunk(double by) const { return {left + by, top + by, right - by, bottom - by}; }
 };
 
-/// A line along the edges of a box, and along its diagonals if it is crossed.
+/// The edges of a box, and also its diagonals if it is crossed.
 struct PaintOutline {
     PaintBox box;
     std::uint32_t color = 0;
     bool crossed = false;
 };
 
-/// Width of every line, in points.
+/// Width of all lines, in points.
 inline constexpr double kLineWidth = 0.5;
 
 void UseColor(cairo_t* context, std::uint32_t color);
-/// Edges are not antialiased, so that neighbours show no seam.
+/// Edges are not antialiased, so that adjacent boxes show no seam.
 void FillBoxes(cairo_t* context, std::span<const PaintBox> boxes, std::uint32_t color);
 void StrokeOutline(cairo_t* context, const PaintOutline& outline);
 void StrokeLine(cairo_t* context, PaintPoint start, PaintPoint end, std::uint32_t color);

@@ -8,13 +8,12 @@
 namespace desk {
 namespace {
 
-/// Lower numbers belong to displays that only measure.
+/// Lower numbers are for displays that only measure.
 constexpr host::DeviceContext kFirstDevice = 0x100;
 
-/// The largest width and height of an image in cairo.
+/// Cairo's maximum width and height of an image.
 constexpr std::int32_t kMostPixels = 32767;
 
-/// All surfaces of the process.
 struct Registry {
     std::unordered_map<host::DeviceContext, const PixelSurface*> surfaces;
     host::DeviceContext next = kFirstDevice;
@@ -57,7 +56,7 @@ PixelSurface::~PixelSurface() {
     TheRegistry().surfaces.erase(device_);
 }
 
-// Rows of four-byte pixels follow each other without gaps.
+// Rows of four-byte pixels without gaps.
 std::span<const std::uint32_t> PixelSurface::Pixels() {
     cairo_surface_flush(surface_.get());
     const void* const bytes = cairo_image_surface_get_data(surface_.get());

@@ -8,13 +8,12 @@
 
 namespace desk {
 
-/// An area of pixels in memory, all transparent at first. Its device context can be found by all
-/// code of the process as long as it lives, and its handle is not used again. Devices are for
-/// one thread.
+/// A pixel area in memory, initially transparent. While it exists, all code of the process can find
+/// it by its device context; handles are not reused. Surfaces must be used by one thread.
 class PixelSurface final : public host::IHostPixelSurface {
 public:
-    /// Throws host::Failure for a size below 1 or above 32767 pixels, and for a resolution that is
-    /// not positive.
+    /// Throws host::Failure for a size outside 1 to 32767 pixels and for a resolution that is not
+    /// positive.
     PixelSurface(std::int32_t width, std::int32_t height, double dotsPerInch);
     ~PixelSurface() override;
 
@@ -24,10 +23,10 @@ public:
     std::span<const std::uint32_t> Pixels() override;
 
     double DotsPerInch() const { return dotsPerInch_; }
-    /// Returns a context of which one unit is a pixel, Y downward.
+    /// Returns a context with one unit per pixel, Y downward.
     CairoContext NewContext() const { return CairoContext(cairo_create(surface_.get())); }
 
-    /// Returns the surface of a device. Throws host::Failure for a handle without a device.
+    /// Returns the surface of a device. Throws host::Failure for an unknown handle.
     static const PixelSurface& Of(host::DeviceContext device);
 
 private:
@@ -38,15 +37,15 @@ private:
     host::DeviceContext device_ = 0;
 };
 
-/// Drawing calls on the surfaces of the process. A brush that does not exist may be deleted.
+/// Drawing calls on the surfaces of the process. Deleting an unknown brush has no effect.
 class Devices final : public host::IHostDevices {
 public:
     host::Brush CreateSolidBrush(std::uint32_t color) override;
-    /// Throws host::Failure for a device or a brush that does not exist.
+    /// Throws host::Failure for an unknown device or brush.
     void FillRect(host::DeviceContext device, const host::PixelRectangle& rectangle,
                   host::Brush brush) override;
     void DeleteObject(host::Brush brush) override { colors_.erase(brush); }
-    /// Throws host::Failure for a device that does not exist.
+    /// Throws host::Failure for an unknown device.
     std::int32_t GetDeviceCaps(host::DeviceContext device, std::int32_t index) override;
 
 private:

@@ -9,12 +9,12 @@
 
 namespace desk {
 
-/// A device as a symbol draws on it through a transformation: one unit of its context is a point at
+/// A device on which symbols draw through a transformation. One unit of its context is a point at
 /// the transformation's resolution, Y downward.
 class SymbolCanvas {
 public:
-    /// Throws host::Failure for a device that does not exist and for a transformation without an
-    /// extent, a device rectangle or a resolution.
+    /// Throws host::Failure for an unknown device and for a transformation without an extent, a
+    /// device rectangle or a resolution.
     SymbolCanvas(host::DeviceContext device,
                  const host::Ref<host::IHostDisplayTransformation>& transformation);
 
@@ -26,12 +26,12 @@ private:
     PaintPoint Place(double x, double y) const;
 
     CairoContext context_;
-    PaintPoint origin_;  ///< The shown extent's upper left corner, in points.
+    PaintPoint origin_;  ///< Upper left corner of the shown extent, in points.
     PaintPoint unit_;    ///< Size of a map unit, in points.
-    PaintPoint corner_;  ///< The shown extent's upper left corner in map units.
+    PaintPoint corner_;  ///< Upper left corner of the shown extent, in map units.
 };
 
-/// 0xBBGGRR; nothing for a colour that does not show.
+/// Returns 0xBBGGRR, or nothing for null and for a transparent colour.
 std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color);
 FontSpec FontOf(const host::IHostTextSymbol& symbol);
 

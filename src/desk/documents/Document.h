@@ -12,32 +12,34 @@ namespace desk {
 
 class TextEngine;
 
-/// What the desk works on: one layout page and the elements on it, lowest first.
+/// A layout page and the elements on it, lowest first.
 struct Document {
     std::string title;
     double pageWidth = 8.5;  ///< Inches, as is the height; positive.
     double pageHeight = 11;
     std::vector<host::Ref<host::IHostElement>> elements;
-    std::string mapBook;      ///< Path of the map book's file; from the document's folder, or full.
-    std::string templateKey;  ///< The template that the document is; empty: what the book says.
+    std::string mapBook;      ///< Path of the map book file, relative to the document's folder, or
+                              ///< absolute.
+    std::string templateKey;  ///< The document's template in the map book; empty: the book's
+                              ///< current one.
 };
 
-/// Reads a document. Fails, in one sentence that names the file and the fault, for a file that is
-/// gone or cannot be read, that is no document of the desk, is of a newer format, or is damaged.
-/// The state, if asked for, is that of the file as it was read.
+/// Reads a document. Throws host::Failure with one sentence that names the file and the fault if
+/// the file is missing, unreadable, not a document of the desk, of a newer format, or damaged. Sets
+/// *state, if given, to the state of the file that was read.
 Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine,
                       FileState* state = nullptr);
 
-/// Replaces the file in one step (see ReplacingFile), if it is the expected one where one is
-/// expected. The same content gives the same bytes. Answers the state of the file.
+/// Replaces the file atomically (see ReplacingFile). If an expected state is given, throws when the
+/// file at the path differs from it. The same content gives the same bytes. Returns the new state.
 FileState WriteDocument(const Document& document, const std::string& path,
                         const std::optional<FileState>& expected = std::nullopt);
 
-/// The path of the document's map book, seen from where the program runs; empty without one.
+/// Path of the document's map book, relative to the working directory; empty without one.
 std::string MapBookPath(const Document& document, const std::string& documentPath);
 
-/// A path as a document at the other path keeps it: from the document's folder where there is a way
-/// from there, else in full.
+/// Returns a path as the document at documentPath stores it: relative to the document's folder
+/// where possible, else absolute.
 std::string PathFromDocument(const std::string& path, const std::string& documentPath);
 
 }  // namespace desk

@@ -40,7 +40,7 @@ Object NoObject(const JsonNode& node) {
     return nullptr;
 }
 
-/// Hands each entry of a set to the visitor: the item, the name in it and the value.
+/// Calls the visitor with each entry of a set: the item, the name and the value.
 template <class Visitor>
 void EachEntry(const JsonNode& set, Visitor&& visitor) {
     set.Each([&](const JsonNode& item) {
@@ -59,8 +59,8 @@ void EachEntry(const JsonNode& set, Visitor&& visitor) {
     item.Fail("the name \"" + std::string(name) + "\" stands in the set twice");
 }
 
-/// The entries of a set that holds texts alone; null for another one. Texts go straight from the
-/// parser's memory into that of the set.
+/// Returns the entries of a set that holds only texts, else null. Texts are copied directly from
+/// the parser's memory into the set's.
 std::shared_ptr<TextItems> TextsIn(const JsonNode& node) {
     auto texts = std::make_shared<TextItems>();
     EachEntry(node, [&](const JsonNode&, std::string_view name, const JsonNode& value) {
@@ -193,7 +193,7 @@ host::Ref<host::IHostGeometry> AnyGeometryIn(const JsonNode& node) {
     return EnvelopeIn(node);
 }
 
-/// Reads into a new element what every kind has.
+/// Reads the members that all kinds have into a new element.
 template <class Kind, class GeometryReader>
 std::shared_ptr<Kind> ReadCommon(const JsonNode& node, Engine engine, std::shared_ptr<Kind> element,
                                  GeometryReader readGeometry) {

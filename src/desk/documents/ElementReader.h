@@ -9,8 +9,8 @@ namespace desk {
 
 class TextEngine;
 
-/// Makes an element of what WriteElement wrote; the engine goes into every text and text symbol.
-/// Fails with the place of what cannot be read.
+/// Reads an element written by WriteElement. Texts and text symbols share the engine. Throws
+/// host::Failure with the place of the fault.
 host::Ref<host::IHostElement> ReadElement(const JsonNode& node,
                                           const std::shared_ptr<TextEngine>& engine);
 

@@ -19,7 +19,7 @@ namespace {
 std::string ColorText(std::uint32_t rgb) {
     constexpr const char* kHexDigits = "0123456789ABCDEF";
     std::string text = "#";
-    for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U})  // Red stands in the lowest byte.
+    for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U})  // Red is in the lowest byte.
         text += kHexDigits[(rgb >> shift) & 0xFU];
     return text;
 }
@@ -32,7 +32,6 @@ void WriteFont(JsonWriter& writer, const host::IHostFont& font) {
     writer.EndObject();
 }
 
-/// Writes the member "color".
 void WriteColor(JsonWriter& writer, const host::IHostColor& color) {
     writer.Key("color");
     writer.BeginObject();

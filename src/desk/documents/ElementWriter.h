@@ -5,8 +5,8 @@
 
 namespace desk {
 
-/// Writes an element with all that it holds. Fails for an element, a geometry or an object of a
-/// kind that the desk does not know, and for groups or property sets nested deeper than 100.
+/// Writes an element and everything in it. Throws for an element, geometry or object of an unknown
+/// kind, and for groups or property sets nested deeper than kDeepestNesting.
 void WriteElement(JsonWriter& writer, const host::Ref<host::IHostElement>& element, int depth = 0);
 
 }  // namespace desk

@@ -7,23 +7,23 @@
 namespace desk {
 namespace {
 
-/// Writes a file of one sheet that cairo paints.
+/// Base of the writers that paint one sheet with cairo.
 class CairoPageWriter : public PageWriter {
 protected:
     explicit CairoPageWriter(const std::string& path) : PageWriter(path, Sheets::One) {}
 
-    /// A surface for a sheet of a size in points.
+    /// Returns a surface for a sheet; sizes in points.
     virtual CairoSurface NewSurface(double width, double height) = 0;
     /// Writes the rest of the surface to the file.
     virtual cairo_status_t WriteSurface(cairo_surface_t* surface) = 0;
 
-    /// Throws host::Failure for a status of failure.
+    /// Throws host::Failure unless the status is success.
     void Check(cairo_status_t status) {
         if (status == CAIRO_STATUS_SUCCESS) return;
         File().Check();
         File().Fail(cairo_status_to_string(status));
     }
-    /// A sink for cairo; the closure is the file.
+    /// Write callback for cairo; the closure is the ReplacingFile.
     static cairo_status_t Write(void* closure, const unsigned char* data, unsigned int length) {
         const std::string_view bytes(static_cast<const char*>(static_cast<const void*>(data)),
                                      length);
@@ -76,7 +76,7 @@ private:
         return cairo_surface_write_to_png_stream(surface, &Write, &File());
     }
 
-    double scale_;  ///< Pixels in a point.
+    double scale_;  ///< Pixels per point.
 };
 
 class SvgWriter final : public CairoPageWriter {

@@ -8,17 +8,17 @@
 
 namespace desk {
 
-/// What a page is painted on. Colours are 0xBBGGRR; one unit is a point, Y downward.
+/// The drawing surface of a page. Colours are 0xBBGGRR; one unit is a point, Y downward.
 class Canvas : public GlyphCanvas {
 public:
-    /// Fills boxes as one shape. Edges are not antialiased, so that neighbours show no seam.
+    /// Fills boxes as one shape. Edges are not antialiased, so that adjacent boxes show no seam.
     virtual void Fill(std::span<const PaintBox> boxes, std::uint32_t color) = 0;
     virtual void Stroke(const PaintOutline& outline) = 0;
-    /// For the glyphs that follow.
+    /// Sets the colour of the following glyphs.
     virtual void SetTextColor(std::uint32_t color) = 0;
 };
 
-/// Paints by cairo, on a context of which one unit is a point, Y downward.
+/// Paints with cairo, on a context with one unit per point, Y downward.
 class CairoCanvas final : public Canvas {
 public:
     explicit CairoCanvas(cairo_t* context) : context_(context), glyphs_(context) {}

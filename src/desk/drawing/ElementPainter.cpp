@@ -26,7 +26,6 @@ std::optional<PaintBox> BoxOf(const host::IHostElement& element) {
                     bounds->XMax() * kPointsPerInch, -bounds->YMin() * kPointsPerInch};
 }
 
-/// What an element is painted as.
 enum class Kind { Text, Filled, MapFrame, Group, Other };
 
 Kind AskKind(const host::IHostElement& element) {
@@ -37,8 +36,8 @@ Kind AskKind(const host::IHostElement& element) {
     return Kind::Other;
 }
 
-/// Remembers the kind of each class: a dynamic_cast that fails costs as much as painting the
-/// element. A class that two libraries know may have two addresses, and is then asked twice.
+/// Caches the kind of each class, because a failed dynamic_cast costs as much as painting the
+/// element. A class known to two libraries may have two type_info addresses and two entries.
 class Kinds {
 public:
     Kind Of(const host::IHostElement& element) {
@@ -52,20 +51,19 @@ private:
     std::vector<std::pair<const std::type_info*, Kind>> known_;
 };
 
-/// How a text symbol paints texts; without a colour they do not show.
+/// How a text symbol paints; without a colour the text is invisible.
 struct TextStyle {
     const ResolvedFont* font = nullptr;
     TextPlacement placement;
     std::optional<std::uint32_t> color;
 };
 
-/// How a fill symbol paints a rectangle.
 struct FillStyle {
     std::optional<std::uint32_t> fill, outline;
 };
 
-/// The styles of the last few symbols, each read once. The symbols are held, so that no other one
-/// takes their address. For one pass over elements, in which no symbol changes.
+/// Caches the styles of the last symbols. Holds the symbols, so that their addresses are not
+/// reused. Valid for one pass, during which symbols do not change.
 template <class Symbol, class Style>
 class StyleCache {
 public:
@@ -83,11 +81,11 @@ private:
         host::Ref<Symbol> symbol;
         Style style;
     };
-    std::array<Known, 8> known_;  // More than an index has columns, as a rule.
+    std::array<Known, 8> known_;  // More than the columns of a usual index.
     std::size_t next_ = 0;
 };
 
-/// Does not look for a font where no text shows.
+/// Does not look up the font of an invisible text.
 TextStyle ReadStyle(const host::IHostTextSymbol& symbol, TextEngine& engine) {
     const auto color = VisibleColor(symbol.Color());
     if (!color) return {};
@@ -101,7 +99,6 @@ FillStyle ReadStyle(const host::IHostFillSymbol& symbol) {
     return {VisibleColor(symbol.Color()), outline ? VisibleColor(outline->Color()) : std::nullopt};
 }
 
-/// One pass over elements.
 class Pass {
 public:
     Pass(Canvas& canvas, TextEngine& engine) : engine_(engine), queue_(canvas, engine) {}
@@ -189,7 +186,7 @@ void Pass::PaintGroup(const host::IHostGroupElement& group) {
         if (const auto member = group.Item(i)) Paint(*member);
 }
 
-/// Shows a crossed frame for an element whose content is not shown.
+/// Draws a crossed frame for a group in draft state.
 void Pass::PaintPlaceholder(const host::IHostGroupElement& group) {
     const auto box = BoxOf(group);
     if (box) queue_.Draw(PaintOutline{*box, kFrameColor, true});

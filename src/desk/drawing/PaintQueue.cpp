@@ -7,17 +7,17 @@
 namespace desk {
 namespace {
 
-/// Points by which boxes that touch may overlap, from rounding when lengths are added up.
+/// Points by which touching boxes may overlap, due to rounding.
 constexpr double kTolerance = 1e-3;
 
-/// Bounds in a block of InkBounds.
+/// Bounds per block of InkBounds.
 constexpr std::size_t kBlock = 32;
 
 bool Same(double a, double b) {
     return std::abs(a - b) < kTolerance;
 }
 
-/// Extends a box by the next one if they share a whole side, the next one to the right or below.
+/// Merges the next box into a box if it lies to the right or below and shares a whole side.
 bool Joins(PaintBox& box, const PaintBox& next) {
     const bool right =
         Same(box.top, next.top) && Same(box.bottom, next.bottom) && Same(box.right, next.left);
@@ -28,7 +28,7 @@ bool Joins(PaintBox& box, const PaintBox& next) {
     return right || below;
 }
 
-/// Cells of a row join first; the row then joins the row above.
+/// Merges the cells of a row first, then the row with the row above.
 void Add(std::vector<PaintBox>& boxes, const PaintBox& box) {
     boxes.push_back(box);
     while (boxes.size() > 1 && Joins(boxes[boxes.size() - 2], boxes.back())) boxes.pop_back();
@@ -96,8 +96,8 @@ void PaintQueue::Flush() {
     inkBounds_.Clear();
 }
 
-/// Returns the gathered rectangles of the colour, or new ones if a rectangle of another colour
-/// above them overlaps the box.
+/// Returns the pending rectangles of the colour, or a new list if a later rectangle of another
+/// colour overlaps the box.
 PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, std::uint32_t color) {
     const PaintBox inside = box.Shrunk(kTolerance);
     for (auto fill = fills_.rbegin(); fill != fills_.rend(); ++fill) {

@@ -10,25 +10,26 @@
 
 namespace desk {
 
-/// The ink bounds of drawings that are held back on a page. Rectangles of a page ask some hundred
-/// times each, so bounds are grouped into blocks: most blocks are skipped after one comparison.
+/// The bounds of the pending texts and outlines of a page. Each rectangle is tested against some
+/// hundred of them, so bounds are grouped into blocks, most of which are skipped after one
+/// comparison.
 class InkBounds {
 public:
     void Add(const PaintBox& box);
     void Clear();
 
-    /// Whether a drawing overlaps the box.
+    /// Returns whether any bounds overlap the box.
     bool Overlap(const PaintBox& box) const;
 
 private:
     std::vector<PaintBox> bounds_;
-    std::vector<PaintBox> blocks_;  ///< Each around a fixed number of bounds.
+    std::vector<PaintBox> blocks_;  ///< Each encloses a fixed number of bounds.
 };
 
-/// Paints rectangles, texts and outlines with the same result as one after another, but gathers
-/// rectangles of one colour into a single path where the order makes no difference. Neighbours of
-/// one colour then show no seam in any viewer, and a page takes few changes of colour. A rectangle
-/// that merely touches the box of an outline does not count as covering it.
+/// Paints rectangles, texts and outlines as if in order, but merges rectangles of the same colour
+/// into one path where the result is the same. Adjacent rectangles then show no seam in any viewer,
+/// and a page has few colour changes. A rectangle that only touches an outline's box does not count
+/// as covering it.
 class PaintQueue {
 public:
     PaintQueue(Canvas& canvas, TextEngine& engine) : canvas_(canvas), engine_(engine) {}
@@ -38,7 +39,6 @@ public:
     void Draw(const PlacedText& text, std::uint32_t color);
     void Draw(const PaintOutline& outline);
 
-    /// Paints all that is held back.
     void Flush();
 
 private:
@@ -48,7 +48,7 @@ private:
     };
     struct ColoredTexts {
         std::uint32_t color;
-        std::size_t first, end;  ///< Of the lines of texts.
+        std::size_t first, end;  ///< Range of lines in texts_.
     };
 
     ColoredBoxes& PlaceFor(const PaintBox& box, std::uint32_t color);
@@ -57,11 +57,11 @@ private:
 
     Canvas& canvas_;
     TextEngine& engine_;
-    // Held back: rectangles by colour, and above them all texts and outlines in their order.
+    // Pending: rectangles by colour, then all texts and outlines in order.
     std::vector<ColoredBoxes> fills_;
     std::vector<std::variant<ColoredTexts, PaintOutline>> drawings_;
     PlacedGlyphs texts_;
-    InkBounds inkBounds_;  ///< Of all drawings.
+    InkBounds inkBounds_;  ///< Bounds of drawings_.
 };
 
 }  // namespace desk

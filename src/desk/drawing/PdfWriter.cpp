@@ -11,7 +11,7 @@ namespace {
 
 using pdf::Reference;
 
-/// Empty where the environment sets no date.
+/// Returns an empty text if SOURCE_DATE_EPOCH is not set.
 std::string CreationDate() {
     const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
     if (!epoch || !*epoch) return {};
@@ -24,12 +24,12 @@ std::string CreationDate() {
     return {text, length};
 }
 
-/// The bookmarks of a file, all on one level. Each is written when the next one is known.
+/// The bookmarks of a file, on one level. Each is written when the next one is known.
 class Bookmarks {
 public:
     explicit Bookmarks(pdf::ObjectFile& file) : file_(file) {}
 
-    /// Adds a bookmark that leads to a height on a page, in points.
+    /// Adds a bookmark to a height on a page, in points.
     void Add(const std::string& title, int page, double height) {
         const int number = file_.NewObject();
         if (count_++ == 0) {
@@ -44,7 +44,7 @@ public:
         last_ = number;
     }
 
-    /// Writes the last bookmark and the root. Returns the root's number, 0 without bookmarks.
+    /// Writes the last bookmark and the root. Returns the root's number; 0 without bookmarks.
     int Write() {
         if (count_ == 0) return 0;
         file_.WriteObject(last_, body_ + ">>");
@@ -59,7 +59,7 @@ private:
     int count_ = 0;
     int first_ = 0;
     int last_ = 0;
-    std::string body_;  ///< Of the last one.
+    std::string body_;  ///< Of the last bookmark.
 };
 
 class PdfWriter final : public PageWriter {
@@ -90,7 +90,7 @@ private:
     Bookmarks bookmarks_;
     int catalog_;
     int pageTree_;
-    std::vector<int> pages_;  ///< Objects of the pages.
+    std::vector<int> pages_;  ///< Object numbers of the pages.
     std::unique_ptr<pdf::PageContent> content_;
     double width_ = 0, height_ = 0;  ///< Of the sheet, in points.
 };

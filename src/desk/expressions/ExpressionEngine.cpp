@@ -8,7 +8,7 @@
 namespace desk {
 namespace {
 
-/// More columns than an index has, so that each finds its expression at every row.
+/// More than the columns of a usual index, so that no expression is parsed again for each row.
 constexpr std::size_t kKeptExpressions = 32;
 
 [[noreturn]] void Fail(std::int32_t number, const std::string& text) {
@@ -128,7 +128,7 @@ std::string ExpressionEngine::Evaluate(const host::Ref<host::IHostTable>& table,
 
 const Expression& ExpressionEngine::Compile(const host::Ref<host::IHostTable>& table,
                                             const std::string& text) {
-    // A new table may have the address of a former one; owners are compared, which differ.
+    // A new table may have the address of a deleted one, so owners are compared.
     const auto isWanted = [&](const Compiled& kept) {
         return !kept.table.owner_before(table) && !table.owner_before(kept.table) &&
                kept.text == text;
@@ -146,7 +146,8 @@ const Expression& ExpressionEngine::Compile(const host::Ref<host::IHostTable>& t
 void ExpressionEngine::AppendText(std::string& result, host::Variant&& value) {
     auto* const text = std::get_if<std::string>(&value);
     if (text != nullptr && result.empty())
-        result = std::move(*text);  // Most cells begin with a field, or are nothing else.
+        result = std::move(*text);  // Moves the text: most cells start with a field or consist of
+                                    // one.
     else
         AppendText(result, value);
 }

@@ -14,29 +14,27 @@
 
 namespace desk {
 
-/// A part of an expression.
 struct ExpressionPart {
     enum class Kind { Literal, Field, Token };
     Kind kind = Kind::Literal;
-    std::string text;         ///< The literal, the field's name, or the token's key without $$.
+    std::string text;         ///< The literal, the field's name, or the token without $$.
     std::int32_t field = -1;  ///< Index of the field.
 };
 
-/// An expression parsed for one table.
 struct Expression {
     std::vector<ExpressionPart> parts;
-    host::ExpressionFinding finding;  ///< Empty text for a valid expression.
+    host::ExpressionFinding finding;  ///< Empty text if the expression is valid.
 };
 
-/// Parses an expression. A null table has no fields.
+/// Parses an expression. A null table counts as a table without fields.
 Expression ParseExpression(const host::Ref<host::IHostTable>& table, const std::string& text);
 
-/// Column text expressions: literal text with [Field], in any case, and the tokens $$PAGE_NUMBER,
-/// $$ROW and $$COLUMN, in this case only. Everything else, other $$ words included, is copied
-/// unchanged, and inserted values are not parsed again. Null and blank give empty text.
+/// Expressions for column texts: literal text with [Field], case-insensitive, and the tokens
+/// $$PAGE_NUMBER, $$ROW and $$COLUMN, case-sensitive. All other text, including other $$ words, is
+/// copied unchanged; inserted values are not parsed again. Null and Empty give an empty text.
 class ExpressionEngine : public host::CVNExpressionEngine, public host::IHostExpressionExplanation {
 public:
-    /// The editor of a host that has one. Returns the new expression, or empty for no change.
+    /// Opens the host's editor. Returns the new expression, or an empty text for no change.
     using Editor = std::function<std::string(const host::Ref<host::IHostTable>& table,
                                              const std::string& expression,
                                              const std::vector<host::TokenDescription>& tokens)>;
@@ -52,8 +50,7 @@ public:
                                     const std::string& expression) override {
         return ParseExpression(table, expression).finding;
     }
-    /// Throws host::Failure for an expression that is not valid, for a field without a row, and for
-    /// a token without a value.
+    /// Throws host::Failure for an invalid expression, a missing row, or a token without a value.
     std::string Evaluate(const host::Ref<host::IHostTable>& table,
                          const host::Ref<host::IHostRow>& row, const std::string& expression,
                          const host::TokenValues& tokens) override;
@@ -75,7 +72,7 @@ private:
 
     host::Ref<host::IHostLocale> locale_;
     Editor editor_;
-    std::list<Compiled> recent_;  ///< Latest use first.
+    std::list<Compiled> recent_;  ///< Most recently used first.
 };
 
 }  // namespace desk

@@ -16,7 +16,7 @@ namespace desk {
 
 namespace {
 
-constexpr std::size_t kChunk = 1 << 20;  // Read per call where the size is not known, bytes.
+constexpr std::size_t kChunk = 1 << 20;  // Bytes per read when the size is unknown.
 
 [[noreturn]] void Fail(const std::string& path, const std::string& reason) {
     const bool gone = errno == ENOENT;
@@ -70,7 +70,7 @@ std::string ReadWholeFile(const std::string& path, FileState* state) {
     content.reserve(expected + simdjson::SIMDJSON_PADDING);
     for (;;) {
         const std::size_t have = content.size();
-        // One byte more than expected finds the end of a file of the known size in one go.
+        // The extra byte makes read() reach the end of a file of the expected size in one call.
         content.resize(have < expected ? expected + 1 : have + kChunk);
         const auto got = ::read(file.Get(), content.data() + have, content.size() - have);
         content.resize(have + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));

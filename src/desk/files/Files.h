@@ -7,10 +7,10 @@
 
 namespace desk {
 
-/// Which file stood at a path at a moment, and when it was last changed: tells later whether
-/// others wrote to the place meanwhile. Every save by ReplacingFile makes another file of it.
+/// Identity and modification time of the file at a path. Two equal states mean that no other
+/// program has written the file in between: each save by ReplacingFile creates a new inode.
 struct FileState {
-    /// Links followed. What cannot be looked at counts as not there.
+    /// Follows links. A file that cannot be examined is reported as absent.
     static FileState At(const std::string& path);
     static FileState Of(int descriptor);
 
@@ -24,10 +24,10 @@ struct FileState {
     long modifiedNanoseconds = 0;
 };
 
-/// An open file, closed on every way out.
+/// Owns a file descriptor and closes it.
 class Descriptor {
 public:
-    /// Takes what open returned, a negative number included.
+    /// Accepts the result of open(), including a negative one.
     explicit Descriptor(int number) : number_(number) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -40,12 +40,12 @@ private:
     int number_;
 };
 
-/// The whole content of a file. The string has spare room for the JSON reader, which looks a few
-/// bytes beyond the end. Fails for a file that is gone, a folder or one that may not be read.
-/// The state, if asked for, is that before the first byte was read.
+/// Returns the whole content of a file, with SIMDJSON_PADDING bytes of spare capacity. Throws
+/// host::Failure if the file is missing, unreadable or a folder. Sets *state, if given, to the
+/// state before the first byte is read.
 std::string ReadWholeFile(const std::string& path, FileState* state = nullptr);
 
-/// Replaces a file, or makes a new one, in one step (see ReplacingFile).
+/// Creates or replaces a file atomically (see ReplacingFile).
 void ReplaceFile(const std::string& path, std::string_view content);
 
 }  // namespace desk

@@ -11,14 +11,15 @@
 
 namespace desk {
 
-/// A file that appears under its name only once it is complete, so that at every moment, also in a
-/// crash, either the old or the new content stands there in full. Until then it has no name where
-/// the file system allows that, and else a name beside its place; nothing remains of one that is
-/// given up. A link stays a link to what is written, and permissions stay. Every failure is one
-/// sentence that names the file and the reason.
+/// Writes a file and moves it to its path only when it is complete. At any moment, also after a
+/// crash, the path holds either the whole old content or the whole new content. Until Commit the
+/// file has no name (O_TMPFILE) or, where the file system does not support that, a temporary name
+/// starting with ".desk-" in the same folder; the destructor removes an uncommitted file. A
+/// symbolic link stays a link and its target is replaced; permissions are kept. Failures are
+/// host::Failure with one sentence that names the file and the reason.
 class ReplacingFile {
 public:
-    /// What to do with a place that is no ordinary file, such as a device.
+    /// What to do with a path that is not a regular file, such as a device.
     enum class Devices { Refuse, WriteAtOnce };
 
     explicit ReplacingFile(const std::string& path, Devices devices = Devices::Refuse);
@@ -26,19 +27,18 @@ public:
     ReplacingFile(const ReplacingFile&) = delete;
     ReplacingFile& operator=(const ReplacingFile&) = delete;
 
-    /// False once something could not be written; Commit then fails.
+    /// Returns false after a write error; Commit then throws.
     bool Write(std::string_view content);
 
-    /// Syncs what was written. All that may fail for want of room has then been done.
+    /// Writes and syncs the content, so that a full disk is reported before Commit.
     void Complete();
-    /// Completes what was written and puts it in its place.
+    /// Completes the file and replaces the target.
     void Commit() { Commit(std::nullopt); }
-    /// The same, unless another file stands there than the expected one: one that has changed
-    /// since, or any where none was. An expected file that is gone is no hindrance. Answers the new
-    /// state.
+    /// The same, but throws if the target exists and differs from the expected file. An expected
+    /// file that no longer exists is no failure. Returns the new state of the target.
     FileState Commit(const std::optional<FileState>& expected);
 
-    /// Fails with what went wrong so far, if anything did.
+    /// Throws if a write has failed.
     void Check() const;
     [[noreturn]] void Fail(const std::string& reason) const;
 
@@ -49,23 +49,23 @@ private:
         void operator()(std::FILE* stream) const { std::fclose(stream); }
     };
 
-    void OpenNameless();
+    void OpenUnnamed();
     void OpenBeside();
-    void Take(int file);
-    void NameIt();
+    void OpenStream(int file);
+    void LinkBeside();
     void CheckExpected(const FileState& expected) const;
     void PutInPlace(const std::optional<FileState>& expected);
-    bool MakeNew() const;
-    void DressAsOld() const;
+    bool LinkIfAbsent() const;
+    void CopyPermissions() const;
     void SyncFolder() const;
     [[noreturn]] void FailWith(int error) const;
 
-    std::string path_;              ///< As the user knows it.
-    std::filesystem::path target_;  ///< Links followed.
-    std::filesystem::path beside_;  ///< The name beside the place; empty without one.
+    std::string path_;                 ///< As given by the user; for messages.
+    std::filesystem::path target_;     ///< With links resolved.
+    std::filesystem::path temporary_;  ///< Temporary name; empty for an unnamed file.
     std::unique_ptr<std::FILE, Closer> stream_;
     bool complete_ = false;
-    bool atOnce_ = false;  ///< The target is written directly.
+    bool direct_ = false;  ///< Writes to the target directly.
     int error_ = 0;        ///< errno of the first write that failed.
 };
 

@@ -12,13 +12,13 @@ namespace desk {
 
 namespace {
 
-/// Longer than any double or 64-bit integer in its shortest form.
+/// Longer than the shortest form of any double or 64-bit integer.
 constexpr std::size_t kNumberRoom = 40;
 
-/// Handed to the sink at a time, about, in bytes.
+/// Approximate size of the blocks passed to the sink, in bytes.
 constexpr std::size_t kBlock = 1 << 16;
 
-/// A text's beginning, short and printable, to show which one is at fault.
+/// Returns the first 40 bytes of a text with unprintable ones replaced, for messages.
 std::string Shown(std::string_view text) {
     std::string shown;
     for (const char c : text.substr(0, 40)) shown += c >= ' ' && c <= '~' ? c : '?';
@@ -134,7 +134,7 @@ void JsonWriter::Escape(char character) {
     constexpr std::string_view kHexDigits = "0123456789abcdef";
     constexpr std::string_view kCharacters = "\"\\\n\r\t\b\f";
     constexpr std::string_view kLetters = "\"\\nrtbf";
-    constexpr std::size_t kOfDocuments = 5;  // These have always had the others as numbers.
+    constexpr std::size_t kOfDocuments = 5;  // Stored documents write \b and \f as \u00XX.
     const auto place = kCharacters.find(character);
     out_ += '\\';
     if (place < (indentation_ > 0 ? kLetters.size() : kOfDocuments)) {

@@ -9,43 +9,41 @@
 
 namespace desk {
 
-/// Writes JSON piece by piece, so that a large document never stands in memory, neither as a tree
-/// nor as text. The caller sees to it that pieces come in an order that makes sense.
+/// Writes JSON as a stream, so that a large document is never held in memory. The caller is
+/// responsible for a valid order of calls.
 class JsonWriter {
 public:
-    /// Takes the text as it comes, in blocks.
+    /// Receives the text in blocks.
     using Sink = std::function<void(std::string_view)>;
 
-    /// Without blanks, as documents are stored. With an indentation each item stands on a line of
-    /// its own, by so many blanks further right than what it is part of.
+    /// With an indentation of 0 the output has no blanks, as in stored documents. With a larger one
+    /// each item starts a line, indented by that many blanks per level.
     explicit JsonWriter(Sink sink, int indentation = 0)
         : sink_(std::move(sink)), indentation_(indentation) {}
     virtual ~JsonWriter() = default;
     JsonWriter(const JsonWriter&) = delete;
     JsonWriter& operator=(const JsonWriter&) = delete;
 
-    /// Ends the text with a line end, and hands over what there still is of it.
+    /// Writes a line end and passes the rest of the text to the sink.
     void Finish();
 
     void BeginObject() { Begin('{'); }
     void EndObject() { End('}'); }
     void BeginArray() { Begin('['); }
     void EndArray() { End(']'); }
-    /// The next item stands on a line of its own.
+    /// Starts a line before the next item.
     void NewLine() { newLine_ = true; }
 
-    /// Names the next value of an object.
     void Key(std::string_view key);
     void Text(std::string_view text);
     void Flag(bool flag);
     void Whole(std::int64_t number);
-    /// A text that reads back as the same bits, always with a point or an exponent: the shortest
-    /// or, with an indentation, one with an exponent only below 0.0001 and from 1e15.
-    /// Infinities and NaN become the texts "inf", "-inf" and "nan".
+    /// Writes a number that reads back as the same bits, always with a point or an exponent: the
+    /// shortest form or, with an indentation, a form with an exponent only below 0.0001 and from
+    /// 1e15. Infinities and NaN are written as the texts "inf", "-inf" and "nan".
     void Number(double number);
     void Null();
 
-    /// Writes a key with a text, a flag or a number.
     template <class Value>
     void Member(std::string_view key, const Value& value) {
         Key(key);
@@ -60,7 +58,7 @@ public:
     }
 
 protected:
-    /// What is written in place of bytes that are not valid UTF-8. Fails unless it is overridden.
+    /// Returns the replacement for a text that is not valid UTF-8. The default throws.
     virtual std::string Mended(std::string_view text) const;
 
 private:
@@ -75,7 +73,7 @@ private:
     Sink sink_;
     int indentation_;
     int depth_ = 0;
-    std::string out_;  ///< What the sink has not taken yet.
+    std::string out_;  ///< Not yet passed to the sink.
     bool comma_ = false;
     bool newLine_ = false;
 };

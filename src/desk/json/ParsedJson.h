@@ -6,15 +6,15 @@
 
 namespace desk {
 
-/// The values of a JSON text, which is not needed any more. A byte order mark before it is passed
-/// over.
+/// The parsed values of a JSON text. Copies the values, so the text may be freed. Skips a byte
+/// order mark.
 class ParsedJson {
 public:
     explicit ParsedJson(const std::string& text);
 
-    /// SUCCESS, or why the text is not JSON.
+    /// SUCCESS, or the reason why the text is not JSON.
     simdjson::error_code Error() const { return error_; }
-    /// Valid without an error.
+    /// Valid only without an error.
     simdjson::dom::element Root() const { return root_; }
 
 private:
@@ -23,8 +23,9 @@ private:
     simdjson::error_code error_;
 };
 
-/// Where a text stops being JSON, as "line 2, column 7", both from 1, the column in bytes: the end
-/// of the first piece that does not belong there. Empty for a text of which the form is right.
+/// Returns where a text stops being valid JSON, such as "line 2, column 7". Both count from 1; the
+/// column counts bytes and is the end of the first invalid token. Returns an empty text for valid
+/// JSON.
 std::string PlaceOfJsonFault(std::string_view text);
 
 }  // namespace desk

@@ -15,8 +15,8 @@
 namespace desk {
 namespace {
 
-/// Under ICU's name for it the C locale compares byte by byte, so that a and A would differ. The
-/// root is used instead, which has a neutral order.
+/// ICU's C locale compares bytes, so a and A would differ. The root locale is used instead, which
+/// has a neutral order.
 bool IsPlainC(std::string_view name) {
     const std::string_view base = name.substr(0, name.find('.'));
     return base.empty() || base == "C" || base == "POSIX" || base == "root" || base == "und" ||
@@ -45,8 +45,8 @@ bool HasCollation(const icu::Locale& locale) {
     return false;
 }
 
-/// Moves the script, which the C library puts behind an @, to where ICU expects it:
-/// sr_RS.UTF-8@latin becomes sr_Latn_RS. Other modifiers, such as euro, stay, and ICU ignores them.
+/// Moves the script that the C library puts after an @ to where ICU expects it: sr_RS.UTF-8@latin
+/// becomes sr_Latn_RS. Other modifiers, such as euro, are kept; ICU ignores them.
 std::string WithScript(const std::string& name) {
     struct Script {
         std::string_view modifier, code;
@@ -99,7 +99,7 @@ std::unique_ptr<icu::Collator> MakeCollator(const icu::Locale& locale) {
     std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
     if (U_SUCCESS(status)) {
         collator->setStrength(icu::Collator::SECONDARY);
-        // Tables hold composed and decomposed characters.
+        // Tables contain both composed and decomposed characters.
         collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
     }
     if (U_FAILURE(status))
@@ -122,8 +122,8 @@ std::unique_ptr<icu::BreakIterator> MakeCharacterIterator() {
     return iterator;
 }
 
-/// Below U+0300 each code point is a character of its own, except CR before LF, which counts as two
-/// here. So no rules are needed. Returns false for a text outside of this range or not well-formed.
+/// Below U+0300 each code point is a character, except CR before LF, which counts as two here. No
+/// break rules are needed. Returns false for other or malformed texts.
 bool SimpleLengths(std::string_view text, std::vector<std::size_t>& lengths) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
@@ -162,7 +162,7 @@ std::string IcuLocale::CollationKey(const std::string& text) {
         key.resize(needed);
         needed = static_cast<std::size_t>(fill());
     }
-    key.resize(needed == 0 ? 0 : needed - 1);  // ICU ends the key with a zero byte.
+    key.resize(needed == 0 ? 0 : needed - 1);  // ICU terminates the key with a zero byte.
     return key;
 }
 

@@ -10,13 +10,13 @@
 
 namespace desk {
 
-/// The user's locale by ICU. The collator compares base letters and accents and ignores case. Bytes
-/// that are not UTF-8 count as U+FFFD. Not safe for use by two threads.
+/// The user's locale by ICU. Compares base letters and accents and ignores case. Bytes that are not
+/// UTF-8 count as U+FFFD. Must be used by one thread.
 class IcuLocale : public host::IHostLocale {
 public:
-    /// Names such as "de_DE.UTF-8", "de-DE", "de@collation=phonebook", "C". The empty name is the
-    /// user's, from the first of LC_ALL, LC_COLLATE and LANG that is set; a user's locale that ICU
-    /// does not know is its root. Throws host::Failure for any other name that ICU has no data for.
+    /// Accepts names such as "de_DE.UTF-8", "de-DE", "de@collation=phonebook" and "C". An empty
+    /// name means the first of LC_ALL, LC_COLLATE and LANG that is set; if ICU does not know that
+    /// locale, the root locale is used. Throws host::Failure for any other name without ICU data.
     explicit IcuLocale(const std::string& name = {});
 
     int CompareText(const std::string& text1, const std::string& text2) override;

@@ -19,14 +19,14 @@ constexpr char32_t kNarrowNoBreakSpace = 0x202F;
 constexpr char32_t kApostrophe = U'\'';
 constexpr char32_t kRightQuote = 0x2019;
 constexpr char32_t kMinusSign = 0x2212;
-/// Every integer of so many digits is exact in a double.
+/// Every integer with this number of digits is exact in a double.
 constexpr std::size_t kExactDigits = 15;
-/// Longer texts, in bytes, are not taken for numbers.
+/// Longer texts, in bytes, are not parsed as numbers.
 constexpr std::size_t kLongestNumber = 400;
-/// What Classify returns for a group sign.
+/// Result of Classify for a group separator.
 constexpr char kGroup = ',';
 
-/// The group signs to accept: keyboards have other ones than the typographic ones of locales.
+/// Returns the accepted group separators: keyboards lack the typographic ones of many locales.
 std::vector<char32_t> GroupSigns(char32_t sign) {
     if (sign == kNoBreakSpace || sign == kNarrowNoBreakSpace)
         return {kNoBreakSpace, kNarrowNoBreakSpace};
@@ -39,7 +39,7 @@ char32_t OnlyCharacter(const icu::UnicodeString& text) {
     return text.countChar32() == 1 ? static_cast<char32_t>(text.char32At(0)) : 0;
 }
 
-/// Parses a short run of ASCII digits, by far the most frequent number of an index.
+/// Parses a short run of ASCII digits, the most frequent case in an index.
 std::optional<double> PlainInteger(std::string_view text) {
     if (text.empty() || text.size() > kExactDigits) return std::nullopt;
     std::int64_t value = 0;
@@ -71,8 +71,8 @@ NumberText::NumberText(const icu::Locale& locale) {
         OnlyCharacter(symbols.getConstSymbol(icu::DecimalFormatSymbols::kGroupingSeparatorSymbol)));
 }
 
-/// Returns a digit, a sign, '.' or 'e' as from_chars reads it, kGroup, or 0 for what is not part of
-/// a number.
+/// Returns the character as from_chars reads it (digit, sign, '.' or 'e'), kGroup, or 0 for a
+/// character that is not part of a number.
 char NumberText::Classify(char32_t character) const {
     if (character >= U'0' && character <= U'9') return static_cast<char>(character);
     if (character == decimalSign_) return '.';
@@ -89,11 +89,11 @@ std::optional<double> NumberText::Parse(std::string_view text) const {
     if (const auto plain = PlainInteger(text)) return plain;
     if (text.empty() || text.size() > kLongestNumber) return std::nullopt;
 
-    // from_chars checks the order of everything but group signs and a plus at the start.
+    // from_chars checks the order of everything except group separators and a leading plus.
     std::array<char, kLongestNumber> ascii;
     std::size_t length = 0;
     char previous = '\0';
-    bool whole = true;  // No decimal sign or exponent yet.
+    bool whole = true;  // No decimal sign or exponent so far.
     for (std::size_t at = 0; at < text.size();) {
         const char part = Classify(NextCodePoint(text, at));
         if (part == '\0') return std::nullopt;
@@ -115,7 +115,7 @@ std::optional<double> NumberText::Parse(std::string_view text) const {
 }
 
 std::string NumberText::Format(double value) const {
-    if (value == 0) return "0";  // Also for the negative zero.
+    if (value == 0) return "0";  // Also for negative zero.
     const double magnitude = std::abs(value);
     const bool fixed = magnitude >= 1e-7 && magnitude < 1e21;
     std::array<char, 64> buffer;

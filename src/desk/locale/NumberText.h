@@ -8,18 +8,17 @@
 
 namespace desk {
 
-/// Numbers as text under one locale.
 class NumberText {
 public:
     explicit NumberText(const icu::Locale& locale);
 
-    /// Returns the value of a whole text: optional sign, digits with group separators anywhere
-    /// between them, decimal sign, exponent after e or E. Digits of any script count. Returns
-    /// nothing for every other text and for values beyond the range of a double.
+    /// Parses a whole text: optional sign, digits of any script with group separators between them,
+    /// decimal sign, exponent after e or E. Returns nothing for any other text and for values
+    /// beyond the range of a double.
     std::optional<double> Parse(std::string_view text) const;
 
-    /// Returns the shortest decimal text that reads back as the same value. An exponent appears
-    /// only below 1e-7 and from 1e21 on.
+    /// Returns the shortest decimal text that reads back as the same value. Uses an exponent only
+    /// below 1e-7 and from 1e21.
     std::string Format(double value) const;
 
 private:

@@ -10,14 +10,14 @@
 
 namespace desk {
 
-/// The map book file of a document, read when it is first asked for, so that a document whose book
-/// is gone can still be worked on as long as the book is not needed.
+/// The map book file of a document. It is read on first use, so that a document whose book is
+/// missing can be edited as long as the book is not needed.
 class BookSource {
 public:
-    /// An empty path stands for no map book.
+    /// An empty path means no map book.
     explicit BookSource(std::string path) : path_(std::move(path)) {}
 
-    /// Null without a map book. Fails like ReadMapBookFile, and tries again when asked again.
+    /// Returns null without a map book. Throws like ReadMapBookFile; the next call tries again.
     std::shared_ptr<const MapBookFile> File();
 
 private:
@@ -27,10 +27,10 @@ private:
 
 class LayoutContext final : public host::CVNLayoutContext {
 public:
-    /// The template that the document names comes before that of the book.
+    /// The document's own template takes precedence over the book's current one.
     LayoutContext(std::shared_ptr<BookSource> source, std::string ownTemplate)
         : source_(std::move(source)), ownTemplate_(std::move(ownTemplate)) {}
-    /// Empty where no template is on show.
+    /// Returns Empty if there is no current template.
     host::Variant CurrentTemplateKey() override;
 
 private:
@@ -38,8 +38,8 @@ private:
     std::string ownTemplate_;
 };
 
-/// Answers from a map book file, or, without one, as a book that holds nothing. Every call fails
-/// for a key that is not there, naming it and the file.
+/// Queries a map book file; without a file, an empty book. Every call throws for an unknown key and
+/// names the key and the file.
 class MapBook final : public host::CVNMapBook {
 public:
     explicit MapBook(std::shared_ptr<BookSource> source) : source_(std::move(source)) {}

@@ -21,7 +21,7 @@ std::string TextOf(const JsonNode& node) {
     return std::string(node.Text());
 }
 
-/// What the reader makes of each item of an array.
+/// Returns the reader's result for each item of an array.
 template <class Reader>
 auto List(const JsonNode& node, Reader read) {
     std::vector<decltype(read(node))> items;
@@ -125,7 +125,7 @@ private:
                                            List(node.Member("columns"), TextOf));
     }
 
-    /// Book files come from systems with either separator.
+    /// Book files may use either separator.
     std::string PathOf(std::string name) const {
         std::replace(name.begin(), name.end(), '\\', '/');
         return (folder_ / name).string();

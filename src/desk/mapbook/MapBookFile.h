@@ -8,7 +8,7 @@
 
 namespace desk {
 
-/// A template with the elements of its layout, lowest first.
+/// A template and the elements of its layout, lowest first.
 struct BookTemplate {
     std::string key;
     std::string name;
@@ -18,8 +18,8 @@ struct BookTemplate {
 struct BookSection {
     std::string key;
     std::string name;
-    std::int32_t startPage = 1;      ///< The section's first page in the book.
-    std::vector<std::string> pages;  ///< In page order, each a template key, "$" and a number.
+    std::int32_t startPage = 1;      ///< Page number of the section's first page.
+    std::vector<std::string> pages;  ///< In page order: template key, "$", number.
     std::vector<BookTemplate> templates;
 };
 
@@ -28,16 +28,15 @@ struct Book {
     std::vector<BookSection> sections;
 };
 
-/// The content of a map book file.
 struct MapBookFile {
     std::string path;
-    std::string currentTemplate;  ///< Empty where the file names none.
+    std::string currentTemplate;  ///< Empty if the file names none.
     std::vector<Book> books;
 };
 
-/// Reads a map book file. Keys are unique: those of all books, of all sections, and of all
-/// templates. Index layer tables are not opened. Fails, in one sentence that names the file, the
-/// place in it and the fault, for a file that cannot be read or is not of this form.
+/// Reads a map book file. Keys of books, of sections and of templates must be unique among all of
+/// their kind. Does not open index layer tables. Throws host::Failure with one sentence that names
+/// the file, the place and the fault.
 MapBookFile ReadMapBookFile(const std::string& path);
 
 }  // namespace desk

@@ -11,14 +11,13 @@
 
 namespace desk {
 
-/// What a map series frame pages through.
+/// The index layer, first page and grids of a map series frame.
 struct Series {
-    std::string indexLayer;  ///< Path of the table, seen from where the program runs; empty: none.
+    std::string indexLayer;  ///< Path of the table, relative to the working directory; empty: none.
     std::int32_t firstPage = 1;
     std::vector<host::Ref<host::IHostMapGrid>> grids;
 };
 
-/// A map frame that is a map series frame, by its type.
 class SeriesFrame : public MapFrame {
 public:
     explicit SeriesFrame(Series series) : series_(std::move(series)) {}
@@ -28,16 +27,15 @@ private:
     Series series_;
 };
 
-/// A series frame on which grids lie.
 class GridSeriesFrame final : public SeriesFrame, public host::IHostMapGrids {
 public:
     using SeriesFrame::SeriesFrame;
     std::int32_t Count() const override;
-    /// Fails for an index that no grid has.
+    /// Throws for an index out of range.
     host::Ref<host::IHostMapGrid> Item(std::int32_t index) const override;
 };
 
-/// A grid of no further interest.
+/// A grid without labels.
 class MapGrid final : public host::IHostMapGrid {
 public:
     explicit MapGrid(bool visible) : visible_(visible) {}
@@ -55,7 +53,7 @@ public:
     bool Visible() const override { return visible_; }
     std::int32_t RowCount() const override { return static_cast<std::int32_t>(rows_.size()); }
     std::int32_t ColumnCount() const override { return static_cast<std::int32_t>(columns_.size()); }
-    /// Labels count from 1. Fails outside.
+    /// Indexes count from 1. Throws for an index out of range.
     std::string RowLabel(std::int32_t index) const override;
     std::string ColumnLabel(std::int32_t index) const override;
 
@@ -65,10 +63,9 @@ private:
     std::vector<std::string> columns_;
 };
 
-/// Opens the table in a file.
 using TableOpener = std::function<host::Ref<host::IHostTable>(const std::string& path)>;
 
-/// Knows the series frames of map books by their type.
+/// Recognises the series frames of map books by their type.
 class SeriesManager final : public host::MapSeriesManager {
 public:
     explicit SeriesManager(TableOpener opener) : opener_(std::move(opener)) {}
@@ -78,13 +75,13 @@ public:
     void ClearFrame() override;
     void SetFrame(const host::Ref<host::IHostMapFrame>& frame) override;
 
-    // The following fail where no series frame is set, and, but for the first page's number,
-    // where it has no index layer.
+    // The following throw if no series frame is set and, except FirstPageNumber, if it has no index
+    // layer.
 
     host::Ref<host::IHostIndexLayer> IndexLayer() override;
     host::Variant FirstPageNumber() override;
-    /// The row of series page n is the n-th live row of the index layer's table, from 1. The rows
-    /// are read once for each SetFrame. Fails for a page without a row.
+    /// Returns the n-th live row of the index layer's table for series page n, from 1. The rows are
+    /// read once per SetFrame. Throws for a page without a row.
     host::Ref<host::IHostRow> PageFeature(std::int32_t page) override;
 
 private:

@@ -12,8 +12,7 @@ namespace desk {
 
 namespace {
 
-/// Like host::As, but faster for objects of the desk's own class. Every text and every background
-/// of a run passes through here.
+/// Like host::As, but faster for the desk's own classes; used for every text and background.
 template <class Interface, class Usual>
 host::Ref<Interface> FastAs(const host::Ref<host::IHostGeometry>& geometry) {
     if (!geometry) return nullptr;
@@ -58,7 +57,7 @@ void GroupElement::Add(const host::Ref<host::IHostElement>& element) {
                             element ? "A group cannot be a member of itself."
                                     : "A group cannot take in an element that is none.");
     }
-    // Most groups are cells, of a background and a text.
+    // Most groups are cells with a background and a text.
     if (members_.empty()) members_.reserve(2);
     members_.push_back(element);
 }
@@ -98,7 +97,7 @@ void TextElement::MeasureBounds(const host::Ref<host::IHostDisplay>& display,
     bounds->SetCoords(x + box.xmin, y + box.ymin, x + box.xmax, y + box.ymax);
 }
 
-/// Caches the size of a text: a row asks for the bounds of its cells and then for its own.
+/// Caches the extent, because a row asks for the bounds of its cells and then for its own.
 host::TextExtent TextElement::Extent(const host::Ref<host::IHostDisplay>& display) {
     if (!symbol_) SetSymbol(std::make_shared<TextSymbol>(engine_));
     const ResolvedFont* const font = ownSymbol_ ? &ownSymbol_->Resolved() : nullptr;

@@ -16,8 +16,8 @@ class TextEngine;
 class TextSymbol;
 struct ResolvedFont;
 
-/// What every element of the desk has: a name and a custom property. There may be tens of thousands
-/// of elements, so the custom property, which is rare, takes memory only when it is set.
+/// Name and custom property, common to all elements. The custom property is rare and allocated only
+/// when set, since a page may have tens of thousands of elements.
 template <class Kind>
 class ElementBase : public Kind, public host::IHostElementName, public host::IHostCustomProperty {
 public:
@@ -36,7 +36,7 @@ private:
     std::unique_ptr<host::Variant> custom_;
 };
 
-/// A group of elements. Its geometry is set by callers and does not follow the members.
+/// A group of elements. Callers set its geometry; it does not follow the members.
 class GroupElement final : public ElementBase<host::IHostGroupElement>,
                            public host::IHostFrameElement,
                            public host::IHostDraftOption {
@@ -45,23 +45,23 @@ public:
     void SetGeometry(const host::Ref<host::IHostGeometry>& geometry) override {
         geometry_ = geometry;
     }
-    /// The box around all members; of a group without members, that of its own geometry, or an
-    /// empty box at the origin. Empty boxes at the origin do not count among the members.
+    /// Sets the box around all members. Without members, sets the box of the group's own geometry,
+    /// or an empty box at the origin. Members with an empty box at the origin are ignored.
     void MeasureBounds(const host::Ref<host::IHostDisplay>& display,
                        const host::Ref<host::IHostEnvelope>& bounds) override;
 
     std::int32_t Count() const override { return static_cast<std::int32_t>(members_.size()); }
-    /// Fails for an index that no member has.
+    /// Throws for an index out of range.
     host::Ref<host::IHostElement> Item(std::int32_t index) const override;
-    /// Fails for null and for the group itself.
+    /// Throws for null and for the group itself.
     void Add(const host::Ref<host::IHostElement>& element) override;
-    /// Takes out the first member that is this element; the others keep their order. Fails for an
-    /// element that is no member.
+    /// Removes the first occurrence of the element and keeps the order of the others. Throws for an
+    /// element that is not a member.
     void Remove(const host::Ref<host::IHostElement>& element) override;
 
     bool Draft() const override { return draft_; }
     void SetDraft(bool draft) override { draft_ = draft; }
-    /// Accepts 0, which changes nothing that the desk shows. Fails for any other value.
+    /// Accepts only 0, which has no effect in the desk. Throws for any other value.
     void SetValue(std::int32_t value) override;
 
 private:
@@ -70,20 +70,20 @@ private:
     bool draft_ = false;
 };
 
-/// A text at a point. Scales with the page at first.
+/// A text at a point. ScaleWithPage is initially true.
 class TextElement final : public ElementBase<host::IHostTextElement> {
 public:
     explicit TextElement(std::shared_ptr<TextEngine> engine) : engine_(std::move(engine)) {}
 
     host::Ref<host::IHostGeometry> Geometry() const override { return point_; }
-    /// Fails for anything but a point or null.
+    /// Throws for anything but a point or null.
     void SetGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
-    /// Gives the upright box around the text, placed at its point by the symbol's placement and
-    /// angle; without a point, at the origin. The lower edge counts as the baseline.
+    /// Sets the upright box around the text, placed at its point by the symbol's placement and
+    /// angle, or at the origin without a point. The lower edge is used as the baseline.
     void MeasureBounds(const host::Ref<host::IHostDisplay>& display,
                        const host::Ref<host::IHostEnvelope>& bounds) override;
 
-    /// The symbol that was set; a default symbol of its own where none was.
+    /// Returns the symbol that was set, or a default symbol.
     host::Ref<host::IHostTextSymbol> Symbol() const override;
     void SetSymbol(const host::Ref<host::IHostTextSymbol>& symbol) override;
     std::string Text() const override { return text_; }
@@ -99,10 +99,11 @@ private:
 
     std::shared_ptr<TextEngine> engine_;
     mutable host::Ref<host::IHostTextSymbol> symbol_;
-    TextSymbol* ownSymbol_ = nullptr;  ///< The symbol, if it is the desk's.
+    TextSymbol* ownSymbol_ = nullptr;  ///< The symbol if it is a desk::TextSymbol, else null.
     host::Ref<host::IHostPoint> point_;
     std::string text_;
-    const ResolvedFont* measuredFont_ = nullptr;  ///< Of extent_; null if that is not current.
+    const ResolvedFont* measuredFont_ = nullptr;  ///< The font of extent_; null if extent_ is out
+                                                  ///< of date.
     host::TextExtent extent_;
     bool scaleWithPage_ = true;
 };
@@ -110,12 +111,12 @@ private:
 class RectangleElement final : public ElementBase<host::IHostFilledElement> {
 public:
     host::Ref<host::IHostGeometry> Geometry() const override { return envelope_; }
-    /// Fails for anything but an envelope or null.
+    /// Throws for anything but an envelope or null.
     void SetGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
     void MeasureBounds(const host::Ref<host::IHostDisplay>& display,
                        const host::Ref<host::IHostEnvelope>& bounds) override;
 
-    /// The symbol that was set; a default symbol of its own where none was.
+    /// Returns the symbol that was set, or a default symbol.
     host::Ref<host::IHostFillSymbol> Symbol() const override;
     void SetSymbol(const host::Ref<host::IHostFillSymbol>& symbol) override { symbol_ = symbol; }
 

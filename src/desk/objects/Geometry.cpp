@@ -7,13 +7,13 @@
 namespace desk {
 namespace {
 
-/// Part of the width that lies left of the point.
+/// Share of the width that lies left of the point.
 double LeftShare(int horizontal) {
     if (horizontal == 1) return 0.5;
     return horizontal == 2 ? 1 : 0;
 }
 
-/// Part of the height that lies below the point.
+/// Share of the height that lies below the point.
 double LowerShare(int vertical) {
     if (vertical == 0) return 1;
     return vertical == 1 ? 0.5 : 0;

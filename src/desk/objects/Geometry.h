@@ -84,7 +84,7 @@ private:
     double ymax_ = 0;
 };
 
-/// An upright rectangle as plain values, in inches. Empty at first.
+/// An upright rectangle in inches. Initially empty.
 struct Box {
     double xmin = std::numeric_limits<double>::infinity();
     double ymin = std::numeric_limits<double>::infinity();
@@ -96,10 +96,9 @@ struct Box {
     void Include(const Box& other);
 };
 
-/// Returns the box of a text whose point is (0, 0), Y upward: the extent (points) placed by the
-/// placements of host::IHostTextSymbol and turned by the angle (degrees, counter-clockwise), and
-/// the upright box around that. The lower edge stands for the baseline, which an extent does not
-/// have.
+/// Returns the upright box of a text at (0, 0), Y upward, in points. The extent (points) is placed
+/// by the placement values of host::IHostTextSymbol and rotated by the angle (degrees,
+/// counter-clockwise). The lower edge is used as the baseline, since an extent has none.
 Box HangingBox(const host::TextExtent& extent, int horizontal, int vertical, double angle);
 
 class DisplayTransformation final : public host::IHostDisplayTransformation {

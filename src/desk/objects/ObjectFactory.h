@@ -12,7 +12,6 @@ namespace desk {
 
 class TextEngine;
 
-/// Makes the objects that a document holds.
 class ObjectFactory : public virtual host::IHostPropertySetFactory,
                       public virtual host::IHostGeometryFactory,
                       public virtual host::IHostSymbolFactory,

@@ -10,8 +10,7 @@ namespace desk {
 
 namespace {
 
-/// Counts how deep sets are nested while one is copied. Only a set that holds itself reaches the
-/// limit.
+/// Limits the nesting of sets during a copy. Only a set that contains itself reaches the limit.
 class NestingGuard {
 public:
     NestingGuard() {
@@ -51,7 +50,7 @@ PropertySet::PropertySet() : texts_(std::make_shared<TextItems>()) {}
 
 PropertySet::PropertySet(std::shared_ptr<TextItems> texts) : texts_(std::move(texts)) {}
 
-// Returns the packed texts for writing. Copies them first if another set shares them.
+// Returns the packed texts for writing; copies them first if another set shares them.
 TextItems& PropertySet::OwnTexts() {
     if (texts_.use_count() > 1) texts_ = std::make_shared<TextItems>(*texts_);
     return *texts_;

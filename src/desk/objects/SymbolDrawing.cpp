@@ -1,5 +1,4 @@
-// How symbols draw themselves on a device. ElementPainter draws the elements of a page, in the same
-// styles.
+// Draws symbols on a device. ElementPainter draws the elements of a page in the same styles.
 
 #include <cmath>
 #include <numbers>
@@ -17,18 +16,19 @@ void DrawOutline(const SymbolCanvas& canvas, const host::IHostEnvelope& envelope
         StrokeOutline(canvas.Context(), {canvas.Place(envelope), *color});
 }
 
-// The point of a text, and its angle there.
-struct Hook {
+// Position and rotation of a text.
+struct TextAnchor {
     PaintPoint point;
     double angle = 0;  ///< Degrees, counter-clockwise.
 };
 
-// Share of a line's length that lies before the point of its text.
+// Share of the line's length before the anchor of its text.
 double ShareBefore(std::int32_t horizontal) {
     return horizontal == 1 ? 0.5 : horizontal == 2 ? 1.0 : 0.0;
 }
 
-Hook HookOn(const SymbolCanvas& canvas, const host::IHostLine& line, std::int32_t horizontal) {
+TextAnchor AnchorOn(const SymbolCanvas& canvas, const host::IHostLine& line,
+                    std::int32_t horizontal) {
     const PaintPoint start = canvas.Place(*line.StartPoint());
     const PaintPoint end = canvas.Place(*line.EndPoint());
     const double share = ShareBefore(horizontal);
@@ -60,11 +60,11 @@ void FillSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
 
 void TextSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
     const SymbolCanvas& canvas = Canvas();
-    Hook hook;
+    TextAnchor anchor;
     if (const auto line = host::As<host::IHostLine>(geometry))
-        hook = HookOn(canvas, *line, horizontal_);
+        anchor = AnchorOn(canvas, *line, horizontal_);
     else if (const auto point = host::As<host::IHostPoint>(geometry))
-        hook.point = canvas.Place(*point);
+        anchor.point = canvas.Place(*point);
     else
         FailGeometry("a line or a point");
     const auto color = VisibleColor(Color());
@@ -73,9 +73,9 @@ void TextSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
     CairoGlyphs glyphs(canvas.Context());
     const PlacedText text{&engine_->Find(FontOf(*this)),
                           text_,
-                          {horizontal_, vertical_, angle_ + hook.angle},
-                          hook.point.x,
-                          hook.point.y};
+                          {horizontal_, vertical_, angle_ + anchor.angle},
+                          anchor.point.x,
+                          anchor.point.y};
     engine_->Draw(glyphs, text);
 }
 

@@ -86,7 +86,7 @@ void TextSymbol::SetFont(const host::Ref<host::IHostFont>& font) {
     resolved_ = nullptr;
 }
 
-// Called at every measurement of a run. A font of another class has no version, and is found again
+// Called for every measurement of a run. A font of another class has no version and is looked up
 // each time.
 const ResolvedFont& TextSymbol::Resolved() {
     if (resolved_ && ownFont_ && ownFont_->Version() == resolvedVersion_) return *resolved_;

@@ -9,7 +9,7 @@
 
 namespace desk {
 
-/// Helvetica 10, not bold, at first.
+/// Initially Helvetica, 10 points, not bold.
 class Font final : public host::IHostFont {
 public:
     std::string Name() const override { return name_; }
@@ -19,7 +19,7 @@ public:
     bool Bold() const override { return bold_; }
     void SetBold(bool bold) override { bold_ = bold, ++version_; }
     host::Ref<host::IHostObject> Copy() const override;
-    /// A number that changes with each change of the font.
+    /// Changes whenever the font changes.
     std::uint32_t Version() const { return version_; }
 
 private:
@@ -29,7 +29,7 @@ private:
     std::uint32_t version_ = 0;
 };
 
-/// Black at first. Only the lower 24 bits of a value are kept.
+/// Initially black. Keeps the lower 24 bits of a value.
 class Color final : public host::IHostColor {
 public:
     Color() = default;
@@ -46,10 +46,10 @@ private:
     bool transparent_ = false;
 };
 
-/// What all symbols have: a colour, and a device between PrepareDevice and ReleaseDevice. Symbols
-/// keep the fonts, colours and outlines that are set on them and return the same objects again;
-/// their copies have copies of them. A missing font or colour is refused. Drawing fails on a
-/// geometry that the kind of symbol cannot be drawn on, and where no device has been prepared.
+/// Base of all symbols: a colour, and a device between PrepareDevice and ReleaseDevice. Symbols
+/// keep and return the font, colour and outline objects that are set; a copy of a symbol copies
+/// them too. Throws for a null font or colour, and for drawing on an unsupported geometry or
+/// without a prepared device.
 template <class Kind>
 class SymbolBase : public Kind {
 public:
@@ -66,33 +66,33 @@ public:
     void ReleaseDevice() override { canvas_.reset(); }
 
 protected:
-    /// Such as "line symbol".
+    /// Such as "line symbol"; for messages.
     virtual const char* KindName() const = 0;
-    /// Throws host::Failure for a part that is null.
+    /// Throws host::Failure if the part is null.
     void Need(const void* part, const std::string& what) const;
     void CopyColorFrom(const SymbolBase& other) {
         color_ = host::As<host::IHostColor>(other.color_->Copy());
     }
-    /// Throws host::Failure where no device has been prepared.
+    /// Throws host::Failure if no device has been prepared.
     const SymbolCanvas& Canvas() const;
     [[noreturn]] void FailGeometry(const std::string& accepted) const;
 
 private:
     host::Ref<host::IHostColor> color_ = std::make_shared<desk::Color>();
-    std::unique_ptr<SymbolCanvas> canvas_;  ///< One pointer, as there may be very many symbols.
+    std::unique_ptr<SymbolCanvas> canvas_;  ///< A pointer, because there may be very many symbols.
 };
 
 class LineSymbol final : public SymbolBase<host::IHostLineSymbol> {
 public:
     host::Ref<host::IHostObject> Copy() const override;
-    /// On a line, or on the edges of an envelope.
+    /// Accepts a line, or an envelope whose edges are drawn.
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
 
 protected:
     const char* KindName() const override { return "line symbol"; }
 };
 
-/// Without outline at first.
+/// Initially without outline.
 class FillSymbol final : public SymbolBase<host::IHostFillSymbol> {
 public:
     host::Ref<host::IHostLineSymbol> Outline() const override { return outline_; }
@@ -100,7 +100,7 @@ public:
         outline_ = outline;
     }
     host::Ref<host::IHostObject> Copy() const override;
-    /// On an envelope, with its outline on top.
+    /// Accepts an envelope; the outline is drawn on top.
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
 
 protected:
@@ -110,12 +110,12 @@ private:
     host::Ref<host::IHostLineSymbol> outline_;
 };
 
-/// Has no markup: every character of a text stands for itself.
+/// Has no markup: all characters of a text are literal.
 class TextSymbol final : public SymbolBase<host::IHostTextSymbol>, public host::IHostTextParser {
 public:
     explicit TextSymbol(std::shared_ptr<TextEngine> engine);
 
-    /// Returns the font that texts are set in, with its current properties.
+    /// Returns the font of the texts with its current properties.
     const ResolvedFont& Resolved();
 
     host::Ref<host::IHostFont> Font() const override { return font_; }
@@ -123,23 +123,23 @@ public:
     double Size() const override { return font_->Size(); }
     void SetSize(double points) override { font_->SetSize(points); }
     std::int32_t VerticalPlacement() const override { return vertical_; }
-    /// Fails outside 0 to 3.
+    /// Throws outside 0 to 3.
     void SetVerticalPlacement(std::int32_t placement) override;
     std::int32_t HorizontalPlacement() const override { return horizontal_; }
-    /// Fails outside 0 to 3.
+    /// Throws outside 0 to 3.
     void SetHorizontalPlacement(std::int32_t placement) override;
     double Angle() const override { return angle_; }
     void SetAngle(double degrees) override { angle_ = degrees; }
     std::string Text() const override { return text_; }
     void SetText(const std::string& text) override { text_ = text; }
-    /// Does not depend on the device and the transformation.
+    /// The result does not depend on the device or the transformation.
     host::TextExtent MeasureText(host::DeviceContext device,
                                  const host::Ref<host::IHostDisplayTransformation>& transformation,
                                  const std::string& text) override;
     host::ParsedText PlainText(const std::string& text) override { return {text, {}}; }
     host::Ref<host::IHostObject> Copy() const override;
-    /// On a point, or along a line: from its start, around its middle or to its end, by the
-    /// horizontal placement. The vertical placement puts it above, on or below the line.
+    /// Accepts a point or a line. On a line, the horizontal placement puts the text at its start,
+    /// middle or end, and the vertical placement above, on or below it.
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override;
 
 protected:
@@ -148,9 +148,9 @@ protected:
 private:
     std::shared_ptr<TextEngine> engine_;
     host::Ref<host::IHostFont> font_;
-    const desk::Font* ownFont_ = nullptr;  ///< The font, if it is the desk's.
+    const desk::Font* ownFont_ = nullptr;  ///< The font if it is a desk::Font, else null.
     const ResolvedFont* resolved_ = nullptr;
-    std::uint32_t resolvedVersion_ = 0;  ///< Of the desk's font, when it was resolved.
+    std::uint32_t resolvedVersion_ = 0;  ///< Version of ownFont_ when resolved_ was set.
     std::string text_;
     double angle_ = 0;
     std::int32_t vertical_ = 0;

@@ -13,7 +13,7 @@ constexpr std::size_t kFewestSlots = 8;
 
 constexpr std::size_t kMostBytes = std::numeric_limits<std::uint32_t>::max();
 
-/// At most three slots of four are taken, so that searches stay short.
+/// Keeps the load of the table at three quarters or less, so that searches stay short.
 std::size_t SlotsFor(std::size_t count) {
     return std::bit_ceil(std::max(kFewestSlots, count + count / 3 + 1));
 }

@@ -9,10 +9,10 @@ namespace desk {
 
 namespace {
 
-/// Removed entries that always stay. Above this number gaps are closed if they are the majority.
+/// Removed entries that are always kept; above this number, until they are the majority.
 constexpr std::size_t kFewGaps = 32;
 
-/// The part of the index that may be in use before it grows.
+/// Maximum load factor of the index.
 constexpr float kFullestIndex = 0.8F;
 
 }  // namespace
@@ -31,7 +31,7 @@ void VariantItems::Set(std::string_view name, host::Variant value) {
     if (found == index_.end()) {
         Append(name, std::move(value));
     } else {
-        // Destroys the old value last, since its destructor may call this set.
+        // The old value is destroyed last, since its destructor may call this set.
         std::swap(entries_[*found].value, value);
     }
 }

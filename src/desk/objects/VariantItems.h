@@ -12,8 +12,8 @@
 
 namespace desk {
 
-/// Names and values of any kind in the order of first entry. Reading, storing and removing a name
-/// take constant time on average, also among a million names.
+/// Names and values of any type in the order of first entry. Reading, storing and removing a name
+/// take constant time on average, also with a million names.
 class VariantItems {
 public:
     VariantItems();
@@ -23,10 +23,10 @@ public:
 
     std::size_t Count() const { return index_.size(); }
 
-    /// Null for an absent name.
+    /// Returns null for an absent name.
     const host::Variant* Find(std::string_view name) const;
 
-    /// A new name goes last, a known one keeps its place.
+    /// Appends a new name; a known one keeps its place.
     void Set(std::string_view name, host::Variant value);
 
     /// Stores a value under a new name. Returns false and stores nothing if the name exists.
@@ -34,7 +34,6 @@ public:
 
     void Remove(std::string_view name);
 
-    /// Makes room for that many names in all.
     void Reserve(std::size_t count);
 
     template <class Visitor>
@@ -51,8 +50,7 @@ private:
     };
     using Entries = std::vector<Entry>;
 
-    /// The index keeps positions and takes the names from the entries, so that no name is stored
-    /// twice.
+    /// The index holds positions and takes the names from the entries, which store them once.
     struct Names {
         using is_transparent = void;
         const Entries* entries;

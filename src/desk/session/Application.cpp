@@ -9,60 +9,60 @@
 namespace desk {
 namespace {
 
-/// Any number but 0, which stands for no surface.
+/// Any number but 0, which means no surface.
 constexpr host::DeviceContext kTheDevice = 1;
 
 using Listeners = std::shared_ptr<const SessionListeners>;
 
 class Animation final : public host::IHostProgressAnimation {
 public:
-    explicit Animation(Listeners told) : told_(std::move(told)) {}
-    void Show() override { Tell(AnimationStep::Show); }
-    void Play() override { Tell(AnimationStep::Play); }
-    void Hide() override { Tell(AnimationStep::Hide); }
-    void Stop() override { Tell(AnimationStep::Stop); }
+    explicit Animation(Listeners listeners) : listeners_(std::move(listeners)) {}
+    void Show() override { Notify(AnimationStep::Show); }
+    void Play() override { Notify(AnimationStep::Play); }
+    void Hide() override { Notify(AnimationStep::Hide); }
+    void Stop() override { Notify(AnimationStep::Stop); }
 
 private:
-    void Tell(AnimationStep step) {
-        if (told_->animation) told_->animation(step);
+    void Notify(AnimationStep step) {
+        if (listeners_->animation) listeners_->animation(step);
     }
 
-    Listeners told_;
+    Listeners listeners_;
 };
 
 class StatusBar final : public host::IHostStatusBar {
 public:
-    explicit StatusBar(Listeners told)
-        : told_(std::move(told)), animation_(std::make_shared<Animation>(told_)) {}
+    explicit StatusBar(Listeners listeners)
+        : listeners_(std::move(listeners)), animation_(std::make_shared<Animation>(listeners_)) {}
 
     void SetText(std::int32_t pane, const std::string& text) override {
-        if (told_->statusText) told_->statusText(pane, text);
+        if (listeners_->statusText) listeners_->statusText(pane, text);
     }
     host::Ref<host::IHostProgressAnimation> ProgressAnimation() override { return animation_; }
 
 private:
-    Listeners told_;
+    Listeners listeners_;
     host::Ref<host::IHostProgressAnimation> animation_;
 };
 
 class ActiveView final : public host::IHostActiveView {
 public:
-    explicit ActiveView(Listeners told) : told_(std::move(told)) {}
+    explicit ActiveView(Listeners listeners) : listeners_(std::move(listeners)) {}
 
     host::Ref<host::IHostDisplay> Display() override { return display_; }
     void Refresh() override {
-        if (told_->refresh) told_->refresh();
+        if (listeners_->refresh) listeners_->refresh();
     }
 
 private:
-    Listeners told_;
+    Listeners listeners_;
     host::Ref<host::IHostDisplay> display_ = std::make_shared<desk::Display>();
 };
 
 class OpenDocument final : public host::IHostDocument {
 public:
-    OpenDocument(const Listeners& told, host::Ref<host::IHostCommandBars> commands)
-        : view_(std::make_shared<desk::ActiveView>(told)), commands_(std::move(commands)) {}
+    OpenDocument(const Listeners& listeners, host::Ref<host::IHostCommandBars> commands)
+        : view_(std::make_shared<desk::ActiveView>(listeners)), commands_(std::move(commands)) {}
     host::Ref<host::IHostActiveView> ActiveView() override { return view_; }
     host::Ref<host::IHostCommandBars> CommandBars() override { return commands_; }
 
@@ -74,8 +74,8 @@ private:
 class Application final : public host::IHostApplication {
 public:
     explicit Application(ApplicationParts parts)
-        : document_(std::make_shared<OpenDocument>(parts.told, std::move(parts.commands))),
-          statusBar_(std::make_shared<desk::StatusBar>(parts.told)),
+        : document_(std::make_shared<OpenDocument>(parts.listeners, std::move(parts.commands))),
+          statusBar_(std::make_shared<desk::StatusBar>(parts.listeners)),
           windowHandle_(std::move(parts.windowHandle)) {}
     host::Ref<host::IHostDocument> Document() override { return document_; }
     host::Ref<host::IHostStatusBar> StatusBar() override { return statusBar_; }

@@ -13,15 +13,14 @@ namespace desk {
 
 enum class AnimationStep { Show, Play, Hide, Stop };
 
-/// Who is told of what goes on. Any of them may be missing.
+/// Callbacks for status, progress and redraw. Each may be empty.
 struct SessionListeners {
     std::function<void(std::int32_t pane, const std::string& text)> statusText;
     std::function<void(AnimationStep step)> animation;
-    std::function<void()> refresh;  ///< The view is to be drawn anew.
+    std::function<void()> refresh;  ///< The view must be redrawn.
 };
 
-/// The surface on which texts are measured. Sizes of the desk hang on no device, so that there is
-/// one for all.
+/// The display for measuring texts. Sizes do not depend on the device, so one is enough.
 class Display final : public host::IHostDisplay {
 public:
     Display();
@@ -30,10 +29,9 @@ public:
     host::Ref<host::IHostDisplayTransformation> Transformation() const override {
         return transformation_;
     }
-    /// Brackets may stand in one another; one that a failure left open does no harm. Fails for a
-    /// device that is not this display's.
+    /// Calls may nest; one left open by a failure has no effect. Throws for an unknown device.
     void BeginDrawing(host::DeviceContext device, int cacheId) override;
-    /// Fails where no bracket is open.
+    /// Throws if no drawing is open.
     void EndDrawing() override;
 
 private:
@@ -41,20 +39,19 @@ private:
     int openBrackets_ = 0;
 };
 
-/// What an application is put together from.
 struct ApplicationParts {
-    std::shared_ptr<const SessionListeners> told;
+    std::shared_ptr<const SessionListeners> listeners;
     host::Ref<host::IHostCommandBars> commands;
-    std::function<host::WindowHandle()> windowHandle;  ///< None: there is no window.
+    std::function<host::WindowHandle()> windowHandle;  ///< Empty if there is no window.
 };
 
-/// The application with its status bar, its document and the view on it, in one.
+/// Creates the application, which is also its status bar, document and view.
 host::Ref<host::IHostApplication> MakeApplication(ApplicationParts parts);
 
-/// The desk's commands by name. Whoever has something to offer enters it here.
+/// The commands that the component can find by name.
 class CommandTable final : public host::IHostCommandBars {
 public:
-    /// Enters a command, in place of one of the same name.
+    /// Adds a command or replaces the one of the same name.
     void Add(const std::string& name, std::function<void()> action);
 
     host::Ref<host::IHostCommandItem> Find(const host::Ref<host::IHostIdentifier>& identifier,

@@ -15,7 +15,7 @@ namespace desk {
 
 namespace {
 
-// The desk's one filter: dBase tables.
+// The only filter: dBase tables.
 class TableFilter final : public host::IHostObjectFilter {};
 
 template <class T>

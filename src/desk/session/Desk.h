@@ -16,7 +16,7 @@
 
 namespace desk {
 
-/// What only a host with a window has. Any of them may be missing; asking for it then fails.
+/// Functions of a host with a window. Each may be empty; the requests that need it then throw.
 struct WindowServices {
     std::function<host::Ref<host::IHostObjectDialog>()> newObjectDialog;
     std::function<host::Ref<host::IHostSymbolDialog>()> newSymbolDialog;
@@ -24,38 +24,36 @@ struct WindowServices {
 };
 
 struct DeskOptions {
-    std::string locale;                     ///< As IcuLocale takes it; empty: the user's.
-    host::Ref<host::IHostDialogs> dialogs;  ///< Must be there.
+    std::string locale;                     ///< As for IcuLocale; empty: the user's.
+    host::Ref<host::IHostDialogs> dialogs;  ///< Required.
     SessionListeners listeners;
-    ExpressionEngine::Editor expressionEditor;  ///< None: expressions cannot be edited.
+    ExpressionEngine::Editor expressionEditor;  ///< Empty: expressions cannot be edited.
     WindowServices window;
     TextEngine::Ways textSizes = TextEngine::Ways::Quick;
 };
 
-/// The running host: makes every object of the desk and holds the one document that it works on.
-/// Used by one thread.
+/// The desk's host: creates all objects and holds the current document. Must be used by one thread.
 class Desk final : public host::IHost, public ObjectFactory, public TableFactory {
 public:
-    /// Starts with an empty document. Fails for a locale that is not known.
+    /// Starts with an empty document. Throws for an unknown locale.
     explicit Desk(DeskOptions options);
 
-    /// Reads a document and works on it from here on. Its map book is read when first asked for.
+    /// Reads a document and makes it the current one. Its map book is read on first use.
     void Open(const std::string& path);
-    /// Works on a document that is not on disk yet; its paths are seen from where the file of that
-    /// path will stand.
+    /// Makes a document that is not on disk yet the current one. Its relative paths are resolved
+    /// from the folder of the given path.
     void Start(Document document, const std::string& path);
-    /// What the next Save may replace; nothing: whatever stands at the path. That of a document
-    /// read or saved is its file as it was then, that of one started anew nothing.
+    /// The state of the file that the next Save may replace; nothing: any file. Open and Save set
+    /// it to the state on disk, Start clears it.
     void SetReplaceable(const std::optional<FileState>& file) { replaceable_ = file; }
     const std::optional<FileState>& Replaceable() const { return replaceable_; }
-    /// Writes the document to its path. Fails, with nothing written, where others have changed the
-    /// file since it was read or saved.
+    /// Writes the document to its path. Throws and writes nothing if another program has changed
+    /// the file since it was read or saved.
     void Save();
 
     Document& CurrentDocument() { return document_; }
     const std::string& DocumentPath() const { return path_; }
     const std::shared_ptr<TextEngine>& Text() const { return Engine(); }
-    /// The commands that others find by name.
     CommandTable& Commands() { return *commands_; }
 
     host::Ref<host::IHostApplication> NewApplication() override { return application_; }
@@ -67,7 +65,7 @@ public:
     host::Ref<host::IHostObjectFilter> NewTableFilter() override;
     host::Ref<host::IHostSymbolDialog> NewSymbolDialog() override;
 
-    // These speak of the map book of the document that is being worked on when they are made.
+    // The following use the map book of the document that is current when they are created.
 
     host::Ref<host::CVNLayoutContext> NewLayoutContext() override;
     host::Ref<host::CVNMapBook> NewMapBook() override;
@@ -77,7 +75,7 @@ public:
     host::IHostLocale& Locale() override { return *locale_; }
     host::IHostDialogs& Dialogs() override { return *dialogs_; }
     host::IHostDevices& Devices() override { return *devices_; }
-    /// Either separator, and another case of the ending, as for tables. False for folders.
+    /// Accepts either separator and any case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
 
 private:

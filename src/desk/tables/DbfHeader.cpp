@@ -15,10 +15,11 @@ namespace {
 
 constexpr std::int64_t kPrologueLength = 32;
 constexpr std::int64_t kEntryLength = 32;
-constexpr std::int64_t kMost16Bits = 0xFFFF;  ///< Bytes of a header, and of a record.
+constexpr std::int64_t kMost16Bits = 0xFFFF;  ///< Maximum size of a header, and of a record, in
+                                              ///< bytes.
 constexpr char kListEnd = '\x0D';
 constexpr char kFileEnd = '\x1A';
-/// Flags looked at. So many in a row are no coincidence.
+/// Number of deletion flags checked; enough to rule out coincidence.
 constexpr std::int64_t kCheckedFlags = 256;
 
 [[noreturn]] void Fail(const RecordFile& file, const std::string& fault) {
@@ -46,7 +47,7 @@ std::string Counted(std::int64_t count, const char* noun) {
     return Text(count, ' ', noun, count == 1 ? "" : "s");
 }
 
-/// A file that only chance has brought here has another first byte or no date of its last change.
+/// Rejects other files by their first byte and the date of the last change.
 bool IsPlausible(std::string_view header) {
     static constexpr std::string_view kVersions =
         "\x03\x04\x05\x30\x31\x32\x43\x63\x7B\x83\x87\x8B\x8C\x8E\xCB\xE5\xF5\xFB";
@@ -54,7 +55,7 @@ bool IsPlausible(std::string_view header) {
            Number(header, 3, 1) <= 31;
 }
 
-/// The entry of a field starts with its name and has a letter for its type.
+/// Checks the field's type letter and the first character of its name.
 bool IsField(std::string_view entry) {
     const auto type = static_cast<unsigned char>(entry[11]);
     const auto first = static_cast<unsigned char>(entry[0]);
@@ -64,8 +65,8 @@ bool IsField(std::string_view entry) {
 
 struct FieldList {
     std::int64_t end = kPrologueLength;  ///< Offset of the first byte after the field list.
-    std::int64_t recordLength = 1;       ///< Bytes that the flag and the fields take.
-    bool closed = false;                 ///< The field list ends with its end mark.
+    std::int64_t recordLength = 1;       ///< Bytes of the flag and the fields.
+    bool closed = false;                 ///< The field list has its end mark.
     bool hasLongTexts = false;
 };
 
@@ -82,8 +83,8 @@ FieldList ListFields(std::string_view bytes, bool hasLongTexts) {
     return list;
 }
 
-/// A list need not be closed where the header's length closes it. Only where the fields up to there
-/// do not make up a record does the list's own end count.
+/// A list without end mark may end at the header's length. The list's own end is used only if the
+/// fields up to the header's length do not make up a record.
 FieldList FindFields(std::string_view bytes, std::int64_t headerLength, std::int64_t recordLength) {
     const auto stated = bytes.substr(0, static_cast<std::size_t>(headerLength));
     for (const bool hasLongTexts : {false, true})
@@ -126,7 +127,7 @@ public:
     }
 
 private:
-    /// The best place for the records that passes its test.
+    /// Returns the first candidate place of the records that passes its checks.
     std::optional<Place> Find() {
         if (stated_.length == list_.recordLength && IsPossible(stated_) &&
             (FillsFile(stated_) || FlagsAreGood(stated_)))
@@ -145,7 +146,7 @@ private:
         return (file_.Size() - place.start) / place.length;
     }
 
-    /// Whether the records can stand there at all.
+    /// Returns whether records can be at this place.
     bool IsPossible(const Place& place) const {
         return place.length >= list_.recordLength && place.length <= kMost16Bits &&
                place.start >= list_.end && place.start > kPrologueLength &&
@@ -158,7 +159,7 @@ private:
         return end == file_.Size() || end == file_.Size() - 1;
     }
 
-    /// Records from one on, up to an end, that begin with a flag.
+    /// Returns the number of consecutive records with a valid flag, from one record up to an end.
     std::int64_t GoodFlags(const Place& place, std::int64_t from, std::int64_t end) {
         std::int64_t at = from;
         for (; at < end; ++at) {

@@ -8,23 +8,23 @@ namespace desk {
 
 class RecordFile;
 
-/// The header of a dBase file, as the library gets it: where it lies about its records, their
-/// place, length and number are put right.
+/// The header of a dBase file, as passed to shapelib. Wrong positions, lengths and counts of
+/// records are corrected.
 struct DbfHeader {
-    std::string bytes;              ///< Up to the first record.
-    std::int64_t recordLength = 0;  ///< Bytes, the flag of deletion included.
-    std::int64_t recordCount = 0;   ///< Whole records in the file, deleted ones included.
-    /// The lengths of texts have their high byte where the decimals of numbers stand.
+    std::string bytes;              ///< All bytes before the first record.
+    std::int64_t recordLength = 0;  ///< Bytes, including the deletion flag.
+    std::int64_t recordCount = 0;   ///< Whole records in the file, including deleted ones.
+    /// The decimals byte of a text field is the high byte of its length.
     bool hasLongTexts = false;
     std::vector<std::string> warnings;
 };
 
-/// Reads and judges a header. Where it cannot be right, the file's size and the flags that begin
-/// each record may still show the records beyond doubt. Fails with a sentence for a file that is no
-/// dBase table, is damaged, or is of level 7.
+/// Reads and checks a header. If it contradicts itself, the file size and the deletion flags are
+/// used to find the records. Throws host::Failure with one sentence if the file is not a dBase
+/// table, is damaged, or is of level 7.
 DbfHeader ReadDbfHeader(RecordFile& file);
 
-/// What to do with a table that is none of dBase III or IV.
+/// Ending of messages about tables that are not dBase III or IV.
 inline constexpr const char* kSaveAsOlder =
     "; save it as dBase III or IV from a GIS or a spreadsheet.";
 

@@ -11,22 +11,22 @@
 namespace desk {
 namespace {
 
-/// What the library takes for a file: one whose first bytes are replaced.
+/// A file for shapelib whose first bytes are replaced by the corrected header.
 struct Stream {
     RecordFile file;
     std::string header;
     SAOffset position = 0;
-    std::exception_ptr failure = nullptr;  ///< That of a read; none may pass through the library.
+    std::exception_ptr failure = nullptr;  ///< Exceptions must not pass through the library.
 };
 
-/// The table that the library is about to open, since it hands no more than a name to its hook.
+/// The table being opened; shapelib passes only a name to its open hook.
 thread_local const Stream* opening = nullptr;
 
 Stream& StreamOf(void* file) {
     return *static_cast<Stream*>(file);
 }
 
-/// The first file is the table, any other is to name its code page and need not be there.
+/// The first file opened is the table; any other is the code page file, which may be missing.
 SAFile Open(const char* path, const char*) {
     try {
         const Stream* const table = std::exchange(opening, nullptr);
@@ -54,7 +54,7 @@ SAOffset Read(void* memory, SAOffset size, SAOffset count, SAFile file) {
     }
 }
 
-/// The library only seeks from the start.
+/// The library only uses SEEK_SET.
 SAOffset Seek(SAFile file, SAOffset offset, int) {
     StreamOf(file).position = offset;
     return 0;
@@ -95,7 +95,7 @@ bool DbfReader::Next() {
         record_ = {record, static_cast<std::size_t>(library_->nRecordLength)};
         if (record_.front() != '*') return true;
     }
-    // Blocks from before and after a change do not belong together.
+    // Blocks read before and after a change would not be consistent.
     schema_.file.CheckUnchanged();
     return false;
 }

@@ -9,18 +9,17 @@ namespace desk {
 
 struct DbfSchema;
 
-/// Goes through the live records of a table, as the library reads them.
+/// Iterates over the live records of a table with shapelib.
 class DbfReader {
 public:
-    /// Needs the schema's file and header, and the schema itself as long as it reads.
+    /// The schema, of which file and header are used, must outlive this.
     explicit DbfReader(const DbfSchema& schema);
 
-    /// Moves to the next record that is not deleted; false at the end. Fails where the file was
-    /// changed meanwhile.
+    /// Moves to the next live record; false at the end. Throws if the file has been changed.
     bool Next();
-    /// The record's bytes, its flag included. They change with Next.
+    /// Returns the record's bytes including its flag, valid until Next.
     std::string_view Record() const { return record_; }
-    /// The record's number in the file from 1, deleted ones counted.
+    /// Returns the record's number in the file, from 1, counting deleted ones.
     std::int32_t Number() const { return number_; }
     DBFHandle Handle() const { return library_.get(); }
 

@@ -18,8 +18,8 @@ bool IsOneOf(std::string_view types, char type) {
     return types.find(type) != std::string_view::npos;
 }
 
-/// Kinds that FoxPro and level 7 have added: numbers and times in binary, texts of varying length,
-/// and the flags that tell which other fields are null. "B" of another length is a dBase picture.
+/// Types added by FoxPro and level 7: binary numbers and times, texts of varying length, and null
+/// flags. A "B" of another length is a dBase picture.
 bool IsForeign(const DbfField& field) {
     return IsOneOf("IOTVY+0", field.type) || (field.type == 'B' && field.length == 8);
 }
@@ -32,7 +32,7 @@ DbfKind KindOf(const DbfField& field) {
     return IsOneOf("BGMPW", field.type) ? DbfKind::Memo : DbfKind::Unknown;
 }
 
-/// The fields, their names still as they stand in the file.
+/// Returns the fields with undecoded names.
 std::vector<DbfField> ReadFields(DBFHandle library, bool hasLongTexts) {
     std::vector<DbfField> fields;
     std::int32_t offset = 1;
@@ -40,7 +40,7 @@ std::vector<DbfField> ReadFields(DBFHandle library, bool hasLongTexts) {
         const char* const entry = library->pszHeader + std::ptrdiff_t{XBASE_FLDHDR_SZ} * i;
         DbfField field;
         DBFGetFieldInfo(library, i, nullptr, &field.length, &field.decimals);
-        // The library's name would end at the zeros in one of two-byte characters.
+        // The library ends names at zeros, which two-byte encodings contain.
         field.name.assign(entry, XBASE_FLDNAME_LEN_READ);
         field.type = DBFGetNativeFieldType(library, i);
         if (hasLongTexts && field.type == 'C')
@@ -53,16 +53,15 @@ std::vector<DbfField> ReadFields(DBFHandle library, bool hasLongTexts) {
     return fields;
 }
 
-/// What Western programs have written since they left DOS.
+/// The encoding of Western programs since the end of DOS.
 constexpr const char* kDefaultEncoding = "windows-1252";
 
 struct Page {
     const char* encoding;
-    std::string_view drivers;  ///< The bytes in use by dBase, FoxPro and their kin.
+    std::string_view drivers;  ///< Language driver numbers of dBase, FoxPro and related programs.
 };
 
-/// Two national pages of the DOS time, 0x68 and 0x69 (Kamenicky, Mazovia), are missing: ICU has no
-/// data for them.
+/// 0x68 and 0x69 (Kamenicky, Mazovia) are missing, because ICU has no data for them.
 constexpr Page kPages[] = {{"IBM437", "\x01\x09\x0B\x0D\x0F\x11\x15\x18\x19\x1B"},
                            {"IBM737", "\x6A\x86"},
                            {"IBM850", "\x02\x0A\x0E\x10\x12\x14\x16\x1A\x1D\x25\x37"},
@@ -109,9 +108,9 @@ std::string EncodingOfNumber(int page) {
     return "IBM" + std::to_string(page);
 }
 
-/// The encoding that a .cpg file or a language driver names: a public name, or a number with or
-/// without a word before it: "UTF-8", "1252", "ANSI 1251", "OEM 437", "LDID/87". May be unknown to
-/// ICU; empty for an unknown driver.
+/// Returns the encoding named by a .cpg file or a language driver, such as "UTF-8", "1252", "ANSI
+/// 1251", "OEM 437" or "LDID/87". The name may be unknown to ICU; it is empty for an unknown
+/// driver.
 std::string EncodingNamed(std::string text) {
     if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
     static const std::regex kNumbered(R"(\s*(?:(LDID)|ANSI|OEM|CP|)[ /_-]?(\d{1,6})\s*)",
@@ -124,7 +123,7 @@ std::string EncodingNamed(std::string text) {
 
 enum class Texts { Ascii, Utf8, Other };
 
-/// What all names and texts of a table could be.
+/// Returns the narrowest encoding that fits all names and texts.
 Texts JudgeTexts(const DbfSchema& schema) {
     const auto utf8 = TextDecoder::Make("UTF-8");
     Texts judged = Texts::Ascii;
@@ -150,15 +149,14 @@ bool Use(DbfSchema& schema, const std::string& encoding, const std::string& from
     return schema.decoder != nullptr;
 }
 
-/// Finds the encoding of a table's texts and sets it: by the .cpg file beside it, by its language
-/// driver, or else UTF-8 where all texts are that and windows-1252 where they are not. Reads the
-/// records only where neither file nor driver tells. Notes an encoding that is not known where a
-/// text needs it.
+/// Sets the text encoding: from the .cpg file, else from the language driver, else UTF-8 if all
+/// texts are valid UTF-8, else windows-1252. Reads the records only in the last two cases. Adds a
+/// warning for an unknown encoding if a text needs it.
 void FindEncoding(DbfSchema& schema, DBFHandle library) {
-    std::string unknown;  // Who names an encoding that is not known.
+    std::string unknown;  // Source of an unknown encoding.
     const std::string driver = "LDID/" + std::to_string(library->iLanguageDriver);
     const char* const page = DBFGetCodePage(library);
-    if (page != nullptr && page != driver) {  // The library gives the driver where no file is.
+    if (page != nullptr && page != driver) {  // Without a .cpg file the library returns the driver.
         const std::string encoding = EncodingNamed(page);
         if (Use(schema, encoding, ".cpg file")) return;
         unknown = ".cpg file (" + PrintableAscii(encoding) + ")";
@@ -193,7 +191,7 @@ void DecodeNames(DbfSchema& schema) {
     schema.names = FieldNames(names);
 }
 
-/// The names of some fields in brackets, or empty where there is none.
+/// Returns the names of the wanted fields in brackets; empty if there are none.
 template <class Wanted>
 std::string NamesOf(const DbfSchema& schema, Wanted wanted) {
     std::string names;

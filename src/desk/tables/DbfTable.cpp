@@ -24,7 +24,7 @@ namespace {
 using host::Null;
 using host::Variant;
 
-/// From here on doubles pass over integers.
+/// Above this, a double cannot represent every integer.
 constexpr double kLastExactInteger = 9007199254740992;
 
 struct Cell {
@@ -59,7 +59,7 @@ bool Parse(std::string_view text, T& value) {
     return parsed.ec == std::errc() && parsed.ptr == end;
 }
 
-/// One comma is a decimal sign here: dBase numbers have no groups, but some writers follow the
+/// A comma is a decimal sign: dBase numbers have no group separators, but some writers follow the
 /// user's locale.
 Variant ReadNumber(const Cell& cell) {
     std::string text(Trimmed(cell.bytes));
@@ -104,7 +104,7 @@ Variant ReadText(const Cell& cell) {
     return text;
 }
 
-/// The value of one field of a record; a fault is noted once per field.
+/// Returns the value of a field; notes a fault once per field.
 Variant ReadValue(DbfSchema& schema, std::size_t field, std::string_view record,
                   std::int64_t recordNumber) {
     const Cell cell = {schema, field, schema.fields[field].BytesIn(record), recordNumber};

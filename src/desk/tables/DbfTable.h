@@ -10,18 +10,18 @@
 
 namespace desk {
 
-/// A dBase table, read only. Records are read from the file while a cursor moves, so that the table
-/// itself takes no memory; deleted ones are passed over. The identifier of a row is its record's
-/// number in the file, counted from 1 with the deleted ones. Values by kind of field:
+/// A dBase table, read only. A cursor reads the records from the file as it moves, so the table
+/// takes almost no memory. Deleted records are skipped. The identifier of a row is its record
+/// number in the file, from 1, counting deleted ones. Values by field type:
 ///   text        String without trailing blanks
-///   number      Integer where it is whole and fits; String of digits where it is whole and more
-///               than a double can hold exactly; else Double
+///   number      Integer if whole and in range; String if whole but not exact in a double;
+///               else Double
 ///   date        String "YYYY-MM-DD"
 ///   logical     Boolean
-/// Other kinds, and blank or faulty values, give Null; a fault is noted once per field.
+/// Other types, and blank or faulty values, give Null; a fault is noted once per field.
 class DbfTable : public host::IHostTable {
 public:
-    /// Opens a table. Fails with one sentence that names the file and its fault.
+    /// Opens a table. Throws host::Failure with one sentence that names the file and the fault.
     explicit DbfTable(const std::string& path);
 
     host::Ref<host::IHostFields> Fields() const override;
@@ -35,15 +35,14 @@ public:
 
     const std::string& Path() const { return schema_->file.Path(); }
     const std::vector<DbfField>& DbfFields() const { return schema_->fields; }
-    /// Name of the text encoding, and in words where it was found.
+    /// Returns the name of the text encoding; EncodingFrom says where it was found.
     const std::string& Encoding() const;
     const std::string& EncodingFrom() const { return schema_->encodingFrom; }
-    /// Records in the file, deleted ones included.
+    /// Records in the file, including deleted ones.
     std::int64_t RecordCount() const { return schema_->header.recordCount; }
-    /// Live records that can be read. Reads the whole file at the first call.
+    /// Number of live records that can be read. The first call reads the whole file.
     std::int64_t LiveRecords() const;
-    /// What is odd about the file, one sentence each. Faults of single values join once the value
-    /// was read.
+    /// Warnings about the file, one sentence each; those about values follow when they are read.
     const std::vector<std::string>& Warnings() const { return schema_->notes; }
 
 private:

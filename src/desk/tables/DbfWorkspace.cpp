@@ -22,7 +22,7 @@ bool Exists(const fs::path& path) {
     return fs::exists(path, ignored);
 }
 
-/// A backslash may stand in a file's name here, so the path as given comes first.
+/// The path as given comes first, because a file name may contain a backslash.
 std::string WithSlashes(const std::string& path) {
     if (Exists(path)) return path;
     std::string converted = path;

@@ -6,21 +6,21 @@
 
 namespace desk {
 
-/// A folder of dBase tables. Read only: making and deleting tables fails.
+/// A folder of dBase tables, read only: creating and deleting tables throws.
 class DbfWorkspace : public host::IHostWorkspace {
 public:
-    /// Either separator is understood. An empty folder leaves the path to the table's name.
+    /// Accepts either separator. With an empty folder, table names are paths.
     explicit DbfWorkspace(std::string folder) : folder_(std::move(folder)) {}
 
-    /// Opens a file of the folder as a DbfTable. Where it is not there as spelled, the ending is
-    /// taken in any case, and ".dbf" is added to a name without one.
+    /// Opens a file of the folder as a DbfTable. If there is no file of that name, tries other
+    /// cases of the ending, and adds ".dbf" to a name without ending.
     host::Ref<host::IHostTable> OpenTable(const std::string& name) override;
     host::Ref<host::IHostTable> CreateTable(const std::string& name,
                                             const host::Ref<host::IHostFields>& fields,
                                             const host::Ref<host::IHostIdentifier>& rowClass,
                                             const host::Ref<host::IHostIdentifier>& extensionClass,
                                             const std::string& configuration) override;
-    /// The folder's files with the ending .dbf in any case, by name. Type 10 alone has any.
+    /// Returns the .dbf files, in any case, sorted by name. Empty for types other than 10.
     host::Ref<host::IHostDatasetEnum> Datasets(std::int32_t type) override;
 
 private:
@@ -29,13 +29,13 @@ private:
 
 class DbfWorkspaceFactory : public host::IHostWorkspaceFactory {
 public:
-    /// Fails for a path that is no folder, unless it is empty.
+    /// Throws if the path is not a folder, unless it is empty.
     host::Ref<host::IHostWorkspace> OpenFromFile(const std::string& path,
                                                  std::int32_t window) override;
 };
 
-/// The file that a path means: as it stands, or with "/" for "\", or with another case of its
-/// ending. The path with "/" where there is no such file.
+/// Returns the existing file that a path means: as given, with "/" for "\", or with another case of
+/// its ending. Returns the path with "/" if there is none.
 std::string ResolveTablePath(const std::string& path);
 
 }  // namespace desk

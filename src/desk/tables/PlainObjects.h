@@ -10,8 +10,7 @@
 
 namespace desk {
 
-/// Kinds of dBase fields that are neither text nor identifiers. No caller relies on the
-/// numbers, which only differ from those of the host.
+/// Types of dBase fields that the host lacks. The values only need to differ from the host's.
 inline constexpr std::int32_t kFieldTypeNumber = 101;
 inline constexpr std::int32_t kFieldTypeDate = 102;
 inline constexpr std::int32_t kFieldTypeLogical = 103;
@@ -48,11 +47,11 @@ private:
 class Fields : public host::IHostFields {
 public:
     std::int32_t FieldCount() const override { return static_cast<std::int32_t>(fields_.size()); }
-    /// New places hold no field until SetField.
+    /// New positions are empty until SetField.
     void SetFieldCount(std::int32_t count) override;
     host::Ref<host::IHostField> Field(std::int32_t index) const override;
     void SetField(std::int32_t index, const host::Ref<host::IHostField>& field) override;
-    /// Case does not count; the first of several fields of one name is found.
+    /// Ignores case; returns the first of several fields of one name.
     std::int32_t FindField(const std::string& name) const override;
 
 private:
@@ -61,7 +60,6 @@ private:
     std::vector<host::Ref<host::IHostField>> fields_;
 };
 
-/// Datasets one after another.
 class DatasetList : public host::IHostDatasetEnum {
 public:
     explicit DatasetList(std::vector<host::Ref<host::IHostDataset>> datasets)
@@ -85,16 +83,15 @@ private:
     std::string clause_;
 };
 
-/// Finds fields by name: the field with exactly that name, else the first that differs in case
-/// alone.
+/// Finds fields by name: an exact match, else the first that differs only in case.
 class FieldNames {
 public:
     FieldNames() = default;
     explicit FieldNames(const std::vector<std::string>& names);
 
-    /// Index of the first such field, or -1.
+    /// Returns the index of the field, or -1.
     std::int32_t Find(const std::string& name) const;
-    /// Names of more than one field, compared without regard to case; each listed once.
+    /// Names that several fields share, ignoring case; each listed once.
     const std::vector<std::string>& Repeated() const { return repeated_; }
 
 private:
@@ -103,7 +100,7 @@ private:
     std::vector<std::string> repeated_;
 };
 
-/// Fails for a filter with a condition: tables of the desk know none.
+/// Throws for a filter with a condition, which the desk's tables do not support.
 void RequireEveryRow(const host::Ref<host::IHostQueryFilter>& filter);
 
 }  // namespace desk

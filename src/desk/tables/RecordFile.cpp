@@ -13,7 +13,7 @@
 namespace desk {
 namespace {
 
-/// Large enough that the calls do not count, small enough to stay in the cache.
+/// Large enough to make call costs negligible, small enough for the cache.
 constexpr std::int64_t kBlockBytes = std::int64_t{256} * 1024;
 
 [[noreturn]] void Fail(const std::string& text, std::int32_t number = host::kFailureUnspecified) {
@@ -28,7 +28,7 @@ constexpr std::int64_t kBlockBytes = std::int64_t{256} * 1024;
 
 RecordFile::RecordFile(std::string path) : path_(std::move(path)) {
     struct stat state = {};
-    // Asked before opening: to open a pipe would wait for its other end.
+    // Checked before opening, because opening a pipe would block.
     if (::stat(path_.c_str(), &state) != 0) {
         if (errno != ENOENT && errno != ENOTDIR) FailToRead(path_);
         Fail("There is no file " + path_ + ".", host::kFailureNotFound);
@@ -55,7 +55,7 @@ std::string_view RecordFile::Bytes(std::int64_t offset, std::int64_t length) {
 }
 
 void RecordFile::Fill(std::int64_t offset, std::int64_t length) {
-    blockStart_ = Size();  // Nothing lies in a block that could not be filled.
+    blockStart_ = Size();  // Empty, in case the read fails.
     block_.resize(static_cast<std::size_t>(length));
     for (std::int64_t filled = 0; filled < length;) {
         const ssize_t count = ::pread(descriptor_->Get(), block_.data() + filled,

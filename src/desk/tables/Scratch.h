@@ -14,8 +14,8 @@ namespace desk {
 
 class ScratchBuffer;
 
-/// A table in memory. Text longer than its field is kept whole. Rows are numbered from 1 as they
-/// are inserted; fields of the identifier type show that number.
+/// A table in memory. Texts longer than their field are kept whole. Rows are numbered from 1 in
+/// order of insertion; fields of the identifier type contain that number.
 class ScratchTable : public host::IHostTable, public std::enable_shared_from_this<ScratchTable> {
 public:
     ScratchTable(std::string name, const host::Ref<host::IHostFields>& fields);
@@ -24,18 +24,18 @@ public:
     std::int32_t FindField(const std::string& name) const override { return names_.Find(name); }
     host::Ref<host::IHostCursor> Search(const host::Ref<host::IHostQueryFilter>& filter,
                                         bool recycling) override;
-    /// Rows stand in the table at once, buffered or not.
+    /// Inserted rows are visible at once, buffered or not.
     host::Ref<host::IHostCursor> Insert(bool useBuffering) override;
     host::Ref<host::IHostRow> CreateRowBuffer() override;
 
     const std::string& Name() const { return name_; }
     std::size_t RowCount() const { return rowCount_; }
     std::size_t FieldCount() const { return slots_.size(); }
-    /// A stored value, put into the storage. Row and field count from 0 and must exist.
+    /// Returns a value, possibly held by the storage. Row and field count from 0 and must exist.
     const host::Variant& Value(std::size_t row, std::size_t field, host::Variant& storage) const;
-    /// Prefetches rows of an order, given that its row at the position next is read next.
+    /// Prefetches rows of an order; `next` is the position of the row read next.
     void LookAhead(const std::vector<std::uint32_t>& order, std::size_t next) const;
-    /// Rows in an order given by their positions from 0.
+    /// Returns the rows in an order of positions from 0.
     host::Ref<host::IHostCursor> InOrder(std::vector<std::uint32_t> order, bool recycling);
 
 private:
@@ -47,15 +47,15 @@ private:
     std::string name_;
     host::Ref<host::IHostFields> fields_;
     FieldNames names_;
-    /// Place of a field among the stored values of a row, or kObjectId.
+    /// Position of each field among the stored values of a row, or kObjectId.
     std::vector<std::size_t> slots_;
     std::size_t slotCount_ = 0;
     std::size_t rowCount_ = 0;
     ScratchCells cells_;
-    host::Ref<ScratchBuffer> buffer_;  ///< The last one handed out.
+    host::Ref<ScratchBuffer> buffer_;  ///< The last one returned; reused if no longer in use.
 };
 
-/// Tables that live as long as someone holds them.
+/// A workspace whose tables live as long as they are referenced.
 class ScratchWorkspace : public host::IHostWorkspace {
 public:
     host::Ref<host::IHostTable> OpenTable(const std::string& name) override;
@@ -67,7 +67,7 @@ public:
     host::Ref<host::IHostDatasetEnum> Datasets(std::int32_t type) override;
 
 private:
-    /// Shared with the datasets handed out, which delete from it.
+    /// Shared with the datasets, which delete from it.
     using TableList = std::vector<host::Ref<ScratchTable>>;
     std::shared_ptr<TableList> tables_ = std::make_shared<TableList>();
 };

@@ -12,16 +12,15 @@
 
 namespace desk {
 
-/// Values by position from 0: 16 bytes each, and the bytes of the texts in chunks.
+/// Values by position from 0: 16 bytes each, with the texts in chunks.
 class ScratchCells {
 public:
-    /// Makes room up to the position as needed.
+    /// Enlarges the storage as needed.
     void Store(std::size_t position, const host::Variant& value);
-    /// The value put into the storage, where a text takes the room of the text before.
+    /// Returns the value in the storage; a text reuses the capacity of the storage's previous text.
     const host::Variant& Value(std::size_t position, host::Variant& storage) const;
 
-    /// Tells the processor that the cell at the position is asked for soon; or that its text is,
-    /// which looks at the cell.
+    /// Prefetch the cell, or its text, for which the cell must be in the cache.
     void FetchCell(std::size_t position) const { __builtin_prefetch(&At(position)); }
     void FetchText(std::size_t position) const {
         if (const auto* const text = std::get_if<Text>(&At(position)))
@@ -29,7 +28,7 @@ public:
     }
 
 private:
-    /// A text's length in 4 bytes, then its bytes.
+    /// The length in 4 bytes, then the text.
     struct Text {
         const char* place;
         std::string_view View() const;
@@ -49,7 +48,7 @@ private:
     std::vector<std::unique_ptr<Cell[]>> blocks_;
     std::deque<host::Ref<host::IHostObject>> objects_;
     std::vector<std::unique_ptr<char[]>> chunks_;  ///< Of texts.
-    char* room_ = nullptr;                         ///< What is left of a chunk.
+    char* room_ = nullptr;                         ///< Free part of the last chunk.
     std::size_t roomBytes_ = 0;
 };
 

@@ -48,7 +48,7 @@ SortRows::SortRows(const host::Ref<host::IHostTable>& table,
                    const host::Ref<host::IHostQueryFilter>& filter,
                    const std::vector<std::int32_t>& keys)
     : scratch_(host::As<ScratchTable>(table)), keys_(keys.begin(), keys.end()) {
-    const auto cursor = table->Search(filter, false);  // Refuses a filter with a condition.
+    const auto cursor = table->Search(filter, false);  // Throws for a filter with a condition.
     if (scratch_) return;
     while (auto row = cursor->NextRow()) {
         if (rows_.size() == std::numeric_limits<std::uint32_t>::max())

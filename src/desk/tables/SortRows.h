@@ -12,17 +12,17 @@
 
 namespace desk {
 
-/// The rows that a sort orders, with the values of its keys at hand. A scratch table lends its
-/// values; of any other table the rows are fetched once.
+/// The rows to sort, with their key values. A scratch table provides its values directly; rows of
+/// any other table are fetched once.
 class SortRows {
 public:
-    /// The rows of a table that a filter selects; the keys are field indexes.
+    /// Takes the rows selected by a filter; the keys are field indexes.
     SortRows(const host::Ref<host::IHostTable>& table,
              const host::Ref<host::IHostQueryFilter>& filter,
              const std::vector<std::int32_t>& keys);
 
     std::uint32_t Count() const;
-    /// The value of a sort key, counted from 0; see SortValues::Value.
+    /// Returns the value of a sort key, counted from 0; see SortValues::Value.
     const host::Variant& Value(std::uint32_t row, std::size_t key, host::Variant& storage) const {
         return scratch_ ? scratch_->Value(row, keys_[key], storage)
                         : values_[row * keys_.size() + key];
@@ -30,15 +30,14 @@ public:
     host::Ref<host::IHostCursor> InOrder(const std::vector<std::uint32_t>& order) const;
 
 private:
-    host::Ref<ScratchTable> scratch_;  ///< Null for another table.
+    host::Ref<ScratchTable> scratch_;  ///< Null for other tables.
     std::vector<std::size_t> keys_;
     std::deque<host::Variant> values_;
     std::vector<host::Ref<host::IHostRow>> rows_;
 };
 
-/// One key of a sort: its values are compared as the callback prepared them, or by its Compare
-/// where it did not. They are prepared when the key is first asked for, since the second key of a
-/// sort has a say only where the first one ties.
+/// A sort key. Compares values by the callback's prepared values, or by its Compare if it prepares
+/// none. Values are prepared on first use, because a second key is needed only for ties.
 class SortKey {
 public:
     struct Field {
@@ -50,11 +49,11 @@ public:
     SortKey(const Field& field, const SortRows& rows, host::ITableSortCallBack& callback)
         : field_(field), rows_(rows), callback_(callback) {}
 
-    /// Below 0 if the first row goes before the second, above 0 if after, 0 for a tie.
+    /// Negative if row1 goes first, positive if row2 does, 0 for a tie.
     std::int32_t Compare(std::uint32_t row1, std::uint32_t row2) {
         return Directed(Prepared() ? prepared_->Compare(row1, row2) : Ask(row1, row2));
     }
-    /// The same where two rows' leads tell it.
+    /// The same if the leads of the rows decide it, else nothing.
     std::optional<std::int32_t> Decide(const host::SortLead& lead1,
                                        const host::SortLead& lead2) const {
         const auto answer = lead1.Decide(lead2);

@@ -6,10 +6,8 @@
 
 namespace desk {
 
-/// Opens a dBase file.
 host::Ref<host::IHostTable> OpenTableFile(const std::string& path);
 
-/// Makes dBase workspaces, scratch tables and what goes with them.
 class TableFactory : public virtual host::IHostTableFactory {
 public:
     host::Ref<host::IHostScratchWorkspaceFactory> NewScratchWorkspaceFactory() override;

@@ -14,15 +14,14 @@ namespace {
     throw host::Failure(host::kFailureUnspecified, "TableSort", text);
 }
 
-/// A row on its way to its place. The lead travels with it, so that a merge goes through memory in
-/// order: asking for every pair of values instead takes half as long again for a million rows.
+/// A row being sorted. It carries its lead, so that a merge reads memory in order: comparing values
+/// of both rows for each pair takes half as long again for a million rows.
 struct SortItem {
     host::SortLead lead;
     std::uint32_t row = 0;
 };
 
-/// Merges runs of doubling length. Every step moves one item, so that the sort ends even with a
-/// comparison that contradicts itself.
+/// Merges runs of doubling length. Terminates even if comparisons contradict each other.
 template <class Item, class GoesAfter>
 void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
     std::vector<Item> merged(items.size());
@@ -31,7 +30,7 @@ void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
             const std::size_t middle = std::min(start + width, items.size());
             const std::size_t end = std::min(start + 2 * width, items.size());
             std::size_t left = start, right = middle, to = start;
-            // Runs that follow each other already are most of a table that comes in order.
+            // In a table that is already sorted, most runs need no merge.
             const bool inOrder = right >= end || !goesAfter(items[middle - 1], items[middle]);
             while (!inOrder && left < middle && right < end)
                 merged[to++] =

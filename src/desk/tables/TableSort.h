@@ -11,9 +11,9 @@
 
 namespace desk {
 
-/// Orders rows by the answers of a callback with a stable merge sort, of values that the callback
-/// prepared where it offers that. It asks about n log n pairs and ends whatever it is told. Where
-/// Sort fails, Rows keeps what it gave before.
+/// Stable merge sort of rows by a callback, or by values that the callback prepares. Compares about
+/// n log n pairs and terminates even with inconsistent answers. If Sort throws, Rows returns the
+/// previous order.
 class TableSort : public host::IHostTableSort {
 public:
     void SetTable(const host::Ref<host::IHostTable>& table) override;
@@ -28,9 +28,9 @@ public:
     void SetCallback(const host::Ref<host::ITableSortCallBack>& callback) override {
         callback_ = callback;
     }
-    /// Fails without a table, and without a callback where there are fields to sort by.
+    /// Throws without a table, and without a callback if there are sort fields.
     void Sort(const host::Ref<host::IHostObject>& progress) override;
-    /// The table's own order before the first Sort.
+    /// Before the first Sort, returns the table's own order.
     host::Ref<host::IHostCursor> Rows() override;
 
 private:

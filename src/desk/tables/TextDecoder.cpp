@@ -14,13 +14,14 @@ namespace {
 
 std::string_view WithoutPadding(std::string_view text) {
     text = text.substr(0, text.find('\0'));
-    constexpr std::string_view kBlanks = "        ";  // Fields are padded, most by far more.
+    constexpr std::string_view kBlanks = "        ";  // Removes eight blanks at a time; most fields
+                                                      // have long padding.
     while (text.ends_with(kBlanks)) text.remove_suffix(kBlanks.size());
     while (text.ends_with(' ')) text.remove_suffix(1);
     return text;
 }
 
-/// Leaves out a last character that is not complete, and puts U+FFFD for what is wrong.
+/// Drops an incomplete last character; other errors become U+FFFD.
 void Replace(const void* context, UConverterToUnicodeArgs* args, const char* bytes,
              std::int32_t length, UConverterCallbackReason reason, UErrorCode* status) {
     if (*status == U_TRUNCATED_CHAR_FOUND)
@@ -49,7 +50,7 @@ std::string PrintableAscii(std::string bytes) {
 }
 
 std::shared_ptr<const TextDecoder> TextDecoder::Make(const std::string& encoding) {
-    if (encoding.empty()) return nullptr;  // ICU would take the system's own.
+    if (encoding.empty()) return nullptr;  // ICU would use the system's encoding.
     UErrorCode status = U_ZERO_ERROR;
     std::shared_ptr<UConverter> converter(ucnv_open(encoding.c_str(), &status), ucnv_close);
     ucnv_setToUCallBack(converter.get(), Replace, nullptr, nullptr, nullptr, &status);
@@ -61,7 +62,7 @@ TextDecoder::TextDecoder(std::shared_ptr<UConverter> converter, const std::strin
     : converter_(std::move(converter)), isUtf8_(ucnv_getType(converter_.get()) == UCNV_UTF8) {
     UErrorCode status = U_ZERO_ERROR;
     const char* icuName = ucnv_getName(converter_.get(), &status);
-    // ICU finds an encoding under a name with any bytes between its letters.
+    // ICU ignores other bytes in an encoding name.
     name_ = IsAscii(encoding) ? encoding : icuName;
     for (const char* standard : {"IANA", "MIME"}) {
         UErrorCode ignored = U_ZERO_ERROR;

@@ -8,18 +8,18 @@ struct UConverter;
 
 namespace desk {
 
-/// Turns text of one encoding into UTF-8. Not safe for use by two threads.
+/// Converts one encoding to UTF-8. Must be used by one thread.
 class TextDecoder {
 public:
-    /// Null for an encoding that ICU does not know.
+    /// Returns null for an encoding that ICU does not know.
     static std::shared_ptr<const TextDecoder> Make(const std::string& encoding);
 
-    /// Appends the text. False where some bytes are none of the encoding: U+FFFD stands for them.
-    /// A last character that the field's end cut off is left out and is no fault.
+    /// Appends the text. Returns false if some bytes are invalid; they become U+FFFD. An incomplete
+    /// last character is dropped and is not an error.
     bool Decode(std::string_view bytes, std::string& text) const;
-    /// The same for a text that zeros or blanks follow.
+    /// The same for a text padded with zeros or blanks.
     bool DecodePadded(std::string_view bytes, std::string& text) const;
-    /// The usual public name of the encoding.
+    /// Returns the public name of the encoding.
     const std::string& Name() const { return name_; }
 
 private:
@@ -28,13 +28,12 @@ private:
 
     std::shared_ptr<UConverter> converter_;
     std::string name_;
-    bool isAsciiBased_ = false;  ///< Bytes below 0x80 are ASCII wherever they begin a character.
+    bool isAsciiBased_ = false;  ///< Bytes below 0x80 at the start of a character are ASCII.
     bool isUtf8_ = false;
 };
 
-/// Whether all bytes are below 0x80.
 bool IsAscii(std::string_view bytes);
-/// The bytes as they can be shown whatever they are, with ? for all but printable ASCII.
+/// Returns the bytes with ? for all but printable ASCII.
 std::string PrintableAscii(std::string bytes);
 
 }  // namespace desk

@@ -14,7 +14,7 @@ struct Asked {
     SetHandle before{hb_set_create()}, input{hb_set_create()}, after{hb_set_create()};
 };
 
-/// Whether a lookup asks for the glyph, other than as one of a pair that is kerned.
+/// Returns whether a lookup involves the glyph, other than in a kerning pair.
 bool Asks(hb_face_t* face, hb_tag_t table, unsigned lookup, hb_codepoint_t glyph) {
     const Asked asked;
     hb_ot_layout_lookup_collect_glyphs(face, table, lookup, asked.before.get(), asked.input.get(),

@@ -6,17 +6,17 @@
 #include "desk/text/PlainText.h"
 #include "desk/text/RunShaper.h"
 
-/// Whether a font's lines can be cut at blanks, those that keep a line together among them.
+/// Decides whether lines in a font can be split at blanks and no-break spaces.
 namespace desk {
 
 inline constexpr std::string_view kNoBreakSpace = "\u00A0";
 
-/// Whether the font may set a blank together with its neighbours or for their sake in another way
-/// than by kerning it with one of them.
+/// Returns whether the font may change a blank or its neighbours because of each other, other than
+/// by kerning a pair.
 bool BlankMayJoin(hb_font_t* font, const Writing& writing);
 
-/// A line in which letters of a class and digits meet across a blank, each with each. A rule for
-/// any glyph between two others, which is no rule for blanks, shows in it.
+/// Returns a line in which each letter of a class and each digit meets every other across a blank.
+/// Shaping it reveals contextual rules that name no blank but match any glyph.
 std::string BlankTrial(const PlainClasses& plain, PlainClass script);
 
 }  // namespace desk

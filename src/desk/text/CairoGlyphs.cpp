@@ -6,7 +6,6 @@
 namespace desk {
 namespace {
 
-/// Whether the context draws on pixels.
 bool IsImage(cairo_t* context) {
     return cairo_surface_get_type(cairo_get_group_target(context)) == CAIRO_SURFACE_TYPE_IMAGE;
 }
@@ -48,7 +47,6 @@ void CairoGlyphs::Gather(const Glyph& glyph, std::string_view text, double x, do
         ++clusters_.back().num_glyphs;
 }
 
-/// The box that stands for a character that no font has.
 void CairoGlyphs::ShowBox(const Glyph& unknown, double x, double y) {
     PangoGlyphInfo info{};
     info.glyph = unknown.id;

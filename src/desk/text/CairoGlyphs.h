@@ -8,9 +8,9 @@
 
 namespace desk {
 
-/// Shows glyphs by cairo. Gathers those of one font, so that they are shown together: a call of
-/// cairo costs as much as some twenty glyphs. On an image they are filled outlines, since cairo
-/// would set them on whole pixels.
+/// Shows glyphs with cairo. Batches the glyphs of a font, because a cairo call costs as much as
+/// about twenty glyphs. On an image it fills outlines, since cairo would round glyph positions to
+/// whole pixels.
 class CairoGlyphs final : public GlyphCanvas {
 public:
     /// One unit of the context is a point, Y downward.

@@ -13,13 +13,13 @@
 namespace desk {
 namespace {
 
-/// Points; the hundredth to which files tell sizes.
+/// Points; files store sizes in 1/100 point.
 constexpr double kSmallestType = 0.01;
 
 GObjectHandle<PangoFontMap> NewFontMap() {
     GObjectHandle<PangoFontMap> map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT));
     if (!map) throw host::Failure(host::kFailureUnspecified, "FontCache", "No fonts can be used.");
-    // A dot is a point.
+    // One dot per point.
     pango_cairo_font_map_set_resolution(PANGO_CAIRO_FONT_MAP(map.get()), host::kPointsPerInch);
     return map;
 }
@@ -36,8 +36,8 @@ GObjectHandle<PangoContext> NewContext(PangoFontMap* map) {
     return context;
 }
 
-/// The size in units of Pango, where 0 would stand for one that is not set. Above some thousands of
-/// points drawing libraries fail; documents may ask for any size.
+/// Returns the size in Pango units. Size 0 would mean unset, and drawing libraries fail above some
+/// thousand points; documents may contain any size.
 int PangoSize(double points) {
     constexpr double kLargestType = 20'000;
     const double known = std::clamp(points, kSmallestType, kLargestType);
@@ -53,7 +53,7 @@ FontDescriptionHandle Describe(const FontSpec& spec) {
     return description;
 }
 
-/// Names that stand for a kind of font; whichever font answers to them is the one asked for.
+/// Names of kinds of fonts; any installed font of the kind is a match, not a substitution.
 bool IsGenericFamily(const std::string& family) {
     static constexpr std::array<std::string_view, 7> kGeneric = {
         "", "sans", "sans-serif", "serif", "monospace", "mono", "system-ui"};

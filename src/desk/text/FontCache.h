@@ -10,24 +10,23 @@
 
 namespace desk {
 
-/// The one language of all texts, since the user's own would choose among fonts and letter forms:
-/// the same document must give the same pages everywhere.
+/// The language of all texts. The user's language would affect the choice of fonts and letter
+/// forms, but a document must give the same pages everywhere.
 inline constexpr const char* kTextLanguage = "en";
 
-/// The font that a FontSpec leads to.
+/// The font found for a FontSpec.
 struct ResolvedFont {
     FontSpec spec;
-    std::uint32_t number = 0;  ///< Counts the fonts of one cache from 0.
+    std::uint32_t number = 0;  ///< Number in its cache, from 0.
     FontDescriptionHandle description;
     GObjectHandle<PangoFont> font;
-    hb_font_t* shaping = nullptr;            ///< Owned by font; 1024 units are a point.
+    hb_font_t* shaping = nullptr;            ///< Owned by font; 1024 units per point.
     cairo_scaled_font_t* drawing = nullptr;  ///< Owned by font.
     double ascent = 0;                       ///< Points above the baseline.
-    double lineHeight = 0;                   ///< Points; ascent and descent, no gap between lines.
-    PlainClasses plain{};                    ///< Of the characters that the font itself has.
+    double lineHeight = 0;                   ///< Points; ascent plus descent, without line gap.
+    PlainClasses plain{};                    ///< Of the characters in the font.
 };
 
-/// Finds fonts once and keeps them.
 class FontCache {
 public:
     FontCache();
@@ -43,7 +42,7 @@ private:
 
     GObjectHandle<PangoFontMap> map_;
     GObjectHandle<PangoContext> context_;
-    std::deque<ResolvedFont> fonts_;  ///< Addresses are handed out and must not change.
+    std::deque<ResolvedFont> fonts_;  ///< A deque keeps the addresses of its elements.
     const ResolvedFont* last_ = nullptr;
     std::vector<FontSubstitution> substitutions_;
 };

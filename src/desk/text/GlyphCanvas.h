@@ -8,14 +8,14 @@
 
 namespace desk {
 
-/// Where the left end of a baseline lies, in points, Y downward, and how it is turned about it, in
-/// degrees counter-clockwise.
+/// Position of the left end of a baseline, in points, Y downward, and its rotation in degrees
+/// counter-clockwise.
 struct Baseline {
     double x = 0, y = 0;
     double angle = 0;
 };
 
-/// The baseline that begins at a place seen from the begin of another one and turned with it.
+/// Returns the baseline that starts at an offset from another one, in that one's rotated axes.
 inline Baseline Along(const Baseline& from, double right, double down) {
     if (from.angle == 0) return {from.x + right, from.y + down, 0};
     const double radians = from.angle * std::numbers::pi / 180;
@@ -24,14 +24,14 @@ inline Baseline Along(const Baseline& from, double right, double down) {
     return {from.x + right * c + down * s, from.y + down * c - right * s, from.angle};
 }
 
-/// Shows glyphs, in the colour that it has.
+/// Shows glyphs in its current colour.
 class GlyphCanvas {
 public:
     virtual ~GlyphCanvas() = default;
 
     virtual void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) = 0;
 
-    /// Shows what may be held back.
+    /// Shows glyphs that are still batched.
     virtual void FinishGlyphs() = 0;
 };
 

@@ -8,7 +8,6 @@
 
 namespace desk {
 
-/// Owners of what the text libraries hand out.
 template <auto Release>
 struct Releaser {
     template <class T>

@@ -13,12 +13,12 @@ std::span<const PangoGlyphInfo> Glyphs(const PangoGlyphItem& part) {
     return {part.glyphs->glyphs, static_cast<std::size_t>(part.glyphs->num_glyphs)};
 }
 
-/// Gives the boxes that stand for characters without a font widths of their own, no less than those
-/// they are drawn with. A layout takes them from the digits of whatever font it finds for these,
-/// which was seen to change by a sixtieth within a run. Size is in 1024ths of a point.
+/// Sets fixed widths for the boxes of missing characters, at least as wide as drawn. Pango derives
+/// them from the digits of a fallback font, which was observed to change by 1/60 within a run. Size
+/// is in 1/1024 point.
 void SetBoxWidths(const PangoLayoutLine& line, int size) {
-    constexpr double kTwoDigits = 0.74;    // Ems, for codes of four digits in two rows,
-    constexpr double kThreeDigits = 1.03;  // and for longer ones.
+    constexpr double kTwoDigits = 0.74;    // Ems, for codes of four digits in two rows.
+    constexpr double kThreeDigits = 1.03;  // Ems, for longer codes.
     for (const GSList* run = line.runs; run; run = run->next) {
         PangoGlyphString& glyphs = *static_cast<PangoGlyphItem*>(run->data)->glyphs;
         for (int i = 0; i < glyphs.num_glyphs; ++i) {
@@ -38,16 +38,15 @@ GlyphUnits WidthOf(const PangoLayoutLine& line) {
     return width;
 }
 
-/// Adds the glyphs of a part in one font and direction, its text in the order of the glyphs:
-/// readers of a file put a text from right to left in order by themselves, and take jumps to the
-/// left for gaps. Returns its width.
+/// Adds the glyphs of a part in one font and direction, with its text in visual order: PDF readers
+/// reorder right-to-left text themselves and take jumps to the left for gaps. Returns its width.
 GlyphUnits Gather(const PangoGlyphItem& part, std::string_view text, const WholeLetters& letters,
                   GlyphStore& line) {
     const auto glyphs = Glyphs(part);
     const bool rightToLeft = part.item->analysis.level % 2 != 0;
     GlyphUnits pen = 0;
     std::size_t shown = 0;
-    int before = part.item->length;  // Where the bytes begin that stand to the left.
+    int before = part.item->length;  // Start of the bytes to the left.
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
         const PangoGlyphGeometry& place = glyphs[i].geometry;
         if (glyphs[i].glyph != PANGO_GLYPH_EMPTY) {

@@ -11,19 +11,19 @@
 
 namespace desk {
 
-/// Lays out a line of any text: several scripts, both directions, fallback to other fonts.
+/// Lays out a line of any text with Pango: several scripts, both directions, fallback fonts.
 class LayoutShaper {
 public:
     explicit LayoutShaper(PangoContext* context);
 
-    /// Shapes the line. Returns its width in 1024ths of a point, which is the same for either side.
+    /// Shapes the line. Returns its width in 1/1024 point, which does not depend on the side.
     GlyphUnits Shape(const ResolvedFont& font, std::string_view line,
                      LeaderSide leader = LeaderSide::Reading);
 
-    /// Puts the line shaped last on a baseline.
+    /// Adds the line shaped last, on a baseline.
     void Place(PlacedGlyphs& into, Baseline baseline);
 
-    /// Characters in the lines placed so far that no font has.
+    /// Characters that no font has, in all lines placed so far.
     const std::set<char32_t>& Missing() const { return missing_; }
 
 private:
@@ -32,7 +32,7 @@ private:
     GObjectHandle<PangoLayout> layout_;
     WholeLetters wholeLetters_;
     const ResolvedFont* font_ = nullptr;
-    std::string text_;  ///< Of the line shaped last.
+    std::string text_;  ///< Text of the line shaped last.
     std::set<char32_t> missing_;
 };
 

@@ -10,8 +10,8 @@ constexpr const char* kRightToLeftMark = "\u200F";
 constexpr const char* kFirstStrongIsolate = "\u2068";
 constexpr const char* kPopIsolate = "\u2069";
 
-/// A layout would end a line at these as well, or go on at a stop of its own: behind the box of a
-/// character without a font, whose width it does not tell the same twice, nor would the stop be.
+/// Characters at which Pango would end the line, and the tab. A tab stop would depend on the widths
+/// of boxes of missing characters, which Pango does not compute reproducibly.
 bool IsSeparator(gunichar character) {
     return character == 0x85 || character == 0x2028 || character == 0x2029 || character == '\t';
 }

@@ -5,22 +5,22 @@
 
 namespace desk {
 
-/// The side of a line at which the dots of its leader stand.
+/// The side of a line on which its leader is.
 enum class LeaderSide {
     Right,
-    Reading,  ///< The end at which the line's own direction of reading ends.
+    Reading,  ///< The end of the line in its own reading direction.
 };
 
-/// The line as a layout takes it: with blanks for separators, since only LF ends a line, and with
-/// U+FFFD for whatever is not UTF-8.
+/// Returns the line as Pango expects it: separators become blanks, because only LF ends a line, and
+/// malformed bytes become U+FFFD.
 std::string Readable(std::string_view line);
 
-/// Where the dots begin that end the line, or its end where there is no leader. A leader is two
-/// dots or more; one may be that of an abbreviation.
+/// Returns the offset of the dots that end the line, or its size if there is no leader. A leader
+/// has at least two dots; a single one may belong to an abbreviation.
 std::size_t LeaderStart(std::string_view line);
 
-/// A line from right to left with marks of direction: the name keeps its own direction, and the
-/// leader runs on from it to the side asked for.
+/// Adds direction marks to a right-to-left line: the name keeps its own direction, and the leader
+/// continues to the given side.
 std::string WithLeader(std::string line, LeaderSide side);
 
 }  // namespace desk

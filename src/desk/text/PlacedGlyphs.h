@@ -8,17 +8,17 @@
 
 namespace desk {
 
-/// Texts whose glyphs have their places, so that they can be shown.
+/// Positioned glyphs of texts, ready to be shown.
 class PlacedGlyphs {
 public:
-    /// Where the glyphs of the next line are put.
+    /// Receives the glyphs of the next line.
     GlyphStore& Glyphs() { return glyphs_; }
-    /// Ends a line, or a part of one in one font, of the glyphs that were put there since the last.
+    /// Ends a line, or a part of one in one font, with the glyphs added since the last call.
     void EndLine(PangoFont* font, const Baseline& baseline);
 
     std::size_t LineCount() const { return lines_.size(); }
 
-    /// Shows lines from the first to the one before the end.
+    /// Shows the lines from first to end, exclusive.
     void Show(GlyphCanvas& canvas, std::size_t first, std::size_t end) const;
 
     void Clear();
@@ -32,7 +32,7 @@ private:
 
     GlyphStore glyphs_;
     std::vector<Line> lines_;
-    std::vector<GObjectHandle<PangoFont>> fonts_;  ///< Holds those of the lines.
+    std::vector<GObjectHandle<PangoFont>> fonts_;  ///< Keeps the fonts of the lines alive.
 };
 
 }  // namespace desk

@@ -8,14 +8,13 @@ namespace {
 constexpr std::uint32_t kGreatestGlyph = 0xFFFFFF;
 constexpr std::uint32_t kMostBytes = 0xFF;
 
-/// The language that a layout gives to a run of the script, so that both choose the same forms.
+/// The language that Pango assigns to a run of the script, so that both select the same forms.
 hb_language_t SampleLanguage(PangoScript script) {
     PangoLanguage* const language = pango_script_get_sample_language(script);
     return hb_language_from_string((pango_language_to_string)(language), -1);
 }
 
-/// What the last of three dots at the end adds to the one before it, where the run may be broken
-/// between them.
+/// Returns the advance of the last of three final dots if the run can be split there, else 0.
 int DotStep(std::span<const RunGlyph> glyphs, std::string_view text, hb_glyph_flags_t last) {
     if (glyphs.size() < 3 || !text.ends_with("...")) return 0;
     if ((last & HB_GLYPH_FLAG_UNSAFE_TO_BREAK) != 0) return 0;

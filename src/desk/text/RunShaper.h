@@ -8,22 +8,21 @@
 
 namespace desk {
 
-/// Script and language by which the shaper chooses glyphs.
+/// Script and language for the shaper.
 struct Writing {
     hb_script_t script = HB_SCRIPT_COMMON;
     hb_language_t language = HB_LANGUAGE_INVALID;
 };
 
-/// The writing of plain texts of a class.
+/// Returns script and language of plain texts of a class.
 Writing WritingOf(PlainClass plain);
 
-/// Shapes runs from left to right.
+/// Shapes left-to-right runs.
 class RunShaper {
 public:
     RunShaper() : buffer_(hb_buffer_create()) {}
 
-    /// Shapes the bytes of a text from start to end with regard to what is around them. The glyphs
-    /// stand until the next call.
+    /// Shapes bytes start to end of a text in their context. Glyphs are valid until the next call.
     ShapedRun Shape(hb_font_t* font, const Writing& writing, std::string_view text, std::size_t end,
                     std::size_t start = 0);
 

@@ -7,7 +7,7 @@
 
 #include "desk/text/FontCache.h"
 
-/// How the lines of a text stand in its box, and the box on its point.
+/// Layout of lines in a text's box, and of the box at its point.
 namespace desk {
 
 inline std::string WithoutReturns(std::string_view text) {
@@ -16,7 +16,7 @@ inline std::string WithoutReturns(std::string_view text) {
     return rest;
 }
 
-/// Calls for each line of a text that holds no CR.
+/// Calls visit for each line of a text without CR.
 template <class Visit>
 void ForEachLine(std::string_view text, const Visit& visit) {
     for (std::size_t start = 0;;) {
@@ -31,12 +31,12 @@ inline double LineCount(std::string_view text) {
     return 1 + static_cast<double>(std::count(text.begin(), text.end(), '\n'));
 }
 
-/// Share of the free width that stands left of a line or a box.
+/// Share of the free width that lies left of a line or a box.
 inline double LeftShare(int horizontal) {
     return horizontal == 1 ? 0.5 : horizontal == 2 ? 1.0 : 0.0;
 }
 
-/// Distance from the point down to the first baseline of a text.
+/// Returns the distance from the point down to the first baseline, in points.
 inline double FirstBaseline(const ResolvedFont& font, double height, int vertical) {
     switch (vertical) {
         case 1:

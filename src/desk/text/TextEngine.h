@@ -10,7 +10,7 @@
 
 namespace desk {
 
-/// A font as a symbol asks for it.
+/// A font as requested by a symbol.
 struct FontSpec {
     std::string family;
     double points = 10;
@@ -18,26 +18,26 @@ struct FontSpec {
     bool operator==(const FontSpec&) const = default;
 };
 
-/// A FontSpec that an engine has found the font of.
+/// The font of a FontSpec (FontCache.h).
 struct ResolvedFont;
 
 class GlyphCanvas;
 class PlacedGlyphs;
 
-/// How a text hangs on its point. The numbers are those of host::IHostTextSymbol; a justified text
-/// stands like one at the left. The baseline is that of the last line.
+/// Placement of a text at its point. The numbers are those of host::IHostTextSymbol; justified text
+/// is left-aligned. Baseline means the last line's.
 struct TextPlacement {
     int horizontal = 0;
     int vertical = 0;
     double angle = 0;  ///< Degrees, counter-clockwise.
 };
 
-/// An upright box in points, seen from the point that its text hangs on, Y downward.
+/// An upright box in points, relative to the text's point, Y downward.
 struct TextBox {
     double left = 0, top = 0, right = 0, bottom = 0;
 };
 
-/// A text that hangs on a point.
+/// A text at a point, in points, Y downward.
 struct PlacedText {
     const ResolvedFont* font = nullptr;
     std::string_view text;
@@ -45,51 +45,49 @@ struct PlacedText {
     double x = 0, y = 0;
 };
 
-/// A family that was asked for and the one that stands in for it.
+/// A requested family and the one used instead.
 struct FontSubstitution {
     std::string wanted;
     std::string used;
 };
 
 /// Shapes, measures and draws text: any script, both directions, with font fallback. Sizes are
-/// unhinted, so that they do not depend on any resolution. They do not depend on the user's
-/// language either. Not safe for use by two threads.
-///
-/// A line is as high as the ascent and descent of the font asked for, whatever fonts stand in for
-/// characters that it lacks: baselines stay even, and a higher character hangs over its line. Each
-/// line takes its base direction from its first letter; alignment is always that of the page, and a
-/// leader runs on to the right from a line that hangs on its left edge, in either direction.
-/// Letters and their combining marks are in one font.
+/// unhinted and depend neither on the resolution nor on the user's language. Must be used by one
+/// thread.
+///  The height of a line is the ascent and descent of the requested font, also with fallback fonts:
+/// baselines stay even, and a taller character exceeds its line. Each line takes its base direction
+/// from its first letter. Alignment is relative to the page; the leader of a left-aligned line
+/// continues to the right in either direction. A letter and its combining marks are in one font.
 class TextEngine {
 public:
-    /// How sizes are found: every one by a full layout, or by whatever gives the same sooner. The
-    /// plain way is there to compare with.
+    /// How sizes are computed: Plain always uses a full layout, Quick a faster method with the same
+    /// result. Plain is for comparison in tests.
     enum class Ways { Plain, Quick };
 
     explicit TextEngine(Ways ways = Ways::Quick);
     ~TextEngine();
 
-    /// The font that a spec leads to; it stays valid for the engine's life. Equal specs have one.
+    /// Returns the font of a spec, valid while the engine exists. Equal specs give the same font.
     const ResolvedFont& Find(const FontSpec& spec);
 
-    /// Size in points, by the promises of host::IHostTextSymbol::MeasureText. Each LF begins a new
-    /// line, also at the end of the text.
+    /// Returns the size in points, as specified by host::IHostTextSymbol::MeasureText. Each LF
+    /// starts a line, also at the end of the text.
     host::TextExtent Measure(const ResolvedFont& font, std::string_view text);
     host::TextExtent Measure(const FontSpec& spec, std::string_view text) {
         return Measure(Find(spec), text);
     }
 
-    /// Sets a text, so that it can be shown: the box that Measure tells hangs on its point as its
-    /// placement says. Returns the smallest upright box around that box, seen from the point.
+    /// Adds a text's glyphs, positioned so that the box that Measure returns is placed at its
+    /// point. Returns the smallest upright box around that box, relative to the point.
     TextBox Set(const PlacedText& text, PlacedGlyphs& into);
 
-    /// Sets a text and shows it.
+    /// Shows a text at once.
     void Draw(GlyphCanvas& canvas, const PlacedText& text);
 
-    /// Families that were asked for so far and are not installed, in order of first use.
+    /// Requested families that are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;
 
-    /// Characters that were set and that no installed font has, each shown as a box.
+    /// Characters without a font in the texts set so far; each is shown as a box.
     const std::set<char32_t>& MissingCharacters() const;
 
 private:

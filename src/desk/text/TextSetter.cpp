@@ -22,7 +22,7 @@ host::TextExtent TextSetter::SetLines(const PlacedText& placed, std::string_view
     return size;
 }
 
-/// Sets a line with the share of its width left of the point. Returns its width in points.
+/// Adds a line aligned at the point. Returns its width in points.
 double TextSetter::SetLine(const PlacedText& placed, std::string_view line, double down,
                            PlacedGlyphs& into) {
     const ResolvedFont& font = *placed.font;
@@ -33,7 +33,7 @@ double TextSetter::SetLine(const PlacedText& placed, std::string_view line, doub
         into.EndLine(font.font.get(), Along(point, -leftShare * width, down));
         return width;
     }
-    // What hangs on its left edge goes on to the right, and so does its leader.
+    // The leader of a left-aligned line continues to the right.
     const auto leader = leftShare == 0 ? LeaderSide::Right : LeaderSide::Reading;
     const double width = Points(layout_.Shape(font, line, leader));
     layout_.Place(into, Along(point, -leftShare * width, down));

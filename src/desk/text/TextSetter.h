@@ -7,12 +7,12 @@
 
 namespace desk {
 
-/// Sets texts.
+/// Positions the glyphs of texts.
 class TextSetter {
 public:
     TextSetter(DirectShaper& direct, LayoutShaper& layout) : direct_(direct), layout_(layout) {}
 
-    /// Returns the size of the text.
+    /// Adds the glyphs of a text. Returns its size in points.
     host::TextExtent Set(const PlacedText& placed, PlacedGlyphs& into);
 
 private:

@@ -5,7 +5,7 @@
 namespace desk {
 namespace {
 
-/// No combining mark is encoded below.
+/// Lowest lead byte of a combining mark in UTF-8.
 constexpr unsigned char kLeastLeadByteOfMark = 0xCC;
 
 bool IsMark(gunichar character) {
@@ -23,7 +23,7 @@ bool HasAll(const ResolvedFont& font, const std::string& letter) {
     return true;
 }
 
-/// Where a letter and its marks end.
+/// Returns the end of a letter and its marks.
 const char* EndOfLetter(const char* place) {
     const char* end = g_utf8_next_char(place);
     while (*end && IsMark(g_utf8_get_char(end))) end = g_utf8_next_char(end);
@@ -67,7 +67,7 @@ std::string WholeLetters::Of(const ResolvedFont& font, std::string text,
     return whole;
 }
 
-/// The letter, which will stand at a place of the text, in a form or a font that has all of it.
+/// Returns the letter in a form, or with a font, that has all of it. It starts at `start`.
 std::string WholeLetters::Mended(const ResolvedFont& font, std::string letter, std::size_t start,
                                  PangoAttrList* attributes) {
     const GStringHandle composed(g_utf8_normalize(letter.c_str(), -1, G_NORMALIZE_NFC));

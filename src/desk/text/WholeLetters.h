@@ -10,22 +10,23 @@
 
 namespace desk {
 
-/// Keeps a letter and its combining marks in one font. A layout asks for a font character by
-/// character: where the font has a letter but not its mark, the mark came from another font and
-/// stood at a height that does not fit the letter.
+/// Keeps a letter and its combining marks in one font. Pango selects fonts per character: if a font
+/// has a letter but not its mark, the mark would come from another font, at a height that does not
+/// fit.
 class WholeLetters {
 public:
     explicit WholeLetters(PangoContext* context) : context_(context) {}
 
-    /// The text, with a letter and its marks composed into one character where the font has that,
-    /// and with an attribute for the first other font that has them all where it has not.
+    /// Returns the text with letters and marks composed where the font has the composed character;
+    /// for other letters it adds an attribute with the first fallback font that has letter and
+    /// marks.
     std::string Of(const ResolvedFont& font, std::string text, PangoAttrList* attributes);
 
-    /// A part of the text made last as it was written, so that a file gives back what it was given.
+    /// Returns a part of the text made last in its original form, for the text in the PDF.
     std::string Written(std::string_view part, std::size_t start) const;
 
 private:
-    /// A letter that was composed, in the text made of it.
+    /// A composed letter: its place in the new text and its original form.
     struct Composed {
         std::size_t start = 0, length = 0;
         std::string written;
@@ -36,8 +37,8 @@ private:
     const std::string& FamilyFor(const ResolvedFont& font, std::string_view letter);
 
     PangoContext* context_;
-    std::vector<Composed> composed_;  ///< Of the text made last, in its order.
-    /// Families found so far, by font and letter; empty where no font has it all.
+    std::vector<Composed> composed_;  ///< In the text made last, in order.
+    /// Families found so far, by font and letter; empty if no font has all of it.
     std::map<std::pair<std::uint32_t, std::string>, std::string> families_;
 };
 

@@ -4,7 +4,7 @@
 
 namespace desk {
 
-/// Returns the text with its case folded: texts that differ in case alone become equal.
+/// Returns the case-folded text. Texts that differ only in case become equal.
 std::string FoldCase(const std::string& text);
 
 }  // namespace desk

@@ -8,7 +8,7 @@ namespace desk {
 
 namespace {
 
-/// Pixels left free around a dialog for its frame and the edges of the desktop.
+/// Pixels left free around a dialog, for its frame and the desktop's panels.
 constexpr int kRoomAround = 60;
 
 }  // namespace

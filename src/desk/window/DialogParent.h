@@ -9,14 +9,14 @@ class QWidget;
 
 namespace desk {
 
-/// Gives the main window, or null before there is one.
+/// Returns the main window, or null before it exists.
 using ParentWidget = std::function<QWidget*()>;
 
-/// What a dialog is to lie over: a modal dialog that is open now, else the window of this handle,
-/// else the main window. May be null.
+/// Returns the parent for a dialog: the active modal dialog, else the window of the handle, else
+/// the main window. May return null.
 QWidget* DialogParent(const ParentWidget& mainWindow, host::WindowHandle handle = 0);
 
-/// Resizes a dialog, to no more than its screen has room for.
+/// Resizes a dialog to the wanted size, limited to the size of its screen.
 void ResizeToScreen(QWidget& dialog, QSize wanted);
 
 }  // namespace desk

@@ -25,14 +25,14 @@
 namespace desk {
 namespace {
 
-/// What the list enters into the expression for an item.
+/// The text that an item inserts into the expression.
 constexpr int kInsertRole = Qt::UserRole;
 
 constexpr char kEmptyHint[] =
     "An empty expression would leave the old one in place: write one, or press Cancel.";
 
-/// Items as high as their wrapped text needs in the width of its column. A tree view on its own
-/// wraps a text only where the row happens to be high enough.
+/// Makes rows high enough for their wrapped text. A tree view wraps a text only if the row is
+/// already high enough.
 class WrappedItems : public QStyledItemDelegate {
 public:
     explicit WrappedItems(QTreeWidget* list) : QStyledItemDelegate(list), list_(list) {}
@@ -51,7 +51,7 @@ private:
     QTreeWidget* list_;
 };
 
-/// A list of two columns in which Return enters the current item.
+/// A list of two columns in which Return inserts the current item.
 class PieceList : public QTreeWidget {
 public:
     PieceList(const QStringList& headers, QWidget* parent) : QTreeWidget(parent) {
@@ -62,7 +62,7 @@ public:
         setAllColumnsShowFocus(true);
         setTabKeyNavigation(false);
         header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-        // Wrapped texts take other heights in another width.
+        // The heights of wrapped texts depend on the width.
         connect(header(), &QHeaderView::sectionResized, this,
                 [this] { scheduleDelayedItemsLayout(); });
     }
@@ -88,22 +88,21 @@ QLabel* WrappedLabel(const char* name, QWidget* parent) {
     return label;
 }
 
-/// "no field named Foo" as a sentence.
+/// Turns a finding such as "no field named Foo" into a sentence.
 QString Sentence(const std::string& finding) {
     QString sentence = ToQt(finding) + ".";
     sentence[0] = sentence[0].toUpper();
     return sentence;
 }
 
-/// What an expression is written with.
 struct ExpressionParts {
     host::Ref<host::IHostTable> table;  ///< May be null.
     std::vector<host::TokenDescription> tokens;
     host::Ref<host::IHostLocale> locale;
 };
 
-/// The window in which an expression is written: the fields, the tokens, the text, and what the
-/// first records give. Only a valid expression that is not empty can be confirmed.
+/// The expression dialog: fields, tokens, text, and a preview with the first records. Only a valid
+/// expression that is not empty can be confirmed.
 class ExpressionDialog : public QDialog {
 public:
     ExpressionDialog(ExpressionParts parts, const std::string& expression, QWidget* parent);
@@ -117,11 +116,11 @@ private:
     void FillTokens();
     void OpenPreview();
     void Insert(const QTreeWidgetItem* item);
-    void Judge();
+    void CheckText();
     void ShowTexts(const std::string& expression);
 
     ExpressionParts parts_;
-    std::unique_ptr<ExpressionPreview> preview_;  ///< Null where the table cannot be read.
+    std::unique_ptr<ExpressionPreview> preview_;  ///< Null if the table cannot be read.
     QTreeWidget* fields_;
     QTreeWidget* tokens_;
     ExpressionText* text_;
@@ -151,10 +150,10 @@ ExpressionDialog::ExpressionDialog(ExpressionParts parts, const std::string& exp
     FillFields();
     FillTokens();
     OpenPreview();
-    connect(text_, &QPlainTextEdit::textChanged, this, &ExpressionDialog::Judge);
+    connect(text_, &QPlainTextEdit::textChanged, this, &ExpressionDialog::CheckText);
     connect(buttons_, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    Judge();
+    CheckText();
     text_->setFocus();
 }
 
@@ -177,7 +176,7 @@ void ExpressionDialog::LayOut() {
     layout->addWidget(buttons_);
     texts_->setMinimumHeight(fontMetrics().lineSpacing() * 6);
     texts_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    // The line stays where it is, whether there is something to say or not.
+    // Reserves the line for the finding, so that the layout does not move.
     finding_->setMinimumHeight(fontMetrics().lineSpacing());
     ResizeToScreen(*this,
                    {fontMetrics().averageCharWidth() * 100, fontMetrics().lineSpacing() * 38});
@@ -221,7 +220,7 @@ void ExpressionDialog::FillTokens() {
 void ExpressionDialog::OpenPreview() {
     try {
         preview_ = std::make_unique<ExpressionPreview>(parts_.table, parts_.locale);
-        // A line is not to end inside of $$.
+        // Prevents a line break inside $$.
         note_->setText(ToQt(preview_->Sources()).replace("$$", "$\u2060$\u2060"));
     } catch (const host::Failure& failure) {
         note_->setText("The table cannot be read. " + ToQt(failure.cause));
@@ -236,7 +235,7 @@ std::string ExpressionDialog::Expression() const {
     return text_->Text();
 }
 
-void ExpressionDialog::Judge() {
+void ExpressionDialog::CheckText() {
     const std::string expression = Expression();
     const auto finding = ExpressionEngine(parts_.locale).Explain(parts_.table, expression);
     text_->Mark(finding.begin, finding.length);

@@ -8,13 +8,13 @@
 
 namespace desk {
 
-/// The expression editor of a host with a window, to be used as an ExpressionEngine::Editor.
+/// Opens the expression dialog. Used as the desk's ExpressionEngine::Editor.
 class ExpressionEditor {
 public:
-    /// Numbers in the preview are written as in the locale, a name as IcuLocale takes it.
+    /// The locale formats numbers in the preview; it is a name as for IcuLocale.
     explicit ExpressionEditor(ParentWidget parent, std::string locale = {});
 
-    /// The new expression; empty where the user cancelled.
+    /// Returns the new expression, or an empty text if the user cancelled.
     std::string operator()(const host::Ref<host::IHostTable>& table, const std::string& expression,
                            const std::vector<host::TokenDescription>& tokens) const;
 

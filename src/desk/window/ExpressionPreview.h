@@ -7,19 +7,17 @@
 
 namespace desk {
 
-/// Evaluates an expression against the first records of a table, as a sample of what it gives.
-///
-/// The values that the tokens will have are not known here. A record's own fields "Page", "Row" and
-/// "Column" stand in for them, and 1, A and 1 where the table lacks such a field.
+/// Evaluates an expression for the first records of a table, as a preview.
+///  The tokens have no value yet. The preview uses the record's fields "Page", "Row" and "Column",
+/// or 1, A and 1 if the table lacks such a field.
 class ExpressionPreview {
 public:
-    /// Reads the first records. Fails as the table does. The table may be null.
+    /// Reads the first records; throws what the table throws. The table may be null.
     ExpressionPreview(host::Ref<host::IHostTable> table, host::Ref<host::IHostLocale> locale);
 
-    /// A text for each of the first records, at most five. Fails for an expression that is not
-    /// valid.
+    /// Returns one text per record, at most five. Throws for an invalid expression.
     std::vector<std::string> Texts(const std::string& expression);
-    /// Where the tokens' values in the preview come from, in words.
+    /// Returns a sentence for the user that says where the tokens' values come from.
     std::string Sources() const;
 
 private:

@@ -31,7 +31,7 @@ void ExpressionText::Insert(const QString& text) {
 void ExpressionText::Mark(std::size_t begin, std::size_t length) {
     QList<QTextEdit::ExtraSelection> marks;
     if (length > 0) {
-        // Positions in the document count UTF-16 units.
+        // Positions in the document are in UTF-16 units.
         const std::string text = FromQt(toPlainText());
         const auto from = static_cast<int>(ToQt(text.substr(0, begin)).size());
         const auto count = static_cast<int>(ToQt(text.substr(begin, length)).size());

@@ -4,16 +4,16 @@
 
 namespace desk {
 
-/// The text box for an expression: a text in one paragraph, wrapped, with the part at fault
-/// underlined. Tab and Return belong to the dialog.
+/// Text box for an expression: one wrapped paragraph in which a fault can be underlined. Tab and
+/// Return are left to the dialog.
 class ExpressionText : public QPlainTextEdit {
 public:
     ExpressionText(const std::string& text, QWidget* parent);
 
-    /// The text as it came, to the byte, while nothing has been edited.
+    /// Returns the initial text unchanged, to the byte, unless it was edited.
     std::string Text() const;
     void Insert(const QString& text);
-    /// Underlines a part, in bytes of the text; nothing for a length of 0.
+    /// Underlines a part, given in bytes; removes the underline for a length of 0.
     void Mark(std::size_t begin, std::size_t length);
 
     QSize sizeHint() const override;

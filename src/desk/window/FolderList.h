@@ -6,29 +6,29 @@
 
 namespace desk {
 
-/// What can be picked in a folder: its folders and its dBase tables; or the folder connections.
+/// Lists the folders and dBase tables of a folder, or the folder connections.
 class FolderList : public QTreeWidget {
 public:
     enum class Kind { None, Folder, Connection, Table };
 
     explicit FolderList(QWidget* parent);
 
-    /// False for a folder that cannot be read; the list then stays as it is.
+    /// Returns false and changes nothing if the folder cannot be read.
     bool ShowFolder(const QString& folder);
     void ShowPlaces(const QList<FolderPlace>& places);
 
     static Kind KindOf(const QTreeWidgetItem* item);
     static QString PathOf(const QTreeWidgetItem* item);
-    /// Paths of the selected tables, as they stand in the list.
+    /// Returns the paths of the selected tables, in list order.
     QStringList SelectedTables() const;
-    /// The one folder or connection that is selected, or null.
+    /// Returns the selected folder or connection if exactly one is selected, else null.
     const QTreeWidgetItem* SelectedFolder() const;
-    /// Path of the table with this name, which may lack its ending; or empty.
+    /// Returns the path of a table by name, with or without ending; empty if there is none.
     QString TableNamed(const QString& name) const;
     void Select(const QString& path);
 
 protected:
-    /// Return opens what is current and does not press the dialog's default button as well.
+    /// Return opens the current item without also pressing the dialog's default button.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -7,22 +7,22 @@
 
 namespace desk {
 
-/// Picks a dBase table, or a folder and a name in it. A table has the category "dBASE Table"; a
-/// name typed at the top level belongs to the "Folder Connection" that is selected there, elsewhere
-/// to the "Folder" on show.
+/// Selects a dBase table, or a folder and a name in it. A table has the category "dBASE Table". A
+/// name typed in the list of folder connections gets the category "Folder Connection" and the
+/// connection selected there; in a folder it gets the category "Folder".
 class ObjectDialog final : public host::IHostObjectDialog {
 public:
-    /// Starts in a folder, or at home where that is missing.
+    /// Starts in the given folder, or in the user's home if it does not exist.
     ObjectDialog(ParentWidget parent, std::string startFolder);
 
-    /// The desk has one filter, that for tables; any will do.
+    /// Ignores the filter: the desk has only one, for tables.
     void SetObjectFilter(const host::Ref<host::IHostObjectFilter>& filter) override;
     void SetAllowMultiSelect(bool allow) override { allowMultiSelect_ = allow; }
     void SetTitle(const std::string& title) override { title_ = title; }
-    /// Cancelled, the selection stays as it was.
+    /// Leaves the selection unchanged if the user cancels.
     void DoModal(host::WindowHandle parent, host::Ref<host::IHostObjectSelection>& selection,
                  bool& accepted) override;
-    /// Of a table, the name of its file.
+    /// Returns the typed name, or the file name of the selected table.
     std::string Name() const override { return name_; }
 
 private:

@@ -8,7 +8,6 @@
 
 namespace desk {
 
-/// The objects that a property sheet is about, as a list.
 class ObjectSet final : public host::IHostObjectSet {
 public:
     explicit ObjectSet(std::vector<host::Ref<host::IHostObject>> objects)

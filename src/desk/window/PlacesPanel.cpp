@@ -17,7 +17,7 @@ namespace {
 
 constexpr char kSetting[] = "folderConnections";
 
-/// Where volumes come and go; all others belong to the system.
+/// Mount points of removable volumes; other mounts belong to the system.
 constexpr std::array kVolumeRoots = {"/media/", "/run/media/", "/mnt/"};
 
 bool IsVolume(const QString& root) {
@@ -40,7 +40,7 @@ public:
     QList<FolderPlace> places;
 };
 
-/// What an item holds besides its name.
+/// Data roles of an item.
 constexpr int kPath = Qt::UserRole;
 constexpr int kOwn = Qt::UserRole + 1;
 
@@ -60,7 +60,7 @@ QList<FolderPlace> FolderPlaces::List() const {
         if (volume.isReady() && IsVolume(volume.rootPath() + '/'))
             list.Add(QDir(volume.rootPath()).dirName(), volume.rootPath());
     list.Add("File system", QDir::rootPath());
-    // The user's own stay although they may be away for now: that is for the user to say.
+    // Kept even if missing: a volume may be mounted again later.
     for (const QString& path : QSettings().value(kSetting).toStringList())
         list.Add(QDir(path).dirName(), path, true);
     return list.places;

@@ -10,23 +10,21 @@ class QPushButton;
 
 namespace desk {
 
-/// What the list of all folder connections is called.
 inline constexpr char kAllPlaces[] = "Folder Connections";
 
-/// A folder that is quick to reach.
 struct FolderPlace {
     QString name;
     QString path;
-    bool own = false;  ///< Added by the user, who may take it away again.
+    bool own = false;  ///< Added by the user, who may remove it.
 };
 
-/// The folder connections: the document's folder, the user's usual folders, mounted volumes, and
-/// what the user added, which is remembered in the settings of the program.
+/// The folder connections: the document's folder, the user's standard folders, mounted volumes, and
+/// those that the user added, which are stored in the program's settings.
 class FolderPlaces {
 public:
     explicit FolderPlaces(QString documentFolder);
 
-    /// Each once. Only those that the user added may be missing on disk.
+    /// Returns each connection once. Only those added by the user may be missing on disk.
     QList<FolderPlace> List() const;
     void Add(const QString& path) const;
     void Remove(const QString& path) const;
@@ -35,24 +33,23 @@ private:
     QString documentFolder_;
 };
 
-/// The folder connections as a list beside the folder on show, with buttons to add one and to take
-/// one's own away again.
+/// Shows the folder connections, with buttons to add one and to remove an added one.
 class PlacesPanel : public QWidget {
 public:
     struct Listeners {
-        std::function<void(const QString& path)> go;  ///< Empty: to the list of all of them.
-        std::function<void()> changed;                ///< One was added or removed.
+        std::function<void(const QString& path)> go;  ///< Empty path: the list of all connections.
+        std::function<void()> changed;                ///< A connection was added or removed.
     };
 
     PlacesPanel(const QString& documentFolder, Listeners listeners, QWidget* parent);
 
     QList<FolderPlace> Places() const { return places_.List(); }
-    /// Where the search for a folder to add begins.
+    /// Sets the initial folder of the dialog that adds a connection.
     void SetFolder(const QString& folder) { folder_ = folder; }
 
-    /// Its parts in the order of the Tab key.
+    /// Returns its widgets in tab order.
     QList<QWidget*> TabOrder() const;
-    /// The list takes the Return key to go somewhere.
+    /// Returns true if the list has the focus and handles Return itself.
     bool TakesReturn() const;
 
 private:

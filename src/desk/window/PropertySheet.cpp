@@ -34,14 +34,14 @@ private:
 
 }  // namespace
 
-/// A tab of a property sheet with the window of its page in it. Scrolls where there is no room for
-/// the page. Failures of the page are told in a message and go no further.
+/// A tab with the window of its page. Scrolls if the page does not fit. Shows the page's failures
+/// in a message; none propagates.
 class SheetPage : public QScrollArea {
 public:
-    /// Hands the page its site and objects and takes its window in, still hidden.
+    /// Passes the site and the objects to the page and embeds its window, still hidden.
     SheetPage(host::Ref<host::IComPropertyPage> page, const host::Ref<host::IHostPageSite>& site,
               const host::Ref<host::IHostObjectSet>& objects);
-    ~SheetPage() override { LetGo(); }
+    ~SheetPage() override { Release(); }
 
     QString Title() const { return title_; }
     void ShowPage() {
@@ -54,8 +54,8 @@ public:
     void Cancel() {
         Guarded([](host::IComPropertyPage& page) { page.Cancel(); });
     }
-    /// Gives the page its window back and releases the page. Does nothing the second time.
-    void LetGo();
+    /// Returns the window to the page and releases the page. A second call has no effect.
+    void Release();
 
     QSize sizeHint() const override { return widget()->sizeHint(); }
 
@@ -78,7 +78,7 @@ SheetPage::SheetPage(host::Ref<host::IComPropertyPage> page,
     auto* layout = new QGridLayout(frame);
     layout->setContentsMargins(0, 0, 0, 0);
     setWidget(frame);
-    // The tab's own background is to be seen.
+    // Shows the tab's own background.
     frame->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
     Guarded([&](host::IComPropertyPage& shown) {
@@ -92,13 +92,13 @@ SheetPage::SheetPage(host::Ref<host::IComPropertyPage> page,
 void SheetPage::TakeWindow() {
     window_ = QWidget::find(static_cast<WId>(page_->Activate()));
     if (window_ == nullptr) return;
-    // Its window becomes a widget among others, and stays hidden until the page shows itself.
+    // Turns the top-level window into a child widget.
     window_->hide();
     window_->setAttribute(Qt::WA_NativeWindow, false);
     window_->setParent(widget(), Qt::Widget);
     auto* layout = static_cast<QGridLayout*>(widget()->layout());
     layout->addWidget(window_, 0, 0);
-    // Room for the page as it says, or for its widgets if they want more.
+    // Reserves the page's stated size, or more if its widgets need more.
     layout->addItem(new QSpacerItem(page_->Width(), page_->Height(), QSizePolicy::MinimumExpanding,
                                     QSizePolicy::MinimumExpanding),
                     0, 0);
@@ -110,8 +110,8 @@ void SheetPage::ApplyIfDirty() {
     });
 }
 
-void SheetPage::LetGo() {
-    // The page owns its window, which must not go with the sheet.
+void SheetPage::Release() {
+    // The page owns its window, so the sheet must not delete it.
     if (window_ != nullptr) {
         window_->hide();
         window_->setParent(nullptr);
@@ -146,26 +146,26 @@ PropertySheet::PropertySheet(std::vector<host::Ref<host::IComPropertyPage>> page
         return one->Priority() < other->Priority();
     });
     for (const auto& page : pages)
-        if (page->Applies(objects_)) Take(page);
-    connect(buttons_, &QDialogButtonBox::clicked, this, &PropertySheet::Press);
-    Lay();
+        if (page->Applies(objects_)) AddPage(page);
+    connect(buttons_, &QDialogButtonBox::clicked, this, &PropertySheet::HandleButton);
+    LayOut();
     UpdateButtons();
     ResizeToScreen(*this, sizeHint());
 }
 
 PropertySheet::~PropertySheet() {
-    LetGo();
+    Release();
 }
 
-void PropertySheet::Take(const host::Ref<host::IComPropertyPage>& page) {
-    // A page may hold on to its site for longer than the sheet lives.
+void PropertySheet::AddPage(const host::Ref<host::IComPropertyPage>& page) {
+    // A page may keep its site after the sheet is deleted.
     const auto site = std::make_shared<PageSite>([sheet = QPointer<PropertySheet>(this)] {
         if (sheet != nullptr) sheet->NoteChange();
     });
     pages_.push_back(new SheetPage(page, site, objects_));
 }
 
-void PropertySheet::Lay() {
+void PropertySheet::LayOut() {
     auto* layout = new QVBoxLayout(this);
     if (pages_.empty()) {
         auto* nothing = new QLabel("No property page applies to the selected element.", this);
@@ -175,7 +175,7 @@ void PropertySheet::Lay() {
     } else {
         tabs_ = new QTabWidget(this);
         for (SheetPage* page : pages_) tabs_->addTab(page, page->Title());
-        connect(tabs_, &QTabWidget::currentChanged, this, &PropertySheet::Turn);
+        connect(tabs_, &QTabWidget::currentChanged, this, &PropertySheet::ShowTab);
         layout->addWidget(tabs_, 1);
     }
     layout->addWidget(buttons_);
@@ -183,20 +183,20 @@ void PropertySheet::Lay() {
 
 void PropertySheet::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    // What a page has to say while it shows itself is to lie over the sheet, not in front of it.
+    // Queued, so that messages from the page's Show appear over the visible sheet.
     if (tabs_ != nullptr && shownTab_ < 0)
         QMetaObject::invokeMethod(
-            this, [this] { Turn(tabs_->currentIndex()); }, Qt::QueuedConnection);
+            this, [this] { ShowTab(tabs_->currentIndex()); }, Qt::QueuedConnection);
 }
 
-void PropertySheet::Turn(int tab) {
+void PropertySheet::ShowTab(int tab) {
     if (tab == shownTab_ || !isVisible()) return;
     const int before = std::exchange(shownTab_, tab);
     if (before >= 0) pages_[static_cast<std::size_t>(before)]->HidePage();
     if (tab >= 0) pages_[static_cast<std::size_t>(tab)]->ShowPage();
 }
 
-void PropertySheet::Press(QAbstractButton* button) {
+void PropertySheet::HandleButton(QAbstractButton* button) {
     if (applying_) return;
     switch (buttons_->standardButton(button)) {
         case QDialogButtonBox::Apply:
@@ -224,17 +224,17 @@ void PropertySheet::Apply() {
 }
 
 void PropertySheet::done(int result) {
-    // A window must not close under an apply that still runs.
+    // The dialog must stay open during an apply.
     if (applying_) return;
     if (result != Accepted)
         for (SheetPage* page : pages_) page->Cancel();
     hide();
-    LetGo();
+    Release();
     QDialog::done(result);
 }
 
-void PropertySheet::LetGo() {
-    for (SheetPage* page : pages_) page->LetGo();
+void PropertySheet::Release() {
+    for (SheetPage* page : pages_) page->Release();
     pages_.clear();
     if (tabs_ != nullptr) tabs_->disconnect(this);
     shownTab_ = -1;

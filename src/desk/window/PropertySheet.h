@@ -13,9 +13,9 @@ namespace desk {
 
 class SheetPage;
 
-/// A modal sheet of property pages with OK, Apply and Cancel. Takes the pages that apply to the
-/// objects, lowest priority number first, and lets go of them when it is closed. No failure of a
-/// page leaves it: it is told in a message.
+/// A modal sheet of property pages with OK, Apply and Cancel. Shows the pages that apply to the
+/// objects, lowest priority number first, and releases them on closing. Shows a page's failures in
+/// a message; none propagates.
 class PropertySheet : public QDialog {
     Q_OBJECT
 
@@ -27,28 +27,28 @@ public:
     void done(int result) override;
 
 Q_SIGNALS:
-    /// The pages' edits have been written to the objects.
+    /// The pages have written their edits to the objects.
     void Applied();
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void Take(const host::Ref<host::IComPropertyPage>& page);
-    void Lay();
-    void Press(QAbstractButton* button);
-    void Turn(int tab);
+    void AddPage(const host::Ref<host::IComPropertyPage>& page);
+    void LayOut();
+    void HandleButton(QAbstractButton* button);
+    void ShowTab(int tab);
     void Apply();
-    void LetGo();
+    void Release();
     void UpdateButtons();
     void NoteChange();
 
     host::Ref<host::IHostObjectSet> objects_;
-    std::vector<SheetPage*> pages_;  ///< One for each tab.
-    QTabWidget* tabs_ = nullptr;     ///< Null where no page applies.
+    std::vector<SheetPage*> pages_;  ///< One per tab.
+    QTabWidget* tabs_ = nullptr;     ///< Null if no page applies.
     QDialogButtonBox* buttons_;
-    int shownTab_ = -1;     ///< The tab whose page has been told to show itself.
-    bool changed_ = false;  ///< Something has been edited since the last apply.
+    int shownTab_ = -1;     ///< The tab whose page is shown; -1: none.
+    bool changed_ = false;  ///< Something was edited since the last apply.
     bool applying_ = false;
 };
 

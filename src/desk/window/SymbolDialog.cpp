@@ -17,7 +17,7 @@ host::Ref<host::IHostSymbol> CopyOf(const host::Ref<host::IHostSymbol>& symbol) 
     return host::As<host::IHostSymbol>(symbol->Copy());
 }
 
-/// Lets the user edit a text or fill symbol in place; true where the user confirmed.
+/// Edits a text or fill symbol in place. Returns true if the user confirmed.
 bool Edit(host::IHost& host, const host::Ref<host::IHostSymbol>& symbol, QWidget* parent) {
     QDialog dialog(parent);
     auto* swatch = new SymbolSwatch(host, &dialog);

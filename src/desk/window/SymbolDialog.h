@@ -5,16 +5,17 @@
 
 namespace desk {
 
-/// Edits a text symbol or a fill symbol, on a copy of its own. What it does not show, such as
-/// placements and angle, stays as it is.
+/// Edits a copy of a text symbol or a fill symbol. Properties without a control, such as placement
+/// and angle, are kept.
 class SymbolDialog final : public host::IHostSymbolDialog {
 public:
     SymbolDialog(host::IHost& host, ParentWidget parent);
 
     void AddSymbol(const host::Ref<host::IHostSymbol>& symbol, bool& ok) override;
-    /// Without a symbol, ok is false and nothing is shown.
+    /// Sets ok to false and shows nothing if there is no symbol.
     void Show(host::WindowHandle parent, bool& ok) override;
-    /// Unless the user confirmed, the symbol as it came. Fails for an index other than 0.
+    /// Returns the edited copy, or the original symbol if the user did not confirm. Throws for an
+    /// index other than 0.
     host::Ref<host::IHostSymbol> Symbol(std::int32_t index) override;
 
 private:

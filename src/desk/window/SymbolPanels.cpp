@@ -25,13 +25,13 @@ namespace {
 constexpr double kLeastSize = 0.5;
 constexpr double kMostSize = 400;
 
-/// Families of two makers come with the maker's name in brackets, which is no part of the name.
+/// If two makers have a family of the same name, Qt appends the maker's name in brackets.
 QString WithoutMaker(const QString& family) {
     static const QRegularExpression maker(" \\[[^\\]]*\\]$");
     return QString(family).remove(maker);
 }
 
-/// A colour that has been picked is to be seen.
+/// Sets a colour picked by the user, which must be visible.
 void Paint(const host::Ref<host::IHostColor>& color, std::uint32_t rgb) {
     color->SetRGB(rgb);
     color->SetTransparent(false);
@@ -118,11 +118,11 @@ TextSymbolPanel::TextSymbolPanel(host::Ref<host::IHostTextSymbol> symbol, QWidge
     form->addRow("&Colour:", color_);
     form->addRow(note_);
     Fill();
-    Wire();
+    ConnectSignals();
 }
 
 void TextSymbolPanel::Fill() {
-    // The list may not have the font, and must not put one of its own in its place.
+    // An editable text keeps a font that the list does not contain.
     family_->setCurrentIndex(family_->findText(firstFamily_, Qt::MatchFixedString));
     family_->setEditText(firstFamily_);
     size_->setValue(symbol_->Size());
@@ -131,7 +131,7 @@ void TextSymbolPanel::Fill() {
     UpdateNote();
 }
 
-void TextSymbolPanel::Wire() {
+void TextSymbolPanel::ConnectSignals() {
     connect(family_, &QComboBox::editTextChanged, this, &TextSymbolPanel::SetFamily);
     connect(size_, &QDoubleSpinBox::valueChanged, this, [this](double points) {
         symbol_->SetSize(points);

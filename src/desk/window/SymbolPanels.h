@@ -14,19 +14,18 @@ class QLabel;
 
 namespace desk {
 
-/// A button that shows a colour and lets the user pick another.
+/// A button that shows a colour and opens a colour dialog.
 class ColorButton : public QPushButton {
     Q_OBJECT
 
 public:
     explicit ColorButton(QWidget* parent);
 
-    /// Red in the lowest byte, then green, then blue.
+    /// 0xBBGGRR.
     std::uint32_t Rgb() const;
     void SetRgb(std::uint32_t rgb);
 
 Q_SIGNALS:
-    /// The user picked a colour.
     void Picked();
 
 protected:
@@ -39,8 +38,8 @@ private:
     QColor color_ = Qt::black;
 };
 
-// The panels edit the symbol they are given. They write only what the user touches, so that a value
-// that a control cannot show stays what it is.
+// The panels edit the symbol in place and write only the properties that the user changes, so that
+// a value that a control cannot show is kept.
 
 /// Font, size, weight and colour of a text symbol.
 class TextSymbolPanel : public QWidget {
@@ -54,12 +53,12 @@ Q_SIGNALS:
 
 private:
     void Fill();
-    void Wire();
+    void ConnectSignals();
     void SetFamily(const QString& family);
     void UpdateNote();
 
     host::Ref<host::IHostTextSymbol> symbol_;
-    QString firstFamily_;  ///< As the symbol came.
+    QString firstFamily_;  ///< The symbol's initial font family.
     QFontComboBox* family_;
     QDoubleSpinBox* size_;
     QCheckBox* bold_;

@@ -14,10 +14,10 @@ namespace {
 
 constexpr std::uint32_t kPaper = 0xFFFFFF;
 
-/// Free border around a picture, in inches.
+/// Border around the picture, in inches.
 constexpr double kBorder = 0.1;
 
-/// Share of a line's height that stands over its baseline, near enough to centre a sample.
+/// Approximate share of the line height above the baseline, to centre the sample.
 constexpr double kAscent = 0.8;
 
 QImage Copied(host::IHostPixelSurface& surface) {
@@ -72,7 +72,7 @@ void SymbolSwatch::paintEvent(QPaintEvent* event) {
         }
         surface_.reset();
         picture_.setDevicePixelRatio(ratio);
-        // Whoever listens may lay itself out anew, which must not happen while painting.
+        // Queued: a receiver may change its layout, which must not happen while painting.
         QMetaObject::invokeMethod(
             this, [this] { Q_EMIT Described(described_); }, Qt::QueuedConnection);
     }
@@ -96,7 +96,7 @@ void SymbolSwatch::Draw(const QSize& pixels, double dotsPerInch) {
 
 void SymbolSwatch::DrawText(const host::IHostTextSymbol& symbol, const QSize& pixels,
                             double dotsPerInch) {
-    // Placement and angle are the page's affair: the sample stands upright on its line.
+    // The sample is upright; placement and angle belong to the page.
     const auto sample = host::As<host::IHostTextSymbol>(symbol.Copy());
     sample->SetAngle(0);
     sample->SetHorizontalPlacement(0);
@@ -115,7 +115,7 @@ void SymbolSwatch::DrawText(const host::IHostTextSymbol& symbol, const QSize& pi
                          .arg(std::max(1, static_cast<int>(shrink * 100)));
     else
         described_ = "Preview in true size";
-    // The baseline of a line that stands in the middle; Y grows upward.
+    // Y grows upward.
     const double baseline = pixels.height() / 2.0 - height * shrink * (kAscent - 0.5);
     const auto start = host_.NewPoint();
     start->SetX((pixels.width() - width * shrink) / 2);
@@ -130,7 +130,7 @@ void SymbolSwatch::DrawText(const host::IHostTextSymbol& symbol, const QSize& pi
 }
 
 std::string SymbolSwatch::SampleText(const host::IHostTextSymbol& symbol) const {
-    // A sample that names its font would tell the wrong one after an edit.
+    // A sample text that begins with the initial font name would be wrong for another font.
     std::string text = symbol.Text();
     if (!text.empty() && (firstFamily_.empty() || !text.starts_with(firstFamily_))) return text;
     return symbol.Font()->Name() + " " + host_.Locale().FormatNumber(symbol.Size());

@@ -7,8 +7,7 @@
 
 namespace desk {
 
-/// Shows a symbol as the host draws it, on white paper: a text in its true size or as much smaller
-/// as needed to fit.
+/// Shows a symbol as the host draws it, on white. A text has its true size, or is reduced to fit.
 class SymbolSwatch : public QFrame {
     Q_OBJECT
 
@@ -16,14 +15,14 @@ public:
     SymbolSwatch(host::IHost& host, QWidget* parent);
 
     void SetSymbol(host::Ref<host::IHostSymbol> symbol);
-    /// The symbol has been edited.
+    /// Call after the symbol was edited.
     void Redraw();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// What the picture is, in words; it may have changed.
+    /// Emits the caption of the picture, which may have changed.
     void Described(const QString& text);
 
 protected:
@@ -41,7 +40,7 @@ private:
 
     host::IHost& host_;
     host::Ref<host::IHostSymbol> symbol_;
-    std::string firstFamily_;  ///< Of a text, as it came.
+    std::string firstFamily_;  ///< Initial font family of a text symbol.
     host::Ref<host::IHostPixelSurface> surface_;
     QImage picture_;
     QString described_;

@@ -25,11 +25,11 @@ constexpr char kTable[] = "dBASE Table";
 constexpr char kFolder[] = "Folder";
 constexpr char kConnection[] = "Folder Connection";
 
-/// Milliseconds that a selection has to last before its table is read, so that the keys can run
-/// through a list of large tables.
+/// Milliseconds before the table of a new selection is read, so that scrolling through the list
+/// with the keyboard stays fast.
 constexpr int kPreviewDelay = 120;
 
-/// Size at first, in characters and lines.
+/// Initial size in characters and lines.
 constexpr int kColumns = 130;
 constexpr int kLines = 30;
 
@@ -61,7 +61,7 @@ TableChooser::TableChooser(const QString& startFolder, bool allowMultiSelect, QW
     previewTimer_.setSingleShot(true);
     previewTimer_.setInterval(kPreviewDelay);
     LayOut();
-    Wire();
+    ConnectSignals();
     Enter(QFileInfo(startFolder).isDir() ? startFolder : QDir::homePath());
     list_->setFocus();
 }
@@ -121,23 +121,23 @@ QWidget* TableChooser::NameRow() {
     return row;
 }
 
-void TableChooser::Wire() {
-    // The dialog's order of making is not its reading order.
+void TableChooser::ConnectSignals() {
+    // The default tab order is the order of construction.
     const QList<QWidget*> order =
         QList<QWidget*>{address_, up_} + places_->TabOrder() + QList<QWidget*>{list_, name_};
     for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
     connect(up_, &QToolButton::clicked, this, &TableChooser::GoUp);
     connect(list_, &QTreeWidget::itemActivated, this, &TableChooser::Activate);
-    connect(list_, &QTreeWidget::itemSelectionChanged, this, &TableChooser::TakeSelection);
+    connect(list_, &QTreeWidget::itemSelectionChanged, this, &TableChooser::ShowSelection);
     connect(name_, &QLineEdit::textChanged, this, [this] {
         previewTimer_.start();
         UpdateButtons();
     });
     connect(&previewTimer_, &QTimer::timeout, this, &TableChooser::ShowPreview);
     connect(address_, &QLineEdit::returnPressed, this, &TableChooser::GoToAddress);
-    // Return in these fields goes somewhere; it does not press OK as well.
+    // In these fields Return navigates and must not also press OK.
     connect(buttons_, &QDialogButtonBox::accepted, this, [this] {
-        if (!address_->hasFocus() && !places_->TakesReturn()) TakeName();
+        if (!address_->hasFocus() && !places_->TakesReturn()) AcceptName();
     });
     connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
@@ -147,8 +147,8 @@ void TableChooser::Enter(const QString& folder) {
     if (clean.isEmpty()) {
         list_->ShowPlaces(places_->Places());
     } else if (!list_->ShowFolder(clean)) {
-        Tell(QFileInfo(clean).isDir() ? "The folder " + clean + " cannot be read."
-                                      : "There is no folder " + clean + ".");
+        ShowNote(QFileInfo(clean).isDir() ? "The folder " + clean + " cannot be read."
+                                          : "There is no folder " + clean + ".");
         return;
     }
     folder_ = clean;
@@ -157,7 +157,7 @@ void TableChooser::Enter(const QString& folder) {
     note_->clear();
     if (list_->topLevelItemCount() > 0)
         list_->setCurrentItem(list_->topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
-    TakeSelection();
+    ShowSelection();
 }
 
 void TableChooser::GoUp() {
@@ -172,7 +172,7 @@ void TableChooser::GoUp() {
 void TableChooser::Activate(const QTreeWidgetItem* item) {
     if (FolderList::KindOf(item) != FolderList::Kind::Table) return Enter(FolderList::PathOf(item));
     const QStringList selected = list_->SelectedTables();
-    TakeTables(selected.isEmpty() ? QStringList(FolderList::PathOf(item)) : selected);
+    AcceptTables(selected.isEmpty() ? QStringList(FolderList::PathOf(item)) : selected);
 }
 
 void TableChooser::GoToAddress() {
@@ -180,12 +180,12 @@ void TableChooser::GoToAddress() {
     if (text.isEmpty() || text == kAllPlaces)
         Enter({});
     else if (!FollowPath(text))
-        Tell("There is no folder " + text + ".");
+        ShowNote("There is no folder " + text + ".");
 }
 
-void TableChooser::TakeSelection() {
+void TableChooser::ShowSelection() {
     const QStringList tables = list_->SelectedTables();
-    // A name that was typed stays while the user looks for a folder to put it in.
+    // Keeps a typed name while the user looks for a folder.
     if (!tables.isEmpty()) name_->setText(FileNames(tables).join("; "));
     previewTimer_.start();
     UpdateButtons();
@@ -211,17 +211,17 @@ void TableChooser::UpdateButtons() {
         ->setEnabled(!name_->text().trimmed().isEmpty() || list_->SelectedFolder() != nullptr);
 }
 
-void TableChooser::TakeName() {
+void TableChooser::AcceptName() {
     const QString name = name_->text().trimmed();
     const QStringList selected = list_->SelectedTables();
     if (!selected.isEmpty() && name == FileNames(selected).join("; ")) {
-        TakeTables(selected);
+        AcceptTables(selected);
     } else if (name.isEmpty()) {
         if (const auto* folder = list_->SelectedFolder()) Enter(FolderList::PathOf(folder));
     } else if (name.contains('/') || name == "~" || name == "..") {
-        if (!FollowPath(name)) Tell("There is no folder " + QFileInfo(name).path() + ".");
+        if (!FollowPath(name)) ShowNote("There is no folder " + QFileInfo(name).path() + ".");
     } else {
-        TakeTypedName(name);
+        AcceptTypedName(name);
     }
 }
 
@@ -239,7 +239,7 @@ bool TableChooser::FollowPath(const QString& path) {
     return true;
 }
 
-void TableChooser::TakeTables(const QStringList& paths) {
+void TableChooser::AcceptTables(const QStringList& paths) {
     if (paths.isEmpty()) return;
     picked_.clear();
     for (const QString& path : paths)
@@ -248,12 +248,12 @@ void TableChooser::TakeTables(const QStringList& paths) {
     accept();
 }
 
-void TableChooser::TakeTypedName(const QString& name) {
+void TableChooser::AcceptTypedName(const QString& name) {
     const QString table = list_->TableNamed(name);
-    if (!table.isEmpty()) return TakeTables({table});
+    if (!table.isEmpty()) return AcceptTables({table});
     const auto* connection = list_->SelectedFolder();
     if (folder_.isEmpty() && connection == nullptr)
-        return Tell("Select the folder connection in which " + name + " is to be.");
+        return ShowNote("Select the folder connection in which " + name + " is to be.");
     const QString folder = folder_.isEmpty() ? FolderList::PathOf(connection) : folder_;
     picked_ = {
         {FromQt(QDir::toNativeSeparators(folder)), folder_.isEmpty() ? kConnection : kFolder}};
@@ -261,7 +261,7 @@ void TableChooser::TakeTypedName(const QString& name) {
     accept();
 }
 
-void TableChooser::Tell(const QString& text) {
+void TableChooser::ShowNote(const QString& text) {
     note_->setText(text);
     QApplication::beep();
 }

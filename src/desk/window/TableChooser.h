@@ -17,43 +17,43 @@ class FolderList;
 class PlacesPanel;
 class TablePreview;
 
-/// Something that was picked: a table, or the folder for a typed name.
+/// The selected table, or the folder of a typed name.
 struct PickedObject {
-    std::string fullName;  ///< Path.
+    std::string fullName;
     std::string category;  ///< "dBASE Table", "Folder" or "Folder Connection".
 };
 
-/// The window of the object dialog: places, the folders and tables of one folder, what the selected
-/// table holds, and a name.
+/// The dialog of ObjectDialog: folder connections, the contents of a folder, a preview of the
+/// selected table, and a name.
 class TableChooser : public QDialog {
 public:
     TableChooser(const QString& startFolder, bool allowMultiSelect, QWidget* parent);
 
     const std::vector<PickedObject>& Picked() const { return picked_; }
-    /// The name typed, or the file name of the table picked.
+    /// Returns the typed name, or the file name of the selected table.
     QString Name() const { return pickedName_; }
 
 private:
     void LayOut();
     QWidget* AddressRow();
     QWidget* NameRow();
-    void Wire();
+    void ConnectSignals();
 
     /// Shows a folder, or the folder connections for an empty path.
     void Enter(const QString& folder);
     void GoUp();
     void Activate(const QTreeWidgetItem* item);
     void GoToAddress();
-    void TakeSelection();
+    void ShowSelection();
     void ShowPreview();
     void UpdateButtons();
 
-    void TakeName();
-    /// Goes where a typed path leads. False if there is no such folder.
+    void AcceptName();
+    /// Opens a typed path. Returns false if it is no folder.
     bool FollowPath(const QString& path);
-    void TakeTables(const QStringList& paths);
-    void TakeTypedName(const QString& name);
-    void Tell(const QString& text);
+    void AcceptTables(const QStringList& paths);
+    void AcceptTypedName(const QString& name);
+    void ShowNote(const QString& text);
 
     QString folder_;
     QTimer previewTimer_;

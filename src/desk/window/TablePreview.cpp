@@ -15,10 +15,10 @@
 namespace desk {
 namespace {
 
-/// Beyond this size a table is not read through only to leave out its deleted records.
+/// Bytes. Records of larger tables are counted without checking for deleted ones.
 constexpr qint64 kReadThrough = 64 << 20;
 
-/// Odd things told before the list is cut off.
+/// Warnings shown.
 constexpr std::size_t kNotes = 3;
 
 QLabel* WrappedLabel(QWidget* parent) {
@@ -26,7 +26,7 @@ QLabel* WrappedLabel(QWidget* parent) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // A long name without blanks must not widen the panel.
+    // A long name must not widen the panel.
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     return label;
 }

@@ -11,18 +11,17 @@ class QTreeWidget;
 
 namespace desk {
 
-/// The type of a field for the user's eye: "Text (40)", "Number (8.2)", "Date".
+/// Returns the type of a field for display, such as "Text (40)", "Number (8.2)" or "Date".
 QString TypeInWords(const DbfField& field);
 QString TypeInWords(const host::IHostField& field);
 
-/// Shows what a dBase table holds: its fields, the number of its records, and what is odd about it.
+/// Shows the fields of a dBase table, the number of its records, and the reader's warnings.
 class TablePreview : public QWidget {
 public:
     explicit TablePreview(QWidget* parent);
 
-    /// A table that cannot be read shows why, in one sentence.
+    /// Shows the reason, in one sentence, if the table cannot be read.
     void ShowTable(const QString& path);
-    /// Shows a text in place of a table.
     void ShowText(const QString& text);
 
 private:

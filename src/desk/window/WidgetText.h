@@ -13,7 +13,7 @@ inline std::string FromQt(const QString& text) {
     return text.toStdString();
 }
 
-/// A text with its line ends as Qt's widgets show them.
+/// Returns a text with the line ends of Qt's widgets.
 inline QString ShownLines(const std::string& text) {
     QString shown = ToQt(text);
     shown.replace("\r\n", "\n");
@@ -21,7 +21,7 @@ inline QString ShownLines(const std::string& text) {
     return shown;
 }
 
-/// A text for a place where & would announce a key.
+/// Doubles each &, so that a label does not take it for a mnemonic.
 inline QString WithoutMnemonic(QString text) {
     return text.replace('&', "&&");
 }

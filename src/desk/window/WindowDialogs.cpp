@@ -20,11 +20,11 @@
 namespace desk {
 namespace {
 
-/// Size of the text before the user resizes the window, in average characters and lines.
+/// Initial size of the text, in average characters and lines.
 constexpr int kColumns = 84;
 constexpr int kLines = 18;
 
-/// A tab stands for one step into the call stack.
+/// Width of a tab, in characters: one level of the call stack.
 constexpr int kTabWidth = 4;
 
 QLabel* PlainLabel(const QString& text, QWidget* parent) {
@@ -42,8 +42,8 @@ QStyle::StandardPixmap PixmapOf(QMessageBox::Icon icon) {
     return QStyle::SP_MessageBoxInformation;
 }
 
-/// A message too long for a plain box: what went wrong in one line with its facts, where the
-/// request brings a failure, and the whole text below, to scroll and to copy.
+/// The dialog for a long message: the cause and its facts, if the request has a failure, and the
+/// whole text, which can be scrolled and copied.
 class LongMessage : public QDialog {
 public:
     LongMessage(const host::MessageBoxRequest& request, QMessageBox::Icon icon, QWidget* parent);
@@ -122,11 +122,11 @@ QWidget* LongMessage::Buttons(const std::string& text) {
     return buttons;
 }
 
-/// Buttons stand in the lowest four bits of a style, the icon in the next.
+/// The lowest four bits of a style select the buttons, the next three the icon.
 constexpr std::int32_t kButtonBits = 0x0F;
 constexpr std::int32_t kIconBits = 0x70;
 
-/// A message of more lines or bytes than this gets a box that scrolls.
+/// Messages with more lines or bytes use LongMessage.
 constexpr int kMostPlainLines = 16;
 constexpr std::size_t kMostPlainBytes = 1200;
 
@@ -171,7 +171,7 @@ WindowDialogs::WindowDialogs(ParentWidget parent) : parent_(std::move(parent)) {
 
 host::MessageAnswer WindowDialogs::MessageBox(const host::MessageBoxRequest& request) {
     QWidget* parent = DialogParent(parent_);
-    // Whatever is going on behind, a message wants an arrow and not an hourglass.
+    // A message needs an arrow pointer, not the wait pointer of the operation behind it.
     QApplication::setOverrideCursor(Qt::ArrowCursor);
     auto answer = host::MessageAnswer::Ok;
     if (NeedsRoom(request) && (request.style & kButtonBits) != host::kYesNo)

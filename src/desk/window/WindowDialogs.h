@@ -5,13 +5,13 @@
 
 namespace desk {
 
-/// Messages and questions as modal windows. Texts are shown as they are, never as markup. A message
-/// about a failure, or one that is long, scrolls and can be copied.
+/// Messages and questions as modal dialogs. Texts are shown verbatim, never as markup. A long
+/// message or one about a failure can be scrolled and copied.
 class WindowDialogs final : public host::IHostDialogs {
 public:
     explicit WindowDialogs(ParentWidget parent);
 
-    /// Escape and the window's close button count as OK, or as No.
+    /// Escape and the close button count as OK, or as No.
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override;
     std::optional<std::string> InputBox(const std::string& prompt, const std::string& title,
                                         const std::string& initial) override;

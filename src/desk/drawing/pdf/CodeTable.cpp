@@ -3,16 +3,16 @@
 namespace desk::pdf {
 namespace {
 
-// The first byte of a code of two bytes is at least kFirstLead where there are short codes too, and
-// at least kFirstTrail where there are none. The second byte is always at least kFirstTrail.
+// The first byte of a two-byte code is at least kFirstLead if one-byte codes exist, else at least
+// kFirstTrail. The second byte is always at least kFirstTrail.
 constexpr unsigned kFirstLead = 0xC0;
 constexpr unsigned kFirstTrail = 0x80;
 constexpr unsigned kTrails = 0x80;
 
-/// The limit of OpenType. Pango numbers the boxes for unknown characters far above it.
+/// OpenType's limit. Pango's numbers for missing characters are far above it.
 constexpr hb_codepoint_t kMostGlyphs = 0x10000;
 
-/// Bytes that would need an escape, or that readers of strings change.
+/// Bytes that need an escape or that readers of strings change.
 bool IsSpecial(unsigned byte) {
     return byte == '(' || byte == ')' || byte == '\\' || byte == '\r' || byte == '\n' || byte == 0;
 }

@@ -10,10 +10,10 @@
 
 namespace desk::pdf {
 
-/// What stands in a string for a glyph.
+/// The code of a glyph in a string.
 struct Code {
     std::array<char, 2> bytes{};
-    unsigned char count = 1;  ///< Of bytes.
+    unsigned char count = 1;  ///< Number of bytes.
     void AppendTo(std::string& out) const {
         out += bytes[0];
         if (count > 1) out += bytes[1];
@@ -24,20 +24,20 @@ struct Code {
     }
 };
 
-/// The codes of a font, assigned when a glyph first occurs. A glyph has one code for each text that
-/// it stands for, such as the blank for a no-break space, so that the code determines the text. No
-/// code needs an escape in a string. ASCII characters keep their own bytes.
+/// The codes of a font, assigned when a glyph is first used. A glyph has one code per text that it
+/// represents (a blank and a no-break space share a glyph), so that the code determines the text.
+/// No code needs an escape in a string. ASCII characters keep their own byte.
 class CodeTable {
 public:
-    /// Lengths of the codes, in bytes. There are 186 codes of one byte and with them 8192 of two,
-    /// or 16384 where all have two.
+    /// Lengths of the codes, in bytes: 186 codes of one byte, with 8192 codes of two in OneAndTwo;
+    /// 16384 codes of two in Two.
     enum class Lengths { One, OneAndTwo, Two };
 
     struct Entry {
         Code code;
         hb_codepoint_t glyph = 0;
         std::string text;
-        double width = 0;  ///< Thousandths of the font's size.
+        double width = 0;  ///< Thousandths of the font size.
     };
 
     explicit CodeTable(Lengths lengths);
@@ -51,15 +51,15 @@ public:
         return FindSlowly(glyph, text);
     }
 
-    /// Assigns a code. Returns null if all are taken.
+    /// Assigns a code. Returns null if none is free.
     const Entry* Add(hb_codepoint_t glyph, std::string_view text, double width);
 
     const std::vector<Entry>& Entries() const { return entries_; }
-    /// The ranges of codes, one for each length: the first and the last code.
+    /// Returns the first and last code of each length, in CMap syntax.
     std::vector<std::string> Ranges() const;
 
 private:
-    /// The text of up to three bytes and its length; 0 for other texts.
+    /// Packs a text of up to three bytes and its length; 0 for longer texts.
     static std::uint32_t Packed(std::string_view text) {
         std::uint32_t packed = 0;
         if (text.size() > 3) return 0;
@@ -78,10 +78,10 @@ private:
 
     Lengths lengths_;
     std::vector<Entry> entries_;
-    /// By glyph: the first two codes for short texts. Only the blank often has two.
+    /// By glyph: the first two codes with short texts. Usually only the blank has two.
     std::vector<std::array<Quick, 2>> quick_;
     std::unordered_map<std::string, std::size_t> others_;  ///< By glyph and text.
-    std::string freeCodes_;  ///< Short ones for texts other than ASCII; taken from the end.
+    std::string freeCodes_;  ///< One-byte codes for non-ASCII texts; taken from the end.
     std::array<bool, 128> taken_{};
     unsigned longCodes_ = 0;
 };

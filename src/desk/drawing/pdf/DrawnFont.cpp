@@ -12,9 +12,9 @@
 namespace desk::pdf {
 namespace {
 
-/// Fonts of coloured signs have them some 130 pixels high.
+/// Colour fonts have pictures about 130 pixels high.
 constexpr double kPixelsPerSize = 128;
-/// Length of a pixel in thousandths of the font's size.
+/// Size of a pixel in thousandths of the font size.
 constexpr double kPixel = 1000 / kPixelsPerSize;
 
 int LogicalWidth(PangoFont* font, PangoGlyph glyph) {
@@ -23,14 +23,14 @@ int LogicalWidth(PangoFont* font, PangoGlyph glyph) {
     return logical.width;
 }
 
-/// Draws a glyph on the origin of a surface by one of pango's functions for glyph strings.
+/// Draws a glyph at the origin of a surface with one of Pango's glyph string functions.
 CairoContext DrawGlyph(cairo_surface_t* surface, double unitsPerPoint, PangoFont* font,
                        PangoGlyph glyph, decltype(pango_cairo_show_glyph_string)* draw) {
     CairoContext context(cairo_create(surface));
     cairo_scale(context.get(), unitsPerPoint, unitsPerPoint);
     PangoGlyphInfo info{};
     info.glyph = glyph;
-    info.geometry.width = LogicalWidth(font, glyph);  // Centres boxes of unknown ones.
+    info.geometry.width = LogicalWidth(font, glyph);  // Centres the boxes of missing characters.
     int cluster = 0;
     PangoGlyphString string{1, &info, &cluster, 0};
     cairo_move_to(context.get(), 0, 0);
@@ -38,10 +38,10 @@ CairoContext DrawGlyph(cairo_surface_t* surface, double unitsPerPoint, PangoFont
     return context;
 }
 
-/// The outline of a glyph as a stream that draws it, in thousandths of the font's size, Y upward.
+/// A glyph's outline as a content stream, in thousandths of the font size, Y upward.
 class Outline {
 public:
-    /// The outline is made at a large scale, since cairo counts in 256ths.
+    /// Uses a large scale, because cairo stores coordinates in 1/256.
     Outline(PangoFont* font, PangoGlyph glyph, double scale) {
         const CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
         const auto context =
@@ -59,7 +59,7 @@ public:
         }
     }
 
-    /// With the width of the glyph in the file.
+    /// The width is the glyph's width in the file.
     std::string Stream(double width) const {
         std::string stream;
         for (const double value : {width, 0.0, std::floor(left_), std::floor(bottom_),
@@ -81,7 +81,7 @@ private:
     double left_ = 0, bottom_ = 0, right_ = 0, top_ = 0;
 };
 
-/// A glyph that the font has as pixels, such as a coloured sign.
+/// A glyph that the font stores as pixels, such as an emoji.
 class Picture {
 public:
     Picture(PangoFont* font, PangoGlyph glyph, double pixelsPerPoint) {
@@ -100,13 +100,13 @@ public:
         ReadPixels(surface.get());
     }
 
-    /// Writes the pixels. Returns the number of their object.
+    /// Writes the pixels and returns the object number.
     int WritePixels(ObjectFile& file) const {
         const int mask = file.WriteStream(Entries("DeviceGray"), opacities_);
         return file.WriteStream(Entries("DeviceRGB") + "/SMask " + Reference(mask), colors_);
     }
 
-    /// The stream that shows the pixels, which have a name, in place of the glyph.
+    /// Returns the stream that shows the named picture as the glyph.
     std::string Stream(double width, const std::string& name) const {
         std::string stream = Number(width) + " 0 d0\n";
         for (const double entry : {width_ * kPixel, 0.0, 0.0, height_ * kPixel, left_ * kPixel,
@@ -116,7 +116,7 @@ public:
     }
 
 private:
-    /// Rows of four-byte pixels follow each other without gaps; colours are multiplied by opacity.
+    /// Rows of four-byte pixels without gaps; colours are premultiplied.
     void ReadPixels(cairo_surface_t* surface) {
         const void* const bytes = cairo_image_surface_get_data(surface);
         const auto count = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
@@ -136,7 +136,7 @@ private:
 
     int left_, top_, width_, height_;  ///< Pixels from the glyph's origin, Y downward.
     std::string colors_;               ///< Red, green and blue of each pixel.
-    std::string opacities_;            ///< Of each pixel, from 0 to 255.
+    std::string opacities_;            ///< One per pixel, 0 to 255.
 };
 
 }  // namespace
@@ -151,7 +151,7 @@ int DrawnFont::WidthOf(hb_codepoint_t glyph) {
     return static_cast<int>(std::lround(LogicalWidth(font_, glyph) / (PANGO_SCALE * thousandth_)));
 }
 
-/// Writes what draws a glyph. Returns the number of its object, and adds pictures that it shows.
+/// Writes the stream of a glyph and returns its object number; appends the pictures that it uses.
 int DrawnFont::WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry,
                             const std::string& name, std::string& pictures) const {
     if (drawings_ == Drawings::Outlines)

@@ -8,8 +8,8 @@
 
 namespace desk::pdf {
 
-/// A font of which the file holds drawings of the glyphs shown: a font that is emboldened, slanted
-/// or varied for drawing, one of pictures, and the boxes for characters that no font has.
+/// A Type 3 font with drawings of the used glyphs: for fonts that are emboldened, slanted or
+/// varied, for picture fonts, and for the boxes of missing characters.
 class DrawnFont final : public Typeface {
 public:
     enum class Drawings { Outlines, Pictures };
@@ -26,7 +26,7 @@ private:
 
     PangoFont* font_;
     Drawings drawings_;
-    double thousandth_;  ///< Points in a thousandth of its size.
+    double thousandth_;  ///< A thousandth of the font size, in points.
 };
 
 }  // namespace desk::pdf

@@ -29,7 +29,7 @@ hb_face_t* FaceOf(PangoFont* font) {
     return hb_font_get_face(pango_font_get_hb_font(font));
 }
 
-/// Leaves out tables that choose, place or name glyphs, which a page does itself.
+/// Drops tables that select, position or name glyphs, since the page does that.
 InputHandle InputFor(const CodeTable& codes) {
     InputHandle input(hb_subset_input_create_or_fail());
     if (!input) return input;
@@ -44,7 +44,7 @@ InputHandle InputFor(const CodeTable& codes) {
     return input;
 }
 
-/// A font file that holds the glyphs of a table of codes alone.
+/// A font file with only the glyphs of a code table.
 class FontFile {
 public:
     FontFile(hb_face_t* face, const CodeTable& codes) {
@@ -58,13 +58,13 @@ public:
                                            : hb_face_reference_table(subset.get(), kCff));
     }
 
-    /// A TrueType font, or the CFF table alone.
+    /// Returns a TrueType font, or only the CFF table.
     std::string_view Bytes() const {
         unsigned length = 0;
         const char* const data = hb_blob_get_data(bytes_.get(), &length);
         return {data, length};
     }
-    /// The place of a glyph of the font in the file.
+    /// Returns the index in the subset of a glyph of the font.
     unsigned PlaceOf(hb_codepoint_t glyph) const {
         return hb_map_get(hb_subset_plan_old_to_new_glyph_mapping(plan_.get()), glyph);
     }
@@ -74,7 +74,7 @@ private:
     BlobHandle bytes_;
 };
 
-/// Six letters that distinguish subsets of a font, the same for the same subset.
+/// Returns six letters that identify a subset of a font; the same subset gives the same letters.
 std::string TagOf(const Subset& subset) {
     std::uint64_t hash = 14695981039346656037U;  // FNV-1a
     const auto mix = [&](std::uint64_t value) { hash = (hash ^ value) * 1099511628211U; };
@@ -92,13 +92,13 @@ unsigned CidOf(const FreeTypeFace& face, hb_codepoint_t glyph) {
 }
 
 struct NumberedGlyph {
-    unsigned number;  ///< By which the PDF file identifies the glyph.
-    unsigned place;   ///< In the font file.
+    unsigned number;  ///< The glyph's number (CID) in the PDF file.
+    unsigned place;   ///< The glyph's index in the font file.
     const CodeTable::Entry* entry;
 };
 
-/// Returns the glyphs in the order of their numbers. The number of a TrueType glyph is its code,
-/// since some readers look for the text of a glyph by its number among the codes.
+/// Returns the glyphs sorted by number. The number of a TrueType glyph is its code, because some
+/// readers use the number as a code to find the text of a glyph.
 std::vector<NumberedGlyph> NumberGlyphs(const CodeTable& codes, const FontFile& font,
                                         PangoFont* pangoFont, EmbeddedFont::Outlines outlines) {
     const FreeTypeFace face(pangoFont);
@@ -114,7 +114,7 @@ std::vector<NumberedGlyph> NumberGlyphs(const CodeTable& codes, const FontFile& 
     return glyphs;
 }
 
-/// Writes the map from codes to the numbers of glyphs.
+/// Writes the map from codes to glyph numbers.
 int WriteCodes(ObjectFile& file, const CodeTable& codes, const std::vector<NumberedGlyph>& glyphs) {
     std::vector<Mapping> mappings;
     for (const auto& glyph : glyphs)
@@ -125,7 +125,7 @@ int WriteCodes(ObjectFile& file, const CodeTable& codes, const std::vector<Numbe
         CodeMap(codes, MapTo::Glyphs, mappings));
 }
 
-/// Writes the table from numbers to places in a TrueType font, of two bytes each.
+/// Writes the table from numbers to glyph indexes of a TrueType font, two bytes each.
 int WritePlaces(ObjectFile& file, const std::vector<NumberedGlyph>& glyphs) {
     std::string places(std::size_t{2} * (glyphs.back().number + 1), '\0');
     for (const auto& glyph : glyphs) {

@@ -5,19 +5,19 @@
 
 namespace desk::pdf {
 
-/// A font of which the file holds the outlines of the glyphs shown, unchanged.
+/// A font embedded as a subset with its original outlines.
 class EmbeddedFont final : public Typeface {
 public:
-    /// The kind of a font's outlines, and how the file identifies its glyphs.
+    /// Format of a font's outlines, and how the file identifies glyphs.
     enum class Outlines {
-        None,        ///< There are no outlines that can be embedded.
-        TrueType,    ///< By place in the font file.
-        CffNames,    ///< By place, although the font's glyphs have names.
-        CffNumbers,  ///< By the numbers (CIDs) that the font gives its glyphs.
+        None,        ///< No outlines that can be embedded.
+        TrueType,    ///< By index in the font file.
+        CffNames,    ///< By index; the font's own glyph names are not used.
+        CffNumbers,  ///< By the font's glyph numbers (CIDs).
     };
     static Outlines OutlinesOf(PangoFont* font);
 
-    /// The font must live as long as this.
+    /// The font must outlive this.
     EmbeddedFont(PangoFont* font, Outlines outlines, FontNumbers& numbers);
 
 protected:
@@ -32,7 +32,7 @@ private:
     Outlines outlines_;
     PangoFont* pangoFont_;
     hb_face_t* face_;
-    std::unique_ptr<hb_font_t, Releaser<hb_font_destroy>> font_;  ///< In units of the design.
+    std::unique_ptr<hb_font_t, Releaser<hb_font_destroy>> font_;  ///< Scaled to design units.
 };
 
 }  // namespace desk::pdf

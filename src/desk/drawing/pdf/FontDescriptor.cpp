@@ -16,18 +16,17 @@ namespace {
 
 using FontHandle = std::unique_ptr<hb_font_t, Releaser<hb_font_destroy>>;
 
-// Flags of a descriptor, as the file format defines them.
+// Flags of a font descriptor, defined by PDF.
 constexpr int kFixedPitch = 1;
-constexpr int kSymbolic = 4;  // Its glyphs are not identified by letters.
+constexpr int kSymbolic = 4;  // Glyphs are not identified by standard letters.
 constexpr int kItalic = 64;
 
-/// The widths of upright stems in common designs, in thousandths of the size. Font files do not
-/// contain them.
+/// Stem widths of common designs, in thousandths of the font size; font files do not contain them.
 constexpr int kLightStem = 80;
 constexpr int kBoldStem = 140;
 constexpr float kBoldWeight = 600;
 
-/// Null for a table that the font does not have.
+/// Returns null if the font does not have the table.
 template <class Table>
 const Table* SfntTable(const FreeTypeFace& face, FT_Sfnt_Tag tag) {
     return static_cast<const Table*>(FT_Get_Sfnt_Table(face.Get(), tag));

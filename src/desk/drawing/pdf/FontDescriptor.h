@@ -8,7 +8,7 @@
 
 namespace desk::pdf {
 
-/// The FreeType face of a font, locked as long as this lives.
+/// Locks the FreeType face of a font while it exists.
 class FreeTypeFace {
 public:
     explicit FreeTypeFace(PangoFont* font);
@@ -23,10 +23,10 @@ private:
     FT_Face face_;
 };
 
-/// The PostScript name of a font, without the characters that a name in the file cannot hold.
+/// Returns the PostScript name of a font without characters that are invalid in a PDF name.
 std::string FontName(hb_face_t* face);
 
-/// The entries of a font's descriptor that do not depend on its subset.
+/// Returns the descriptor entries that do not depend on the subset.
 std::string DescriptorEntries(PangoFont* font);
 
 }  // namespace desk::pdf

@@ -23,7 +23,7 @@ bool IsMadeBold(PangoFont* font) {
     return bold != FcFalse;
 }
 
-/// Whether the letters are not those of the default design of a variable font.
+/// Returns whether a variable font is set to other than its default design.
 bool IsVaried(PangoFont* font) {
     unsigned count = 0;
     const int* const coordinates =
@@ -31,7 +31,7 @@ bool IsVaried(PangoFont* font) {
     return std::ranges::any_of(std::span(coordinates, count), [](int one) { return one != 0; });
 }
 
-/// Whether letters are drawn in another shape than an embedded subset would give.
+/// Returns whether glyphs are drawn in another shape than their outlines in the font file.
 bool IsChanged(PangoFont* font) {
     return IsMadeBold(font) || IsVaried(font) || MatrixOf(font).yx != 0;
 }

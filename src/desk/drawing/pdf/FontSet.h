@@ -12,16 +12,15 @@
 
 namespace desk::pdf {
 
-/// How a font is used: a typeface at a size in points, stretched and slanted.
+/// A typeface at a size in points, stretched and slanted.
 struct FontUse {
     Typeface* face = nullptr;
     Typeface* boxes = nullptr;  ///< For characters that no font has.
     double points = 0;
-    double across = 1;  ///< Stretch of its letters to the right.
-    double slant = 0;   ///< How far a letter leans to the right, in shares of its height.
+    double across = 1;  ///< Horizontal stretch.
+    double slant = 0;   ///< Horizontal shear per unit of height.
 };
 
-/// The fonts of a file.
 class FontSet {
 public:
     explicit FontSet(ObjectFile& file) : numbers_{file} {}
@@ -31,12 +30,12 @@ public:
         return last_->use;
     }
 
-    /// Writes all fonts. Returns the entries that name them for the pages.
+    /// Writes all fonts. Returns the pages' font resource entries.
     std::string Write();
 
 private:
     struct Known {
-        GObjectHandle<PangoFont> font;  ///< Held, so that no other one takes its address.
+        GObjectHandle<PangoFont> font;  ///< Held, so that its address is not reused.
         FontUse use;
     };
 

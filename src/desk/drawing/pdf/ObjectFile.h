@@ -12,35 +12,32 @@
 
 namespace desk::pdf {
 
-/// Writes the objects of a PDF file one by one, and keeps only where each lies. Objects that are
-/// no streams are packed together into compressed streams: a page with its bookmark then takes some
-/// 30 bytes instead of 280.
+/// Writes the objects of a PDF file one by one and keeps only their positions. Objects that are not
+/// streams are packed into compressed object streams, so that a page and its bookmark take about 30
+/// bytes instead of 280.
 class ObjectFile {
 public:
     explicit ObjectFile(ReplacingFile& file);
 
-    /// Returns a number for an object that is written later. Every such object must be written.
+    /// Reserves a number for an object that must be written later.
     int NewObject();
 
     void WriteObject(int number, std::string_view body);
-    /// Writes a stream, compressed. The entries are those of its dictionary other than its length
-    /// and filter.
+    /// Writes a compressed stream with dictionary entries other than its length and filter.
     void WriteStream(int number, std::string_view entries, std::string_view data);
-    /// The same for a new object. They return its number.
-    /// @{
+    /// The same with a new number, which is returned.
     int WriteStream(std::string_view entries, std::string_view data);
     int WriteObject(std::string_view body);
-    /// @}
 
-    /// Writes the packed objects and the table of places. Nothing can be written after it.
+    /// Writes the packed objects and the cross-reference table. Nothing can be written afterwards.
     void Finish(int catalog, int info);
 
 private:
-    /// Where an object lies: at an offset of the file, or as one of those in a packed stream.
+    /// Position of an object: an offset in the file, or an index in an object stream.
     struct Place {
         bool packed = false;
-        std::uint64_t where = 0;  ///< Offset, or number of the packed stream.
-        std::uint16_t index = 0;  ///< In the packed stream.
+        std::uint64_t where = 0;  ///< Offset, or number of the object stream.
+        std::uint16_t index = 0;  ///< Index in the object stream.
     };
 
     void Write(std::string_view bytes);
@@ -50,10 +47,10 @@ private:
 
     ReplacingFile& file_;
     std::unique_ptr<libdeflate_compressor, Releaser<libdeflate_free_compressor>> compressor_;
-    std::string compressed_;  ///< Room for the compressed bytes of a stream.
+    std::string compressed_;  ///< Buffer for Compress.
     std::uint64_t written_ = 0;
     std::vector<Place> places_{1};  ///< By object number; there is no object 0.
-    // Objects that wait to be packed: their numbers and offsets, and their bodies.
+    // Objects not packed yet: count, numbers with offsets, and bodies.
     int packedCount_ = 0;
     std::string packedHead_;
     std::string packedBodies_;

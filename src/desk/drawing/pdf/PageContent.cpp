@@ -7,7 +7,7 @@
 namespace desk::pdf {
 namespace {
 
-/// Edges of boxes are written in thousandths of a point.
+/// Decimals of box edges, in points.
 constexpr int kEdgeDecimals = 3;
 constexpr double kEdgesPerPoint = 1000;
 
@@ -57,7 +57,7 @@ void PageContent::Stroke(const PaintOutline& outline) {
     out_ += "S\n";
 }
 
-// Computes sizes from rounded edges, so that boxes side by side still meet.
+// Computes sizes from rounded edges, so that adjacent boxes still meet.
 void PageContent::AppendBox(const PaintBox& box) {
     AppendEdges(out_, Edge(box.left), -Edge(box.bottom));
     AppendEdges(out_, Edge(box.right) - Edge(box.left), Edge(box.bottom) - Edge(box.top));

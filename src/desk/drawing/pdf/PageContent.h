@@ -9,7 +9,7 @@
 
 namespace desk::pdf {
 
-/// Collects the content of a page, whose origin is the lower left corner.
+/// Collects the content stream of a page. The origin is the lower left corner of the sheet.
 class PageContent final : public Canvas {
 public:
     explicit PageContent(FontSet& fonts) : fonts_(fonts) {}
@@ -33,7 +33,7 @@ private:
     FontSet& fonts_;
     std::string out_;
     TextContent texts_{out_};
-    std::uint32_t fillColor_ = 0;  ///< A page begins in black.
+    std::uint32_t fillColor_ = 0;  ///< PDF's initial colour of a page is black.
     std::optional<std::uint32_t> strokeColor_;
 };
 

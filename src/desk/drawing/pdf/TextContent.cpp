@@ -8,8 +8,8 @@
 namespace desk::pdf {
 namespace {
 
-/// The places of strings have hundredths of a point. The error of rounding a place to the left or
-/// right is taken into account for the glyphs that follow.
+/// Positions of strings are written with this number of decimals, in points. The horizontal
+/// rounding error is corrected in the following glyphs.
 constexpr int kPlaceDecimals = 2;
 constexpr double kPlacesPerPoint = 100;
 
@@ -17,8 +17,8 @@ bool IsUpright(const FontUse& font, const Baseline& baseline) {
     return baseline.angle == 0 && font.across == 1 && font.slant == 0;
 }
 
-/// The smallest move of the pen: a thousandth of the font's size, divided by ten until it is within
-/// the tolerance. Each division adds a decimal to its number.
+/// The unit of pen moves: a thousandth of the font size, divided by ten until it is within the
+/// tolerance. Each division needs one more decimal.
 struct SmallestMove {
     explicit SmallestMove(double thousandth) : points(thousandth) {
         for (; points > TextContent::kPlaceTolerance; points /= 10) ++decimals;
@@ -27,7 +27,7 @@ struct SmallestMove {
     int decimals = 0;
 };
 
-/// The number of glyphs at the start that stand for one text together.
+/// Returns the number of leading glyphs that represent one text together.
 std::size_t ClusterSize(std::span<const Glyph> glyphs) {
     std::size_t size = 1;
     while (size < glyphs.size() && glyphs[size].bytes == 0) ++size;
@@ -60,8 +60,8 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
     CloseString(pen);
 }
 
-/// Several glyphs with one text are marked with it, for readers that support this; for others the
-/// first glyph has the whole text.
+/// Marks several glyphs of one text with ActualText. For readers that do not support it, the first
+/// glyph has the whole text.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
     if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
     CloseString(pen);
@@ -91,14 +91,15 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
     if (glyph.count > 1) Repeat(pen, glyph, *entry);
 }
 
-/// Writes the glyphs of a leader after the first one. With whole widths the leader would end too
-/// early or too late. It is cut into parts, and in the middle of each the pen is moved so that the
-/// last glyph of the part is at its place. Most leaders need one move.
+/// Writes the repeated glyphs of a leader. Because widths are whole, a leader would end too early
+/// or too late. It is divided into parts; in the middle of each, the pen is moved so that the last
+/// glyph of the part is at its place. Most leaders need one move.
 void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& entry) {
     const double step = Points(glyph.step);
     const double advance = entry.width * pen.thousandth;
     unsigned done = 1;
-    const auto offAt = [&](unsigned index) {  // How far off a glyph is if the pen is not moved.
+    const auto offAt = [&](unsigned index) {  // Distance of a glyph from its place if the pen is
+                                              // not moved.
         return Points(glyph.x) + index * step - pen.x - (index - done) * advance;
     };
     const auto writeUpTo = [&](unsigned index) {
@@ -131,7 +132,7 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
     out_ += " (";
 }
 
-// A string without moves needs no brackets. Otherwise the blank before it becomes the bracket.
+// A string without moves needs no array; otherwise the blank before it becomes the bracket.
 void TextContent::CloseString(Pen& pen) {
     if (!pen.open) return;
     pen.open = false;

@@ -8,12 +8,12 @@
 
 namespace desk::pdf {
 
-/// Writes the texts of a page's content. Every glyph is within kPlaceTolerance of its place, and
-/// within kLeaderTolerance inside a leader, although many readers of the file accept widths in
-/// whole thousandths of the font's size only.
+/// Writes the texts of a page. Each glyph is within kPlaceTolerance of its place, and within
+/// kLeaderTolerance inside a leader, although many PDF readers support only whole widths
+/// (thousandths of the font size).
 class TextContent {
 public:
-    // Points. A dot of a printer of 2400 dots per inch measures 0.03.
+    // Points. One dot at 2400 dots per inch is 0.03 points.
     static constexpr double kPlaceTolerance = 0.01;
     static constexpr double kLeaderTolerance = 0.03;
 
@@ -21,23 +21,22 @@ public:
 
     void Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline);
 
-    /// Ends the texts, so that something else can be drawn.
+    /// Ends the text object, so that other content can follow.
     void End();
 
 private:
-    /// A line while it is written.
     struct Pen {
         const FontUse& font;
         const Baseline& baseline;
         const Subset* subset = nullptr;
-        double thousandth = 0;  ///< Points that a thousandth of the font's size moves the pen.
-        double move = 0;        ///< Points of the smallest move.
-        int decimals = 0;       ///< Decimals of the number of a move.
+        double thousandth = 0;  ///< A thousandth of the font size, in points.
+        double move = 0;        ///< Smallest move, in points.
+        int decimals = 0;       ///< Decimals of a move.
         double x = 0;           ///< Points from the left end of the baseline.
-        int y = 0;              ///< As that of a glyph.
-        bool open = false;      ///< Whether a string is being written.
-        std::size_t start = 0;  ///< Where that string begins.
-        bool moved = false;     ///< Whether it has moves of the pen in it.
+        int y = 0;              ///< As Glyph::y.
+        bool open = false;      ///< A string is open.
+        std::size_t start = 0;  ///< Offset of the open string in out_.
+        bool moved = false;     ///< The open string contains moves.
     };
 
     void ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text);
@@ -54,8 +53,8 @@ private:
     bool inTexts_ = false;
     int fontName_ = -1;
     double fontPoints_ = 0;
-    bool upright_ = true;                 ///< Whether the axes of texts are those of the page.
-    std::int64_t lineX_ = 0, lineY_ = 0;  ///< Where the last string began, in units of a place.
+    bool upright_ = true;                 ///< Texts are parallel to the page.
+    std::int64_t lineX_ = 0, lineY_ = 0;  ///< Start of the last string, in units of a position.
 };
 
 }  // namespace desk::pdf

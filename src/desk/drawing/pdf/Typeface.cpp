@@ -7,7 +7,7 @@
 namespace desk::pdf {
 namespace {
 
-/// Appends lines in sections of at most a hundred, which is what a map allows.
+/// Appends lines in sections of at most 100 entries, the limit of a CMap.
 void AppendSections(std::string& out, const std::string& kind,
                     const std::vector<std::string>& lines) {
     constexpr std::size_t kMost = 100;

@@ -10,24 +10,22 @@
 
 namespace desk::pdf {
 
-/// A font of the file, which holds the glyphs that are shown.
+/// A PDF font with the glyphs in use.
 struct Subset {
     Subset(CodeTable::Lengths lengths, int named, int written)
         : codes(lengths), name(named), object(written) {}
 
     CodeTable codes;
-    int name;    ///< The number in the name by which pages know it.
-    int object;  ///< Its number in the file.
+    int name;    ///< Number in the font's resource name.
+    int object;  ///< Object number.
 };
 
-/// Counts the fonts of a file.
 struct FontNumbers {
     ObjectFile& file;
     int next = 0;
 };
 
-/// The letters of one design as fonts of the file. A further font is added when the codes of the
-/// last one are all taken.
+/// A typeface as one or more PDF fonts. A font is added when all codes of the last one are used.
 class Typeface {
 public:
     Typeface(CodeTable::Lengths lengths, FontNumbers& numbers)
@@ -38,19 +36,19 @@ public:
         const Subset* subset;
         const CodeTable::Entry* entry;
     };
-    /// Returns where a glyph that stands for a text is found. Adds it if it is not there yet.
+    /// Returns the font and code of a glyph that represents a text; adds it if needed.
     Place Find(hb_codepoint_t glyph, std::string_view text);
 
     const std::deque<Subset>& Subsets() const { return subsets_; }
 
-    /// Writes all of its fonts. Nothing can be found after it.
+    /// Writes all fonts. Find must not be called afterwards.
     void Write() {
         for (const Subset& subset : subsets_) WriteSubset(numbers_.file, subset);
     }
 
 protected:
-    /// Width of a glyph in thousandths of the font's size. Whole ones, since many programs that
-    /// read the file take no others.
+    /// Returns a glyph's width in thousandths of the font size. Whole numbers, because many PDF
+    /// readers support no others.
     virtual int WidthOf(hb_codepoint_t glyph) = 0;
     virtual void WriteSubset(ObjectFile& file, const Subset& subset) = 0;
 
@@ -60,17 +58,17 @@ private:
     std::deque<Subset> subsets_;
 };
 
-/// What a map gives for a code, in its syntax.
+/// A code and its value in CMap syntax.
 struct Mapping {
     Code code;
     std::string value;
 };
 
-/// The text of a map from codes to glyphs or to texts.
+/// Returns the CMap from codes to glyphs or to texts.
 enum class MapTo { Glyphs, Texts };
 std::string CodeMap(const CodeTable& codes, MapTo to, const std::vector<Mapping>& mappings);
 
-/// Writes the map from codes to texts. Returns the number of the stream.
+/// Writes the map from codes to texts. Returns the stream's object number.
 int WriteToUnicode(ObjectFile& file, const CodeTable& codes);
 
 }  // namespace desk::pdf

@@ -6,10 +6,11 @@
 
 namespace app {
 
-/// Passes everything on to other dialogs and notes whether a failure was among the messages.
-class NotedDialogs final : public host::IHostDialogs {
+/// Forwards to other dialogs and records whether a failure was shown.
+class RecordingDialogs final : public host::IHostDialogs {
 public:
-    explicit NotedDialogs(host::Ref<host::IHostDialogs> dialogs) : dialogs_(std::move(dialogs)) {}
+    explicit RecordingDialogs(host::Ref<host::IHostDialogs> dialogs)
+        : dialogs_(std::move(dialogs)) {}
 
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
         if (request.failure && silent_) return host::MessageAnswer::Ok;
@@ -22,20 +23,19 @@ public:
     }
     void Beep() override { dialogs_->Beep(); }
 
-    /// Returns whether a failure has been shown since the last call.
+    /// Returns whether a failure was shown since the last call.
     bool TakeFailureShown() { return std::exchange(failureShown_, false); }
 
-    /// While it exists, failures are neither shown nor noted: for checks that report their reasons
-    /// in another way.
+    /// While it exists, failures are neither shown nor recorded: for checks that return reasons.
     class Silent {
     public:
-        explicit Silent(NotedDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }
+        explicit Silent(RecordingDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }
         ~Silent() { dialogs_.silent_ = false; }
         Silent(const Silent&) = delete;
         Silent& operator=(const Silent&) = delete;
 
     private:
-        NotedDialogs& dialogs_;
+        RecordingDialogs& dialogs_;
     };
 
 private:
