@@ -9,8 +9,11 @@
 #include "desk/tables/DbfTable.h"
 #include "desk/tables/TableSort.h"
 #include "host/Failure.h"
+#include "listings/NumberAwareSort.h"
+#include "listings/RandomSortText.h"
 #include "support/DbfBuilder.h"
 #include "support/ScratchTables.h"
+#include "support/SmallHost.h"
 #include "support/TemporaryFolder.h"
 
 namespace desk {
@@ -101,6 +104,44 @@ TEST(TableSort, SurvivesAnyAnswers) {
         else
             std::ranges::sort(order);
         EXPECT_EQ(order, expected);
+    }
+}
+
+// As other callbacks are, which know of no preparation.
+struct OnlyCompare : host::ITableSortCallBack {
+    explicit OnlyCompare(host::Ref<host::ITableSortCallBack> whole) : callback(std::move(whole)) {}
+    std::int32_t Compare(const host::Variant& a, const host::Variant& b, std::int32_t field,
+                         std::int32_t sortField) override {
+        return callback->Compare(a, b, field, sortField);
+    }
+    host::Ref<host::ITableSortCallBack> callback;
+};
+
+// The order of words and numbers is no strict one, so that the same order tells of the same
+// comparisons.
+TEST(TableSort, PreparationChangesNoOrderAndNoDialog) {
+    support::SmallHost small;
+    const auto whole = std::make_shared<gazetteer::clsTableSortNumberAware>(small.Host());
+    std::mt19937 random(12);
+    for (std::size_t round = 0; round < 60; ++round) {
+        std::vector<std::vector<host::Variant>> rows(random() % 300);
+        for (auto& row : rows) {
+            row = {support::RandomSortText(random), support::RandomSortText(random)};
+            // Some fields hold a value that has no text.
+            if (round % 4 == 3 && random() % 50 == 0) row[round % 8 / 4] = host::Null{};
+        }
+        const auto table = NewScratchTable({"A", "B"}, rows);
+        const auto sorted = [&](const host::Ref<host::ITableSortCallBack>& callback) {
+            small.Dialogs().messages.clear();
+            TableSort sort;
+            sort.SetFields("A,B");
+            sort.SetAscending("A", round % 2 == 0);
+            sort.SetCallback(callback);
+            sort.SetTable(table);
+            sort.Sort(nullptr);
+            return std::pair(Order(sort), small.Dialogs().messages.size());
+        };
+        EXPECT_EQ(sorted(whole), sorted(std::make_shared<OnlyCompare>(whole)));
     }
 }
 

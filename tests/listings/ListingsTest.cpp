@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "support/Assignments.h"
-#include "support/TestDesk.h"
+#include "support/SmallHost.h"
 #include "support/Text.h"
 
 namespace gazetteer {
 namespace {
 
-using support::Assignments;
+using Assignments = support::TestHost::Assignments;
 using Texts = std::vector<std::string>;
 
 struct Result {
@@ -17,16 +16,16 @@ struct Result {
 
 // A run over records of "Listing|Page", and the listings in the same form.
 Result Generated(const Texts& records, const Assignments& settings) {
-    support::TestDesk desk;
-    support::TestDesk::Rows rows;
+    support::SmallHost small;
+    support::TestHost::Rows rows;
     for (const auto& record : records) rows.push_back(Split(record, '|'));
-    const auto element = desk.NewGazetteer(desk.ListingTable(rows), 4, 4);
-    support::Store(desk, element, {{"Page.Expression", "[Ref]"}});
-    support::Store(desk, element, settings);
-    CVNGazetteerManager manager(desk.HostRef());
+    const auto element = small.NewGazetteer(small.ListingTable(rows), 4, 4);
+    small.Store(element, {{"Page.Expression", "[Ref]"}});
+    small.Store(element, settings);
+    CVNGazetteerManager manager(small.HostRef());
     manager.SetIndexElement(element);
-    EXPECT_EQ(desk.Dialogs().LastCause(), "");
-    return {desk.ListingTexts(manager), manager.LastRun()};
+    EXPECT_EQ(small.Dialogs().LastCause(), "");
+    return {small.ListingTexts(manager), manager.LastRun()};
 }
 
 TEST(Listings, FollowTheSettings) {
@@ -75,15 +74,13 @@ TEST(Listings, AreCounted) {
     EXPECT_EQ(report.combined, 2);
     EXPECT_EQ(report.listings, 2);
     EXPECT_EQ(report.placed, 2);
-}
 
-TEST(Listings, SampleRunComposes501Records) {
     Texts records;
     for (int i = 0; i < 700; ++i) records.push_back("Place " + std::to_string(i) + "|1");
-    const RunReport report = Generated(records, {{"SamplePage", true}}).report;
-    EXPECT_EQ(report.records, 501);
-    EXPECT_EQ(report.listings, 501);
-    EXPECT_LT(report.placed, 501);
+    const RunReport sample = Generated(records, {{"SamplePage", true}}).report;
+    EXPECT_EQ(sample.records, 501);
+    EXPECT_EQ(sample.listings, 501);
+    EXPECT_LT(sample.placed, 501);
 }
 
 }  // namespace
