@@ -9,24 +9,24 @@
 namespace {
 
 TEST(TextFit, EqualsThePlainLoopsOnFullLayouts) {
-    constexpr int kTexts = 1'000;
+    constexpr int kTexts = 3'000;
+    constexpr const char* kFonts[] = {"Liberation Sans", "DejaVu Sans", "Noto Sans"};
     support::TestDesk quick;
     desk::DeskOptions plainSizes;
     plainSizes.textSizes = desk::TextEngine::Ways::Plain;
     support::TestDesk plain(plainSizes);
     BothFits fits(quick, plain);
-    RandomTexts source(20260101);
+    // What fonts kern, join and shape, so that a longer text may be the narrower one.
+    RandomTexts source(20260101, "AV|fi|ffl|To|Y.|Wawaw|e\u0301te|القاهرة|لا|ירושלים|กรุงเทพ|दिल्ली");
     int wrapped = 0;
     for (int i = 0; i < kTexts && !testing::Test::HasFailure(); ++i) {
-        const std::string text = source.Text();
-        const double width = source.Width();
-        for (const char* font : {"Liberation Sans", "DejaVu Serif", "Noto Sans"}) {
-            const auto fitted = fits.Fit(text, width, quick.TextSymbol(font, 6 + i % 7),
-                                         plain.TextSymbol(font, 6 + i % 7));
-            wrapped += fitted.find('\n') != std::string::npos;
-        }
+        const char* const font = kFonts[i % 3];
+        const double points = 6 + i % 7;
+        const auto fitted = fits.Fit(source.Text(), source.Width(), quick.TextSymbol(font, points),
+                                     plain.TextSymbol(font, points));
+        wrapped += fitted.find('\n') != std::string::npos;
     }
-    EXPECT_GT(wrapped, kTexts);
+    EXPECT_GT(wrapped, kTexts / 3);
 }
 
 }  // namespace
