@@ -11,7 +11,7 @@ namespace {
 using support::SmallHost;
 
 // A random gazetteer whose references are unique, so that a drawn row tells its listing.
-struct RandomGazetteer {
+struct RandomGazetteer : SmallHost {
     explicit RandomGazetteer(unsigned seed) : random(seed) {
         SmallHost::Rows rows;
         const int count = Number(1, 160);
@@ -20,27 +20,27 @@ struct RandomGazetteer {
         const int pageWidth = Number(7, 12);
         // As the property page demands, one column group fits the frame. So do three rows of many
         // lines, since one that is alone in its column group may pass the frame's foot.
-        element = small.NewGazetteer(small.ListingTable(rows),
-                                     (listingWidth + pageWidth + Number(0, 60)) / 10.0,
-                                     Number(30, 60) / 10.0);
-        small.Store(element, {{"Page.Expression", "[Ref]"},
-                              {"RepeatColumns", Number(0, 3) > 0},
-                              {"RepeatSpacing", Number(0, 4) / 10.0},
-                              {"ClearRepeatingText", Number(0, 1) == 1},
-                              {"AddStartingBreak", Number(0, 1) == 1},
-                              {"CombineListings", false}});
-        if (Number(0, 1) == 1) small.Store(element, {{"Listing.Expression", "[Listing]$$DOTS"}});
+        element =
+            NewGazetteer(ListingTable(rows), (listingWidth + pageWidth + Number(0, 60)) / 10.0,
+                         Number(30, 60) / 10.0);
+        Store(element, {{"Page.Expression", "[Ref]"},
+                        {"RepeatColumns", Number(0, 3) > 0},
+                        {"RepeatSpacing", Number(0, 4) / 10.0},
+                        {"ClearRepeatingText", Number(0, 1) == 1},
+                        {"AddStartingBreak", Number(0, 1) == 1},
+                        {"CombineListings", false}});
+        if (Number(0, 1) == 1) Store(element, {{"Listing.Expression", "[Listing]$$DOTS"}});
         for (const std::string column : {"Listing", "Page"}) {
             const bool isListing = column == "Listing";
-            const auto symbol = small.TextSymbol("", Number(5, 9));
-            small.Store(element,
-                        {{column + ".ColumnFontSymbol", SmallHost::Object(symbol)},
-                         {column + ".ColumnWidth", (isListing ? listingWidth : pageWidth) / 10.0},
-                         {column + ".ShowTitle", Number(0, 2) > 0},
-                         {column + ".BreakColumn", Number(0, 1) == 1 && isListing},
-                         {column + ".BreakHeading", Number(0, 1) == 1},
-                         {column + ".AlternateBackground", Number(0, 1) == 1},
-                         {column + ".ColorBackground", Number(0, 3) > 0}});
+            const auto symbol = TextSymbol("", Number(5, 9));
+            Store(element,
+                  {{column + ".ColumnFontSymbol", SmallHost::Object(symbol)},
+                   {column + ".ColumnWidth", (isListing ? listingWidth : pageWidth) / 10.0},
+                   {column + ".ShowTitle", Number(0, 2) > 0},
+                   {column + ".BreakColumn", Number(0, 1) == 1 && isListing},
+                   {column + ".BreakHeading", Number(0, 1) == 1},
+                   {column + ".AlternateBackground", Number(0, 1) == 1},
+                   {column + ".ColorBackground", Number(0, 3) > 0}});
         }
     }
 
@@ -57,7 +57,6 @@ struct RandomGazetteer {
     }
 
     std::mt19937 random;
-    SmallHost small;
     host::Ref<host::IHostGroupElement> element;
 };
 
@@ -101,30 +100,29 @@ TEST(Pages, RandomGazetteersKeepTheirPromises) {
     for (unsigned seed = 1; seed <= 40; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         RandomGazetteer random(seed);
-        CVNGazetteerManager manager(random.small.HostRef());
+        CVNGazetteerManager manager(random.HostRef());
         manager.SetIndexElement(random.element);
-        if (random.small.Dialogs().LastCause() ==
-            "Column width is set too narrow for selected Font!")
+        if (random.Dialogs().LastCause() == "Column width is set too narrow for selected Font!")
             continue;
-        ASSERT_EQ(random.small.Dialogs().LastCause(), "");
+        ASSERT_EQ(random.Dialogs().LastCause(), "");
 
         std::vector<std::string> all;
         for (std::int32_t page = 1; page <= manager.Working().pageCount; ++page) {
             ++pagesSeen;
             manager.SetIndexToPageNumber(page);
-            ASSERT_EQ(random.small.Dialogs().LastCause(), "");
+            ASSERT_EQ(random.Dialogs().LastCause(), "");
             const auto numbered = References(manager, page);
             EXPECT_EQ(Drawn(*random.element, "ROWGROUP", 1), numbered) << "page " << page;
             all.insert(all.end(), numbered.begin(), numbered.end());
-            ExpectInsideFrame(random.small, *random.element, manager.BoundSettings().repeatSpacing);
+            ExpectInsideFrame(random, *random.element, manager.BoundSettings().repeatSpacing);
 
-            const std::string tree = random.small.Dump(*random.element);
+            const std::string tree = random.Dump(*random.element);
             manager.SetIndexToPageNumber(page);
-            EXPECT_EQ(random.small.Dump(*random.element), tree);
+            EXPECT_EQ(random.Dump(*random.element), tree);
             manager.DraftMode();
             EXPECT_EQ(SmallHost::Members(*random.element, "ROWGROUP").size(), 0U);
             manager.SetIndexToPageNumber(page);
-            EXPECT_EQ(random.small.Dump(*random.element), tree);
+            EXPECT_EQ(random.Dump(*random.element), tree);
         }
         EXPECT_EQ(all, References(manager));
     }
@@ -134,25 +132,24 @@ TEST(Pages, RandomGazetteersKeepTheirPromises) {
 constexpr double kRow = 12.0 / 72 + 0.05 + 0.05;  // A line of 10 points and its margins.
 
 // Rows of one line each, in two columns an inch wide.
-class SmallPages : public ::testing::Test {
+class SmallPages : public ::testing::Test, protected SmallHost {
 protected:
     void Make(int count, double width, double height) {
-        SmallHost::Rows rows;
+        Rows rows;
         for (int i = 0; i < count; ++i) rows.push_back({std::string(1, char('a' + i)), "1"});
-        element = small.NewGazetteer(small.ListingTable(rows), width, height);
+        element = NewGazetteer(ListingTable(rows), width, height);
         for (const std::string column : {"Listing", "Page"})
-            small.Store(element, {{column + ".ColumnWidth", 1.0},
-                                  {column + ".ShowTitle", false},
-                                  {column + ".BreakColumn", false}});
+            Store(element, {{column + ".ColumnWidth", 1.0},
+                            {column + ".ShowTitle", false},
+                            {column + ".BreakColumn", false}});
     }
     CVNGazetteerManager& Bind() {
-        manager = std::make_unique<CVNGazetteerManager>(small.HostRef());
+        manager = std::make_unique<CVNGazetteerManager>(HostRef());
         manager->SetIndexElement(element);
         return *manager;
     }
     std::int32_t PageCount() { return std::get<std::int32_t>(Bind().PageCount()); }
     double Foot() { return element->Geometry()->Bounds()->YMin(); }
-    SmallHost small;
     host::Ref<host::IHostGroupElement> element;
     std::unique_ptr<CVNGazetteerManager> manager;
 };
@@ -176,16 +173,16 @@ TEST_F(SmallPages, TakeAsManyRowsAsTheirFrameHasRoomFor) {
         double height = rows == 0 ? 0.1 : 0;
         for (int i = 0; i < rows; ++i) height += kRow;
         Make(count, width, height);
-        small.Store(element, {{"RepeatSpacing", 0.25}});
+        Store(element, {{"RepeatSpacing", 0.25}});
         EXPECT_EQ(PageCount(), pages) << what;
         manager->SetIndexToPageNumber(1);
-        EXPECT_EQ(SmallHost::Members(*element, "ROWGROUP").size(), onFirst) << what;
+        EXPECT_EQ(Members(*element, "ROWGROUP").size(), onFirst) << what;
         EXPECT_EQ(manager->LastRun().placed, count) << what;
     }
     Make(3, 2, 0.1);
-    small.Store(element, {{"Page.ShowTitle", true}});
+    Store(element, {{"Page.ShowTitle", true}});
     EXPECT_EQ(PageCount(), 0) << "a frame lower than a title has none";
-    EXPECT_EQ(small.Dialogs().LastCause(), "");
+    EXPECT_EQ(Dialogs().LastCause(), "");
     EXPECT_EQ(manager->LastRun().listings, 3);
     EXPECT_EQ(manager->LastRun().placed, 0);
 }
@@ -194,21 +191,21 @@ TEST_F(SmallPages, FeetOfColumnsAreStretchedButTheLast) {
     Make(6, 5, 1);
     Bind().SetIndexToPageNumber(1);
     std::vector<double> feet;
-    for (const auto& row : SmallHost::Members(*element, "ROWGROUP"))
-        feet.push_back(std::round((small.Bounds(*row)->YMin() - Foot()) / kRow * 100) / 100);
+    for (const auto& row : Members(*element, "ROWGROUP"))
+        feet.push_back(std::round((Bounds(*row)->YMin() - Foot()) / kRow * 100) / 100);
     EXPECT_EQ(feet, (std::vector<double>{2.75, 1.75, 0, 2.75, 1.75, 0.75}));
 }
 
 TEST_F(SmallPages, SamplePageIsOneWithALabelOnTop) {
     Make(20, 2, 1);
-    small.Properties(element)->SetItem("SamplePage", true);
+    Properties(element)->SetItem("SamplePage", true);
     EXPECT_EQ(PageCount(), 1);
     manager->SetIndexToPageNumber(1);
     const auto top = element->Item(element->Count() - 1);
-    EXPECT_EQ(SmallHost::Tag(*top), "SAMPLELABEL");
+    EXPECT_EQ(Tag(*top), "SAMPLELABEL");
     EXPECT_EQ(host::As<host::IHostTextElement>(top)->Text(), "SAMPLE PAGE");
-    for (const auto& row : SmallHost::Members(*element, "ROWGROUP"))
-        EXPECT_NEAR(small.Bounds(*row)->YMin(), Foot(), 1e-9);
+    for (const auto& row : Members(*element, "ROWGROUP"))
+        EXPECT_NEAR(Bounds(*row)->YMin(), Foot(), 1e-9);
     manager->DraftMode();
     EXPECT_EQ(element->Count(), 1);  // The label stays until the next draw.
 }
@@ -222,19 +219,19 @@ TEST_F(SmallPages, BreaksFollowFirstLetters) {
         {"marks are not torn", "E|E\u0301|e\u0301b", false, "E\u0301"},
     };
     for (const auto& [what, names, startingBreak, headings] : cases) {
-        SmallHost::Rows rows;
+        Rows rows;
         for (const auto& name : Split(names, '|')) rows.push_back({name, "1"});
-        element = small.NewGazetteer(small.ListingTable(rows), 4.5, 5);
-        small.Store(element, {{"SortColumns", false}, {"AddStartingBreak", startingBreak}});
+        element = NewGazetteer(ListingTable(rows), 4.5, 5);
+        Store(element, {{"SortColumns", false}, {"AddStartingBreak", startingBreak}});
         Bind().SetIndexToPageNumber(1);
         EXPECT_EQ(Drawn(*element, "BREAKGROUP", 0), Split(headings, '|')) << what;
     }
 }
 
 TEST_F(SmallPages, RepeatingTextIsBlankedFromTheLeft) {
-    element = small.NewGazetteer(
-        small.ListingTable({{"Ash", "1"}, {"ASH", "2"}, {"Birch", "2"}, {"Birch", "3"}}), 4.5, 5);
-    small.Store(element, {{"CombineListings", false}, {"ClearRepeatingText", true}});
+    element = NewGazetteer(
+        ListingTable({{"Ash", "1"}, {"ASH", "2"}, {"Birch", "2"}, {"Birch", "3"}}), 4.5, 5);
+    Store(element, {{"CombineListings", false}, {"ClearRepeatingText", true}});
     Bind().SetIndexToPageNumber(1);
     EXPECT_EQ(Drawn(*element, "ROWGROUP", 0), Split("Ash| |Birch| ", '|'));
     EXPECT_EQ(Drawn(*element, "ROWGROUP", 1), Split("1|2|2|3", '|'));
@@ -242,7 +239,7 @@ TEST_F(SmallPages, RepeatingTextIsBlankedFromTheLeft) {
 
 TEST_F(SmallPages, ForeignMembersSurviveBehindTheRows) {
     Make(2, 2, 2);
-    auto own = small.Host().NewTextElement();
+    auto own = Host().NewTextElement();
     host::As<host::IHostElementName>(own)->SetName("NOTE");
     element->Add(own);
     auto& bound = Bind();

@@ -5,26 +5,23 @@
 namespace gazetteer {
 namespace {
 
-using support::SmallHost;
-
 // One listing "Ash" with reference "4", columns 1.9 and 1 inches wide, margins as by default.
-class RowElements : public ::testing::Test {
+class RowElements : public ::testing::Test, protected support::SmallHost {
 protected:
-    void Draw(const SmallHost::Assignments& settings) {
-        small.Store(element, {{"Page.ColumnWidth", 1.0}, {"HaveSavedListings", false}});
-        small.Store(element, settings);
-        CVNGazetteerManager manager(small.HostRef());
+    void Draw(const Assignments& settings) {
+        Store(element, {{"Page.ColumnWidth", 1.0}, {"HaveSavedListings", false}});
+        Store(element, settings);
+        CVNGazetteerManager manager(HostRef());
         manager.SetIndexElement(element);
         manager.SetIndexToPageNumber(1);
-        ASSERT_EQ(small.Dialogs().LastCause(), "");
+        ASSERT_EQ(Dialogs().LastCause(), "");
     }
     host::Ref<host::IHostElement> Part(const char* group, int column, int part) {
-        const auto row = SmallHost::Members(*element, group).at(0);
+        const auto row = Members(*element, group).at(0);
         const auto cell = host::As<host::IHostGroupElement>(row)->Item(column);
         return host::As<host::IHostGroupElement>(cell)->Item(part);
     }
-    SmallHost small;
-    SmallHost::Group element = small.NewGazetteer(small.ListingTable({{"Ash", "4"}}), 4, 5);
+    Group element = NewGazetteer(ListingTable({{"Ash", "4"}}), 4, 5);
 };
 
 TEST_F(RowElements, AlignmentsAnchorTheText) {
@@ -43,13 +40,13 @@ TEST_F(RowElements, AlignmentsAnchorTheText) {
 
 TEST_F(RowElements, BackgroundsShareTheHeightOfTheTallestCell) {
     Draw({{"Listing.Expression", "one$$NEWLINEtwo$$NEWLINEthree"}});
-    const auto tall = small.Bounds(*Part("ROWGROUP", 0, 0));
-    const auto low = small.Bounds(*Part("ROWGROUP", 1, 0));
+    const auto tall = Bounds(*Part("ROWGROUP", 0, 0));
+    const auto low = Bounds(*Part("ROWGROUP", 1, 0));
     EXPECT_DOUBLE_EQ(tall->YMin(), low->YMin());
     EXPECT_DOUBLE_EQ(tall->YMax(), low->YMax());
     EXPECT_DOUBLE_EQ(tall->XMax(), low->XMin());
     // The text of the stretched cell stays at its top margin.
-    const auto text = small.Bounds(*Part("ROWGROUP", 1, 1));
+    const auto text = Bounds(*Part("ROWGROUP", 1, 1));
     EXPECT_NEAR(low->YMax() - text->YMax(), 0.05, 1e-9);
 }
 
@@ -67,13 +64,13 @@ TEST_F(RowElements, FillsByKindOfRow) {
 
 TEST_F(RowElements, BreakHeadingHasItsSpaceAbove) {
     Draw({{"AddStartingBreak", true}});
-    const double withHeading = small.Bounds(*Part("BREAKGROUP", 0, 0))->Height();
-    const double gap = small.Bounds(*Part("BREAKGROUP", 0, 0))->YMax() -
-                       small.Bounds(*Part("BREAKGROUP", 0, 1))->YMax();
+    const double withHeading = Bounds(*Part("BREAKGROUP", 0, 0))->Height();
+    const double gap =
+        Bounds(*Part("BREAKGROUP", 0, 0))->YMax() - Bounds(*Part("BREAKGROUP", 0, 1))->YMax();
     EXPECT_NEAR(gap, 0.05 + 0.1, 1e-9);
     Draw({{"AddStartingBreak", true}, {"Listing.BreakHeading", false}});
-    EXPECT_EQ(SmallHost::CellText(*SmallHost::Members(*element, "BREAKGROUP").at(0), 0), " ");
-    EXPECT_NEAR(small.Bounds(*Part("BREAKGROUP", 0, 0))->Height(), withHeading - 0.1, 1e-9);
+    EXPECT_EQ(CellText(*Members(*element, "BREAKGROUP").at(0), 0), " ");
+    EXPECT_NEAR(Bounds(*Part("BREAKGROUP", 0, 0))->Height(), withHeading - 0.1, 1e-9);
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ double WithMarkup(const std::string& text) {
                   });
 }
 
-class Fitting : public ::testing::Test {
+class Fitting : public ::testing::Test, protected support::SmallHost {
 protected:
     using Symbol = BothFits::Symbol;
 
@@ -91,13 +91,12 @@ protected:
     std::string Fit(const std::string& text, double width, const Symbol& symbol) {
         return fits_.Fit(text, width, symbol, symbol);
     }
-    support::SmallHost small_;
-    BothFits fits_{small_, small_};
+    BothFits fits_{*this, *this};
 };
 
 TEST_F(Fitting, EqualsThePlainLoopsOnRandomTexts) {
     constexpr int kTexts = 2'000;
-    const auto even = small_.TextSymbol("", 9);
+    const auto even = TextSymbol("", 9);
     RandomTexts source(20260101);
     int wrapped = 0;
     for (int i = 0; i < kTexts && !HasFailure(); ++i) {
@@ -120,8 +119,8 @@ TEST_F(Fitting, DotsEndAtTheEdge) {
 }
 
 TEST_F(Fitting, TextsAndTokens) {
-    const auto symbol = small_.TextSymbol("", 10);
-    TextMeasure measure(small_.Display(), symbol);
+    const auto symbol = TextSymbol("", 10);
+    TextMeasure measure(Display(), symbol);
     // With the width of the column in letters.
     const std::tuple<const char*, const char*, std::size_t, const char*> cases[] = {
         {"nothing", "", 9, ""},
@@ -146,7 +145,7 @@ TEST_F(Fitting, TextsAndTokens) {
 // A line of such a text is not as wide alone as behind the tags of earlier ones.
 TEST_F(Fitting, TextsWithMarkupAreMeasuredWhole) {
     const auto symbol = Widths(WithMarkup);
-    TextMeasure measure(small_.Display(), symbol);
+    TextMeasure measure(Display(), symbol);
     for (const char* text : {"Main <b>Street and</b> Oak Street", "<b>Mainstreetandoakstreet</b>",
                              "ab </b>cdefgh <b>ij kl</b> mnopqrs", "a\r\nb <b>cd\r\nefgh i"})
         for (double points = 9; points < 120; points += 1.5) {
@@ -155,8 +154,7 @@ TEST_F(Fitting, TextsWithMarkupAreMeasuredWhole) {
             if (whole <= width) continue;
             std::string wrapped;
             const auto failure = support::FailureOf([&] {
-                wrapped =
-                    LineBreaker(small_.Host().Locale(), measure, width, true).Wrap(text, whole);
+                wrapped = LineBreaker(Host().Locale(), measure, width, true).Wrap(text, whole);
             });
             if (failure.number != 0) wrapped = "failed: " + failure.cause;
             EXPECT_EQ(wrapped, fits_.Plain(text, width, symbol).first) << text << " in " << points;

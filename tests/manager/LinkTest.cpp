@@ -6,7 +6,6 @@
 namespace gazetteer {
 namespace {
 
-using support::SmallHost;
 using Names = std::vector<std::string>;
 
 host::Ref<host::IHostElement> GroupOf(const std::vector<host::Ref<host::IHostElement>>& members) {
@@ -32,20 +31,20 @@ std::vector<texthost::Section> Sections() {
             {"back", 40, {"index$1"}, {{"index", {}}}}};
 }
 
-class Link : public ::testing::Test {
+class Link : public ::testing::Test, protected support::SmallHost {
 protected:
     using Listings = std::vector<std::string>;
 
     void SetUp() override {
-        small.UseBook(Sections(), "index");
-        NewElement(small.GridTable({{"Ash", "1", "3", "2"}, {"Birch", "2", "40", "1"}}));
+        UseBook(Sections(), "index");
+        NewElement(GridTable({{"Ash", "1", "3", "2"}, {"Birch", "2", "40", "1"}}));
     }
     void NewElement(const std::string& table) {
-        element = small.NewGazetteer(table, 4.5, 3);
-        small.Store(element, {{"LinkToMapSeries", true},
-                              {"MapSeriesSectionKey", "maps"},
-                              {"MapSeriesTemplateKey", "sheet"},
-                              {"MapSeriesFrameName", "Main map"}});
+        element = NewGazetteer(table, 4.5, 3);
+        Store(element, {{"LinkToMapSeries", true},
+                        {"MapSeriesSectionKey", "maps"},
+                        {"MapSeriesTemplateKey", "sheet"},
+                        {"MapSeriesFrameName", "Main map"}});
     }
     /// Of a column Page that is not from the database.
     Listings RunLinked(const char* expression) {
@@ -53,15 +52,14 @@ protected:
                     {"Page.FromDatabase", false},
                     {"Page.Expression", expression}});
     }
-    Listings Run(const SmallHost::Assignments& settings = {}) {
-        small.Store(element, settings);
-        CVNGazetteerManager manager(small.HostRef());
+    Listings Run(const Assignments& settings = {}) {
+        Store(element, settings);
+        CVNGazetteerManager manager(HostRef());
         manager.SetIndexElement(element);
         findings = manager.LastFindings();
-        return manager.CanDraw() ? small.ListingTexts(manager) : Listings{};
+        return manager.CanDraw() ? ListingTexts(manager) : Listings{};
     }
-    SmallHost small;
-    SmallHost::Group element;
+    Group element;
     Findings findings;
 };
 
@@ -71,15 +69,15 @@ TEST_F(Link, ColumnsSeeThePagesOfTheBookOrThoseOfTheDatabase) {
     EXPECT_EQ(RunLinked("$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"),
               (Listings{"Ash|6 C-j North", "Birch|7 40-i South"}));
     // A series behind the gazetteer moves no page.
-    small.UseBook(Sections(), "front");
+    UseBook(Sections(), "front");
     EXPECT_EQ(RunLinked("$$PAGE_NUMBER"), (Listings{"Ash|1", "Birch|2"}));
     // Fields that are not there count as 0, which no grid is asked about.
-    NewElement(small.ListingTable({{"Ash", "1"}}));
+    NewElement(ListingTable({{"Ash", "1"}}));
     EXPECT_EQ(RunLinked("$$PAGE_NUMBER $$ROW-$$COLUMN"), Listings{"Ash|1 0-0"});
 }
 
 TEST_F(Link, FindingsNameWhatIsBroken) {
-    const std::pair<SmallHost::Assignments, const char*> cases[] = {
+    const std::pair<Assignments, const char*> cases[] = {
         {{{"MapSeriesSectionKey", "<None>"}}, "No section of the map book is chosen for the link."},
         {{{"MapSeriesTemplateKey", "gone"}},
          "The linked template \"gone\" is not in the section \"maps\"."},
@@ -107,29 +105,29 @@ TEST_F(Link, FailuresNamePageRecordAndField) {
     auto sections = Sections();
     sections[1].startPage = 2147483647;
     sections[1].pages[1] = "sheet$0";
-    small.UseBook(sections, "index");
+    UseBook(sections, "index");
     EXPECT_TRUE(RunLinked("$$PAGE_NUMBER").empty());
-    EXPECT_EQ(small.Dialogs().LastFact("page"), "2147483649");
+    EXPECT_EQ(Dialogs().LastFact("page"), "2147483649");
 
-    NewElement(small.GridTable({{"Ash", "1", "3", "2"}, {"Birch", "", "1", "1"}}));
-    small.UseBook(Sections(), "index");
+    NewElement(GridTable({{"Ash", "1", "3", "2"}, {"Birch", "", "1", "1"}}));
+    UseBook(Sections(), "index");
     RunLinked("$$PAGE_NUMBER");
     for (const auto& [fact, value] :
          {std::pair{"record", "2"}, {"field", "Page"}, {"value", "(none)"}, {"column", "Page"}})
-        EXPECT_EQ(small.Dialogs().LastFact(fact), value) << fact;
+        EXPECT_EQ(Dialogs().LastFact(fact), value) << fact;
 }
 
 // The book is asked about a section before anybody knows that it is there.
 TEST_F(Link, StaleSectionEndsTheCheck) {
-    small.Store(element, {{"MapSeriesSectionKey", "gone"}});
-    CVNGazetteerManager manager(small.HostRef());
+    Store(element, {{"MapSeriesSectionKey", "gone"}});
+    CVNGazetteerManager manager(HostRef());
     EXPECT_FALSE(manager.CanDrawIndex(element));
     EXPECT_NE(manager.LastFindings().at(0).find("gone"), std::string::npos);
     manager.SetIndexElement(element);
     EXPECT_TRUE(manager.CanDraw());  // As stored at the last apply.
     EXPECT_EQ(std::get<std::int32_t>(manager.PageCount()), 0);
     EXPECT_EQ(manager.LastListing(0), "");
-    EXPECT_EQ(small.Dialogs().messages.size(), 3U);
+    EXPECT_EQ(Dialogs().messages.size(), 3U);
 }
 
 struct ExplainingEngine : texthost::ExpressionEngine, host::IHostExpressionExplanation {
@@ -143,16 +141,16 @@ struct ExplainingEngine : texthost::ExpressionEngine, host::IHostExpressionExpla
 };
 
 TEST_F(Link, VerdictsNeedNoExplanation) {
-    small.Store(element, {{"Page.Expression", "[Nowhere]"}});
-    const auto properties = small.Properties(element);
+    Store(element, {{"Page.Expression", "[Nowhere]"}});
+    const auto properties = Properties(element);
     const auto table =
-        OpenTableFile(small.Host(), std::get<std::string>(properties->Item("IndexDatabaseFile")));
+        OpenTableFile(Host(), std::get<std::string>(properties->Item("IndexDatabaseFile")));
     for (const auto& [explains, end] :
          {std::pair{true, " valid: there is no such place."}, {false, " valid."}}) {
         ExplainingEngine engine(explains);
         findings.clear();
-        EXPECT_FALSE(CheckColumnExpressions(engine, small.Host().Locale(), *properties,
-                                            {table, nullptr}, findings));
+        EXPECT_FALSE(CheckColumnExpressions(engine, Host().Locale(), *properties, {table, nullptr},
+                                            findings));
         EXPECT_TRUE(findings.at(0).ends_with(end)) << findings.at(0);
     }
 }
