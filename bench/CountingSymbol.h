@@ -4,14 +4,14 @@
 #include <string>
 #include <utility>
 
-#include "support/PassingSymbol.h"
+#include "texthost/Symbols.h"
 
 namespace bench {
 
-/// A text symbol that passes everything on to another and counts what it is asked for sizes.
-class CountingSymbol final : public support::PassingSymbol {
+/// A text symbol that counts what it is asked for sizes, and tells those of another.
+class CountingSymbol final : public texthost::TextSymbol {
 public:
-    using PassingSymbol::PassingSymbol;
+    explicit CountingSymbol(host::Ref<host::IHostTextSymbol> real) : real_(std::move(real)) {}
 
     /// Since the last call.
     std::size_t TakeQuestions() { return std::exchange(questions_, 0); }
@@ -20,10 +20,11 @@ public:
                                  const host::Ref<host::IHostDisplayTransformation>& transformation,
                                  const std::string& text) override {
         ++questions_;
-        return PassingSymbol::MeasureText(device, transformation, text);
+        return real_->MeasureText(device, transformation, text);
     }
 
 private:
+    host::Ref<host::IHostTextSymbol> real_;
     std::size_t questions_ = 0;
 };
 

@@ -9,8 +9,10 @@
 #include "desk/tables/DbfTable.h"
 #include "desk/tables/TableSort.h"
 #include "host/Failure.h"
+#include "listings/NumberAwareSort.h"
 #include "support/DbfBuilder.h"
 #include "support/ScratchTables.h"
+#include "support/SmallHost.h"
 #include "support/TemporaryFolder.h"
 
 namespace desk {
@@ -101,6 +103,45 @@ TEST(TableSort, SurvivesAnyAnswers) {
         else
             std::ranges::sort(order);
         EXPECT_EQ(order, expected);
+    }
+}
+
+// Hides what a callback offers beside its comparison.
+struct OnlyCompare : host::ITableSortCallBack {
+    explicit OnlyCompare(host::Ref<host::ITableSortCallBack> whole) : callback(std::move(whole)) {}
+    std::int32_t Compare(const host::Variant& a, const host::Variant& b, std::int32_t field,
+                         std::int32_t sortField) override {
+        return callback->Compare(a, b, field, sortField);
+    }
+    host::Ref<host::ITableSortCallBack> callback;
+};
+
+// The order of words and numbers is no strict one: only the same answers come to the same order.
+TEST(TableSort, PreparationChangesNoOrderAndNoDialog) {
+    static const char* const kTexts[] = {"",     "a",   "A 9",  "9a",  "9", "10", "a 10",
+                                         "10 b", "9 b", "b 9a", "a9b", "é", "中", "10 a 9 b a"};
+    support::SmallHost small;
+    const auto whole = std::make_shared<gazetteer::clsTableSortNumberAware>(small.Host());
+    std::mt19937 random(12);
+    for (std::size_t round = 0; round < 60; ++round) {
+        std::vector<std::vector<host::Variant>> rows(random() % 300);
+        for (auto& row : rows) {
+            for (int i = 0; i < 2; ++i) row.emplace_back(kTexts[random() % std::size(kTexts)]);
+            // Some fields hold a value that has no text.
+            if (round % 4 == 3 && random() % 50 == 0) row[round % 8 / 4] = host::Null{};
+        }
+        const auto table = NewScratchTable({"A", "B"}, rows);
+        const auto sorted = [&](const host::Ref<host::ITableSortCallBack>& callback) {
+            small.Dialogs().messages.clear();
+            TableSort sort;
+            sort.SetFields("A,B");
+            sort.SetAscending("A", round % 2 == 0);
+            sort.SetCallback(callback);
+            sort.SetTable(table);
+            sort.Sort(nullptr);
+            return std::pair(Order(sort), small.Dialogs().messages.size());
+        };
+        EXPECT_EQ(sorted(whole), sorted(std::make_shared<OnlyCompare>(whole)));
     }
 }
 

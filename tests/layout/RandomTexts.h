@@ -2,25 +2,27 @@
 
 #include <random>
 #include <string>
+#include <vector>
 
 #include "support/Text.h"
 
 /// Random texts of the kinds that an index holds, and of kinds that it should not.
 class RandomTexts {
 public:
-    explicit RandomTexts(unsigned seed) : random_(seed) {}
+    static constexpr char kWords[] =
+        "Main|St|Avenue|W|iiii|Zwölf|Øst|AV|fi|ffl|Kápolna|Αθήνα|Київ|東京都|a-b|12,|..|Wawaw|To|"
+        "Llanfairpwllgwyngyll|e\u0301te\u0301|ﬁn|القاهرة|ירושלים|กรุงเทพ|दिल्ली|Ｗ|\u00a0x|(N)|Y.";
+
+    explicit RandomTexts(unsigned seed, const char* words = kWords)
+        : random_(seed), words_(gazetteer::Split(words, '|')) {}
 
     std::string Text() {
-        static const auto words = gazetteer::Split(
-            "Main|St|Avenue|W|iiii|Zwölf|Øst|AV|fi|ffl|Kápolna|Αθήνα|Київ|東京都|a-b|12,|..|Wawaw|"
-            "To|Llanfairpwllgwyngyll|e\u0301te\u0301|ﬁn|القاهرة|ירושלים|กรุงเทพ|दिल्ली|Ｗ|"
-            "\u00a0x|(N)|Y.",
-            '|');
         std::string text;
         const int count = Number(0, 8);
         for (int i = 0; i < count; ++i) {
             if (Number(0, 9) < 7) text += std::string(static_cast<std::size_t>(Number(0, 2)), ' ');
-            text += words[static_cast<std::size_t>(Number(0, static_cast<int>(words.size()) - 1))];
+            text +=
+                words_[static_cast<std::size_t>(Number(0, static_cast<int>(words_.size()) - 1))];
             if (Number(0, 19) == 0) text += "$$NEWLINE";
             if (Number(0, 59) == 0) text += Number(0, 1) == 0 ? "\n" : "\r";
             if (Number(0, 14) == 0) text += "$$DOTS";
@@ -34,4 +36,5 @@ public:
 
 private:
     std::mt19937 random_;
+    std::vector<std::string> words_;
 };

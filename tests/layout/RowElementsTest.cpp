@@ -1,31 +1,27 @@
 #include <gtest/gtest.h>
 
-#include "support/Assignments.h"
-#include "support/TestDesk.h"
+#include "support/SmallHost.h"
 
 namespace gazetteer {
 namespace {
 
-using support::TestDesk;
-
 // One listing "Ash" with reference "4", columns 1.9 and 1 inches wide, margins as by default.
-class RowElements : public ::testing::Test {
+class RowElements : public ::testing::Test, protected support::SmallHost {
 protected:
-    void Draw(const support::Assignments& settings) {
-        support::Store(desk, element, {{"Page.ColumnWidth", 1.0}, {"HaveSavedListings", false}});
-        support::Store(desk, element, settings);
-        CVNGazetteerManager manager(desk.HostRef());
+    void Draw(const Assignments& settings) {
+        Store(element, {{"Page.ColumnWidth", 1.0}, {"HaveSavedListings", false}});
+        Store(element, settings);
+        CVNGazetteerManager manager(HostRef());
         manager.SetIndexElement(element);
         manager.SetIndexToPageNumber(1);
-        ASSERT_EQ(desk.Dialogs().LastCause(), "");
+        ASSERT_EQ(Dialogs().LastCause(), "");
     }
     host::Ref<host::IHostElement> Part(const char* group, int column, int part) {
-        const auto row = TestDesk::Members(*element, group).at(0);
+        const auto row = Members(*element, group).at(0);
         const auto cell = host::As<host::IHostGroupElement>(row)->Item(column);
         return host::As<host::IHostGroupElement>(cell)->Item(part);
     }
-    TestDesk desk;
-    TestDesk::Group element = desk.NewGazetteer(desk.ListingTable({{"Ash", "4"}}), 4, 5);
+    Group element = NewGazetteer(ListingTable({{"Ash", "4"}}), 4, 5);
 };
 
 TEST_F(RowElements, AlignmentsAnchorTheText) {
@@ -44,13 +40,13 @@ TEST_F(RowElements, AlignmentsAnchorTheText) {
 
 TEST_F(RowElements, BackgroundsShareTheHeightOfTheTallestCell) {
     Draw({{"Listing.Expression", "one$$NEWLINEtwo$$NEWLINEthree"}});
-    const auto tall = desk.Bounds(*Part("ROWGROUP", 0, 0));
-    const auto low = desk.Bounds(*Part("ROWGROUP", 1, 0));
+    const auto tall = Bounds(*Part("ROWGROUP", 0, 0));
+    const auto low = Bounds(*Part("ROWGROUP", 1, 0));
     EXPECT_DOUBLE_EQ(tall->YMin(), low->YMin());
     EXPECT_DOUBLE_EQ(tall->YMax(), low->YMax());
     EXPECT_DOUBLE_EQ(tall->XMax(), low->XMin());
     // The text of the stretched cell stays at its top margin.
-    const auto text = desk.Bounds(*Part("ROWGROUP", 1, 1));
+    const auto text = Bounds(*Part("ROWGROUP", 1, 1));
     EXPECT_NEAR(low->YMax() - text->YMax(), 0.05, 1e-9);
 }
 
@@ -68,23 +64,13 @@ TEST_F(RowElements, FillsByKindOfRow) {
 
 TEST_F(RowElements, BreakHeadingHasItsSpaceAbove) {
     Draw({{"AddStartingBreak", true}});
-    const double withHeading = desk.Bounds(*Part("BREAKGROUP", 0, 0))->Height();
-    const double gap = desk.Bounds(*Part("BREAKGROUP", 0, 0))->YMax() -
-                       desk.Bounds(*Part("BREAKGROUP", 0, 1))->YMax();
+    const double withHeading = Bounds(*Part("BREAKGROUP", 0, 0))->Height();
+    const double gap =
+        Bounds(*Part("BREAKGROUP", 0, 0))->YMax() - Bounds(*Part("BREAKGROUP", 0, 1))->YMax();
     EXPECT_NEAR(gap, 0.05 + 0.1, 1e-9);
     Draw({{"AddStartingBreak", true}, {"Listing.BreakHeading", false}});
-    EXPECT_EQ(TestDesk::CellText(*TestDesk::Members(*element, "BREAKGROUP").at(0), 0), " ");
-    EXPECT_NEAR(desk.Bounds(*Part("BREAKGROUP", 0, 0))->Height(), withHeading - 0.1, 1e-9);
-}
-
-TEST_F(RowElements, TooNarrowColumnIsNamed) {
-    support::Store(desk, element, {{"Listing.MarginLeft", 1.99}});
-    CVNGazetteerManager manager(desk.HostRef());
-    manager.SetIndexElement(element);
-    EXPECT_EQ(desk.Dialogs().LastCause(), "Column width is set too narrow for selected Font!");
-    EXPECT_EQ(desk.Dialogs().LastFact("column"), "Listing");
-    EXPECT_EQ(desk.Dialogs().LastFact("text"), "Listing");
-    EXPECT_EQ(std::get<std::int32_t>(manager.PageCount()), 0);
+    EXPECT_EQ(CellText(*Members(*element, "BREAKGROUP").at(0), 0), " ");
+    EXPECT_NEAR(Bounds(*Part("BREAKGROUP", 0, 0))->Height(), withHeading - 0.1, 1e-9);
 }
 
 }  // namespace

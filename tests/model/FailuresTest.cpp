@@ -1,9 +1,9 @@
+#include <functional>
 #include <gtest/gtest.h>
+#include <new>
 
 #include "support/ErrorHandling.h"
 #include "support/RecordingDialogs.h"
-
-using support::RecordingDialogs;
 
 namespace gazetteer {
 namespace {
@@ -18,49 +18,45 @@ void Middle() try { Innermost(); } catch (...) {
     PassOn("Middle", "Unit");
 }
 
-void Top(RecordingDialogs& dialogs, void (*body)()) try { body(); } catch (...) {
+void Top(support::RecordingDialogs& dialogs, const std::function<void()>& body) try {
+    body();
+} catch (...) {
     ShowAtTop(dialogs, "Top", "Unit");
 }
 
-constexpr char kHead[] =
-    "An error has occured in the application.   Record the call stack sequence\r\n"
-    "and the description of the error.\r\n\r\nError Call Stack Sequence \r\n\t";
-
-TEST(Failures, StackRunsFromOutermostToInnermostWithOneBlock) {
-    RecordingDialogs dialogs;
-    Top(dialogs, Middle);
-    ASSERT_EQ(dialogs.messages.size(), 1U);
-    const auto& message = dialogs.messages[0];
-    EXPECT_EQ(message.title, "Unexpected Program Error");
-    EXPECT_EQ(message.style, 48);
-    EXPECT_EQ(dialogs.beeps, 1);
-    // Only the procedure nearest to the raise has a line.
-    EXPECT_EQ(message.text, std::string(kHead) +
-                                "Top Unit \r\n\tMiddle Unit \r\n\tInnermost Unit Line : " +
-                                std::to_string(kLineOfTheRaise) +
-                                "\r\n"
-                                "\r\nError Number \r\n\t-2147220991\r\nDescription\r\n\t"
-                                "The wheel is off.\r\n\r\n");
-}
-
-TEST(Failures, FailureInTheTopProcedureItselfHasOneStackLine) {
-    RecordingDialogs dialogs;
-    Top(dialogs, [] { throw host::Failure(-5, "host", "No paper."); });
-    EXPECT_EQ(dialogs.messages.at(0).text,
-              std::string(kHead) +
-                  "Top Unit \r\n\r\nError Number \r\n\t-5\r\nDescription\r\n\t"
-                  "No paper.\r\n\r\n");
-}
-
-TEST(Failures, SwallowedErrorDoesNotRobTheNextOfItsBlock) {
-    RecordingDialogs dialogs;
-    try {
-        Middle();
-    } catch (const host::Failure&) {
+TEST(Failures, AreShownOnceWithTheStackFromOutermostToInnermost) {
+    const std::string raised = " Line : " + std::to_string(kLineOfTheRaise);
+    const struct {
+        std::function<void()> body;
+        std::string stack;
+        const char* number;
+        const char* cause;
+    } cases[] = {
+        // Only the procedure nearest to the raise has a line.
+        {Middle, "\tMiddle Unit \r\n\tInnermost Unit" + raised + "\r\n", "-2147220991",
+         "The wheel is off."},
+        {[] { throw host::Failure(-5, "host", "No paper."); }, "", "-5", "No paper."},
+        {[] { throw std::runtime_error("Second."); }, "", "-2147467259", "Second."},
+        {[] { throw std::bad_alloc(); }, "", "-2147024882", "Out of memory."},
+    };
+    for (const auto& [body, stack, number, cause] : cases) {
+        // One that somebody swallowed does not rob the next of its block.
+        EXPECT_THROW(Middle(), host::Failure);
+        support::RecordingDialogs dialogs;
+        Top(dialogs, body);
+        ASSERT_EQ(dialogs.messages.size(), 1U) << cause;
+        const auto& message = dialogs.messages[0];
+        EXPECT_EQ(message.title, "Unexpected Program Error");
+        EXPECT_EQ(message.style, 48);
+        EXPECT_EQ(message.cause, cause);
+        EXPECT_EQ(dialogs.beeps, 1);
+        EXPECT_EQ(message.text,
+                  "An error has occured in the application.   Record the call stack sequence\r\n"
+                  "and the description of the error.\r\n\r\nError Call Stack Sequence \r\n\t"
+                  "Top Unit \r\n" +
+                      stack + "\r\nError Number \r\n\t" + number + "\r\nDescription\r\n\t" + cause +
+                      "\r\n\r\n");
     }
-    Top(dialogs, [] { throw std::runtime_error("Second."); });
-    EXPECT_NE(dialogs.messages.at(0).text.find("Description\r\n\tSecond."), std::string::npos);
-    EXPECT_EQ(dialogs.LastCause(), "Second.");
 }
 
 }  // namespace

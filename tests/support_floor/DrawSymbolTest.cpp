@@ -1,157 +1,148 @@
-#include <algorithm>
-#include <array>
 #include <gtest/gtest.h>
+#include <sstream>
 
-#include "support/TestDesk.h"
+#include "support/SmallHost.h"
 #include "support/basDrawSymbol.h"
 
 namespace {
 
-using Symbol = host::Ref<host::IHostSymbol>;
+constexpr host::DeviceContext kDevice = 7;
 
-constexpr std::uint32_t kWhite = 0xFFFFFFFF;
-
-/// Keeps what it is asked to draw, and fails where it is told to.
-class Probe final : public host::IHostMarkerSymbol {
+/// A host that notes what is painted, and lets the call fail that it is told.
+class Painting final : public texthost::TextHost, public host::IHostDevices {
 public:
-    explicit Probe(std::string failing = {}) : failing_(std::move(failing)) {}
+    host::IHostDevices& Devices() override { return *this; }
+    host::IHostDialogs& Dialogs() override { return dialogs; }
+    host::Ref<host::IHostLine> NewLine() override {
+        Note("line");
+        return TextHost::NewLine();
+    }
 
-    void PrepareDevice(host::DeviceContext,
-                       const host::Ref<host::IHostDisplayTransformation>&) override {
-        Note("prepare");
+    host::Brush CreateSolidBrush(std::uint32_t color) override {
+        Note("brush", color);
+        return brush;
+    }
+    void FillRect(host::DeviceContext device, const host::PixelRectangle& area,
+                  host::Brush with) override {
+        Note("fill", device, area.left, area.top, area.right, area.bottom, with);
+    }
+    void DeleteObject(host::Brush gone) override { Note("delete", gone); }
+    std::int32_t GetDeviceCaps(host::DeviceContext, std::int32_t index) override {
+        return index == host::kLogicalPixelsY ? dotsPerInch : 0;
+    }
+
+    template <class... Values>
+    void Note(const std::string& call, Values... values) {
+        std::ostringstream text;
+        ((text << ' ' << values), ...);
+        calls += call + text.str() + '\n';
+        if (call == failing) throw host::Failure(-7, "Painting", "The " + call + " is broken.");
+    }
+
+    support::RecordingDialogs dialogs;
+    std::string calls;
+    std::string failing;
+    host::Brush brush = 3;
+    std::int32_t dotsPerInch = 96;
+};
+
+std::string Corners(const host::IHostEnvelope& box) {
+    std::ostringstream text;
+    text << box.XMin() << ' ' << box.YMin() << ' ' << box.XMax() << ' ' << box.YMax();
+    return text.str();
+}
+
+template <class Kind>
+class Probe final : public Kind {
+public:
+    explicit Probe(Painting& painting) : painting_(painting) {}
+    host::Ref<host::IHostObject> Copy() const override { return nullptr; }
+    void PrepareDevice(host::DeviceContext device,
+                       const host::Ref<host::IHostDisplayTransformation>& to) override {
+        const auto pixels = to->DeviceRectangle();
+        for (const auto& extent : {to->ShownExtent(), to->FullExtent()})
+            EXPECT_EQ(Corners(*extent), "0 0 113 81");
+        painting_.Note("prepare", device, pixels.left, pixels.top, pixels.right, pixels.bottom,
+                       to->DotsPerInch());
     }
     void DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) override {
-        drawn = geometry;
-        Note("draw");
+        const bool isLine = host::As<host::IHostLine>(geometry) != nullptr;
+        painting_.Note("draw", isLine ? "line" : "", Corners(*geometry->Bounds()));
     }
-    void ReleaseDevice() override { Note("release"); }
-    host::Ref<host::IHostObject> Copy() const override { return nullptr; }
-
-    std::string calls;
-    host::Ref<host::IHostGeometry> drawn;
+    void ReleaseDevice() override { painting_.Note("release"); }
 
 private:
-    void Note(const std::string& call) {
-        calls += call + ' ';
-        if (call == failing_) throw host::Failure(-7, "Probe", "The symbol is broken.");
-    }
-
-    std::string failing_;
+    Painting& painting_;
 };
+
+constexpr char kCleared[] = "brush 16777215\nfill 7 0 0 113 81 3\ndelete 3\n";
+constexpr char kPrepared[] = "prepare 7 0 0 113 81 96\n";
 
 class DrawSymbol : public ::testing::Test {
 protected:
-    DrawSymbol() { Use(113, 81, 96); }
-
-    void Use(int width, int height, double dotsPerInch) {
-        surface_ = desk_.Host().NewPixelSurface(width, height, dotsPerInch);
+    bool Draw(const host::Ref<host::IHostSymbol>& symbol, host::DeviceContext device = kDevice) {
+        painting.calls.clear();
+        return gazetteer::DrawToDC(painting, device, 113, 81, symbol, 5);
     }
-    bool Draw(const Symbol& symbol, int gap = 0) {
-        return gazetteer::DrawToDC(desk_.Host(), surface_->Device(), surface_->Width(),
-                                   surface_->Height(), symbol, gap);
+    template <class Kind>
+    host::Ref<host::IHostSymbol> New() {
+        return std::make_shared<Probe<Kind>>(painting);
     }
-    std::uint32_t At(int x, int y) const {
-        return surface_->Pixels()[static_cast<std::size_t>(y * surface_->Width() + x)];
-    }
-    /// The smallest box around what is not white; {first x, first y, last x, last y}.
-    std::array<int, 4> Ink() const {
-        std::array<int, 4> box{1 << 20, 1 << 20, -1, -1};
-        for (int y = 0; y < surface_->Height(); ++y)
-            for (int x = 0; x < surface_->Width(); ++x)
-                if (At(x, y) != kWhite)
-                    box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x),
-                           std::max(box[3], y)};
-        return box;
-    }
-    host::Ref<host::IHostTextSymbol> Text(const char* text, int vertical = 1) {
-        auto symbol = desk_.TextSymbol("DejaVu Sans", 10);
-        symbol->SetText(text);
-        symbol->SetVerticalPlacement(vertical);
-        return symbol;
-    }
-
-    support::TestDesk desk_;
-    host::Ref<host::IHostPixelSurface> surface_;
+    Painting painting;
 };
 
-TEST_F(DrawSymbol, FillsTheUpperHalf) {
-    const auto fill = desk_.Host().NewFillSymbol();
-    fill->Color()->SetRGB(0x0000C8);
-    ASSERT_TRUE(Draw(fill));
-    const int half = At(0, 40) == kWhite ? 40 : 41;  // The edge goes through this row.
-    for (int x = 0; x < 113; ++x)
-        for (int y = 0; y < 81; ++y)
-            ASSERT_EQ(At(x, y), y < half ? 0xFFC80000 : kWhite) << x << ", " << y;
-
-    fill->Color()->SetTransparent(true);
-    ASSERT_TRUE(Draw(fill));
-    EXPECT_EQ(Ink()[2], -1) << "a preview shows what was there before";
+TEST_F(DrawSymbol, EachKindHasItsPlaceOnAWhiteGround) {
+    const std::tuple<host::Ref<host::IHostSymbol>, const char*, const char*> cases[] = {
+        {New<texthost::FillSymbol>(), "", "draw  5 38 108 76\n"},
+        {New<texthost::LineSymbol>(), "line\n", "draw line 5 38 108 38\n"},
+        {New<texthost::TextSymbol>(), "line\n", "draw line 5 38 108 38\n"},
+        {New<host::IHostMarkerSymbol>(), "", "draw  56.5 57 56.5 57\n"},
+    };
+    for (const auto& [symbol, made, drawn] : cases) {
+        EXPECT_TRUE(Draw(symbol));
+        EXPECT_EQ(painting.calls, std::string(kCleared) + made + kPrepared + drawn + "release\n");
+    }
+    EXPECT_FALSE(Draw(New<texthost::FillSymbol>(), 0)) << "no device is no failure";
+    EXPECT_EQ(painting.calls, "");
+    EXPECT_TRUE(painting.dialogs.messages.empty());
 }
 
-TEST_F(DrawSymbol, DrawsTextsAndLinesOnTheMiddle) {
-    ASSERT_TRUE(Draw(Text("Main St")));
-    const auto middle = Ink();
-    EXPECT_NEAR(middle[1] + middle[3], 81, 8);
-    EXPECT_LE(middle[0], 4);
-    EXPECT_NEAR(middle[3] - middle[1], 10, 3);
-
-    ASSERT_TRUE(Draw(desk_.Host().NewLineSymbol()));
-    const auto line = Ink();
-    EXPECT_EQ(line[0], 0);
-    EXPECT_EQ(line[2], 112);
-    EXPECT_NEAR(line[1], 40, 1);
-    EXPECT_NEAR(line[3], 40, 1);
-
-    ASSERT_TRUE(Draw(Text("HHH", 2)));
-    const auto once = Ink();
-    EXPECT_NEAR(once[3], 40, 1) << "letters stand on the line";
-    Use(226, 162, 192);
-    ASSERT_TRUE(Draw(Text("HHH", 2)));
-    const auto twice = Ink();
-    EXPECT_NEAR(twice[3] - twice[1], 2 * (once[3] - once[1]), 3);
-    EXPECT_NEAR(twice[2] - twice[0], 2 * (once[2] - once[0]), 3);
-}
-
-TEST_F(DrawSymbol, GivesAMarkerTheMiddle) {
-    const auto marker = std::make_shared<Probe>();
-    ASSERT_TRUE(Draw(marker, 5));
-    EXPECT_EQ(marker->calls, "prepare draw release ");
-    const auto point = host::As<host::IHostPoint>(marker->drawn);
-    ASSERT_TRUE(point);
-    EXPECT_EQ(point->X(), 56.5);
-    EXPECT_EQ(point->Y(), 57);
-}
-
-TEST_F(DrawSymbol, TellsOfEveryFailureOnce) {
-    const auto coarse = desk_.Host().NewPixelSurface(9, 9, 0.4);
-    const auto gone = desk_.Host().NewPixelSurface(9, 9, 96)->Device();
-    const auto undrawable = std::make_shared<Probe>("draw");
+TEST_F(DrawSymbol, TellsOfEveryFailureOnceAndFreesWhatItTook) {
+    const char* const notCleared = "\t-2147214502\r\nDescription\r\n\tCould not clear the Device";
+    const char* const noMeans = "\t-2147214496\r\nDescription\r\n\tCould not create required";
+    const std::string cleared = kCleared;
+    const std::string line = cleared + "line\n";
+    const std::string drawn = line + kPrepared + "draw line 5 38 108 38\nrelease\n";
     const struct {
-        host::DeviceContext device;
-        Symbol symbol;
-        const char* number;
-        const char* cause;
+        const char* failing;
+        host::Brush brush;
+        std::int32_t dotsPerInch;
+        bool symbol;
+        const char* told;
+        std::string calls;
     } cases[] = {
-        {gone, Text("A"), "-2147214502", "Could not clear the Device Context."},
-        {coarse->Device(), Text("A"), "-2147214496",
-         "Could not create required Transformation or Geometry for this draw operation."},
-        {surface_->Device(), std::make_shared<Probe>("prepare"), "-7", "The symbol is broken."},
-        {surface_->Device(), undrawable, "-7", "The symbol is broken."},
-        {surface_->Device(), nullptr, "-2147352571", "Type mismatch"},
+        {"", 0, 96, true, notCleared, "brush 16777215\n"},
+        {"fill", 3, 96, true, notCleared, cleared},
+        {"delete", 3, 96, true, notCleared, cleared},
+        {"", 3, 0, true, noMeans, line},
+        {"line", 3, 96, true, noMeans, line},
+        {"prepare", 3, 96, true, "\t-7\r\nDescription\r\n\tThe prepare is broken",
+         line + kPrepared},
+        {"draw", 3, 96, true, "\t-7\r\nDescription\r\n\tThe draw is broken", drawn},
+        {"", 3, 96, false, "\t-2147352571\r\nDescription\r\n\tType mismatch", cleared},
     };
     for (const auto& one : cases) {
-        desk_.Dialogs().messages.clear();
-        EXPECT_FALSE(gazetteer::DrawToDC(desk_.Host(), one.device, 9, 9, one.symbol, 0));
-        ASSERT_EQ(desk_.Dialogs().messages.size(), 1U) << one.cause;
-        const auto& text = desk_.Dialogs().messages[0].text;
-        EXPECT_NE(text.find(one.cause), std::string::npos) << text;
-        EXPECT_NE(text.find(std::string("\t") + one.number + "\r\n"), std::string::npos) << text;
+        painting.failing = one.failing;
+        painting.brush = one.brush;
+        painting.dotsPerInch = one.dotsPerInch;
+        painting.dialogs.messages.clear();
+        EXPECT_FALSE(Draw(one.symbol ? New<texthost::TextSymbol>() : nullptr));
+        ASSERT_EQ(painting.dialogs.messages.size(), 1U) << one.told;
+        const auto& text = painting.dialogs.messages[0].text;
+        EXPECT_NE(text.find(one.told), std::string::npos) << text;
         EXPECT_NE(text.find("\tDrawToDC CVNGazetteer:basDrawSymbol "), std::string::npos) << text;
+        EXPECT_EQ(painting.calls, one.calls) << one.told;
     }
-    EXPECT_EQ(undrawable->calls, "prepare draw release ") << "the device is freed all the same";
-    desk_.Dialogs().messages.clear();
-    EXPECT_FALSE(gazetteer::DrawToDC(desk_.Host(), 0, 113, 81, Text("A"), 0));
-    EXPECT_TRUE(desk_.Dialogs().messages.empty()) << "no device is no failure";
 }
 
 }  // namespace

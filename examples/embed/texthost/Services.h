@@ -6,11 +6,11 @@
 
 #include "Values.h"
 
-/// Locale, expressions, dialogs, and a map book without books.
+/// Locale, expressions and dialogs.
 namespace texthost {
 
 /// English as far as ASCII goes; a real host asks the system's collation.
-class Locale final : public host::IHostLocale {
+class Locale : public host::IHostLocale {
 public:
     int CompareText(const std::string& text1, const std::string& text2) override {
         const int order = CollationKey(text1).compare(CollationKey(text2));
@@ -34,19 +34,26 @@ public:
     }
     std::vector<std::size_t> Characters(std::string_view text) override {
         std::vector<std::size_t> lengths;
-        for (const char byte : text) {
-            const bool continues = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
-            if (continues && !lengths.empty())
+        for (std::size_t at = 0; at < text.size(); ++at) {
+            if (!lengths.empty() && Continues(text.substr(at)))
                 ++lengths.back();
             else
                 lengths.push_back(1);
         }
         return lengths;
     }
+
+private:
+    /// Within a character, or the first byte of a mark from U+0300 to U+036F on the one before.
+    static bool Continues(std::string_view rest) {
+        const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(rest[i]); };
+        if ((byte(0) & 0xC0U) == 0x80) return true;
+        return byte(0) == 0xCC || (byte(0) == 0xCD && rest.size() > 1 && byte(1) < 0xB0);
+    }
 };
 
 /// Fields in brackets, and the tokens that it is given values for.
-class ExpressionEngine final : public host::CVNExpressionEngine {
+class ExpressionEngine : public host::CVNExpressionEngine {
 public:
     bool IsValidExpression(const Ref<host::IHostTable>& table,
                            const std::string& expression) override {
@@ -101,38 +108,6 @@ public:
         return std::nullopt;
     }
     void Beep() override {}
-};
-
-class NoLayoutContext final : public host::CVNLayoutContext {
-public:
-    host::Variant CurrentTemplateKey() override { return {}; }
-};
-
-class NoMapBook final : public host::CVNMapBook {
-public:
-    std::string TemplateSection(const std::string&) override { None(); }
-    std::string SectionBook(const std::string&) override { None(); }
-    std::vector<std::string> SectionKeys(const std::string&) override { None(); }
-    std::string SectionName(const std::string&) override { None(); }
-    std::vector<std::string> TemplateKeys(const std::string&) override { None(); }
-    std::string TemplateName(const std::string&) override { None(); }
-    Ref<host::IHostObject> TemplateLayout(const std::string&) override { None(); }
-    host::Variant SectionStartPage(const std::string&) override { None(); }
-    std::vector<std::string> SectionPages(const std::string&) override { None(); }
-
-private:
-    [[noreturn]] static void None() { Fail("There is no map book."); }
-};
-
-class NoMapSeries final : public host::MapSeriesManager {
-public:
-    bool IsSeriesFrame(const Ref<host::IHostMapFrame>&) override { return false; }
-    bool HasIndexLayer(const Ref<host::IHostMapFrame>&) override { return false; }
-    void ClearFrame() override {}
-    void SetFrame(const Ref<host::IHostMapFrame>&) override {}
-    Ref<host::IHostIndexLayer> IndexLayer() override { return nullptr; }
-    host::Variant FirstPageNumber() override { return 1; }
-    Ref<host::IHostRow> PageFeature(std::int32_t) override { return nullptr; }
 };
 
 }  // namespace texthost

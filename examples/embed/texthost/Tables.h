@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <sstream>
 
 #include "Values.h"
@@ -40,6 +41,9 @@ private:
 
 class Fields final : public host::IHostFields {
 public:
+    explicit Fields(const std::vector<std::string>& names = {}) {
+        for (const auto& name : names) fields_.push_back(std::make_shared<texthost::Field>(name));
+    }
     std::int32_t FieldCount() const override { return static_cast<std::int32_t>(fields_.size()); }
     void SetFieldCount(std::int32_t count) override {
         fields_.resize(static_cast<std::size_t>(count));
@@ -60,9 +64,11 @@ private:
     std::vector<Ref<host::IHostField>> fields_;
 };
 
+using Values = std::vector<host::Variant>;
+
 class Row final : public host::IHostRow {
 public:
-    explicit Row(std::vector<host::Variant> values) : values_(std::move(values)) {}
+    explicit Row(Values values) : values_(std::move(values)) {}
     host::Variant Value(std::int32_t index) const override {
         return values_.at(static_cast<std::size_t>(index));
     }
@@ -74,7 +80,7 @@ public:
     std::int32_t oid = 0;
 
 private:
-    std::vector<host::Variant> values_;
+    Values values_;
 };
 
 using Rows = std::vector<Ref<Row>>;
@@ -104,6 +110,12 @@ private:
 class Table final : public host::IHostTable {
 public:
     explicit Table(Ref<host::IHostFields> fields) : fields_(std::move(fields)) {}
+    /// A table with fields of these names and rows of these values, which need not be texts.
+    explicit Table(const std::vector<std::string>& names, const std::vector<Values>& rows = {})
+        : fields_(std::make_shared<texthost::Fields>(names)) {
+        Cursor insert(rows_);
+        for (const auto& row : rows) insert.InsertRow(std::make_shared<Row>(row));
+    }
 
     Ref<host::IHostFields> Fields() const override { return fields_; }
     std::int32_t FindField(const std::string& name) const override {
@@ -114,8 +126,7 @@ public:
     }
     Ref<host::IHostCursor> Insert(bool) override { return std::make_shared<Cursor>(rows_); }
     Ref<host::IHostRow> CreateRowBuffer() override {
-        return std::make_shared<Row>(
-            std::vector<host::Variant>(static_cast<std::size_t>(fields_->FieldCount())));
+        return std::make_shared<Row>(Values(static_cast<std::size_t>(fields_->FieldCount())));
     }
     const Rows& AllRows() const { return *rows_; }
 
@@ -129,15 +140,22 @@ public:
     Ref<host::IHostDataset> Next() override { return nullptr; }
 };
 
-/// Where the component opens its listings, and a private place for its scratch table.
+/// Where the component opens its listings by name, and a private place for its scratch table.
 class Workspace final : public host::IHostWorkspace,
                         public host::IHostWorkspaceFactory,
                         public host::IHostScratchWorkspaceFactory,
                         public std::enable_shared_from_this<Workspace> {
 public:
-    explicit Workspace(Ref<host::IHostTable> listings) : listings_(std::move(listings)) {}
+    void Put(const std::string& name, Ref<host::IHostTable> table) {
+        tables_[name] = std::move(table);
+    }
+    void Remove(const std::string& name) { tables_.erase(name); }
+    bool Has(const std::string& name) const { return tables_.contains(name); }
 
-    Ref<host::IHostTable> OpenTable(const std::string&) override { return listings_; }
+    Ref<host::IHostTable> OpenTable(const std::string& name) override {
+        if (!Has(name)) Fail("There is no table \"" + name + "\".");
+        return tables_.at(name);
+    }
     Ref<host::IHostTable> CreateTable(const std::string&, const Ref<host::IHostFields>& fields,
                                       const Ref<host::IHostIdentifier>&,
                                       const Ref<host::IHostIdentifier>&,
@@ -153,11 +171,11 @@ public:
     Ref<host::IHostWorkspace> CreateWorkspace() override { return shared_from_this(); }
 
 private:
-    Ref<host::IHostTable> listings_;
+    std::map<std::string, Ref<host::IHostTable>> tables_;
 };
 
-/// Sorts by insertion, which stays within the rows whatever the callback answers: the component's
-/// comparison of words and numbers is no strict order. More rows want a merge sort.
+/// Puts each row behind those that it does not precede, which stays within the rows whatever the
+/// callback answers: the component's comparison of words and numbers is no strict order.
 class TableSort final : public host::IHostTableSort {
 public:
     void SetTable(const Ref<host::IHostTable>& table) override { table_ = host::As<Table>(table); }
@@ -175,11 +193,16 @@ public:
         callback_ = callback;
     }
     void Sort(const Ref<host::IHostObject>&) override {
-        for (auto& key : keys_) key.index = table_->FindField(key.field);
-        rows_ = table_->AllRows();
-        for (std::size_t i = 1; i < rows_.size(); ++i)
-            for (std::size_t at = i; at > 0 && StandsBefore(*rows_[at], *rows_[at - 1]); --at)
-                std::swap(rows_[at], rows_[at - 1]);
+        for (auto& key : keys_) {
+            key.index = table_->FindField(key.field);
+            if (key.index < 0) Fail("There is no field \"" + key.field + "\" to sort by.");
+        }
+        for (const auto& row : table_->AllRows()) {
+            const auto place = std::upper_bound(
+                rows_.begin(), rows_.end(), row,
+                [&](const auto& one, const auto& other) { return StandsBefore(*one, *other); });
+            rows_.insert(place, row);
+        }
     }
     Ref<host::IHostCursor> Rows() override { return std::make_shared<Cursor>(rows_); }
 

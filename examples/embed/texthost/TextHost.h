@@ -1,23 +1,25 @@
 #pragma once
 
-#include "Elements.h"
+#include "MapBook.h"
 #include "Services.h"
 #include "Tables.h"
 
 namespace texthost {
 
-/// Makes every object that a run and a drawing ask for. What only a window needs is not there.
-class TextHost final : public host::IHost {
+/// Makes every object that a run and a drawing ask for. What only a window needs is not there. A
+/// host that has more derives from it.
+class TextHost : public host::IHost {
 public:
-    explicit TextHost(const Ref<host::IHostTable>& listings)
-        : workspace_(std::make_shared<Workspace>(listings)) {}
+    /// The tables that it opens, by the names under which listing databases are stored.
+    Workspace& Tables() { return *workspace_; }
+    void UseBook(Ref<MapBook> book) { book_ = std::move(book); }
 
     Ref<host::IHostPropertySet> NewPropertySet() override { return New<PropertySet>(); }
     Ref<host::IHostObjectCopy> NewObjectCopy() override { return New<ObjectCopy>(); }
 
     Ref<host::IHostPoint> NewPoint() override { return New<Point>(); }
     Ref<host::IHostEnvelope> NewEnvelope() override { return New<Envelope>(); }
-    Ref<host::IHostLine> NewLine() override { Fail("There are no lines."); }
+    Ref<host::IHostLine> NewLine() override { return New<Line>(); }
 
     Ref<host::IHostFont> NewFont() override { return New<Font>(); }
     Ref<host::IHostColor> NewColor() override { return New<Color>(); }
@@ -30,7 +32,9 @@ public:
     Ref<host::IHostFilledElement> NewRectangleElement() override { return New<RectangleElement>(); }
 
     Ref<host::IHostApplication> NewApplication() override { return application_; }
-    Ref<host::IHostDisplayTransformation> NewDisplayTransformation() override { NoWindow(); }
+    Ref<host::IHostDisplayTransformation> NewDisplayTransformation() override {
+        return New<DisplayTransformation>();
+    }
     Ref<host::IHostPixelSurface> NewPixelSurface(std::int32_t, std::int32_t, double) override {
         NoWindow();
     }
@@ -49,9 +53,9 @@ public:
     Ref<host::IHostIdentifier> NewIdentifier() override { return New<Identifier>(); }
     Ref<host::IHostTableSort> NewTableSort() override { return New<TableSort>(); }
 
-    Ref<host::CVNLayoutContext> NewLayoutContext() override { return New<NoLayoutContext>(); }
-    Ref<host::CVNMapBook> NewMapBook() override { return New<NoMapBook>(); }
-    Ref<host::MapSeriesManager> NewMapSeriesManager() override { return New<NoMapSeries>(); }
+    Ref<host::CVNLayoutContext> NewLayoutContext() override { return book_; }
+    Ref<host::CVNMapBook> NewMapBook() override { return book_; }
+    Ref<host::MapSeriesManager> NewMapSeriesManager() override { return New<MapSeries>(); }
     Ref<host::CVNExpressionEngine> NewExpressionEngine() override {
         return New<ExpressionEngine>();
     }
@@ -59,7 +63,7 @@ public:
     host::IHostLocale& Locale() override { return locale_; }
     host::IHostDialogs& Dialogs() override { return dialogs_; }
     host::IHostDevices& Devices() override { NoWindow(); }
-    bool FileExists(const std::string&) override { return true; }
+    bool FileExists(const std::string& path) override { return workspace_->Has(path); }
 
 private:
     template <class T>
@@ -68,7 +72,8 @@ private:
     }
     [[noreturn]] static void NoWindow() { Fail("This host has no window."); }
 
-    Ref<Workspace> workspace_;
+    Ref<Workspace> workspace_ = std::make_shared<Workspace>();
+    Ref<MapBook> book_ = std::make_shared<MapBook>();
     Ref<Application> application_ = std::make_shared<Application>();
     texthost::Locale locale_;
     texthost::Dialogs dialogs_;

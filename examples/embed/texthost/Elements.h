@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Values.h"
+#include "Symbols.h"
 
 /// The elements of a page, and what a page is measured on.
 namespace texthost {
@@ -68,11 +68,10 @@ public:
     /// The text hangs on its point by its placements; it is never turned here.
     void MeasureBounds(const Ref<host::IHostDisplay>& display,
                        const Ref<host::IHostEnvelope>& bounds) override {
-        constexpr double kPointsPerInch = 72;
         const auto size =
             symbol_->MeasureText(display->DeviceContext(), display->Transformation(), text_);
-        const double width = size.xSize / kPointsPerInch;
-        const double height = size.ySize / kPointsPerInch;
+        const double width = size.xSize / host::kPointsPerInch;
+        const double height = size.ySize / host::kPointsPerInch;
         const auto point = host::As<host::IHostPoint>(geometry_);
         const auto horizontal = symbol_->HorizontalPlacement();
         const auto vertical = symbol_->VerticalPlacement();
@@ -105,6 +104,26 @@ private:
     Ref<host::IHostFillSymbol> symbol_ = std::make_shared<FillSymbol>();
 };
 
+class DisplayTransformation final : public host::IHostDisplayTransformation {
+public:
+    Ref<host::IHostEnvelope> ShownExtent() const override { return shown_; }
+    void SetShownExtent(const Ref<host::IHostEnvelope>& extent) override { shown_ = extent; }
+    Ref<host::IHostEnvelope> FullExtent() const override { return full_; }
+    void SetFullExtent(const Ref<host::IHostEnvelope>& extent) override { full_ = extent; }
+    host::PixelRectangle DeviceRectangle() const override { return rectangle_; }
+    void SetDeviceRectangle(const host::PixelRectangle& rectangle) override {
+        rectangle_ = rectangle;
+    }
+    double DotsPerInch() const override { return dotsPerInch_; }
+    void SetDotsPerInch(double dotsPerInch) override { dotsPerInch_ = dotsPerInch; }
+
+private:
+    Ref<host::IHostEnvelope> shown_ = std::make_shared<Envelope>();
+    Ref<host::IHostEnvelope> full_ = std::make_shared<Envelope>();
+    host::PixelRectangle rectangle_;
+    double dotsPerInch_ = host::kPointsPerInch;
+};
+
 class Display final : public host::IHostDisplay {
 public:
     host::DeviceContext DeviceContext() const override { return 1; }
@@ -114,13 +133,14 @@ public:
 };
 
 /// The running program as the component sees it: document, view and status bar in one. A run shows
-/// its progress in the status bar, which a terminal has none of.
-class Application final : public host::IHostApplication,
-                          public host::IHostDocument,
-                          public host::IHostActiveView,
-                          public host::IHostStatusBar,
-                          public host::IHostProgressAnimation,
-                          public std::enable_shared_from_this<Application> {
+/// its progress in the status bar, which a terminal has none of. A host that has one derives from
+/// it.
+class Application : public host::IHostApplication,
+                    public host::IHostDocument,
+                    public host::IHostActiveView,
+                    public host::IHostStatusBar,
+                    public host::IHostProgressAnimation,
+                    public std::enable_shared_from_this<Application> {
 public:
     Ref<host::IHostDocument> Document() override { return shared_from_this(); }
     Ref<host::IHostStatusBar> StatusBar() override { return shared_from_this(); }
