@@ -125,18 +125,13 @@ void ExpectRoundTrip(const Variant& value, const TemporaryFolder& folder) {
 
 TEST(Document, GivesBackNotableValuesExactly) {
     const TemporaryFolder folder;
-    std::vector<Variant> values = {host::Empty{}, host::Null{}, true,
-                                   false,         Object(),     std::string()};
-    for (const int number : {INT16_MIN, INT16_MAX})
-        values.emplace_back(static_cast<std::int16_t>(number));
-    for (const std::int32_t number : {INT32_MIN, 0, INT32_MAX}) values.emplace_back(number);
-    for (const double number : kNotableDoubles) values.emplace_back(number);
     const auto set = std::make_shared<desk::PropertySet>();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        set->SetItem(std::to_string(i), values[i]);
-        ExpectRoundTrip(values[i], folder);
-    }
-    ExpectRoundTrip(Object(set), folder);
+    const auto add = [&](const Variant& value) {
+        set->SetItem(std::to_string(set->Count()), value);
+    };
+    for (const double number : kNotableDoubles) add(number);
+    for (const int number : {INT16_MIN, INT16_MAX}) add(static_cast<std::int16_t>(number));
+    for (const std::int32_t number : {INT32_MIN, INT32_MAX}) add(number);
     // More than is written at a time.
     const auto texts = std::make_shared<desk::PropertySet>();
     for (int i = 0; i < 20'000; ++i) texts->SetItem(std::to_string(i), "text " + std::to_string(i));
