@@ -1,13 +1,10 @@
-#include <chrono>
 #include <functional>
 #include <gtest/gtest.h>
-#include <random>
 #include <string>
 #include <sys/stat.h>
 #include <vector>
 
 #include "desk/tables/DbfTable.h"
-#include "host/Failure.h"
 #include "support/DbfBuilder.h"
 #include "support/FailureOf.h"
 #include "support/TemporaryFolder.h"
@@ -111,40 +108,6 @@ TEST(DbfFaults, OfThePathAreTold) {
     const std::string pipe = folder.File("pipe.dbf");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(Refusal(pipe), pipe + " is not a regular file.");
-}
-
-/// Whatever the header says, the table is refused or gives no more than the file can hold.
-TEST(DbfFaults, RandomDamageIsSurvived) {
-    const support::TemporaryFolder folder;
-    std::mt19937 random(20240117);
-    const auto draw = [&](std::size_t bound) {
-        return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random);
-    };
-    const auto start = std::chrono::steady_clock::now();
-    int opened = 0;
-    for (int round = 0; round < 3000; ++round) {
-        std::string bytes = TenRecords().Bytes();
-        for (std::size_t i = draw(4) + 1; i > 0; --i)
-            bytes[draw(round % 3 == 0 ? bytes.size() : kHeader)] = static_cast<char>(draw(256));
-        if (draw(4) == 0) bytes.resize(draw(bytes.size()) + 1);
-        const std::string path = folder.Write("a.dbf", bytes);
-        try {
-            DbfTable table(path);
-            ++opened;
-            std::size_t count = 0;
-            const auto cursor = table.Search(nullptr, true);
-            while (const auto row = cursor->NextRow()) {
-                ++count;
-                for (std::size_t f = 0; f < table.DbfFields().size(); ++f)
-                    row->Value(static_cast<std::int32_t>(f));
-            }
-            ASSERT_LE(count, bytes.size());
-        } catch (const host::Failure& failure) {
-            ASSERT_NE(failure.description.find(path), std::string::npos);
-        }
-    }
-    EXPECT_GT(opened, 100);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
 }
 
 }  // namespace
