@@ -39,21 +39,15 @@ Lines Letters(const std::string& text) {
     return letters;
 }
 
-// The texts of the listings of a drawn page, wrapped as they are.
-Lines DrawnListings(const nlohmann::json& page) {
-    Lines texts;
-    for (const auto& row : page["members"])
-        if (row["tag"] == "ROWGROUP") texts.push_back(row["members"][0]["members"][1]["text"]);
-    return texts;
-}
-
-TEST(Scripts, WrapBetweenCharacters) {
+TEST(Scripts, WrapBetweenCharactersWithinTheirColumn) {
     const Program program;
     WriteNames(program, "names", kNames);
     const auto made = program.Done(MakeTall("names", "en"));
     EXPECT_EQ(made.errors.find("warning"), std::string::npos) << made.errors;
-    const auto texts =
-        DrawnListings(program.Done({"draw", "names.json", "--page", "1", "--json"}).Json());
+    Lines texts;
+    const auto page = program.Done({"draw", "names.json", "--page", "1", "--json"}).Json();
+    for (const auto& row : page["members"])
+        if (row["tag"] == "ROWGROUP") texts.push_back(row["members"][0]["members"][1]["text"]);
     ASSERT_EQ(texts.size(), kNames.size());
     std::size_t wrapped = 0;
     for (const auto& name : kNames) {
@@ -62,13 +56,8 @@ TEST(Scripts, WrapBetweenCharacters) {
         wrapped += found->find('\n') != std::string::npos ? 1 : 0;
     }
     EXPECT_EQ(wrapped, kNames.size() - 2);
-}
 
-// Ink of the first column ends before the second begins.
-TEST(Scripts, StandInTheirColumn) {
-    const Program program;
-    WriteNames(program, "names", kNames);
-    program.Done(MakeTall("names", "en"));
+    // Ink of the first column ends before the second begins.
     const std::string words = program.Shell("pdftotext -bbox names.pdf - | grep '<word'");
     const auto edge = [](const std::string& word, const char* name) {
         return std::stod(word.substr(word.find(name) + 6));
