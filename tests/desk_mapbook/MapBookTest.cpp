@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "desk/mapbook/MapBook.h"
@@ -10,7 +11,6 @@
 namespace {
 
 using support::FailureOf;
-using Keys = std::vector<std::string>;
 
 /// A series frame with a graticule and a grid, an inset and a group in a group, an index.
 const std::string kBook = R"({"currentTemplate": "index",
@@ -40,18 +40,6 @@ std::shared_ptr<desk::BookSource> Source(const std::string& content) {
     auto source = std::make_shared<desk::BookSource>(folder.Write("book.json", content));
     source->File();
     return source;
-}
-
-TEST(MapBook, AnswersInTheOrderOfTheFile) {
-    desk::MapBook book(Source(kBook));
-    EXPECT_EQ(book.TemplateSection("index"), "back");
-    EXPECT_EQ(book.SectionBook("back"), "atlas");
-    EXPECT_EQ(book.SectionKeys("atlas"), (Keys{"maps", "back"}));
-    EXPECT_EQ(book.SectionName("maps"), "Maps");
-    EXPECT_EQ(book.TemplateKeys("maps"), Keys{"sheet"});
-    EXPECT_EQ(book.TemplateName("index"), "Gazetteer");
-    EXPECT_EQ(std::get<std::int32_t>(book.SectionStartPage("back")), 40);
-    EXPECT_EQ(book.SectionPages("maps"), (Keys{"sheet$1", "sheet$2"}));
 }
 
 TEST(MapBook, GivesTheLayoutAsElements) {
@@ -85,37 +73,31 @@ TEST(MapBook, GivesTheLayoutAsElements) {
 TEST(MapBook, NamesTheKeyThatItDoesNotHold) {
     const auto source = Source(kBook);
     desk::MapBook book(source);
-    const std::string start = "The map book file \"" + source->File()->path + "\" holds no ";
-    EXPECT_EQ(FailureOf([&] { book.SectionBook("gone"); }).description,
-              start + "section with the key \"gone\".");
-    EXPECT_EQ(FailureOf([&] { book.SectionKeys("maps"); }).description,
-              start + "book with the key \"maps\".");
-    EXPECT_EQ(FailureOf([&] { book.TemplateLayout("maps"); }).description,
-              start + "template with the key \"maps\".");
     desk::MapBook none(std::make_shared<desk::BookSource>(""));
-    EXPECT_EQ(FailureOf([&] { none.SectionBook("maps"); }).description,
-              "The document is in no map book, so that there is no section with the key \"maps\".");
-}
-
-TEST(MapBook, IsReadWhenFirstAskedFor) {
-    const auto source = std::make_shared<desk::BookSource>("gone.json");
-    desk::MapBook book(source);
-    EXPECT_EQ(std::get<std::string>(desk::LayoutContext(source, "own").CurrentTemplateKey()),
-              "own");
-    const std::string told = FailureOf([&] { book.SectionBook("maps"); }).description;
-    EXPECT_NE(told.find("could not be read: there is no such file."), std::string::npos) << told;
+    const std::string start = "The map book file \"" + source->File()->path + "\" holds no ";
+    const std::pair<std::function<void()>, std::string> calls[] = {
+        {[&] { book.SectionBook("gone"); }, start + "section with the key \"gone\"."},
+        {[&] { book.SectionKeys("maps"); }, start + "book with the key \"maps\"."},
+        {[&] { book.TemplateLayout("maps"); }, start + "template with the key \"maps\"."},
+        {[&] { none.SectionBook("maps"); },
+         "The document is in no map book, so that there is no section with the key \"maps\"."}};
+    for (const auto& [call, told] : calls) EXPECT_EQ(FailureOf(call).description, told);
 }
 
 TEST(LayoutContext, AsksTheDocumentThenTheBook) {
-    const auto source = Source(kBook);
+    const auto gone = std::make_shared<desk::BookSource>("gone.json");
+    const auto none = std::make_shared<desk::BookSource>("");
     const auto silent = Source(R"({"books": []})");
-    for (const auto& book : {std::make_shared<desk::BookSource>(""), silent}) {
-        EXPECT_TRUE(std::holds_alternative<host::Empty>(
-            desk::LayoutContext(book, "").CurrentTemplateKey()));
-    }
-    for (const auto& [own, told] : {std::pair{"", "index"}, {"sheet", "sheet"}})
-        EXPECT_EQ(std::get<std::string>(desk::LayoutContext(source, own).CurrentTemplateKey()),
-                  told);
+    const auto told = Source(kBook);
+    const std::tuple<std::shared_ptr<desk::BookSource>, std::string, host::Variant> cases[] = {
+        {none, "", host::Empty{}}, {silent, "", host::Empty{}}, {told, "", "index"},
+        {told, "sheet", "sheet"},  {gone, "own", "own"},  // The file is read when it is first asked
+                                                          // for.
+    };
+    for (const auto& [book, own, key] : cases)
+        EXPECT_EQ(desk::LayoutContext(book, own).CurrentTemplateKey(), key);
+    const std::string why = FailureOf([&] { desk::MapBook(gone).SectionBook("maps"); }).description;
+    EXPECT_NE(why.find("could not be read: there is no such file."), std::string::npos) << why;
 }
 
 TEST(MapBookFile, FollowsPathsFromItsOwnFolder) {
