@@ -1,3 +1,5 @@
+#include <chrono>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -12,6 +14,7 @@
 namespace desk {
 namespace {
 
+namespace fs = std::filesystem;
 using support::DbfBuilder;
 
 DbfBuilder TenRecords() {
@@ -108,6 +111,43 @@ TEST(DbfFaults, OfThePathAreTold) {
     const std::string pipe = folder.File("pipe.dbf");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(Refusal(pipe), pipe + " is not a regular file.");
+}
+
+/// Rows from before and after a change of the file are never all that is told.
+TEST(DbfFaults, OfATableThatOthersChangeAreTold) {
+    constexpr int kRecords = 60'000;  // More than is read at a time.
+    DbfBuilder old({{"F", 'C', 20}});
+    DbfBuilder fresh = old;
+    for (int i = 0; i < kRecords; ++i) {
+        old.Row({"old"});
+        fresh.Row({"fresh"});
+    }
+    const support::TemporaryFolder folder;
+    const std::string path = folder.File("a.dbf");
+    using Change = std::function<void()>;
+    const std::tuple<const char*, Change, const char*> changes[] = {
+        {"removed", [&] { fs::remove(path); }, ""},
+        {"replaced", [&] { fs::rename(folder.Write("b.dbf", fresh.Bytes()), path); }, ""},
+        {"cut", [&] { fs::resize_file(path, fs::file_size(path) / 2); }, " became shorter"},
+        {"written over", [&] { fresh.Write(path); }, " was changed"}};
+    for (const auto& [what, change, told] : changes) {
+        SCOPED_TRACE(what);
+        old.Write(path);
+        fs::last_write_time(path, fs::last_write_time(path) - std::chrono::hours(1));
+        DbfTable table(path);
+        const auto cursor = table.Search(nullptr, true);
+        int rows = 0;
+        int oldRows = 0;
+        const auto read = [&, act = change] {
+            while (const auto row = cursor->NextRow()) {
+                oldRows += row->Value(0) == host::Variant("old") ? 1 : 0;
+                if (++rows == kRecords / 4) act();
+            }
+        };
+        const std::string failure = support::FailureOf(read).description;
+        EXPECT_NE(failure.find(told), std::string::npos) << failure;
+        EXPECT_EQ(failure.empty(), oldRows == kRecords) << failure;
+    }
 }
 
 }  // namespace
