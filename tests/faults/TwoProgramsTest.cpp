@@ -11,16 +11,8 @@ namespace {
 using tests::Child;
 using tests::Contains;
 
-constexpr int kRaces = 12;
-
-class TwoPrograms : public testing::Test {
-protected:
-    TwoPrograms() { program.Done({"new", "d.json", "--listing-database", "streets.dbf"}); }
-
-    tests::Program program;
-};
-
-TEST_F(TwoPrograms, WhoReadBeforeTheOtherWroteIsRefused) {
+TEST(TwoPrograms, WhoReadBeforeTheOtherWroteIsRefused) {
+    const tests::Program program;
     program.WriteLongTable("names.dbf", 4000);
     program.Done({"make", "names.dbf", "-o", "o.pdf", "--document", "long.json"});
     Child slow(program, {"draw", "long.json", "--page", "2"});
@@ -42,30 +34,9 @@ TEST_F(TwoPrograms, WhoReadBeforeTheOtherWroteIsRefused) {
     program.Done({"draw", "long.json", "--page", "2"});
 }
 
-// However the two fall together, each change is in the document or its maker was told.
-TEST_F(TwoPrograms, NoChangeIsLostWithoutAWord) {
-    int refused = 0;
-    for (int i = 0; i < kRaces; ++i) {
-        const std::string value = std::to_string(i + 2);  // None is the default.
-        Child one(program, {"set", "d.json", "RepeatSpacing=0." + value + "5"});
-        Child other(program, {"set", "d.json", "DefaultPage=" + value});
-        const bool oneDone = one.End().status == 0;
-        const bool otherDone = other.End().status == 0;
-        EXPECT_TRUE(oneDone || otherDone) << one.End().errors << other.End().errors;
-        for (auto* child : {&one, &other}) {
-            if (child->End().status == 0) continue;
-            ++refused;
-            EXPECT_TRUE(Contains(child->End().errors, "another program"));
-        }
-        const auto stored = program.Stored("d.json");
-        EXPECT_EQ(stored["RepeatSpacing"] == std::stod("0." + value + "5"), oneDone);
-        EXPECT_EQ(stored["DefaultPage"] == i + 2, otherDone);
-    }
-    std::printf("%d of %d pairs fell together\n", refused, kRaces);
-}
-
-TEST_F(TwoPrograms, OneOfTwoMakesANewDocument) {
-    for (int i = 0; i < kRaces; ++i) {
+TEST(TwoPrograms, OneOfTwoMakesANewDocument) {
+    const tests::Program program;
+    for (int i = 0; i < 12; ++i) {
         const std::string name = "new" + std::to_string(i) + ".json";
         const std::vector<std::string> command = {"new", name, "--listing-database", "streets.dbf"};
         Child one(program, command);
@@ -76,7 +47,9 @@ TEST_F(TwoPrograms, OneOfTwoMakesANewDocument) {
     }
 }
 
-TEST_F(TwoPrograms, ALockIsToldAndGoesWithItsHolder) {
+TEST(TwoPrograms, ALockIsToldAndGoesWithItsHolder) {
+    const tests::Program program;
+    program.Done({"new", "d.json", "--listing-database", "streets.dbf"});
     const std::string before = program.Bytes("d.json");
     const int file = ::open(program.File("d.json").c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_EQ(::flock(file, LOCK_EX), 0);
