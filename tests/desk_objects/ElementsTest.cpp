@@ -55,8 +55,11 @@ TEST(TextElement, MeasuresTheTextWhereItHangsInTheFontAsItIs) {
     symbol->SetHorizontalPlacement(2);
     symbol->SetVerticalPlacement(1);
     element.SetSymbol(symbol);
+    const auto font = std::make_shared<desk::Font>();
+    symbol->SetFont(font);
     for (const double points : {10.0, 20.0, 8.0}) {
-        symbol->Font()->SetSize(points);
+        font->SetSize(points);
+        EXPECT_EQ(symbol->Size(), points);
         const auto box = desk::HangingBox(symbol->MeasureText(0, nullptr, "Abbey Road"), 2, 1, 0);
         EXPECT_EQ(BoundsOf(element),
                   (std::vector<double>{3 + box.xmin, 5 + box.ymin, 3 + box.xmax, 5 + box.ymax}))
@@ -109,26 +112,6 @@ TEST(ElementContainer, GivesNullAtTheEndAndStartsAgainAtReset) {
         EXPECT_FALSE(container.Next());
         container.Reset();
     }
-}
-
-TEST(Symbols, ShareWhatIsSetOnThemUntilCopied) {
-    desk::TextSymbol symbol(std::make_shared<desk::TextEngine>());
-    const auto font = std::make_shared<desk::Font>();
-    symbol.SetFont(font);
-    const auto copy = std::dynamic_pointer_cast<desk::TextSymbol>(symbol.Copy());
-    symbol.SetSize(36);
-    symbol.Color()->SetRGB(0xFF);
-    EXPECT_EQ(font->Size(), 36);
-    EXPECT_EQ(copy->Size(), 10);
-    EXPECT_EQ(copy->Color()->RGB(), 0U);
-
-    desk::FillSymbol fill;
-    EXPECT_FALSE(fill.Outline());
-    fill.SetOutline(std::make_shared<desk::LineSymbol>());
-    const auto filled = std::dynamic_pointer_cast<desk::FillSymbol>(fill.Copy());
-    fill.Outline()->Color()->SetTransparent(true);
-    ASSERT_TRUE(filled->Outline());
-    EXPECT_FALSE(filled->Outline()->Color()->Transparent());
 }
 
 TEST(HangingBox, HangsATextByItsPlacements) {
