@@ -103,19 +103,20 @@ TEST(TextInPdf, BlanksOfBothKindsAreToldApart) {
 // The places of words as the file tells them, in points.
 TEST(TextInPdf, WordsStandWithinAHundredthOfAPoint) {
     for (const char* family : {"DejaVu Sans", "Liberation Sans", "Noto Sans CJK SC"})
-        for (const double points : {7.3, 8.0, 36.0}) {
-            Sheets sheets;
-            const std::string text =
-                "WAVATo" + std::string(static_cast<std::size_t>(400 / points), '.');
-            const double width = sheets.engine->Measure({family, points, false}, text).xSize;
-            const auto word = sheets.Text(0.211, 2, text, family, points);
-            const std::string box = PdfText(sheets.Draw("word.pdf", word), "-bbox");
-            std::smatch edges;
-            const std::regex edge("xMin=\"([0-9.]+)\".* xMax=\"([0-9.]+)\"");
-            ASSERT_TRUE(std::regex_search(box, edges, edge)) << box;
-            EXPECT_NEAR(std::stod(edges[1]), 0.211 * 72, 0.01);
-            EXPECT_NEAR(std::stod(edges[2]), 0.211 * 72 + width, 0.011) << family << points;
-        }
+        for (const char* word : {"WAVATo", "東京To"})
+            for (const double points : {7.3, 8.0, 36.0}) {
+                Sheets sheets;
+                const std::string text =
+                    word + std::string(static_cast<std::size_t>(300 / points), '.');
+                const double width = sheets.engine->Measure({family, points, false}, text).xSize;
+                const auto line = sheets.Text(0.211, 2, text, family, points);
+                const std::string box = PdfText(sheets.Draw("word.pdf", line), "-bbox");
+                std::smatch edges;
+                const std::regex edge("xMin=\"([0-9.]+)\".* xMax=\"([0-9.]+)\"");
+                ASSERT_TRUE(std::regex_search(box, edges, edge)) << box;
+                EXPECT_NEAR(std::stod(edges[1]), 0.211 * 72, 0.01);
+                EXPECT_NEAR(std::stod(edges[2]), 0.211 * 72 + width, 0.011) << text << family;
+            }
 }
 
 }  // namespace
