@@ -103,6 +103,17 @@ TEST(Elements, RefuseWhatTheyCannotTake) {
     EXPECT_NO_THROW(symbol.SetHorizontalPlacement(3));
 }
 
+TEST(Elements, KeepTheVeryGeometryThatIsSet) {
+    const auto envelope = std::make_shared<desk::Envelope>(1, 2, 3, 4);
+    desk::RectangleElement rectangle;
+    rectangle.SetGeometry(envelope);
+    EXPECT_EQ(rectangle.Geometry(), envelope);
+    const auto point = std::make_shared<desk::Point>(1, 2);
+    desk::TextElement text(std::make_shared<desk::TextEngine>());
+    text.SetGeometry(point);
+    EXPECT_EQ(text.Geometry(), point);
+}
+
 TEST(ElementContainer, GivesNullAtTheEndAndStartsAgainAtReset) {
     const auto only = Rectangle(0, 0, 1, 1);
     desk::ElementContainer container({only});
