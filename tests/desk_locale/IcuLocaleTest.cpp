@@ -58,6 +58,8 @@ TEST(IcuLocale, NumbersAreWrittenShort) {
     EXPECT_EQ(english.FormatNumber(-1234567), "-1234567");
     EXPECT_EQ(english.FormatNumber(1e20), "100000000000000000000");
     EXPECT_EQ(english.FormatNumber(0.00001), "0.00001");
+    for (const double value : {1.0 / 3, -2e9 / 3, 1e-9 / 3, 1e30 / 3})
+        EXPECT_EQ(german.ParseNumber(german.FormatNumber(value)), value);
 }
 
 TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
