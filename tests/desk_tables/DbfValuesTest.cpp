@@ -108,27 +108,5 @@ TEST(DbfValues, AreDecoded) {
     }
 }
 
-TEST(DbfValues, RowsKeepTheirRecordNumbersAndLives) {
-    const support::TemporaryFolder folder;
-    DbfBuilder({{"F", 'C', 10}})
-        .Row({"one"})
-        .Row({"two"}, true)
-        .Row({"three"})
-        .Write(folder.File("a.dbf"));
-    DbfTable table(folder.File("a.dbf"));
-    const auto cursor = table.Search(nullptr, false);
-    const auto first = cursor->NextRow();
-    EXPECT_EQ(cursor->NextRow()->OID(), 3);
-    EXPECT_EQ(cursor->NextRow(), nullptr);
-    EXPECT_EQ(cursor->NextRow(), nullptr);
-    EXPECT_EQ(first->OID(), 1);
-    EXPECT_EQ(first->Value(0), Variant(Text("one")));
-
-    const auto recycling = table.Search(nullptr, true);
-    const auto* row = recycling->NextRow().get();
-    EXPECT_EQ(recycling->NextRow().get(), row);
-    EXPECT_EQ(row->Value(0), Variant(Text("three")));
-}
-
 }  // namespace
 }  // namespace desk
