@@ -23,18 +23,6 @@ std::vector<double> BoundsOf(host::IHostElement& element) {
     return {bounds->XMin(), bounds->YMin(), bounds->XMax(), bounds->YMax()};
 }
 
-TEST(GroupElement, KeepsTheOrderOfTheOthersWhenOneGoes) {
-    desk::GroupElement group;
-    std::vector<host::Ref<host::IHostElement>> members;
-    for (int i = 0; i < 4; ++i) members.push_back(Rectangle(i, 0, i + 1, 1));
-    for (const auto& member : members) group.Add(member);
-    group.Add(members[1]);
-    group.Remove(members[1]);
-    std::vector<host::Ref<host::IHostElement>> left;
-    for (int i = 0; i < group.Count(); ++i) left.push_back(group.Item(i));
-    EXPECT_EQ(left, (std::vector{members[0], members[2], members[3], members[1]}));
-}
-
 TEST(GroupElement, MeasuresTheBoxAroundAllMembersHoweverDeep) {
     desk::GroupElement group;
     group.SetGeometry(std::make_shared<desk::Envelope>(0, 0, 8, 10));
@@ -112,17 +100,6 @@ TEST(Elements, KeepTheVeryGeometryThatIsSet) {
     desk::TextElement text(std::make_shared<desk::TextEngine>());
     text.SetGeometry(point);
     EXPECT_EQ(text.Geometry(), point);
-}
-
-TEST(ElementContainer, GivesNullAtTheEndAndStartsAgainAtReset) {
-    const auto only = Rectangle(0, 0, 1, 1);
-    desk::ElementContainer container({only});
-    for (int round = 0; round < 2; ++round) {
-        EXPECT_EQ(container.Next(), only);
-        EXPECT_FALSE(container.Next());
-        EXPECT_FALSE(container.Next());
-        container.Reset();
-    }
 }
 
 TEST(HangingBox, HangsATextByItsPlacements) {
