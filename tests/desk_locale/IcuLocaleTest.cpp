@@ -75,24 +75,13 @@ TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
 }
 
 TEST(IcuLocale, KeysCompareAsTexts) {
-    const std::vector<std::string> alphabet = {
-        "a",      "A", "b", "B",    " ",    "-",      "1",          "e",  "\u00e9",
-        "\u0301", "z", ".", "\xC3", "\xFF", "\u4e2d", "\U0001F600", "\r", "\xE2\x82"};
-    std::mt19937 random(11);
-    const auto text = [&] {
-        std::string result;
-        for (std::size_t i = random() % 5; i > 0; --i)
-            result += alphabet[random() % alphabet.size()];
-        return result;
-    };
     for (const char* name : {"en", "de@collation=phonebook", "sv", "C"}) {
         IcuLocale locale(name);
-        for (int i = 0; i < 5000; ++i) {
-            const std::string a = text(), b = text();
-            const int byKeys = locale.CollationKey(a).compare(locale.CollationKey(b));
-            EXPECT_EQ(locale.CompareText(a, b), (byKeys > 0) - (byKeys < 0))
-                << name << " [" << a << "] [" << b << "]";
-        }
+        for (const std::string a : {"", "A", "\u00c4b", "aeb", "z", "\xFF", "\U0001F600"})
+            for (const std::string b : {"a", "a b", "AEB", "z\u0301", "\xC3", "\u4e2d", "-"}) {
+                const int byKeys = locale.CollationKey(a).compare(locale.CollationKey(b));
+                EXPECT_EQ(locale.CompareText(a, b), (byKeys > 0) - (byKeys < 0)) << a << " " << b;
+            }
     }
     IcuLocale english("en");
     EXPECT_EQ(english.CollationKey(std::string(5000, 'q')),

@@ -43,10 +43,15 @@ std::shared_ptr<desk::BookSource> Source(const std::string& content) {
 }
 
 TEST(MapBook, GivesTheLayoutAsElements) {
-    desk::MapBook book(Source(kBook));
-    const auto layout = host::As<host::IHostElementContainer>(book.TemplateLayout("sheet"));
+    const auto source = Source(BookWith("sheets.dbf", "layers\\\\sheets.dbf"));
+    const auto layout =
+        host::As<host::IHostElementContainer>(desk::MapBook(source).TemplateLayout("sheet"));
     ASSERT_TRUE(layout);
-    const auto grids = host::As<host::IHostMapGrids>(layout->Next());
+    const auto frame = std::dynamic_pointer_cast<desk::SeriesFrame>(layout->Next());
+    ASSERT_TRUE(frame);
+    const auto folder = std::filesystem::path(source->File()->path).parent_path();
+    EXPECT_EQ(frame->GetSeries().indexLayer, (folder / "layers" / "sheets.dbf").string());
+    const auto grids = host::As<host::IHostMapGrids>(frame);
     const auto group = host::As<host::IHostGroupElement>(layout->Next());
     ASSERT_TRUE(group && !layout->Next());
     EXPECT_TRUE(host::As<host::IHostMapFrame>(group->Item(0)));
@@ -91,15 +96,6 @@ TEST(LayoutContext, AsksTheDocumentThenTheBook) {
         EXPECT_EQ(desk::LayoutContext(book, own).CurrentTemplateKey(), key);
     const std::string why = FailureOf([&] { desk::MapBook(gone).SectionBook("maps"); }).description;
     EXPECT_NE(why.find("could not be read: there is no such file."), std::string::npos) << why;
-}
-
-TEST(MapBookFile, FollowsPathsFromItsOwnFolder) {
-    const auto file = Source(BookWith("sheets.dbf", "layers\\\\sheets.dbf"))->File();
-    const auto frame = std::dynamic_pointer_cast<desk::SeriesFrame>(
-        file->books[0].sections[0].templates[0].layout[0]);
-    ASSERT_TRUE(frame);
-    const auto folder = std::filesystem::path(file->path).parent_path();
-    EXPECT_EQ(frame->GetSeries().indexLayer, (folder / "layers" / "sheets.dbf").string());
 }
 
 TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
