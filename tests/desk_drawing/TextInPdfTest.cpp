@@ -1,5 +1,4 @@
 // Texts of a PDF as its readers find them again.
-#include <cmath>
 #include <regex>
 
 #include "Sheet.h"
