@@ -1,4 +1,5 @@
 #include <array>
+#include <dlfcn.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -8,23 +9,17 @@
 #include "host/PropertyPages.h"
 #include "manager/ICVNGazetteerManager.h"
 #include "support/CategoryInstall.h"
+#include "support/FailureOf.h"
 #include "support/Output.h"
 #include "support/TestDesk.h"
 
 namespace {
 
+using support::FailureOf;
+
 constexpr std::array kClasses{"CVNGazetteer.GazetteerPropertyPage",
                               "CVNGazetteer.CVNGazetteerManager", "CVNGazetteer.CategoryInstall",
                               "CVNGazetteer.CategoryIDs"};
-
-/// A set of objects that the host cannot read.
-class BrokenSet final : public host::IHostObjectSet {
-public:
-    void Reset() override {}
-    host::Ref<host::IHostObject> Next() override {
-        throw host::Failure(-9, "BrokenSet", "The set is broken.");
-    }
-};
 
 class Component : public ::testing::Test {
 protected:
@@ -36,21 +31,6 @@ protected:
     support::TestDesk desk_;
     desk::ComponentLibrary library_{COMPONENT_FILE};
 };
-
-TEST_F(Component, CountsItsObjects) {
-    EXPECT_TRUE(library_.CanUnload());
-    std::vector<host::Ref<host::IHostObject>> objects;
-    for (const char* name : kClasses) {
-        objects.push_back(library_.CreateInstance(name, desk_.HostRef()));
-        EXPECT_FALSE(library_.CanUnload()) << name;
-    }
-    objects.resize(1);
-    EXPECT_FALSE(library_.CanUnload());
-    objects.clear();
-    EXPECT_TRUE(library_.CanUnload());
-    EXPECT_THROW(library_.CreateInstance("CVNGazetteer.Nothing", desk_.HostRef()), host::Failure);
-    EXPECT_TRUE(library_.CanUnload());
-}
 
 // Kinds of objects are told across the border in both directions.
 TEST_F(Component, MakesAManagerThatDrawsTheHostsElements) {
@@ -66,14 +46,7 @@ TEST_F(Component, MakesAManagerThatDrawsTheHostsElements) {
     EXPECT_EQ(desk_.Members(*element, "ROWGROUP").size(), 2U);
 }
 
-TEST_F(Component, CatchesFailuresOfTheHost) {
-    const auto page = Create<host::IComPropertyPage>("CVNGazetteer.GazetteerPropertyPage");
-    EXPECT_FALSE(page->Applies(std::make_shared<BrokenSet>()));
-    ASSERT_EQ(desk_.Dialogs().messages.size(), 1U);
-    EXPECT_EQ(desk_.Dialogs().LastCause(), "The set is broken.");
-    EXPECT_NE(desk_.Dialogs().messages[0].text.find("\t-9\r\n"), std::string::npos);
-}
-
+// A failure of the host is caught on the other side of the border.
 TEST_F(Component, EntersItsOwnFileWithTheDesk) {
     const support::TemporaryFolder data;
     ::setenv("XDG_DATA_HOME", data.Path().c_str(), 1);
@@ -88,17 +61,65 @@ TEST_F(Component, EntersItsOwnFileWithTheDesk) {
 
     const auto installer = Create<gazetteer::ICategoryInstall>("CVNGazetteer.CategoryInstall");
     data.Write("gazetteer-desk/components.json", "{");
-    EXPECT_THROW(library_.Register(desk_.HostRef(), true), host::Failure);
+    const std::string damaged = "The list of components \"" + desk::ComponentsFile() +
+                                "\" is damaged; delete it and install the components again.";
+    EXPECT_EQ(FailureOf([&] { library_.Register(desk_.HostRef(), true); }).cause, damaged);
     EXPECT_EQ(installer->Install(true), host::kFailureUnspecified);
-    EXPECT_EQ(installer->ErrorMessage(),
-              "The list of components \"" + desk::ComponentsFile() +
-                  "\" is damaged; delete it and install the components again.");
+    EXPECT_EQ(installer->ErrorMessage(), damaged);
     EXPECT_TRUE(desk_.Dialogs().messages.empty());
     std::filesystem::remove(desk::ComponentsFile());
     EXPECT_EQ(installer->Install(true), 0);
     EXPECT_EQ(installer->ErrorMessage(), "") << "the last failure only";
     EXPECT_EQ(registrar.Entries(host::kElementPropertyPages), entries);
     ::unsetenv("XDG_DATA_HOME");
+}
+
+bool IsLoaded() {
+    void* const handle = ::dlopen(COMPONENT_FILE, RTLD_NOW | RTLD_NOLOAD);
+    if (handle != nullptr) ::dlclose(handle);
+    return handle != nullptr;
+}
+
+TEST(ComponentFile, StaysLoadedAsLongAsAnythingOfItIsUsed) {
+    support::TestDesk desk;
+    host::Ref<host::IHostObject> object;
+    for (const char* name : kClasses) {
+        EXPECT_FALSE(IsLoaded());
+        {
+            const desk::ComponentLibrary library(COMPONENT_FILE);
+            EXPECT_TRUE(library.CanUnload());
+            object = library.CreateInstance(name, desk.HostRef());
+            EXPECT_FALSE(library.CanUnload()) << name;
+        }
+        EXPECT_TRUE(IsLoaded()) << name;
+        object.reset();
+    }
+    EXPECT_FALSE(IsLoaded());
+}
+
+/// Path of a library that is no component.
+std::string OtherLibrary() {
+    Dl_info info{};
+    ::dladdr(::dlsym(RTLD_DEFAULT, "getenv"), &info);
+    return info.dli_fname;
+}
+
+TEST(ComponentFile, ThatIsNoneIsRefused) {
+    const support::TemporaryFolder folder;
+    const auto text = folder.Write("text.so", "no library");
+    const std::pair<std::string, std::string> files[] = {
+        {folder.File("gone.so"),
+         "The component library \"" + folder.File("gone.so") + "\" is not there."},
+        {text, "cannot be loaded: " + text},
+        {folder.Path(), "cannot be loaded"},
+        {OtherLibrary(), "no entry point \"Component"}};
+    for (const auto& [file, words] : files) {
+        const auto cause = FailureOf([&, &name = file] { desk::ComponentLibrary{name}; }).cause;
+        EXPECT_NE(cause.find(words), std::string::npos) << file << "\n" << cause;
+    }
+    const desk::ComponentLibrary library(COMPONENT_FILE);
+    const auto cause = FailureOf([&] { library.CreateInstance("Big.Class", nullptr); }).cause;
+    EXPECT_NE(cause.find("has no class \"Big.Class\"."), std::string::npos) << cause;
 }
 
 TEST(ComponentFile, ShowsItsEntryPointsAlone) {

@@ -86,14 +86,5 @@ TEST_F(ExpressionEngineTest, FailsWhereAValueIsMissing) {
     EXPECT_THROW(engine_.Evaluate(table_, row_, "$$ROW", {}), host::Failure);
 }
 
-TEST_F(ExpressionEngineTest, AsksTheEditorItWasGiven) {
-    EXPECT_EQ(engine_.EditExpression(table_, "old", {}), "");
-    ExpressionEngine edited(nullptr, [](const auto&, const std::string& expression,
-                                        const std::vector<host::TokenDescription>& tokens) {
-        return expression + tokens.at(0).token;
-    });
-    EXPECT_EQ(edited.EditExpression(table_, "old", {{"$$ROW", "Grid row"}}), "old$$ROW");
-}
-
 }  // namespace
 }  // namespace desk

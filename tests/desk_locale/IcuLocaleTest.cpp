@@ -58,13 +58,8 @@ TEST(IcuLocale, NumbersAreWrittenShort) {
     EXPECT_EQ(english.FormatNumber(-1234567), "-1234567");
     EXPECT_EQ(english.FormatNumber(1e20), "100000000000000000000");
     EXPECT_EQ(english.FormatNumber(0.00001), "0.00001");
-
-    std::mt19937_64 random(3);
-    for (int i = 0; i < 2000; ++i) {
-        const double value = std::ldexp(static_cast<double>(random()) - 9e18,
-                                        static_cast<int>(random() % 400) - 200);
+    for (const double value : {1.0 / 3, -2e9 / 3, 1e-9 / 3, 1e30 / 3})
         EXPECT_EQ(german.ParseNumber(german.FormatNumber(value)), value);
-    }
 }
 
 TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
@@ -80,24 +75,13 @@ TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
 }
 
 TEST(IcuLocale, KeysCompareAsTexts) {
-    const std::vector<std::string> alphabet = {
-        "a",      "A", "b", "B",    " ",    "-",      "1",          "e",  "\u00e9",
-        "\u0301", "z", ".", "\xC3", "\xFF", "\u4e2d", "\U0001F600", "\r", "\xE2\x82"};
-    std::mt19937 random(11);
-    const auto text = [&] {
-        std::string result;
-        for (std::size_t i = random() % 5; i > 0; --i)
-            result += alphabet[random() % alphabet.size()];
-        return result;
-    };
     for (const char* name : {"en", "de@collation=phonebook", "sv", "C"}) {
         IcuLocale locale(name);
-        for (int i = 0; i < 5000; ++i) {
-            const std::string a = text(), b = text();
-            const int byKeys = locale.CollationKey(a).compare(locale.CollationKey(b));
-            EXPECT_EQ(locale.CompareText(a, b), (byKeys > 0) - (byKeys < 0))
-                << name << " [" << a << "] [" << b << "]";
-        }
+        for (const std::string a : {"", "A", "\u00c4b", "aeb", "z", "\xFF", "\U0001F600"})
+            for (const std::string b : {"a", "a b", "AEB", "z\u0301", "\xC3", "\u4e2d", "-"}) {
+                const int byKeys = locale.CollationKey(a).compare(locale.CollationKey(b));
+                EXPECT_EQ(locale.CompareText(a, b), (byKeys > 0) - (byKeys < 0)) << a << " " << b;
+            }
     }
     IcuLocale english("en");
     EXPECT_EQ(english.CollationKey(std::string(5000, 'q')),

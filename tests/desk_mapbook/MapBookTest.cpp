@@ -1,8 +1,11 @@
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 
 #include "desk/mapbook/MapBook.h"
 #include "desk/mapbook/SeriesManager.h"
+#include "desk/objects/Elements.h"
+#include "desk/tables/Scratch.h"
 #include "host/Failure.h"
 #include "support/FailureOf.h"
 #include "support/TemporaryFolder.h"
@@ -10,7 +13,6 @@
 namespace {
 
 using support::FailureOf;
-using Keys = std::vector<std::string>;
 
 /// A series frame with a graticule and a grid, an inset and a group in a group, an index.
 const std::string kBook = R"({"currentTemplate": "index",
@@ -42,42 +44,28 @@ std::shared_ptr<desk::BookSource> Source(const std::string& content) {
     return source;
 }
 
-TEST(MapBook, AnswersInTheOrderOfTheFile) {
-    desk::MapBook book(Source(kBook));
-    EXPECT_EQ(book.TemplateSection("index"), "back");
-    EXPECT_EQ(book.SectionBook("back"), "atlas");
-    EXPECT_EQ(book.SectionKeys("atlas"), (Keys{"maps", "back"}));
-    EXPECT_EQ(book.SectionName("maps"), "Maps");
-    EXPECT_EQ(book.TemplateKeys("maps"), Keys{"sheet"});
-    EXPECT_EQ(book.TemplateName("index"), "Gazetteer");
-    EXPECT_EQ(std::get<std::int32_t>(book.SectionStartPage("back")), 40);
-    EXPECT_EQ(book.SectionPages("maps"), (Keys{"sheet$1", "sheet$2"}));
-}
-
 TEST(MapBook, GivesTheLayoutAsElements) {
-    desk::MapBook book(Source(kBook));
-    const auto layout = host::As<host::IHostElementContainer>(book.TemplateLayout("sheet"));
+    const auto source = Source(BookWith("sheets.dbf", "layers\\\\sheets.dbf"));
+    const auto layout =
+        host::As<host::IHostElementContainer>(desk::MapBook(source).TemplateLayout("sheet"));
     ASSERT_TRUE(layout);
-    const auto frame = layout->Next();
-    EXPECT_TRUE(host::As<host::IHostMapFrame>(frame));
-    EXPECT_EQ(host::As<host::IHostElementName>(frame)->Name(), "Main map");
+    const auto frame = std::dynamic_pointer_cast<desk::SeriesFrame>(layout->Next());
+    ASSERT_TRUE(frame);
+    const auto folder = std::filesystem::path(source->File()->path).parent_path();
+    EXPECT_EQ(frame->GetSeries().indexLayer, (folder / "layers" / "sheets.dbf").string());
+    const auto grids = host::As<host::IHostMapGrids>(frame);
     const auto group = host::As<host::IHostGroupElement>(layout->Next());
-    ASSERT_TRUE(group);
+    ASSERT_TRUE(group && !layout->Next());
     EXPECT_TRUE(host::As<host::IHostMapFrame>(group->Item(0)));
     EXPECT_FALSE(host::As<host::IHostMapGrids>(group->Item(0)));
     EXPECT_TRUE(host::As<host::IHostGroupElement>(group->Item(1)));
-    EXPECT_FALSE(layout->Next());
 
-    const auto grids = host::As<host::IHostMapGrids>(frame);
     ASSERT_TRUE(grids && grids->Count() == 2);
-    EXPECT_THROW(grids->Item(2), host::Failure);
-    EXPECT_FALSE(host::As<host::IHostIndexGrid>(grids->Item(0)));
-    EXPECT_FALSE(grids->Item(0)->Visible());
+    EXPECT_FALSE(host::As<host::IHostIndexGrid>(grids->Item(0)) || grids->Item(0)->Visible());
     const auto grid = host::As<host::IHostIndexGrid>(grids->Item(1));
     ASSERT_TRUE(grid && grid->Visible());
-    EXPECT_EQ(grid->RowCount(), 3);
-    EXPECT_EQ(grid->RowLabel(1), "A");
-    EXPECT_EQ(grid->ColumnLabel(2), "2");
+    EXPECT_EQ(grid->RowLabel(1) + grid->ColumnLabel(2), "A2");
+    EXPECT_THROW(grids->Item(2), host::Failure);
     EXPECT_THROW(grid->RowLabel(0), host::Failure);
     EXPECT_THROW(grid->ColumnLabel(3), host::Failure);
 }
@@ -85,46 +73,31 @@ TEST(MapBook, GivesTheLayoutAsElements) {
 TEST(MapBook, NamesTheKeyThatItDoesNotHold) {
     const auto source = Source(kBook);
     desk::MapBook book(source);
-    const std::string start = "The map book file \"" + source->File()->path + "\" holds no ";
-    EXPECT_EQ(FailureOf([&] { book.SectionBook("gone"); }).description,
-              start + "section with the key \"gone\".");
-    EXPECT_EQ(FailureOf([&] { book.SectionKeys("maps"); }).description,
-              start + "book with the key \"maps\".");
-    EXPECT_EQ(FailureOf([&] { book.TemplateLayout("maps"); }).description,
-              start + "template with the key \"maps\".");
     desk::MapBook none(std::make_shared<desk::BookSource>(""));
-    EXPECT_EQ(FailureOf([&] { none.SectionBook("maps"); }).description,
-              "The document is in no map book, so that there is no section with the key \"maps\".");
-}
-
-TEST(MapBook, IsReadWhenFirstAskedFor) {
-    const auto source = std::make_shared<desk::BookSource>("gone.json");
-    desk::MapBook book(source);
-    EXPECT_EQ(std::get<std::string>(desk::LayoutContext(source, "own").CurrentTemplateKey()),
-              "own");
-    const std::string told = FailureOf([&] { book.SectionBook("maps"); }).description;
-    EXPECT_NE(told.find("could not be read: there is no such file."), std::string::npos) << told;
+    const std::string start = "The map book file \"" + source->File()->path + "\" holds no ";
+    const std::pair<std::function<void()>, std::string> calls[] = {
+        {[&] { book.SectionBook("gone"); }, start + "section with the key \"gone\"."},
+        {[&] { book.SectionKeys("maps"); }, start + "book with the key \"maps\"."},
+        {[&] { book.TemplateLayout("maps"); }, start + "template with the key \"maps\"."},
+        {[&] { none.SectionBook("maps"); },
+         "The document is in no map book, so that there is no section with the key \"maps\"."}};
+    for (const auto& [call, told] : calls) EXPECT_EQ(FailureOf(call).description, told);
 }
 
 TEST(LayoutContext, AsksTheDocumentThenTheBook) {
-    const auto source = Source(kBook);
+    const auto gone = std::make_shared<desk::BookSource>("gone.json");
+    const auto none = std::make_shared<desk::BookSource>("");
     const auto silent = Source(R"({"books": []})");
-    for (const auto& book : {std::make_shared<desk::BookSource>(""), silent}) {
-        EXPECT_TRUE(std::holds_alternative<host::Empty>(
-            desk::LayoutContext(book, "").CurrentTemplateKey()));
-    }
-    for (const auto& [own, told] : {std::pair{"", "index"}, {"sheet", "sheet"}})
-        EXPECT_EQ(std::get<std::string>(desk::LayoutContext(source, own).CurrentTemplateKey()),
-                  told);
-}
-
-TEST(MapBookFile, FollowsPathsFromItsOwnFolder) {
-    const auto file = Source(BookWith("sheets.dbf", "layers\\\\sheets.dbf"))->File();
-    const auto frame = std::dynamic_pointer_cast<desk::SeriesFrame>(
-        file->books[0].sections[0].templates[0].layout[0]);
-    ASSERT_TRUE(frame);
-    const auto folder = std::filesystem::path(file->path).parent_path();
-    EXPECT_EQ(frame->GetSeries().indexLayer, (folder / "layers" / "sheets.dbf").string());
+    const auto told = Source(kBook);
+    const std::tuple<std::shared_ptr<desk::BookSource>, std::string, host::Variant> cases[] = {
+        {none, "", host::Empty{}}, {silent, "", host::Empty{}}, {told, "", "index"},
+        {told, "sheet", "sheet"},  {gone, "own", "own"},  // The file is read when it is first asked
+                                                          // for.
+    };
+    for (const auto& [book, own, key] : cases)
+        EXPECT_EQ(desk::LayoutContext(book, own).CurrentTemplateKey(), key);
+    const std::string why = FailureOf([&] { desk::MapBook(gone).SectionBook("maps"); }).description;
+    EXPECT_NE(why.find("could not be read: there is no such file."), std::string::npos) << why;
 }
 
 TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
@@ -163,6 +136,49 @@ TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
         EXPECT_NE(told.find(complaint), std::string::npos) << told << "\n" << complaint;
         EXPECT_NE(told.find("book.json"), std::string::npos) << told;
     }
+}
+
+host::Ref<host::IHostMapFrame> Frame(const std::string& layer) {
+    auto frame = std::make_shared<desk::SeriesFrame>(desk::Series{layer, 7, {}});
+    frame->SetName("Main map");
+    return frame;
+}
+
+TEST(SeriesManager, GivesTheRowOfEachPageAndReadsTheTableOnce) {
+    const auto table = std::make_shared<desk::ScratchTable>("sheets", nullptr);
+    for (int i = 0; i < 3; ++i) table->Insert(true)->InsertRow(table->CreateRowBuffer());
+    std::vector<std::string> opened;
+    desk::SeriesManager manager([&](const std::string& path) {
+        opened.push_back(path);
+        return table;
+    });
+    manager.SetFrame(Frame("maps/sheets.dbf"));
+    EXPECT_EQ(std::get<std::int32_t>(manager.FirstPageNumber()), 7);
+    EXPECT_EQ(manager.IndexLayer()->Table(), table);
+    for (const std::int32_t page : {3, 1, 2, 1}) EXPECT_EQ(manager.PageFeature(page)->OID(), page);
+    EXPECT_EQ(opened, std::vector<std::string>{"maps/sheets.dbf"});
+    for (const std::int32_t page : {0, 4, -1})
+        EXPECT_EQ(
+            FailureOf([&] { manager.PageFeature(page); }).description,
+            "The index layer \"sheets.dbf\" of the frame \"Main map\" has 3 rows and none for "
+            "page " +
+                std::to_string(page) + ".");
+}
+
+TEST(SeriesManager, FailsWithoutWhatACallNeeds) {
+    desk::SeriesManager manager([](const std::string&) { return nullptr; });
+    const auto plain = std::make_shared<desk::MapFrame>();
+    EXPECT_FALSE(manager.IsSeriesFrame(nullptr) || manager.IsSeriesFrame(plain));
+    EXPECT_FALSE(manager.HasIndexLayer(plain) || manager.HasIndexLayer(Frame("")));
+    EXPECT_TRUE(manager.IsSeriesFrame(Frame("")) && manager.HasIndexLayer(Frame("a.dbf")));
+    manager.SetFrame(plain);
+    EXPECT_THROW(manager.FirstPageNumber(), host::Failure);
+    manager.SetFrame(Frame(""));
+    EXPECT_NO_THROW(manager.FirstPageNumber());
+    EXPECT_THROW(manager.IndexLayer(), host::Failure);
+    EXPECT_THROW(manager.PageFeature(1), host::Failure);
+    manager.ClearFrame();
+    EXPECT_THROW(manager.FirstPageNumber(), host::Failure);
 }
 
 }  // namespace

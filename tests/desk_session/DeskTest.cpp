@@ -62,21 +62,4 @@ TEST(Desk, FindsFilesByEitherSeparatorAndNoFolders) {
     for (const auto& [path, found] : paths) EXPECT_EQ(desk.FileExists(path), found) << path;
 }
 
-TEST(Desk, OpensWhatItSavedAndFollowsItsMapBook) {
-    const support::TemporaryFolder folder;
-    folder.Write("book.json", R"({"currentTemplate": "index", "books": []})");
-    const auto path = folder.File("a.json");
-    desk::Document document;
-    document.title = "An index";
-    document.mapBook = "book.json";
-    desk::Desk saving(Options());
-    saving.Start(document, path);
-    saving.Save();
-    desk::Desk desk(Options());
-    EXPECT_TRUE(std::holds_alternative<host::Empty>(desk.NewLayoutContext()->CurrentTemplateKey()));
-    desk.Open(path);
-    EXPECT_EQ(desk.CurrentDocument().title, "An index");
-    EXPECT_EQ(std::get<std::string>(desk.NewLayoutContext()->CurrentTemplateKey()), "index");
-}
-
 }  // namespace

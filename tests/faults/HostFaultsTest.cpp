@@ -42,14 +42,13 @@ void PutOnAndTakeOff(StoryTest& h) {
 
 const Story kStories[] = {
     {.name = "Check",
-     .probes = 2,
      .act = [](StoryTest& h) { h.Note(h.manager->CanDrawIndex(h.element) ? "drawable" : "not"); }},
-    {.name = "BindAndRun", .probes = 4, .act = Bind},
-    {.name = "Reload", .probes = 4, .prepare = Bind, .act = Bind},
+    {.name = "BindAndRun", .act = Bind},
+    {.name = "Reload", .prepare = Bind, .act = Bind},
     {.name = "DrawAPage", .prepare = DrawFirst, .act = [](StoryTest& h) { h.Draw(2); }},
     {.name = "Draft", .prepare = DrawFirst, .act = [](StoryTest& h) { h.manager->DraftMode(); }},
     {.name = "Queries", .prepare = Bind, .act = Ask},
-    {.name = "PutOnAndTakeOff", .probes = 3, .act = PutOnAndTakeOff},
+    {.name = "PutOnAndTakeOff", .act = PutOnAndTakeOff},
 };
 
 INSTANTIATE_TEST_SUITE_P(AllOf, HostFaults, testing::ValuesIn(kStories), faults::NameOf);

@@ -93,15 +93,9 @@ void OpenAndEdit(StoryTest& story) {
 }
 
 const Story kStories[] = {
-    {.name = "Open",
-     .probes = 4,
-     .prepare = Close,
-     .act = Open,
-     .again = Close,
-     .look = WorkingCopy},
+    {.name = "Open", .prepare = Close, .act = Open, .again = Close, .look = WorkingCopy},
     {.name = "Edit", .prepare = Open, .act = Edit, .again = Open, .look = WorkingCopy, .stride = 3},
     {.name = "Apply",
-     .probes = 6,
      .prepare = OpenAndEdit,
      .act = [](StoryTest&) { theSheet->page.Apply(); },
      .look = WorkingCopy,

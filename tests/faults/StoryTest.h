@@ -18,9 +18,6 @@ struct Story {
     using Step = void (*)(StoryTest&);
 
     const char* name;
-    /// Reads of the guarded probe for a gazetteer's properties in it: a failing one counts as an
-    /// absent key by rule, which is told in other words or answered with no.
-    int probes = 0;
     Step prepare = [](StoryTest&) {};
     Step act;
     /// What there is to do before acting again after a failure.

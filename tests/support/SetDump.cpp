@@ -82,7 +82,7 @@ std::set<const IHostObject*> ObjectsIn(const host::IHostPropertySet& set) {
         if (const auto text = host::As<host::IHostTextSymbol>(*object))
             found.insert({text->Font().get(), text->Color().get()});
         if (const auto fill = host::As<host::IHostFillSymbol>(*object))
-            found.insert(fill->Color().get());
+            found.insert({fill->Color().get(), fill->Outline().get()});
     }
     return found;
 }

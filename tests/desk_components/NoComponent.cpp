@@ -1,4 +1,0 @@
-extern "C" int Nothing();
-extern "C" int Nothing() {
-    return 0;
-}
