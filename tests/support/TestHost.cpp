@@ -1,7 +1,6 @@
 #include "support/TestHost.h"
 
-#include "model/ColumnList.h"
-#include "model/Edit.h"
+#include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
 
 namespace support {
