@@ -52,11 +52,10 @@ class Sheets : public support::TemporaryFolder {
 public:
     host::Ref<host::IHostElement> Text(double x, double y, const std::string& text,
                                        const std::string& family = "DejaVu Sans",
-                                       double points = 10, int horizontal = 0) const {
+                                       double points = 10) const {
         const auto symbol = std::make_shared<desk::TextSymbol>(engine);
         symbol->Font()->SetName(family);
         symbol->SetSize(points);
-        symbol->SetHorizontalPlacement(horizontal);
         symbol->SetVerticalPlacement(1);
         const auto element = std::make_shared<desk::TextElement>(engine);
         element->SetText(text);

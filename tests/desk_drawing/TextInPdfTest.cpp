@@ -2,12 +2,10 @@
 #include <regex>
 
 #include "Sheet.h"
-#include "support/InkBox.h"
 #include "support/Utf8.h"
 
 namespace {
 
-using sheet::Look;
 using sheet::Sheets;
 using support::Output;
 using support::PdfText;
@@ -15,17 +13,8 @@ using support::PdfText;
 using Texts = std::vector<std::string>;
 
 TEST(TextInPdf, ComesBackAsItWasWritten) {
-    const Texts texts = {
-        "Abbey Road..........4, B-3",
-        "Affiliated Office Cliff......12",
-        "Österåker, Łódź, Çeşme, Đà Nẵng",
-        "Αθήνα μικρή Ωκεανός",
-        "Москва......B-3",
-        "北京市海淀区",
-        "東京 Tokyo 12",
-        "50 µm – “dash” – ½ €",
-        "e\u0301tude",
-    };
+    const Texts texts = {"Affiliated Office Cliff......12", "Đà Nẵng, Αθήνα, Москва......B-3",
+                         "東京 Tokyo 12", "50 µm – “dash” – ½ €", "e\u0301tude"};
     const Texts toTheLeft = {"القاهرة", "ירושלים", "مكة المكرمة.......4, B-3"};
     for (const char* family : {"DejaVu Sans", "Helvetica", "Noto Sans"}) {
         Sheets sheets;
@@ -41,33 +30,8 @@ TEST(TextInPdf, ComesBackAsItWasWritten) {
 TEST(TextInPdf, FontsAreEmbeddedSubsets) {
     Sheets sheets;
     const std::string path = sheets.Draw("fonts.pdf", sheets.Lines({"Latin", "北京"}, "Helvetica"));
-    const std::string fonts = Output("pdffonts '" + path + "'");
-    const std::regex line("\n[A-Z]{6}\\+.* (yes) (yes) (yes) ");
-    EXPECT_EQ(std::distance(std::sregex_iterator(fonts.begin(), fonts.end(), line),
-                            std::sregex_iterator()),
-              std::count(fonts.begin(), fonts.end(), '\n') - 2)
-        << fonts;
-}
-
-/// Inches of the ink that lies furthest to the right.
-double RightInk(const std::string& path) {
-    const auto image = Look(path, 600);
-    const auto ink = support::FindInk(image.width, image.height,
-                                      [&](int x, int y) { return image.At(x, y) < 128; });
-    return sheet::kSide * ink.right / image.width;
-}
-
-TEST(TextInImages, LeadersEndWhereTheyWereMeasuredToEnd) {
-    for (const char* family : {"DejaVu Sans", "Liberation Sans", "Noto Serif"}) {
-        Sheets sheets;
-        const std::string text = "AVATo" + std::string(90, '.');
-        const double width = sheets.engine->Measure({family, 8, false}, text).xSize / 72;
-        const auto leader = sheets.Text(0.2, 2, text, family, 8);
-        const auto dot = sheets.Text(0.2 + width, 2, ".", family, 8, 2);
-        EXPECT_NEAR(RightInk(sheets.Draw("leader.png", leader, {"", 600})),
-                    RightInk(sheets.Draw("dot.png", dot, {"", 600})), 0.0018)
-            << family << " a pixel";
-    }
+    const std::string kinds = "tail -n +3 | sed 's/^[A-Z]\\{6\\}+.* yes yes yes .*/ok/' | sort -u";
+    EXPECT_EQ(Output("pdffonts '" + path + "' | " + kinds), "ok\n");
 }
 
 /// Characters from the first on, none of which is a combining one.
