@@ -14,33 +14,20 @@ namespace desk {
 namespace {
 
 TEST(IcuLocale, NumbersAreWholeTexts) {
+    IcuLocale english("en");
+    const std::pair<const char*, double> inEnglish[] = {
+        {"007", 7},    {"1.5", 1.5},    {".5", .5},      {"5.", 5},          {"-3", -3},
+        {"+3", 3},     {"\u22123", -3}, {"1,000", 1000}, {"1,2,3.5", 123.5}, {"1E5", 1e5},
+        {"1e-2", .01}, {"1E+5", 1e5},   {"\u0663", 3}};
+    for (const auto& [text, value] : inEnglish) EXPECT_EQ(english.ParseNumber(text), value) << text;
+    EXPECT_EQ(english.ParseNumber("1234567890123456789"), 1234567890123456789.0);
     const std::tuple<const char*, const char*, double> numbers[] = {
-        {"en", "007", 7},
-        {"en", "1.5", 1.5},
-        {"en", ".5", .5},
-        {"en", "5.", 5},
-        {"en", "-3", -3},
-        {"en", "+3", 3},
-        {"en", "\u22123", -3},
-        {"en", "1,000", 1000},
-        {"en", "1,2,3.5", 123.5},
-        {"en", "1E5", 1e5},
-        {"en", "1e-2", .01},
-        {"en", "1E+5", 1e5},
-        {"en", "1234567890123456789", 1234567890123456789.0},
-        {"en", "\u0663", 3},
-        {"de_DE.UTF-8", "1,5", 1.5},
-        {"de-DE", "1.000,5", 1000.5},
-        {"de", "1.000", 1000},
-        {"fr", "1\u202F000,5", 1000.5},
-        {"fr", "1\u00A0000", 1000},
-        {"de_CH", "1'000.5", 1000.5},
-        {"sv", "\u22123,5", -3.5},
-    };
+        {"de_DE.UTF-8", "1,5", 1.5},    {"de-DE", "1.000,5", 1000.5}, {"de", "1.000", 1000},
+        {"fr", "1\u202F000,5", 1000.5}, {"fr", "1\u00A0000", 1000},   {"de_CH", "1'000.5", 1000.5},
+        {"sv", "\u22123,5", -3.5}};
     for (const auto& [locale, text, value] : numbers)
         EXPECT_EQ(IcuLocale(locale).ParseNumber(text), value) << locale << " " << text;
 
-    IcuLocale english("en");
     for (const char* text :
          {"",      " ",   "12abc", "abc", "E5",  "1E",    "1E+", "1E5.0", "1E5E5",
           "1.2.3", ".",   "-",     "--1", "1-",  "+-1",   ",5",  "5,",    "1,,000",
@@ -65,10 +52,7 @@ TEST(IcuLocale, NumbersAreWrittenShort) {
 TEST(IcuLocale, CaseDoesNotCountAndAccentsDo) {
     IcuLocale english("en");
     EXPECT_EQ(english.CompareText("Main", "MAIN"), 0);
-    EXPECT_EQ(english.CompareText("", "a"), -1);
-    EXPECT_EQ(english.CompareText("10", "AVE"), -1);
     EXPECT_EQ(english.CompareText("e", "\u00e9"), -1);
-    EXPECT_EQ(english.CompareText("\u00e9a", "eb"), -1);
     EXPECT_EQ(english.CompareText("\u00e9", "e\u0301"), 0);
     EXPECT_EQ(english.CompareText("z", "\u00e4"), 1);
     EXPECT_EQ(IcuLocale("C").CompareText("Main", "MAIN"), 0);
