@@ -1,4 +1,3 @@
-#include <cstddef>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -14,10 +13,6 @@ using support::TemporaryFolder;
 
 namespace fs = std::filesystem;
 
-std::ptrdiff_t FileCount(const TemporaryFolder& folder) {
-    return std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator());
-}
-
 TEST(ReplaceFile, KeepsPermissionsAndLeavesNothingBeside) {
     const TemporaryFolder folder;
     const auto path = folder.Write("a.json", "old");
@@ -29,7 +24,7 @@ TEST(ReplaceFile, KeepsPermissionsAndLeavesNothingBeside) {
     EXPECT_EQ(desk::ReadWholeFile(path), "new");
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0604));
     EXPECT_EQ(fs::status(folder.File("b.json")).permissions(), fs::perms(0640));
-    EXPECT_EQ(FileCount(folder), 2);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 2);
 }
 
 TEST(ReplaceFile, WritesThroughALink) {
@@ -60,7 +55,7 @@ TEST(ReplaceFile, SaysWhyAPlaceCannotBeWritten) {
         EXPECT_NE(failure.description.find(reason), std::string::npos) << failure.description;
         EXPECT_EQ(failure.Fact("file"), path);
     }
-    EXPECT_EQ(FileCount(folder), 3);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 3);
 }
 
 TEST(ReadWholeFile, ReadsWhatHasNoSizeOfItsOwn) {
