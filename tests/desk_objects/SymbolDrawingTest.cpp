@@ -76,10 +76,7 @@ TEST(SymbolDrawing, MapsTheShownExtentToTheDevicesRectangle) {
     transformation->SetDotsPerInch(300);
     desk::FillSymbol fill;
     const InkBox box = Draw(fill, std::make_shared<desk::Envelope>(11, 12, 12, 13), transformation);
-    EXPECT_EQ(box.left, 150);
-    EXPECT_EQ(box.right, 199);
-    EXPECT_EQ(box.top, 50);
-    EXPECT_EQ(box.bottom, 59);
+    EXPECT_EQ(box, (InkBox{150, 50, 199, 59}));
 }
 
 TEST(SymbolDrawing, LeavesOutWhatIsTransparent) {

@@ -11,6 +11,8 @@ struct InkBox {
     int top = std::numeric_limits<int>::max();
     int right = -1;
     int bottom = -1;
+
+    bool operator==(const InkBox&) const = default;
 };
 
 /// Asks of each pixel whether it holds ink.
