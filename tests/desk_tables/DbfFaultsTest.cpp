@@ -29,16 +29,11 @@ std::string Refusal(const std::string& path) {
     return support::FailureOf([&] { const DbfTable table(path); }).description;
 }
 
-struct Fault {
-    const char* name;
-    std::function<void(std::string&)> damage;
-    const char* sentence;  ///< Part of the refusal or of the warning.
-    int records;           ///< Readable ones; -1 where the table is refused.
-};
-
 const auto Put = DbfBuilder::Put;
 
-const Fault kFaults[] = {
+// Name, damage, part of the refusal or of the warning, and the readable records, -1 where the table
+// is refused.
+const std::tuple<const char*, void (*)(std::string&), std::string, int> kFaults[] = {
     {"nothing", [](std::string&) {}, "", 10},
     {"empty", [](std::string& b) { b.clear(); }, "is empty", -1},
     {"text", [](std::string& b) { b = std::string(600, 'C') + "\n"; }, "is not a dBase table", -1},
@@ -62,29 +57,21 @@ const Fault kFaults[] = {
      "fields take 207 bytes, but its header gives a record 27", -1},
     {"short field", [](std::string& b) { Put(b, 32 + 2 * 32 + 16, 1, 1); },
      "1 byte of each record belongs to no field", 10},
-    {"padded header",
-     [](std::string& b) {
-         b.insert(kHeader, 31, '\0');
-         Put(b, 8, 2, kHeader + 31);
-     },
+    {"padded header", [](std::string& b) { Put(b.insert(kHeader, 31, '\0'), 8, 2, kHeader + 31); },
      "", 10},
-    {"no terminator",
-     [](std::string& b) {
-         b.erase(kHeader - 1, 1);
-         Put(b, 8, 2, kHeader - 1);
-     },
-     "", 10}};
+    {"no terminator", [](std::string& b) { Put(b.erase(kHeader - 1, 1), 8, 2, kHeader - 1); }, "",
+     10}};
 
 TEST(DbfFaults, AreRefusedOrToldByOneSentence) {
     const support::TemporaryFolder folder;
-    for (const Fault& fault : kFaults) {
-        SCOPED_TRACE(fault.name);
+    for (const auto& [name, damage, sentence, records] : kFaults) {
+        SCOPED_TRACE(name);
         std::string bytes = TenRecords().Bytes();
-        fault.damage(bytes);
+        damage(bytes);
         const std::string path = folder.Write("a.dbf", bytes);
-        if (fault.records < 0) {
+        if (records < 0) {
             EXPECT_TRUE(Refusal(path).starts_with(path + " is ")) << Refusal(path);
-            EXPECT_NE(Refusal(path).find(fault.sentence), std::string::npos) << Refusal(path);
+            EXPECT_NE(Refusal(path).find(sentence), std::string::npos) << Refusal(path);
             continue;
         }
         DbfTable table(path);
@@ -95,12 +82,11 @@ TEST(DbfFaults, AreRefusedOrToldByOneSentence) {
             EXPECT_EQ(row->Value(0), host::Variant("Street " + std::to_string(count)));
             EXPECT_EQ(row->Value(1), host::Variant(count));
         }
-        EXPECT_EQ(count, fault.records);
-        EXPECT_EQ(table.LiveRecords(), fault.records);
-        std::string warnings;
-        for (const std::string& warning : table.Warnings()) warnings += warning;
-        EXPECT_EQ(table.Warnings().size(), *fault.sentence == '\0' ? 0U : 1U);
-        EXPECT_NE(warnings.find(fault.sentence), std::string::npos) << warnings;
+        EXPECT_EQ(count, records);
+        EXPECT_EQ(table.LiveRecords(), records);
+        EXPECT_EQ(table.Warnings().size(), sentence.empty() ? 0U : 1U);
+        for (const auto& warning : table.Warnings())
+            EXPECT_NE(warning.find(sentence), std::string::npos) << warning;
     }
 }
 

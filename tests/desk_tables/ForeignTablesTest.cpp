@@ -49,11 +49,9 @@ std::string HashRecords(DbfTable& table) {
         }
         lines += "[" + line + "]\n";
     }
-    gchar* digest = g_compute_checksum_for_data(
-        G_CHECKSUM_SHA256, reinterpret_cast<const guchar*>(lines.data()), lines.size());
-    std::string hash = digest;
-    g_free(digest);
-    return hash;
+    const std::unique_ptr<gchar, decltype(&g_free)> digest(
+        g_compute_checksum_for_string(G_CHECKSUM_SHA256, lines.data(), std::ssize(lines)), g_free);
+    return digest.get();
 }
 
 /// Fields that the reading gives as raw bytes and we as what they stand for, or not at all.

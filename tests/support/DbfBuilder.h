@@ -38,13 +38,6 @@ public:
         return *this;
     }
 
-    std::size_t HeaderLength() const { return 32 + 32 * columns_.size() + 1; }
-    std::size_t RecordLength() const {
-        std::size_t length = 1;
-        for (const DbfColumn& column : columns_) length += static_cast<std::size_t>(column.length);
-        return length;
-    }
-
     std::string Bytes() const {
         std::string bytes(32, '\0');
         bytes[0] = 3;
@@ -52,10 +45,11 @@ public:
         bytes[2] = 1;
         bytes[3] = 2;
         Put(bytes, 4, 4, count_);
-        Put(bytes, 8, 2, HeaderLength());
-        Put(bytes, 10, 2, RecordLength());
+        Put(bytes, 8, 2, 32 + 32 * columns_.size() + 1);
         bytes[29] = static_cast<char>(driver_);
+        std::size_t recordLength = 1;
         for (const DbfColumn& column : columns_) {
+            recordLength += static_cast<std::size_t>(column.length);
             std::string entry(32, '\0');
             entry.replace(0, column.name.size(), column.name);
             entry[11] = column.type;
@@ -63,6 +57,7 @@ public:
             entry[17] = static_cast<char>(column.decimals);
             bytes += entry.substr(0, 32);
         }
+        Put(bytes, 10, 2, recordLength);
         return bytes + '\x0D' + records_ + '\x1A';
     }
 
