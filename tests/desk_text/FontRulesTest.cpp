@@ -128,9 +128,8 @@ TEST_F(FontRules, WordsAndLeadersGiveTheWidthsOfWholeLines) {
     Append(anyGlyph, {/* classes */ 2, 2, a, a, 1, b, b, 2});
     Append(anyGlyph, {/* set */ 1, 4, /* rule */ 3, 1, 0, 2, 0, 1});
     const auto join = [&](const Words& glyphs) {
-        Words words{1,           8, 1,          14,
-                    1,           1, glyphs[0],
-                    /* set */ 1, 4, Glyph('W'), static_cast<std::uint16_t>(glyphs.size())};
+        Words words{1, 8, 1, 14, 1, 1, glyphs[0], /* set */ 1, 4, Glyph('W')};
+        words.push_back(static_cast<std::uint16_t>(glyphs.size()));
         words.insert(words.end(), glyphs.begin() + 1, glyphs.end());
         return words;
     };
@@ -142,14 +141,8 @@ TEST_F(FontRules, WordsAndLeadersGiveTheWidthsOfWholeLines) {
     Words ofDots{1, 14, 4, 0, 2, 22, 28, /* coverage */ 1, 2, a, dot};
     Append(ofDots, {/* a dot */ 1, dot, 200, /* dot dot */ 1, dot, 300});
 
-    struct Rule {
-        const char* what;
-        hb_tag_t table;
-        const char* feature;
-        std::vector<Lookup> lookups;
-    };
     const Lookup moved{1, {1, 8, 4, 300, 1, 1, b}};
-    const Rule rules[] = {
+    const std::tuple<const char*, hb_tag_t, const char*, std::vector<Lookup>> rules[] = {
         {"replaces behind a blank", HB_OT_TAG_GSUB, "calt", {{6, chain(blank, b, a)}, Widen(b)}},
         {"replaces over a blank", HB_OT_TAG_GSUB, "calt", {{6, chain(a, blank, b)}, Widen(blank)}},
         {"reaches over any glyph", HB_OT_TAG_GSUB, "calt", {{5, anyGlyph}, Widen(a)}},
@@ -164,10 +157,9 @@ TEST_F(FontRules, WordsAndLeadersGiveTheWidthsOfWholeLines) {
         {"kerns dots", HB_OT_TAG_GPOS, "kern", {{2, ofDots}}},
         {"moves behind a blank", HB_OT_TAG_GPOS, "kern", {{8, chain(blank, b, a)}, moved}},
     };
-    for (const auto& rule : rules) {
-        SCOPED_TRACE(rule.what);
-        EXPECT_GT(CompareAllLines({nullptr, rule.table, LayoutBytes(rule.feature, rule.lookups)}),
-                  0);
+    for (const auto& [what, table, feature, lookups] : rules) {
+        SCOPED_TRACE(what);
+        EXPECT_GT(CompareAllLines({nullptr, table, LayoutBytes(feature, lookups)}), 0);
     }
 }
 

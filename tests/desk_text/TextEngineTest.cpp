@@ -1,9 +1,9 @@
-#include <cairo.h>
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 
+#include "desk/devices/CairoShapes.h"
 #include "desk/text/CairoGlyphs.h"
 #include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
@@ -21,12 +21,7 @@ TEST(Measure, CountsLinesAndTakesTheWidest) {
     TextEngine engine;
     const double line = engine.Measure(kSans, "x").ySize;
     const double wide = engine.Measure(kSans, "wide line").xSize;
-    struct Text {
-        const char* text;
-        double width;
-        int lines;
-    };
-    const Text texts[] = {
+    const std::tuple<const char*, double, int> texts[] = {
         {"", 0, 1},
         {"\r", 0, 1},
         {"\n", 0, 2},
@@ -38,10 +33,10 @@ TEST(Measure, CountsLinesAndTakesTheWidest) {
         {"\U000F0000\tb", engine.Measure(kSans, "\U000F0000 b").xSize, 1},
         {"a\u2028b", engine.Measure(kSans, "a b").xSize, 1},
     };
-    for (const auto& text : texts) {
-        const auto size = engine.Measure(kSans, text.text);
-        EXPECT_DOUBLE_EQ(size.xSize, text.width) << text.text;
-        EXPECT_DOUBLE_EQ(size.ySize, text.lines * line) << text.text;
+    for (const auto& [text, width, lines] : texts) {
+        const auto size = engine.Measure(kSans, text);
+        EXPECT_DOUBLE_EQ(size.xSize, width) << text;
+        EXPECT_DOUBLE_EQ(size.ySize, lines * line) << text;
     }
     // Lines are as high whatever font stands in.
     for (const char* text :
@@ -93,18 +88,12 @@ TEST(Substitutions, NameFamiliesThatAreMissingOnce) {
     }
 }
 
-struct Ink {
-    double left, top, right, bottom;
-};
-
 /// Where a drawn text leaves ink, in points from its point.
-Ink InkOf(TextEngine& engine, const std::string& text, const TextPlacement& placement) {
+desk::TextBox InkOf(TextEngine& engine, const std::string& text, const TextPlacement& placement) {
     constexpr int kSide = 800;
     constexpr double kScale = 4;
-    const std::unique_ptr<cairo_surface_t, desk::Releaser<cairo_surface_destroy>> surface(
-        cairo_image_surface_create(CAIRO_FORMAT_A8, kSide, kSide));
-    const std::unique_ptr<cairo_t, desk::Releaser<cairo_destroy>> context(
-        cairo_create(surface.get()));
+    const desk::CairoSurface surface(cairo_image_surface_create(CAIRO_FORMAT_A8, kSide, kSide));
+    const desk::CairoContext context(cairo_create(surface.get()));
     cairo_translate(context.get(), kSide / 2, kSide / 2);
     cairo_scale(context.get(), kScale, kScale);
     desk::CairoGlyphs canvas(context.get());
@@ -121,25 +110,21 @@ Ink InkOf(TextEngine& engine, const std::string& text, const TextPlacement& plac
 
 TEST(Draw, InkStandsWhereThePlacementSays) {
     TextEngine engine;
-    const std::string text = "HHHHHH\nHH";
+    const std::string text = "HH.........\nHH";
     const auto size = engine.Measure(kSans, text);
     const double line = size.ySize / 2;
     const double gap = 1.2;  // points between a letter's edge and that of its box, at most
-    struct Side {
-        int placement;
-        double start;  // of the box, as a share of its size
-    };
-    for (const Side across : {Side{0, 0}, Side{1, -0.5}, Side{2, -1}, Side{3, 0}})
-        for (const Side down : {Side{0, 0}, Side{1, -0.5}, Side{3, -1}}) {
-            const Ink ink = InkOf(engine, text, {across.placement, down.placement, 0});
-            const double left = across.start * size.xSize;
-            const double top = down.start * size.ySize;
-            EXPECT_NEAR(ink.left, left, gap) << across.placement;
-            EXPECT_NEAR(ink.right, left + size.xSize, gap) << across.placement;
-            EXPECT_GT(ink.top, top) << down.placement;
-            EXPECT_LT(ink.top, top + line / 2) << down.placement;
-            EXPECT_LT(ink.bottom, top + size.ySize) << down.placement;
-            EXPECT_GT(ink.bottom, top + line * 1.5) << down.placement;
+    // Placements, and where the box starts, as a share of its size.
+    using Side = std::pair<int, double>;
+    for (const auto& [across, leftShare] : {Side{0, 0}, Side{1, -0.5}, Side{2, -1}, Side{3, 0}})
+        for (const auto& [down, topShare] : {Side{0, 0}, Side{1, -0.5}, Side{3, -1}}) {
+            const auto ink = InkOf(engine, text, {across, down, 0});
+            const double left = leftShare * size.xSize;
+            const double top = topShare * size.ySize;
+            EXPECT_NEAR(ink.left, left, gap) << across;
+            EXPECT_NEAR(ink.right, left + size.xSize, gap) << across;
+            EXPECT_NEAR(ink.top, top + line / 4, line / 4) << down;
+            EXPECT_NEAR(ink.bottom, top + line * 1.75, line / 4) << down;
         }
     EXPECT_NEAR(InkOf(engine, text, {0, 2, 0}).bottom, 0, 0.3) << "the last line's baseline";
 }
@@ -148,7 +133,7 @@ TEST(Draw, LinesAlignWithinTheBox) {
     TextEngine engine;
     for (const int across : {0, 1, 2}) {
         // The second line alone shows where it stands.
-        const Ink ink = InkOf(engine, "                \nHH", {across, 0, 0});
+        const auto ink = InkOf(engine, "                \nHH", {across, 0, 0});
         EXPECT_NEAR(std::lerp(ink.left, ink.right, across / 2.0), 0, 1.2) << across;
     }
 }
@@ -161,14 +146,14 @@ TEST(Draw, StaysWithinItsBoundsAtAnyAngle) {
                 const TextPlacement placement{across, across == 2 ? 3 : across, angle};
                 desk::PlacedGlyphs texts;
                 const auto box = engine.Set({&engine.Find(kSans), text, placement, 0, 0}, texts);
-                const Ink ink = InkOf(engine, text, placement);
-                const double over = 2.5;  // a font that stands in may be higher than the line
-                EXPECT_GT(ink.left, box.left - over) << text << angle;
-                EXPECT_LT(ink.right, box.right + over) << text << angle;
-                EXPECT_GT(ink.top, box.top - over) << text << angle;
-                EXPECT_LT(ink.bottom, box.bottom + over) << text << angle;
+                const auto ink = InkOf(engine, text, placement);
+                // A font that stands in may be higher than the line.
+                EXPECT_LT(std::max({box.left - ink.left, ink.right - box.right, box.top - ink.top,
+                                    ink.bottom - box.bottom}),
+                          2.5)
+                    << text << angle;
             }
-    const Ink up = InkOf(engine, "HHHHHH", {0, 2, 90});
+    const auto up = InkOf(engine, "HHHHHH", {0, 2, 90});
     EXPECT_LT(up.top, -30) << "counter-clockwise from the right is up";
     EXPECT_LT(up.right, 1);
 }
