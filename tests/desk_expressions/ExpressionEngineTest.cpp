@@ -30,8 +30,6 @@ protected:
 TEST_F(ExpressionEngineTest, PutsValuesIntoText) {
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"", ""},
-        {"plain", "plain"},
-        {"[Listing]", "Abbey Road"},
         {"[LISTING]-[listing]", "Abbey Road-Abbey Road"},
         {"$$PAGE_NUMBER $$ROW-$$COLUMN", "5 B-"},
         {"[Listing]$$DOTS$$PAGE_NUMBER", "Abbey Road$$DOTS5"},
