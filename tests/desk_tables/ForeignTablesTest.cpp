@@ -68,14 +68,11 @@ void ExpectFields(const DbfTable& table, const json& fields) {
         ASSERT_LT(index, table.DbfFields().size());
         const DbfField& ours = table.DbfFields()[index++];
         const std::string name = field[0];
-        if (std::ranges::all_of(name, [](char c) { return c > 0; })) {
-            EXPECT_EQ(ours.name, name);
-        }
+        const bool isAscii = std::ranges::all_of(name, [](char c) { return c > 0; });
+        EXPECT_EQ(isAscii ? ours.name : name, name);
         EXPECT_EQ(std::string(1, ours.type), field[1]);
         EXPECT_EQ(ours.length, field[2]);
-        if (ours.kind == DbfKind::Number) {
-            EXPECT_EQ(ours.decimals, field[3]);
-        }
+        EXPECT_EQ(ours.kind == DbfKind::Number ? json(ours.decimals) : field[3], field[3]);
     }
 }
 
@@ -95,11 +92,10 @@ TEST(ForeignTables, AreReadAsOthersReadThem) {
         const json& plain = reading["plain"];
         EXPECT_EQ(table.LiveRecords(), plain["records"].get<int>() - plain["flag_star"].get<int>());
         const bool opens = reading["gdal"]["opens"];
-        if (opens) {
-            EXPECT_EQ(table.LiveRecords(), reading["gdal"]["records_read"]);
-        }
         ExpectFields(table, plain["fields"]);
-        if (!opens || HasBinaryFields(table)) continue;
+        if (!opens) continue;
+        EXPECT_EQ(table.LiveRecords(), reading["gdal"]["records_read"]);
+        if (HasBinaryFields(table)) continue;
         const bool same = HashRecords(table) == reading["gdal"]["records_sha256"];
         EXPECT_EQ(same, !reading.contains("other_values"));
     }
