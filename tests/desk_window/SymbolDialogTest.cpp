@@ -6,6 +6,7 @@
 
 #include "desk/window/SymbolDialog.h"
 #include "host/Failure.h"
+#include "support/SetDump.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
 
@@ -28,6 +29,12 @@ protected:
         dialog_.Show(0, ok);
         EXPECT_TRUE(ok);
         return host::As<T>(dialog_.Symbol(0));
+    }
+    /// All that a symbol has, as text.
+    std::string Told(const host::Ref<host::IHostObject>& symbol) {
+        const auto set = desk_.Host().NewPropertySet();
+        set->SetItem("symbol", symbol);
+        return support::Dump(*set).substr(8);
     }
     static void Toggle(QWidget& shown, const char* box) { Part<QCheckBox>(shown, box).click(); }
     static void PickColor(QWidget& shown, const char* button, const QColor& color) {
@@ -64,14 +71,8 @@ TEST_F(SymbolDialogTest, EditsACopyOfATextAndKeepsWhatItDoesNotShow) {
         Toggle(shown, "bold");
         PickColor(shown, "color", QColor(1, 2, 3));
     });
-    EXPECT_EQ(edited->Font()->Name(), "Liberation Serif");
-    EXPECT_EQ(edited->Size(), 7.25);
-    EXPECT_TRUE(edited->Font()->Bold());
-    EXPECT_EQ(edited->Color()->RGB(), 0x030201U);
-    EXPECT_EQ(edited->Angle(), 30);
-    EXPECT_EQ(edited->Text(), "Sample");
-    EXPECT_EQ(symbol->Font()->Name(), "Helvetica");
-    EXPECT_EQ(symbol->Color()->RGB(), 0U);
+    EXPECT_EQ(Told(edited), "Liberation Serif 7.25 bold 197121 00 30 'Sample'\n");
+    EXPECT_EQ(Told(symbol), "Helvetica 10 0 00 30 'Sample'\n");
 }
 
 TEST_F(SymbolDialogTest, ChangesNothingThatWasNotTouched) {
@@ -84,9 +85,7 @@ TEST_F(SymbolDialogTest, ChangesNothingThatWasNotTouched) {
                   "The font A font that nobody has is not installed. Another stands in for it.");
         support::Retype(*Part<QFontComboBox>(shown, "family").lineEdit(), "");
     });
-    EXPECT_EQ(edited->Font()->Name(), "A font that nobody has");
-    EXPECT_EQ(edited->Size(), 1000.125);
-    EXPECT_TRUE(edited->Color()->Transparent());
+    EXPECT_EQ(Told(edited), Told(symbol));
 }
 
 TEST_F(SymbolDialogTest, EditsFillAndOutline) {
@@ -96,9 +95,8 @@ TEST_F(SymbolDialogTest, EditsFillAndOutline) {
         PickColor(shown, "outlineColor", QColor(9, 8, 7));
         for (const char* box : {"outlined", "outlined", "filled"}) Toggle(shown, box);
     });
-    EXPECT_TRUE(edited->Color()->Transparent());
-    ASSERT_TRUE(edited->Outline());
-    EXPECT_EQ(edited->Outline()->Color()->RGB(), 0x070809U);
+    const std::string outlined = "fill 0 none line 460809\n";
+    EXPECT_EQ(Told(edited), outlined);
     const auto again = Edit(edited, [](QWidget& shown) {
         EXPECT_FALSE(Part<QPushButton>(shown, "color").isEnabled());
         Toggle(shown, "filled");
@@ -109,10 +107,8 @@ TEST_F(SymbolDialogTest, EditsFillAndOutline) {
         EXPECT_EQ(Share(shown, Qt::red), 0);
         Toggle(shown, "filled");
     });
-    EXPECT_FALSE(again->Color()->Transparent());
-    EXPECT_EQ(again->Color()->RGB(), 0x0000FFU);
-    EXPECT_FALSE(again->Outline());
-    EXPECT_TRUE(edited->Outline()) << "the copy is edited";
+    EXPECT_EQ(Told(again), "fill 255 no object\n");
+    EXPECT_EQ(Told(edited), outlined) << "the copy is edited";
 }
 
 TEST_F(SymbolDialogTest, RefusesOtherSymbols) {
