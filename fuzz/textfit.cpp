@@ -82,8 +82,8 @@ std::string Difference(desk::TextEngine& quick, desk::TextEngine& plain, const I
 }
 
 void CheckMeasuring(const Input& input) {
-    static desk::TextEngine quick(desk::TextEngine::Ways::Quick);
-    static desk::TextEngine plain(desk::TextEngine::Ways::Plain);
+    static desk::TextEngine quick(desk::TextEngine::Measuring::Fast);
+    static desk::TextEngine plain(desk::TextEngine::Measuring::FullLayout);
     const auto told = quick.Measure(input.font, input.text);
     const auto laidOut = plain.Measure(input.font, input.text);
     if (told.xSize != laidOut.xSize) fuzz::Find(Difference(quick, plain, input));

@@ -47,7 +47,8 @@ struct IHostFrameElement : virtual IHostObject {
     virtual void SetDraft(bool draft) = 0;
 };
 
-/// The host's own draft setting of an element. Accepts 0.
+/// The host's own draft setting of an element, beside IHostFrameElement::Draft. Only 0, off, is
+/// set.
 struct IHostDraftOption : virtual IHostObject {
     virtual void SetValue(std::int32_t value) = 0;
 };

@@ -45,7 +45,7 @@ public:
     std::string description;       ///< The text with the call stack lines added so far.
     std::string cause;             ///< The first text of the failure, as it was raised.
     int line = 0;                  ///< Source line of the raise, 0 when none is known.
-    bool errorBlockAdded = false;  ///< The description holds its number and text block already.
+    bool errorBlockAdded = false;  ///< The heading with number and text is in the description.
     std::vector<FailureFact> facts;
 };
 

@@ -12,8 +12,9 @@
 
 namespace host {
 
-/// Makes every host object. It is handed in wherever an object is created, so that there is no
-/// global host and a test can bring its own. Each New gives a new object; services are shared.
+/// Makes every host object. It is passed in wherever an object is created, so that there is no
+/// global host and a test can bring its own. Functions named New return a new object, except those
+/// of IHostServices: their objects all stand for the one running program.
 struct IHost : virtual IHostPropertySetFactory,
                virtual IHostGeometryFactory,
                virtual IHostSymbolFactory,

@@ -9,7 +9,7 @@
 
 namespace host {
 
-/// Services of the running program; each is one shared object.
+/// Services of the running program.
 struct IHostServices : virtual IHostObject {
     virtual Ref<IHostApplication> NewApplication() = 0;
     virtual Ref<IHostComponentRegistrar> NewComponentRegistrar() = 0;

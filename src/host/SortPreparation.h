@@ -22,8 +22,9 @@ struct SortValues {
     virtual const Variant& Value(std::uint32_t position, Variant& storage) const = 0;
 };
 
-/// The beginning of a value in digits that a sort keeps beside its rows, so that most pairs are
-/// ordered without reading the values. The upper two bits of a digit are its kind.
+/// The first words of a value as integers, here called digits, which a sort keeps beside its rows
+/// so that most pairs are ordered without reading the values. The upper two bits of a digit are its
+/// kind.
 struct SortLead {
     static constexpr std::size_t kDigits = 4;
     static constexpr int kKindShift = 30;
@@ -34,8 +35,8 @@ struct SortLead {
     static constexpr std::uint32_t kEnd = std::uint32_t{3} << kKindShift;
 
     /// -1 or 1 by the first digits that differ, or 0 for values that end without a difference. A
-    /// value goes before its own beginning. Nothing where the digits do not decide and Compare must
-    /// be called.
+    /// value goes before one that is its beginning. Nothing where the digits do not decide and
+    /// Compare must be called.
     std::optional<std::int32_t> Decide(const SortLead& other) const {
         for (std::size_t i = 0; i < kDigits; ++i) {
             const std::uint32_t mine = digits[i];

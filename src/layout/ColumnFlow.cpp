@@ -41,13 +41,13 @@ void ColumnFlow::Finish() {
 }
 
 bool ColumnFlow::PlaceTitle() {
-    if (!hasTitle_ || !topOfColumn_) return true;
+    if (!hasTitle_ || !topOfGroup_) return true;
     auto group = MakeTitleGroup(pass_, *pen_);
     const double height = pass_.GetElementHeight(*group);
     usedHeight_ += height;
     if (usedHeight_ > frame_.height) return false;
     Place({Kind::Title, {}, std::move(group), height});
-    topOfColumn_ = false;
+    topOfGroup_ = false;
     return true;
 }
 
@@ -80,7 +80,7 @@ bool ColumnFlow::PlaceListing(const std::string& rowKey, double& width) {
     usedHeight_ += row.height;
     if (usedHeight_ > frame_.height && !pageIsEmpty_) {
         width = pass_.GetElementWidth(*row.group);
-        listener_.ColumnFull(frame_.height + row.height - usedHeight_);
+        listener_.GroupFull(frame_.height + row.height - usedHeight_);
         return false;
     }
     listener_.Placing(row, hasPrevious_, previousRow_);
@@ -100,7 +100,7 @@ ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
     if (settings.repeatColumns && usedWidth_ + settings.repeatSpacing + width < frame_.width) {
         pen_->SetX(pen_->X() + width + settings.repeatSpacing);
         roomAtSide_ -= width + settings.repeatSpacing;
-        StartColumn();
+        StartGroup();
         return Step::GoOn;
     }
     StartPage();
@@ -114,9 +114,9 @@ void ColumnFlow::Place(PlacedRow row) {
     pen_->SetY(pen_->Y() - row.height);
 }
 
-void ColumnFlow::StartColumn() {
+void ColumnFlow::StartGroup() {
     pen_->SetY(frame_.topLeft->Y());
-    topOfColumn_ = true;
+    topOfGroup_ = true;
     alternate_ = false;
     usedHeight_ = 0;
 }
@@ -127,7 +127,7 @@ void ColumnFlow::StartPage() {
     roomAtSide_ = frame_.width;
     for (const LayoutColumn& column : pass_.Columns()) roomAtSide_ -= column.properties.columnWidth;
     pageIsEmpty_ = true;
-    StartColumn();
+    StartGroup();
 }
 
 }  // namespace gazetteer

@@ -39,7 +39,7 @@ public:
     /// The row has been placed.
     virtual void Placed(const PlacedRow& row) = 0;
     /// A row did not fit. The room is what is left below the last row of the column group.
-    virtual void ColumnFull(double room) = 0;
+    virtual void GroupFull(double room) = 0;
 };
 
 /// Places the rows of a gazetteer: down a column group, then in the next group beside it, then on a
@@ -73,7 +73,7 @@ private:
     Step Overflow(const std::string& rowKey, double width);
 
     void Place(PlacedRow row);
-    void StartColumn();
+    void StartGroup();
     void StartPage();
 
     LayoutPass& pass_;
@@ -88,7 +88,7 @@ private:
     double usedWidth_ = 0;             ///< Of the column groups ended on this page, without gaps.
     double roomAtSide_ = 0;            ///< Beside the columns of the present column group.
     bool alternate_ = false;           ///< The next row takes the alternate background.
-    bool topOfColumn_ = true;          ///< The column group has no title row yet.
+    bool topOfGroup_ = true;           ///< The column group has no title row yet.
     bool pageIsEmpty_ = true;          ///< No listing stands on the page yet.
     bool carried_ = false;
     std::string carriedRow_;

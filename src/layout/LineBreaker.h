@@ -52,8 +52,8 @@ private:
 
     /// The text built so far, in characters.
     std::vector<std::string_view> result_;
-    std::size_t lineStart_ = 0;  ///< Where what is measured begins in the result.
-    bool lineMeasured_ = true;   ///< The present line, or more than it holds, has been seen to fit.
+    std::size_t lineStart_ = 0;    ///< Where what is measured begins in the result.
+    bool lineMeasured_ = true;     ///< The present line, or a longer one, was measured and fits.
     bool earlierTooWide_ = false;  ///< A finished line is wider than the column.
     std::size_t knownToFit_ = 0;   ///< Characters before this index fit on the present line.
     std::size_t knownTooLong_ = std::string::npos;  ///< The character that does not.

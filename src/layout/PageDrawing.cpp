@@ -44,7 +44,7 @@ public:
         if (reachesFoot_) Stretch(row.group, row.height, row.room);
     }
 
-    void ColumnFull(double room) override {
+    void GroupFull(double room) override {
         if (lastPlaced_ && !reachesFoot_)
             Stretch(lastPlaced_, pass_.GetElementHeight(*lastPlaced_), room);
     }

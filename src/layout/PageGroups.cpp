@@ -39,7 +39,7 @@ public:
         report_.tooHigh += row.room < -kRounding ? 1 : 0;
         report_.tooWide += row.roomAtSide < -kRounding ? 1 : 0;
     }
-    void ColumnFull(double) override {}
+    void GroupFull(double) override {}
 
 private:
     static constexpr double kRounding = 1e-6;  // Inches; what sums of widths may be off.

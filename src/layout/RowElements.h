@@ -9,8 +9,8 @@
 /// Fills the rows of a gazetteer: texts, fills and places of their cells.
 namespace gazetteer {
 
-/// Inner procedure: fills the cell of one column. It hangs from the position, its top left corner,
-/// which is not changed; its height follows the text. The text is fitted in place.
+/// Inner procedure: fills the cell of one column. The position is its top left corner and is not
+/// changed; its height follows the text. The text is fitted in place.
 void MakeRowElement(LayoutPass& pass, const CellElements& cell, std::string& text,
                     const ColumnProperties& column, bool alternate,
                     const host::IHostPoint& position, RowKind kind);

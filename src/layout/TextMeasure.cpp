@@ -8,7 +8,7 @@ TextSize TextMeasure::Size(const std::string& text) try {
     if (lastSize_ && text == lastText_) return *lastSize_;
     constexpr int kNoCache = -1;
     using host::kPointsPerInch;
-    // Where the question fails, the bracket is left to the host.
+    // If MeasureText throws, EndDrawing is not called; the host closes the bracket.
     display_->BeginDrawing(display_->DeviceContext(), kNoCache);
     const auto extent =
         symbol_->MeasureText(display_->DeviceContext(), display_->Transformation(), text);

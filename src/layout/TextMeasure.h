@@ -20,12 +20,12 @@ public:
                 const host::Ref<host::IHostTextSymbol>& symbol)
         : display_(display), symbol_(symbol) {}
 
-    /// The text asked for last is remembered. The failures are those of GetTextSize.
+    /// The text asked for last is remembered. Failures name GetTextSize.
     TextSize Size(const std::string& text);
 
     double Width(const std::string& text) { return Size(text).width; }
 
-    /// What a dot adds to a line that ends in one, in inches.
+    /// Width in inches that one more dot adds to a line that ends in a dot.
     double DotWidth();
 
     const host::IHostTextSymbol& Symbol() const { return *symbol_; }

@@ -109,6 +109,7 @@ Ref<host::IHostTable> MakeIndexTempTable(host::IHost& host, const Settings& sett
     const auto fields = IndexFields(host, NamesOf(*settings.columnNames));
     DeleteOldTable(*workspace);
     auto rowClass = host.NewIdentifier();
+    // The host's class of rows that have an identifier.
     rowClass->SetValue("zorvexGeoDatabase.Object");
     return workspace->CreateTable(kTableName, fields, rowClass, nullptr, "");
 } catch (...) {

@@ -7,8 +7,8 @@
 #include "listings/CellComposer.h"
 #include "model/Settings.h"
 
-/// The index table: a scratch table with a row per source row and a text field per column. Its row
-/// identifiers are the identities of the listings.
+/// The index table: a scratch table with a row per source row and a text field per column. A
+/// listing is known by the number (OID) of its first row.
 namespace gazetteer {
 
 /// A sample run stops once it has read more rows than this.

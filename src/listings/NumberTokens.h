@@ -19,7 +19,7 @@ struct NumberToken {
     bool numeric = false;      ///< The number parser accepts the whole token.
     double value = 0;          ///< Of a numeric token.
     std::string key;           ///< Collation key.
-    /// Of a token that contains a number: its pieces once digits and other characters are apart.
+    /// Of a token with a digit: its pieces, digits and other characters apart (A12: A, 12).
     std::vector<const NumberToken*> separated;
 };
 

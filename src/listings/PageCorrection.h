@@ -8,8 +8,8 @@
 
 namespace gazetteer {
 
-/// Converts the page of a linked listing to the numbering of the map book. Pages move only if the
-/// linked section comes before the gazetteer's own section.
+/// Converts the page of a linked listing to the numbering of the map book. Pages are renumbered
+/// only if the linked section comes before the gazetteer's own section.
 struct PageCorrection {
     std::int32_t pageBase = 1;
     std::int32_t seriesFirstPage = 0;

@@ -14,8 +14,8 @@ class NumberTokenizer;
 
 /// A NumberToken as integers that compare as the token does.
 struct RankedToken {
-    /// Kind and rank: among all keys, or among all numbers for a token that is one. A token that
-    /// contains a number but is none has its own number here.
+    /// Kind and rank: among all keys, or among all numbers for a token that is one. A mixed
+    /// token such as A12 has no rank; its token number is stored.
     std::uint32_t digit = 0;
     std::uint32_t keyRank = 0;  ///< Equal keys have equal ranks.
     std::uint32_t firstPiece = 0;

@@ -15,7 +15,7 @@ std::string Explanation(host::CVNExpressionEngine& engine, const host::Ref<host:
     if (!explaining) return {};
     try {
         return ": " + explaining->Explain(table, expression).text;
-    } catch (const host::Failure&) {
+    } catch (...) {
         return {};
     }
 }

@@ -19,7 +19,7 @@ struct ICVNGazetteerManager : virtual host::IHostObject {
     /// stores them where there are none. Raises for an element without gazetteer properties.
     virtual void SetIndexElement(const host::Ref<host::IHostGroupElement>& indexElement) = 0;
     virtual bool IsGazetteerElement(const host::Ref<host::IHostGroupElement>& groupElement) = 0;
-    /// The element check without keeping anything.
+    /// Checks an element; keeps only the findings.
     virtual bool CanDrawIndex(const host::Ref<host::IHostGroupElement>& indexElement) = 0;
     /// Draws a page, from 1 to PageCount, into the element.
     virtual void SetIndexToPageNumber(std::int32_t pageNumber) = 0;

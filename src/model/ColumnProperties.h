@@ -61,8 +61,7 @@ host::Ref<host::IHostPropertySet> NewColumnSet(host::IHostPropertySetFactory& ho
 
 /// The set of a new column. Without a current column it holds the defaults; otherwise symbols
 /// (copied), backgrounds, sizes and alignments are those of the current column. Title, Expression,
-/// FromDatabase and BreakColumn come from the arguments, and BreakHeading equals BreakColumn in a
-/// column of defaults and in an inheriting one.
+/// FromDatabase and BreakColumn come from the arguments, and BreakHeading equals BreakColumn.
 host::Ref<host::IHostPropertySet> MakeColumnProperties(host::IHost& host, const std::string& title,
                                                        const std::string& expression,
                                                        bool fromDatabase, bool breakColumn,

@@ -4,6 +4,8 @@
 
 #include "host/Tables.h"
 
+/// Paths as the host's documents have them, split at backslashes alone. A path with slashes is all
+/// file name, which the desk's tables open as it is.
 namespace gazetteer {
 
 /// The part of a path after its last backslash; the whole path where it has none.

@@ -9,7 +9,8 @@ namespace gazetteer {
 /// The results in use: those of a run, or the stored ones.
 struct WorkingResults {
     /// Column name, in display order, to a set of row key to cell text. All column sets hold the
-    /// same row keys in listing order.
+    /// same row keys in listing order. A row key is the decimal number (OID) of the row of the
+    /// index table that began the listing.
     host::Ref<host::IHostPropertySet> listings;
     /// Page number in decimal to a set of row key to the same row key, in page order.
     host::Ref<host::IHostPropertySet> pageGroups;
@@ -30,7 +31,7 @@ struct RunReport {
     std::int64_t tooWide = 0;     ///< and those that end beyond its right edge.
 };
 
-/// Objects of the sibling map series library, created once per manager and once per form.
+/// The host's objects for the map book, created once per manager and once per form.
 struct SiblingObjects {
     host::Ref<host::CVNLayoutContext> layoutContext;
     host::Ref<host::CVNMapBook> mapBook;

@@ -66,7 +66,7 @@ struct Settings {
     host::Ref<host::IHostPropertySet> pageLastListings;
 
     bool samplePage = false;
-    /// The property page's verdict at its last apply.
+    /// The verdict at the last edit, by the property page or a command.
     bool canDrawIndex = false;
     std::int32_t version = kSchemaVersion;
 };

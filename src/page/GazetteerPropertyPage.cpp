@@ -149,14 +149,13 @@ void GazetteerPropertyPage::Hide() try {
 void GazetteerPropertyPage::Apply() try {
     const auto working = Require<host::IHostPropertySet>(Form().GazetteerProperties());
     SetGazetteerProperties(*host_, element_, CopySet(*host_, working));
-    const auto frame = Require<host::IHostFrameElement>(element_);
     CVNGazetteerManager manager(host_);
     manager.SetIndexElement(element_);
     if (manager.CanDrawIndex(element_)) {
-        if (frame->Draft()) manager.DraftMode();
+        if (Require<host::IHostFrameElement>(element_)->Draft()) manager.DraftMode();
     } else {
         manager.DraftMode();
-        frame->SetDraft(true);
+        Require<host::IHostFrameElement>(element_)->SetDraft(true);
         host_->Dialogs().MessageBox({.title = "Properties Incomplete",
                                      .text = "Gazetteer can not be drawn with current properties.",
                                      .style = host::kInformationOk});

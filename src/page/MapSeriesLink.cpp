@@ -132,12 +132,16 @@ void MapSeriesLink::cmbMapSeriesFrame_Click() {
     EnableIndexLayerOption();
 }
 
-// Lists the templates of the section and selects the current one. Returns false if it is missing.
+// Lists the templates of the section and selects the current one. Returns false if it is missing. A
+// failing map book leaves the list and the keys empty, never of different sections.
 bool MapSeriesLink::FindTemplates() {
     auto& book = *siblings_.mapBook;
-    templateKeys_ = book.TemplateKeys(choice_.sectionKey);
+    FillList(*ui_.CmbTemplate, {kNoSelection});
+    templateKeys_.clear();
+    auto keys = book.TemplateKeys(choice_.sectionKey);
     std::vector<std::string> names = {kNoSelection};
-    for (const std::string& key : templateKeys_) names.push_back(book.TemplateName(key));
+    for (const std::string& key : keys) names.push_back(book.TemplateName(key));
+    templateKeys_ = std::move(keys);
     FillList(*ui_.CmbTemplate, names);
     return Select(*ui_.CmbTemplate, templateKeys_, choice_.templateKey);
 }
@@ -145,17 +149,20 @@ bool MapSeriesLink::FindTemplates() {
 // Lists the frames of the template and selects the current one; if several have its name, the last.
 // Returns false if it is missing.
 bool MapSeriesLink::FindFrames() {
-    frames_ =
+    FillList(*ui_.cmbMapSeriesFrame, {kNoSelection});
+    frames_.clear();
+    auto frames =
         GetMapSeriesFrames(*siblings_.seriesManager,
                            siblings_.mapBook->TemplateLayout(choice_.templateKey), kFormLabel);
     std::vector<std::string> names = {kNoSelection};
     int kept = 0;
-    for (const auto& frame : frames_) {
+    for (const auto& frame : frames) {
         names.push_back(Require<host::IHostElementName>(frame)->Name());
         if (names.back() != choice_.frameName) continue;
         frame_ = frame;
         kept = static_cast<int>(names.size()) - 1;
     }
+    frames_ = std::move(frames);
     FillList(*ui_.cmbMapSeriesFrame, names);
     if (kept == 0) return false;
     ui_.cmbMapSeriesFrame->setCurrentIndex(kept);

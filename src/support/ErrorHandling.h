@@ -6,16 +6,17 @@
 
 #include "host/Dialogs.h"
 
-/// The failure convention. Every procedure has one failure exit over its whole body, written as a
-/// function-try-block. An inner procedure's exit adds its location to the description and raises
-/// again (PassOn); a top procedure's exit shows the collected call stack in one dialog and lets the
-/// procedure return normally (ShowAtTop), so that no failure reaches the host.
+/// The failure convention. A procedure that call stacks name has one failure exit over its whole
+/// body, written as a function-try-block; other functions let failures pass. An inner procedure's
+/// exit adds its location to the description and raises again (PassOn); a top procedure's exit
+/// shows the collected call stack in one dialog and lets the procedure return normally (ShowAtTop),
+/// so that no failure reaches the host.
 namespace gazetteer {
 
 /// The number of every error that this component raises itself, except in symbol drawing.
 inline constexpr auto kOwnError = static_cast<std::int32_t>(0x80040201U);
 
-/// Location labels of the code units.
+/// Location labels of the code units, spelled as hosts and users know them.
 inline constexpr char kGeneralFunctionsLabel[] = "CVNGazetteer:GeneralFunctions";
 inline constexpr char kManagerLabel[] = "CVNGazeteer:CVNGazetteerManager";
 inline constexpr char kSortLabel[] = "CVNGazetteer:clsTableSortNumberAware";

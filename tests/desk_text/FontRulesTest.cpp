@@ -89,7 +89,7 @@ protected:
         font.shaping = shaping.get();
         font.plain = real_.plain;
 
-        desk::RunMemory memory;
+        desk::ShapedRunCache memory;
         desk::DirectShaper direct(memory);
         desk::RunShaper shaper;
         std::vector<std::string> lines{""};

@@ -72,7 +72,7 @@ protected:
     }
 
     desk::FontCache fonts;
-    desk::RunMemory memory;
+    desk::ShapedRunCache memory;
     desk::DirectShaper direct{memory};
     desk::RunShaper shaper;
     desk::LayoutShaper layout{fonts.Context()};

@@ -60,7 +60,7 @@ TEST(Measure, SizesGrowWithTheFontAndFollowNoResolution) {
 
 // Wider than 32 bits of 1024ths of a point hold, in each of the ways in which lines are measured.
 TEST(Measure, LinesOfAnyLengthAreAsWideAsTheirParts) {
-    for (const auto ways : {TextEngine::Ways::Quick, TextEngine::Ways::Plain}) {
+    for (const auto ways : {TextEngine::Measuring::Fast, TextEngine::Measuring::FullLayout}) {
         TextEngine engine(ways);
         const FontSpec large{"DejaVu Sans", 1000, false};
         for (const char* character : {"W", "fi", "Ж", "東", "ش", "a\u0301"}) {

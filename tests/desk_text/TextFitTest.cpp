@@ -13,7 +13,7 @@ TEST(TextFit, EqualsThePlainLoopsOnFullLayouts) {
     constexpr const char* kFonts[] = {"Liberation Sans", "DejaVu Sans", "Noto Sans"};
     support::TestDesk quick;
     desk::DeskOptions plainSizes;
-    plainSizes.textSizes = desk::TextEngine::Ways::Plain;
+    plainSizes.textSizes = desk::TextEngine::Measuring::FullLayout;
     support::TestDesk plain(plainSizes);
     BothFits fits(quick, plain);
     // What fonts kern, join and shape, so that a longer text may be the narrower one.

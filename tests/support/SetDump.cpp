@@ -84,6 +84,7 @@ std::set<const IHostObject*> ObjectsIn(const host::IHostPropertySet& set) {
         if (const auto fill = host::As<host::IHostFillSymbol>(*object))
             found.insert({fill->Color().get(), fill->Outline().get()});
     }
+    found.erase(nullptr);  // A fill need not have an outline.
     return found;
 }
 

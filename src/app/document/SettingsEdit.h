@@ -19,7 +19,7 @@ public:
     void Set(const std::string& text);
     /// Applies one KEY=VALUE to a column; KEY has no column name.
     void SetIn(const std::string& column, const std::string& text);
-    /// Adds a column with the properties of the first one, as the property page does.
+    /// Adds a column with the properties of the first one (the property page takes the open one).
     void AddColumn(const std::string& name);
 
     gazetteer::Settings& Settings() { return settings_; }

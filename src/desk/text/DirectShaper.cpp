@@ -90,24 +90,24 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
     std::string_view cut = line.substr(0, line.size() - dots);
     const PlainClass script = PlainScript(cut, font.plain);
     if (script == PlainClass::None) return std::nullopt;
-    const Hand& hand = HandOf(font, script, cut);
+    const ScriptFont& scriptFont = FontFor(font, script, cut);
     GlyphUnits pen = 0;
     const auto take = [&](const ShapedRun& run, std::size_t further) {
         visit(run, pen, further);
         pen += run.width + static_cast<GlyphUnits>(further) * run.dotStep;
     };
     for (std::size_t start = 0, end = 0; start < cut.size(); start = end) {
-        end = hand.cutsAtBlanks ? EndOfWord(cut, start) : cut.size();
-        const ShapedRun* run = FindAlone(hand, cut, start, end);
+        end = scriptFont.cutsAtBlanks ? EndOfWord(cut, start) : cut.size();
+        const ShapedRun* run = FindAlone(scriptFont, cut, start, end);
         if (run)
-            for (; cut[start] == ' '; ++start) take(hand.Blank(), 0);
+            for (; cut[start] == ' '; ++start) take(scriptFont.Blank(), 0);
         else
-            run = &FindInLine(hand, cut, start, end);
-        if (dots > 0 && end == cut.size() && (run->dotStep == 0 || !hand.cutsLeaders)) {
+            run = &FindInLine(scriptFont, cut, start, end);
+        if (dots > 0 && end == cut.size() && (run->dotStep == 0 || !scriptFont.cutsLeaders)) {
             cut = line;
             end = cut.size();
             dots = 0;
-            run = &FindInLine(hand, cut, start, end);
+            run = &FindInLine(scriptFont, cut, start, end);
         }
         if (!run->hasGlyphs) return std::nullopt;
         take(*run, end == cut.size() ? dots : 0);
@@ -116,11 +116,11 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
 }
 
 /// The run of a piece of a line, shaped with regard to the blank behind it.
-const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view line,
+const ShapedRun& DirectShaper::FindInLine(const ScriptFont& scriptFont, std::string_view line,
                                           std::size_t start, std::size_t end) {
     const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
-    return memory_.Find({hand.fontNumber, hand.script, text}, [&] {
-        ShapedRun run = shaper_.Shape(hand.font, hand.writing, text, end - start);
+    return cache_.Find({scriptFont.fontNumber, scriptFont.script, text}, [&] {
+        ShapedRun run = shaper_.Shape(scriptFont.font, scriptFont.writing, text, end - start);
         run.standsAlone = false;  // It was not set between blanks.
         return run;
     });
@@ -128,57 +128,60 @@ const ShapedRun& DirectShaper::FindInLine(const Hand& hand, std::string_view lin
 
 /// The run of the word in a piece of a line without the blanks before it, if it is the same with
 /// and without blanks around it. Nothing if not.
-const ShapedRun* DirectShaper::FindAlone(const Hand& hand, std::string_view line, std::size_t start,
-                                         std::size_t end) {
-    if (!hand.cutsAtBlanks) return nullptr;
+const ShapedRun* DirectShaper::FindAlone(const ScriptFont& scriptFont, std::string_view line,
+                                         std::size_t start, std::size_t end) {
+    if (!scriptFont.cutsAtBlanks) return nullptr;
     const std::size_t word = std::min(line.find_first_not_of(' ', start), end);
     if (word == end || BlankAt(line, word) > 0 || BlankAt(line, end) > 1) return nullptr;
     const std::string_view text = line.substr(word, end - word);
-    const ShapedRun& run = memory_.Find({hand.fontNumber, hand.script, text}, [&] {
+    const ShapedRun& run = cache_.Find({scriptFont.fontNumber, scriptFont.script, text}, [&] {
         between_ = ' ';
         (between_ += text) += ' ';
-        ShapedRun alone = shaper_.Shape(hand.font, hand.writing, between_, text.size() + 1, 1);
+        ShapedRun alone =
+            shaper_.Shape(scriptFont.font, scriptFont.writing, between_, text.size() + 1, 1);
         if (alone.standsAlone) return alone;
-        alone = shaper_.Shape(hand.font, hand.writing, text, text.size());
+        alone = shaper_.Shape(scriptFont.font, scriptFont.writing, text, text.size());
         alone.standsAlone = false;
         return alone;
     });
     return run.standsAlone ? &run : nullptr;
 }
 
-const DirectShaper::Hand& DirectShaper::HandOf(const ResolvedFont& font, PlainClass script,
-                                               std::string_view line) {
+const DirectShaper::ScriptFont& DirectShaper::FontFor(const ResolvedFont& font, PlainClass script,
+                                                      std::string_view line) {
     const std::size_t place = font.number * kPlainClassEnd + static_cast<std::size_t>(script);
-    if (hands_.size() <= place) hands_.resize(place + 1);
-    Hand& hand = hands_[place];
-    if (!hand.font) {
-        hand = {font.shaping, font.number, script, WritingOf(script)};
-        TryLeader(hand);
+    if (fonts_.size() <= place) fonts_.resize(place + 1);
+    ScriptFont& scriptFont = fonts_[place];
+    if (!scriptFont.font) {
+        scriptFont = {font.shaping, font.number, script, WritingOf(script)};
+        TryLeader(scriptFont);
     }
-    if (!hand.blanksTried && EndOfWord(line, 0) < line.size()) TryBlanks(font, hand);
-    return hand;
+    if (!scriptFont.blanksTried && EndOfWord(line, 0) < line.size()) TryBlanks(font, scriptFont);
+    return scriptFont;
 }
 
-void DirectShaper::TryLeader(Hand& hand) {
+void DirectShaper::TryLeader(ScriptFont& scriptFont) {
     GlyphStore leader;
-    AddGlyphs(shaper_.Shape(hand.font, hand.writing, kLeader, kLeader.size()).glyphs, 0, leader);
-    hand.cutsLeaders = leader.End().glyphs == 2;
+    AddGlyphs(shaper_.Shape(scriptFont.font, scriptFont.writing, kLeader, kLeader.size()).glyphs, 0,
+              leader);
+    scriptFont.cutsLeaders = leader.End().glyphs == 2;
 }
 
 /// Sets a line cut into words and as a whole.
-void DirectShaper::TryBlanks(const ResolvedFont& font, Hand& hand) {
-    hand.blanksTried = true;
-    const ShapedRun blank = shaper_.Shape(hand.font, hand.writing, " ", 1);
-    hand.blankWidth = blank.width;
-    hand.blankGlyph = blank.glyphs[0];
-    if (BlankMayJoin(hand.font, hand.writing)) return;
-    const std::string line = BlankTrial(font.plain, hand.script);
-    hand.cutsAtBlanks = true;
-    RunMemory words;
+void DirectShaper::TryBlanks(const ResolvedFont& font, ScriptFont& scriptFont) {
+    scriptFont.blanksTried = true;
+    const ShapedRun blank = shaper_.Shape(scriptFont.font, scriptFont.writing, " ", 1);
+    scriptFont.blankWidth = blank.width;
+    scriptFont.blankGlyph = blank.glyphs[0];
+    if (BlankMayJoin(scriptFont.font, scriptFont.writing)) return;
+    const std::string line = BlankTrial(font.plain, scriptFont.script);
+    scriptFont.cutsAtBlanks = true;
+    ShapedRunCache words;
     DirectShaper trial(words);
-    trial.hands_ = hands_;
-    hand.cutsAtBlanks =
-        trial.Width(font, line) == shaper_.Shape(hand.font, hand.writing, line, line.size()).width;
+    trial.fonts_ = fonts_;
+    scriptFont.cutsAtBlanks =
+        trial.Width(font, line) ==
+        shaper_.Shape(scriptFont.font, scriptFont.writing, line, line.size()).width;
 }
 
 }  // namespace desk

@@ -6,17 +6,17 @@
 #include <vector>
 
 #include "desk/text/FontCache.h"
-#include "desk/text/RunMemory.h"
 #include "desk/text/RunShaper.h"
+#include "desk/text/ShapedRunCache.h"
 
 namespace desk {
 
-/// Sets lines of plain text with their font alone, as LayoutShaper does. A line is cut into words,
-/// each of which is shaped once, and a leader that repeats the dots of the last one. A font with
-/// rules that reach over a blank, or along a leader, has those left whole.
+/// Shapes plain lines with the same result as LayoutShaper, using only the requested font. A line is
+/// cut into words, each of which is shaped once, and a leader of repeated dots. Where the font has
+/// rules across blanks or along a leader, the line or the leader is shaped in one piece.
 class DirectShaper {
 public:
-    explicit DirectShaper(RunMemory& memory) : memory_(memory) {}
+    explicit DirectShaper(ShapedRunCache& cache) : cache_(cache) {}
 
     /// Width of a line in 1024ths of a point. Nothing for a line that is not plain.
     std::optional<GlyphUnits> Width(const ResolvedFont& font, std::string_view line);
@@ -27,7 +27,7 @@ public:
 
 private:
     /// A font in one class of writing, and where its lines can be cut.
-    struct Hand {
+    struct ScriptFont {
         hb_font_t* font = nullptr;  ///< Null until it is known.
         std::uint32_t fontNumber = 0;
         PlainClass script = PlainClass::None;
@@ -49,22 +49,22 @@ private:
         int dotStep = 0;  ///< What each further dot adds.
     };
 
-    const Hand& HandOf(const ResolvedFont& font, PlainClass script, std::string_view line);
-    void TryLeader(Hand& hand);
-    void TryBlanks(const ResolvedFont& font, Hand& hand);
-    const ShapedRun& FindInLine(const Hand& hand, std::string_view line, std::size_t start,
-                                std::size_t end);
-    const ShapedRun* FindAlone(const Hand& hand, std::string_view line, std::size_t start,
-                               std::size_t end);
+    const ScriptFont& FontFor(const ResolvedFont& font, PlainClass script, std::string_view line);
+    void TryLeader(ScriptFont& scriptFont);
+    void TryBlanks(const ResolvedFont& font, ScriptFont& scriptFont);
+    const ShapedRun& FindInLine(const ScriptFont& scriptFont, std::string_view line,
+                                std::size_t start, std::size_t end);
+    const ShapedRun* FindAlone(const ScriptFont& scriptFont, std::string_view line,
+                               std::size_t start, std::size_t end);
     template <class Visitor>
     std::optional<GlyphUnits> Walk(const ResolvedFont& font, std::string_view line,
                                    const Visitor& visit);
 
-    RunMemory& memory_;
+    ShapedRunCache& cache_;
     LastLeader last_;
     RunShaper shaper_;
-    std::vector<Hand> hands_;  ///< By the fonts' numbers, and by class.
-    std::string between_;      ///< Scratch text: a word between blanks.
+    std::vector<ScriptFont> fonts_;  ///< By the fonts' numbers, and by class.
+    std::string between_;            ///< Scratch text: a word between blanks.
 };
 
 }  // namespace desk

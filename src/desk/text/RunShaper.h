@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "desk/text/FontCache.h"
-#include "desk/text/RunMemory.h"
+#include "desk/text/ShapedRunCache.h"
 
 namespace desk {
 

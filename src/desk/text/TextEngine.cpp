@@ -26,11 +26,11 @@ TextBox Turned(const TextBox& box, double degrees) {
 }  // namespace
 
 struct TextEngine::State {
-    explicit State(Ways chosen) : ways(chosen) {}
+    explicit State(Measuring chosen) : measuring(chosen) {}
 
-    Ways ways;
+    Measuring measuring;
     FontCache fonts;
-    RunMemory memory;
+    ShapedRunCache memory;
     DirectShaper direct{memory};
     LayoutShaper layout{fonts.Context()};
     TextSetter setter{direct, layout};
@@ -42,7 +42,7 @@ struct TextEngine::State {
 
     /// Width of a line in points.
     double Width(const ResolvedFont& font, std::string_view line) {
-        if (ways == Ways::Plain) return Points(layout.Shape(font, line));
+        if (measuring == Measuring::FullLayout) return Points(layout.Shape(font, line));
         if (const auto sum = direct.Width(font, line)) return Points(*sum);
         const auto layOut = [&] {
             ShapedRun run;
@@ -63,7 +63,7 @@ struct TextEngine::State {
     }
 };
 
-TextEngine::TextEngine(Ways ways) : state_(std::make_unique<State>(ways)) {}
+TextEngine::TextEngine(Measuring measuring) : state_(std::make_unique<State>(measuring)) {}
 TextEngine::~TextEngine() = default;
 
 const ResolvedFont& TextEngine::Find(const FontSpec& spec) {

@@ -54,17 +54,18 @@ struct FontSubstitution {
 /// Shapes, measures and draws text: any script, both directions, with font fallback. Sizes are
 /// unhinted and depend neither on the resolution nor on the user's language. Must be used by one
 /// thread.
-///  The height of a line is the ascent and descent of the requested font, also with fallback fonts:
+///
+/// The height of a line is the ascent and descent of the requested font, also with fallback fonts:
 /// baselines stay even, and a taller character exceeds its line. Each line takes its base direction
 /// from its first letter. Alignment is relative to the page; the leader of a left-aligned line
 /// continues to the right in either direction. A letter and its combining marks are in one font.
 class TextEngine {
 public:
-    /// How sizes are computed: Plain always uses a full layout, Quick a faster method with the same
-    /// result. Plain is for comparison in tests.
-    enum class Ways { Plain, Quick };
+    /// How sizes are computed: always with a full layout, for comparison in tests, or with a faster
+    /// method that has the same result.
+    enum class Measuring { FullLayout, Fast };
 
-    explicit TextEngine(Ways ways = Ways::Quick);
+    explicit TextEngine(Measuring measuring = Measuring::Fast);
     ~TextEngine();
 
     /// Returns the font of a spec, valid while the engine exists. Equal specs give the same font.

@@ -30,7 +30,7 @@ struct ShapedRun {
 
 /// Caches the shaped runs of lines, as browsers do: most words of an index recur. Clears itself
 /// when it is full.
-class RunMemory {
+class ShapedRunCache {
 public:
     struct Key {
         std::uint32_t font;
