@@ -89,13 +89,10 @@ TEST(LayoutContext, AsksTheDocumentThenTheBook) {
     const auto none = std::make_shared<desk::BookSource>("");
     const auto silent = Source(R"({"books": []})");
     const auto told = Source(kBook);
-    // A file is read when it is first asked for.
     const std::tuple<std::shared_ptr<desk::BookSource>, std::string, host::Variant> cases[] = {
-        {none, "", host::Empty{}},
-        {silent, "", host::Empty{}},
-        {told, "", "index"},
-        {told, "sheet", "sheet"},
-        {gone, "own", "own"}};
+        {none, "", host::Empty{}}, {silent, "", host::Empty{}}, {told, "", "index"},
+        {told, "sheet", "sheet"},  {gone, "own", "own"},  // No file is read in vain.
+    };
     for (const auto& [book, own, key] : cases)
         EXPECT_EQ(desk::LayoutContext(book, own).CurrentTemplateKey(), key);
     const std::string why = FailureOf([&] { desk::MapBook(gone).SectionBook("maps"); }).description;

@@ -43,10 +43,8 @@ std::string HashRecords(DbfTable& table) {
     while (const auto row = cursor->NextRow()) {
         std::string line;
         std::int32_t index = 0;
-        for (const DbfField& field : table.DbfFields()) {
-            line += (index == 0 ? "" : ", ") + ReadingOf(row->Value(index), field).dump();
-            ++index;
-        }
+        for (const DbfField& field : table.DbfFields())
+            line += (line.empty() ? "" : ", ") + ReadingOf(row->Value(index++), field).dump();
         lines += "[" + line + "]\n";
     }
     const std::unique_ptr<gchar, decltype(&g_free)> digest(
