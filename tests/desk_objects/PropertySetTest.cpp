@@ -135,7 +135,7 @@ TEST(PropertySet, CopiesSetsAndSymbolsInsideIt) {
     auto objects = support::ObjectsIn(outer);
     const std::size_t count = objects.size();
     objects.merge(support::ObjectsIn(*copy));
-    EXPECT_EQ(objects.size(), 2 * count) << "nothing is shared";
+    EXPECT_EQ(objects.size(), 2 * count) << "an object is shared";
 }
 
 TEST(PropertySet, RefusesToCopyASetThatHoldsItselfAndNamesAnAbsentKey) {

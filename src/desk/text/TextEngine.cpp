@@ -30,8 +30,8 @@ struct TextEngine::State {
 
     Measuring measuring;
     FontCache fonts;
-    ShapedRunCache memory;
-    DirectShaper direct{memory};
+    ShapedRunCache cache;
+    DirectShaper direct{cache};
     LayoutShaper layout{fonts.Context()};
     TextSetter setter{direct, layout};
 
@@ -49,7 +49,7 @@ struct TextEngine::State {
             run.width = layout.Shape(font, line);
             return run;
         };
-        return Points(memory.Find({font.number, PlainClass::None, line}, layOut).width);
+        return Points(cache.Find({font.number, PlainClass::None, line}, layOut).width);
     }
 
     host::TextExtent Extent(const ResolvedFont& font, std::string_view text) {
