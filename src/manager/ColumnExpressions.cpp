@@ -14,7 +14,8 @@ std::string Explanation(host::CVNExpressionEngine& engine, const host::Ref<host:
     auto* const explaining = dynamic_cast<host::IHostExpressionExplanation*>(&engine);
     if (!explaining) return {};
     try {
-        return ": " + explaining->Explain(table, expression).text;
+        const std::string text = explaining->Explain(table, expression).text;
+        return text.empty() ? text : ": " + text;
     } catch (...) {
         return {};
     }

@@ -29,6 +29,7 @@ void TakeFrame(const SiblingObjects& siblings, const std::string& name, ElementC
         siblings.seriesManager->ClearFrame();
         siblings.seriesManager->SetFrame(frame);
         check.seriesFrameLayer = siblings.seriesManager->IndexLayer();
+        if (!check.seriesFrameLayer) FailTypeMismatch();
         check.indexLayerTable = check.seriesFrameLayer->Table();
         check.linkValid = true;
     }
@@ -92,8 +93,12 @@ bool CheckColumnNames(const IHostPropertySet& properties, Findings& findings) {
     const auto order = SetUnder(properties, keys::kColumnSortOrder)->AllItems();
     const bool sorts = ToBoolean(properties.Item(keys::kSortColumns));
     bool valid = true;
-    for (std::size_t i = 0; i < order.names.size(); ++i) {
-        auto refusal = IndexTableRefusal(order.names[i], sorts && ToBoolean(order.values[i]));
+    for (const std::string& name : NamesOf(*SetUnder(properties, keys::kColumnNames))) {
+        const auto at = std::ranges::find(order.names, name);
+        const bool sorted =
+            sorts && at != order.names.end() &&
+            ToBoolean(order.values[static_cast<std::size_t>(at - order.names.begin())]);
+        auto refusal = IndexTableRefusal(name, sorted);
         if (refusal.empty()) continue;
         findings.push_back(std::move(refusal));
         valid = false;

@@ -27,7 +27,7 @@ Ref<IHostPropertySet> Container(const Ref<IHostElement>& element) {
 Ref<IHostPropertySet> ProbeSet(const IHostPropertySet& set, const char* key) {
     try {
         return ToObject<IHostPropertySet>(set.Item(key));
-    } catch (const host::Failure&) {
+    } catch (...) {
         return nullptr;
     }
 }

@@ -33,7 +33,7 @@ bool Clear(host::IHostDevices& devices, host::DeviceContext device, std::uint32_
     return cleared;
 }
 
-// Draws, and releases the device also if drawing throws.
+// Draws, and releases the device also if drawing throws; that failure is the one passed on.
 void Draw(host::IHostSymbol& symbol, host::DeviceContext device,
           const host::Ref<host::IHostDisplayTransformation>& transformation,
           const host::Ref<host::IHostGeometry>& geometry) {
@@ -41,7 +41,10 @@ void Draw(host::IHostSymbol& symbol, host::DeviceContext device,
     try {
         symbol.DrawGeometry(geometry);
     } catch (...) {
-        symbol.ReleaseDevice();
+        try {
+            symbol.ReleaseDevice();
+        } catch (...) {
+        }
         throw;
     }
     symbol.ReleaseDevice();

@@ -11,9 +11,9 @@
 
 namespace desk {
 
-/// Shapes plain lines with the same result as LayoutShaper, using only the requested font. A line is
-/// cut into words, each of which is shaped once, and a leader of repeated dots. Where the font has
-/// rules across blanks or along a leader, the line or the leader is shaped in one piece.
+/// Shapes plain lines with the same result as LayoutShaper, using only the requested font. A line
+/// is cut into words, each of which is shaped once, and a leader of repeated dots. Where the font
+/// has rules across blanks or along a leader, the line or the leader is shaped in one piece.
 class DirectShaper {
 public:
     explicit DirectShaper(ShapedRunCache& cache) : cache_(cache) {}
