@@ -1,6 +1,7 @@
 #include "layout/DotLeader.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace gazetteer {
 namespace {
@@ -11,7 +12,7 @@ constexpr std::size_t kMostDots = 200'000;
 // How many dots fill the column if each adds its width.
 std::optional<std::size_t> DotsByWidth(double room, double dotWidth) {
     const double dots = room / dotWidth;
-    if (!(dots >= 0 && dots < static_cast<double>(kMostDots))) return std::nullopt;
+    if (std::isnan(dots) || dots < 0 || dots >= static_cast<double>(kMostDots)) return std::nullopt;
     return static_cast<std::size_t>(dots);
 }
 

@@ -1,6 +1,5 @@
 #include "listings/NumberAwareSort.h"
 
-#include "host/Failure.h"
 #include "listings/NumberOrder.h"
 #include "listings/NumberTokens.h"
 #include "listings/PreparedTexts.h"
@@ -42,7 +41,7 @@ std::int32_t clsTableSortNumberAware::CompareStringsWithNumbers(const host::Vari
 host::Ref<host::IPreparedValues> clsTableSortNumberAware::Prepare(const host::SortValues& values,
                                                                   std::int32_t, std::int32_t) try {
     return PreparedTexts::Make(values, host_.Locale());
-} catch (const host::Failure&) {
+} catch (...) {
     return nullptr;
 }
 

@@ -90,15 +90,17 @@ void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& che
 
 // Whether the index table accepts the column names and can sort by the sort columns.
 bool CheckColumnNames(const IHostPropertySet& properties, Findings& findings) {
+    auto names = NamesOf(*SetUnder(properties, keys::kColumnNames));
+    std::vector<std::string> sorted;
     const auto order = SetUnder(properties, keys::kColumnSortOrder)->AllItems();
-    const bool sorts = ToBoolean(properties.Item(keys::kSortColumns));
+    if (ToBoolean(properties.Item(keys::kSortColumns)))
+        for (std::size_t i = 0; i < order.names.size(); ++i)
+            if (ToBoolean(order.values[i])) sorted.push_back(order.names[i]);
+    for (const std::string& name : sorted)
+        if (!Holds(names, name)) names.push_back(name);
     bool valid = true;
-    for (const std::string& name : NamesOf(*SetUnder(properties, keys::kColumnNames))) {
-        const auto at = std::ranges::find(order.names, name);
-        const bool sorted =
-            sorts && at != order.names.end() &&
-            ToBoolean(order.values[static_cast<std::size_t>(at - order.names.begin())]);
-        auto refusal = IndexTableRefusal(name, sorted);
+    for (const std::string& name : names) {
+        auto refusal = IndexTableRefusal(name, Holds(sorted, name));
         if (refusal.empty()) continue;
         findings.push_back(std::move(refusal));
         valid = false;
@@ -130,9 +132,8 @@ ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& sib
             *siblings.expressionEngine, locale, *properties,
             {check.databaseTable, check.linkValid ? check.indexLayerTable : nullptr},
             check.findings);
-    const bool namesValid = CheckColumnNames(*properties, check.findings);
-    check.canDraw =
-        check.databaseTable && columnsValid && namesValid && (!stored.linked || check.linkValid);
+    const bool namesValid = check.databaseTable && CheckColumnNames(*properties, check.findings);
+    check.canDraw = columnsValid && namesValid && (!stored.linked || check.linkValid);
     return check;
 } catch (...) {
     PassOn("CheckElementProperties", kManagerLabel);

@@ -46,9 +46,9 @@ Ref<IHostPropertySet> ReadListed(const IHostPropertySet& set, const char* key) {
 // "CorvaneProperties" of the element; creates it and its container where they are missing.
 Ref<IHostPropertySet> EnsureMakerSet(host::IHostPropertySetFactory& host,
                                      const Ref<IHostElement>& element) {
+    const bool hasMaker = HasCorvaneProperties(element);
     auto container = Container(element);
-    if (HasCorvaneProperties(element))
-        return ToObject<IHostPropertySet>(container->Item(kMakerKey));
+    if (hasMaker) return ToObject<IHostPropertySet>(container->Item(kMakerKey));
     if (!container) {
         container = host.NewPropertySet();
         Require<IHostCustomProperty>(element)->SetCustomProperty(Ref<IHostObject>(container));

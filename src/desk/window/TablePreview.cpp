@@ -42,7 +42,7 @@ QString Records(const DbfTable& table) {
 
 QString Notes(const DbfTable& table) {
     QStringList notes;
-    const auto warnings = table.Warnings();
+    const auto& warnings = table.Warnings();
     for (std::size_t i = 0; i < warnings.size() && i < kNotes; ++i) notes << ToQt(warnings[i]);
     return notes.join('\n');
 }
