@@ -26,17 +26,15 @@ public:
     void InSheet(const Answer& act, const char* button = "Cancel") {
         DoWith("properties", [=](QWidget& sheet) { ActAndPress(sheet, act, button); });
     }
-    static QStringList Tabs(QWidget& sheet) {
-        QStringList titles;
-        const auto* const tabs = sheet.findChild<QTabWidget*>();
-        for (int i = 0; tabs != nullptr && i < tabs->count(); ++i) titles << tabs->tabText(i);
-        return titles;
-    }
 };
 
 TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
     QStringList tabs;
-    const Answer look = [&](QWidget& sheet) { tabs = Tabs(sheet); };
+    const Answer look = [&](QWidget& sheet) {
+        tabs.clear();
+        const auto* const row = sheet.findChild<QTabWidget*>();
+        for (int i = 0; row != nullptr && i < row->count(); ++i) tabs << row->tabText(i);
+    };
     for (const bool installed : {false, true, false, true}) {
         Register(installed);
         InSheet(look);
