@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "desk/text/GlyphCanvas.h"
@@ -93,28 +94,24 @@ TEST(VisualOrder, AddsNoWidth) {
 // Letters and their marks come from one font, which composes them where it can. Liberation Sans has
 // many letters with accents, and no combining marks.
 TEST(VisualOrder, LettersAreWhole) {
-    struct Case {
-        const char* text;
-        const char* same;  ///< A text of the same width; null if there is none.
-        std::size_t fonts;
-    };
+    // A text, another of the same width if there is one, and the number of fonts.
+    using Case = std::tuple<const char*, const char*, std::size_t>;
     desk::TextEngine engine;
-    for (const Case& example : {
+    for (const auto& [text, same, fonts] : {
              Case{"E\u0301toile", "\u00C9toile", 1},
              Case{"A\u030A\u0301", "\u01FA", 1},
              Case{"A\u0301rb\u00E6r....", "\u00C1rb\u00E6r....", 1},
-             Case{"G\u0303", nullptr, 1},
-             Case{"\u0430\u0301", nullptr, 1},
-             Case{"G\u0303uarani", nullptr, 2},
+             Case{"G\u0303", "", 1},
+             Case{"\u0430\u0301", "", 1},
+             Case{"G\u0303uarani", "", 2},
          }) {
-        const Seen seen = Draw(engine, example.text, kLeft);
-        EXPECT_EQ(seen.FontCount(), example.fonts) << example.text;
-        if (!example.same) continue;
+        const Seen seen = Draw(engine, text, kLeft);
+        EXPECT_EQ(seen.FontCount(), fonts) << text;
+        if (*same == 0) continue;
         const auto& font = engine.Find({"Liberation Sans", 8, false});
-        EXPECT_DOUBLE_EQ(engine.Measure(font, example.text).xSize,
-                         engine.Measure(font, example.same).xSize)
-            << example.text;
-        EXPECT_EQ(seen.GlyphCount(), Draw(engine, example.same, kLeft).GlyphCount());
+        const auto width = [&](const char* line) { return engine.Measure(font, line).xSize; };
+        EXPECT_DOUBLE_EQ(width(text), width(same)) << text;
+        EXPECT_EQ(seen.GlyphCount(), Draw(engine, same, kLeft).GlyphCount());
     }
 }
 
