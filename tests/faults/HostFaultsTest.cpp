@@ -51,6 +51,7 @@ const Story kStories[] = {
     {.name = "PutOnAndTakeOff", .act = PutOnAndTakeOff},
 };
 
-INSTANTIATE_TEST_SUITE_P(AllOf, HostFaults, testing::ValuesIn(kStories), faults::NameOf);
+INSTANTIATE_TEST_SUITE_P(AllOf, HostFaults, testing::ValuesIn(kStories),
+                         testing::PrintToStringParamName());
 
 }  // namespace

@@ -38,12 +38,8 @@ public:
     Sheet(const Sheet&) = delete;
     Sheet& operator=(const Sheet&) = delete;
 
-    template <class T>
-    T& Control(const char* name) {
-        return support::Part<T>(*form, name);
-    }
     void Choose(const char* list, const char* entry) {
-        auto& box = Control<QComboBox>(list);
+        auto& box = support::Part<QComboBox>(*form, list);
         box.setCurrentIndex(box.findText(entry));
     }
 
@@ -64,8 +60,8 @@ void Open(StoryTest& story) {
 
 // A width, a setting, and the link taken off and made again.
 void Edit(StoryTest&) {
-    theSheet->Control<QLineEdit>("txtColumnWidth").setText("1.25");
-    theSheet->Control<QCheckBox>("chkSortIndex").click();
+    support::Part<QLineEdit>(*theSheet->form, "txtColumnWidth").setText("1.25");
+    support::Part<QCheckBox>(*theSheet->form, "chkSortIndex").click();
     theSheet->Choose("cmbSection", "Index");
     theSheet->Choose("cmbSection", "Maps");
     theSheet->Choose("CmbTemplate", "Map sheet");
@@ -102,6 +98,7 @@ const Story kStories[] = {
      .stride = 11},
 };
 
-INSTANTIATE_TEST_SUITE_P(AllOf, PageFaults, testing::ValuesIn(kStories), faults::NameOf);
+INSTANTIATE_TEST_SUITE_P(AllOf, PageFaults, testing::ValuesIn(kStories),
+                         testing::PrintToStringParamName());
 
 }  // namespace

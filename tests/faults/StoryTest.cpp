@@ -44,18 +44,14 @@ StoryTest::StoryTest() {
                                                   {"Ash", "1", "2", "1"},
                                                   {"Birch Lane and Square", "2", "1", "1"}}),
                                   4.5, 0.9);
-    const auto set = [&](const char* key, host::Variant value) {
-        desk.Properties(pristine_)->SetItem(key, std::move(value));
-    };
-    set("LinkToMapSeries", true);
-    set("MapSeriesSectionKey", std::string("maps"));
-    set("MapSeriesTemplateKey", std::string("sheet"));
-    set("MapSeriesFrameName", std::string("Main map"));
-    set("ClearRepeatingText", true);
-    const auto page = desk.Column(pristine_, "Page");
-    page->SetItem("FromDatabase", false);
-    page->SetItem("Expression", std::string("$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"));
-    desk.Column(pristine_, "Listing")->SetItem("ColumnWidth", 1.1);
+    desk.Store(pristine_, {{"LinkToMapSeries", true},
+                           {"MapSeriesSectionKey", "maps"},
+                           {"MapSeriesTemplateKey", "sheet"},
+                           {"MapSeriesFrameName", "Main map"},
+                           {"ClearRepeatingText", true},
+                           {"Page.FromDatabase", false},
+                           {"Page.Expression", "$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"},
+                           {"Listing.ColumnWidth", 1.1}});
     bare_ = desk.Host().NewGroupElement();
     bare_->SetGeometry(pristine_->Geometry());
     gazetteer::SetGazetteerProperties(desk.Host(), bare_, desk.Host().NewPropertySet());

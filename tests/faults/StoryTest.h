@@ -30,10 +30,6 @@ struct Story {
     friend void PrintTo(const Story& story, std::ostream* stream) { *stream << story.name; }
 };
 
-inline std::string NameOf(const testing::TestParamInfo<Story>& story) {
-    return story.param.name;
-}
-
 /// A linked gazetteer of two pages on the real desk, every call of whose objects is counted and may
 /// fail.
 class StoryTest : public testing::TestWithParam<Story> {
