@@ -12,9 +12,8 @@ TEST(NewDocuments, HoldTheDefaultColumnsAndWhatIsAsked) {
     program.Done({"new", "d.json", "--listing-database", "streets.dbf", "--page-size", "6x9",
                   "--frame", "0.5,1,5,7", "--set", "DefaultPage=3", "--set", "*.ColumnWidth=2.4",
                   "--sample"});
-    const auto page = json::parse(program.Bytes("d.json"))["page"];
-    EXPECT_EQ(page["width"], 6.0);
-    EXPECT_EQ(page["height"], 9.0);
+    const auto page = json::parse(program.Read("d.json"))["page"];
+    EXPECT_EQ(json({page["width"], page["height"]}), json({6.0, 9.0}));
     EXPECT_EQ(page["elements"][0]["geometry"]["envelope"], json({0.5, 1.0, 5.5, 8.0}));
     const auto stored = program.Stored("d.json");
     EXPECT_EQ(stored["IndexDatabaseFile"], program.File("streets.dbf"));
@@ -24,10 +23,9 @@ TEST(NewDocuments, HoldTheDefaultColumnsAndWhatIsAsked) {
     EXPECT_EQ(columns["Page"]["Expression"], "$$PAGE_NUMBER $$ROW-$$COLUMN");
     EXPECT_EQ(columns["Page"]["ColumnWidth"], 2.4);
     EXPECT_EQ(stored["DefaultPage"], 3);
-    EXPECT_EQ(stored["SamplePage"], true);
-    EXPECT_EQ(stored["CombineWithNewLine"], true);
-    EXPECT_EQ(stored["CombineFirstAndLast"], true);
     EXPECT_EQ(stored["HaveSavedListings"], false);
+    for (const char* on : {"SamplePage", "CombineWithNewLine", "CombineFirstAndLast"})
+        EXPECT_EQ(stored[on], true) << on;
 }
 
 TEST(Set, DropsResultsAndChecksAnew) {
@@ -62,7 +60,7 @@ TEST(Set, DropsResultsAndChecksAnew) {
 TEST(Set, BringsOtherVersionsToThePresentOne) {
     const Program program;
     program.Done({"new", "d.json", "--listing-database", "streets.dbf"});
-    auto bytes = program.Bytes("d.json");
+    auto bytes = program.Read("d.json");
     const auto at = bytes.find(R"({"integer":3})");
     ASSERT_NE(at, std::string::npos);
     program.Write("d.json", bytes.replace(at, 13, R"({"integer":7})"));

@@ -32,7 +32,7 @@ TEST(Values, ReadAsTheTypeOfTheirKeyAndWrittenBackTheSame) {
     const std::tuple<ValueKind, Texts, Texts> kinds[] = {
         {ValueKind::Boolean, {"true", "false"}, {"True", "1", ""}},
         {ValueKind::Long, {"-12"}, {"1.0", "3000000000", " 1"}},
-        {ValueKind::Double, {"0.1", "-2"}, {"1,5", "nan", "1 ", "1e400"}},
+        {ValueKind::Double, {"0.1", "-2"}, {"1,5", "nan", "1 ", "1e400", "-1001"}},
         {ValueKind::String, {" two  blanks, a comma "}, {}},
         {ValueKind::TextSymbol,
          {"DejaVu Sans Mono,10,bold,#B00010", "Liberation Sans,8.5", "Liberation Sans,8,#00FF01"},

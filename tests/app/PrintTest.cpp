@@ -1,8 +1,6 @@
-#include <fcntl.h>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <set>
-#include <stdlib.h>
-#include <unistd.h>
 
 #include "app/Program.h"
 
@@ -25,7 +23,7 @@ TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
             {"make", "long.dbf", "-o", "o.pdf", "--document", "o.json", "--page-size", sheet});
         EXPECT_FALSE(Contains(made.errors, "warning"));
         const auto tree = program_.Done({"draw", "o.json", "--page", "1", "--json"}).Json();
-        const auto& frame = tree["frame"];
+        const double edge = tree["frame"]["xmax"];
         std::set<double> lefts;
         double right = 0;
         int headings = 0;
@@ -33,14 +31,12 @@ TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
             const auto& bounds = member["bounds"];
             lefts.insert(std::round(bounds["xmin"].get<double>() * 1000));
             right = std::max(right, bounds["xmax"].get<double>());
-            EXPECT_GE(bounds["ymin"].get<double>(), frame["ymin"].get<double>() - 1e-6);
-            EXPECT_LE(bounds["ymax"].get<double>(), frame["ymax"].get<double>() + 1e-6);
             if (member["tag"] == "BREAKGROUP") ++headings;
         }
         EXPECT_EQ(lefts.size(), groups);
         // Widths are rounded down to thousandths.
-        EXPECT_NEAR(right, frame["xmax"], 0.0011 + groups * 0.001);
-        EXPECT_LE(right, frame["xmax"].get<double>() + 1e-6);
+        EXPECT_NEAR(right, edge, 0.0011 + groups * 0.001);
+        EXPECT_LE(right, edge + 1e-6);
         EXPECT_GT(headings, 1);
     }
 }
@@ -64,7 +60,7 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
     // A document is labelled with the page that is drawn on it.
     for (const std::size_t page : {1U, 0U}) {
         program_.Done({"draw", "o.json", "--page", std::to_string(page + 1)});
-        const auto document = nlohmann::json::parse(program_.Bytes("o.json"));
+        const auto document = nlohmann::json::parse(program_.Read("o.json"));
         const auto& elements = document["page"]["elements"];
         EXPECT_EQ(elements[1]["tag"], "RUNNINGHEAD");
         EXPECT_EQ(elements[1]["text"], of(page, "first") + " \u2013 " + of(page, "last"));
@@ -93,14 +89,12 @@ TEST_F(Print, ImagesAreNumbered) {
     for (const char* file : {"o-1.svg", "o-2.svg", "p-2.PNG"}) EXPECT_TRUE(program_.Exists(file));
     for (const char* file : {"o.svg", "p-1.PNG"}) EXPECT_FALSE(program_.Exists(file)) << file;
     program_.Done({"draw", "o.json", "--page", "2", "-o", "one.png"});
-    EXPECT_EQ(program_.Bytes("one.png"), program_.Bytes("p-2.PNG"));
+    EXPECT_EQ(program_.Read("one.png"), program_.Read("p-2.PNG"));
 }
 
 TEST_F(Print, ProgressIsForTerminals) {
     // A container may have no pseudo-terminals.
-    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
-    if (terminal < 0) GTEST_SKIP() << "there is no pseudo-terminal here";
-    ::close(terminal);
+    if (!std::ifstream("/dev/ptmx")) GTEST_SKIP() << "there is no pseudo-terminal here";
     const std::string make = GAZETTEER_PROGRAM " make long.dbf -o o.pdf";
     EXPECT_FALSE(Contains(program_.Done({"make", "long.dbf", "-o", "o.pdf"}).errors, "\r"));
     EXPECT_TRUE(Contains(program_.Shell("script -qec '" + make + "' /dev/null"), "\x1b[K"));

@@ -39,8 +39,8 @@ Program::Program() {
                                {"Abbey Road", "4", "1", "2"}});
 }
 
-Outcome Program::Run(std::vector<std::string> arguments, const Preparation& prepare) const {
-    return Child(*this, std::move(arguments), prepare).End();
+Outcome Program::Run(std::vector<std::string> arguments) const {
+    return Child(*this, std::move(arguments)).End();
 }
 
 Outcome Program::Done(std::vector<std::string> arguments) const {
@@ -50,7 +50,7 @@ Outcome Program::Done(std::vector<std::string> arguments) const {
 }
 
 nlohmann::json Program::Stored(const std::string& document) const {
-    const auto whole = nlohmann::json::parse(Bytes(document));
+    const auto whole = nlohmann::json::parse(Read(document));
     for (const auto& element : whole["page"]["elements"])
         if (element.contains("custom"))
             return AsObject(element["custom"])["CorvaneProperties"]["GazetteerProperties"];
@@ -78,8 +78,7 @@ void Program::WriteLongTable(const std::string& name, int listings) const {
     WriteTable(name, rows);
 }
 
-Child::Child(const Program& program, std::vector<std::string> arguments, const Preparation& prepare)
-    : program_(program) {
+Child::Child(const Program& program, std::vector<std::string> arguments) : program_(program) {
     arguments.insert(arguments.begin(), GAZETTEER_PROGRAM);
     std::vector<char*> pointers;
     for (auto& argument : arguments) pointers.push_back(argument.data());
@@ -93,7 +92,6 @@ Child::Child(const Program& program, std::vector<std::string> arguments, const P
     ::setenv("XDG_DATA_HOME", program_.File("data").c_str(), 1);
     Redirect(streams_.File("output"), STDOUT_FILENO);
     Redirect(streams_.File("errors"), STDERR_FILENO);
-    if (prepare) prepare();
     ::execv(pointers[0], pointers.data());
     ::_exit(127);
 }

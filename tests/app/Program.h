@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -27,29 +26,20 @@ struct Outcome {
 /// Whether a piece stands in a text; a failed expectation shows both.
 testing::AssertionResult Contains(const std::string& text, const std::string& piece);
 
-/// What is to be done in a new process before it becomes the program; it must not allocate.
-using Preparation = std::function<void()>;
-
 /// The real program, run in a folder of its own as a user would run it.
-class Program {
+class Program : public support::TemporaryFolder {
 public:
     Program();
 
-    Outcome Run(std::vector<std::string> arguments, const Preparation& prepare = {}) const;
+    Outcome Run(std::vector<std::string> arguments) const;
     /// Runs a command that must succeed.
     Outcome Done(std::vector<std::string> arguments) const;
     /// Standard output of a shell command that runs in the folder.
     std::string Shell(const std::string& command) const {
-        return support::Output("cd '" + folder_.Path() + "' && " + command);
+        return support::Output("cd '" + Path() + "' && " + command);
     }
 
-    std::string File(const std::string& name) const { return folder_.File(name); }
-    /// Writes a file into the folder.
-    void Write(const std::string& name, const std::string& bytes) const {
-        folder_.Write(name, bytes);
-    }
     bool Exists(const std::string& name) const { return std::filesystem::exists(File(name)); }
-    std::string Bytes(const std::string& name) const { return folder_.Read(name); }
     /// The values under the gazetteer's keys as the document stores them, by name.
     nlohmann::json Stored(const std::string& document) const;
 
@@ -58,16 +48,12 @@ public:
                     const std::vector<std::vector<std::string>>& rows) const;
     /// As many listings as asked for, two to a letter, each with its number as the page.
     void WriteLongTable(const std::string& name, int listings) const;
-
-private:
-    support::TemporaryFolder folder_;
 };
 
 /// A run of the program beside the test.
 class Child {
 public:
-    Child(const Program& program, std::vector<std::string> arguments,
-          const Preparation& prepare = {});
+    Child(const Program& program, std::vector<std::string> arguments);
     ~Child() { Kill(); }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;

@@ -30,14 +30,14 @@ protected:
 
     Contents Read(const std::vector<std::string>& files) const {
         Contents contents;
-        for (const auto& file : files) contents[file] = program.Bytes(file);
+        for (const auto& file : files) contents[file] = program.Read(file);
         return contents;
     }
     void Restore(const Contents& contents) const {
         for (const auto& [file, bytes] : contents) program.Write(file, bytes);
     }
     /// Kills a run so long after it began to write. Returns whether it was still writing then.
-    bool Kill(const Case& c, Clock::duration delay) const {
+    bool Kill(const Case& c, std::chrono::duration<double> delay) const {
         Child child(program, c.command);
         while (!child.HasEnded() && !child.IsWriting()) continue;
         std::this_thread::sleep_for(delay);
@@ -76,8 +76,7 @@ TEST_F(Killed, InWritingLeavesTheOldOrTheNew) {
         ASSERT_NE(before, after);
         for (int i = 0; i < kKillsPerCommand; ++i) {
             Restore(before);
-            const auto delay = duration * part(random);
-            writing += Kill(c, std::chrono::duration_cast<Clock::duration>(delay)) ? 1 : 0;
+            writing += Kill(c, duration * part(random)) ? 1 : 0;
             const auto left = Read(c.files);
             for (const auto& [file, bytes] : left)
                 EXPECT_TRUE(bytes == before.at(file) || bytes == after.at(file))

@@ -28,19 +28,17 @@ protected:
     /// Name and content of every file of the folder.
     std::map<std::string, std::string> Files() const {
         std::map<std::string, std::string> files;
-        for (const auto& entry : fs::directory_iterator(program.File("")))
-            if (entry.is_regular_file()) {
-                const std::string name = entry.path().filename();
-                files[name] = program.Bytes(name);
-            }
+        for (const auto& entry : fs::directory_iterator(program.File(""))) {
+            const std::string name = entry.path().filename();
+            if (entry.is_regular_file()) files[name] = program.Read(name);
+        }
         return files;
     }
     /// The command is refused in these words and changes nothing.
-    void ExpectRefusal(const Words& command, const Words& words,
-                       const tests::Preparation& prepare = {}) const {
+    void ExpectRefusal(const Words& command, const Words& words) const {
         SCOPED_TRACE(command[0] + ' ' + words[0]);
         const auto before = Files();
-        const auto outcome = program.Run(command, prepare);
+        const auto outcome = program.Run(command);
         EXPECT_EQ(outcome.status, 1);
         for (const auto& word : words) EXPECT_TRUE(Contains(outcome.errors, word));
         EXPECT_TRUE(before == Files());
@@ -58,11 +56,13 @@ TEST_F(World, FilesThatMayNotGrowStayAsTheyAre) {
         {make, "\"d.json\""},
         {{"export", "d.json", "-o", "o.pdf"}, "\"o.pdf\""},
         {{"export", "d.json", "-o", "o.png"}, "\"o-1.png\""}};
+    rlimit usual{};
+    ::getrlimit(RLIMIT_FSIZE, &usual);
+    const rlimit small{3000, usual.rlim_max};
     for (const auto& [command, file] : cases) {
-        ExpectRefusal(command, {file, "cannot be written: File too large."}, [] {
-            const rlimit limit{3000, 3000};
-            ::setrlimit(RLIMIT_FSIZE, &limit);
-        });
+        ::setrlimit(RLIMIT_FSIZE, &small);
+        ExpectRefusal(command, {file, "cannot be written: File too large."});
+        ::setrlimit(RLIMIT_FSIZE, &usual);
         program.Done(command);
     }
 }
@@ -77,21 +77,17 @@ TEST(TwoPrograms, WhoReadBeforeTheOtherWroteIsRefused) {
     program.WriteLongTable("names.dbf", 4000);
     program.Done({"make", "names.dbf", "-o", "o.pdf", "--document", "long.json"});
     Child slow(program, {"draw", "long.json", "--page", "2"});
-    bool held = false;
-    while (!held && slow.Stop()) {
-        held = slow.IsWriting();
-        if (!held) slow.Continue();
-    }
-    ASSERT_TRUE(held);
+    while (slow.Stop() && !slow.IsWriting()) slow.Continue();
+    ASSERT_FALSE(slow.HasEnded());
     program.Done({"set", "long.json", "Listing.Title=Place"});
-    const std::string theirs = program.Bytes("long.json");
+    const std::string theirs = program.Read("long.json");
     slow.Continue();
     const auto outcome = slow.End();
     EXPECT_EQ(outcome.status, 1);
     EXPECT_TRUE(Contains(outcome.errors,
                          "\"long.json\" cannot be written: another program has "
                          "changed it since it was read."));
-    EXPECT_EQ(program.Bytes("long.json"), theirs);
+    EXPECT_EQ(program.Read("long.json"), theirs);
     program.Done({"draw", "long.json", "--page", "2"});
 }
 
@@ -108,18 +104,13 @@ TEST(TwoPrograms, OneOfTwoMakesANewDocument) {
     }
 }
 
-TEST(TwoPrograms, ALockIsToldAndGoesWithItsHolder) {
-    const tests::Program program;
-    program.Done({"new", "d.json", "--listing-database", "streets.dbf"});
-    const std::string before = program.Bytes("d.json");
+TEST_F(World, ALockIsToldAndGoesWithItsHolder) {
+    const Words command = {"set", "d.json", "DefaultPage=2"};
     const int file = ::open(program.File("d.json").c_str(), O_RDONLY | O_CLOEXEC);
     ASSERT_EQ(::flock(file, LOCK_EX), 0);
-    const auto outcome = program.Run({"set", "d.json", "DefaultPage=2"});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_TRUE(Contains(outcome.errors, "another program is just saving it"));
-    EXPECT_EQ(program.Bytes("d.json"), before);
+    ExpectRefusal(command, {"another program is just saving it"});
     ::close(file);
-    program.Done({"set", "d.json", "DefaultPage=2"});
+    program.Done(command);
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ TEST(Values, OfAllColumnsAtTheirEdges) {
 // Each of 50 columns takes its share of the frame.
 TEST(Sizes, OfColumns) {
     Trial trial;
-    const auto& program = trial.TheProgram();
+    const auto& program = trial.program;
     program.Done({"set", "names.json", "*.MarginLeft=0", "*.MarginRight=0", "*.ColumnWidth=0.15",
                   "*.Title=", "*.ColumnFontSymbol=DejaVu Sans,2", "*.BreakHeading=false"});
     for (int column = 3; column <= 50; ++column)
@@ -90,10 +90,8 @@ TEST(Sizes, OfColumns) {
 }
 
 TEST(Sizes, OfSheetsAndFrames) {
-    constexpr int kDone = 0;
-    constexpr int kCouldNot = 1;
-    constexpr int kWrongUsage = 2;
-    const std::tuple<const char*, const char*, int> cases[] = {
+    enum Status { kDone, kCouldNot, kWrongUsage };
+    const std::tuple<const char*, const char*, Status> cases[] = {
         {"200x200", "0,0,200,200", kDone},
         {"200x200", "", kDone},
         {"200x200", "100,100,0.1,0.1", kCouldNot},
@@ -120,7 +118,7 @@ TEST(Sizes, OfSheetsAndFrames) {
 // On the widest sheets the column groups are wider, but none stands out of the frame.
 TEST(Sizes, OfColumnGroups) {
     Trial trial;
-    trial.TheProgram().WriteLongTable("long.dbf", 5000);
+    trial.program.WriteLongTable("long.dbf", 5000);
     for (const char* sheet : {"4x2", "36x4", "37.5x4", "60x2", "200x2"}) {
         SCOPED_TRACE(sheet);
         const auto made = trial.MakeAndDraw({"long.dbf", "--page-size", sheet});
@@ -140,8 +138,8 @@ TEST(Sizes, OfType) {
                            "Listing.ColumnWidth=150", "--set", "Page.ColumnWidth=50"});
     EXPECT_EQ(made.status, 0) << made.errors;
     // A document may ask for any size.
-    const auto& program = trial.TheProgram();
-    const std::string document = program.Bytes("names.json");
+    const auto& program = trial.program;
+    const std::string document = program.Read("names.json");
     for (const std::string size : {"0.0", "1e-300", "-5.0", "20000.0", "1e300"}) {
         SCOPED_TRACE(size);
         program.Write("names.json",
