@@ -19,6 +19,7 @@ protected:
             .Row({"x", "1"})
             .Write(program_.File("nopage.dbf"));
         program_.Done({"new", "d.json", "--listing-database", "streets.dbf"});
+        program_.Done({"new", "empty.json", "--listing-database", "empty.dbf"});
         program_.Done({"new", "lost.json", "--listing-database", "streets.dbf", "--set",
                        "IndexDatabaseFile=gone.dbf"});
         program_.Done(
@@ -60,6 +61,8 @@ TEST_F(Refusals, OfWrongUsage) {
         {{"table", "streets.dbf", "--limit", "-1"}, 2, "--limit"},
         {{"column"}, 2, "command is missing"},
         {{"--locale", "is", "table", "streets.dbf"}, 2, "no command \"--locale\""},
+        {{"set", "d.json", "Listing.ColumnFontSymbol=DejaVu Sans,1e9"}, 2, "SIZE at most 1000"},
+        {{"set", "d.json", "Listing.ColumnWidth=-1001"}, 2, "inches from -1000 to 1000"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--page-size", "a0"}, 2, "--page-size a0"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--frame", "1,1,9,3"}, 2, "--frame 1,1,9,3"},
         {{"export", "d.json", "-o", "o.pdf", "--pages", "2-1"}, 2, "--pages 2-1"},
@@ -75,6 +78,7 @@ TEST_F(Refusals, OfWrongUsage) {
         {{"set", "d.json", "ColumnDisplayOrder=Page:off,Listing"}, 2, "\"Page:off\""},
         {{"column", "add", "d.json", "PAGE"}, 2, "Invalid Name: Column name already in use!"},
         {{"column", "add", "d.json", "  "}, 2, "name"},
+        {{"column", "add", "d.json", "OID"}, 2, "cannot be named \"OID\""},
         {{"column", "add", "d.json", "a,b"}, 2, "commas separate"},
         {{"column", "add", "d.json", "Gr\xF6\xDF e"}, 2, "NAME: \"Gr?? e\" is not UTF-8"},
         {{"set", "d.json", "Page.Title=\xF6"}, 2, "\"Page.Title=?\" is not UTF-8"},
@@ -99,8 +103,11 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
         {{"make", "streets.dbf", "-o", "o.png", "--document", "nowhere/x.json"}, 1, "nowhere"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--set", "*.Expression="}, 1, "records are empty"},
         {{"export", "lost.json", "-o", "o.pdf"}, 1, "does not exist"},
+        {{"table", "gone.dbf"}, 1, "gone.dbf"},
+        {{"table", "half.dbf"}, 1, "half.dbf is damaged"},
         {{"make", "half.dbf", "-o", "o.pdf"}, 1, "half.dbf is damaged"},
         {{"draw", "d.json", "--page", "2"}, 1, "There is no page 2"},
+        {{"export", "empty.json", "-o", "o.pdf"}, 1, "no records"},
         {{"draw", "low.json", "--page", "1"}, 1, "no page"},
         {{"export", "low.json", "-o", "o.png"}, 1, "no page"},
         {{"generate", "narrow.json"}, 1, "too narrow for selected Font! (column \"Page\""},
@@ -114,6 +121,7 @@ TEST_F(Refusals, TellMoreWhenAskedToAndLessWhereThereAreNoPages) {
         EXPECT_TRUE(Contains(outcome.errors, told));
     EXPECT_TRUE(
         Contains(program_.Done({"generate", "low.json"}).errors, "2 listings found no place"));
+    EXPECT_EQ(program_.Done({"check", "empty.json", "--json"}).Json()["drawable"], true);
 }
 
 TEST_F(Refusals, OfDamagedDocumentsByEveryCommand) {
@@ -123,6 +131,7 @@ TEST_F(Refusals, OfDamagedDocumentsByEveryCommand) {
     };
     for (const auto& [bytes, sentence] :
          {std::pair{good.substr(0, good.size() / 2), "damaged"},
+          {gazetteer::ReplaceAll(good, "\"version\":1", "\"version\":2"), "version 2"},
           {with(""), "\"RepeatSpacing\""},
           {with("[\"RepeatSpacing\",\"w\"],\n"), "\"RepeatSpacing\""}}) {
         program_.Write("d.json", bytes);

@@ -109,6 +109,12 @@ TEST_F(Results, AreOnDiskOnceACommandSaves) {
     EXPECT_FALSE(Contains(draft, "ROWGROUP"));
     EXPECT_EQ(json::parse(draft)["page"]["elements"][0]["draft"], true);
     EXPECT_EQ(program_.Stored("d.json")["HaveSavedListings"], true);
+
+    // Those of every binding are never stored.
+    program_.Done({"set", "d.json", "AutoRefreshListings=true"});
+    const auto before = program_.Read("d.json");
+    EXPECT_TRUE(Contains(program_.Done({"generate", "d.json"}).errors, "4 records"));
+    EXPECT_EQ(program_.Read("d.json"), before);
 }
 
 TEST_F(Results, CheckGivesEveryReason) {
@@ -119,6 +125,7 @@ TEST_F(Results, CheckGivesEveryReason) {
     EXPECT_EQ(check["drawable"], false);
     ASSERT_EQ(check["reasons"].size(), 2U);
     EXPECT_TRUE(Contains(check["reasons"][0], "Nowhere"));
+    EXPECT_TRUE(Contains(check["reasons"][1], "Page"));
     // A check that fails on its way is an answer, too, and told once.
     program_.Write("broken.dbf", "no table");
     program_.Done({"set", "d.json", "IndexDatabaseFile=broken.dbf"});
@@ -148,7 +155,9 @@ TEST_F(Results, OfADamagedTableAreWhatIsUnmistakable) {
     const auto made = program_.Done({"make", "cut.dbf", "-o", "o.pdf"});
     for (const char* told : {"cut.dbf", "1 is missing", "3 records"})
         EXPECT_TRUE(Contains(made.errors, told));
-    EXPECT_EQ(program_.Done({"table", "cut.dbf", "--json"}).Json()["warnings"].size(), 1U);
+    const auto table = program_.Done({"table", "cut.dbf", "--json"}).Json();
+    EXPECT_EQ(table["rows"].size(), 3U);
+    EXPECT_EQ(table["warnings"].size(), 1U);
 }
 
 }  // namespace

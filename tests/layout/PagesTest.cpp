@@ -60,15 +60,6 @@ struct RandomGazetteer : SmallHost {
     host::Ref<host::IHostGroupElement> element;
 };
 
-// Texts of a column of the rows drawn, in the order in which they stand on the page.
-std::vector<std::string> Drawn(const host::IHostGroupElement& element, const char* rows,
-                               int column) {
-    std::vector<std::string> texts;
-    for (const auto& row : SmallHost::Members(element, rows))
-        texts.push_back(SmallHost::CellText(*row, column));
-    return texts;
-}
-
 // References of the listings, in the order of the index or of one of its pages.
 std::vector<std::string> References(CVNGazetteerManager& manager, std::int32_t page = 0) {
     const auto cells = SmallHost::SetIn(*manager.Working().listings, "Page");
@@ -112,7 +103,7 @@ TEST(Pages, RandomGazetteersKeepTheirPromises) {
             manager.SetIndexToPageNumber(page);
             ASSERT_EQ(random.Dialogs().LastCause(), "");
             const auto numbered = References(manager, page);
-            EXPECT_EQ(Drawn(*random.element, "ROWGROUP", 1), numbered) << "page " << page;
+            EXPECT_EQ(SmallHost::DrawnTexts(*random.element, 1), numbered) << "page " << page;
             all.insert(all.end(), numbered.begin(), numbered.end());
             ExpectInsideFrame(random, *random.element, manager.BoundSettings().repeatSpacing);
 
@@ -224,7 +215,7 @@ TEST_F(SmallPages, BreaksFollowFirstLetters) {
         element = NewGazetteer(ListingTable(rows), 4.5, 5);
         Store(element, {{"SortColumns", false}, {"AddStartingBreak", startingBreak}});
         Bind().SetIndexToPageNumber(1);
-        EXPECT_EQ(Drawn(*element, "BREAKGROUP", 0), Split(headings, '|')) << what;
+        EXPECT_EQ(DrawnTexts(*element, 0, "BREAKGROUP"), Split(headings, '|')) << what;
     }
 }
 
@@ -233,8 +224,8 @@ TEST_F(SmallPages, RepeatingTextIsBlankedFromTheLeft) {
         ListingTable({{"Ash", "1"}, {"ASH", "2"}, {"Birch", "2"}, {"Birch", "3"}}), 4.5, 5);
     Store(element, {{"CombineListings", false}, {"ClearRepeatingText", true}});
     Bind().SetIndexToPageNumber(1);
-    EXPECT_EQ(Drawn(*element, "ROWGROUP", 0), Split("Ash| |Birch| ", '|'));
-    EXPECT_EQ(Drawn(*element, "ROWGROUP", 1), Split("1|2|2|3", '|'));
+    EXPECT_EQ(DrawnTexts(*element, 0), Split("Ash| |Birch| ", '|'));
+    EXPECT_EQ(DrawnTexts(*element, 1), Split("1|2|2|3", '|'));
 }
 
 TEST_F(SmallPages, ForeignMembersSurviveBehindTheRows) {

@@ -116,9 +116,10 @@ std::string TestHost::CellText(const host::IHostElement& row, int column) {
     return host::As<host::IHostTextElement>(cell->Item(1))->Text();
 }
 
-std::vector<std::string> TestHost::DrawnTexts(const host::IHostGroupElement& element, int column) {
+std::vector<std::string> TestHost::DrawnTexts(const host::IHostGroupElement& element, int column,
+                                              const char* rows) {
     std::vector<std::string> texts;
-    for (const auto& row : Members(element, "ROWGROUP")) texts.push_back(CellText(*row, column));
+    for (const auto& row : Members(element, rows)) texts.push_back(CellText(*row, column));
     return texts;
 }
 

@@ -44,7 +44,7 @@ public:
     static std::string CellText(const host::IHostElement& row, int column);
     /// The texts of a column as they are drawn, from the top.
     static std::vector<std::string> DrawnTexts(const host::IHostGroupElement& element,
-                                               int column = 0);
+                                               int column = 0, const char* rows = "ROWGROUP");
     static host::Ref<host::IHostPropertySet> SetIn(const host::IHostPropertySet& set,
                                                    const std::string& name);
     template <class T>

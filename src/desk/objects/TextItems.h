@@ -57,7 +57,7 @@ private:
     std::string bytes_;
     std::vector<Entry> entries_;
     std::vector<Slot> slots_;  ///< Their number is a power of two, or 0.
-    /// Behind the entry found last. Most sets are read from the first entry to the last.
+    /// Index after the entry found last, since most sets are read in order.
     mutable std::size_t next_ = 0;
 };
 

@@ -8,11 +8,11 @@ namespace desk {
 /// Returned for bytes that are not UTF-8. Greater than every character.
 inline constexpr char32_t kNotUtf8 = 0xFFFFFFFF;
 
-/// As NextCodePoint, which answers for one byte by itself.
+/// NextCodePoint for characters of any length; that function reads ASCII inline.
 char32_t NextOfAnyLength(std::string_view text, std::size_t& place);
 
-/// Returns the UTF-8 character at the place and moves the place behind it. Returns kNotUtf8 for
-/// bytes that are not UTF-8 and moves the place behind these.
+/// Returns the UTF-8 character at the place and advances the place to the next one. For bytes that
+/// are not UTF-8 it returns kNotUtf8 and advances past them.
 inline char32_t NextCodePoint(std::string_view text, std::size_t& place) {
     constexpr unsigned char kAsciiLimit = 0x80;
     const auto byte = static_cast<unsigned char>(text[place]);
