@@ -56,19 +56,6 @@ TEST(Set, DropsResultsAndChecksAnew) {
     }
 }
 
-// Of another version than is known these options count as off, and stay so.
-TEST(Set, BringsOtherVersionsToThePresentOne) {
-    const Program program;
-    program.Done({"new", "d.json", "--listing-database", "streets.dbf"});
-    auto bytes = program.Read("d.json");
-    const auto at = bytes.find(R"({"integer":3})");
-    ASSERT_NE(at, std::string::npos);
-    program.Write("d.json", bytes.replace(at, 13, R"({"integer":7})"));
-    program.Done({"set", "d.json", "DefaultPage=2"});
-    EXPECT_EQ(program.Stored("d.json")["CombineFirstAndLast"], false);
-    EXPECT_EQ(program.Stored("d.json")["Version"], json({{"integer", 3}}));
-}
-
 TEST(Columns, AreAddedLikeTheFirstOneAndRemoved) {
     const Program program;
     program.Done({"new", "d.json", "--listing-database", "streets.dbf", "--set",

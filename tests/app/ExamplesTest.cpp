@@ -55,23 +55,16 @@ TEST(Examples, TheAtlasIsLinkedToItsBook) {
     EXPECT_EQ(found["Region"], "Iceland");
 
     // A record whose reference is no number is named.
-    using Row = std::vector<std::string>;
-    for (const auto& [bad, fact] :
-         {std::pair{Row{"Bad", "1", "", "1"}, "field \"Row\", value \"\""},
-          std::pair{Row{"Bad", "1", "1", "1-2"}, "field \"Column\", value \"1-2\""}}) {
-        support::DbfBuilder({{"LISTING"}, {"PAGE"}, {"ROW"}, {"COLUMN"}})
-            .Row({"Good", "1", "1", "1"})
-            .Row({"Gone", "y", "y", "y"}, true)
-            .Row(bad)
-            .Write(program.File("odd.dbf"));
-        program.Done({"set", "atlas.json", "IndexDatabaseFile=odd.dbf"});
-        const auto before = program.Read("atlas.json");
-        const auto outcome = program.Run({"generate", "atlas.json"});
-        EXPECT_EQ(outcome.status, 1) << fact;
-        EXPECT_TRUE(Contains(outcome.errors, fact));
-        EXPECT_TRUE(Contains(outcome.errors, "record 3"));
-        EXPECT_EQ(program.Read("atlas.json"), before);
-    }
+    support::DbfBuilder({{"LISTING"}, {"PAGE"}, {"ROW"}, {"COLUMN"}})
+        .Row({"Good", "1", "1", "1"})
+        .Row({"Gone", "y", "y", "y"}, true)
+        .Row({"Bad", "1", "1", "1-2"})
+        .Write(program.File("odd.dbf"));
+    program.Done({"set", "atlas.json", "IndexDatabaseFile=odd.dbf"});
+    const auto outcome = program.Run({"generate", "atlas.json"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(Contains(outcome.errors, "record 3"));
+    EXPECT_TRUE(Contains(outcome.errors, "field \"Column\", value \"1-2\""));
 }
 
 }  // namespace

@@ -104,7 +104,6 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
         {{"make", "streets.dbf", "-o", "o.pdf", "--set", "*.Expression="}, 1, "records are empty"},
         {{"export", "lost.json", "-o", "o.pdf"}, 1, "does not exist"},
         {{"table", "gone.dbf"}, 1, "gone.dbf"},
-        {{"table", "half.dbf"}, 1, "half.dbf is damaged"},
         {{"make", "half.dbf", "-o", "o.pdf"}, 1, "half.dbf is damaged"},
         {{"draw", "d.json", "--page", "2"}, 1, "There is no page 2"},
         {{"export", "empty.json", "-o", "o.pdf"}, 1, "no records"},

@@ -147,17 +147,14 @@ TEST_F(Results, TableTellsHowAFileIsRead) {
         "rows": [["K\u00F6ln", "2.5", "True"], ["y", null, null]], "warnings": []})"));
     const auto limited = program_.Done({"table", "t.dbf", "--json", "--limit", "1"}).Json();
     EXPECT_EQ(limited["rows"].size(), 1U);
-}
 
-TEST_F(Results, OfADamagedTableAreWhatIsUnmistakable) {
     const std::string good = program_.Read("streets.dbf");
     program_.Write("cut.dbf", good.substr(0, good.size() - 20));
-    const auto made = program_.Done({"make", "cut.dbf", "-o", "o.pdf"});
-    for (const char* told : {"cut.dbf", "1 is missing", "3 records"})
-        EXPECT_TRUE(Contains(made.errors, told));
-    const auto table = program_.Done({"table", "cut.dbf", "--json"}).Json();
-    EXPECT_EQ(table["rows"].size(), 3U);
-    EXPECT_EQ(table["warnings"].size(), 1U);
+    const std::string told = program_.Done({"make", "cut.dbf", "-o", "o.pdf"}).errors;
+    EXPECT_TRUE(Contains(told, "cut.dbf") && Contains(told, "1 is missing"));
+    const auto cut = program_.Done({"table", "cut.dbf", "--json"}).Json();
+    EXPECT_EQ(cut["rows"].size(), 3U);
+    EXPECT_EQ(cut["warnings"].size(), 1U);
 }
 
 }  // namespace

@@ -90,21 +90,16 @@ TEST(ComponentFile, StaysLoadedAsLongAsAnythingOfItIsUsed) {
     EXPECT_FALSE(IsLoaded());
 }
 
-/// Path of a library that is no component.
-std::string OtherLibrary() {
-    Dl_info info{};
-    ::dladdr(::dlsym(RTLD_DEFAULT, "getenv"), &info);
-    return info.dli_fname;
-}
-
 TEST(ComponentFile, ThatIsNoneIsRefused) {
     const support::TemporaryFolder folder;
     const auto text = folder.Write("text.so", "no library");
+    Dl_info other{};
+    ::dladdr(::dlsym(RTLD_DEFAULT, "getenv"), &other);
     const std::pair<std::string, std::string> files[] = {
         {folder.File("gone.so"),
          "The component library \"" + folder.File("gone.so") + "\" is not there."},
         {text, "cannot be loaded: " + text},
-        {OtherLibrary(), "no entry point \"Component"}};
+        {other.dli_fname, "no entry point \"Component"}};
     for (const auto& [file, words] : files) {
         const auto cause = FailureOf([&, &name = file] { desk::ComponentLibrary{name}; }).cause;
         EXPECT_NE(cause.find(words), std::string::npos) << file << "\n" << cause;

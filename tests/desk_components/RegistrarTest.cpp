@@ -73,8 +73,6 @@ TEST_F(Registrar, LeavesADamagedListAlone) {
 }
 
 TEST(ComponentsFile, LiesInTheUsersDataFolder) {
-    const char* const home = ::getenv("HOME");
-    const std::string before = home == nullptr ? "" : home;
     ::setenv("HOME", "/home/me", 1);
     ::setenv("XDG_DATA_HOME", "/data", 1);
     EXPECT_EQ(desk::ComponentsFile(), "/data/gazetteer-desk/components.json");
@@ -83,7 +81,6 @@ TEST(ComponentsFile, LiesInTheUsersDataFolder) {
     ::unsetenv("XDG_DATA_HOME");
     ::unsetenv("HOME");
     EXPECT_THROW(desk::ComponentsFile(), host::Failure);
-    ::setenv("HOME", before.c_str(), 1);
 }
 
 }  // namespace

@@ -78,7 +78,7 @@ std::shared_ptr<desk::PropertySet> Everything() {
     return set;
 }
 
-TEST(Document, GivesBackAnyCustomPropertyExactly) {
+TEST(Document, GivesBackACopyOfAnyCustomPropertyExactly) {
     const TemporaryFolder folder;
     const auto path = folder.File("a.json");
     const auto set = Everything();
@@ -88,8 +88,12 @@ TEST(Document, GivesBackAnyCustomPropertyExactly) {
     const auto texts = std::make_shared<desk::PropertySet>();
     for (int i = 0; i < 20'000; ++i) texts->SetItem(std::to_string(i), "text " + std::to_string(i));
     set->SetItem("texts", Object(texts));
+    const auto copy = set->Copy();
+    const auto own = support::ObjectsIn(*set);
+    for (const auto* object : support::ObjectsIn(*host::As<host::IHostPropertySet>(copy)))
+        EXPECT_FALSE(own.contains(object)) << "an object is shared";
     const auto group = std::make_shared<desk::GroupElement>();
-    group->SetCustomProperty(Object(set));
+    group->SetCustomProperty(copy);
     desk::Document document;
     document.elements = {group};
     Written(document, path);

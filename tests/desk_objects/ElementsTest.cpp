@@ -107,10 +107,9 @@ TEST(HangingBox, HangsATextByItsPlacements) {
     for (const auto& [horizontal, vertical, angle, wanted] : cases) {
         SCOPED_TRACE(testing::Message() << horizontal << ' ' << vertical << ' ' << angle);
         const auto box = desk::HangingBox({144, 72}, horizontal, vertical, angle);
-        EXPECT_NEAR(box.xmin, wanted.xmin, 1e-12);
-        EXPECT_NEAR(box.ymin, wanted.ymin, 1e-12);
-        EXPECT_NEAR(box.xmax, wanted.xmax, 1e-12);
-        EXPECT_NEAR(box.ymax, wanted.ymax, 1e-12);
+        for (const auto edge :
+             {&desk::Box::xmin, &desk::Box::ymin, &desk::Box::xmax, &desk::Box::ymax})
+            EXPECT_NEAR(box.*edge, wanted.*edge, 1e-12);
     }
 }
 

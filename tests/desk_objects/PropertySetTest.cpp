@@ -5,12 +5,9 @@
 #include <rapidcheck.h>
 
 #include "desk/objects/PropertySet.h"
-#include "desk/objects/Symbols.h"
-#include "desk/text/TextEngine.h"
 #include "host/Failure.h"
 #include "support/FailureOf.h"
 #include "support/FixedSeed.h"
-#include "support/SetDump.h"
 
 namespace {
 
@@ -116,26 +113,6 @@ TEST(PropertySet, TakesAMillionKeysAndLosesThemFromTheFront) {
     EXPECT_EQ(set.AllItems().names, std::vector<std::string>{std::to_string(kKeys - 1)});
     // A removal that moves the keys behind it would take hours.
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60));
-}
-
-TEST(PropertySet, CopiesSetsAndSymbolsInsideIt) {
-    const auto fill = std::make_shared<desk::FillSymbol>();
-    fill->SetOutline(std::make_shared<desk::LineSymbol>());
-    const auto engine = std::make_shared<desk::TextEngine>();
-    const auto inner = std::make_shared<PropertySet>();
-    inner->SetItem("fill", host::Ref<host::IHostObject>(fill));
-    inner->SetItem("bare", host::Ref<host::IHostObject>(std::make_shared<desk::FillSymbol>()));
-    inner->SetItem("text",
-                   host::Ref<host::IHostObject>(std::make_shared<desk::TextSymbol>(engine)));
-    PropertySet outer;
-    outer.SetItem("inner", host::Ref<host::IHostObject>(inner));
-    outer.SetItem("nothing", host::Ref<host::IHostObject>());
-    const auto copy = std::dynamic_pointer_cast<PropertySet>(outer.Copy());
-    EXPECT_EQ(support::Dump(*copy), support::Dump(outer));
-    auto objects = support::ObjectsIn(outer);
-    const std::size_t count = objects.size();
-    objects.merge(support::ObjectsIn(*copy));
-    EXPECT_EQ(objects.size(), 2 * count) << "an object is shared";
 }
 
 TEST(PropertySet, RefusesToCopyASetThatHoldsItselfAndNamesAnAbsentKey) {

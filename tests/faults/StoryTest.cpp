@@ -17,15 +17,6 @@ constexpr char kOwnTag[] = "MINE";
 /// absent key by rule, which is told in other words or answered with no.
 constexpr int kMostProbes = 6;
 
-constexpr char kBook[] = R"({"currentTemplate": "index", "books": [{"key": "atlas", "sections": [
-   {"key": "maps", "name": "Maps", "startPage": 5, "pages": ["sheet$1", "sheet$2"],
-    "templates": [{"key": "sheet", "name": "Map sheet", "layout": [
-      {"kind": "group", "members": [{"kind": "mapFrame", "name": "Main map",
-       "series": {"indexLayer": "sheets.dbf", "firstPage": 1, "grids": [
-         {"kind": "index", "visible": true, "rows": ["A", "B"], "columns": ["i", "j"]}]}}]}]}]},
-   {"key": "back", "name": "Index", "startPage": 40, "pages": ["index$1"],
-    "templates": [{"key": "index", "name": "Gazetteer", "layout": []}]}]}]})";
-
 // What other components hang on an element: a value beside the maker's, and one among those.
 std::vector<host::Ref<host::IHostPropertySet>> OthersSets(
     const host::Ref<host::IHostGroupElement>& place) {
@@ -37,18 +28,15 @@ std::vector<host::Ref<host::IHostPropertySet>> OthersSets(
 }  // namespace
 
 StoryTest::StoryTest() {
-    desk.UseBook(kBook, {{"REGION"}, {{"North"}, {"South"}}});
+    desk.UseBook();
     pristine_ = desk.NewGazetteer(desk.GridTable({{"2nd St", "1", "1", "2"},
                                                   {"Ash", "2", "2", "1"},
                                                   {"Ash", "1", "2", "1"},
                                                   {"Ash", "1", "2", "1"},
                                                   {"Birch Lane and Square", "2", "1", "1"}}),
                                   4.5, 0.9);
-    desk.Store(pristine_, {{"LinkToMapSeries", true},
-                           {"MapSeriesSectionKey", "maps"},
-                           {"MapSeriesTemplateKey", "sheet"},
-                           {"MapSeriesFrameName", "Main map"},
-                           {"ClearRepeatingText", true},
+    desk.StoreLink(pristine_, "maps");
+    desk.Store(pristine_, {{"ClearRepeatingText", true},
                            {"Page.FromDatabase", false},
                            {"Page.Expression", "$$PAGE_NUMBER $$ROW-$$COLUMN [Region]"},
                            {"Listing.ColumnWidth", 1.1}});

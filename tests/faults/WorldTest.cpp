@@ -95,7 +95,7 @@ TEST(TwoPrograms, OneOfTwoMakesANewDocument) {
     const tests::Program program;
     for (int i = 0; i < 12; ++i) {
         const std::string name = "new" + std::to_string(i) + ".json";
-        const std::vector<std::string> command = {"new", name, "--listing-database", "streets.dbf"};
+        const Words command = {"new", name, "--listing-database", "streets.dbf"};
         Child one(program, command);
         Child other(program, command);
         EXPECT_EQ(one.End().status + other.End().status, 1)

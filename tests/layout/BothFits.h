@@ -9,21 +9,19 @@
 #include "support/FailureOf.h"
 #include "support/TestHost.h"
 
-/// Fits texts as shipped and by the plain loops, which must come to the same. Each measures on a
-/// host of its own, which may be one.
+/// Fits texts as shipped and by the plain loops, which must come to the same.
 class BothFits {
 public:
     using Symbol = host::Ref<host::IHostTextSymbol>;
 
-    BothFits(support::TestHost& shipped, support::TestHost& plain)
-        : plain_(plain), display_(plain.Display()), fit_(shipped.Host(), shipped.Display()) {}
+    explicit BothFits(support::TestHost& host)
+        : host_(host.Host()), display_(host.Display()), fit_(host_, display_) {}
 
     /// What the text is fitted to, or "failed: " and the cause.
-    std::string Fit(const std::string& text, double width, const Symbol& symbol,
-                    const Symbol& plainSymbol) {
+    std::string Fit(const std::string& text, double width, const Symbol& symbol) {
         const auto shipped =
             Outcome(text, [&](std::string& t) { return fit_.SplitText(t, width, symbol); });
-        EXPECT_EQ(shipped, Plain(text, width, plainSymbol))
+        EXPECT_EQ(shipped, Plain(text, width, symbol))
             << '"' << text << "\" in " << symbol->Font()->Name() << ", width " << width;
         return shipped.first;
     }
@@ -31,7 +29,7 @@ public:
     std::pair<std::string, std::string> Plain(const std::string& text, double width,
                                               const Symbol& symbol) {
         return Outcome(text, [&](std::string& t) {
-            return reference::SplitText(plain_.Host(), display_, t, width, symbol);
+            return reference::SplitText(host_, display_, t, width, symbol);
         });
     }
 
@@ -44,7 +42,7 @@ private:
         return {result, text};
     }
 
-    support::TestHost& plain_;
+    host::IHost& host_;
     host::Ref<host::IHostDisplay> display_;
     gazetteer::TextFit fit_;
 };

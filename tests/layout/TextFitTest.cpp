@@ -89,9 +89,9 @@ protected:
         return std::make_shared<OwnWidths>(width);
     }
     std::string Fit(const std::string& text, double width, const Symbol& symbol) {
-        return fits_.Fit(text, width, symbol, symbol);
+        return fits_.Fit(text, width, symbol);
     }
-    BothFits fits_{*this, *this};
+    BothFits fits_{*this};
 };
 
 TEST_F(Fitting, EqualsThePlainLoopsOnRandomTexts) {

@@ -23,11 +23,8 @@ TEST_F(Lifecycle, TextsOfOperationsOutOfPlace) {
     const char* const oneWord = "IndexElement has not been set.";
     const char* const bare = "IndexElement properties have not been set.";
     const char* const range = "Page number out of range.";
-    const struct {
-        const char* operation;
-        void (*call)(M&);
-        const char *unbound, *notDrawable, *outOfRange;  // Empty where the operation works.
-    } cases[] = {
+    // The texts unbound, not drawable and out of range; empty where the operation works.
+    const std::tuple<const char*, void (*)(M&), const char*, const char*, const char*> cases[] = {
         {"Draw 2", [](M& m) { m.SetIndexToPageNumber(2); }, oneWord, bare, range},
         {"Draw 0", [](M& m) { m.SetIndexToPageNumber(0); }, oneWord, bare, range},
         {"DraftMode", [](M& m) { m.DraftMode(); }, oneWord, "", ""},
@@ -42,19 +39,19 @@ TEST_F(Lifecycle, TextsOfOperationsOutOfPlace) {
     };
     const auto broken = Gazetteer();
     Store(broken, {{"IndexDatabaseFile", ""}});
-    for (const auto& c : cases) {
-        const auto expectShown = [&](const char* cause) {
+    for (const auto& [operation, call, unbound, notDrawable, outOfRange] : cases) {
+        const auto expectShown = [&, name = operation, act = call](const char* cause) {
             Dialogs().messages.clear();
-            c.call(manager);
-            EXPECT_EQ(Dialogs().LastCause(), cause) << c.operation;
+            act(manager);
+            EXPECT_EQ(Dialogs().LastCause(), cause) << name;
         };
-        expectShown(c.unbound);
+        expectShown(unbound);
         manager.SetIndexElement(broken);
-        expectShown(c.notDrawable);
+        expectShown(notDrawable);
         manager.SetIndexElement(element);
-        expectShown(c.outOfRange);
+        expectShown(outOfRange);
         manager.Reset();
-        expectShown(c.unbound);
+        expectShown(unbound);
     }
 }
 
@@ -158,7 +155,8 @@ TEST_F(Lifecycle, DefaultPageIsReadAtTheBinding) {
     EXPECT_EQ(Dialogs().LastCause(), "Overflow");
 }
 
-// Of versions that are not known nothing is read that some version lacks.
+// Of versions that are not known nothing is read that some version lacks. An edit brings each to
+// the present one.
 TEST_F(Lifecycle, VersionsTellWhichKeysAreRead) {
     for (std::int16_t version = 0; version < 5; ++version) {
         element = Gazetteer();
@@ -174,6 +172,10 @@ TEST_F(Lifecycle, VersionsTellWhichKeysAreRead) {
         EXPECT_EQ(Dialogs().LastCause(), "") << version;
         EXPECT_EQ(fresh.BoundSettings().samplePage, readsSample) << version;
         EXPECT_EQ(fresh.BoundSettings().combineFirstAndLast, version == 3) << version;
+        Settings edited = fresh.BoundSettings();
+        StoreEdit(Host(), edited, true, *Properties(element));
+        EXPECT_EQ(Properties(element)->Item("CombineFirstAndLast"), host::Variant(version == 3));
+        EXPECT_EQ(Properties(element)->Item("Version"), host::Variant(std::int16_t{3}));
     }
 }
 

@@ -26,12 +26,8 @@ void Top(support::RecordingDialogs& dialogs, const std::function<void()>& body) 
 
 TEST(Failures, AreShownOnceWithTheStackFromOutermostToInnermost) {
     const std::string raised = " Line : " + std::to_string(kLineOfTheRaise);
-    const struct {
-        std::function<void()> body;
-        std::string stack;
-        const char* number;
-        const char* cause;
-    } cases[] = {
+    using Case = std::tuple<std::function<void()>, std::string, const char*, const char*>;
+    const Case cases[] = {
         // Only the procedure nearest to the raise has a line.
         {Middle, "\tMiddle Unit \r\n\tInnermost Unit" + raised + "\r\n", "-2147220991",
          "The wheel is off."},

@@ -25,8 +25,6 @@
 
 namespace page_test {
 
-inline const std::string kBook = GAZETTEER_SOURCE_DIR "/examples/atlas-book.json";
-
 using Texts = std::vector<std::string>;
 using support::Dump;
 using support::ObjectsIn;
@@ -76,21 +74,6 @@ public:
         page_.reset();
         QApplication::processEvents();
     }
-    /// Works with the example's book. The template "Map sheet" of its section "Maps", which starts
-    /// on page 5, has the map series frame "Main map".
-    void UseBook(const std::string& path = kBook) {
-        desk::Document document;
-        document.mapBook = path;
-        desk_.TheDesk().Start(document, desk_.Folder() + "/document.json");
-    }
-    /// Makes the element's link to that frame by hand, by way of a section of this key.
-    void StoreLink(const std::string& section) {
-        Stored()->SetItem("LinkToMapSeries", true);
-        Stored()->SetItem("MapSeriesSectionKey", section);
-        Stored()->SetItem("MapSeriesTemplateKey", std::string("sheet"));
-        Stored()->SetItem("MapSeriesFrameName", std::string("Main map"));
-    }
-
     gazetteer::frmGazetteerPropertyPage& Form() const { return *form_; }
     gazetteer::GazetteerPropertyPage& Page() const { return *page_; }
     template <class T = QWidget>

@@ -15,9 +15,9 @@ public:
 };
 
 TEST_F(Repairs, AVanishedSectionShowsNoSelection) {
-    UseBook();
+    desk_.UseBook();
     Open(6);
-    StoreLink("gone");
+    desk_.StoreLink(element_, "gone");
     OpenSheet();
     EXPECT_EQ(Control<QComboBox>("cmbSection").currentIndex(), -1);
     EXPECT_EQ(Control<QComboBox>("CmbTemplate").count(), 0);
@@ -100,9 +100,9 @@ TEST_F(Repairs, ADatabaseThatGoesWhileThePageIsOpen) {
     EXPECT_EQ(Control<QLineEdit>("txtDatabaseFile").text(), "");
 
     // A link that corrects page numbers alone does not need the layer's table to be edited.
-    std::filesystem::copy(kBook, desk_.Folder());
-    UseBook(desk_.Folder() + "/atlas-book.json");
-    StoreLink("maps");
+    std::filesystem::copy(GAZETTEER_SOURCE_DIR "/examples/atlas-book.json", desk_.Folder());
+    desk_.UseBook(desk_.Folder() + "/atlas-book.json");
+    desk_.StoreLink(element_, "maps");
     Stored()->SetItem("IndexDatabaseFile", OtherTable());
     OpenSheet();
     Click("chkLinkToMapSeriesFrame");

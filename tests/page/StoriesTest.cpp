@@ -51,7 +51,7 @@ TEST_F(Stories, ANewGazetteerGetsItsDatabaseAndIsApplied) {
 }
 
 TEST_F(Stories, PagesAreCorrectedThroughTheLink) {
-    UseBook();
+    desk_.UseBook();
     Open(6);
     const auto& indexLayerOption = Control("optColumnSource_1");
     EXPECT_FALSE(indexLayerOption.isEnabled());

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QSettings>
-#include <cstdio>
 
 #include "support/TemporaryFolder.h"
 
@@ -24,15 +23,8 @@ public:
 private:
     static int& Prepared(int& count) {
         if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-        qInstallMessageHandler(PassOn);
         return count;
     }
-    /// The offscreen platform says at every window what it does not do.
-    static void PassOn(QtMsgType, const QMessageLogContext&, const QString& text) {
-        if (!text.startsWith("This plugin does not support") && !text.contains("XDG_RUNTIME_DIR"))
-            std::fprintf(stderr, "%s\n", qUtf8Printable(text));
-    }
-
     TemporaryFolder folder_;
     QApplication application_;
 };

@@ -14,17 +14,16 @@ public:
         std::string title;
         std::string text;
         std::int32_t style;
+        std::string cause;  ///< The first text of the failure shown, if one is.
         std::vector<host::FailureFact> facts;
-        std::string cause;
     };
 
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
-        Message message{request.title, request.text, request.style, {}, {}};
+        messages.push_back({request.title, request.text, request.style, {}, {}});
         if (request.failure) {
-            message.facts = request.failure->facts;
-            message.cause = request.failure->cause;
+            messages.back().cause = request.failure->cause;
+            messages.back().facts = request.failure->facts;
         }
-        messages.push_back(message);
         return request.style == host::kYesNo ? answer : host::MessageAnswer::Ok;
     }
     std::optional<std::string> InputBox(const std::string&, const std::string&,
@@ -33,7 +32,6 @@ public:
     }
     void Beep() override { ++beeps; }
 
-    /// The first text of the last failure shown; empty if none was.
     std::string LastCause() const { return messages.empty() ? "" : messages.back().cause; }
     std::string LastFact(const std::string& name) const {
         if (!messages.empty())

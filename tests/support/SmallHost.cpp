@@ -1,34 +1,17 @@
 #include "support/SmallHost.h"
 
 namespace support {
-namespace {
 
-host::Variant Number(const std::string& text) {
-    const bool isNumber =
-        !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-    if (isNumber) return std::stoi(text);
-    return host::Null{};
-}
-
-}  // namespace
-
-std::string SmallHost::ListingTable(const Rows& rows) {
+std::string SmallHost::NewTable(const std::vector<std::string>& fields, std::size_t texts,
+                                const Rows& rows) {
     std::vector<texthost::Values> values;
-    for (const auto& row : rows) values.push_back({row[0], row[1], Number(row[1])});
-    return Put({"Listing", "Ref", "Page"}, values);
-}
-
-std::string SmallHost::GridTable(const Rows& rows) {
-    std::vector<texthost::Values> values;
-    for (const auto& row : rows)
-        values.push_back({row[0], Number(row[1]), Number(row[2]), Number(row[3])});
-    return Put({"Listing", "Page", "Row", "Column"}, values);
-}
-
-std::string SmallHost::Put(const std::vector<std::string>& fields,
-                           const std::vector<texthost::Values>& rows) {
+    for (const auto& row : rows) {
+        auto& cells = values.emplace_back(row.begin(), row.end());
+        for (std::size_t i = texts; i < row.size(); ++i)
+            cells[i] = row[i].empty() ? host::Variant(host::Null{}) : std::stoi(row[i]);
+    }
     const std::string name = "table " + std::to_string(++tables_);
-    Tables().Put(name, std::make_shared<texthost::Table>(fields, rows));
+    Tables().Put(name, std::make_shared<texthost::Table>(fields, values));
     return name;
 }
 

@@ -23,23 +23,19 @@ struct RecordingBar : texthost::Application {
 
 struct RecordingHost : texthost::TextHost {
     host::Ref<host::IHostApplication> NewApplication() override { return bar; }
-    host::IHostDialogs& Dialogs() override { return *dialogs; }
+    host::IHostDialogs& Dialogs() override { return dialogs; }
 
     std::shared_ptr<RecordingBar> bar = std::make_shared<RecordingBar>();
-    std::shared_ptr<RecordingDialogs> dialogs = std::make_shared<RecordingDialogs>();
+    RecordingDialogs dialogs;
 };
 
 /// The host of examples/embed, with tables in memory. Each character is 0.6 of the size of its font
 /// wide, each line 1.2 high, so that widths can be told: 12 letters of 10 points to the inch.
 class SmallHost : public TestHost {
 public:
-    SmallHost() : SmallHost(std::make_shared<RecordingHost>()) {}
+    SmallHost()
+        : TestHost(std::make_shared<RecordingHost>()), host_(host::As<RecordingHost>(HostRef())) {}
 
-    /// Name of a table with the fields Listing, Ref and Page. Rows give listing and reference; Page
-    /// holds the reference where that is a number.
-    std::string ListingTable(const Rows& rows);
-    /// Name of a table with Listing, Page, Row and Column, all but the first numbers.
-    std::string GridTable(const Rows& rows);
     texthost::Workspace& Tables() { return host_->Tables(); }
 
     /// Works with a map book of these sections.
@@ -49,10 +45,8 @@ public:
     std::vector<std::string>& Progress() { return host_->bar->told; }
 
 private:
-    explicit SmallHost(const std::shared_ptr<RecordingHost>& host)
-        : TestHost(host, host->dialogs), host_(host) {}
-    std::string Put(const std::vector<std::string>& fields,
-                    const std::vector<texthost::Values>& rows);
+    std::string NewTable(const std::vector<std::string>& fields, std::size_t texts,
+                         const Rows& rows) override;
 
     std::shared_ptr<RecordingHost> host_;
     int tables_ = 0;

@@ -10,8 +10,6 @@
 
 namespace support {
 
-class DbfBuilder;
-
 /// The real desk with real tables in a folder of its own. Nothing is faked but the dialogs.
 class TestDesk : public TestHost {
 public:
@@ -21,18 +19,16 @@ public:
     desk::Desk& TheDesk() { return *desk_; }
     const std::string& Folder() const { return folder_.Path(); }
 
-    /// Path of a table with the fields Listing (C 60), Ref (C 20) and Page (N 6). Rows give listing
-    /// and reference; Page holds the reference where that is a number.
-    std::string ListingTable(const Rows& rows);
-    /// Path of a table with Listing, Page, Row and Column, all but the first numeric.
-    std::string GridTable(const Rows& rows);
-
-    /// Works with a map book whose series frames page through "sheets.dbf": character fields, rows.
-    void UseBook(const std::string& json, const std::pair<std::vector<std::string>, Rows>& sheets);
+    /// Works with the example's book, or that of a path. The template "Map sheet" of its section
+    /// "Maps", which starts on page 5, has the map series frame "Main map".
+    void UseBook(const std::string& path = GAZETTEER_SOURCE_DIR "/examples/atlas-book.json");
+    /// Stores a link to that frame, by way of a section of this key.
+    void StoreLink(const Group& element, const std::string& section);
 
 private:
-    TestDesk(desk::DeskOptions options, const std::shared_ptr<RecordingDialogs>& dialogs);
-    std::string NewTable(const DbfBuilder& table);
+    /// Texts are C 60, numbers N 6; the name is a path.
+    std::string NewTable(const std::vector<std::string>& fields, std::size_t texts,
+                         const Rows& rows) override;
 
     TemporaryFolder folder_;
     std::shared_ptr<desk::Desk> desk_;

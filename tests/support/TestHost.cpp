@@ -9,6 +9,19 @@ host::Ref<host::IHostDisplay> TestHost::Display() {
     return host_->NewApplication()->Document()->ActiveView()->Display();
 }
 
+std::string TestHost::ListingTable(const Rows& rows) {
+    Rows cells;
+    for (const auto& row : rows) {
+        const bool isNumber = row[1].find_first_not_of("0123456789") == std::string::npos;
+        cells.push_back({row[0], row[1], isNumber ? row[1] : ""});
+    }
+    return NewTable({"Listing", "Ref", "Page"}, 2, cells);
+}
+
+std::string TestHost::GridTable(const Rows& rows) {
+    return NewTable({"Listing", "Page", "Row", "Column"}, 1, rows);
+}
+
 TestHost::Group TestHost::NewGazetteer(const std::string& table, double width, double height) {
     auto element = host_->NewGroupElement();
     auto frame = host_->NewEnvelope();

@@ -17,11 +17,18 @@ public:
     using Group = host::Ref<host::IHostGroupElement>;
     using Assignments = std::vector<std::pair<std::string, host::Variant>>;
 
+    virtual ~TestHost() = default;
+
     host::IHost& Host() { return *host_; }
     host::Ref<host::IHost> HostRef() { return host_; }
-    RecordingDialogs& Dialogs() { return *dialogs_; }
+    RecordingDialogs& Dialogs() { return dynamic_cast<RecordingDialogs&>(host_->Dialogs()); }
     host::Ref<host::IHostDisplay> Display();
 
+    /// Name of a table with the fields Listing, Ref and Page. Rows give listing and reference; Page
+    /// holds the reference where that is a number.
+    std::string ListingTable(const Rows& rows);
+    /// Name of a table with Listing, Page, Row and Column, all but the first numbers.
+    std::string GridTable(const Rows& rows);
     /// A gazetteer with its left lower corner at (1, 1), of this size in inches, with the default
     /// columns of the table in Liberation Sans, 1.9 inches wide.
     Group NewGazetteer(const std::string& table, double width, double height);
@@ -53,12 +60,15 @@ public:
     }
 
 protected:
-    TestHost(host::Ref<host::IHost> host, std::shared_ptr<RecordingDialogs> dialogs)
-        : host_(std::move(host)), dialogs_(std::move(dialogs)) {}
+    /// On a host whose dialogs are RecordingDialogs.
+    explicit TestHost(host::Ref<host::IHost> host) : host_(std::move(host)) {}
 
 private:
+    /// Makes a table of texts, but of numbers behind the first so many fields; returns its name.
+    virtual std::string NewTable(const std::vector<std::string>& fields, std::size_t texts,
+                                 const Rows& rows) = 0;
+
     host::Ref<host::IHost> host_;
-    std::shared_ptr<RecordingDialogs> dialogs_;
 };
 
 }  // namespace support

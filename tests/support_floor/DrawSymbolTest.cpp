@@ -113,35 +113,29 @@ TEST_F(DrawSymbol, TellsOfEveryFailureOnceAndFreesWhatItTook) {
     const std::string cleared = kCleared;
     const std::string line = cleared + "line\n";
     const std::string drawn = line + kPrepared + "draw line 5 38 108 38\nrelease\n";
-    const struct {
-        const char* failing;
-        host::Brush brush;
-        std::int32_t dotsPerInch;
-        bool symbol;
-        const char* told;
-        std::string calls;
-    } cases[] = {
-        {"", 0, 96, true, notCleared, "brush 16777215\n"},
-        {"fill", 3, 96, true, notCleared, cleared},
-        {"delete", 3, 96, true, notCleared, cleared},
-        {"", 3, 0, true, noMeans, line},
-        {"line", 3, 96, true, noMeans, line},
-        {"prepare", 3, 96, true, "\t-7\r\nDescription\r\n\tThe prepare is broken",
-         line + kPrepared},
-        {"draw", 3, 96, true, "\t-7\r\nDescription\r\n\tThe draw is broken", drawn},
-        {"", 3, 96, false, "\t-2147352571\r\nDescription\r\n\tType mismatch", cleared},
-    };
-    for (const auto& one : cases) {
-        painting.failing = one.failing;
-        painting.brush = one.brush;
-        painting.dotsPerInch = one.dotsPerInch;
+    const std::tuple<const char*, host::Brush, std::int32_t, bool, const char*, std::string>
+        cases[] = {
+            {"", 0, 96, true, notCleared, "brush 16777215\n"},
+            {"fill", 3, 96, true, notCleared, cleared},
+            {"delete", 3, 96, true, notCleared, cleared},
+            {"", 3, 0, true, noMeans, line},
+            {"line", 3, 96, true, noMeans, line},
+            {"prepare", 3, 96, true, "\t-7\r\nDescription\r\n\tThe prepare is broken",
+             line + kPrepared},
+            {"draw", 3, 96, true, "\t-7\r\nDescription\r\n\tThe draw is broken", drawn},
+            {"", 3, 96, false, "\t-2147352571\r\nDescription\r\n\tType mismatch", cleared},
+        };
+    for (const auto& [failing, brush, dotsPerInch, symbol, told, calls] : cases) {
+        painting.failing = failing;
+        painting.brush = brush;
+        painting.dotsPerInch = dotsPerInch;
         painting.dialogs.messages.clear();
-        EXPECT_FALSE(Draw(one.symbol ? New<texthost::TextSymbol>() : nullptr));
-        ASSERT_EQ(painting.dialogs.messages.size(), 1U) << one.told;
+        EXPECT_FALSE(Draw(symbol ? New<texthost::TextSymbol>() : nullptr));
+        ASSERT_EQ(painting.dialogs.messages.size(), 1U) << told;
         const auto& text = painting.dialogs.messages[0].text;
-        EXPECT_NE(text.find(one.told), std::string::npos) << text;
+        EXPECT_NE(text.find(told), std::string::npos) << text;
         EXPECT_NE(text.find("\tDrawToDC CVNGazetteer:basDrawSymbol "), std::string::npos) << text;
-        EXPECT_EQ(painting.calls, one.calls) << one.told;
+        EXPECT_EQ(painting.calls, calls) << told;
     }
 }
 

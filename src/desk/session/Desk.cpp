@@ -28,7 +28,7 @@ host::Ref<T> FromWindow(const std::function<host::Ref<T>()>& make) {
 }  // namespace
 
 Desk::Desk(DeskOptions options)
-    : ObjectFactory(std::make_shared<TextEngine>(options.textSizes)),
+    : ObjectFactory(std::make_shared<TextEngine>()),
       locale_(std::make_shared<IcuLocale>(options.locale)),
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),

@@ -29,7 +29,6 @@ struct DeskOptions {
     SessionListeners listeners;
     ExpressionEngine::Editor expressionEditor;  ///< Empty: expressions cannot be edited.
     WindowServices window;
-    TextEngine::Measuring textSizes = TextEngine::Measuring::Fast;
 };
 
 /// The desk's host: creates all objects and holds the current document. Must be used by one thread.
