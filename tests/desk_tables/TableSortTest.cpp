@@ -44,10 +44,10 @@ std::vector<int> Order(TableSort& sort) {
 
 TEST(TableSort, TakesKeysInOrderAndDirection) {
     const std::tuple<const char*, bool, bool, std::vector<int>> cases[] = {
-        {"", true, true, {1, 2, 3, 4}},    {"A", true, true, {2, 4, 1, 3}},
-        {"A", false, true, {1, 3, 2, 4}},  {"A,B", true, true, {2, 4, 3, 1}},
-        {"B,A", true, true, {3, 1, 2, 4}}, {"a,b", false, false, {1, 3, 2, 4}},
-        {"A,B", true, false, {2, 4, 1, 3}}};
+        {"", true, true, {1, 2, 3, 4}},     {"A", true, true, {2, 4, 1, 3}},
+        {"A", false, true, {1, 3, 2, 4}},   {"A,B", true, true, {2, 4, 3, 1}},
+        {"B,A", true, true, {3, 1, 2, 4}},  {"a,b", false, false, {1, 3, 2, 4}},
+        {"A,B", true, false, {2, 4, 1, 3}}, {"B", true, true, {3, 1, 2, 4}}};
     const support::TemporaryFolder folder;
     support::DbfBuilder stored({{"A", 'C', 3}, {"B", 'C', 3}});
     std::vector<std::vector<host::Variant>> rows;
