@@ -55,7 +55,7 @@ bool ColumnFlow::PlaceTitle() {
 void ColumnFlow::PlaceBreak(const std::string& rowKey) {
     auto group = MakeBreakGroup(pass_, rowKey, *pen_, alternate_);
     const double height = pass_.GetElementHeight(*group);
-    if (usedHeight_ + height > frame_.height) return;
+    if (usedHeight_ + height > frame_.height) return listener_.HeadingLeftOut(rowKey);
     usedHeight_ += height;
     Place({Kind::Break, rowKey, std::move(group), height});
     alternate_ = !alternate_;

@@ -38,6 +38,8 @@ public:
     virtual void Placing(PlacedRow& row, bool hasPrevious, const std::string& previousRow) = 0;
     /// The row has been placed.
     virtual void Placed(const PlacedRow& row) = 0;
+    /// The heading before a listing did not fit and is dropped.
+    virtual void HeadingLeftOut(const std::string& /*rowKey*/) {}
     /// A row did not fit. The room is what is left below the last row of the column group.
     virtual void GroupFull(double room) = 0;
 };

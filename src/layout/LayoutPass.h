@@ -65,6 +65,9 @@ public:
     }
     double GetElementHeight(host::IHostElement& element);
     std::vector<LayoutColumn>& Columns() { return columns_; }
+    /// Names of the columns in which a word of the row built last had to be broken.
+    std::vector<std::string>& BrokenColumns() { return brokenColumns_; }
+    const std::vector<std::string>& BrokenColumns() const { return brokenColumns_; }
     const host::Ref<host::IHostFillSymbol>& TransparentFill() const { return transparentFill_; }
 
     /// Some column shows its title.
@@ -83,6 +86,7 @@ private:
     host::Ref<host::IHostPoint> pen_;
     host::Ref<host::IHostEnvelope> bounds_;
     std::vector<LayoutColumn> columns_;
+    std::vector<std::string> brokenColumns_;
 };
 
 }  // namespace gazetteer

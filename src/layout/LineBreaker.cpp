@@ -86,6 +86,7 @@ std::vector<std::string_view> LineBreaker::TakeNextLine() {
     } else {
         nextLine.push_back(result_.back());
         result_.back() = kHyphen;
+        brokeWord_ = true;
         lineMeasured_ = false;
     }
     // The break may fall into an earlier line of the same text.

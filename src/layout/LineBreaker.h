@@ -25,6 +25,8 @@ public:
     /// The text with CRLF line ends. textWidth is its width on one line. Fails if the first
     /// character that the text keeps does not fit.
     std::string Wrap(const std::string& text, double textWidth);
+    /// Whether a word was broken.
+    bool BrokeWord() const { return brokeWord_; }
 
 private:
     void Take(std::size_t index);
@@ -58,9 +60,10 @@ private:
     std::size_t knownToFit_ = 0;   ///< Characters before this index fit on the present line.
     std::size_t knownTooLong_ = std::string::npos;  ///< The character that does not.
 
-    bool first_ = true;           ///< No character has been looked at yet.
-    bool atLineStart_ = true;     ///< Blanks are skipped here.
-    bool spaceInLine_ = false;    ///< The line holds a blank at which it can be broken.
+    bool first_ = true;         ///< No character has been looked at yet.
+    bool atLineStart_ = true;   ///< Blanks are skipped here.
+    bool spaceInLine_ = false;  ///< The line holds a blank at which it can be broken.
+    bool brokeWord_ = false;
     std::size_t sinceSpace_ = 0;  ///< Characters after that blank, the one looked at included.
 };
 

@@ -4,6 +4,7 @@
 
 #include "layout/ColumnFlow.h"
 #include "layout/LayoutPass.h"
+#include "layout/PlacementFindings.h"
 #include "listings/FirstLast.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
@@ -14,8 +15,8 @@ namespace {
 // Records the row keys of each page.
 class PageRecorder : public FlowListener {
 public:
-    PageRecorder(host::IHost& host, RunReport& report)
-        : host_(host), report_(report), pages_(host.NewPropertySet()) {}
+    PageRecorder(LayoutPass& pass, RunReport& report)
+        : host_(pass.Host()), judge_(pass, report.onPages), pages_(host_.NewPropertySet()) {}
 
     void OpenPage() {
         rows_ = host_.NewPropertySet();
@@ -27,6 +28,7 @@ public:
             pages_->SetItem(std::to_string(pageNumber_), host::Ref<host::IHostObject>(rows_));
         rows_ = nullptr;
         open_ = false;
+        judge_.EndPage();
     }
     bool IsOpen() const { return open_; }
     std::int32_t PageNumber() const { return pageNumber_; }
@@ -34,18 +36,18 @@ public:
 
     void Placing(PlacedRow&, bool, const std::string&) override {}
     void Placed(const PlacedRow& row) override {
-        if (row.kind != PlacedRow::Kind::Listing && row.kind != PlacedRow::Kind::Carried) return;
-        rows_->SetItem(row.rowKey, row.rowKey);
-        report_.tooHigh += row.room < -kRounding ? 1 : 0;
-        report_.tooWide += row.roomAtSide < -kRounding ? 1 : 0;
+        judge_.Placed(row, pageNumber_);
+        if (row.kind == PlacedRow::Kind::Listing || row.kind == PlacedRow::Kind::Carried)
+            rows_->SetItem(row.rowKey, row.rowKey);
     }
-    void GroupFull(double) override {}
+    void HeadingLeftOut(const std::string& rowKey) override {
+        judge_.LeaveHeadingOut(rowKey, pageNumber_);
+    }
+    void GroupFull(double) override { judge_.EndGroup(pageNumber_); }
 
 private:
-    static constexpr double kRounding = 1e-6;  // Inches; what sums of widths may be off.
-
     host::IHost& host_;
-    RunReport& report_;
+    PlacementFindings judge_;
     host::Ref<host::IHostPropertySet> pages_;
     host::Ref<host::IHostPropertySet> rows_;
     std::int32_t pageNumber_ = 0;
@@ -90,7 +92,7 @@ bool PopulatePageGroups(host::IHost& host, const Settings& settings,
     const FrameBounds frame = ReadFrame(frameElement);
     if (results.listings->Count() == 0) return false;
     LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Measure);
-    PageRecorder pages(host, report);
+    PageRecorder pages(pass, report);
     NumberPages(pass, frame, pages);
     pages.ClosePage();
     results.pageGroups = pages.Pages();

@@ -107,12 +107,14 @@ Ref<IHostElement> MakeGroup(LayoutPass& pass, const IHostPoint& position, bool a
     pen.SetX(position.X());
     pen.SetY(position.Y());
     double maxHeight = 0;
+    pass.BrokenColumns().clear();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         LayoutColumn& column = columns[i];
         const CellElements& cell = row.cells[i];
         std::string text = textOf(column);
         try {
             MakeRowElement(pass, cell, text, column.properties, alternate, pen, kind);
+            if (pass.Text().BrokeWord()) pass.BrokenColumns().push_back(column.name);
             const auto& bounds = pass.GetElementBounds(*cell.cell);
             pen.SetX(pen.X() + bounds.Width());
             maxHeight = std::max(maxHeight, bounds.Height());

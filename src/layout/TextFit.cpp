@@ -11,9 +11,8 @@ namespace {
 
 // What a leader token in the text asks for.
 struct Leaders {
-    bool any = false;
+    std::size_t count = 0;
     bool atEnd = false;    // Nothing but tokens follows the first one.
-    bool isOne = false;    // There is one, at the end.
     std::string withDots;  // The text as it stood, if there is any.
 };
 
@@ -21,11 +20,10 @@ Leaders TakeLeaders(std::string& text) {
     Leaders leaders;
     const auto first = text.find(kDotsToken);
     if (first == std::string::npos) return leaders;
-    leaders.any = true;
     leaders.withDots = text;
     text = ReplaceAll(std::move(text), kDotsToken, "");
     leaders.atEnd = first == text.size();
-    leaders.isOne = leaders.atEnd && leaders.withDots.size() - first == std::size(kDotsToken) - 1;
+    leaders.count = (leaders.withDots.size() - text.size()) / (std::size(kDotsToken) - 1);
     return leaders;
 }
 
@@ -39,11 +37,12 @@ Leaders TakeLeaders(std::string& text) {
                          "\", so that dots cannot fill the column.");
 }
 
-// The text that takes dots, with the most of them with which it is no wider than the column.
+// The text that takes so many leaders, with the most dots in each with which it is no wider than
+// the column.
 template <class Build>
-std::string Filled(TextMeasure& measure, double width, const Build& with) {
+std::string Filled(TextMeasure& measure, double width, std::size_t leaders, const Build& with) {
     const auto dots = DotsThatFit([&](std::size_t count) { return measure.Width(with(count)); },
-                                  measure.DotWidth(), width);
+                                  measure.DotWidth() * static_cast<double>(leaders), width);
     if (!dots) RaiseUnfilled(measure);
     return with(*dots);
 }
@@ -51,7 +50,7 @@ std::string Filled(TextMeasure& measure, double width, const Build& with) {
 // In one string, which takes the dots that are tried and gives them up again.
 std::string FilledBehind(TextMeasure& measure, double width, std::string line) {
     const std::size_t end = line.size();
-    return Filled(measure, width, [&](std::size_t dots) -> const std::string& {
+    return Filled(measure, width, 1, [&](std::size_t dots) -> const std::string& {
         line.resize(end + dots, '.');
         return line;
     });
@@ -81,20 +80,23 @@ std::string TextFit::SplitText(std::string& text, double width,
     const std::string plain = Plain(text);
     const bool hasMarkup = plain != text;
     const double textWidth = measure.Width(plain);
+    brokeWord_ = false;
 
     std::string result = text;
     if (textWidth > width) {
-        result = LineBreaker(host_.Locale(), measure, width, hasMarkup).Wrap(text, textWidth);
+        LineBreaker breaker(host_.Locale(), measure, width, hasMarkup);
+        result = breaker.Wrap(text, textWidth);
+        brokeWord_ = breaker.BrokeWord();
         if (leaders.atEnd && measure.Width(result) <= width) {
             const auto lineStart = hasMarkup ? 0 : result.rfind('\n') + 1;  // 0 without any.
             std::string line = result.substr(lineStart);
             result.resize(lineStart);
             result += FilledBehind(measure, width, std::move(line));
         }
-    } else if (leaders.any && textWidth < width) {
-        result = leaders.isOne
+    } else if (leaders.count > 0 && textWidth < width) {
+        result = leaders.count == 1 && leaders.atEnd
                      ? FilledBehind(measure, width, std::move(result))
-                     : Filled(measure, width, [&](std::size_t dots) {
+                     : Filled(measure, width, leaders.count, [&](std::size_t dots) {
                            return ReplaceAll(leaders.withDots, kDotsToken, std::string(dots, '.'));
                        });
     }

@@ -26,6 +26,9 @@ public:
     std::string SplitText(std::string& text, double width,
                           const host::Ref<host::IHostTextSymbol>& symbol);
 
+    /// Whether the text fitted last has a word that is longer than a line.
+    bool BrokeWord() const { return brokeWord_; }
+
 private:
     TextMeasure& MeasureOf(const host::Ref<host::IHostTextSymbol>& symbol);
     std::string Plain(const std::string& text) const;
@@ -36,6 +39,7 @@ private:
     host::Ref<host::IHostTextElement> scratch_;
     host::Ref<host::IHostTextParser> parser_;  ///< Null where texts have no markup.
     std::unordered_map<const host::IHostTextSymbol*, TextMeasure> measures_;
+    bool brokeWord_ = false;
 };
 
 }  // namespace gazetteer

@@ -42,6 +42,8 @@ void CVNGazetteerManager::SetIndexElement(const Ref<IHostGroupElement>& indexEle
         Raise("CVNGazetteerManager.SetIndexElement",
               "Index element no longer has series properties.");
     hasRun_ = false;
+    pagesJudged_ = false;
+    report_ = {};
     const std::int32_t earlierPages = working_.pageCount;
     try {
         BindSettings(indexElement);

@@ -34,19 +34,25 @@ public:
     std::string LastListing(std::int32_t pageNumber) override;
     host::Variant PageName(std::int32_t pageNumber) override;
 
-    /// Details for hosts that show more than yes or no. None of these raises a failure.
+    /// Details for hosts that show more than yes or no.
     /// @{
     /// Why the element could not be drawn or bound, after the last CanDrawIndex or SetIndexElement.
     const Findings& LastFindings() const { return findings_; }
     /// Whether the last binding ran the pipeline to its end, and the counts of its records.
     bool HasRun() const { return hasRun_; }
     const RunReport& LastRun() const { return report_; }
+    /// What would be wrong on the pages of the results in use: noted by the run or, for stored
+    /// results, by numbering their pages again. Throws if that fails, as for a font that is too
+    /// wide for its column by now.
+    const PageFindings& FindingsOnPages();
     /// The results in use. Sets are null before the first binding that could draw.
     const WorkingResults& Working() const { return working_; }
     /// The settings as read at the binding.
     const Settings& BoundSettings() const { return settings_; }
     /// The listing database that the check opened last.
     const host::Ref<host::IHostTable>& DatabaseTable() const { return check_.databaseTable; }
+    /// That of the linked map series frame, as the check found it; null without one.
+    const host::Ref<host::IHostTable>& IndexLayerTable() const { return check_.indexLayerTable; }
     /// The bound element may be drawn.
     bool CanDraw() const { return canDraw_; }
     /// @}
@@ -84,6 +90,7 @@ private:
     Findings findings_;
     bool hasRun_ = false;
     RunReport report_;
+    bool pagesJudged_ = false;  ///< The report has the findings on the pages.
 };
 
 }  // namespace gazetteer

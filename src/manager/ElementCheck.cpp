@@ -7,6 +7,7 @@
 #include "manager/SeriesLink.h"
 #include "model/GeneralFunctions.h"
 #include "model/KeyNames.h"
+#include "model/Keys.h"
 #include "model/Paths.h"
 #include "model/Settings.h"
 #include "support/Conversions.h"
@@ -88,6 +89,33 @@ void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& che
     }
 }
 
+// Whether the numbers in a set are lengths, as far as they stand under known keys.
+template <class Key>
+bool CheckLengths(const IHostPropertySet& set, const Key* (*find)(std::string_view),
+                  const std::string& owner, Findings& findings) {
+    bool valid = true;
+    const auto items = set.AllItems();
+    for (std::size_t i = 0; i < items.names.size(); ++i) {
+        const auto* const number = std::get_if<double>(&items.values[i]);
+        if (!number || IsLength(*number) || !find(items.names[i])) continue;
+        findings.push_back(owner + items.names[i] +
+                           " must be a number of inches from -1000 to 1000.");
+        valid = false;
+    }
+    return valid;
+}
+
+// Longer lengths would take time and memory without end, or leave no place on any sheet.
+bool CheckAllLengths(const IHostPropertySet& properties, Findings& findings) {
+    bool valid = CheckLengths(properties, FindPropertyKey, "", findings);
+    const auto columns = SetUnder(properties, keys::kColumnsProperties);
+    for (const std::string& name : NamesOf(*SetUnder(properties, keys::kColumnNames)))
+        valid = CheckLengths(*SetUnder(*columns, name), FindColumnKey,
+                             "Column \"" + name + "\": ", findings) &&
+                valid;
+    return valid;
+}
+
 // Whether the index table accepts the column names and can sort by the sort columns.
 bool CheckColumnNames(const IHostPropertySet& properties, Findings& findings) {
     auto names = NamesOf(*SetUnder(properties, keys::kColumnNames));
@@ -133,7 +161,9 @@ ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& sib
             {check.databaseTable, check.linkValid ? check.indexLayerTable : nullptr},
             check.findings);
     const bool namesValid = check.databaseTable && CheckColumnNames(*properties, check.findings);
-    check.canDraw = columnsValid && namesValid && (!stored.linked || check.linkValid);
+    const bool lengthsValid = check.databaseTable && CheckAllLengths(*properties, check.findings);
+    check.canDraw =
+        columnsValid && namesValid && lengthsValid && (!stored.linked || check.linkValid);
     return check;
 } catch (...) {
     PassOn("CheckElementProperties", kManagerLabel);

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "layout/PageGroups.h"
 #include "listings/Combine.h"
 #include "listings/IndexTable.h"
@@ -37,8 +39,21 @@ void CVNGazetteerManager::PopulateIndexTable() try {
     Status(*host_).Clear();
     report_ = report;
     hasRun_ = canDraw_;
+    pagesJudged_ = canDraw_;
 } catch (...) {
     PassOn("PopulateIndexTable", kManagerLabel);
+}
+
+const PageFindings& CVNGazetteerManager::FindingsOnPages() try {
+    if (pagesJudged_ || !canDraw_ || !working_.listings) return report_.onPages;
+    WorkingResults results = working_;
+    RunReport report;
+    PopulatePageGroups(*host_, settings_, *indexElement_, transparentFill_, results, report);
+    report_.onPages = std::move(report.onPages);
+    pagesJudged_ = true;
+    return report_.onPages;
+} catch (...) {
+    PassOn("FindingsOnPages", kManagerLabel);
 }
 
 // A manager of its own stores the set on the element, as any other caller would. The flag that

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "host/Host.h"
+#include "model/PageFindings.h"
 
 namespace gazetteer {
 
@@ -27,8 +28,7 @@ struct RunReport {
     std::int64_t combined = 0;    ///< Rows merged into the listing before them.
     std::int64_t listings = 0;    ///< Listings stored.
     std::int64_t placed = 0;      ///< Listings that stand on a page.
-    std::int64_t tooHigh = 0;     ///< Of these, listings that end below the foot of the frame,
-    std::int64_t tooWide = 0;     ///< and those that end beyond its right edge.
+    PageFindings onPages;         ///< What would be wrong where they stand.
 };
 
 /// The host's objects for the map book, created once per manager and once per form.

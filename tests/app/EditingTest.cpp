@@ -28,6 +28,36 @@ TEST(NewDocuments, HoldTheDefaultColumnsAndWhatIsAsked) {
         EXPECT_EQ(stored[on], true) << on;
 }
 
+// Order and numbers hang on the locale.
+TEST(Documents, KeepWhatTheyWereToldInAnyEnvironment) {
+    const Program program;
+    support::DbfBuilder table({{"LISTING", 'C', 20}, {"PAGE", 'N', 6, 1}});
+    table.LanguageDriver(0x57);
+    for (const char* name : {"Zagreb", "\xC4rla", "Aachen", "\xD6rebro", "Oslo"})
+        table.Row({name, "1.5"});
+    table.Write(program.File("names.dbf"));
+    for (const char* given : {"--locale sv --page-size a5 --columns 2", "--locale de --title Orte",
+                              "--first-page 97", ""}) {
+        SCOPED_TRACE(given);
+        const std::string make = "rm -rf moved d.json; LC_ALL=da_DK.UTF-8 " GAZETTEER_PROGRAM
+                                 " make names.dbf -o o.pdf --document d.json ";
+        program.Shell(make + given);
+        for (const char* environment : {"sv_SE.UTF-8", "C", "de_DE.UTF-8"}) {
+            program.Shell(std::string("LC_ALL=") + environment +
+                          " " GAZETTEER_PROGRAM " export d.json -o e.pdf");
+            EXPECT_EQ(program.Read("e.pdf"), program.Read("o.pdf")) << environment;
+        }
+        // What is set drops the results; the new ones are in the old order.
+        program.Done({"set", "d.json", "CombineDelimeter=, "});
+        // The table is found beside the document.
+        program.Shell("mkdir moved; cp names.dbf d.json moved; mv names.dbf away.dbf");
+        program.Done({"export", "moved/d.json", "-o", "e.pdf"});
+        EXPECT_EQ(program.Read("e.pdf"), program.Read("o.pdf"));
+        program.Shell("mv away.dbf names.dbf");
+    }
+    EXPECT_TRUE(Contains(program.Shell("pdftotext e.pdf -"), "Zagreb"));
+}
+
 TEST(Set, DropsResultsAndChecksAnew) {
     const Program program;
     program.Done({"new", "d.json", "--listing-database", "streets.dbf"});

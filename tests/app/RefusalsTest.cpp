@@ -68,6 +68,11 @@ TEST_F(Refusals, OfWrongUsage) {
         {{"export", "d.json", "-o", "o.pdf", "--pages", "2-1"}, 2, "--pages 2-1"},
         {{"set", "d.json", "DefaultPage=2", "Foo=1"}, 2, "no property \"Foo\""},
         {{"set", "d.json", "ColumnWidth=1"}, 2, "COLUMN.ColumnWidth=VALUE"},
+        {{"set", "d.json", "CombineDelimiter=/"}, 2, "\"CombineDelimeter\"?"},
+        {{"set", "d.json", "Listing.columnwith=1"}, 2, "\"ColumnWidth\"?"},
+        {{"exprot", "d.json", "-o", "o.pdf"}, 2, "\"export\"?"},
+        {{"export", "d.json", "-o", "o.pdf", "--page=1"}, 2, "\"--pages\"?"},
+        {{"set", "d.json"}, 2, "What to change is missing"},
         {{"set", "d.json", "Listing.Foo=1"}, 2, "no column property \"Foo\""},
         {{"set", "d.json", "Region.Title=x"}, 2, "no column \"Region\""},
         {{"set", "d.json", "SortColumns=yes"}, 2, "true or false"},
@@ -113,6 +118,38 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
     });
 }
 
+// Whatever names the files go by.
+TEST_F(Refusals, ToWriteOverWhatIsRead) {
+    program_.Shell("cp streets.dbf t-1.png; cp d.json x-1.png; ln -s streets.dbf out.pdf");
+    const std::string files = "sha256sum *.dbf *.json *.png";
+    const std::string before = program_.Shell(files);
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"make", "t-1.png", "-o", "t.png"},
+          {"make", "streets.dbf", "-o", "x.png", "--document", "x-1.png"},
+          {"export", "x-1.png", "-o", "x.png"},
+          {"export", "d.json", "-o", "out.pdf"},
+          {"draw", "d.json", "--page", "1", "-o", "out.pdf"}}) {
+        const auto outcome = program_.Run(command);
+        EXPECT_EQ(outcome.status, 2) << outcome.errors;
+        EXPECT_TRUE(Contains(outcome.errors, "cannot be written"));
+        EXPECT_EQ(program_.Shell(files), before);
+    }
+}
+
+TEST_F(Refusals, OfStoredResultsThatAreNoTexts) {
+    program_.Done({"generate", "d.json"});
+    const std::string good = program_.Read("d.json");
+    for (const auto& [piece, other, told] :
+         {std::tuple{"\"Main St\"]", "null]", "no text in the column \"Listing\""},
+          {"\" Main St\"]", "{\"set\":[]}]", "Type mismatch"}}) {
+        program_.Write("d.json", gazetteer::ReplaceAll(good, piece, other));
+        const auto outcome = program_.Run({"show", "d.json", "--json"});
+        EXPECT_EQ(outcome.status, 1) << piece;
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_TRUE(Contains(outcome.errors, told));
+    }
+}
+
 TEST_F(Refusals, TellMoreWhenAskedToAndLessWhereThereAreNoPages) {
     const auto outcome = program_.Run({"generate", "narrow.json", "--verbose"});
     EXPECT_EQ(outcome.status, 1);
@@ -121,6 +158,7 @@ TEST_F(Refusals, TellMoreWhenAskedToAndLessWhereThereAreNoPages) {
     EXPECT_TRUE(
         Contains(program_.Done({"generate", "low.json"}).errors, "2 listings found no place"));
     EXPECT_EQ(program_.Done({"check", "empty.json", "--json"}).Json()["drawable"], true);
+    EXPECT_EQ(program_.Shell(GAZETTEER_PROGRAM " --help >/dev/full 2>&1; echo $?"), "1\n");
 }
 
 TEST_F(Refusals, OfDamagedDocumentsByEveryCommand) {

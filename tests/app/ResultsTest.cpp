@@ -11,7 +11,9 @@ class Results : public ::testing::Test {
 protected:
     void SetUp() override {
         program_.Done({"new", "d.json", "--listing-database", "streets.dbf", "--set",
-                       "*.ColumnFontSymbol=Liberation Sans,8"});
+                       "*.ColumnFontSymbol=Liberation Sans,8", "--set",
+                       "*.TitleFontSymbol=Liberation Sans,8", "--set",
+                       "*.BreakFontSymbol=Liberation Sans,8"});
     }
     json Drawn() const { return program_.Done({"draw", "d.json", "--page", "1", "--json"}).Json(); }
     Program program_;
@@ -25,7 +27,8 @@ TEST_F(Results, ShowTellsPagesAndListings) {
                    "last": " Main St", "rows": ["2", "1"]}],
         "listings": [
          {"row": "2", "cells": {"Listing": "Abbey Road", "Page": "4 1-2$$NEWLINE9 3-1"}},
-         {"row": "1", "cells": {"Listing": "Main St", "Page": "6 2-3"}}]})"));
+         {"row": "1", "cells": {"Listing": "Main St", "Page": "6 2-3"}}],
+        "findings": []})"));
     EXPECT_TRUE(Contains(shown.errors,
                          "4 records: 2 listings, 1 duplicate dropped, 1 reference "
                          "combined, 1 page."));
@@ -34,7 +37,7 @@ TEST_F(Results, ShowTellsPagesAndListings) {
 
 TEST_F(Results, ShowKeepsItsShapeWithoutPages) {
     const auto nothing = json::parse(R"({"drawable": false, "defaultPage": 0, "pageCount": 0,
-        "columns": [], "pages": [], "listings": []})");
+        "columns": [], "pages": [], "listings": [], "findings": []})");
     program_.Done({"set", "d.json", "Listing.Expression=[Nowhere]"});
     program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
     program_.Write("bare.json", R"({"format":"desk document","version":1,"title":"t",
@@ -119,7 +122,7 @@ TEST_F(Results, AreOnDiskOnceACommandSaves) {
 
 TEST_F(Results, CheckGivesEveryReason) {
     EXPECT_EQ(program_.Done({"check", "d.json", "--json"}).Json(),
-              json({{"drawable", true}, {"reasons", json::array()}}));
+              json({{"drawable", true}, {"reasons", json::array()}, {"findings", json::array()}}));
     program_.Done({"set", "d.json", "Listing.Expression=[Nowhere]", "Page.FromDatabase=false"});
     const auto check = program_.Done({"check", "d.json", "--json"}).Json();
     EXPECT_EQ(check["drawable"], false);
@@ -147,6 +150,14 @@ TEST_F(Results, TableTellsHowAFileIsRead) {
         "rows": [["K\u00F6ln", "2.5", "True"], ["y", null, null]], "warnings": []})"));
     const auto limited = program_.Done({"table", "t.dbf", "--json", "--limit", "1"}).Json();
     EXPECT_EQ(limited["rows"].size(), 1U);
+
+    // A first value that is empty keeps its place, and no value controls the terminal.
+    support::DbfBuilder({{"NAME", 'C', 12}, {"SHEET", 'N', 5}})
+        .Row({"", "7"})
+        .Row({"\x1B[31mRed\x07", "8"})
+        .Write(program_.File("odd.dbf"));
+    const std::string text = program_.Done({"table", "odd.dbf"}).output;
+    EXPECT_TRUE(Contains(text, "\n\t7\n\uFFFD[31mRed\uFFFD\t8\n"));
 
     const std::string good = program_.Read("streets.dbf");
     program_.Write("cut.dbf", good.substr(0, good.size() - 20));

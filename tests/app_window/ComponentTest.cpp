@@ -4,6 +4,7 @@
 #include "app_window/WindowStory.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/components/Registrar.h"
+#include "support/Text.h"
 
 namespace {
 
@@ -35,11 +36,18 @@ TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
         const auto* const row = sheet.findChild<QTabWidget*>();
         for (int i = 0; row != nullptr && i < row->count(); ++i) tabs << row->tabText(i);
     };
+    InSheet(look);
+    EXPECT_EQ(tabs, QStringList("Gazetteer")) << "at the first start";
     for (const bool installed : {false, true, false, true}) {
         Register(installed);
         InSheet(look);
         EXPECT_EQ(tabs, installed ? QStringList("Gazetteer") : QStringList());
     }
+    // That of another version, which is gone, makes way.
+    const char* const list = "data/gazetteer-desk/components.json";
+    folder_.Write(list, gazetteer::ReplaceAll(folder_.Read(list), "lib/gazetteer", "lib/old"));
+    InSheet(look);
+    EXPECT_EQ(tabs, QStringList("Gazetteer"));
     EXPECT_FALSE(window_->isWindowModified());
 
     // Another that is missed is told in one message, and the sheet still opens.

@@ -146,7 +146,7 @@ TEST_F(Pages, TheGazetteerIsSelectedByAClickAndLetGoByEscape) {
     EXPECT_TRUE(Action("deselect").isEnabled());
     QTest::keyClick(&view, Qt::Key_Escape);
     EXPECT_FALSE(Action("deselect").isEnabled());
-    // A double click opens the sheet, which has no page here.
+    // A double click opens the sheet.
     support::WhenModal([](QWidget& sheet) { Press(sheet, "Cancel"); });
     QTest::mouseDClick(&paper, Qt::LeftButton, {}, middle);
     EXPECT_TRUE(Action("deselect").isEnabled());

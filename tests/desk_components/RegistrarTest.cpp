@@ -40,10 +40,11 @@ protected:
 
 TEST_F(Registrar, KeepsTheOrderOfEntry) {
     EXPECT_EQ(Entries(), "");
-    Enter("Z", folder_.File("a.so"), false);
     EXPECT_THROW(Enter("Z", folder_.File("gone.so")), host::Failure);
     EXPECT_THROW(Enter("Z", folder_.Path()), host::Failure);
     EXPECT_FALSE(std::filesystem::exists(List())) << "written where nothing changes";
+    Enter("Z", folder_.File("a.so"), false);
+    EXPECT_TRUE(std::filesystem::exists(List())) << "what was taken out is told from what is new";
     Enter("Z", folder_.Path() + "\\a.dll");
     Enter("Y", folder_.File("b.so"));
     Enter("Other", folder_.File("b.so"), true, "commands");

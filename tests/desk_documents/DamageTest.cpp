@@ -50,15 +50,19 @@ TEST(DamagedDocument, IsNamedWithPlaceAndFault) {
     const std::string values = R"({"set":[["a",0.5],["b",{"integer":1}]]})";
     const std::string cut = "is damaged: it is not JSON as a whole";
     const std::string foreign = "is no document of the desk";
-    const std::string length = "is damaged at page.width: a length above 0 is expected";
+    const std::string side =
+        "is damaged at page.width: a number of inches from 0.01 to 200 is expected";
     const std::string element = "is damaged at page.elements[0]";
     const std::string set = element + ".custom.set";
+    std::string deep = element + ".custom";
+    for (int i = 0; i < 100; ++i) deep += ".set[0][1]";
     const std::string color =
         element + ".members[0].symbol.color.rgb: a colour is expected, such as \"#B00000\"";
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {kWhole, "", cut},
         {kWhole, kWhole + "x", cut},
-        {values, Nested(5000), cut},
+        {values, Nested(5000), "is damaged: its values stand too deep inside one another"},
+        {values, Nested(101), deep + ".set: sets stand too deep inside one another"},
         {"\"t\"", "\"caf\xE9\"", "is damaged: it holds text that is not UTF-8"},
         {kWhole, "[]", foreign},
         {"desk document", "map book", foreign},
@@ -67,8 +71,14 @@ TEST(DamagedDocument, IsNamedWithPlaceAndFault) {
          "is written in version 2 of the document format, of which this program knows versions "
          "up to 1"},
         {"\"page\"", "\"sheet\"", "is damaged: \"page\" is missing"},
-        {"8.5", "0", length},
-        {"8.5", "\"inf\"", length},
+        {"8.5", "0.001", side},
+        {"8.5", "1e15", side},
+        {"8.5", "\"nan\"", side},
+        {"[1.0,2.0,3.0,4.0]", "[1,2,\"inf\",4]",
+         element +
+             ".geometry.envelope[2]: a number of inches from -1000000 to 1000000 is expected"},
+        {"\"size\":1.0", "\"size\":\"inf\"",
+         element + ".members[0].symbol.font.size: a finite number is expected"},
         {"\"kind\"", "\"sort\"", element + ": \"kind\" is missing"},
         {"group", "lens", element + ".kind: no kind of element has this name"},
         {"false", "0", element + ".draft: true or false is expected"},

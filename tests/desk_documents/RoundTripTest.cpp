@@ -119,15 +119,15 @@ desk::Document FullPage() {
     frame->Add(text);
     const auto map = std::make_shared<desk::MapFrame>();
     map->SetName("Main map");
-    return {"An index", 11, 17, {frame, map}, "book.json", "index"};
+    return {"An index", 11, 17, {frame, map}, "book.json", "index", "de_DE", 97};
 }
 
 TEST(Document, GivesBackThePageAndItsElements) {
     const TemporaryFolder folder;
     const auto path = folder.File("a.json");
     std::string wanted = R"(
-{"format":"desk document","version":1,"title":"An index","mapBook":"book.json","template":"index",
-"page":{"width":11.0,"height":17.0,"elements":[
+{"format":"desk document","version":1,"title":"An index","mapBook":"book.json","template":"index","locale":"de_DE",
+"firstSheet":97,"page":{"width":11.0,"height":17.0,"elements":[
 {"kind":"group","tag":"","geometry":{"envelope":[0.5,0.5,8.0,10.5]},"draft":true,"members":[
 {"kind":"rectangle","tag":"COLUMNBACKGROUND","geometry":{"envelope":[0.5,9.9,2.25,10.1]},
 "symbol":{"color":{"rgb":"#000000","transparent":false}}},

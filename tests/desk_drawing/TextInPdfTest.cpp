@@ -46,12 +46,18 @@ TEST(TextInPdf, AnyNumberOfCharactersComesBack) {
     }
 }
 
-TEST(TextInPdf, BlanksOfBothKindsAreToldApart) {
+// A press prints grey with black ink alone.
+TEST(TextInPdf, BlanksOfBothKindsAreToldApartAndGreyIsNoColour) {
     Sheets sheets;
-    const std::string path = sheets.Draw("blanks.pdf", sheets.Text(0.2, 2, "a\u00a0b c\u00a0d"));
+    const std::string path =
+        sheets.Draw("blanks.pdf", sheet::Group({sheet::Rectangle(1, 1, 2, 2, 0xE6E6E6),
+                                                sheets.Text(0.2, 2, "a\u00a0b c\u00a0d")}));
     const std::string map = Output("qpdf --qdf --object-streams=disable '" + path + "' -");
     EXPECT_NE(map.find("><00A0>"), std::string::npos);
     EXPECT_NE(map.find("><0020>"), std::string::npos);
+    EXPECT_NE(map.find("\n.901961 g\n"), std::string::npos);
+    EXPECT_NE(map.find("\n0 g\n"), std::string::npos);
+    EXPECT_EQ(map.find(" rg\n"), std::string::npos);
 }
 
 // The places of words as the file tells them, in points.

@@ -1,9 +1,13 @@
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "desk/files/Files.h"
+#include "desk/files/TemporaryName.h"
 #include "support/FailureOf.h"
 #include "support/TemporaryFolder.h"
 
@@ -58,8 +62,34 @@ TEST(ReplaceFile, SaysWhyAPlaceCannotBeWritten) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 3);
 }
 
-TEST(ReadWholeFile, ReadsWhatHasNoSizeOfItsOwn) {
+TEST(TemporaryName, GoesWithItsProcess) {
+    const TemporaryFolder folder;
+    for (const int number : {SIGHUP, SIGINT, SIGTERM, 0}) {
+        const pid_t process = ::fork();
+        if (process == 0) {
+            desk::TemporaryName kept, name;
+            kept.Take(folder.Write("kept", ""));
+            kept.GiveUp();
+            name.Take(folder.Write("a.tmp", ""));
+            if (number != 0) ::raise(number);
+            name.Remove();
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(process, &status, 0);
+        EXPECT_EQ(WIFSIGNALED(status) ? WTERMSIG(status) : 0, number);
+        EXPECT_FALSE(fs::exists(folder.File("a.tmp"))) << number;
+        EXPECT_TRUE(fs::exists(folder.File("kept")));
+    }
+}
+
+TEST(ReadWholeFile, ReadsWhatHasNoSizeOfItsOwnButHasAnEnd) {
     EXPECT_FALSE(desk::ReadWholeFile("/proc/self/status").empty());
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo(folder.File("pipe").c_str(), 0600), 0);
+    for (const std::string& path : {folder.File("pipe"), std::string("/dev/zero")})
+        EXPECT_EQ(support::FailureOf([&] { desk::ReadWholeFile(path); }).description,
+                  "The file \"" + path + "\" could not be read: it is no ordinary file.");
 }
 
 }  // namespace

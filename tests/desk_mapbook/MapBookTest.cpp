@@ -99,6 +99,12 @@ TEST(LayoutContext, AsksTheDocumentThenTheBook) {
     EXPECT_NE(why.find("could not be read: there is no such file."), std::string::npos) << why;
 }
 
+std::string NestedGroups(int depth) {
+    std::string group = R"({"kind": "group", "members": []})";
+    for (int i = 1; i < depth; ++i) group = R"({"kind": "group", "members": [)" + group + "]}";
+    return group;
+}
+
 TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
     const std::string section = ", at books[0].sections[0]";
     const std::string layout = section + ".templates[0].layout";
@@ -124,6 +130,10 @@ TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
          section + R"(.pages[1]: a template's key, "$" and a number are expected.)"},
         {R"("group")", R"("picture")", layout + R"([1].kind: "mapFrame" or "group" is expected.)"},
         {"true", "1", layout + "[0].series.grids[1].visible: true or false is expected."},
+        {R"({"kind": "group", "members": []})", NestedGroups(100),
+         ".members: groups stand too deep inside one another."},
+        {R"({"kind": "group", "members": []})", NestedGroups(10'100),
+         ": its values stand too deep inside one another."},
         {R"("rows")", R"("lines")", layout + R"([0].series.grids[1]: "rows" is missing.)"},
         {R"("firstPage": 1,)", "", layout + R"([0].series: "firstPage" is missing.)"},
         {R"("back")", R"("maps")", back + R"(.key: the key "maps" stands in the file twice.)"},

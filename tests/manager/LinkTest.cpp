@@ -89,6 +89,10 @@ TEST_F(Link, FindingsNameWhatIsBroken) {
         {{{"IndexDatabaseFile", "gone"}}, "The listing database \"gone\" does not exist."},
         {{{"Page.Expression", "[Nowhere]"}},
          "Column \"Page\": the expression \"[Nowhere]\" is not valid."},
+        {{{"RepeatSpacing", std::numeric_limits<double>::quiet_NaN()}},
+         "RepeatSpacing must be a number of inches from -1000 to 1000."},
+        {{{"Page.ColumnWidth", 1e300}},
+         "Column \"Page\": ColumnWidth must be a number of inches from -1000 to 1000."},
         {{{"LinkToMapSeries", false}, {"Page.FromDatabase", false}},
          "Column \"Page\" takes its text from the index layer of a map series frame, but the "
          "gazetteer is not linked to one."},

@@ -27,6 +27,8 @@ private:
     CLI::App& Add(CLI::App& parent, const char* name, const char* text, Command* run);
     CLI::App& AddForDocument(CLI::App& parent, const char* name, const char* text, Command* run);
     void AddNewDocumentOptions(CLI::App& command);
+    void AddSheetOptions(CLI::App& command);
+    void AddStrict(CLI::App& command);
     void AddMake();
     void AddEditing();
     void AddColumn();
@@ -65,7 +67,7 @@ CLI::App& Commands::Add(CLI::App& parent, const char* name, const char* text, Co
     command.callback([this, run] { chosen_ = run; });
     AddText(command, "--locale", options_.locale,
             "Locale for sorting and numbers, such as is, de_DE or de@collation=phonebook "
-            "(default: yours)");
+            "(default: that of the document, or yours)");
     command.add_flag("--verbose", options_.verbose, "Show whole call stacks of failures");
     return command;
 }
@@ -81,14 +83,32 @@ CLI::App& Commands::AddForDocument(CLI::App& parent, const char* name, const cha
 
 void Commands::AddNewDocumentOptions(CLI::App& command) {
     command.add_option("--book", options_.book, "Map book file that the document belongs to");
-    AddText(command, "--page-size", options_.pageSize, "letter, a4 or WIDTHxHEIGHT in inches");
+    AddText(
+        command, "--page-size", options_.pageSize,
+        "a3, a4, a5, b5, letter, legal, tabloid, or WIDTHxHEIGHT in inches or with mm behind it "
+        "(default: letter or a4, by the locale)");
     AddText(command, "--frame", options_.frame,
             "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches");
     AddText(command, "--set", options_.assignments,
             "KEY=VALUE, as for the command set (repeatable)")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    AddSheetOptions(command);
     command.add_flag("--sample", options_.sample, "Generate a sample page only");
+}
+
+void Commands::AddSheetOptions(CLI::App& command) {
+    AddText(command, "--title", options_.title,
+            "Title of the document (default: the table's name)");
+    command
+        .add_option("--first-page", options_.firstPage,
+                    "Number printed on the first sheet (default: by the map book, or 1)")
+        ->check(CLI::PositiveNumber);
+}
+
+void Commands::AddStrict(CLI::App& command) {
+    command.add_flag("--strict", options_.strict,
+                     "Write no file where anything would be wrong in print");
 }
 
 void Commands::AddMake() {
@@ -99,6 +119,10 @@ void Commands::AddMake() {
         ->required();
     make.add_option("--document", options_.document, "Keep the document under this name");
     AddNewDocumentOptions(make);
+    make.add_option("--columns", options_.columnGroups,
+                    "Number of column groups on a page (default: as many as fit)")
+        ->check(CLI::PositiveNumber);
+    AddStrict(make);
 }
 
 void Commands::AddEditing() {
@@ -112,7 +136,8 @@ void Commands::AddEditing() {
     AddNewDocumentOptions(create);
 
     auto& set = AddForDocument(program_, "set", "Change properties, as on the property page", Set);
-    AddText(set, "KEY=VALUE", options_.assignments, "What to change")->required();
+    AddText(set, "KEY=VALUE", options_.assignments, "What to change");
+    AddSheetOptions(set);
 }
 
 void Commands::AddColumn() {
@@ -146,11 +171,13 @@ void Commands::AddPages() {
     draw.add_flag("--json", options_.json, "Print the element tree; the document stays");
     draw.add_option("-o,--output", options_.output,
                     "Write the sheet to a " + desk::PageEndings() + " file; the document stays");
+    AddStrict(draw);
 
     auto& output = AddForDocument(program_, "export", "Write pages as sheets", Export);
     output.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
         ->required();
     AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
+    AddStrict(output);
 }
 
 void Commands::AddOthers() {
@@ -175,9 +202,9 @@ int CheckResultsWritten(int exitStatus) {
 
 int Run(int argc, const char* const* argv) {
     Commands commands;
-    if (const auto status = Parse(commands.Program(), argc, argv)) return *status;
     try {
-        return CheckResultsWritten(commands.RunChosen());
+        const auto status = Parse(commands.Program(), argc, argv);
+        return CheckResultsWritten(status ? *status : commands.RunChosen());
     } catch (const AlreadyReported&) {
         return kCouldNot;
     } catch (const UsageError& error) {

@@ -20,10 +20,8 @@ CommandSession::CommandSession(const CommonOptions& options)
     : document_(DeskOptionsOf(options), Warn) {}
 
 CommandSession::~CommandSession() {
-    const auto& engine = *document_.TheDesk().Text();
-    for (const auto& warning : FontWarnings(engine)) Warn(warning);
-    const auto missing = MissingCharactersWarning(engine);
-    if (!missing.empty()) Warn(missing);
+    const auto warnings = FontWarnings(*document_.TheDesk().Text());
+    for (std::size_t i = toldFonts_; i < warnings.size(); ++i) Warn(warnings[i]);
 }
 
 OpenDocument& CommandSession::Open(const std::string& path) {
@@ -43,7 +41,7 @@ bool CommandSession::Bind() {
     if (document_.Dialogs().TakeFailureShown()) return false;
     if (!manager.HasRun()) return true;
     Tell(RunSummary(manager));
-    for (const auto& warning : RunWarnings(manager)) Warn(warning);
+    for (const auto& warning : TableWarnings(manager)) Warn(warning);
     return true;
 }
 
@@ -51,6 +49,28 @@ void CommandSession::BindDrawable() {
     if (!Bind()) throw AlreadyReported{};
     const auto& manager = document_.Manager();
     if (!manager.CanDraw()) throw CommandError(UndrawableSentence(manager));
+}
+
+FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
+    auto list = FindFindings(document_, pages);
+    AddFonts(*document_.TheDesk().Text(), list);
+    return list;
+}
+
+FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
+    auto list = Find(pages);
+    for (const auto& sentence : list.Sentences()) Warn(sentence);
+    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
+    return list;
+}
+
+void CommandSession::CheckFindings(const std::optional<PageRange>& pages, bool strict) {
+    const auto list = TellFindings(pages);
+    if (strict && !list.IsEmpty())
+        throw CommandError("With --strict no file is written: there " +
+                           std::string(list.Total() == 1
+                                           ? "is 1 finding."
+                                           : "are " + std::to_string(list.Total()) + " findings."));
 }
 
 void CommandSession::CheckHasPages() {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "app/document/FindFindings.h"
 #include "app/document/OpenDocument.h"
 
 namespace app {
@@ -19,7 +21,7 @@ desk::DeskOptions DeskOptionsOf(const CommonOptions& options);
 class CommandSession {
 public:
     explicit CommandSession(const CommonOptions& options);
-    /// Warns about substituted fonts and missing characters.
+    /// Warns about substituted fonts that no finding has told.
     ~CommandSession();
     CommandSession(const CommandSession&) = delete;
     CommandSession& operator=(const CommandSession&) = delete;
@@ -35,11 +37,18 @@ public:
     bool Bind();
     /// Binds the manager. Throws with the reasons if the gazetteer cannot be drawn.
     void BindDrawable();
+    /// Returns what would be wrong on the pages, or on all.
+    FindingList Find(const std::optional<PageRange>& pages = std::nullopt);
+    /// The same, with a warning for each.
+    FindingList TellFindings(const std::optional<PageRange>& pages = std::nullopt);
+    /// The same; if strict, throws if there is anything.
+    void CheckFindings(const std::optional<PageRange>& pages, bool strict);
     /// Throws if there is no page to draw.
     void CheckHasPages();
 
 private:
     OpenDocument document_;
+    std::size_t toldFonts_ = 0;  ///< Font warnings that were told.
 };
 
 }  // namespace app

@@ -19,6 +19,7 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::int64_t limit = -1;  ///< Maximum number of rows shown; negative: all.
     bool json = false;
     bool force = false;
+    bool strict = false;
 };
 
 /// A command returns the exit status and throws on failure.

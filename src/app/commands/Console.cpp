@@ -40,7 +40,11 @@ std::string WithoutCarriageReturns(std::string text) {
 
 void Tell(const std::string& line) {
     ClearProgress();
-    std::fputs(("gazetteer: " + line + '\n').c_str(), stderr);
+    std::fputs(Printable("gazetteer: " + line + '\n').c_str(), stderr);
+}
+
+void Print(const std::string& line) {
+    std::fputs(Printable(line + '\n').c_str(), stdout);
 }
 
 void Warn(const std::string& line) {

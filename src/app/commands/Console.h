@@ -5,13 +5,17 @@
 #include "desk/session/Application.h"
 #include "host/Dialogs.h"
 
-/// Standard error: messages, and the progress of a run on a terminal.
+/// Standard output as text, messages on standard error, and the progress of a run on a terminal.
+/// What a table or a document holds cannot control the terminal (see Printable).
 namespace app {
 
 /// Writes a line to standard error and removes the progress line.
 void Tell(const std::string& line);
 
 void Warn(const std::string& line);
+
+/// Writes a line to standard output.
+void Print(const std::string& line);
 
 /// Returns listeners that show the status text on one line of the terminal, with a spinner while
 /// the progress animation plays. They do nothing if standard error is not a terminal.

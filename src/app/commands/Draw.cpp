@@ -116,8 +116,8 @@ int Draw(const Options& options) {
     session.BindDrawable();
     session.CheckHasPages();
     CheckPage(options.page, document.PageCount());
-    document.Manager().SetIndexToPageNumber(options.page);
-    document.CheckNothingFailed();
+    session.CheckFindings(PageRange{options.page, options.page}, options.strict);
+    DrawPage(document, options.page);
     LabelSheet(document, options.page);
 
     if (!options.output.empty()) WriteDrawnPage(document, options.output, options.page);

@@ -30,14 +30,17 @@ int Make(const Options& options) {
     // A document that is not saved resolves its paths from the folder of the output.
     StartNewDocument(document, options,
                      options.document.empty() ? options.output : options.document);
-    ApplyPrintDefaults(document);
+    ApplyPrintDefaults(document, options.columnGroups);
     Assign(document, options);
 
     session.BindDrawable();
     session.CheckHasPages();
+    const PageRange pages{1, document.PageCount()};
+    CheckSheetsApart(document, options.output, pages, options.document);
+    session.CheckFindings(std::nullopt, options.strict);
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
-    WriteSheets(document, options.output, {1, document.PageCount()});
+    WriteSheets(document, options.output, pages);
     ClearProgress();
     return kDone;
 }
@@ -59,8 +62,14 @@ int New(const Options& options) {
 }
 
 int Set(const Options& options) {
+    if (options.assignments.empty() && options.title.empty() && options.firstPage == 0 &&
+        options.locale.empty())
+        throw UsageError("What to change is missing: KEY=VALUE or an option; --help tells more.");
     CommandSession session(options);
     auto& document = session.Open(options.document);
+    auto& sheet = document.TheDesk().CurrentDocument();
+    if (!options.title.empty()) sheet.title = options.title;
+    if (options.firstPage > 0) sheet.firstSheet = options.firstPage;
     Assign(document, options);
     document.Save();
     return kDone;

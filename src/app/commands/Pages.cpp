@@ -18,6 +18,7 @@ int Generate(const Options& options) {
     CommandSession session(options);
     auto& document = session.Open(options.document);
     session.BindDrawable();
+    session.TellFindings();
     if (HasNewResults(document.Manager())) document.Save();
     return kDone;
 }
@@ -49,6 +50,8 @@ int Export(const Options& options) {
     session.CheckHasPages();
     const auto pages = asked.value_or(PageRange{1, document.PageCount()});
     CheckPage(pages.last, document.PageCount());
+    CheckSheetsApart(document, options.output, pages, options.document);
+    session.CheckFindings(asked, options.strict);
     WriteSheets(document, options.output, pages);
     ClearProgress();
     return kDone;

@@ -1,7 +1,8 @@
-#include <cstdio>
+#include <algorithm>
 #include <ranges>
 
 #include "app/commands/Commands.h"
+#include "app/commands/Console.h"
 #include "app/commands/JsonAnswer.h"
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
@@ -15,40 +16,61 @@ namespace {
 using gazetteer::ToObject;
 using host::IHostPropertySet;
 
-void WritePage(JsonAnswer& json, gazetteer::CVNGazetteerManager& manager, std::int32_t page) {
+// Throws for a value that has no text, which only a damaged document holds.
+std::string CellText(const host::Variant& value, OpenDocument& document, const std::string& column,
+                     const std::string& row) {
+    try {
+        return gazetteer::ToText(value, document.Host().Locale());
+    } catch (const host::Failure&) {
+        throw CommandError("The document is damaged: the stored listing " + Shown(row) +
+                           " has no text in the column \"" + Shown(column) + "\".");
+    }
+}
+
+// An empty text after a failure, which the user has seen.
+std::string PageName(OpenDocument& document, std::int32_t page) {
+    return gazetteer::ToText(document.Manager().PageName(page), document.Host().Locale());
+}
+
+void WritePage(JsonAnswer& json, OpenDocument& document, std::int32_t page) {
+    auto& manager = document.Manager();
     const auto rows = gazetteer::SetUnder(*manager.Working().pageGroups, std::to_string(page));
     json.Member("page", page);
-    json.Member("name", std::get<std::string>(manager.PageName(page)));
+    json.Member("name", PageName(document, page));
     json.Member("first", manager.FirstListing(page));
     json.Member("last", manager.LastListing(page));
     json.Member("rows", gazetteer::NamesOf(*rows));
 }
 
-void WriteListings(JsonAnswer& json, const IHostPropertySet& listings) {
-    const auto columns = listings.AllItems();
+void WriteListings(JsonAnswer& json, OpenDocument& document) {
+    const auto columns = document.Manager().Working().listings->AllItems();
     std::vector<host::PropertyItems> cells;
     for (const auto& column : columns.values)
         cells.push_back(ToObject<IHostPropertySet>(column)->AllItems());
     const std::size_t count = cells.empty() ? 0 : cells.front().names.size();
     json.Objects("listings", std::views::iota(std::size_t{0}, count), [&](std::size_t row) {
-        json.Member("row", cells.front().names[row]);
+        const auto& name = cells.front().names[row];
+        json.Member("row", name);
         json.Object("cells", [&] {
             for (std::size_t i = 0; i < cells.size(); ++i)
                 if (row < cells[i].values.size())
-                    json.Member(columns.names[i], std::get<std::string>(cells[i].values[row]));
+                    json.Member(columns.names[i],
+                                CellText(cells[i].values[row], document, columns.names[i], name));
         });
     });
 }
 
-void WriteResults(JsonAnswer& json, gazetteer::CVNGazetteerManager& manager) {
+void WriteResults(JsonAnswer& json, OpenDocument& document) {
+    const auto& manager = document.Manager();
     const std::int32_t pages = manager.Working().pageCount;
     json.Member("drawable", true);
     json.Member("defaultPage", manager.BoundSettings().defaultPage);
     json.Member("pageCount", pages);
     json.Member("columns", gazetteer::NamesOf(*manager.BoundSettings().columnDisplayOrder));
     json.Objects("pages", std::views::iota(1, pages + 1),
-                 [&](std::int32_t page) { WritePage(json, manager, page); });
-    WriteListings(json, *manager.Working().listings);
+                 [&](std::int32_t page) { WritePage(json, document, page); });
+    WriteListings(json, document);
+    document.CheckNothingFailed();
 }
 
 // Writes the keys of WriteResults for a gazetteer without results.
@@ -60,17 +82,21 @@ void WriteNothing(JsonAnswer& json) {
         json.Member(key, std::vector<std::string>());
 }
 
-void Print(gazetteer::CVNGazetteerManager& manager, bool drawable,
-           const gazetteer::Findings& reasons) {
-    if (!drawable) {
-        std::puts(reasons.empty() ? "The gazetteer has no page."
-                                  : UndrawableLines(reasons).c_str());
-        return;
-    }
-    std::printf("Pages: %d\nDefault page: %d\n", manager.Working().pageCount,
-                manager.BoundSettings().defaultPage);
+// Five places wide.
+std::string AtRight(std::int32_t page) {
+    const std::string digits = std::to_string(page);
+    return std::string(5 - std::min<std::size_t>(5, digits.size()), ' ') + digits;
+}
+
+void PrintPages(OpenDocument& document, bool drawable, const gazetteer::Findings& reasons) {
+    if (!drawable)
+        return Print(reasons.empty() ? "The gazetteer has no page." : UndrawableLines(reasons));
+    const auto& manager = document.Manager();
+    Print("Pages: " + std::to_string(manager.Working().pageCount) +
+          "\nDefault page: " + std::to_string(manager.BoundSettings().defaultPage));
     for (std::int32_t page = 1; page <= manager.Working().pageCount; ++page)
-        std::printf("%5d %s\n", page, std::get<std::string>(manager.PageName(page)).c_str());
+        Print(AtRight(page) + ' ' + PageName(document, page));
+    document.CheckNothingFailed();
 }
 
 void WriteValue(JsonAnswer& json, const std::string& name, const host::Variant& value) {
@@ -82,17 +108,39 @@ void WriteValue(JsonAnswer& json, const std::string& name, const host::Variant& 
 
 void WriteColumn(JsonAnswer& json, const gazetteer::Settings& settings, const std::string& name) {
     json.Member("name", name);
-    json.Member("sorted", std::get<bool>(settings.columnSortOrder->Item(name)));
+    json.Member("sorted", gazetteer::ToBoolean(settings.columnSortOrder->Item(name)));
     const auto items = gazetteer::SetUnder(*settings.columnsProperties, name)->AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i)
         WriteValue(json, items.names[i], items.values[i]);
 }
 
 void PrintColumn(const gazetteer::Settings& settings, const std::string& name) {
-    std::printf("%s\n", name.c_str());
+    Print(name);
     const auto items = gazetteer::SetUnder(*settings.columnsProperties, name)->AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i)
-        std::printf("  %s=%s\n", items.names[i].c_str(), ValueText(items.values[i]).c_str());
+        Print("  " + items.names[i] + '=' + ValueText(items.values[i]));
+}
+
+// Binds the gazetteer without a word, so that its pages are known. A run that fails adds its
+// reason.
+bool CanRun(OpenDocument& document, gazetteer::Findings& reasons) {
+    const RecordingDialogs::Silent silent(document.Dialogs());
+    auto& manager = document.Manager();
+    manager.SetIndexElement(document.Gazetteer());
+    if (!silent.Failed()) return true;
+    reasons = manager.LastFindings();
+    return false;
+}
+
+void WriteFindings(JsonAnswer& json, const FindingList& list) {
+    json.Objects("findings", list.Kept(), [&](const Finding& finding) {
+        json.Member("kind", finding.kind);
+        if (!finding.listing.empty()) json.Member("listing", finding.listing);
+        if (!finding.column.empty()) json.Member("column", finding.column);
+        if (finding.page > 0) json.Member("page", finding.page);
+        if (finding.record > 0) json.Member("record", finding.record);
+        json.Member("text", finding.text);
+    });
 }
 
 }  // namespace
@@ -101,14 +149,18 @@ int Check(const Options& options) {
     CommandSession session(options);
     auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
-    const bool drawable = document.CanDraw(reasons);
+    const bool drawable = document.CanDraw(reasons) && CanRun(document, reasons);
+    FindingList list;
+    if (drawable && document.PageCount() > 0) list = session.Find();
     if (!options.json) {
-        std::puts(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons).c_str());
+        Print(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons));
+        for (const auto& sentence : list.Sentences()) Print("  " + sentence);
         return kDone;
     }
     PrintAnswer(2, [&](JsonAnswer& json) {
         json.Member("drawable", drawable);
         json.Member("reasons", reasons);
+        WriteFindings(json, list);
     });
     return kDone;
 }
@@ -124,15 +176,20 @@ int Show(const Options& options) {
         reasons = manager.LastFindings();
     }
     drawable = drawable && manager.CanDraw() && document.PageCount() > 0;
+    FindingList list;
+    if (drawable && manager.HasRun()) list = session.TellFindings();
     if (options.json)
         PrintAnswer(1, [&](JsonAnswer& json) {
             if (drawable)
-                WriteResults(json, manager);
+                WriteResults(json, document);
             else
                 WriteNothing(json);
+            // Last, because a damaged listing is told better by what writes it.
+            if (drawable && !manager.HasRun()) list = session.Find();
+            WriteFindings(json, list);
         });
     else
-        Print(manager, drawable, reasons);
+        PrintPages(document, drawable, reasons);
     return kDone;
 }
 

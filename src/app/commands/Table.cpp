@@ -1,5 +1,6 @@
-#include <cstdio>
+#include <iomanip>
 #include <optional>
+#include <sstream>
 
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
@@ -65,18 +66,19 @@ void WriteTable(JsonAnswer& json, desk::DbfTable& table, host::IHostLocale& loca
 }
 
 void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const Options& options) {
-    std::printf("Encoding: %s (%s)\nRecords: %lld\nFields:\n", table.Encoding().c_str(),
-                table.EncodingFrom().c_str(), static_cast<long long>(table.LiveRecords()));
-    for (const auto& field : table.DbfFields())
-        std::printf("  %-12s %c %3d %d\n", field.name.c_str(), field.type, field.length,
-                    field.decimals);
+    Print("Encoding: " + table.Encoding() + " (" + table.EncodingFrom() +
+          ")\nRecords: " + std::to_string(table.LiveRecords()) + "\nFields:");
+    for (const auto& field : table.DbfFields()) {
+        std::ostringstream line;
+        line << "  " << std::left << std::setw(12) << field.name << ' ' << field.type << ' '
+             << std::right << std::setw(3) << field.length << ' ' << field.decimals;
+        Print(line.str());
+    }
     ForRows(table, locale, options.limit, [](const Cells& cells) {
         std::string line;
-        for (const auto& cell : cells) {
-            if (!line.empty()) line += '\t';
-            line += cell.value_or("");
-        }
-        std::puts(line.c_str());
+        for (std::size_t i = 0; i < cells.size(); ++i)
+            line += (i == 0 ? "" : "\t") + cells[i].value_or("");
+        Print(line);
     });
     for (const auto& warning : table.Warnings()) Warn(warning);
 }

@@ -6,6 +6,7 @@
 #include <simdjson.h>
 
 #include "app/document/Errors.h"
+#include "app/document/Suggestion.h"
 #include "desk/tables/TextDecoder.h"
 
 namespace app {
@@ -17,6 +18,27 @@ std::string CheckText(const std::string& text) {
     return '"' + desk::PrintableAscii(text) + "\" is not UTF-8";
 }
 
+std::vector<std::string> NamesOf(const std::vector<CLI::App*>& commands) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : commands) names.push_back(command->get_name());
+    return names;
+}
+
+// Returns a suggestion for the first option that the chosen command does not have.
+std::string OptionSuggestion(const CLI::App& program, int argc, const char* const* argv) {
+    const CLI::App* command = &program;
+    while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
+    std::vector<std::string> known;
+    for (const CLI::Option* option : command->get_options())
+        for (const auto& name : option->get_lnames()) known.push_back("--" + name);
+    for (int i = 1; i < argc; ++i) {
+        const std::string given = std::string(argv[i]).substr(0, std::string(argv[i]).find('='));
+        if (given.starts_with("--") && std::ranges::find(known, given) == known.end())
+            return Suggestion(given, known);
+    }
+    return {};
+}
+
 // Returns the fault in the words that should name a command; empty if they do.
 std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
     CLI::App* place = &program;
@@ -26,7 +48,8 @@ std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
         if (i == argc) return "A command is missing; --help lists them.";
         const auto command = std::ranges::find(commands, argv[i], &CLI::App::get_name);
         if (command == commands.end())
-            return std::string("There is no command \"") + argv[i] + "\"; --help lists them.";
+            return std::string("There is no command \"") + argv[i] + "\"; --help lists them." +
+                   Suggestion(argv[i], NamesOf(commands));
         place = *command;
     }
 }
@@ -55,8 +78,10 @@ std::optional<int> Parse(CLI::App& program, int argc, const char* const* argv) {
         return program.exit(help);
     } catch (const CLI::ParseError& error) {
         std::string fault = CommandFault(program, argc, argv);
-        if (fault.empty()) fault = std::string(error.what()) + "; --help tells more.";
-        std::fprintf(stderr, "%s: %s\n", program.get_name().c_str(), fault.c_str());
+        if (fault.empty())
+            fault = std::string(error.what()) + "; --help tells more." +
+                    OptionSuggestion(program, argc, argv);
+        std::fprintf(stderr, "%s: %s\n", program.get_name().c_str(), Printable(fault).c_str());
         return kWrongUsage;
     }
 }

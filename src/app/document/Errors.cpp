@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "desk/unicode/Utf8.h"
+
 namespace app {
 namespace {
 
@@ -19,6 +21,20 @@ std::string Shown(const std::string& value) {
     std::size_t end = kMost;
     while (end > 0 && (value[end] & 0xC0) == 0x80) --end;  // Does not cut inside a UTF-8 character.
     return value.substr(0, end) + "\u2026";
+}
+
+std::string Printable(std::string_view text) {
+    std::string printable;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t start = at;
+        const char32_t character = desk::NextCodePoint(text, at);
+        const bool isControl = character < ' ' || (character >= 0x7F && character < 0xA0);
+        if (isControl && character != '\n' && character != '\t')
+            printable += "\uFFFD";
+        else
+            printable += text.substr(start, at - start);
+    }
+    return printable;
 }
 
 std::string FailureSentence(const host::Failure& failure) {

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "host/Failure.h"
 
@@ -27,6 +28,10 @@ struct AlreadyReported {};
 
 /// Returns a value for use in a message, cut to 200 bytes with an ellipsis.
 std::string Shown(const std::string& value);
+
+/// Returns a text with each control character but line feeds and tabs replaced by U+FFFD, for a
+/// terminal. Bytes that are not UTF-8 stay.
+std::string Printable(std::string_view text);
 
 /// Returns a failure as one sentence: its cause and the facts that the cause does not mention.
 std::string FailureSentence(const host::Failure& failure);

@@ -9,6 +9,7 @@
 #include "app/document/KeyValues.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/SettingsEdit.h"
+#include "desk/unicode/FoldCase.h"
 #include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
 #include "model/KeyNames.h"
@@ -21,10 +22,9 @@ namespace {
 // The default expression of the column Page for a table with a grid.
 constexpr char kGridReference[] = "$$PAGE_NUMBER $$ROW-$$COLUMN";
 
-constexpr double kSheetMargin = 0.5;   // Inches.
-constexpr double kHeadRoom = 0.25;     // Inches above the frame, for the running head.
-constexpr double kFootRoom = 0.3;      // Inches below the frame, for the sheet number.
-constexpr double kLargestSheet = 200;  // Inches; the largest size that PDF readers show.
+constexpr double kSheetMargin = 0.5;  // Inches.
+constexpr double kHeadRoom = 0.25;    // Inches above the frame, for the running head.
+constexpr double kFootRoom = 0.3;     // Inches below the frame, for the sheet number.
 
 std::vector<double> ParseNumbers(const std::string& text, char separator) {
     std::vector<double> numbers;
@@ -34,6 +34,33 @@ std::vector<double> ParseNumbers(const std::string& text, char separator) {
         numbers.push_back(*number);
     }
     return numbers;
+}
+
+constexpr double kMillimetresPerInch = 25.4;
+
+constexpr double Inches(int millimetres) {
+    return millimetres / kMillimetresPerInch;
+}
+
+struct SheetFormat {
+    std::string_view name;
+    double width, height;  // Inches.
+};
+
+// Formats of ISO 216 and of North America.
+constexpr SheetFormat kFormats[] = {{"a3", Inches(297), Inches(420)},
+                                    {"a4", Inches(210), Inches(297)},
+                                    {"a5", Inches(148), Inches(210)},
+                                    {"b5", Inches(176), Inches(250)},
+                                    {"letter", 8.5, 11},
+                                    {"legal", 8.5, 14},
+                                    {"tabloid", 11, 17}};
+
+std::string FormatNames() {
+    std::string names;
+    for (const auto& format : kFormats)
+        names += (names.empty() ? "" : ", ") + std::string(format.name);
+    return names;
 }
 
 // Creates an element with default properties and no columns.
@@ -82,15 +109,22 @@ std::string FieldNames(const host::IHostFields& fields, std::int32_t most) {
 }
 
 PageSize ParsePageSize(const std::string& text) {
-    if (text == "letter" || text == "Letter") return {8.5, 11};
-    if (text == "a4" || text == "A4") return {210 / 25.4, 297 / 25.4};
-    const auto numbers = ParseNumbers(text, 'x');
-    if (numbers.size() != 2 || numbers[0] <= 0 || numbers[1] <= 0 || numbers[0] > kLargestSheet ||
-        numbers[1] > kLargestSheet)
-        throw UsageError("--page-size " + text +
-                         ": the size must be letter, a4, or WIDTHxHEIGHT in inches, such as 6x9 "
-                         "(at most 200).");
-    return {numbers[0], numbers[1]};
+    const std::string size = desk::FoldCase(text);
+    for (const auto& format : kFormats)
+        if (format.name == size) return {format.width, format.height};
+    const bool isMetric = size.ends_with("mm");
+    const bool hasUnit = isMetric || size.ends_with("in");
+    const auto numbers = ParseNumbers(size.substr(0, size.size() - (hasUnit ? 2 : 0)), 'x');
+    PageSize page;
+    if (numbers.size() == 2) page = {numbers[0], numbers[1]};
+    if (isMetric) page = {page.width / kMillimetresPerInch, page.height / kMillimetresPerInch};
+    const auto isSide = [](double inches) {
+        return inches >= desk::kSmallestSheet && inches <= desk::kLargestSheet;
+    };
+    if (isSide(page.width) && isSide(page.height)) return page;
+    throw UsageError("--page-size " + Shown(text) + ": the size must be " + FormatNames() +
+                     ", or WIDTHxHEIGHT in inches or with mm behind it, such as 6x9 or "
+                     "148x210mm (each side from 0.01 to 200 inches).");
 }
 
 FrameOption ParseFrame(const std::string& text, const PageSize& page) {
@@ -114,9 +148,14 @@ FrameOption ParseFrame(const std::string& text, const PageSize& page) {
 
 void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
                       const std::string& documentPath) {
-    const PageSize page = ParsePageSize(options.pageSize);
+    const std::string format = open.TheDesk().UsesLetterFormat() ? "letter" : "a4";
+    const PageSize page = ParsePageSize(options.pageSize.empty() ? format : options.pageSize);
     desk::Document document;
-    document.title = std::filesystem::path(options.listingDatabase).stem().string();
+    document.title = options.title.empty()
+                         ? std::filesystem::path(options.listingDatabase).stem().string()
+                         : options.title;
+    document.firstSheet = options.firstPage;
+    document.locale = open.TheDesk().LocaleName();
     document.pageWidth = page.width;
     document.pageHeight = page.height;
     if (!options.book.empty()) {
@@ -132,7 +171,7 @@ void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
     if (!options.book.empty()) open.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
-void ApplyPrintDefaults(OpenDocument& open) {
+void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups) {
     AddPageFurniture(open);
 
     // Divides the frame into column groups at least kLeastGroup wide (three on a Letter sheet) that
@@ -143,8 +182,9 @@ void ApplyPrintDefaults(OpenDocument& open) {
     constexpr double kGap = 0.15;
     constexpr double kLeastGroup = 2.1;
     constexpr double kMostGroups = kLeastGroup / kGap + 2;
-    const double groups = std::clamp(std::floor((frameWidth + kGap) / (kLeastGroup + kGap)), 1.0,
-                                     std::floor(kMostGroups));
+    const double fitting = std::floor((frameWidth + kGap) / (kLeastGroup + kGap));
+    const double groups =
+        std::clamp(columnGroups > 0 ? columnGroups : fitting, 1.0, std::floor(kMostGroups));
     const double filled = frameWidth - (groups == 2 ? 0.001 : 0);
     const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
 

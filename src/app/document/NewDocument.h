@@ -9,11 +9,14 @@ namespace app {
 
 struct NewDocumentOptions {
     std::string listingDatabase;
-    std::string book;                 ///< Map book file; empty for none.
-    std::string pageSize = "letter";  ///< As for ParsePageSize.
-    std::string frame;                ///< As for ParseFrame.
+    std::string book;      ///< Map book file; empty for none.
+    std::string pageSize;  ///< As for ParsePageSize; empty: the locale's.
+    std::string frame;     ///< As for ParseFrame.
     std::vector<std::string> assignments;
     bool sample = false;
+    std::string title;              ///< Empty: the table's name.
+    std::int32_t firstPage = 0;     ///< Number of the first sheet, from 1; 0: not given.
+    std::int32_t columnGroups = 0;  ///< That fill the frame, from 1; 0: as many as fit.
 };
 
 /// Starts a document with one layout page and one gazetteer frame, with the default columns of the
@@ -27,8 +30,8 @@ struct PageSize {
     double width = 0;
     double height = 0;
 };
-/// Parses "letter", "a4", or "WIDTHxHEIGHT" in inches, above 0 and at most 200. Throws UsageError
-/// for another form.
+/// Parses the name of a format, such as "letter" or "a4", or "WIDTHxHEIGHT" in inches or with "mm"
+/// or "in" behind it, each from 0.01 to 200 inches. Throws UsageError for another form.
 PageSize ParsePageSize(const std::string& text);
 
 /// A rectangle on the sheet, in inches from its lower left corner.
@@ -47,7 +50,7 @@ FrameOption ParseFrame(const std::string& text, const PageSize& page);
 std::string FieldNames(const host::IHostFields& fields, std::int32_t most);
 
 /// Applies the defaults of `make` for a printable index: column groups that fill the frame, fonts
-/// and dot leaders; adds a running head and a sheet number.
-void ApplyPrintDefaults(OpenDocument& open);
+/// and dot leaders; adds a running head and a sheet number. With 0 column groups, as many as fit.
+void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups = 0);
 
 }  // namespace app

@@ -1,12 +1,32 @@
 #include "app/document/OpenDocument.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <utility>
 
 #include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "desk/tables/DbfTable.h"
 #include "model/GeneralFunctions.h"
 
 namespace app {
+namespace {
+
+std::string PathOf(const host::Ref<host::IHostTable>& table) {
+    const auto dbf = host::As<desk::DbfTable>(table);
+    return dbf ? dbf->Path() : "";
+}
+
+// Whether a file is a table or one that is read with it: code page, memos.
+bool IsOfTable(const std::string& path, const std::string& table) {
+    if (IsSameFile(path, table)) return true;
+    return std::ranges::any_of(std::array{".cpg", ".CPG", ".dbt", ".DBT"}, [&](const char* ending) {
+        return IsSameFile(path, std::filesystem::path(table).replace_extension(ending).string());
+    });
+}
+
+}  // namespace
 
 OpenDocument::OpenDocument(desk::DeskOptions options, WarningListener listener)
     : dialogs_(std::make_shared<RecordingDialogs>(options.dialogs)),
@@ -73,6 +93,16 @@ bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
     const bool canDraw = Manager().CanDrawIndex(Gazetteer());
     reasons = Manager().LastFindings();
     return canDraw;
+}
+
+bool OpenDocument::IsMadeFrom(const std::string& path) const {
+    if (IsSameFile(path, desk::MapBookPath(desk_->CurrentDocument(), Path()))) return true;
+    return std::ranges::any_of(frames_, [&](const GazetteerFrame& frame) {
+        const auto& manager = *frame.manager;
+        return IsOfTable(path, manager.BoundSettings().indexDatabaseFile) ||
+               IsOfTable(path, PathOf(manager.DatabaseTable())) ||
+               IsOfTable(path, PathOf(manager.IndexLayerTable()));
+    });
 }
 
 void OpenDocument::CheckNothingFailed() {

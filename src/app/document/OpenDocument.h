@@ -73,6 +73,9 @@ public:
     /// Returns whether the element passes its check; if not, adds the reasons. An exception during
     /// the check counts as a reason.
     bool CanDraw(gazetteer::Findings& reasons);
+    /// Returns whether the document is made from a file: its map book, a listing database, an index
+    /// layer, or what belongs to one of these tables.
+    bool IsMadeFrom(const std::string& path) const;
     /// Throws AlreadyReported if a failure was shown since the last call.
     void CheckNothingFailed();
     void Warn(const std::string& sentence) { warningListener_(sentence); }

@@ -71,9 +71,11 @@ std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::str
     return text + kEllipsis;
 }
 
-// Returns the number printed on a sheet. In a map book it counts from the first page of the
-// gazetteer's section.
+// Returns the number printed on a sheet. It counts from the document's first number, else in a map
+// book from the first page of the gazetteer's section.
 std::string SheetNumber(OpenDocument& open, std::int32_t page) {
+    const auto first = open.TheDesk().CurrentDocument().firstSheet;
+    if (first > 0) return std::to_string(std::int64_t{first} + page - 1);
     auto& host = open.Host();
     const auto context = host.NewLayoutContext();
     const auto key = context->CurrentTemplateKey();

@@ -13,7 +13,10 @@ public:
         : dialogs_(std::move(dialogs)) {}
 
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
-        if (request.failure && silent_) return host::MessageAnswer::Ok;
+        if (request.failure && silent_) {
+            silent_->failed_ = true;
+            return host::MessageAnswer::Ok;
+        }
         if (request.failure) failureShown_ = true;
         return dialogs_->MessageBox(request);
     }
@@ -29,18 +32,22 @@ public:
     /// While it exists, failures are neither shown nor recorded: for checks that return reasons.
     class Silent {
     public:
-        explicit Silent(RecordingDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = true; }
-        ~Silent() { dialogs_.silent_ = false; }
+        explicit Silent(RecordingDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = this; }
+        ~Silent() { dialogs_.silent_ = nullptr; }
         Silent(const Silent&) = delete;
         Silent& operator=(const Silent&) = delete;
 
+        bool Failed() const { return failed_; }
+
     private:
+        friend RecordingDialogs;
         RecordingDialogs& dialogs_;
+        bool failed_ = false;
     };
 
 private:
     host::Ref<host::IHostDialogs> dialogs_;
-    bool silent_ = false;
+    Silent* silent_ = nullptr;
     bool failureShown_ = false;
 };
 

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdio>
-#include <ranges>
 
 #include "desk/tables/DbfTable.h"
 
@@ -20,12 +19,6 @@ std::int64_t StoredListings(const gazetteer::CVNGazetteerManager& manager) {
     if (!listings) return 0;
     const auto columns = gazetteer::NamesOf(*listings);
     return columns.empty() ? 0 : gazetteer::SetUnder(*listings, columns.front())->Count();
-}
-
-std::string CodePoint(char32_t character) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
-    return text.data();
 }
 
 }  // namespace
@@ -46,25 +39,14 @@ std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager) {
            Counted(results.pageCount, "page", "pages") + '.';
 }
 
-std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager) {
-    std::vector<std::string> warnings;
-    if (const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable()))
-        warnings = dbf->Warnings();
-    const auto& run = manager.LastRun();
-    if (run.tooHigh > 0)
-        warnings.push_back(Counted(run.tooHigh, "listing ends", "listings end") +
-                           " below the foot of the frame, since a row is higher than the frame.");
-    if (run.tooWide > 0)
-        warnings.push_back(Counted(run.tooWide, "listing ends", "listings end") +
-                           " beyond the right edge of the frame, since the columns and the "
-                           "RepeatSpacing between their groups are wider than the frame.");
-    const std::int64_t unplaced = run.listings - run.placed;
-    if (unplaced == 0) return warnings;
-    const bool sample = manager.BoundSettings().samplePage;
-    warnings.push_back(Counted(unplaced, "listing", "listings") + " found no place on a page, " +
-                       (sample ? "since only a sample page was asked for."
-                               : "since the frame is lower than the row of titles."));
-    return warnings;
+std::vector<std::string> TableWarnings(const gazetteer::CVNGazetteerManager& manager) {
+    const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable());
+    return dbf ? dbf->Warnings() : std::vector<std::string>();
+}
+
+std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager) {
+    return manager.BoundSettings().samplePage ? "since only a sample page was asked for."
+                                              : "since the frame is lower than the row of titles.";
 }
 
 std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager) {
@@ -85,26 +67,18 @@ std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager) {
                : "The gazetteer has no page: its frame is lower than the row of titles.";
 }
 
+std::string CodePoint(char32_t character) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "U+%04X", static_cast<unsigned>(character));
+    return text.data();
+}
+
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine) {
     std::vector<std::string> warnings;
     for (const auto& font : engine.Substitutions())
         warnings.push_back("the font \"" + font.wanted + "\" is not installed; \"" + font.used +
                            "\" stands in for it.");
     return warnings;
-}
-
-std::string MissingCharactersWarning(const desk::TextEngine& engine) {
-    constexpr std::size_t kNamed = 5;
-    const auto& missing = engine.MissingCharacters();
-    if (missing.empty()) return {};
-    std::string names;
-    for (const char32_t character : missing | std::views::take(kNamed))
-        names += (names.empty() ? "" : ", ") + CodePoint(character);
-    if (missing.size() > kNamed)
-        names += " and " + std::to_string(missing.size() - kNamed) + " more";
-    return "no installed font has the " +
-           std::string(missing.size() == 1 ? "character " : "characters ") + names +
-           "; a box is printed instead.";
 }
 
 }  // namespace app

@@ -14,8 +14,11 @@ std::string RunSummary(const gazetteer::CVNGazetteerManager& manager);
 /// Returns the counts of listings and pages of stored results, in one line; empty without results.
 std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 
-/// Returns warnings about the table and the outcome, one sentence each.
-std::vector<std::string> RunWarnings(const gazetteer::CVNGazetteerManager& manager);
+/// Returns warnings about the listing database, one sentence each.
+std::vector<std::string> TableWarnings(const gazetteer::CVNGazetteerManager& manager);
+
+/// Returns the end of a sentence that says why listings found no place.
+std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager);
 
 /// Returns one line that says that the gazetteer cannot be drawn, with the manager's reasons.
 std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager);
@@ -28,7 +31,7 @@ std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 /// Returns one sentence for each font that was substituted so far.
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
 
-/// Returns one sentence about characters printed as boxes because no font has them; empty if none.
-std::string MissingCharactersWarning(const desk::TextEngine& engine);
+/// Returns a character's number, such as "U+00E9".
+std::string CodePoint(char32_t character);
 
 }  // namespace app

@@ -6,6 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/Suggestion.h"
 #include "model/EditRules.h"
 #include "model/KeyNames.h"
 #include "model/Keys.h"
@@ -17,6 +18,14 @@ namespace {
 constexpr char kMarkOff[] = ":off";
 
 constexpr std::array<std::string_view, 4> kAlignments{"Left", "Center", "Right", "Justify"};
+
+// Returns the names of the keys that a user may set.
+std::vector<std::string> UserKeys(const auto& table) {
+    std::vector<std::string> names;
+    for (const auto& key : table)
+        if (key.writer == gazetteer::Writer::User) names.emplace_back(key.name);
+    return names;
+}
 
 bool IsAlignment(const host::Variant& value) {
     const auto* text = std::get_if<std::string>(&value);
@@ -88,7 +97,8 @@ void SettingsEdit::SetProperty(const std::string& key, const std::string& value)
     if (!entry) {
         const bool ofColumn = gazetteer::FindColumnKey(key) != nullptr;
         throw UsageError("There is no property \"" + key + "\"" +
-                         (ofColumn ? "; it is one of a column: COLUMN." + key + "=VALUE." : "."));
+                         (ofColumn ? "; it is one of a column: COLUMN." + key + "=VALUE."
+                                   : '.' + Suggestion(key, UserKeys(gazetteer::PropertyKeys()))));
     }
     if (entry->writer == gazetteer::Writer::Run)
         throw UsageError("The property \"" + key + "\" is kept by the gazetteer itself.");
@@ -112,7 +122,9 @@ void SettingsEdit::SetProperty(const std::string& key, const std::string& value)
 void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
                              const std::string& value) {
     const auto* entry = gazetteer::FindColumnKey(key);
-    if (!entry) throw UsageError("There is no column property \"" + key + "\".");
+    if (!entry)
+        throw UsageError("There is no column property \"" + key + "\"." +
+                         Suggestion(key, UserKeys(gazetteer::ColumnKeys())));
     if (entry->writer == gazetteer::Writer::Run)
         throw UsageError("The column property \"" + key + "\" is kept by the gazetteer itself.");
     auto names = gazetteer::NamesOf(*settings_.columnNames);
@@ -150,7 +162,9 @@ void SettingsEdit::SetOrder(const std::string& key, const std::string& value,
 
 std::string SettingsEdit::ColumnName(const std::string& name) {
     std::string known = gazetteer::FindColumn(open_.Host().Locale(), settings_, name);
-    if (known.empty()) throw UsageError("There is no column \"" + Shown(name) + "\".");
+    if (known.empty())
+        throw UsageError("There is no column \"" + Shown(name) + "\"." +
+                         Suggestion(name, gazetteer::NamesOf(*settings_.columnNames)));
     return known;
 }
 

@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
 #include "app/document/PageFurniture.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
@@ -26,6 +27,17 @@ void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page)
 
 std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path) {
     return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title});
+}
+
+void CheckNotMadeFrom(const OpenDocument& open, const std::string& path) {
+    if (open.IsMadeFrom(path))
+        throw UsageError("The file \"" + path +
+                         "\" cannot be written: the document is made from it.");
+}
+
+bool HoldsManySheets(const std::string& path) {
+    const auto* format = desk::FormatOf(path);
+    return format && format->manySheets;
 }
 
 // Raises the limit of open files to the hard limit of the process.
@@ -75,18 +87,35 @@ void CheckPage(std::int32_t page, std::int32_t pageCount) {
                        std::to_string(pageCount) + (pageCount == 1 ? " page." : " pages."));
 }
 
+void DrawPage(OpenDocument& open, std::int32_t page) {
+    auto& manager = open.Manager();
+    manager.SetIndexToPageNumber(page);
+    open.CheckNothingFailed();
+    if (!manager.CanDraw())
+        throw CommandError("Page " + std::to_string(page) +
+                           " of the stored results holds no listing; the document is damaged.");
+}
+
+void CheckSheetsApart(const OpenDocument& open, const std::string& path, const PageRange& pages,
+                      const std::string& document) {
+    const bool one = HoldsManySheets(path);
+    for (std::int32_t page = pages.first; page <= (one ? pages.first : pages.last); ++page) {
+        const std::string written = one ? path : NumberedPath(path, page);
+        CheckApart(written, {document});
+        CheckNotMadeFrom(open, written);
+    }
+}
+
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
                  const SheetListener& before) {
-    const auto* format = desk::FormatOf(path);
-    const bool one = format && format->manySheets;
+    const bool one = HoldsManySheets(path);
     if (!one) AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> files;
     for (std::int32_t page = pages.first; page <= pages.last; ++page) {
         if (!one || files.empty())
             files.push_back(OpenWriter(open, one ? path : NumberedPath(path, page)));
         if (before) before(page);
-        open.Manager().SetIndexToPageNumber(page);
-        open.CheckNothingFailed();
+        DrawPage(open, page);
         PaintSheet(open, *files.back(), page);
         if (!one || page == pages.last) files.back()->Complete();
     }
@@ -95,6 +124,7 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
 }
 
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page) {
+    CheckNotMadeFrom(open, path);
     const auto writer = OpenWriter(open, path);
     PaintSheet(open, *writer, page);
     writer->Finish();

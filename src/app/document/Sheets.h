@@ -22,6 +22,9 @@ std::optional<PageRange> ParsePages(const std::string& text);
 /// Throws CommandError unless the page is in 1 to pageCount.
 void CheckPage(std::int32_t page, std::int32_t pageCount);
 
+/// Draws a page of the bound gazetteer. Throws if that fails or the page holds no listing.
+void DrawPage(OpenDocument& open, std::int32_t page);
+
 /// Called before each page is drawn. An exception from it cancels the export.
 using SheetListener = std::function<void(std::int32_t page)>;
 
@@ -33,6 +36,11 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
 
 /// Returns the file name of a page, for formats with one file per page.
 std::string NumberedPath(const std::string& path, std::int32_t page);
+
+/// Throws UsageError if a file that WriteSheets would write is one that the document is made from,
+/// or its own. Whether or not the document is on disk, its own is the one of the given name.
+void CheckSheetsApart(const OpenDocument& open, const std::string& path, const PageRange& pages,
+                      const std::string& document);
 
 /// Writes the sheet with the page that the document shows now.
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page);

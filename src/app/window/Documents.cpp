@@ -116,7 +116,7 @@ bool Documents::SaveAs() {
 }
 
 bool Documents::SaveWith(const QString& path, const std::function<void()>& save) {
-    if (session_.Needs(desk::FromQt(path))) {
+    if (session_.Document().IsMadeFrom(desk::FromQt(path))) {
         session_.Warn("Save Document", "The document cannot be saved as \"" + desk::FromQt(path) +
                                            "\", since it is made from that file.");
         return false;

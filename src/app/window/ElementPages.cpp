@@ -1,6 +1,7 @@
 #include "app/window/ElementPages.h"
 
 #include "app/document/Errors.h"
+#include "app/document/OwnComponent.h"
 #include "desk/components/Registrar.h"
 
 namespace app {
@@ -25,6 +26,7 @@ std::vector<ElementPages::Page> ElementPages::Make(WindowSession& session) {
         }
     };
     std::vector<Page> pages;
+    orWarn([&] { RegisterNewComponent(host); });
     orWarn([&] {
         const auto registrar = host::As<desk::Registrar>(host->NewComponentRegistrar());
         for (const auto& entry : registrar->Entries(host::kElementPropertyPages))

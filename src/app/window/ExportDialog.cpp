@@ -251,11 +251,6 @@ QString ExportPages(WindowSession& session, QWidget& window) {
     ExportDialog dialog(session.Page(), session.Pages(), base, &window);
     if (dialog.exec() != QDialog::Accepted) return {};
     const std::string path = desk::FromQt(QFileInfo(dialog.Path()).absoluteFilePath());
-    if (session.Needs(path)) {
-        session.Warn("Export", "The pages cannot be written to \"" + path +
-                                   "\", since the document is made from that file.");
-        return {};
-    }
     const PageRange pages = dialog.Pages();
     if (!WriteWithProgress(session, window, path, pages)) return {};
     const int count = pages.last - pages.first + 1;

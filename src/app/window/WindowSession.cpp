@@ -6,6 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/FindFindings.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/RunTexts.h"
 #include "support/Conversions.h"
@@ -69,14 +70,6 @@ void WindowSession::Save() {
     modified_ = false;
 }
 
-bool WindowSession::Needs(const std::string& path) {
-    const auto& document = document_.TheDesk().CurrentDocument();
-    if (IsSameFile(path, desk::MapBookPath(document, Path()))) return true;
-    return std::ranges::any_of(document_.Frames(), [&](const GazetteerFrame& frame) {
-        return IsSameFile(path, frame.manager->BoundSettings().indexDatabaseFile);
-    });
-}
-
 void WindowSession::Warn(const std::string& title, const std::string& sentence) {
     document_.Dialogs().MessageBox({title, sentence, host::kWarningOk, nullptr});
 }
@@ -126,11 +119,21 @@ void WindowSession::AddResultNotices() {
     if (!summary_.empty()) summary_ += ' ';
     summary_ += manager.HasRun() ? RunSummary(manager) : StoredSummary(manager);
     if (manager.HasRun())
-        for (const auto& warning : RunWarnings(manager)) AddNotice(warning);
+        for (const auto& warning : TableWarnings(manager)) AddNotice(warning);
     if (!manager.CanDraw())
         AddNotice(UndrawableSentence(manager));
     else if (document_.PageCount() == 0)
         AddNotice(NoPageReason(manager));
+    else
+        AddFindings();
+}
+
+void WindowSession::AddFindings() {
+    try {
+        for (const auto& sentence : FindFindings(document_).Sentences()) AddNotice(sentence);
+    } catch (const std::exception&) {
+        AddNotice(CurrentSentence());
+    }
 }
 
 void WindowSession::AddFontNotices() {
@@ -173,6 +176,7 @@ void WindowSession::SetDraft(bool draft) {
 
 void WindowSession::Export(const std::string& path, const PageRange& pages,
                            const SheetListener& before) {
+    CheckSheetsApart(document_, path, pages, OnDisk() ? Path() : "");
     const bool draft = InDraft();
     // An earlier failure must not end the export.
     document_.Dialogs().TakeFailureShown();

@@ -38,8 +38,6 @@ public:
     bool OnDisk() const { return document_.DeskRef()->Replaceable().has_value(); }
     bool Modified() const { return modified_; }
     void NoteChange() { modified_ = true; }
-    /// Returns whether the document uses this file, which must then not be overwritten.
-    bool Needs(const std::string& path);
 
     /// Binds a new manager to each gazetteer frame and draws its page if it is drawable and not in
     /// draft state. The page is first the default page, later the page shown before, or the last
@@ -78,6 +76,7 @@ private:
     void Draw();
     void RestoreView(bool draft);
     void AddResultNotices();
+    void AddFindings();
     void AddFontNotices();
     void AddNotice(const std::string& sentence) { notices_.push_back(sentence); }
     bool Drawable() const;

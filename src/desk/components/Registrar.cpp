@@ -147,7 +147,7 @@ void Registrar::RegisterComponent(const std::string& componentFile,
         Enter(entries, entry);
     else
         std::erase_if(entries, [&](const auto& other) { return SamePlace(other, entry); });
-    if (entries != before) WriteComponents(listFile_, entries);
+    if (entries != before || !fs::exists(listFile_)) WriteComponents(listFile_, entries);
 }
 
 std::vector<ComponentEntry> Registrar::Entries(const std::string& category) const {

@@ -29,7 +29,7 @@ public:
 
     /// Accepts a file named folder\base.dll for folder/base.so. Throws if the file of a component
     /// to register is missing, or if the list cannot be read or written. Writes only if something
-    /// changes.
+    /// changes, or if there is no list yet.
     void RegisterComponent(const std::string& componentFile,
                            const host::Ref<host::IHostIdentifier>& classId,
                            const host::Ref<host::IHostIdentifier>& categoryId,

@@ -27,6 +27,9 @@ void CheckParsed(simdjson::error_code error, const std::string& path) {
     if (error == simdjson::SUCCESS) return;
     if (error == simdjson::MEMALLOC || error == simdjson::CAPACITY)
         Fail(path, "The file \"" + path + "\" is too large to be read.");
+    if (error == simdjson::DEPTH_ERROR)
+        Fail(path,
+             "The file \"" + path + "\" is damaged: its values stand too deep inside one another.");
     if (error == simdjson::UTF8_ERROR)
         Fail(path, "The file \"" + path + "\" is damaged: it holds text that is not UTF-8.");
     Fail(path, "The file \"" + path + "\" is damaged: it is not JSON as a whole.");
@@ -43,11 +46,8 @@ void CheckFormat(simdjson::dom::element root, const JsonNode& top, const std::st
                    std::to_string(kVersion) + ".");
 }
 
-double Length(const JsonNode& node) {
-    const double length = node.Number();
-    if (!(length > 0) || length > std::numeric_limits<double>::max())
-        node.Fail("a length above 0 is expected");
-    return length;
+double SheetSide(const JsonNode& node) {
+    return node.NumberIn(kSmallestSheet, kLargestSheet, "a number of inches");
 }
 
 std::string OptionalText(const JsonNode& node, std::string_view key) {
@@ -56,8 +56,8 @@ std::string OptionalText(const JsonNode& node, std::string_view key) {
 }
 
 void ReadPage(const JsonNode& node, const std::shared_ptr<TextEngine>& engine, Document& document) {
-    document.pageWidth = Length(node.Member("width"));
-    document.pageHeight = Length(node.Member("height"));
+    document.pageWidth = SheetSide(node.Member("width"));
+    document.pageHeight = SheetSide(node.Member("height"));
     const auto elements = node.Member("elements");
     elements.Each([&](const JsonNode& element) {
         document.elements.push_back(ReadElement(element, engine));
@@ -71,6 +71,8 @@ void WriteText(JsonWriter& writer, const Document& document) {
     writer.Member("title", document.title);
     if (!document.mapBook.empty()) writer.Member("mapBook", document.mapBook);
     if (!document.templateKey.empty()) writer.Member("template", document.templateKey);
+    if (!document.locale.empty()) writer.Member("locale", document.locale);
+    if (document.firstSheet != 0) writer.Member("firstSheet", document.firstSheet);
     writer.Key("page");
     writer.BeginObject();
     writer.Member("width", document.pageWidth);
@@ -101,6 +103,8 @@ Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>
     document.title = top.Member("title").Text();
     document.mapBook = OptionalText(top, "mapBook");
     document.templateKey = OptionalText(top, "template");
+    document.locale = OptionalText(top, "locale");
+    if (const auto first = top.Optional("firstSheet")) document.firstSheet = first->Whole(1);
     ReadPage(top.Member("page"), engine, document);
     return document;
 }

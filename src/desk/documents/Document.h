@@ -13,6 +13,10 @@ namespace desk {
 class TextEngine;
 
 /// A layout page and the elements on it, lowest first.
+/// Sides of a sheet in inches; the largest is the largest that PDF readers show.
+inline constexpr double kSmallestSheet = 0.01;
+inline constexpr double kLargestSheet = 200;
+
 struct Document {
     std::string title;
     double pageWidth = 8.5;  ///< Inches, as is the height; positive.
@@ -22,6 +26,8 @@ struct Document {
                               ///< absolute.
     std::string templateKey;  ///< The document's template in the map book; empty: the book's
                               ///< current one.
+    std::string locale;       ///< As for IcuLocale; empty: the user's.
+    std::int32_t firstSheet = 0;  ///< Number of the first sheet, from 1; 0: the map book's, or 1.
 };
 
 /// Reads a document. Throws host::Failure with one sentence that names the file and the fault if

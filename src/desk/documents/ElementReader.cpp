@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -79,10 +80,16 @@ std::shared_ptr<TextItems> TextsIn(const JsonNode& node) {
     return nullptr;
 }
 
+double FiniteIn(const JsonNode& node) {
+    const double number = node.Number();
+    if (!std::isfinite(number)) node.Fail("a finite number is expected");
+    return number;
+}
+
 host::Ref<host::IHostFont> FontIn(const JsonNode& node) {
     auto font = std::make_shared<desk::Font>();
     font->SetName(std::string(node.Member("name").Text()));
-    font->SetSize(node.Member("size").Number());
+    font->SetSize(FiniteIn(node.Member("size")));
     font->SetBold(node.Member("bold").Flag());
     return font;
 }
@@ -101,7 +108,7 @@ host::Ref<host::IHostTextSymbol> ReadTextSymbol(const JsonNode& node, Engine eng
     symbol->SetColor(ColorIn(node.Member("color")));
     symbol->SetHorizontalPlacement(node.Member("horizontal").Whole(0, 3));
     symbol->SetVerticalPlacement(node.Member("vertical").Whole(0, 3));
-    symbol->SetAngle(node.Member("angle").Number());
+    symbol->SetAngle(FiniteIn(node.Member("angle")));
     symbol->SetText(std::string(node.Member("text").Text()));
     return symbol;
 }
@@ -120,7 +127,7 @@ host::Ref<host::IHostFillSymbol> ReadFillSymbol(const JsonNode& node) {
 }
 
 Object ReadSet(const JsonNode& node, Engine engine) {
-    if (node.Nesting() > kDeepestNesting) node.Fail("sets stand too deep inside one another");
+    node.CheckNesting(kDeepestNesting, "sets");
     if (auto texts = TextsIn(node)) return std::make_shared<PropertySet>(std::move(texts));
     auto set = std::make_shared<PropertySet>();
     EachEntry(node, [&](const JsonNode& item, std::string_view name, const JsonNode& value) {
@@ -167,24 +174,31 @@ host::Variant ReadValue(const JsonNode& node, Engine engine) {
     node.Fail("this is no value");
 }
 
+/// Inches from the sheet's corner. Rows beyond the edge of a sheet may lie far off: 50 columns of
+/// the longest lengths of a gazetteer.
+double Coordinate(const JsonNode& node) {
+    constexpr double kFarthest = 1e6;
+    return node.NumberIn(-kFarthest, kFarthest, "a number of inches");
+}
+
 template <std::size_t Size>
-std::array<double, Size> Numbers(const JsonNode& node) {
+std::array<double, Size> Coordinates(const JsonNode& node) {
     if (node.Count() != Size) node.Fail(std::to_string(Size) + " numbers are expected");
     std::array<double, Size> numbers{};
     std::size_t next = 0;
-    node.Each([&](const JsonNode& number) { numbers[next++] = number.Number(); });
+    node.Each([&](const JsonNode& number) { numbers[next++] = Coordinate(number); });
     return numbers;
 }
 
 host::Ref<host::IHostPoint> PointIn(const JsonNode& node) {
     const auto point = node.Member("point");
-    const auto [x, y] = Numbers<2>(point);
+    const auto [x, y] = Coordinates<2>(point);
     return std::make_shared<Point>(x, y);
 }
 
 host::Ref<host::IHostEnvelope> EnvelopeIn(const JsonNode& node) {
     const auto envelope = node.Member("envelope");
-    const auto [xmin, ymin, xmax, ymax] = Numbers<4>(envelope);
+    const auto [xmin, ymin, xmax, ymax] = Coordinates<4>(envelope);
     return std::make_shared<Envelope>(xmin, ymin, xmax, ymax);
 }
 
@@ -209,8 +223,7 @@ Element ReadGroup(const JsonNode& node, Engine engine) {
     const auto group = ReadCommon(node, engine, std::make_shared<GroupElement>(), AnyGeometryIn);
     group->SetDraft(node.Member("draft").Flag());
     const auto members = node.Member("members");
-    if (members.Nesting() > kDeepestNesting)
-        members.Fail("groups stand too deep inside one another");
+    members.CheckNesting(kDeepestNesting, "groups");
     members.Each([&](const JsonNode& member) { group->Add(ReadElement(member, engine)); });
     return group;
 }

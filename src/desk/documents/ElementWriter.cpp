@@ -24,10 +24,19 @@ std::string ColorText(std::uint32_t rgb) {
     return text;
 }
 
+[[noreturn]] void Refuse(const std::string& what) {
+    throw host::Failure(host::kFailureTypeMismatch, "desk::WriteElement", what);
+}
+
+double Finite(double number) {
+    if (!std::isfinite(number)) Refuse("a place or a size in it is no finite number");
+    return number;
+}
+
 void WriteFont(JsonWriter& writer, const host::IHostFont& font) {
     writer.BeginObject();
     writer.Member("name", font.Name());
-    writer.Member("size", font.Size());
+    writer.Member("size", Finite(font.Size()));
     writer.Member("bold", font.Bold());
     writer.EndObject();
 }
@@ -47,7 +56,7 @@ void WriteTextSymbol(JsonWriter& writer, const host::IHostTextSymbol& symbol) {
     WriteColor(writer, *symbol.Color());
     writer.Member("horizontal", symbol.HorizontalPlacement());
     writer.Member("vertical", symbol.VerticalPlacement());
-    writer.Member("angle", symbol.Angle());
+    writer.Member("angle", Finite(symbol.Angle()));
     writer.Member("text", symbol.Text());
     writer.EndObject();
 }
@@ -154,15 +163,11 @@ void WriteValue(JsonWriter& writer, const host::Variant& value) {
     std::visit(ValueWriter(writer), value);
 }
 
-[[noreturn]] void Refuse(const std::string& what) {
-    throw host::Failure(host::kFailureTypeMismatch, "desk::WriteElement", what);
-}
-
 void WriteNumbers(JsonWriter& writer, const char* kind, std::initializer_list<double> numbers) {
     writer.BeginObject();
     writer.Key(kind);
     writer.BeginArray();
-    for (const double number : numbers) writer.Number(number);
+    for (const double number : numbers) writer.Number(Finite(number));
     writer.EndArray();
     writer.EndObject();
 }

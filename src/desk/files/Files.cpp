@@ -55,13 +55,15 @@ Descriptor::~Descriptor() {
 }
 
 std::string ReadWholeFile(const std::string& path, FileState* state) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.IsOpen()) {
         Fail(path, errno == ENOENT ? "there is no such file" : SystemReason());
     }
     struct stat info {};
     if (::fstat(file.Get(), &info) != 0) Fail(path, SystemReason());
     if (S_ISDIR(info.st_mode)) Fail(path, "it is a folder");
+    // A pipe or a device may never end.
+    if (!S_ISREG(info.st_mode)) Fail(path, "it is no ordinary file");
 
     if (state != nullptr) *state = FileState::Of(file.Get());
 

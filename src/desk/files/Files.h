@@ -41,8 +41,8 @@ private:
 };
 
 /// Returns the whole content of a file, with SIMDJSON_PADDING bytes of spare capacity. Throws
-/// host::Failure if the file is missing, unreadable or a folder. Sets *state, if given, to the
-/// state before the first byte is read.
+/// host::Failure if the file is missing, unreadable, or no regular file. Sets *state, if given, to
+/// the state before the first byte is read.
 std::string ReadWholeFile(const std::string& path, FileState* state = nullptr);
 
 /// Creates or replaces a file atomically (see ReplacingFile).

@@ -38,7 +38,7 @@ fs::path FolderOf(const fs::path& file) {
     return folder.empty() ? fs::path(".") : folder;
 }
 
-fs::path TemporaryName(const fs::path& target, int attempt) {
+fs::path NameBeside(const fs::path& target, int attempt) {
     return FolderOf(target) /
            (".desk-" + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".tmp");
 }
@@ -87,11 +87,6 @@ ReplacingFile::ReplacingFile(const std::string& path, Devices devices)
     }
 }
 
-ReplacingFile::~ReplacingFile() {
-    stream_.reset();
-    if (!temporary_.empty()) ::unlink(temporary_.c_str());
-}
-
 // The kernel deletes an unnamed file when the process ends. Leaves stream_ null if the file system
 // does not support unnamed files or /proc is not available to name the file later.
 void ReplacingFile::OpenUnnamed() {
@@ -105,13 +100,13 @@ void ReplacingFile::OpenUnnamed() {
 void ReplacingFile::OpenBeside() {
     int file = -1;
     for (int attempt = 0; file < 0 && attempt < kMostAttempts; ++attempt) {
-        temporary_ = TemporaryName(target_, attempt);
-        file = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOrdinaryMode);
+        temporary_.Take(NameBeside(target_, attempt));
+        file = ::open(temporary_.Get(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kOrdinaryMode);
         if (file < 0 && errno != EEXIST) break;
     }
     if (file < 0) {
         const int error = errno;
-        temporary_.clear();
+        temporary_.GiveUp();
         FailWith(error);
     }
     OpenStream(file);
@@ -122,8 +117,6 @@ void ReplacingFile::OpenStream(int file) {
     if (stream_) return;
     const int error = errno;
     ::close(file);
-    if (!temporary_.empty()) ::unlink(temporary_.c_str());
-    temporary_.clear();
     FailWith(error);
 }
 
@@ -145,7 +138,7 @@ void ReplacingFile::Complete() {
 
 FileState ReplacingFile::Commit(const std::optional<FileState>& expected) {
     if (!complete_) Complete();
-    if (!direct_ && temporary_.empty()) LinkBeside();
+    if (!direct_ && temporary_.IsEmpty()) LinkBeside();
     const FileState written = FileState::Of(::fileno(stream_.get()));
     if (std::fclose(stream_.release()) != 0) FailWith(errno);
     if (!direct_) PutInPlace(expected);
@@ -155,14 +148,14 @@ FileState ReplacingFile::Commit(const std::optional<FileState>& expected) {
 void ReplacingFile::LinkBeside() {
     const std::string source = ProcPath(::fileno(stream_.get()));
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
-        const fs::path name = TemporaryName(target_, attempt);
-        if (::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
-            temporary_ = name;
+        temporary_.Take(NameBeside(target_, attempt));
+        if (::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, temporary_.Get(), AT_SYMLINK_FOLLOW) == 0)
             return;
-        }
         if (errno != EEXIST) break;
     }
-    FailWith(errno);
+    const int error = errno;
+    temporary_.GiveUp();
+    FailWith(error);
 }
 
 void ReplacingFile::PutInPlace(const std::optional<FileState>& expected) {
@@ -170,19 +163,19 @@ void ReplacingFile::PutInPlace(const std::optional<FileState>& expected) {
     if (expected && lock.HeldByOther()) Fail("another program is just saving it");
     if (expected) CheckExpected(*expected);
     const bool made = expected && !FileState::At(target_).exists && LinkIfAbsent();
-    if (!made && ::rename(temporary_.c_str(), target_.c_str()) != 0) FailWith(errno);
-    temporary_.clear();
+    if (!made && ::rename(temporary_.Get(), target_.c_str()) != 0) FailWith(errno);
+    temporary_.GiveUp();
     SyncFolder();
 }
 
 // Links the temporary file to the target name, which must not exist; throws if it does by now.
 // Returns false if the file system has no hard links.
 bool ReplacingFile::LinkIfAbsent() const {
-    if (::link(temporary_.c_str(), target_.c_str()) != 0) {
+    if (::link(temporary_.Get(), target_.c_str()) != 0) {
         if (errno == EEXIST) CheckExpected({});
         return false;
     }
-    ::unlink(temporary_.c_str());
+    ::unlink(temporary_.Get());
     return true;
 }
 

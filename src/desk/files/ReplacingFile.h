@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "desk/files/Files.h"
+#include "desk/files/TemporaryName.h"
 
 namespace desk {
 
@@ -23,7 +24,6 @@ public:
     enum class Devices { Refuse, WriteAtOnce };
 
     explicit ReplacingFile(const std::string& path, Devices devices = Devices::Refuse);
-    ~ReplacingFile();
     ReplacingFile(const ReplacingFile&) = delete;
     ReplacingFile& operator=(const ReplacingFile&) = delete;
 
@@ -60,9 +60,9 @@ private:
     void SyncFolder() const;
     [[noreturn]] void FailWith(int error) const;
 
-    std::string path_;                 ///< As given by the user; for messages.
-    std::filesystem::path target_;     ///< With links resolved.
-    std::filesystem::path temporary_;  ///< Temporary name; empty for an unnamed file.
+    std::string path_;              ///< As given by the user; for messages.
+    std::filesystem::path target_;  ///< With links resolved.
+    TemporaryName temporary_;       ///< Empty for a file without a name.
     std::unique_ptr<std::FILE, Closer> stream_;
     bool complete_ = false;
     bool direct_ = false;  ///< Writes to the target directly.

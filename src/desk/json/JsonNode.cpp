@@ -1,5 +1,8 @@
 #include "desk/json/JsonNode.h"
 
+#include <iomanip>
+#include <sstream>
+
 #include "host/Failure.h"
 
 namespace desk {
@@ -23,11 +26,11 @@ JsonNode JsonNode::OnlyMember() const {
     return JsonNode(field.value, this, field.key, 0);
 }
 
-int JsonNode::Nesting() const {
+void JsonNode::CheckNesting(int deepest, const char* things) const {
     int count = 0;
     for (const JsonNode* node = this; node != nullptr; node = node->parent_)
         if (node->key_ == key_) ++count;
-    return count;
+    if (count > deepest) Fail(std::string(things) + " stand too deep inside one another");
 }
 
 std::string_view JsonNode::Text() const {
@@ -67,6 +70,15 @@ double JsonNode::Number() const {
         if (text == "nan") return std::numeric_limits<double>::quiet_NaN();
     }
     Fail("a number is expected");
+}
+
+double JsonNode::NumberIn(double least, double greatest, const char* thing) const {
+    const double number = Number();
+    if (number >= least && number <= greatest) return number;
+    std::ostringstream range;
+    range << std::setprecision(9) << thing << " from " << least << " to " << greatest
+          << " is expected";
+    Fail(range.str());
 }
 
 void JsonNode::Fail(const std::string& fault) const {

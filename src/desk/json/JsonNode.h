@@ -33,8 +33,9 @@ public:
     /// Returns the value of the only key of an object. Throws unless there is exactly one key.
     JsonNode OnlyMember() const;
     std::string_view Key() const { return key_; }
-    /// Counts the nodes with this node's key on the path from the root, including this one.
-    int Nesting() const;
+    /// Throws if more than so many nodes with this node's key stand inside one another on the path
+    /// from the root to this one. The things are what the key holds, such as "groups".
+    void CheckNesting(int deepest, const char* things) const;
 
     std::string_view Text() const;
     /// Returns a text that is not empty.
@@ -45,6 +46,9 @@ public:
                        std::int32_t greatest = std::numeric_limits<std::int32_t>::max()) const;
     /// Returns any number; also accepts the texts "inf", "-inf" and "nan".
     double Number() const;
+    /// Returns a finite number within the bounds; throws for any other. The thing names it in the
+    /// message, such as "a length in inches".
+    double NumberIn(double least, double greatest, const char* thing) const;
 
     std::size_t Count() const { return Array().size(); }
     template <class Visitor>

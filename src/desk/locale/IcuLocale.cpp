@@ -6,6 +6,7 @@
 #include <optional>
 #include <string_view>
 #include <unicode/strenum.h>
+#include <unicode/ulocdata.h>
 #include <unicode/unistr.h>
 #include <unicode/utext.h>
 
@@ -193,6 +194,16 @@ std::vector<std::size_t> IcuLocale::CharactersByRules(std::string_view text) {
     }
     utext_close(&source);
     return lengths;
+}
+
+bool IcuLocale::UsesLetterFormat() const {
+    if (Name().empty()) return true;
+    constexpr std::int32_t kWidthOfA4 = 210;  // Millimetres.
+    std::int32_t height = 0;
+    std::int32_t width = kWidthOfA4;
+    UErrorCode error = U_ZERO_ERROR;
+    ulocdata_getPaperSize(locale_.getName(), &height, &width, &error);
+    return U_SUCCESS(error) && width != kWidthOfA4;
 }
 
 }  // namespace desk

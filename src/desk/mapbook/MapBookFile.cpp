@@ -9,6 +9,7 @@
 #include "desk/json/JsonNode.h"
 #include "desk/json/ParsedJson.h"
 #include "desk/mapbook/SeriesManager.h"
+#include "desk/objects/Depth.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -92,7 +93,9 @@ private:
     host::Ref<host::IHostElement> Group(const JsonNode& node) const {
         auto group = std::make_shared<GroupElement>();
         if (const auto name = node.Optional("name")) group->SetName(TextOf(*name));
-        for (const auto& member : Layout(node.Member("members"))) group->Add(member);
+        const auto members = node.Member("members");
+        members.CheckNesting(kDeepestNesting, "groups");
+        for (const auto& member : Layout(members)) group->Add(member);
         return group;
     }
 
@@ -137,12 +140,15 @@ private:
     std::set<std::string> templateKeys_;
 };
 
-[[noreturn]] void FailWithFault(const std::string& path, const std::string& text) {
+std::string Fault(simdjson::error_code error, const std::string& text) {
+    if (error == simdjson::DEPTH_ERROR) return ": its values stand too deep inside one another";
     const std::string place = PlaceOfJsonFault(text);
-    host::Failure failure(
-        host::kFailureTypeMismatch, "desk::ReadMapBookFile",
-        "The map book file \"" + path + "\" is not valid JSON" +
-            (place.empty() ? ": it holds a number that is too large" : " at " + place) + ".");
+    return place.empty() ? ": it holds a number that is too large" : " at " + place;
+}
+
+[[noreturn]] void FailWithFault(const std::string& path, const std::string& fault) {
+    host::Failure failure(host::kFailureTypeMismatch, "desk::ReadMapBookFile",
+                          "The map book file \"" + path + "\" is not valid JSON" + fault + ".");
     failure.AddFact("file", path);
     throw failure;
 }
@@ -152,7 +158,7 @@ private:
 MapBookFile ReadMapBookFile(const std::string& path) {
     const std::string text = ReadWholeFile(path);
     const ParsedJson json(text);
-    if (json.Error() != simdjson::SUCCESS) FailWithFault(path, text);
+    if (json.Error() != simdjson::SUCCESS) FailWithFault(path, Fault(json.Error(), text));
     const JsonSource source{path, "In the map book file \"" + path + "\"", ", at "};
     const JsonNode root(json.Root(), source);
     MapBookFile file;

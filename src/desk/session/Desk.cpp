@@ -29,6 +29,7 @@ host::Ref<T> FromWindow(const std::function<host::Ref<T>()>& make) {
 
 Desk::Desk(DeskOptions options)
     : ObjectFactory(std::make_shared<TextEngine>()),
+      givenLocale_(options.locale),
       locale_(std::make_shared<IcuLocale>(options.locale)),
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),
@@ -49,6 +50,10 @@ void Desk::Open(const std::string& path) {
 }
 
 void Desk::Start(Document document, const std::string& path) {
+    if (givenLocale_.empty())
+        locale_ = std::make_shared<IcuLocale>(document.locale);
+    else
+        document.locale = LocaleName();
     document_ = std::move(document);
     path_ = path;
     SetReplaceable(std::nullopt);
@@ -57,6 +62,28 @@ void Desk::Start(Document document, const std::string& path) {
 
 void Desk::Save() {
     SetReplaceable(WriteDocument(document_, path_, replaceable_));
+}
+
+host::IHostLocale& Desk::Locale() {
+    return *locale_;
+}
+
+bool Desk::UsesLetterFormat() const {
+    return locale_->UsesLetterFormat();
+}
+
+std::string Desk::LocaleName() const {
+    const std::string name = locale_->Name();
+    return name.empty() ? "C" : name;
+}
+
+std::string Desk::DocumentFolder() const {
+    const std::string folder = std::filesystem::path(path_).parent_path();
+    return folder.empty() ? "." : folder;
+}
+
+host::Ref<host::IHostWorkspaceFactory> Desk::NewWorkspaceFactory() {
+    return std::make_shared<DbfWorkspaceFactory>(DocumentFolder());
 }
 
 host::Ref<host::IHostDisplayTransformation> Desk::NewDisplayTransformation() {
@@ -93,7 +120,7 @@ host::Ref<host::CVNExpressionEngine> Desk::NewExpressionEngine() {
 
 bool Desk::FileExists(const std::string& path) {
     std::error_code error;
-    const auto status = std::filesystem::status(ResolveTablePath(path), error);
+    const auto status = std::filesystem::status(ResolveTablePath(path, DocumentFolder()), error);
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 

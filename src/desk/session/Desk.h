@@ -16,6 +16,8 @@
 
 namespace desk {
 
+class IcuLocale;
+
 /// Functions of a host with a window. Each may be empty; the requests that need it then throw.
 struct WindowServices {
     std::function<host::Ref<host::IHostObjectDialog>()> newObjectDialog;
@@ -24,7 +26,7 @@ struct WindowServices {
 };
 
 struct DeskOptions {
-    std::string locale;                     ///< As for IcuLocale; empty: the user's.
+    std::string locale;  ///< As for IcuLocale; empty: that of the document, or else the user's.
     host::Ref<host::IHostDialogs> dialogs;  ///< Required.
     SessionListeners listeners;
     ExpressionEngine::Editor expressionEditor;  ///< Empty: expressions cannot be edited.
@@ -40,7 +42,8 @@ public:
     /// Reads a document and makes it the current one. Its map book is read on first use.
     void Open(const std::string& path);
     /// Makes a document that is not on disk yet the current one. Its relative paths are resolved
-    /// from the folder of the given path.
+    /// from the folder of the given path. From now on its locale is in use or, where the options
+    /// have one, it is given that. Throws and changes nothing if there is no such locale.
     void Start(Document document, const std::string& path);
     /// The state of the file that the next Save may replace; nothing: any file. Open and Save set
     /// it to the state on disk, Start clears it.
@@ -71,14 +74,23 @@ public:
     host::Ref<host::MapSeriesManager> NewMapSeriesManager() override;
     host::Ref<host::CVNExpressionEngine> NewExpressionEngine() override;
 
-    host::IHostLocale& Locale() override { return *locale_; }
+    host::IHostLocale& Locale() override;
+    /// Name of the locale in use, as documents keep it.
+    std::string LocaleName() const;
+    bool UsesLetterFormat() const;
     host::IHostDialogs& Dialogs() override { return *dialogs_; }
     host::IHostDevices& Devices() override { return *devices_; }
+    /// Tables that are not where a path says are looked for beside the document, so that both can
+    /// be moved together.
+    host::Ref<host::IHostWorkspaceFactory> NewWorkspaceFactory() override;
     /// Accepts either separator and any case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
 
 private:
-    host::Ref<host::IHostLocale> locale_;
+    std::string DocumentFolder() const;
+
+    std::string givenLocale_;  ///< Of the options.
+    std::shared_ptr<IcuLocale> locale_;
     host::Ref<host::IHostDialogs> dialogs_;
     ExpressionEngine::Editor expressionEditor_;
     host::Ref<host::IHostDevices> devices_ = std::make_shared<desk::Devices>();

@@ -56,7 +56,7 @@ private:
 
 }  // namespace
 
-std::string ResolveTablePath(const std::string& path) {
+std::string ResolveTablePath(const std::string& path, const std::string& beside) {
     const fs::path given = WithSlashes(path);
     if (Exists(given)) return given;
     fs::path wanted = given;
@@ -65,13 +65,15 @@ std::string ResolveTablePath(const std::string& path) {
         if (file.stem() == wanted.stem() &&
             FoldCase(file.extension()) == FoldCase(wanted.extension()))
             return wanted.parent_path() / file;
-    return given;
+    if (beside.empty() || !given.has_filename()) return given;
+    const fs::path moved = ResolveTablePath((fs::path(beside) / given.filename()).string());
+    return Exists(moved) ? moved : given;
 }
 
 host::Ref<host::IHostTable> DbfWorkspace::OpenTable(const std::string& name) {
     const std::string path =
         folder_.empty() ? name : (fs::path(folder_) / WithSlashes(name)).string();
-    return std::make_shared<DbfTable>(ResolveTablePath(path));
+    return std::make_shared<DbfTable>(ResolveTablePath(path, beside_));
 }
 
 host::Ref<host::IHostTable> DbfWorkspace::CreateTable(const std::string& name,
@@ -96,10 +98,10 @@ host::Ref<host::IHostWorkspace> DbfWorkspaceFactory::OpenFromFile(const std::str
                                                                   std::int32_t) {
     const std::string folder = WithSlashes(path);
     std::error_code ignored;
-    if (!folder.empty() && !fs::is_directory(folder, ignored))
+    if (!folder.empty() && beside_.empty() && !fs::is_directory(folder, ignored))
         throw host::Failure(host::kFailureNotFound, "DbfWorkspaceFactory",
                             "There is no folder " + folder + ".");
-    return std::make_shared<DbfWorkspace>(folder);
+    return std::make_shared<DbfWorkspace>(folder, beside_);
 }
 
 }  // namespace desk

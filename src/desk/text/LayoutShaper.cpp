@@ -15,8 +15,8 @@ std::span<const PangoGlyphInfo> Glyphs(const PangoGlyphItem& part) {
 
 /// Sets fixed widths for the boxes of missing characters, at least as wide as drawn. Pango derives
 /// them from the digits of a fallback font, which was observed to change by 1/60 within a run. Size
-/// is in 1/1024 point.
-void SetBoxWidths(const PangoLayoutLine& line, int size) {
+/// is in 1/1024 point. Adds the missing characters to a set.
+void SetBoxWidths(const PangoLayoutLine& line, int size, std::set<char32_t>& missing) {
     constexpr double kTwoDigits = 0.74;    // Ems, for codes of four digits in two rows.
     constexpr double kThreeDigits = 1.03;  // Ems, for longer codes.
     for (const GSList* run = line.runs; run; run = run->next) {
@@ -24,7 +24,9 @@ void SetBoxWidths(const PangoLayoutLine& line, int size) {
         for (int i = 0; i < glyphs.num_glyphs; ++i) {
             PangoGlyphInfo& info = glyphs.glyphs[i];
             if ((info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) == 0) continue;
-            const bool isLong = (info.glyph & ~PANGO_GLYPH_UNKNOWN_FLAG) > 0xFFFF;
+            const char32_t character = info.glyph & ~PANGO_GLYPH_UNKNOWN_FLAG;
+            if (info.glyph != PANGO_GLYPH_INVALID_INPUT) missing.insert(character);
+            const bool isLong = character > 0xFFFF;
             info.geometry.width = static_cast<int>((isLong ? kThreeDigits : kTwoDigits) * size);
         }
     }
@@ -100,7 +102,7 @@ PangoLayoutLine* LayoutShaper::ShapeText() {
     pango_layout_set_text(layout_.get(), text_.data(), static_cast<int>(text_.size()));
     pango_layout_set_attributes(layout_.get(), attributes.get());
     PangoLayoutLine* const line = pango_layout_get_line(layout_.get(), 0);
-    SetBoxWidths(*line, pango_font_description_get_size(font_->description.get()));
+    SetBoxWidths(*line, pango_font_description_get_size(font_->description.get()), missing_);
     return line;
 }
 
@@ -109,10 +111,6 @@ void LayoutShaper::Place(PlacedGlyphs& into, Baseline baseline) {
     for (const GSList* run = line->runs; run; run = run->next) {
         const auto& part = *static_cast<const PangoGlyphItem*>(run->data);
         const GlyphUnits width = Gather(part, text_, wholeLetters_, into.Glyphs());
-        for (const PangoGlyphInfo& info : Glyphs(part))
-            if ((info.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0 &&
-                info.glyph != PANGO_GLYPH_INVALID_INPUT)
-                missing_.insert(info.glyph & ~PANGO_GLYPH_UNKNOWN_FLAG);
         into.EndLine(part.item->analysis.font, baseline);
         baseline = Along(baseline, Points(width), 0);
     }

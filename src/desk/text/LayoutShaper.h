@@ -23,7 +23,7 @@ public:
     /// Adds the line shaped last, on a baseline.
     void Place(PlacedGlyphs& into, Baseline baseline);
 
-    /// Characters that no font has, in all lines placed so far.
+    /// Characters that no font has, in all lines shaped so far.
     const std::set<char32_t>& Missing() const { return missing_; }
 
 private:

@@ -88,7 +88,7 @@ public:
     /// Requested families that are not installed, in order of first use.
     std::vector<FontSubstitution> Substitutions() const;
 
-    /// Characters without a font in the texts set so far; each is shown as a box.
+    /// Characters without a font in the texts measured or set so far; each is shown as a box.
     const std::set<char32_t>& MissingCharacters() const;
 
 private:

@@ -1,7 +1,5 @@
 #include "desk/drawing/pdf/PageContent.h"
 
-#include <cmath>
-
 #include "desk/drawing/pdf/Syntax.h"
 
 namespace desk::pdf {
@@ -9,18 +7,22 @@ namespace {
 
 /// Decimals of box edges, in points.
 constexpr int kEdgeDecimals = 3;
-constexpr double kEdgesPerPoint = 1000;
 
 std::int64_t Edge(double points) {
-    return std::llround(points * kEdgesPerPoint);
+    return Scaled(points, kEdgeDecimals);
 }
 
-void AppendColor(std::string& out, std::uint32_t color, const char* name) {
-    for (const unsigned shift : {0U, 8U, 16U}) {
+/// Appends a colour and one of the operators that set it. Neutral colours are written as grey, so
+/// that a press prints black text with black ink alone.
+void AppendColor(std::string& out, std::uint32_t color, const char* ofGrey, const char* ofRgb) {
+    const auto append = [&](unsigned shift) {
         AppendNumber(out, ((color >> shift) & 0xFF) / 255.0);
         out += ' ';
-    }
-    out += name;
+    };
+    const bool isGrey = color == (color & 0xFF) * 0x010101;
+    for (const unsigned shift : {0U, 8U, 16U})
+        if (shift == 0 || !isGrey) append(shift);
+    out += isGrey ? ofGrey : ofRgb;
 }
 
 void AppendEdges(std::string& out, std::int64_t first, std::int64_t second) {
@@ -67,7 +69,7 @@ void PageContent::AppendBox(const PaintBox& box) {
 void PageContent::UseFillColor(std::uint32_t color) {
     if (color == fillColor_) return;
     fillColor_ = color;
-    AppendColor(out_, color, "rg\n");
+    AppendColor(out_, color, "g\n", "rg\n");
 }
 
 void PageContent::UseStrokeColor(std::uint32_t color) {
@@ -77,7 +79,7 @@ void PageContent::UseStrokeColor(std::uint32_t color) {
         out_ += " w\n";
     }
     strokeColor_ = color;
-    AppendColor(out_, color, "RG\n");
+    AppendColor(out_, color, "G\n", "RG\n");
 }
 
 std::string PageContent::Take() {

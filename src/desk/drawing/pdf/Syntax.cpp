@@ -47,11 +47,15 @@ void AppendScaled(std::string& out, std::int64_t scaled, int decimals) {
     }
 }
 
-void AppendNumber(std::string& out, double value, int decimals) {
+std::int64_t Scaled(double value, int decimals) {
     // Larger than any sheet, and within 64 bits at six decimals.
     constexpr double kFarthest = 1e12;
     value = std::isnan(value) ? 0 : std::clamp(value, -kFarthest, kFarthest);
-    AppendScaled(out, std::llround(value * static_cast<double>(PowerOfTen(decimals))), decimals);
+    return std::llround(value * static_cast<double>(PowerOfTen(decimals)));
+}
+
+void AppendNumber(std::string& out, double value, int decimals) {
+    AppendScaled(out, Scaled(value, decimals), decimals);
 }
 
 void AppendHex(std::string& out, std::uint32_t value, int digits) {

@@ -15,6 +15,9 @@ inline void AppendInteger(std::string& out, std::int64_t value) {
     AppendScaled(out, value, 0);
 }
 
+/// Returns a number times 10^decimals (0 to 6), rounded and within what files can hold; 0 for NaN.
+std::int64_t Scaled(double value, int decimals);
+
 /// Appends a number rounded to the given decimals, at most 6.
 void AppendNumber(std::string& out, double value, int decimals = 6);
 

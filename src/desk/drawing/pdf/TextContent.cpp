@@ -161,8 +161,8 @@ void TextContent::UseFont(const Subset& subset, double points) {
 }
 
 void TextContent::PlaceUpright(Pen& pen, double x, double y) {
-    const std::int64_t placeX = std::llround(x * kPlacesPerPoint);
-    const std::int64_t placeY = std::llround(y * kPlacesPerPoint);
+    const std::int64_t placeX = Scaled(x, kPlaceDecimals);
+    const std::int64_t placeY = Scaled(y, kPlaceDecimals);
     if (!upright_) out_ += "1 0 0 1 ";
     AppendScaled(out_, upright_ ? placeX - lineX_ : placeX, kPlaceDecimals);
     out_ += ' ';

@@ -1,0 +1,172 @@
+#include "app/document/FindFindings.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "app/document/Errors.h"
+#include "app/document/RunTexts.h"
+#include "model/Results.h"
+#include "support/Conversions.h"
+#include "support/Text.h"
+
+namespace app {
+namespace {
+
+using gazetteer::PageFinding;
+
+constexpr double kRounding = 1e-6;  // Inches.
+
+std::string Inches(double inches) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.2f", inches);
+    return text.data();
+}
+
+bool LiesOnSheet(const desk::Document& document, double left, double bottom, double right,
+                 double top) {
+    return left >= -kRounding && bottom >= -kRounding && right <= document.pageWidth + kRounding &&
+           top <= document.pageHeight + kRounding;
+}
+
+// Makes the findings of one gazetteer from what its manager knows.
+class PageFinder {
+public:
+    PageFinder(OpenDocument& open, const PageRange& pages, FindingList& list)
+        : open_(open), manager_(open.Manager()), pages_(pages), list_(list) {}
+
+    void AddFromPages();
+    void AddUnplaced();
+
+private:
+    Finding Make(const PageFinding& found) const;
+    void DescribePlace(const PageFinding& found, Finding& finding) const;
+    std::string ListingOf(const std::string& rowKey) const;
+
+    OpenDocument& open_;
+    gazetteer::CVNGazetteerManager& manager_;
+    PageRange pages_;
+    FindingList& list_;
+};
+
+// The text of the listing's first column, without what is resolved at drawing.
+std::string PageFinder::ListingOf(const std::string& rowKey) const {
+    const auto columns = gazetteer::NamesOf(*manager_.BoundSettings().columnDisplayOrder, 1);
+    if (columns.empty()) return {};
+    const auto cells = gazetteer::SetUnder(*manager_.Working().listings, columns.front());
+    std::string text = gazetteer::ToText(cells->Item(rowKey), open_.Host().Locale());
+    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
+        text = gazetteer::ReplaceAll(std::move(text), token, "");
+    return gazetteer::WithoutOuterBlanks(
+        gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " "));
+}
+
+void PageFinder::DescribePlace(const PageFinding& found, Finding& finding) const {
+    const auto frame = open_.Gazetteer()->Geometry()->Bounds();
+    const auto& document = open_.TheDesk().CurrentDocument();
+    const bool onSheet = LiesOnSheet(document, 0, frame->YMin() - std::max(0.0, found.below),
+                                     frame->XMax() + std::max(0.0, found.atRight), 0);
+    finding.kind = onSheet ? findings::kOutsideFrame : findings::kOutsideSheet;
+    const bool below = found.below > kRounding;
+    finding.text += " stands " + Inches(below ? found.below : found.atRight) +
+                    (below ? " inches below the foot" : " inches beyond the right edge") +
+                    " of the frame" + (onSheet ? "" : ", off the sheet") + '.';
+}
+
+Finding PageFinder::Make(const PageFinding& found) const {
+    Finding finding{"", {}, ListingOf(found.rowKey), found.column, found.page};
+    const std::string name = '"' + Shown(finding.listing) + '"';
+    finding.text = "page " + std::to_string(found.page) + ": ";
+    switch (found.kind) {
+        case PageFinding::Kind::OutsideFrame:
+            finding.text += "the listing " + name;
+            DescribePlace(found, finding);
+            break;
+        case PageFinding::Kind::BrokenWord:
+            finding.kind = findings::kBrokenWord;
+            finding.text += "a word of the listing " + name +
+                            " is longer than a line of the column \"" + found.column +
+                            "\" and is broken.";
+            break;
+        case PageFinding::Kind::HeadingLeftOut:
+            finding.kind = findings::kHeadingLeftOut;
+            finding.text += "the heading before the listing " + name + " found no room.";
+            break;
+        case PageFinding::Kind::HeadingAlone:
+            finding.kind = findings::kHeadingAlone;
+            finding.text += "the heading before the listing " + name + " stands alone at the foot.";
+            break;
+    }
+    return finding;
+}
+
+void PageFinder::AddFromPages() {
+    const auto& found = manager_.FindingsOnPages();
+    for (const PageFinding& one : found.Kept())
+        if (pages_.first <= one.page && one.page <= pages_.last) list_.Add(Make(one));
+    for (const auto& [kind, name] :
+         {std::pair{PageFinding::Kind::OutsideFrame, findings::kOutsideFrame},
+          {PageFinding::Kind::BrokenWord, findings::kBrokenWord},
+          {PageFinding::Kind::HeadingLeftOut, findings::kHeadingLeftOut},
+          {PageFinding::Kind::HeadingAlone, findings::kHeadingAlone}})
+        list_.Count(name, found.Count(kind) - gazetteer::PageFindings::kKeptOfAKind);
+}
+
+// Rows are placed in their order, so that those behind the last one placed have no place.
+void PageFinder::AddUnplaced() {
+    const auto& results = manager_.Working();
+    const auto columns = gazetteer::NamesOf(*results.listings, 1);
+    if (columns.empty()) return;
+    std::size_t placed = 0;
+    for (const auto& page : results.pageGroups->AllItems().values)
+        if (const auto rows = gazetteer::ToObject<host::IHostPropertySet>(page))
+            placed += static_cast<std::size_t>(rows->Count());
+    const auto cells = gazetteer::SetUnder(*results.listings, columns.front());
+    const auto count = static_cast<std::size_t>(cells->Count());
+    if (placed >= count) return;
+    const auto rows = gazetteer::NamesOf(*cells);
+    const std::string reason = NoPlaceReason(manager_);
+    const std::size_t end = std::min(count, placed + gazetteer::PageFindings::kKeptOfAKind);
+    for (std::size_t i = placed; i < end; ++i) {
+        Finding finding{findings::kNoPlace, {}, ListingOf(rows[i])};
+        finding.text =
+            "the listing \"" + Shown(finding.listing) + "\" found no place on a page, " + reason;
+        list_.Add(std::move(finding));
+    }
+    list_.Count(findings::kNoPlace, static_cast<std::int64_t>(count - end));
+}
+
+void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
+    const auto& document = open.TheDesk().CurrentDocument();
+    for (const auto& element : document.elements) {
+        const auto geometry = element->Geometry();
+        if (!geometry) continue;
+        const auto box = geometry->Bounds();
+        if (LiesOnSheet(document, box->XMin(), box->YMin(), box->XMax(), box->YMax())) continue;
+        const auto named = host::As<host::IHostElementName>(element);
+        list.Add({findings::kOutsideSheet, "the element \"" + (named ? named->Name() : "") +
+                                               "\" lies partly off the sheet."});
+    }
+}
+
+}  // namespace
+
+void AddFonts(const desk::TextEngine& engine, FindingList& list) {
+    for (const auto& warning : FontWarnings(engine)) list.Add({findings::kMissingFont, warning});
+    for (const char32_t character : engine.MissingCharacters())
+        list.Add({findings::kMissingCharacter, "no installed font has the character " +
+                                                   CodePoint(character) +
+                                                   "; a box is printed instead."});
+}
+
+FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages) {
+    FindingList list;
+    AddEmptyValues(open, list);
+    AddElementsOffSheet(open, list);
+    PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), list);
+    finder.AddFromPages();
+    finder.AddUnplaced();
+    return list;
+}
+
+}  // namespace app

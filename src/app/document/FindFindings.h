@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+
+#include "app/document/FindingList.h"
+#include "app/document/OpenDocument.h"
+#include "app/document/Sheets.h"
+
+namespace app {
+
+/// Returns what would be wrong on the given pages of the bound gazetteer, or on all: reads the
+/// listing database once, and numbers the pages of stored results again. Throws if that fails.
+FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages = std::nullopt);
+
+/// Adds the fonts that are not installed, and the characters that no font has, of all texts that
+/// the engine has set so far.
+void AddFonts(const desk::TextEngine& engine, FindingList& list);
+
+/// Adds the records whose listing, page, row or column is empty although a column prints it.
+void AddEmptyValues(OpenDocument& open, FindingList& list);
+
+}  // namespace app
