@@ -13,8 +13,8 @@ public:
         : dialogs_(std::move(dialogs)) {}
 
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
-        if (request.failure && silent_) {
-            silent_->failed_ = true;
+        if (request.failure && silences_ > 0) {
+            ++unshown_;
             return host::MessageAnswer::Ok;
         }
         if (request.failure) failureShown_ = true;
@@ -24,30 +24,35 @@ public:
                                         const std::string& initial) override {
         return dialogs_->InputBox(prompt, title, initial);
     }
-    void Beep() override { dialogs_->Beep(); }
+    void Beep() override {
+        if (silences_ == 0) dialogs_->Beep();
+    }
 
     /// Returns whether a failure was shown since the last call.
     bool TakeFailureShown() { return std::exchange(failureShown_, false); }
 
-    /// While it exists, failures are neither shown nor recorded: for checks that return reasons.
+    /// While one exists, failures are neither shown nor recorded: for checks that return reasons,
+    /// and after the user has cancelled a run. Several may end in any order.
     class Silent {
     public:
-        explicit Silent(RecordingDialogs& dialogs) : dialogs_(dialogs) { dialogs_.silent_ = this; }
-        ~Silent() { dialogs_.silent_ = nullptr; }
+        explicit Silent(RecordingDialogs& dialogs) : dialogs_(dialogs), before_(dialogs.unshown_) {
+            ++dialogs_.silences_;
+        }
+        ~Silent() { --dialogs_.silences_; }
         Silent(const Silent&) = delete;
         Silent& operator=(const Silent&) = delete;
 
-        bool Failed() const { return failed_; }
+        bool Failed() const { return dialogs_.unshown_ > before_; }
 
     private:
-        friend RecordingDialogs;
         RecordingDialogs& dialogs_;
-        bool failed_ = false;
+        int before_;
     };
 
 private:
     host::Ref<host::IHostDialogs> dialogs_;
-    Silent* silent_ = nullptr;
+    int silences_ = 0;
+    int unshown_ = 0;  ///< Failures not shown so far.
     bool failureShown_ = false;
 };
 

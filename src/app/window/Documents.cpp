@@ -80,6 +80,8 @@ void Documents::Open(const QString& path) {
     try {
         const WaitPointer wait;
         session_.Open(desk::FromQt(path));
+    } catch (const RunCancelled&) {
+        return Q_EMIT Cancelled();
     } catch (const std::exception&) {
         return session_.Warn("Open Document", CurrentSentence());
     }

@@ -38,6 +38,8 @@ public:
 Q_SIGNALS:
     /// Another document was opened or created.
     void Replaced();
+    /// The user cancelled the run of a document being opened; the one before is still there.
+    void Cancelled();
     void Saved();
     void RecentChanged();
 

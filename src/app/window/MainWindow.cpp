@@ -44,7 +44,8 @@ MainWindow::MainWindow(const std::string& locale)
       actions_(new Actions(*this)),
       stack_(new QStackedWidget(this)) {
     status_ = new StatusPanes(actions_->zooms, this);
-    session_ = std::make_unique<WindowSession>(DeskOptionsFor(locale));
+    control_ = new RunControl(status_->CancelButton());
+    session_ = std::make_unique<WindowSession>(DeskOptionsFor(locale), *control_);
     documents_ = new Documents(*session_, *this);
     start_ = new StartPage({actions_->open, actions_->newDocument}, this);
     Arrange();
@@ -102,6 +103,13 @@ void MainWindow::RefreshLayout() {
     status_->ShowResult(desk::ToQt(session_->Summary()));
 }
 
+void MainWindow::ShowCancelled() {
+    RecordPage();
+    ListPages();
+    ShowState();
+    status_->ShowResult("Cancelled");
+}
+
 void MainWindow::ListPages() {
     pages_->SetPages(session_->Document().Manager().Working(), session_->Pages(), [this](int page) {
         return desk::ToQt(session_->PageName(page)).simplified();
@@ -123,7 +131,7 @@ void MainWindow::RecordPageSoon() {
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (recordPending_ && !exporting_) RecordPage();
+            if (recordPending_ && !exporting_ && !control_->Running()) RecordPage();
         },
         Qt::QueuedConnection);
 }
@@ -235,6 +243,11 @@ void MainWindow::ShowProperties() {
     connect(&sheet, &desk::PropertySheet::Applied, this, [this] {
         session_->NoteChange();
         ShowState();
+    });
+    sheet.ApplyThrough([this](const std::function<void()>& apply) {
+        const bool done = session_->Run(apply);
+        if (!done) ShowCancelled();
+        return done;
     });
     sheet.exec();
     if (session_->InDraft() == draftBefore) return;

@@ -15,6 +15,7 @@ class Documents;
 class NoticeBar;
 class PagesDock;
 class PageView;
+class RunControl;
 class StartPage;
 class StatusPanes;
 
@@ -49,6 +50,7 @@ private:
     void ShowDock();
     void TakeDocument();
     void RefreshLayout();
+    void ShowCancelled();
     void ListPages();
     void RecordPage();
     void RecordPageSoon();
@@ -65,6 +67,7 @@ private:
     void ShowAbout();
 
     StatusPanes* status_ = nullptr;
+    RunControl* control_ = nullptr;
     PageView* view_;
     NoticeBar* notices_;
     PagesDock* pages_;

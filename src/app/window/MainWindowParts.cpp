@@ -28,10 +28,13 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     options.dialogs = std::make_shared<desk::WindowDialogs>(self);
     options.listeners.statusText = [this](std::int32_t pane, const std::string& text) {
         status_->ShowRunText(pane, desk::ToQt(text));
+        // An empty text ends a stage whose results may be stored next.
+        if (!text.empty()) control_->Poll();
     };
     options.listeners.animation = [this](desk::AnimationStep step) {
         status_->ShowAnimation(step);
     };
+    options.listeners.sorting = [this] { control_->Poll(); };
     options.listeners.refresh = [this] { RecordPageSoon(); };
     options.expressionEditor = desk::ExpressionEditor(self, locale);
     options.window.newObjectDialog = [this, self] {
@@ -77,6 +80,11 @@ void MainWindow::ConnectFiles() {
     on(actions_->quit, this, &QWidget::close);
     on(actions_->about, this, &MainWindow::ShowAbout);
     connect(documents_, &Documents::Replaced, this, &MainWindow::TakeDocument);
+    connect(documents_, &Documents::Cancelled, this, &MainWindow::ShowCancelled);
+    connect(control_, &RunControl::RunningChanged, this, [this](bool running) {
+        // Names of pages cannot be asked for during a run.
+        pages_->setUpdatesEnabled(!running);
+    });
     connect(documents_, &Documents::Saved, this, &MainWindow::ShowState);
     connect(documents_, &Documents::RecentChanged, this, &MainWindow::ShowRecent);
     connect(start_, &StartPage::RecentChosen, documents_, &Documents::OpenRecent,

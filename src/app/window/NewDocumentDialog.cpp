@@ -169,6 +169,8 @@ void NewDocumentDialog::accept() {
     try {
         const WaitPointer wait;
         session_.StartNew(Options(), ready_->isChecked());
+    } catch (const RunCancelled&) {
+        return;
     } catch (const std::exception&) {
         return session_.Warn("New Document", CurrentSentence());
     }

@@ -56,6 +56,7 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     : QStatusBar(parent),
       sign_(new BusySign(this)),
       text_(new QLabel(this)),
+      cancel_(new QToolButton(this)),
       page_(new QLabel(this)),
       zoom_(new QToolButton(this)) {
     sign_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -63,6 +64,10 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     text_->setTextFormat(Qt::PlainText);
     // A long text must not widen the window.
     text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    cancel_->setObjectName("cancelRun");
+    cancel_->setText("Cancel");
+    cancel_->setToolTip("End the run (Esc)");
+    cancel_->setFocusPolicy(Qt::NoFocus);
     page_->setObjectName("statusPage");
     page_->setMargin(fontMetrics().averageCharWidth() / 2);
     zoom_->setObjectName("statusZoom");
@@ -72,8 +77,14 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     zoom_->setToolTip("Zoom");
     addWidget(sign_);
     addWidget(text_, 1);
+    addPermanentWidget(cancel_);
+    cancel_->hide();
     addPermanentWidget(page_);
     addPermanentWidget(zoom_);
+}
+
+QAbstractButton* StatusPanes::CancelButton() const {
+    return cancel_;
 }
 
 void StatusPanes::ShowRunText(int pane, const QString& text) {

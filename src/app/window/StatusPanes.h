@@ -5,6 +5,7 @@
 
 #include "desk/session/Application.h"
 
+class QAbstractButton;
 class QLabel;
 class QMenu;
 class QToolButton;
@@ -46,10 +47,12 @@ public:
     void ShowPage(const QString& text);
     void ShowZoom(double zoom);  ///< 0: none.
     const BusySign& Sign() const { return *sign_; }
+    QAbstractButton* CancelButton() const;
 
 private:
     BusySign* sign_;
     QLabel* text_;
+    QToolButton* cancel_;
     QLabel* page_;
     QToolButton* zoom_;
     QString result_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 #include "app/document/Errors.h"
@@ -9,6 +10,7 @@
 #include "app/document/FindFindings.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/RunTexts.h"
+#include "app/window/DocumentBefore.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -20,28 +22,35 @@ host::IHostFrameElement& StateOf(const host::Ref<host::IHostGroupElement>& eleme
 
 }  // namespace
 
-WindowSession::WindowSession(desk::DeskOptions options)
-    : document_(std::move(options), [this](const std::string& sentence) { AddNotice(sentence); }) {}
+WindowSession::WindowSession(desk::DeskOptions options, RunControl& control)
+    : control_(control),
+      document_(std::move(options), [this](const std::string& sentence) { AddNotice(sentence); }) {}
 
 void WindowSession::Open(const std::string& path) {
-    document_.Open(path);
-    notices_.clear();
-    TakeDocument();
+    const bool done = RunOrRestore([&] {
+        document_.Open(path);
+        notices_.clear();
+        TakeDocument();
+    });
+    if (!done) throw RunCancelled{};
 }
 
 void WindowSession::StartNew(const NewDocumentOptions& options, bool forPrint) {
-    auto before = document_.Present();
-    const auto noticesBefore = std::exchange(notices_, {});
-    try {
-        std::filesystem::path place = FullPath(options.listingDatabase);
-        StartNewDocument(document_, options, place.replace_extension(".json"));
-        if (forPrint) ApplyPrintDefaults(document_);
-    } catch (...) {
-        document_.Restore(std::move(before));
-        notices_ = noticesBefore;
-        throw;
-    }
-    TakeDocument();
+    const auto start = [&] {
+        auto before = document_.Present();
+        const auto noticesBefore = std::exchange(notices_, {});
+        try {
+            std::filesystem::path place = FullPath(options.listingDatabase);
+            StartNewDocument(document_, options, place.replace_extension(".json"));
+            if (forPrint) ApplyPrintDefaults(document_);
+        } catch (...) {
+            document_.Restore(std::move(before));
+            notices_ = noticesBefore;
+            throw;
+        }
+        TakeDocument();
+    };
+    if (!RunOrRestore(start)) throw RunCancelled{};
 }
 
 void WindowSession::TakeDocument() {
@@ -74,7 +83,40 @@ void WindowSession::Warn(const std::string& title, const std::string& sentence) 
     document_.Dialogs().MessageBox({title, sentence, host::kWarningOk, nullptr});
 }
 
+bool WindowSession::Run(const std::function<void()>& work) {
+    const bool done = RunOrRestore(work);
+    if (!done) AddNotice("The run was cancelled; the document is as it was before.");
+    return done;
+}
+
+bool WindowSession::RunOrRestore(const std::function<void()>& work) {
+    // Work inside other work is restored with it.
+    if (control_.Running()) return control_.Run(work, {});
+    const DocumentBefore before(document_);
+    const auto notices = notices_;
+    const auto summary = summary_;
+    const auto fonts = reportedFonts_;
+    const bool modified = modified_;
+    std::optional<RecordingDialogs::Silent> silent;
+    if (control_.Run(work, [&] { silent.emplace(document_.Dialogs()); })) return true;
+    before.Restore(document_);
+    notices_ = notices;
+    summary_ = summary;
+    reportedFonts_ = fonts;
+    modified_ = modified;
+    Draw();
+    return false;
+}
+
 void WindowSession::Refresh() {
+    // An outer run that was cancelled adds the notice itself.
+    if (control_.Running())
+        RunOrRestore([this] { RefreshFrames(); });
+    else
+        Run([this] { RefreshFrames(); });
+}
+
+void WindowSession::RefreshFrames() {
     notices_.clear();
     summary_.clear();
     document_.FindFrames();
@@ -158,6 +200,7 @@ void WindowSession::TurnTo(std::int32_t page) {
 // Silent, because a list of pages requests many names and a damaged document would show a message
 // for each.
 std::string WindowSession::PageName(std::int32_t page) {
+    if (control_.Running()) return {};
     const RecordingDialogs::Silent silent(document_.Dialogs());
     return gazetteer::ToText(document_.Manager().PageName(page), Host().Locale());
 }
@@ -168,10 +211,12 @@ bool WindowSession::InDraft() const {
 
 void WindowSession::SetDraft(bool draft) {
     if (!document_.Chosen() || InDraft() == draft) return;
-    modified_ = true;
-    if (draft) document_.Manager().DraftMode();
-    StateOf(document_.Gazetteer()).SetDraft(draft);
-    if (!draft) Refresh();
+    Run([this, draft] {
+        modified_ = true;
+        if (draft) document_.Manager().DraftMode();
+        StateOf(document_.Gazetteer()).SetDraft(draft);
+        if (!draft) Refresh();
+    });
 }
 
 void WindowSession::Export(const std::string& path, const PageRange& pages,

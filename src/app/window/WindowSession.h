@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "app/document/NewDocument.h"
 #include "app/document/Sheets.h"
+#include "app/window/RunControl.h"
 
 namespace app {
 
@@ -15,14 +17,15 @@ namespace app {
 /// gazetteer does not, since both can be repeated.
 class WindowSession {
 public:
-    explicit WindowSession(desk::DeskOptions options);
+    WindowSession(desk::DeskOptions options, RunControl& control);
     WindowSession(const WindowSession&) = delete;
     WindowSession& operator=(const WindowSession&) = delete;
 
     OpenDocument& Document() { return document_; }
     host::IHost& Host() { return document_.Host(); }
     bool HasDocument() const { return !Path().empty(); }
-    /// Reads a document and draws it. If it throws, the current document is kept.
+    /// Reads a document and draws it. If it throws, the current document is kept. Throws
+    /// RunCancelled, as StartNew does, if the user cancels the run.
     void Open(const std::string& path);
     /// Creates a document, not on disk yet; `forPrint` applies the print defaults of `make`. If it
     /// throws, the current document is kept.
@@ -41,8 +44,12 @@ public:
 
     /// Binds a new manager to each gazetteer frame and draws its page if it is drawable and not in
     /// draft state. The page is first the default page, later the page shown before, or the last
-    /// page if there are fewer.
+    /// page if there are fewer. If the user cancels it, the document is as it was before, with a
+    /// notice that says so.
     void Refresh();
+    /// Does work that can run the gazetteer and that the user can cancel. Returns false if it was
+    /// cancelled; the document is then as it was before, with a notice that says so.
+    bool Run(const std::function<void()>& work);
     /// Warnings since the last refresh, one sentence each.
     const std::vector<std::string>& Notices() const { return notices_; }
     /// Counts of the last refresh's runs, or of the stored results.
@@ -71,7 +78,9 @@ public:
     void Choose(const host::Ref<host::IHostElement>& element);
 
 private:
+    bool RunOrRestore(const std::function<void()>& work);
     void TakeDocument();
+    void RefreshFrames();
     void RefreshChosen();
     void Draw();
     void RestoreView(bool draft);
@@ -81,6 +90,7 @@ private:
     void AddNotice(const std::string& sentence) { notices_.push_back(sentence); }
     bool Drawable() const;
 
+    RunControl& control_;
     OpenDocument document_;
     std::vector<std::string> notices_;
     std::string summary_;

@@ -18,6 +18,8 @@ struct SessionListeners {
     std::function<void(std::int32_t pane, const std::string& text)> statusText;
     std::function<void(AnimationStep step)> animation;
     std::function<void()> refresh;  ///< The view must be redrawn.
+    /// Called every few thousand steps of a sort, which sets no status text. May throw to end it.
+    std::function<void()> sorting;
 };
 
 /// The display for measuring texts. Sizes do not depend on the device, so one is enough.

@@ -9,6 +9,7 @@
 #include "desk/mapbook/SeriesManager.h"
 #include "desk/objects/Geometry.h"
 #include "desk/tables/DbfWorkspace.h"
+#include "desk/tables/TableSort.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -34,6 +35,7 @@ Desk::Desk(DeskOptions options)
       dialogs_(std::move(options.dialogs)),
       expressionEditor_(std::move(options.expressionEditor)),
       window_(std::move(options.window)),
+      sorting_(options.listeners.sorting),
       application_(
           MakeApplication({std::make_shared<const SessionListeners>(std::move(options.listeners)),
                            commands_, window_.windowHandle})) {
@@ -84,6 +86,10 @@ std::string Desk::DocumentFolder() const {
 
 host::Ref<host::IHostWorkspaceFactory> Desk::NewWorkspaceFactory() {
     return std::make_shared<DbfWorkspaceFactory>(DocumentFolder());
+}
+
+host::Ref<host::IHostTableSort> Desk::NewTableSort() {
+    return std::make_shared<TableSort>(sorting_);
 }
 
 host::Ref<host::IHostDisplayTransformation> Desk::NewDisplayTransformation() {

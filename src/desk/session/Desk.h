@@ -83,6 +83,7 @@ public:
     /// Tables that are not where a path says are looked for beside the document, so that both can
     /// be moved together.
     host::Ref<host::IHostWorkspaceFactory> NewWorkspaceFactory() override;
+    host::Ref<host::IHostTableSort> NewTableSort() override;
     /// Accepts either separator and any case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
 
@@ -95,6 +96,7 @@ private:
     ExpressionEngine::Editor expressionEditor_;
     host::Ref<host::IHostDevices> devices_ = std::make_shared<desk::Devices>();
     WindowServices window_;
+    std::function<void()> sorting_;
     std::shared_ptr<CommandTable> commands_ = std::make_shared<CommandTable>();
     host::Ref<host::IHostApplication> application_;
     Document document_;

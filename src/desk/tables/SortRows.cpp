@@ -31,15 +31,18 @@ private:
 
 class KeyValues : public host::SortValues {
 public:
-    KeyValues(const SortRows& rows, std::size_t key) : rows_(rows), key_(key) {}
+    KeyValues(const SortRows& rows, std::size_t key, SortPauses& pauses)
+        : rows_(rows), key_(key), pauses_(pauses) {}
     std::uint32_t Count() const override { return rows_.Count(); }
     const host::Variant& Value(std::uint32_t position, host::Variant& storage) const override {
+        pauses_.Step();
         return rows_.Value(position, key_, storage);
     }
 
 private:
     const SortRows& rows_;
     std::size_t key_;
+    SortPauses& pauses_;
 };
 
 }  // namespace
@@ -74,7 +77,7 @@ void SortKey::Prepare() {
     isTried_ = true;
     auto* const preparation = dynamic_cast<host::ITableSortPreparation*>(&callback_);
     if (preparation == nullptr) return;
-    const KeyValues values(rows_, static_cast<std::size_t>(field_.sortIndex));
+    const KeyValues values(rows_, static_cast<std::size_t>(field_.sortIndex), pauses_);
     prepared_ = preparation->Prepare(values, field_.index, field_.sortIndex);
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -11,6 +12,22 @@
 #include "host/SortPreparation.h"
 
 namespace desk {
+
+/// Calls a function once per kSteps steps of a sort, about every millisecond.
+class SortPauses {
+public:
+    explicit SortPauses(const std::function<void()>& pause) : pause_(pause) {}
+
+    void Step() {
+        if (++steps_ % kSteps == 0 && pause_) pause_();
+    }
+
+private:
+    static constexpr std::uint32_t kSteps = 4096;
+
+    const std::function<void()>& pause_;
+    std::uint32_t steps_ = 0;
+};
 
 /// The rows to sort, with their key values. A scratch table provides its values directly; rows of
 /// any other table are fetched once.
@@ -46,8 +63,9 @@ public:
         bool ascending = true;
     };
 
-    SortKey(const Field& field, const SortRows& rows, host::ITableSortCallBack& callback)
-        : field_(field), rows_(rows), callback_(callback) {}
+    SortKey(const Field& field, const SortRows& rows, host::ITableSortCallBack& callback,
+            SortPauses& pauses)
+        : field_(field), rows_(rows), callback_(callback), pauses_(pauses) {}
 
     /// Negative if row1 goes first, positive if row2 does, 0 for a tie.
     std::int32_t Compare(std::uint32_t row1, std::uint32_t row2) {
@@ -77,6 +95,7 @@ private:
     Field field_;
     const SortRows& rows_;
     host::ITableSortCallBack& callback_;
+    SortPauses& pauses_;
     bool isTried_ = false;
     host::Ref<host::IPreparedValues> prepared_;
     host::Variant storage1_, storage2_;

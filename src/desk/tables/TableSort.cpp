@@ -42,11 +42,15 @@ void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
     }
 }
 
-std::vector<std::uint32_t> OrderOf(const SortRows& rows, std::vector<SortKey>& keys) {
+std::vector<std::uint32_t> OrderOf(const SortRows& rows, std::vector<SortKey>& keys,
+                                   SortPauses& pauses) {
     std::vector<SortItem> items(rows.Count());
-    for (std::uint32_t row = 0; row < rows.Count(); ++row)
+    for (std::uint32_t row = 0; row < rows.Count(); ++row) {
+        pauses.Step();
         items[row] = {keys.empty() ? host::SortLead() : keys.front().Lead(row), row};
+    }
     const auto goesAfter = [&](const SortItem& item1, const SortItem& item2) {
+        pauses.Step();
         const auto decided = keys.front().Decide(item1.lead, item2.lead);
         std::int32_t answer = decided ? *decided : keys.front().Compare(item1.row, item2.row);
         for (std::size_t i = 1; answer == 0 && i < keys.size(); ++i)
@@ -93,8 +97,9 @@ void TableSort::Sort(const host::Ref<host::IHostObject>&) {
     for (const SortKey::Field& field : fields) indexes.push_back(field.index);
     auto rows = std::make_unique<SortRows>(table_, filter_, indexes);
     std::vector<SortKey> keys;
-    for (const SortKey::Field& field : fields) keys.emplace_back(field, *rows, *callback_);
-    order_ = OrderOf(*rows, keys);
+    SortPauses pauses(pause_);
+    for (const SortKey::Field& field : fields) keys.emplace_back(field, *rows, *callback_, pauses);
+    order_ = OrderOf(*rows, keys, pauses);
     rows_ = std::move(rows);
 }
 

@@ -203,7 +203,7 @@ void PropertySheet::HandleButton(QAbstractButton* button) {
             Apply();
             break;
         case QDialogButtonBox::Ok:
-            if (changed_) Apply();
+            if (changed_ && !Apply()) return;
             accept();
             break;
         default:
@@ -211,16 +211,25 @@ void PropertySheet::HandleButton(QAbstractButton* button) {
     }
 }
 
-void PropertySheet::Apply() {
+bool PropertySheet::Apply() {
     applying_ = true;
     changed_ = false;
     UpdateButtons();
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    for (SheetPage* page : pages_) page->ApplyIfDirty();
+    const auto work = [this] {
+        for (SheetPage* page : pages_) page->ApplyIfDirty();
+    };
+    bool done = true;
+    if (applyThrough_)
+        done = applyThrough_(work);
+    else
+        work();
     QApplication::restoreOverrideCursor();
     applying_ = false;
+    if (!done) changed_ = true;
     UpdateButtons();
-    Q_EMIT Applied();
+    if (done) Q_EMIT Applied();
+    return done;
 }
 
 void PropertySheet::done(int result) {

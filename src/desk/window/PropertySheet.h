@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "host/PropertyPages.h"
@@ -24,6 +26,12 @@ public:
                   host::Ref<host::IHostObjectSet> objects, QWidget* parent);
     ~PropertySheet() override;
 
+    /// `apply` is called with the work of each Apply, does it, and returns whether it is done. If
+    /// not, the edits stay to be applied and the sheet stays open.
+    void ApplyThrough(std::function<bool(const std::function<void()>& work)> apply) {
+        applyThrough_ = std::move(apply);
+    }
+
     void done(int result) override;
 
 Q_SIGNALS:
@@ -38,7 +46,7 @@ private:
     void LayOut();
     void HandleButton(QAbstractButton* button);
     void ShowTab(int tab);
-    void Apply();
+    bool Apply();
     void Release();
     void UpdateButtons();
     void NoteChange();
@@ -47,6 +55,7 @@ private:
     std::vector<SheetPage*> pages_;  ///< One per tab.
     QTabWidget* tabs_ = nullptr;     ///< Null if no page applies.
     QDialogButtonBox* buttons_;
+    std::function<bool(const std::function<void()>& work)> applyThrough_;
     int shownTab_ = -1;     ///< The tab whose page is shown; -1: none.
     bool changed_ = false;  ///< Something was edited since the last apply.
     bool applying_ = false;
