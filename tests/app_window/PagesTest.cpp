@@ -74,6 +74,21 @@ TEST_F(Pages, AreFoundByListing) {
     QTest::keyClick(&filter, Qt::Key_Return);
     EXPECT_EQ(Session().Page(), page);
 
+    // Each hit has a row of its own, and the window's shortcuts work in the field.
+    filter.setText("alpha 000");
+    EXPECT_EQ(ListedPages(), 9);
+    filter.setFocus();
+    support::WhenModal([](QWidget& dialog) { support::Escape(dialog); });
+    QTest::keyClick(&filter, Qt::Key_E, Qt::ControlModifier);
+    auto& list = Find<QTreeView>("pageList");
+    list.setCurrentIndex(List().index(4, 0));
+    EXPECT_EQ(list.currentIndex().row(), 4);
+    EXPECT_EQ(Session().Page(), 1);
+    Do("lastPage");
+    list.setCurrentIndex(List().index(5, 0));
+    EXPECT_EQ(Session().Page(), 1);
+    EXPECT_EQ(list.currentIndex().row(), 5) << "not the first one on the page";
+    Find<QSpinBox>("pageBox").setValue(page);
     filter.setText("no such place");
     EXPECT_EQ(ListedPages(), 0);
     QTest::keyClick(&filter, Qt::Key_Escape);

@@ -68,18 +68,13 @@ void PageFinder::ReadPage(int page) {
 std::vector<PageHit> PageFinder::Find(const QString& text) const {
     std::vector<PageHit> hits;
     const QString folded = Folded(text);
-    for (const Listing& listing : listings_) {
-        if (!listing.folded.contains(folded)) continue;
-        if (!hits.empty() && hits.back().page == listing.page)
-            ++hits.back().more;
-        else
-            hits.push_back({listing.page, listing.text, 0});
-    }
+    for (const Listing& listing : listings_)
+        if (listing.folded.contains(folded)) hits.push_back({listing.page, listing.text});
     bool isNumber = false;
     const int page = text.trimmed().toInt(&isNumber);
     if (!isNumber || page < 1 || page > pageCount_) return hits;
     const auto place = std::ranges::lower_bound(hits, page, {}, &PageHit::page);
-    if (place == hits.end() || place->page != page) hits.insert(place, {page, {}, 0});
+    if (place == hits.end() || place->page != page) hits.insert(place, {page, {}});
     return hits;
 }
 

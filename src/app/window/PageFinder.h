@@ -10,8 +10,7 @@ namespace app {
 
 struct PageHit {
     int page = 0;
-    QString listing;  ///< The first match on the page.
-    int more = 0;     ///< Number of further matches.
+    QString listing;  ///< Empty if the page was found by its number only.
 };
 
 /// Finds pages by their listings, ignoring case and accents.
@@ -22,8 +21,7 @@ public:
     /// Reads pages until the time is over, at least one. Returns false if all are read.
     bool ReadOn(std::chrono::milliseconds time);
 
-    /// Returns, in page order, the pages with a listing that contains the text, and the page with
-    /// this number.
+    /// Returns, in page order, the listings that contain the text, and the page with this number.
     std::vector<PageHit> Find(const QString& text) const;
 
 private:

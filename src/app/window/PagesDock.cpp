@@ -10,25 +10,47 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
 #include "app/window/Icons.h"
 
 namespace app {
+namespace {
 
-// Pages with number and name: all, or those found by a search. Requests only the names in view,
-// since a gazetteer can have thousands of pages.
+// Whether a key with Ctrl or Alt is one that edits a text. The field takes others too, such as
+// Ctrl+E, which are shortcuts of the window.
+bool EditsText(const QKeyEvent& event) {
+    static constexpr std::array kEdits{QKeySequence::Copy,
+                                       QKeySequence::Cut,
+                                       QKeySequence::Paste,
+                                       QKeySequence::Undo,
+                                       QKeySequence::Redo,
+                                       QKeySequence::SelectAll,
+                                       QKeySequence::MoveToNextWord,
+                                       QKeySequence::MoveToPreviousWord,
+                                       QKeySequence::SelectNextWord,
+                                       QKeySequence::SelectPreviousWord,
+                                       QKeySequence::DeleteStartOfWord,
+                                       QKeySequence::DeleteEndOfWord};
+    return std::ranges::any_of(kEdits, [&](auto edit) { return event.matches(edit); });
+}
+
+}  // namespace
+
+// Pages with number and name, or the listings found by a search with the numbers of their pages.
+// Requests only the names in view, since a gazetteer can have thousands of pages.
 class PagesDock::Model : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void SetPages(int count, std::function<QString(int page)> name);
-    // Limits the rows to these pages; nothing: all.
+    // Limits the rows to these hits; nothing: all pages.
     void ShowOnly(std::optional<std::vector<PageHit>> hits);
 
     int PageAt(int row) const;
-    // -1 for a page that is not listed.
+    // The first row of a page; -1 for a page that is not listed.
     int RowOf(int page) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -80,8 +102,7 @@ int PagesDock::Model::columnCount(const QModelIndex& parent) const {
 QString PagesDock::Model::TextAt(int row) const {
     if (!hits_) return name_(row + 1);
     const PageHit& hit = (*hits_)[static_cast<std::size_t>(row)];
-    if (hit.listing.isEmpty()) return name_(hit.page);
-    return hit.more == 0 ? hit.listing : QString("%1 (+%2)").arg(hit.listing).arg(hit.more);
+    return hit.listing.isEmpty() ? name_(hit.page) : hit.listing;
 }
 
 QVariant PagesDock::Model::data(const QModelIndex& index, int role) const {
@@ -127,7 +148,7 @@ PagesDock::PagesDock(QWidget* parent)
 
     filter_->setObjectName("pageFilter");
     filter_->setPlaceholderText("Find a listing or page number");
-    filter_->setToolTip("Show only pages with a listing that holds this text");
+    filter_->setToolTip("List the places of all listings that hold this text");
     filter_->setAccessibleName("Find pages by listing");
     filter_->setClearButtonEnabled(true);
     filter_->addAction(ThemeIcon("edit-find"), QLineEdit::LeadingPosition);
@@ -171,6 +192,9 @@ void PagesDock::SetPages(const gazetteer::WorkingResults& results, int count,
 
 void PagesDock::SetCurrentPage(int page) {
     page_ = page;
+    // Of several hits on the page, the one chosen stays chosen.
+    const QModelIndex current = list_->currentIndex();
+    if (current.isValid() && model_->PageAt(current.row()) == page) return;
     const QScopedValueRollback marking(marking_, true);
     // The row -1 gives an invalid index, which clears the current row.
     list_->setCurrentIndex(model_->index(model_->RowOf(page), 0));
@@ -206,6 +230,14 @@ void PagesDock::SelectFirst() {
 
 // In the field, the down key moves to the list and Escape clears the search.
 bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == filter_ && event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<const QKeyEvent*>(event);
+        const bool command = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+        if (command && !EditsText(key)) {
+            event->ignore();
+            return true;
+        }
+    }
     if (watched == filter_ && event->type() == QEvent::KeyPress) {
         const int key = static_cast<const QKeyEvent*>(event)->key();
         if (key == Qt::Key_Escape) filter_->clear();
