@@ -13,4 +13,9 @@ void AddPageFurniture(OpenDocument& open);
 /// with an ellipsis to the width of the gazetteer. Throws if the map book cannot be read.
 void LabelSheet(OpenDocument& open, std::int32_t page);
 
+/// Returns the number printed on the sheet of a page. It counts from the document's first number,
+/// else in a map book from the first page of the gazetteer's section. Throws if the map book cannot
+/// be read.
+std::int64_t SheetNumber(OpenDocument& open, std::int32_t page);
+
 }  // namespace app
