@@ -60,7 +60,8 @@ if(GAZETTEER_DESK)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT program
           FILES_MATCHING REGEX "\\.(dbf|cpg|json|md)$"
           PATTERN embed EXCLUDE PATTERN recipes EXCLUDE)
-  install(FILES docs/document-format.md README.md TYPE DOC COMPONENT program)
+  install(FILES docs/alphabets.md docs/document-format.md docs/limits.md docs/map-book.md README.md
+          TYPE DOC COMPONENT program)
 endif()
 if(TARGET gazetteer-desk)
   gazetteer_manual(gazetteer-desk)

@@ -186,6 +186,21 @@ void Commands::AddOthers() {
     table.add_flag("--json", options_.json, "As JSON");
     table.add_option("--limit", options_.limit, "Show at most this many rows")->check(CheckCount);
 
+    auto& book = AddParent(program_, "book", "Write a map book file to start from");
+    book.require_subcommand(1);
+    auto& newBook =
+        Add(book, "new", "Write a map book of a section of maps and one for the index", BookNew);
+    newBook.add_option("BOOK", options_.book, "The map book file to write")->required();
+    newBook.add_option("--sheets", options_.sheets, "Table with a record for each map sheet")
+        ->required();
+    newBook
+        .add_option("--start-page", options_.startPage, "Page of the book on which the maps begin")
+        ->check(CLI::Range(1, 1'000'000))
+        ->capture_default_str();
+    AddText(newBook, "--row-labels", options_.rowLabels, "Labels of the grid's rows");
+    AddText(newBook, "--column-labels", options_.columnLabels, "Labels of the grid's columns");
+    newBook.add_flag("--force", options_.force, "Replace a file that exists");
+
     auto& component = AddParent(program_, "component", "Enter the property page with the desk");
     component.require_subcommand(1);
     Add(component, "install", "Enter it", InstallComponent);
