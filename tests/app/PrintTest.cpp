@@ -78,7 +78,9 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
 TEST_F(Print, OverridesComeLast) {
     const auto made = program_.Done({"make", "streets.dbf", "-o", "o.pdf", "--document", "o.json",
                                      "--set", "CombineDelimeter=; ", "--set", "Listing.Title=Place",
-                                     "--set", "Page.ColumnFontSymbol=No Such Font,8"});
+                                     "--set", "Page.ColumnFontSymbol=No Such Font,8", "--set",
+                                     "Listing.ColumnFontSymbol=DejaVu Serif,8"});
+    EXPECT_TRUE(Contains(program_.Read("o.json"), "\"name\":\"DejaVu Serif\",\"size\":9.0"));
     EXPECT_TRUE(Contains(made.errors, "\"No Such Font\" is not installed; \""));
     const auto stored = program_.Stored("o.json");
     EXPECT_EQ(stored["CombineWithNewLine"], false);
@@ -94,6 +96,10 @@ TEST_F(Print, ImagesAreNumbered) {
     program_.Done({"export", "o.json", "-o", "p.PNG", "--pages", "2"});
     for (const char* file : {"o-1.svg", "o-2.svg", "p-2.PNG"}) EXPECT_TRUE(program_.Exists(file));
     for (const char* file : {"o.svg", "p-1.PNG"}) EXPECT_FALSE(program_.Exists(file)) << file;
+    program_.Done({"export", "o.json", "-o", "fine.png", "--pages", "2", "--dpi", "300"});
+    // Width and height as a PNG begins with them, 2550 by 3300.
+    EXPECT_EQ(program_.Read("fine-2.png").substr(16, 8),
+              std::string("\0\0\x09\xF6\0\0\x0C\xE4", 8));
     program_.Done({"draw", "o.json", "--page", "2", "-o", "one.png"});
     EXPECT_EQ(program_.Read("one.png"), program_.Read("p-2.PNG"));
 }

@@ -20,6 +20,7 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::int64_t startPage = 1;          ///< Page of the book on which the first map stands.
     std::string rowLabels = "A..H";      ///< Of the grid: "A..H", "1..10" or with commas.
     std::string columnLabels = "1..10";  ///< The same.
+    double dotsPerInch = 150;            ///< Of PNG images.
     std::int64_t limit = -1;             ///< Maximum number of rows shown; negative: all.
     bool json = false;
     bool force = false;

@@ -5,11 +5,15 @@
 #include <vector>
 
 #include "model/DefaultSymbols.h"
+#include "model/KeyNames.h"
+#include "model/Settings.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
 
 namespace app {
 namespace {
+
+namespace keys = gazetteer::keys;
 
 constexpr char kHeadTag[] = "RUNNINGHEAD";
 constexpr char kNumberTag[] = "SHEETNUMBER";
@@ -108,6 +112,22 @@ void AddPageFurniture(OpenDocument& open) {
     elements.push_back(MakeLabel(open.Host(), kHeadTag, middle, head, true));
     elements.push_back(
         MakeLabel(open.Host(), kNumberTag, middle, frame->YMin() - kNumberBelow, false));
+}
+
+void UseColumnFont(OpenDocument& open) {
+    const auto properties = open.Properties();
+    const auto names =
+        gazetteer::NamesOf(*gazetteer::SetUnder(*properties, keys::kColumnDisplayOrder), 1);
+    if (names.empty()) return;
+    const auto columns = gazetteer::SetUnder(*properties, keys::kColumnsProperties);
+    const auto column = gazetteer::SetUnder(*columns, names.front());
+    const auto symbol =
+        gazetteer::ToObject<host::IHostTextSymbol>(column->Item(keys::kColumnFontSymbol));
+    for (const auto& element : open.TheDesk().CurrentDocument().elements) {
+        const auto label = host::As<host::IHostTextElement>(element);
+        if (symbol && label && (HasTag(element, kHeadTag) || HasTag(element, kNumberTag)))
+            label->Symbol()->Font()->SetName(symbol->Font()->Name());
+    }
 }
 
 void LabelSheet(OpenDocument& open, std::int32_t page) {

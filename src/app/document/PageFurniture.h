@@ -9,6 +9,9 @@ namespace app {
 /// Adds a running head above the gazetteer and a sheet number below it.
 void AddPageFurniture(OpenDocument& open);
 
+/// Gives the running head and the sheet number the font family of the first column.
+void UseColumnFont(OpenDocument& open);
+
 /// Sets the running head and the number, if present, for a page of the gazetteer. Cuts the head
 /// with an ellipsis to the width of the gazetteer. Throws if the map book cannot be read.
 void LabelSheet(OpenDocument& open, std::int32_t page);

@@ -65,8 +65,9 @@ std::int64_t NumberOf(OpenDocument& open, std::int32_t page) {
 }
 
 std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path,
-                                             std::int32_t firstPage) {
+                                             std::int32_t firstPage, double dotsPerInch) {
     return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title,
+                                       .dotsPerInch = dotsPerInch,
                                        .language = open.TheDesk().LanguageTag(),
                                        .firstNumber = NumberOf(open, firstPage)});
 }
@@ -149,13 +150,14 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 }
 
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
-                 const SheetListener& before) {
+                 const SheetListener& before, double dotsPerInch) {
     const bool one = HoldsManySheets(path);
     if (!one) AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> files;
     for (std::int32_t page = pages.first; page <= pages.last; ++page) {
         if (!one || files.empty())
-            files.push_back(OpenWriter(open, one ? path : NumberedPath(path, page), page));
+            files.push_back(
+                OpenWriter(open, one ? path : NumberedPath(path, page), page, dotsPerInch));
         if (before) before(page);
         DrawPage(open, page);
         PaintSheet(open, *files.back(), page);
@@ -165,9 +167,10 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
     for (const auto& file : files) file->Place();
 }
 
-void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page) {
+void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
+                    double dotsPerInch) {
     CheckNotMadeFrom(open, path);
-    const auto writer = OpenWriter(open, path, page);
+    const auto writer = OpenWriter(open, path, page, dotsPerInch);
     PaintSheet(open, *writer, page);
     writer->Finish();
 }
