@@ -60,7 +60,10 @@ if(GAZETTEER_DESK)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT program
           FILES_MATCHING REGEX "\\.(dbf|cpg|json|md)$"
           PATTERN embed EXCLUDE PATTERN recipes EXCLUDE)
-  install(FILES docs/document-format.md README.md TYPE DOC COMPONENT program)
+  # As in the repository, so that links lead on.
+  install(FILES README.md CONTRIBUTING.md TYPE DOC COMPONENT program)
+  install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT program
+          FILES_MATCHING REGEX "\\.(md|svg|png)$" PATTERN tool EXCLUDE)
 endif()
 if(TARGET gazetteer-desk)
   gazetteer_manual(gazetteer-desk)

@@ -179,7 +179,10 @@ std::string LineBreaker::Line() const {
 // Where the run of characters ends of which each only widens the present line.
 std::size_t LineBreaker::WideningRunEnd(std::size_t index) const {
     if (hasMarkup_) return index;
-    const auto rest = std::span(characters_).subspan(index);
+    // More than lines have, so that a long text is not searched to its end for each of them.
+    constexpr std::size_t kAhead = 1024;
+    const auto rest =
+        std::span(characters_).subspan(index, std::min(kAhead, characters_.size() - index));
     const auto line = std::span(result_).subspan(lineStart_);
     const bool begins = IsLetterOfOneScript(rest[0]) && std::ranges::all_of(line, IsPlainSign);
     const auto only = begins || LineOnlyGrows() ? OnlyWidens : IsPlainSign;

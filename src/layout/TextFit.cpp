@@ -56,6 +56,22 @@ std::string FilledBehind(TextMeasure& measure, double width, std::string line) {
     });
 }
 
+// The width of a text. Of a long one that is certainly wider than the column, which many lines
+// follow, the width is estimated: hosts take long to set very long lines, and only whether it fits
+// and its average character matter.
+double WidthOf(const std::string& text, TextMeasure& measure, double column) {
+    constexpr std::size_t kLong = 4096;  // Bytes.
+    constexpr double kCertainly = 2;  // Ligatures can make a longer text narrower, but not by half.
+    if (text.size() > kLong) {
+        std::size_t end = kLong;
+        while (end > 0 && (text[end] & 0xC0) == 0x80) --end;  // Does not cut inside a character.
+        const double beginning = measure.Width(text.substr(0, end));
+        if (beginning > kCertainly * column)
+            return beginning * static_cast<double>(text.size()) / static_cast<double>(end);
+    }
+    return measure.Width(text);
+}
+
 }  // namespace
 
 TextFit::TextFit(host::IHost& host, host::Ref<host::IHostDisplay> display)
@@ -79,7 +95,7 @@ std::string TextFit::SplitText(std::string& text, double width,
     TextMeasure& measure = MeasureOf(symbol);
     const std::string plain = Plain(text);
     const bool hasMarkup = plain != text;
-    const double textWidth = measure.Width(plain);
+    const double textWidth = WidthOf(plain, measure, width);
     brokeWord_ = false;
 
     std::string result = text;

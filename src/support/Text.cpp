@@ -12,10 +12,15 @@ char Lower(char c) {
 }  // namespace
 
 std::string ReplaceAll(std::string text, std::string_view piece, std::string_view replacement) {
-    for (auto at = text.find(piece); at != std::string::npos;
-         at = text.find(piece, at + replacement.size()))
-        text.replace(at, piece.size(), replacement);
-    return text;
+    auto at = text.find(piece);
+    if (at == std::string::npos) return text;
+    std::string replaced;
+    std::size_t begin = 0;
+    for (; at != std::string::npos; at = text.find(piece, begin)) {
+        replaced.append(text, begin, at - begin).append(replacement);
+        begin = at + piece.size();
+    }
+    return replaced.append(text, begin);
 }
 
 std::vector<std::string> Split(const std::string& text, char separator) {

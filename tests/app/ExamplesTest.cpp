@@ -37,22 +37,27 @@ TEST(Examples, AllMake) {
     }
 }
 
-TEST(Examples, TheAtlasIsLinkedToItsBook) {
+// A new book has the same pages, and grids of letters and numbers as the atlas has.
+TEST(Examples, TheAtlasIsLinkedToItsBookAndToANewOne) {
     const Program program;
-    program.Done({"new", "atlas.json", "--listing-database", kExamples + "atlas.dbf", "--book",
-                  kExamples + "atlas-book.json"});
-    program.Done({"set", "atlas.json", "LinkToMapSeries=true", "MapSeriesSectionKey=maps",
-                  "MapSeriesTemplateKey=sheet", "MapSeriesFrameName=Main map",
-                  "Page.FromDatabase=false"});
-    program.Done({"column", "add", "atlas.json", "Region", "Expression=[REGION]",
-                  "FromDatabase=false", "ColumnWidth=1"});
-    EXPECT_EQ(program.Stored("atlas.json")["CanDrawIndex"], true);
-    const auto shown = program.Done({"show", "atlas.json", "--json"}).Json();
-    nlohmann::json found;
-    for (const auto& listing : shown["listings"])
-        if (listing["cells"]["Listing"] == "Reykjav\u00EDk") found = listing["cells"];
-    EXPECT_EQ(found["Page"], "7 C-5");
-    EXPECT_EQ(found["Region"], "Iceland");
+    program.Done({"book", "new", "own.json", "--sheets", kExamples + "atlas-sheets.dbf",
+                  "--start-page", "5"});
+    for (const std::string& book : {kExamples + "atlas-book.json", std::string("own.json")}) {
+        program.Done({"new", "atlas.json", "--force", "--listing-database", kExamples + "atlas.dbf",
+                      "--book", book});
+        program.Done({"set", "atlas.json", "LinkToMapSeries=true", "MapSeriesSectionKey=maps",
+                      "MapSeriesTemplateKey=sheet", "MapSeriesFrameName=Main map",
+                      "Page.FromDatabase=false"});
+        program.Done({"column", "add", "atlas.json", "Region", "Expression=[REGION]",
+                      "FromDatabase=false", "ColumnWidth=1"});
+        EXPECT_EQ(program.Stored("atlas.json")["CanDrawIndex"], true) << book;
+        const auto shown = program.Done({"show", "atlas.json", "--json"}).Json();
+        nlohmann::json found;
+        for (const auto& listing : shown["listings"])
+            if (listing["cells"]["Listing"] == "Reykjav\u00EDk") found = listing["cells"];
+        EXPECT_EQ(found["Page"], "7 C-5") << book;
+        EXPECT_EQ(found["Region"], "Iceland") << book;
+    }
 
     // A record whose reference is no number is named.
     support::DbfBuilder({{"LISTING"}, {"PAGE"}, {"ROW"}, {"COLUMN"}})

@@ -42,7 +42,8 @@ TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
 }
 
 TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
-    program_.Done({"make", "long.dbf", "-o", "o.pdf", "--document", "o.json"});
+    program_.Done(
+        {"make", "long.dbf", "-o", "o.pdf", "--document", "o.json", "--first-page", "97"});
     const auto pages = program_.Done({"show", "o.json", "--json"}).Json()["pages"];
     const auto of = [&](std::size_t page, const char* key) {
         return pages[page][key].get<std::string>().substr(1);  // Without the leading blank.
@@ -51,11 +52,16 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
     EXPECT_TRUE(Contains(program_.Shell("pdfinfo o.pdf"), "Title:           long"));
     const std::string second = program_.Shell("pdftotext -f 2 -l 2 -layout o.pdf -");
     EXPECT_TRUE(Contains(second, of(1, "first") + " \u2013 " + of(1, "last")));
-    EXPECT_TRUE(Contains(second.substr(second.rfind(' ')), " 2\n"));
+    EXPECT_TRUE(Contains(second.substr(second.rfind(' ')), " 98\n"));
     const std::string bookmarks = program_.Shell("pdftohtml -xml -i -stdout o.pdf");
     for (std::size_t i = 0; i < pages.size(); ++i)
         EXPECT_TRUE(Contains(bookmarks, "<item page=\"" + std::to_string(i + 1) + "\">" +
                                             of(i, "name") + "</item>"));
+    // Below those of the pages stand the letters; the pages have the printed numbers.
+    EXPECT_TRUE(Contains(bookmarks, "<item page=\"1\">B</item>"));
+    const std::string file = program_.Shell("qpdf --qdf --object-streams=disable o.pdf -");
+    for (const char* part : {"/St 97", "/Lang (en-US)", "/Metadata ", "<dc:title><rdf:Alt>"})
+        EXPECT_TRUE(file.find(part) != std::string::npos) << part;
 
     // A document is labelled with the page that is drawn on it.
     for (const std::size_t page : {1U, 0U}) {
@@ -65,14 +71,16 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
         EXPECT_EQ(elements[1]["tag"], "RUNNINGHEAD");
         EXPECT_EQ(elements[1]["text"], of(page, "first") + " \u2013 " + of(page, "last"));
         EXPECT_EQ(elements[2]["tag"], "SHEETNUMBER");
-        EXPECT_EQ(elements[2]["text"], std::to_string(page + 1));
+        EXPECT_EQ(elements[2]["text"], std::to_string(page + 97));
     }
 }
 
 TEST_F(Print, OverridesComeLast) {
     const auto made = program_.Done({"make", "streets.dbf", "-o", "o.pdf", "--document", "o.json",
                                      "--set", "CombineDelimeter=; ", "--set", "Listing.Title=Place",
-                                     "--set", "Page.ColumnFontSymbol=No Such Font,8"});
+                                     "--set", "Page.ColumnFontSymbol=No Such Font,8", "--set",
+                                     "Listing.ColumnFontSymbol=DejaVu Serif,8"});
+    EXPECT_TRUE(Contains(program_.Read("o.json"), "\"name\":\"DejaVu Serif\",\"size\":9.0"));
     EXPECT_TRUE(Contains(made.errors, "\"No Such Font\" is not installed; \""));
     const auto stored = program_.Stored("o.json");
     EXPECT_EQ(stored["CombineWithNewLine"], false);
@@ -88,6 +96,10 @@ TEST_F(Print, ImagesAreNumbered) {
     program_.Done({"export", "o.json", "-o", "p.PNG", "--pages", "2"});
     for (const char* file : {"o-1.svg", "o-2.svg", "p-2.PNG"}) EXPECT_TRUE(program_.Exists(file));
     for (const char* file : {"o.svg", "p-1.PNG"}) EXPECT_FALSE(program_.Exists(file)) << file;
+    program_.Done({"export", "o.json", "-o", "fine.png", "--pages", "2", "--dpi", "300"});
+    // Width and height as a PNG begins with them, 2550 by 3300.
+    EXPECT_EQ(program_.Read("fine-2.png").substr(16, 8),
+              std::string("\0\0\x09\xF6\0\0\x0C\xE4", 8));
     program_.Done({"draw", "o.json", "--page", "2", "-o", "one.png"});
     EXPECT_EQ(program_.Read("one.png"), program_.Read("p-2.PNG"));
 }

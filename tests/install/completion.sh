@@ -19,7 +19,7 @@ expect() {
 expect 'draft draw' gazetteer dr
 expect 'add remove list' gazetteer column ''
 expect '--page-size' gazetteer make --pa
-expect 'letter a4' gazetteer new --page-size ''
+expect 'a3 a4 a5 b5 letter legal tabloid' gazetteer new --page-size ''
 expect 'SortColumns= SortAscending=' gazetteer set index.json Sort
 expect 'RepeatColumns= RepeatSpacing=' gazetteer make --set Rep
 expect '' gazetteer export --pages ''

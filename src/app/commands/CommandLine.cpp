@@ -28,7 +28,7 @@ private:
     CLI::App& AddForDocument(CLI::App& parent, const char* name, const char* text, Command* run);
     void AddNewDocumentOptions(CLI::App& command);
     void AddSheetOptions(CLI::App& command);
-    void AddStrict(CLI::App& command);
+    void AddOutputOptions(CLI::App& command);
     void AddMake();
     void AddEditing();
     void AddColumn();
@@ -106,7 +106,10 @@ void Commands::AddSheetOptions(CLI::App& command) {
         ->check(CLI::PositiveNumber);
 }
 
-void Commands::AddStrict(CLI::App& command) {
+void Commands::AddOutputOptions(CLI::App& command) {
+    command.add_option("--dpi", options_.dotsPerInch, "Resolution of PNG images, dots per inch")
+        ->check(CLI::Range(10, 1200))
+        ->capture_default_str();
     command.add_flag("--strict", options_.strict,
                      "Write no file where anything would be wrong in print");
 }
@@ -122,7 +125,7 @@ void Commands::AddMake() {
     make.add_option("--columns", options_.columnGroups,
                     "Number of column groups on a page (default: as many as fit)")
         ->check(CLI::PositiveNumber);
-    AddStrict(make);
+    AddOutputOptions(make);
 }
 
 void Commands::AddEditing() {
@@ -171,13 +174,13 @@ void Commands::AddPages() {
     draw.add_flag("--json", options_.json, "Print the element tree; the document stays");
     draw.add_option("-o,--output", options_.output,
                     "Write the sheet to a " + desk::PageEndings() + " file; the document stays");
-    AddStrict(draw);
+    AddOutputOptions(draw);
 
     auto& output = AddForDocument(program_, "export", "Write pages as sheets", Export);
     output.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
         ->required();
     AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
-    AddStrict(output);
+    AddOutputOptions(output);
 }
 
 void Commands::AddOthers() {
@@ -185,6 +188,21 @@ void Commands::AddOthers() {
     table.add_option("FILE", options_.table, "The table")->required();
     table.add_flag("--json", options_.json, "As JSON");
     table.add_option("--limit", options_.limit, "Show at most this many rows")->check(CheckCount);
+
+    auto& book = AddParent(program_, "book", "Write a map book file to start from");
+    book.require_subcommand(1);
+    auto& newBook =
+        Add(book, "new", "Write a map book of a section of maps and one for the index", BookNew);
+    newBook.add_option("BOOK", options_.book, "The map book file to write")->required();
+    newBook.add_option("--sheets", options_.sheets, "Table with a record for each map sheet")
+        ->required();
+    newBook
+        .add_option("--start-page", options_.startPage, "Page of the book on which the maps begin")
+        ->check(CLI::Range(1, 1'000'000))
+        ->capture_default_str();
+    AddText(newBook, "--row-labels", options_.rowLabels, "Labels of the grid's rows");
+    AddText(newBook, "--column-labels", options_.columnLabels, "Labels of the grid's columns");
+    newBook.add_flag("--force", options_.force, "Replace a file that exists");
 
     auto& component = AddParent(program_, "component", "Enter the property page with the desk");
     component.require_subcommand(1);

@@ -14,9 +14,14 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::string table;
     std::string column;
     std::string output;
-    std::string pages;        ///< As for ParsePages.
-    std::int32_t page = 0;    ///< From 1.
-    std::int64_t limit = -1;  ///< Maximum number of rows shown; negative: all.
+    std::string pages;                   ///< As for ParsePages.
+    std::int32_t page = 0;               ///< From 1.
+    std::string sheets;                  ///< Table with a record for each map sheet.
+    std::int64_t startPage = 1;          ///< Page of the book on which the first map stands.
+    std::string rowLabels = "A..H";      ///< Of the grid: "A..H", "1..10" or with commas.
+    std::string columnLabels = "1..10";  ///< The same.
+    double dotsPerInch = 150;            ///< Of PNG images.
+    std::int64_t limit = -1;             ///< Maximum number of rows shown; negative: all.
     bool json = false;
     bool force = false;
     bool strict = false;
@@ -26,7 +31,7 @@ struct Options : CommonOptions, NewDocumentOptions {
 using Command = int(const Options& options);
 Command Make, New, Set, ColumnAdd, ColumnRemove, ColumnList;
 Command Check, Generate, Show, Draft, Draw, Export, Table;
-Command InstallComponent, UninstallComponent;
+Command InstallComponent, UninstallComponent, BookNew;
 
 /// Parses the arguments and runs the command. Returns the exit status: 0 success, 1 failure, 2
 /// wrong usage. For 1 and 2 it has written one sentence to standard error.

@@ -120,7 +120,8 @@ int Draw(const Options& options) {
     DrawPage(document, options.page);
     LabelSheet(document, options.page);
 
-    if (!options.output.empty()) WriteDrawnPage(document, options.output, options.page);
+    if (!options.output.empty())
+        WriteDrawnPage(document, options.output, options.page, options.dotsPerInch);
     if (options.json) PrintTree(document, options.page);
     if (options.output.empty() && !options.json) document.Save();
     return kDone;

@@ -4,6 +4,7 @@
 #include "app/commands/Console.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/PageFurniture.h"
 #include "app/document/SettingsEdit.h"
 #include "app/document/Sheets.h"
 #include "listings/IndexTable.h"
@@ -32,6 +33,7 @@ int Make(const Options& options) {
                      options.document.empty() ? options.output : options.document);
     ApplyPrintDefaults(document, options.columnGroups);
     Assign(document, options);
+    UseColumnFont(document);
 
     session.BindDrawable();
     session.CheckHasPages();
@@ -40,7 +42,7 @@ int Make(const Options& options) {
     session.CheckFindings(std::nullopt, options.strict);
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
-    WriteSheets(document, options.output, pages);
+    WriteSheets(document, options.output, pages, {}, options.dotsPerInch);
     ClearProgress();
     return kDone;
 }

@@ -41,11 +41,15 @@ Beyond the default columns and properties, make sets what an index needs that go
   Listing.Expression=[Listing]$$DOTS
   Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN with a no-break space, where the table has a grid
   and widths with which column groups of at least 2.1 inches fill the frame: three on a Letter sheet
-and adds a running head and a sheet number to the sheet. --set comes after all of these.
+and adds a running head and a sheet number to the sheet. --set comes after all of these. The document
+keeps the locale and the size.
+
+What would be wrong in print is told as warnings (see check). With --strict no file is written then.
 
 Examples:
   gazetteer make names.dbf -o index.pdf
   gazetteer make names.dbf -o index.pdf --page-size a4 --locale is
+  gazetteer make names.dbf -o index.pdf --page-size 148x210mm --columns 2 --first-page 97
   gazetteer make names.dbf -o index.pdf --set 'CombineDelimeter=; ' --set Listing.Title=Place
   gazetteer make names.dbf -o sample.png --sample)"},
     {"new", R"(
@@ -67,6 +71,9 @@ columns. The value is all that follows the first =, blanks included.
   gazetteer set index.json 'Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN'
 An expression is text with [Field], $$PAGE_NUMBER, $$ROW, $$COLUMN, $$DOTS and $$NEWLINE.
 Any change drops stored results. `gazetteer column list DOC` shows the values of all columns.
+DefaultPage is the page that the window shows first; it changes no number. The number printed on the
+first sheet is that of --first-page.
+  gazetteer set index.json --first-page 97 --title 'Index of Streets' --locale de
 )"},
     {"column", R"(
 A column's name has at most 8 characters and no blank. A new column looks like the first one.
@@ -74,8 +81,18 @@ A column's name has at most 8 characters and no blank. A new column looks like t
   gazetteer column remove index.json Region
   gazetteer column list index.json --json)"},
     {"check", R"(
-  gazetteer check index.json --json      {"drawable": false, "reasons": ["..."]}
-The exit status is 0 in either case.)"},
+  gazetteer check index.json --json      {"drawable": true, "reasons": [], "findings": [...]}
+The exit status is 0 in any case. Findings tell what would be wrong on the printed pages; of each kind
+the first five are told, and how many there are:
+  outside-sheet, outside-frame   a listing stands off the sheet, or out of the gazetteer's frame
+  empty-value                    a record has an empty listing, page, row or column that is printed
+  broken-word                    a word is longer than a line of its column
+  heading-left-out               a letter heading found no room
+  heading-alone                  a letter heading stands at the foot, without a listing below it
+  missing-character              no font has a character; a box is printed
+  missing-font                   a font is not installed; another stands in for it
+  no-place                       a listing stands on no page
+make, generate, export, draw and show tell them, too; export, make and draw take --strict.)"},
     {"generate", R"(
   gazetteer generate index.json
 The results are stored in the document; later commands reload them. Any `set` or `column add` drops
@@ -94,15 +111,22 @@ A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` s
 `export` writes all pages at once.)"},
     {"export", R"(
   gazetteer export index.json -o index.pdf              all pages, with bookmarks
+  gazetteer export index.json -o index.pdf --strict     no file where anything would be wrong
   gazetteer export index.json -o index.pdf --pages 2-5
   gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)"},
     {"table", R"(
   gazetteer table names.dbf --limit 5
 The encoding is taken from a .cpg file beside the table, else from its header. Warnings tell of
 records that are missing or damaged.)"},
+    {"book", R"(
+  gazetteer book new book.json --sheets sheets.dbf --start-page 5 --row-labels A..F
+A map book tells on which page of the book a map sheet stands, and what its grid squares are called.
+`new` and `make` take it with --book.)"},
     {"component", R"(
+  gazetteer component uninstall
   gazetteer component install
-The desk's window shows the property page for as long as it is entered. The component's library is
+The desk's window shows the property page for as long as it is entered. The window enters the component
+of its own installation by itself, unless it was taken out. The component's library is
 looked for as ../lib/gazetteer/libCVNGazetteer.so beside the program, and loaded for this command
 alone. The list of what is entered is gazetteer-desk/components.json in your data folder.)"},
 };

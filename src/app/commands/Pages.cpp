@@ -52,7 +52,7 @@ int Export(const Options& options) {
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
     session.CheckFindings(asked, options.strict);
-    WriteSheets(document, options.output, pages);
+    WriteSheets(document, options.output, pages, {}, options.dotsPerInch);
     ClearProgress();
     return kDone;
 }

@@ -45,8 +45,14 @@ void WritePage(JsonAnswer& json, OpenDocument& document, std::int32_t page) {
 void WriteListings(JsonAnswer& json, OpenDocument& document) {
     const auto columns = document.Manager().Working().listings->AllItems();
     std::vector<host::PropertyItems> cells;
-    for (const auto& column : columns.values)
-        cells.push_back(ToObject<IHostPropertySet>(column)->AllItems());
+    for (std::size_t i = 0; i < columns.names.size(); ++i) {
+        const auto column = ToObject<IHostPropertySet>(columns.values[i]);
+        if (!column)
+            throw CommandError(
+                "The document is damaged: there are no stored listings of the column \"" +
+                Shown(columns.names[i]) + "\".");
+        cells.push_back(column->AllItems());
+    }
     const std::size_t count = cells.empty() ? 0 : cells.front().names.size();
     json.Objects("listings", std::views::iota(std::size_t{0}, count), [&](std::size_t row) {
         const auto& name = cells.front().names[row];

@@ -5,11 +5,15 @@
 #include <vector>
 
 #include "model/DefaultSymbols.h"
+#include "model/KeyNames.h"
+#include "model/Settings.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
 
 namespace app {
 namespace {
+
+namespace keys = gazetteer::keys;
 
 constexpr char kHeadTag[] = "RUNNINGHEAD";
 constexpr char kNumberTag[] = "SHEETNUMBER";
@@ -71,21 +75,6 @@ std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::str
     return text + kEllipsis;
 }
 
-// Returns the number printed on a sheet. It counts from the document's first number, else in a map
-// book from the first page of the gazetteer's section.
-std::string SheetNumber(OpenDocument& open, std::int32_t page) {
-    const auto first = open.TheDesk().CurrentDocument().firstSheet;
-    if (first > 0) return std::to_string(std::int64_t{first} + page - 1);
-    auto& host = open.Host();
-    const auto context = host.NewLayoutContext();
-    const auto key = context->CurrentTemplateKey();
-    if (std::holds_alternative<host::Empty>(key)) return std::to_string(page);
-    const auto book = host.NewMapBook();
-    const std::string section = book->TemplateSection(gazetteer::ToText(key, host.Locale()));
-    const auto start = gazetteer::ToLong(book->SectionStartPage(section), host.Locale());
-    return std::to_string(start + page - 1);
-}
-
 bool HasTag(const host::Ref<host::IHostElement>& element, std::string_view tag) {
     const auto named = host::As<host::IHostElementName>(element);
     return named && named->Name() == tag;
@@ -102,6 +91,19 @@ std::string HeadText(host::IHost& host, host::IHostTextSymbol& symbol, const std
 
 }  // namespace
 
+std::int64_t SheetNumber(OpenDocument& open, std::int32_t page) {
+    const auto first = open.TheDesk().CurrentDocument().firstSheet;
+    if (first > 0) return std::int64_t{first} + page - 1;
+    auto& host = open.Host();
+    const auto context = host.NewLayoutContext();
+    const auto key = context->CurrentTemplateKey();
+    if (std::holds_alternative<host::Empty>(key)) return page;
+    const auto book = host.NewMapBook();
+    const std::string section = book->TemplateSection(gazetteer::ToText(key, host.Locale()));
+    const auto start = gazetteer::ToLong(book->SectionStartPage(section), host.Locale());
+    return std::int64_t{start} + page - 1;
+}
+
 void AddPageFurniture(OpenDocument& open) {
     const auto frame = open.Gazetteer()->Geometry()->Bounds();
     const double middle = frame->XMin() + frame->Width() / 2;
@@ -110,6 +112,22 @@ void AddPageFurniture(OpenDocument& open) {
     elements.push_back(MakeLabel(open.Host(), kHeadTag, middle, head, true));
     elements.push_back(
         MakeLabel(open.Host(), kNumberTag, middle, frame->YMin() - kNumberBelow, false));
+}
+
+void UseColumnFont(OpenDocument& open) {
+    const auto properties = open.Properties();
+    const auto names =
+        gazetteer::NamesOf(*gazetteer::SetUnder(*properties, keys::kColumnDisplayOrder), 1);
+    if (names.empty()) return;
+    const auto columns = gazetteer::SetUnder(*properties, keys::kColumnsProperties);
+    const auto column = gazetteer::SetUnder(*columns, names.front());
+    const auto symbol =
+        gazetteer::ToObject<host::IHostTextSymbol>(column->Item(keys::kColumnFontSymbol));
+    for (const auto& element : open.TheDesk().CurrentDocument().elements) {
+        const auto label = host::As<host::IHostTextElement>(element);
+        if (symbol && label && (HasTag(element, kHeadTag) || HasTag(element, kNumberTag)))
+            label->Symbol()->Font()->SetName(symbol->Font()->Name());
+    }
 }
 
 void LabelSheet(OpenDocument& open, std::int32_t page) {
@@ -121,7 +139,7 @@ void LabelSheet(OpenDocument& open, std::int32_t page) {
         return;
     const auto first = gazetteer::WithoutOuterBlanks(open.Manager().FirstListing(page));
     const auto last = gazetteer::WithoutOuterBlanks(open.Manager().LastListing(page));
-    const auto number = SheetNumber(open, page);
+    const auto number = std::to_string(SheetNumber(open, page));
     const double width = open.Gazetteer()->Geometry()->Bounds()->Width();
     for (const auto& element : elements) {
         const auto label = host::As<host::IHostTextElement>(element);

@@ -9,11 +9,40 @@
 #include "app/document/PageFurniture.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
+#include "layout/RowElements.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
 
 namespace app {
 namespace {
+
+// Returns the first text of a group, or of the groups in it, that is not blank.
+std::string FirstText(const host::IHostGroupElement& group) {
+    std::string text;
+    for (std::int32_t i = 0; text.empty() && i < group.Count(); ++i) {
+        const auto member = group.Item(i);
+        if (const auto element = host::As<host::IHostTextElement>(member))
+            text = gazetteer::WithoutOuterBlanks(element->Text());
+        else if (const auto inner = host::As<host::IHostGroupElement>(member))
+            text = FirstText(*inner);
+    }
+    return text;
+}
+
+// Returns the letter headings of the drawn page, from the top of each column group.
+std::vector<desk::Bookmark> HeadingsOf(OpenDocument& open) {
+    std::vector<desk::Bookmark> headings;
+    const auto box = open.Host().NewEnvelope();
+    const auto display = open.Host().NewApplication()->Document()->ActiveView()->Display();
+    for (const auto& member :
+         gazetteer::MembersTagged(*open.Gazetteer(), {gazetteer::kBreakGroupTag})) {
+        const std::string title = FirstText(*host::As<host::IHostGroupElement>(member));
+        if (title.empty()) continue;
+        member->MeasureBounds(display, box);
+        headings.push_back({title, box->YMax()});
+    }
+    return headings;
+}
 
 void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page) {
     LabelSheet(open, page);
@@ -22,11 +51,25 @@ void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page)
     desk::ElementPainter painter(*open.TheDesk().Text());
     for (const auto& element : document.elements) painter.Paint(writer.Sheet(), element);
     const auto name = open.Manager().PageName(page);
-    writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())));
+    writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())),
+                   HeadingsOf(open));
 }
 
-std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path) {
-    return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title});
+// A map book that cannot be read is told where its number is printed.
+std::int64_t NumberOf(OpenDocument& open, std::int32_t page) {
+    try {
+        return SheetNumber(open, page);
+    } catch (const host::Failure&) {
+        return page;
+    }
+}
+
+std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path,
+                                             std::int32_t firstPage, double dotsPerInch) {
+    return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title,
+                                       .dotsPerInch = dotsPerInch,
+                                       .language = open.TheDesk().LanguageTag(),
+                                       .firstNumber = NumberOf(open, firstPage)});
 }
 
 void CheckNotMadeFrom(const OpenDocument& open, const std::string& path) {
@@ -107,13 +150,14 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 }
 
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
-                 const SheetListener& before) {
+                 const SheetListener& before, double dotsPerInch) {
     const bool one = HoldsManySheets(path);
     if (!one) AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> files;
     for (std::int32_t page = pages.first; page <= pages.last; ++page) {
         if (!one || files.empty())
-            files.push_back(OpenWriter(open, one ? path : NumberedPath(path, page)));
+            files.push_back(
+                OpenWriter(open, one ? path : NumberedPath(path, page), page, dotsPerInch));
         if (before) before(page);
         DrawPage(open, page);
         PaintSheet(open, *files.back(), page);
@@ -123,9 +167,10 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
     for (const auto& file : files) file->Place();
 }
 
-void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page) {
+void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
+                    double dotsPerInch) {
     CheckNotMadeFrom(open, path);
-    const auto writer = OpenWriter(open, path);
+    const auto writer = OpenWriter(open, path, page, dotsPerInch);
     PaintSheet(open, *writer, page);
     writer->Finish();
 }

@@ -25,6 +25,9 @@ void CheckPage(std::int32_t page, std::int32_t pageCount);
 /// Draws a page of the bound gazetteer. Throws if that fails or the page holds no listing.
 void DrawPage(OpenDocument& open, std::int32_t page);
 
+/// Resolution of PNG images.
+inline constexpr double kDotsPerInch = 150;
+
 /// Called before each page is drawn. An exception from it cancels the export.
 using SheetListener = std::function<void(std::int32_t page)>;
 
@@ -32,7 +35,7 @@ using SheetListener = std::function<void(std::int32_t page)>;
 /// one PDF with bookmarks, or images numbered -1, -2, ... before the ending. After a failure all
 /// files are unchanged.
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
-                 const SheetListener& before = {});
+                 const SheetListener& before = {}, double dotsPerInch = kDotsPerInch);
 
 /// Returns the file name of a page, for formats with one file per page.
 std::string NumberedPath(const std::string& path, std::int32_t page);
@@ -43,7 +46,8 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
                       const std::string& document);
 
 /// Writes the sheet with the page that the document shows now.
-void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page);
+void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
+                    double dotsPerInch = kDotsPerInch);
 
 /// Throws UsageError unless the ending is that of a page format.
 void CheckOutputName(const std::string& path);

@@ -76,6 +76,8 @@ void Actions::AddFileActions() {
     deselect = Add("deselect", "&Deselect", "", "Select nothing");
     findPage = Add("findPage", "&Find Page by Listing...", "edit-find",
                    "Find the pages on which a listing stands", {QKeySequence::Find});
+    manual = Add("manual", "&Manual", "", "Show the manual");
+    manual->setShortcut(QKeySequence::HelpContents);
     about = Add("about", "&About", "", "About this program");
     about->setMenuRole(QAction::AboutRole);
 }
@@ -122,7 +124,7 @@ void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
          {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr, showPages});
     Fill(*bar.addMenu("&Page"),
          {firstPage, previousPage, nextPage, lastPage, goToPage, nullptr, refresh, draft});
-    Fill(*bar.addMenu("&Help"), {about});
+    Fill(*bar.addMenu("&Help"), {manual, about});
 }
 
 void Actions::AddToolBar(QMainWindow& window) {

@@ -39,6 +39,7 @@ public:
     QAction* goToPage;
     QAction* refresh;
     QAction* draft;
+    QAction* manual;
     QAction* about;
     QMenu* recent;
     QMenu* zooms;

@@ -39,7 +39,7 @@ private:
         cairo_translate(context_.get(), 0, height);
         return canvas_.emplace(context_.get());
     }
-    void EndSheet(const std::string& /*bookmark*/) final {
+    void EndSheet(const std::string& /*title*/, std::span<const Bookmark> /*places*/) final {
         const cairo_status_t status = cairo_status(context_.get());
         canvas_.reset();
         context_.reset();

@@ -13,9 +13,9 @@ void PageWriter::BeginPage(double width, double height) {
     sheet_ = &BeginSheet(width * kPointsPerInch, height * kPointsPerInch);
 }
 
-void PageWriter::EndPage(const std::string& bookmark) {
+void PageWriter::EndPage(const std::string& title, std::span<const Bookmark> places) {
     sheet_ = nullptr;
-    EndSheet(bookmark);
+    EndSheet(title, places);
 }
 
 void PageWriter::Complete() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
@@ -8,6 +9,12 @@
 #include "desk/files/ReplacingFile.h"
 
 namespace desk {
+
+/// A title, and the height of its place above the lower edge of the sheet, in inches.
+struct Bookmark {
+    std::string title;
+    double height = 0;
+};
 
 /// Writes sheets to a file: BeginPage, drawing and EndPage for each, then Finish; or Complete and
 /// Place, to make several files appear together. Failures are host::Failure and name the file. The
@@ -24,8 +31,9 @@ public:
     /// the sheet, so Y is negative on the sheet.
     Canvas& Sheet() const { return *sheet_; }
 
-    /// Ends the sheet and adds a bookmark if the format supports it.
-    void EndPage(const std::string& bookmark = {});
+    /// Ends the sheet. Where the format supports it, a title adds a bookmark to the sheet, and
+    /// below it those of places on the sheet.
+    void EndPage(const std::string& title = {}, std::span<const Bookmark> places = {});
 
     void Finish() {
         Complete();
@@ -43,7 +51,7 @@ protected:
 
     /// Returns the canvas of a new sheet; sizes in points.
     virtual Canvas& BeginSheet(double width, double height) = 0;
-    virtual void EndSheet(const std::string& bookmark) = 0;
+    virtual void EndSheet(const std::string& title, std::span<const Bookmark> places) = 0;
     /// Writes the rest of the file and frees the buffers.
     virtual void Close() = 0;
 
@@ -59,8 +67,10 @@ private:
 };
 
 struct PageWriterOptions {
-    std::string title;         ///< Document title, for PDF.
-    double dotsPerInch = 150;  ///< Resolution, for PNG.
+    std::string title;             ///< Document title, for PDF.
+    double dotsPerInch = 150;      ///< Resolution, for PNG.
+    std::string language = {};     ///< Of the texts, as in "de-AT", for PDF; empty: not known.
+    std::int64_t firstNumber = 1;  ///< Printed on the first sheet, for the page labels of a PDF.
 };
 
 struct PageFormat {

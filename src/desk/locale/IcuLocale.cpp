@@ -196,6 +196,13 @@ std::vector<std::size_t> IcuLocale::CharactersByRules(std::string_view text) {
     return lengths;
 }
 
+std::string IcuLocale::LanguageTag() const {
+    if (Name().empty()) return {};
+    UErrorCode error = U_ZERO_ERROR;
+    const auto tag = icu::Locale(locale_.getBaseName()).toLanguageTag<std::string>(error);
+    return U_SUCCESS(error) ? tag : std::string();
+}
+
 bool IcuLocale::UsesLetterFormat() const {
     if (Name().empty()) return true;
     constexpr std::int32_t kWidthOfA4 = 210;  // Millimetres.

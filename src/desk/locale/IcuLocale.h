@@ -27,6 +27,8 @@ public:
     std::string FormatNumber(double value) override { return numbers_.Format(value); }
     std::vector<std::size_t> Characters(std::string_view text) override;
 
+    /// Language and region as in "de-AT"; empty for the root locale.
+    std::string LanguageTag() const;
     /// Whether printers of the region use the Letter format, as for the root locale, or A4.
     bool UsesLetterFormat() const;
     /// ICU's name of the locale in use, such as "de_DE"; empty for the root.

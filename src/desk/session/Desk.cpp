@@ -70,6 +70,10 @@ host::IHostLocale& Desk::Locale() {
     return *locale_;
 }
 
+std::string Desk::LanguageTag() const {
+    return locale_->LanguageTag();
+}
+
 bool Desk::UsesLetterFormat() const {
     return locale_->UsesLetterFormat();
 }

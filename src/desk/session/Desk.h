@@ -78,6 +78,7 @@ public:
     /// Name of the locale in use, as documents keep it.
     std::string LocaleName() const;
     bool UsesLetterFormat() const;
+    std::string LanguageTag() const;
     host::IHostDialogs& Dialogs() override { return *dialogs_; }
     host::IHostDevices& Devices() override { return *devices_; }
     /// Tables that are not where a path says are looked for beside the document, so that both can

@@ -56,12 +56,20 @@ int ObjectFile::WriteObject(std::string_view body) {
 }
 
 void ObjectFile::WriteStream(int number, std::string_view entries, std::string_view data) {
-    const std::string_view compressed = Compress(data);
+    WriteStreamBytes(number, std::string(entries) + "/Filter/FlateDecode", Compress(data));
+}
+
+int ObjectFile::WritePlainStream(std::string_view entries, std::string_view data) {
+    const int number = NewObject();
+    WriteStreamBytes(number, std::string(entries), data);
+    return number;
+}
+
+void ObjectFile::WriteStreamBytes(int number, const std::string& entries, std::string_view bytes) {
     places_[static_cast<std::size_t>(number)] = {false, written_, 0};
-    Write(std::to_string(number) + " 0 obj\n<<");
-    Write(entries);
-    Write("/Filter/FlateDecode/Length " + std::to_string(compressed.size()) + ">>stream\n");
-    Write(compressed);
+    Write(std::to_string(number) + " 0 obj\n<<" + entries + "/Length " +
+          std::to_string(bytes.size()) + ">>stream\n");
+    Write(bytes);
     Write("\nendstream\nendobj\n");
 }
 

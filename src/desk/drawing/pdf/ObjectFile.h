@@ -27,6 +27,8 @@ public:
     void WriteStream(int number, std::string_view entries, std::string_view data);
     /// The same with a new number, which is returned.
     int WriteStream(std::string_view entries, std::string_view data);
+    /// A stream that is not compressed, for those who search the file's bytes.
+    int WritePlainStream(std::string_view entries, std::string_view data);
     int WriteObject(std::string_view body);
 
     /// Writes the packed objects and the cross-reference table. Nothing can be written afterwards.
@@ -41,6 +43,7 @@ private:
     };
 
     void Write(std::string_view bytes);
+    void WriteStreamBytes(int number, const std::string& entries, std::string_view bytes);
     std::string_view Compress(std::string_view bytes);
     void WritePacked();
     std::string Places(int offsetBytes) const;

@@ -1,0 +1,83 @@
+#!/bin/bash
+# walk.sh BUILD: installs the programs of a release build and uses them as a new user would, from the
+# installed documents to the property page, in a home of their own and on a display of its own.
+set -euo pipefail
+work=$(mktemp -d)
+display=:$((1000 + $$ % 30000))
+trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$work"' EXIT
+cmake --install "$1" --component program --prefix "$work/usr" >/dev/null
+documents=$work/usr/share/doc/gazetteer
+mkdir "$work/home"
+export HOME=$work/home XDG_RUNTIME_DIR=$work PATH=$work/usr/bin:$PATH LC_ALL=C.UTF-8
+unset XDG_DATA_HOME XDG_CONFIG_HOME QT_QPA_PLATFORM
+cd "$HOME"
+
+fail() {
+    echo "$*" >&2
+    exit 1
+}
+# refused STATUS WORDS COMMAND...: the command ends with the status and says the words.
+refused() {
+    local status=$1 words=$2 told got=0
+    shift 2
+    told=$("$@" 2>&1) || got=$?
+    [ $got -eq "$status" ] || fail "$* ends with $got, not $status: $told"
+    [[ $told == *"$words"* ]] || fail "$* does not say \"$words\": $told"
+}
+
+# Every link of the installed documents leads somewhere.
+while read -r page; do
+    links=$(grep -oE '\]\([^)#: ]+' "$page" | cut -c 3- | grep -v '^http' || true)
+    for link in $links; do
+        [ -e "$(dirname "$page")/$link" ] || fail "${page#"$work"/usr/} links to $link"
+    done
+done < <(find "$documents" -name '*.md')
+
+# A first index; the same document anywhere and in any language.
+cp "$documents"/examples/{streets,atlas,atlas-sheets}.* .
+gazetteer make streets.dbf -o index.pdf --document index.json --locale sv --page-size a5 \
+    --first-page 97 --title 'Street Index' 2>told
+qpdf --check index.pdf >/dev/null
+pdftotext -l 1 index.pdf - | grep -x 97 >/dev/null
+mkdir moved
+cp index.json streets.dbf moved
+LC_ALL=C gazetteer export moved/index.json -o moved/index.pdf 2>/dev/null
+cmp index.pdf moved/index.pdf
+
+# What is wrong is told before it is printed, and nothing is written over.
+gazetteer set index.json Listing.ColumnWidth=15
+gazetteer check index.json | grep 'off the sheet' >/dev/null
+refused 1 '--strict' gazetteer export index.json -o wrong.pdf --strict
+[ ! -e wrong.pdf ] || fail "--strict wrote a file"
+refused 2 'Did you mean "ColumnWidth"?' gazetteer set index.json Listing.ColumWidth=1
+ln -s streets.dbf link.pdf
+refused 2 'cannot be written' gazetteer export index.json -o link.pdf
+
+# A map book to start from.
+gazetteer book new book.json --sheets atlas-sheets.dbf --start-page 5
+gazetteer make atlas.dbf -o atlas.pdf --book book.json --set LinkToMapSeries=true \
+    --set MapSeriesSectionKey=maps --set MapSeriesTemplateKey=sheet \
+    --set 'MapSeriesFrameName=Main map' --set Page.FromDatabase=false 2>/dev/null
+pdftotext -layout atlas.pdf - | grep 'Reykjavík\.* *7.C-5' >/dev/null
+
+# The window finds its component at the first start.
+Xvfb "$display" -screen 0 1366x768x24 >/dev/null 2>&1 &
+export DISPLAY=$display
+for _ in {1..50}; do xdotool getmouselocation >/dev/null 2>&1 && break; sleep 0.2; done
+# await NAME: prints a window with that in its title as soon as it is there.
+await() {
+    for _ in {1..150}; do
+        xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1 | grep . && return
+        sleep 0.2
+    done
+    fail "no window \"$1\" opened"
+}
+gazetteer-desk moved/index.json 2>told &
+window=$(await 'index.json')
+xdotool windowfocus --sync "$window"
+# The middle of the sheet selects the gazetteer.
+xdotool mousemove --window "$window" 700 400 click 1 key alt+Return
+await 'Properties' >/dev/null
+grep -q '/usr/lib/gazetteer/libCVNGazetteer.so' "$HOME/.local/share/gazetteer-desk/components.json"
+! grep -i 'error\|warning' told || fail "the window complained"
+echo "walked through the installed programs" >&2
