@@ -93,6 +93,13 @@ TEST_F(Pages, DraftTakesThePageOnShowAwayAndBringsItBack) {
     Do("draft");
     EXPECT_FALSE(Session().InDraft());
     EXPECT_EQ(DrawnListings(), drawn);
+    for (const bool draft : {true, false}) {
+        Do("undo");
+        EXPECT_EQ(Session().InDraft(), draft);
+        EXPECT_EQ(Action("draft").isChecked(), draft);
+        EXPECT_EQ(DrawnListings(), draft ? std::vector<std::string>() : drawn);
+        EXPECT_EQ(window_->isWindowModified(), draft) << "clean once all is undone";
+    }
 
     Session().Document().Properties()->SetItem("DefaultPage", 3);
     SaveAndOpen();

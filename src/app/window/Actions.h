@@ -24,6 +24,8 @@ public:
     QAction* saveAs;
     QAction* exportPages;
     QAction* quit;
+    QAction* undo;
+    QAction* redo;
     QAction* properties;
     QAction* deselect;
     QAction* findPage;

@@ -19,8 +19,6 @@
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "app/window/WaitPointer.h"
-#include "desk/window/ObjectSet.h"
-#include "desk/window/PropertySheet.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
@@ -51,13 +49,16 @@ MainWindow::MainWindow(const std::string& locale)
     ConnectFiles();
     ConnectPages();
     ConnectView();
+    ConnectEdits();
     AddCommands();
     ShowRecent();
     ShowState();
     RestorePlace();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    history_.disconnect(this);
+}
 
 void MainWindow::RestorePlace() {
     const QSettings settings;
@@ -88,6 +89,7 @@ void MainWindow::TakeDocument() {
     RecordPage();
     ListPages();
     ShowState();
+    ForgetHistory();
     status_->ShowResult(desk::ToQt(session_->Summary()));
     view_->setFocus();
 }
@@ -190,15 +192,6 @@ void MainWindow::TurnTo(int page) {
     ShowPage();
 }
 
-void MainWindow::SetDraft(bool draft) {
-    {
-        const WaitPointer wait;
-        session_->SetDraft(draft);
-    }
-    RecordPage();
-    ShowState();
-}
-
 void MainWindow::SelectAt(QPointF inches) {
     const double height = session_->Document().TheDesk().CurrentDocument().pageHeight;
     Select(session_->ElementAt(inches.x(), height - inches.y()));
@@ -222,25 +215,6 @@ void MainWindow::ShowSelection() {
     view_->SetSelection(frame);
     actions_->deselect->setEnabled(selected_ != nullptr);
     actions_->properties->setEnabled(selected_ || session_->Document().Gazetteer());
-}
-
-// Shows the properties of the selected element, or of the gazetteer if none is selected.
-void MainWindow::ShowProperties() {
-    if (!selected_) Select(session_->Document().Gazetteer());
-    const bool draftBefore = session_->InDraft();
-    desk::PropertySheet sheet(
-        elementPages_.Make(*session_),
-        std::make_shared<desk::ObjectSet>(std::vector<host::Ref<host::IHostObject>>{selected_}),
-        this);
-    connect(&sheet, &desk::PropertySheet::Applied, this, [this] {
-        session_->NoteChange();
-        ShowState();
-    });
-    sheet.exec();
-    if (session_->InDraft() == draftBefore) return;
-    // An edit ends the draft state even if it is not applied.
-    session_->NoteChange();
-    RefreshLayout();
 }
 
 void MainWindow::Export() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QUndoStack>
 #include <memory>
 
 #include "app/window/ElementPages.h"
@@ -43,6 +44,7 @@ private:
     void ConnectFiles();
     void ConnectPages();
     void ConnectView();
+    void ConnectEdits();
     void AddCommands();
     void RestorePlace();
 
@@ -56,6 +58,11 @@ private:
     void ShowPage();
     void ShowRecent();
     void TurnTo(int page);
+    void ShowHistory();
+    void ForgetHistory();
+    /// Makes a step of the history of an edit, unless it changed nothing.
+    void RecordEdit(const QString& text, DocumentState before);
+    void ExchangeState(DocumentState& state);
     void SetDraft(bool draft);
     void SelectAt(QPointF inches);
     void Select(const host::Ref<host::IHostElement>& element);
@@ -72,6 +79,7 @@ private:
     StartPage* start_ = nullptr;
     QStackedWidget* stack_;
     std::unique_ptr<WindowSession> session_;
+    QUndoStack history_;
     Documents* documents_ = nullptr;
     ElementPages elementPages_;
     host::Ref<host::IHostElement> selected_;

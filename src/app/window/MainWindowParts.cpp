@@ -77,6 +77,7 @@ void MainWindow::ConnectFiles() {
     on(actions_->quit, this, &QWidget::close);
     on(actions_->about, this, &MainWindow::ShowAbout);
     connect(documents_, &Documents::Replaced, this, &MainWindow::TakeDocument);
+    connect(documents_, &Documents::Saved, &history_, &QUndoStack::setClean);
     connect(documents_, &Documents::Saved, this, &MainWindow::ShowState);
     connect(documents_, &Documents::RecentChanged, this, &MainWindow::ShowRecent);
     connect(start_, &StartPage::RecentChosen, documents_, &Documents::OpenRecent,
@@ -100,7 +101,6 @@ void MainWindow::ConnectPages() {
         RefreshLayout();
         ListPages();
     });
-    on(actions_->draft, &MainWindow::SetDraft);
     connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
     connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
 }
@@ -115,7 +115,6 @@ void MainWindow::ConnectView() {
     on(actions_->fitPage, [this] { view_->SetFit(PageView::Fit::Page); });
     on(actions_->fitWidth, [this] { view_->SetFit(PageView::Fit::Width); });
     on(actions_->deselect, [this] { Select(nullptr); });
-    on(actions_->properties, &MainWindow::ShowProperties);
     connect(view_, &PageView::ZoomChanged, this, [this] {
         status_->ShowZoom(view_->Zoom());
         actions_->fitPage->setChecked(view_->FitMode() == PageView::Fit::Page);
