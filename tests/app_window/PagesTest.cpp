@@ -1,3 +1,5 @@
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QWheelEvent>
@@ -58,6 +60,35 @@ TEST_F(Pages, TurnByActionsBoxListAndKeys) {
     EXPECT_EQ(DrawnListings().back(), "Alpha 0900");
     EXPECT_FALSE(Action("nextPage").isEnabled());
     EXPECT_FALSE(window_->isWindowModified());
+}
+
+TEST_F(Pages, HaveAMenuInTheListAndOnTheSheet) {
+    auto& list = Find<QTreeView>("pageList");
+    QWidget& rows = *list.viewport();
+    const auto choose = [&](int action) {
+        const QPoint place = list.visualRect(List().index(1, 0)).center();
+        QTest::mousePress(&rows, Qt::RightButton, {}, place);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, rows.mapToGlobal(place));
+        QApplication::sendEvent(&rows, &event);
+        EXPECT_EQ(Session().Page(), 1) << "the menu alone turns no page";
+        auto& menu = Find<QMenu>("pageMenu");
+        menu.actions()[action]->trigger();
+        delete &menu;
+    };
+    support::WhenModal([](QWidget& dialog) {
+        EXPECT_TRUE(support::Part<QAbstractButton>(dialog, "exportRange").isChecked());
+        EXPECT_EQ(support::Part<QSpinBox>(dialog, "exportFirst").value(), 2);
+        EXPECT_EQ(support::Part<QSpinBox>(dialog, "exportLast").value(), 2);
+        Press(dialog, "Cancel");
+    });
+    choose(1);
+    choose(0);
+    EXPECT_EQ(Session().Page(), 2);
+
+    auto& view = window_->View();
+    QTest::mousePress(view.viewport(), Qt::RightButton, {}, view.ToView({4, 5}).toPoint());
+    EXPECT_TRUE(Action("deselect").isEnabled()) << "the menu is for what is under the pointer";
+    EXPECT_TRUE(view.actions().contains(&Action("properties")));
 }
 
 TEST_F(Pages, AreFoundByListing) {

@@ -128,6 +128,11 @@ void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
     Fill(*bar.addMenu("&Help"), {about});
 }
 
+void Actions::AddPageMenu(QWidget& page) {
+    page.setContextMenuPolicy(Qt::ActionsContextMenu);
+    Fill(page, {properties, draft, nullptr, zoomIn, zoomOut, zoomFull, fitPage, fitWidth});
+}
+
 void Actions::AddToolBar(QMainWindow& window) {
     QToolBar* bar = window.addToolBar("Tools");
     bar->setObjectName("toolBar");

@@ -17,6 +17,8 @@ public:
 
     void AddMenus(QMainWindow& window, QAction* showPages);
     void AddToolBar(QMainWindow& window);
+    /// The context menu of the page.
+    void AddPageMenu(QWidget& page);
 
     QAction* newDocument;
     QAction* open;

@@ -217,10 +217,10 @@ void MainWindow::ShowSelection() {
     actions_->properties->setEnabled(selected_ || session_->Document().Gazetteer());
 }
 
-void MainWindow::Export() {
+void MainWindow::Export(std::optional<int> onlyPage) {
     exporting_ = true;
     view_->setUpdatesEnabled(false);
-    const QString done = ExportPages(*session_, *this);
+    const QString done = ExportPages(*session_, *this, onlyPage);
     view_->setUpdatesEnabled(true);
     exporting_ = false;
     RecordPage();

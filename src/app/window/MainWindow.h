@@ -68,7 +68,7 @@ private:
     void Select(const host::Ref<host::IHostElement>& element);
     void ShowSelection();
     void ShowProperties();
-    void Export();
+    void Export(std::optional<int> onlyPage);
     void ShowAbout();
 
     StatusPanes* status_ = nullptr;

@@ -62,6 +62,7 @@ void MainWindow::Arrange() {
     pages_->toggleViewAction()->setText("Page &List");
     actions_->AddMenus(*this, pages_->toggleViewAction());
     actions_->AddToolBar(*this);
+    actions_->AddPageMenu(*view_);
     addActions({actions_->goToPage, actions_->findPage});
 }
 
@@ -73,7 +74,7 @@ void MainWindow::ConnectFiles() {
     on(actions_->open, documents_, [this] { documents_->Open(); });
     on(actions_->save, documents_, &Documents::Save);
     on(actions_->saveAs, documents_, &Documents::SaveAs);
-    on(actions_->exportPages, this, &MainWindow::Export);
+    on(actions_->exportPages, this, [this] { Export({}); });
     on(actions_->quit, this, &QWidget::close);
     on(actions_->about, this, &MainWindow::ShowAbout);
     connect(documents_, &Documents::Replaced, this, &MainWindow::TakeDocument);
@@ -103,6 +104,7 @@ void MainWindow::ConnectPages() {
     });
     connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
     connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
+    connect(pages_, &PagesDock::ExportWanted, this, [this](int page) { Export(page); });
 }
 
 void MainWindow::ConnectView() {
