@@ -40,7 +40,9 @@ void PlacementFindings::EndPage() {
 }
 
 void PlacementFindings::TellPending() {
-    if (pending_) findings_.Add(*std::exchange(pending_, std::nullopt));
+    if (!pending_) return;
+    findings_.Add(std::move(*pending_));
+    pending_.reset();
 }
 
 }  // namespace gazetteer

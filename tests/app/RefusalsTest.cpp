@@ -172,6 +172,8 @@ TEST_F(Refusals, OfDamagedDocumentsByEveryCommand) {
     for (const auto& [bytes, sentence] :
          {std::pair{good.substr(0, good.size() / 2), "damaged"},
           {gazetteer::ReplaceAll(good, "\"version\":1", "\"version\":2"), "version 2"},
+          {gazetteer::ReplaceAll(good, "\"locale\":\"en_US\"", "\"locale\":\"xx_YY\""),
+           "There is no locale named xx_YY. (file \"d.json\")"},
           {with(""), "\"RepeatSpacing\""},
           {with("[\"RepeatSpacing\",\"w\"],\n"), "\"RepeatSpacing\""}}) {
         program_.Write("d.json", bytes);

@@ -1,4 +1,7 @@
 #include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextBrowser>
 #include <algorithm>
 #include <chrono>
 #include <tuple>
@@ -40,6 +43,19 @@ TEST_F(Parts, TilesShowNoSeams) {
         EXPECT_EQ(tiled, whole) << pixelsPerInch;
         EXPECT_NE(whole, white) << "the head's letters are there";
     }
+}
+
+TEST_F(Parts, TheManualIsPartOfTheProgram) {
+    Do("manual");
+    auto& text = Find<QTextBrowser>("manualText");
+    EXPECT_TRUE(text.toPlainText().contains("What each finding means"));
+    text.setSource(QUrl("#what-each-finding-means-and-what-helps"));
+    EXPECT_EQ(text.textCursor().block().text(), "What each finding means, and what helps");
+    EXPECT_EQ(text.horizontalScrollBar()->maximum(), 0);
+    text.setSource(QUrl("alphabets.md"));
+    EXPECT_TRUE(text.toPlainText().contains("From right to left"));
+    EXPECT_FALSE(text.loadResource(QTextDocument::ImageResource, QUrl("pictures/scripts-page.png"))
+                     .isNull());
 }
 
 // 2000 pages of 50 listings, the last of which stands on a page of its own.

@@ -23,3 +23,9 @@ expect 'a3 a4 a5 b5 letter legal tabloid' gazetteer new --page-size ''
 expect 'SortColumns= SortAscending=' gazetteer set index.json Sort
 expect 'RepeatColumns= RepeatSpacing=' gazetteer make --set Rep
 expect '' gazetteer export --pages ''
+expect 'Listing.ColumnFontSymbol= Listing.ColumnWidth=' gazetteer set index.json Listing.Column
+expect 'SortColumns=true' gazetteer set index.json SortColumns=t
+expect 'Page.Alignment=Right' gazetteer set index.json Page.Alignment=R
+expect 'de@collation=phonebook' gazetteer make --locale de@
+cd "$3"
+expect 'streets.dbf' gazetteer table str

@@ -79,6 +79,8 @@ void Actions::AddFileActions() {
                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
     findPage = Add("findPage", "&Find Page by Listing...", "edit-find",
                    "Find the pages on which a listing stands", {QKeySequence::Find});
+    manual = Add("manual", "&Manual", "", "Show the manual");
+    manual->setShortcut(QKeySequence::HelpContents);
     about = Add("about", "&About", "", "About this program");
     about->setMenuRole(QAction::AboutRole);
 }
@@ -125,7 +127,7 @@ void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
          {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr, showPages});
     Fill(*bar.addMenu("&Page"),
          {firstPage, previousPage, nextPage, lastPage, goToPage, nullptr, refresh, draft});
-    Fill(*bar.addMenu("&Help"), {about});
+    Fill(*bar.addMenu("&Help"), {manual, about});
 }
 
 void Actions::AddPageMenu(QWidget& page) {

@@ -43,6 +43,7 @@ public:
     QAction* goToPage;
     QAction* refresh;
     QAction* draft;
+    QAction* manual;
     QAction* about;
     QMenu* recent;
     QMenu* zooms;

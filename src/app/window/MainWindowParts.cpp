@@ -7,6 +7,7 @@
 #include "app/window/Documents.h"
 #include "app/window/Icons.h"
 #include "app/window/MainWindow.h"
+#include "app/window/ManualWindow.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PageView.h"
 #include "app/window/PagesDock.h"
@@ -76,6 +77,7 @@ void MainWindow::ConnectFiles() {
     on(actions_->saveAs, documents_, &Documents::SaveAs);
     on(actions_->exportPages, this, [this] { Export({}); });
     on(actions_->quit, this, &QWidget::close);
+    on(actions_->manual, this, [this] { (new ManualWindow(this))->show(); });
     on(actions_->about, this, &MainWindow::ShowAbout);
     connect(documents_, &Documents::Replaced, this, &MainWindow::TakeDocument);
     connect(documents_, &Documents::Saved, &history_, &QUndoStack::setClean);

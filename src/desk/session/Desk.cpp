@@ -25,6 +25,15 @@ host::Ref<T> FromWindow(const std::function<host::Ref<T>()>& make) {
                         "There is no window in which a dialog could be shown.");
 }
 
+std::shared_ptr<IcuLocale> LocaleOf(const Document& document, const std::string& path) {
+    try {
+        return std::make_shared<IcuLocale>(document.locale);
+    } catch (host::Failure& failure) {
+        failure.AddFact("file", path);
+        throw;
+    }
+}
+
 }  // namespace
 
 Desk::Desk(DeskOptions options)
@@ -51,7 +60,7 @@ void Desk::Open(const std::string& path) {
 
 void Desk::Start(Document document, const std::string& path) {
     if (givenLocale_.empty())
-        locale_ = std::make_shared<IcuLocale>(document.locale);
+        locale_ = LocaleOf(document, path);
     else
         document.locale = LocaleName();
     document_ = std::move(document);
