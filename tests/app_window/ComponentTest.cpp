@@ -92,6 +92,22 @@ TEST_F(Component, AnAppliedEditIsDrawnOnThePageOnShow) {
     EXPECT_EQ(DrawnListings(), applied);
     EXPECT_TRUE(window_->isWindowModified());
     EXPECT_EQ(Status().substr(0, 14), "900 listings, ");
+
+    EXPECT_EQ(Action("undo").text(), "&Undo Properties");
+    Do("undo");
+    EXPECT_EQ(DrawnListings(), before);
+    EXPECT_FALSE(Action("undo").isEnabled()) << "an OK without a change is no step";
+    EXPECT_FALSE(window_->isWindowModified());
+    Do("redo");
+    EXPECT_EQ(DrawnListings(), applied);
+    Do("save");
+    EXPECT_FALSE(window_->isWindowModified());
+    Do("undo");
+    EXPECT_TRUE(window_->isWindowModified()) << "the file has the change";
+    Do("save");
+    Open(folder_.File("names.json"));
+    EXPECT_EQ(DrawnListings().front(), "Alpha 0001");
+    EXPECT_FALSE(Action("redo").isEnabled()) << "another document has no history";
 }
 
 // A run ends at the first look at the events after the key; keys before that have no effect.

@@ -1,3 +1,5 @@
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QWheelEvent>
@@ -60,6 +62,35 @@ TEST_F(Pages, TurnByActionsBoxListAndKeys) {
     EXPECT_FALSE(window_->isWindowModified());
 }
 
+TEST_F(Pages, HaveAMenuInTheListAndOnTheSheet) {
+    auto& list = Find<QTreeView>("pageList");
+    QWidget& rows = *list.viewport();
+    const auto choose = [&](int action) {
+        const QPoint place = list.visualRect(List().index(1, 0)).center();
+        QTest::mousePress(&rows, Qt::RightButton, {}, place);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, rows.mapToGlobal(place));
+        QApplication::sendEvent(&rows, &event);
+        EXPECT_EQ(Session().Page(), 1) << "the menu alone turns no page";
+        auto& menu = Find<QMenu>("pageMenu");
+        menu.actions()[action]->trigger();
+        delete &menu;
+    };
+    support::WhenModal([](QWidget& dialog) {
+        EXPECT_TRUE(support::Part<QAbstractButton>(dialog, "exportRange").isChecked());
+        EXPECT_EQ(support::Part<QSpinBox>(dialog, "exportFirst").value(), 2);
+        EXPECT_EQ(support::Part<QSpinBox>(dialog, "exportLast").value(), 2);
+        Press(dialog, "Cancel");
+    });
+    choose(1);
+    choose(0);
+    EXPECT_EQ(Session().Page(), 2);
+
+    auto& view = window_->View();
+    QTest::mousePress(view.viewport(), Qt::RightButton, {}, view.ToView({4, 5}).toPoint());
+    EXPECT_TRUE(Action("deselect").isEnabled()) << "the menu is for what is under the pointer";
+    EXPECT_TRUE(view.actions().contains(&Action("properties")));
+}
+
 TEST_F(Pages, AreFoundByListing) {
     auto& filter = Find<QLineEdit>("pageFilter");
     Do("lastPage");
@@ -110,6 +141,13 @@ TEST_F(Pages, DraftTakesThePageOnShowAwayAndBringsItBack) {
     Do("draft");
     EXPECT_FALSE(Session().InDraft());
     EXPECT_EQ(DrawnListings(), drawn);
+    for (const bool draft : {true, false}) {
+        Do("undo");
+        EXPECT_EQ(Session().InDraft(), draft);
+        EXPECT_EQ(Action("draft").isChecked(), draft);
+        EXPECT_EQ(DrawnListings(), draft ? std::vector<std::string>() : drawn);
+        EXPECT_EQ(window_->isWindowModified(), draft) << "clean once all is undone";
+    }
 
     Session().Document().Properties()->SetItem("DefaultPage", 3);
     SaveAndOpen();

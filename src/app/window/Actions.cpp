@@ -74,6 +74,9 @@ void Actions::AddFileActions() {
             "Edit the properties of the selected element",
             {QKeySequence(Qt::ALT | Qt::Key_Return), QKeySequence(Qt::ALT | Qt::Key_Enter)});
     deselect = Add("deselect", "&Deselect", "", "Select nothing");
+    undo = Add("undo", "&Undo", "", "Take back the last change", {QKeySequence::Undo});
+    redo = Add("redo", "&Redo", "", "Make the change again that was taken back",
+               {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
     findPage = Add("findPage", "&Find Page by Listing...", "edit-find",
                    "Find the pages on which a listing stands", {QKeySequence::Find});
     manual = Add("manual", "&Manual", "", "Show the manual");
@@ -119,12 +122,17 @@ void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
     QMenuBar& bar = *window.menuBar();
     Fill(*bar.addMenu("&File"), {newDocument, open, recent->menuAction(), nullptr, save, saveAs,
                                  nullptr, exportPages, nullptr, quit});
-    Fill(*bar.addMenu("&Edit"), {properties, deselect, nullptr, findPage});
+    Fill(*bar.addMenu("&Edit"), {undo, redo, nullptr, properties, deselect, nullptr, findPage});
     Fill(*bar.addMenu("&View"),
          {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr, showPages});
     Fill(*bar.addMenu("&Page"),
          {firstPage, previousPage, nextPage, lastPage, goToPage, nullptr, refresh, draft});
     Fill(*bar.addMenu("&Help"), {manual, about});
+}
+
+void Actions::AddPageMenu(QWidget& page) {
+    page.setContextMenuPolicy(Qt::ActionsContextMenu);
+    Fill(page, {properties, draft, nullptr, zoomIn, zoomOut, zoomFull, fitPage, fitWidth});
 }
 
 void Actions::AddToolBar(QMainWindow& window) {

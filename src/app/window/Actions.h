@@ -17,6 +17,8 @@ public:
 
     void AddMenus(QMainWindow& window, QAction* showPages);
     void AddToolBar(QMainWindow& window);
+    /// The context menu of the page.
+    void AddPageMenu(QWidget& page);
 
     QAction* newDocument;
     QAction* open;
@@ -24,6 +26,8 @@ public:
     QAction* saveAs;
     QAction* exportPages;
     QAction* quit;
+    QAction* undo;
+    QAction* redo;
     QAction* properties;
     QAction* deselect;
     QAction* findPage;

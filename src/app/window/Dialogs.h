@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "app/window/WindowSession.h"
 
@@ -13,7 +14,8 @@ namespace app {
 bool MakeNewDocument(WindowSession& session, const QString& table, QWidget& window);
 
 /// Opens the export dialog and writes the pages with a progress dialog that can be cancelled.
-/// Returns a sentence about the result, or an empty text.
-QString ExportPages(WindowSession& session, QWidget& window);
+/// Proposes the only page if one is given, else all. Returns a sentence about the result, or an
+/// empty text.
+QString ExportPages(WindowSession& session, QWidget& window, std::optional<int> onlyPage);
 
 }  // namespace app

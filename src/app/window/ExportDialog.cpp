@@ -30,6 +30,7 @@ public:
     // Takes the current page, the number of pages, and a file name without ending.
     ExportDialog(int page, int pages, const QString& base, QWidget* parent);
 
+    void Propose(int page);
     QString Path() const;
     PageRange Pages() const;
     void accept() override;
@@ -132,6 +133,12 @@ QWidget* ExportDialog::MakePages() {
     layout->addWidget(current_);
     layout->addLayout(range);
     return group;
+}
+
+void ExportDialog::Propose(int page) {
+    first_->setValue(page);
+    last_->setValue(page);
+    range_->setChecked(true);
 }
 
 const desk::PageFormat& ExportDialog::Format() const {
@@ -245,10 +252,11 @@ bool WriteWithProgress(WindowSession& session, QWidget& window, const std::strin
 
 }  // namespace
 
-QString ExportPages(WindowSession& session, QWidget& window) {
+QString ExportPages(WindowSession& session, QWidget& window, std::optional<int> onlyPage) {
     const QFileInfo document(desk::ToQt(session.Path()));
     const QString base = QDir::cleanPath(document.path() + '/' + document.completeBaseName());
     ExportDialog dialog(session.Page(), session.Pages(), base, &window);
+    if (onlyPage) dialog.Propose(*onlyPage);
     if (dialog.exec() != QDialog::Accepted) return {};
     const std::string path = desk::FromQt(QFileInfo(dialog.Path()).absoluteFilePath());
     const PageRange pages = dialog.Pages();

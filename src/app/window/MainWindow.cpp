@@ -19,8 +19,6 @@
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "app/window/WaitPointer.h"
-#include "desk/window/ObjectSet.h"
-#include "desk/window/PropertySheet.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
@@ -52,13 +50,16 @@ MainWindow::MainWindow(const std::string& locale)
     ConnectFiles();
     ConnectPages();
     ConnectView();
+    ConnectEdits();
     AddCommands();
     ShowRecent();
     ShowState();
     RestorePlace();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    history_.disconnect(this);
+}
 
 void MainWindow::RestorePlace() {
     const QSettings settings;
@@ -89,6 +90,7 @@ void MainWindow::TakeDocument() {
     RecordPage();
     ListPages();
     ShowState();
+    ForgetHistory();
     status_->ShowResult(desk::ToQt(session_->Summary()));
     view_->setFocus();
 }
@@ -198,15 +200,6 @@ void MainWindow::TurnTo(int page) {
     ShowPage();
 }
 
-void MainWindow::SetDraft(bool draft) {
-    {
-        const WaitPointer wait;
-        session_->SetDraft(draft);
-    }
-    RecordPage();
-    ShowState();
-}
-
 void MainWindow::SelectAt(QPointF inches) {
     const double height = session_->Document().TheDesk().CurrentDocument().pageHeight;
     Select(session_->ElementAt(inches.x(), height - inches.y()));
@@ -232,34 +225,10 @@ void MainWindow::ShowSelection() {
     actions_->properties->setEnabled(selected_ || session_->Document().Gazetteer());
 }
 
-// Shows the properties of the selected element, or of the gazetteer if none is selected.
-void MainWindow::ShowProperties() {
-    if (!selected_) Select(session_->Document().Gazetteer());
-    const bool draftBefore = session_->InDraft();
-    desk::PropertySheet sheet(
-        elementPages_.Make(*session_),
-        std::make_shared<desk::ObjectSet>(std::vector<host::Ref<host::IHostObject>>{selected_}),
-        this);
-    connect(&sheet, &desk::PropertySheet::Applied, this, [this] {
-        session_->NoteChange();
-        ShowState();
-    });
-    sheet.ApplyThrough([this](const std::function<void()>& apply) {
-        const bool done = session_->Run(apply);
-        if (!done) ShowCancelled();
-        return done;
-    });
-    sheet.exec();
-    if (session_->InDraft() == draftBefore) return;
-    // An edit ends the draft state even if it is not applied.
-    session_->NoteChange();
-    RefreshLayout();
-}
-
-void MainWindow::Export() {
+void MainWindow::Export(std::optional<int> onlyPage) {
     exporting_ = true;
     view_->setUpdatesEnabled(false);
-    const QString done = ExportPages(*session_, *this);
+    const QString done = ExportPages(*session_, *this, onlyPage);
     view_->setUpdatesEnabled(true);
     exporting_ = false;
     RecordPage();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QUndoStack>
 #include <memory>
 
 #include "app/window/ElementPages.h"
@@ -44,6 +45,7 @@ private:
     void ConnectFiles();
     void ConnectPages();
     void ConnectView();
+    void ConnectEdits();
     void AddCommands();
     void RestorePlace();
 
@@ -58,12 +60,17 @@ private:
     void ShowPage();
     void ShowRecent();
     void TurnTo(int page);
+    void ShowHistory();
+    void ForgetHistory();
+    /// Makes a step of the history of an edit, unless it changed nothing.
+    void RecordEdit(const QString& text, DocumentState before);
+    void ExchangeState(DocumentState& state);
     void SetDraft(bool draft);
     void SelectAt(QPointF inches);
     void Select(const host::Ref<host::IHostElement>& element);
     void ShowSelection();
     void ShowProperties();
-    void Export();
+    void Export(std::optional<int> onlyPage);
     void ShowAbout();
 
     StatusPanes* status_ = nullptr;
@@ -75,6 +82,7 @@ private:
     StartPage* start_ = nullptr;
     QStackedWidget* stack_;
     std::unique_ptr<WindowSession> session_;
+    QUndoStack history_;
     Documents* documents_ = nullptr;
     ElementPages elementPages_;
     host::Ref<host::IHostElement> selected_;

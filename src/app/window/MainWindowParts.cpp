@@ -66,6 +66,7 @@ void MainWindow::Arrange() {
     pages_->toggleViewAction()->setText("Page &List");
     actions_->AddMenus(*this, pages_->toggleViewAction());
     actions_->AddToolBar(*this);
+    actions_->AddPageMenu(*view_);
     addActions({actions_->goToPage, actions_->findPage});
 }
 
@@ -77,7 +78,7 @@ void MainWindow::ConnectFiles() {
     on(actions_->open, documents_, [this] { documents_->Open(); });
     on(actions_->save, documents_, &Documents::Save);
     on(actions_->saveAs, documents_, &Documents::SaveAs);
-    on(actions_->exportPages, this, &MainWindow::Export);
+    on(actions_->exportPages, this, [this] { Export({}); });
     on(actions_->quit, this, &QWidget::close);
     on(actions_->manual, this, [this] { (new ManualWindow(this))->show(); });
     on(actions_->about, this, &MainWindow::ShowAbout);
@@ -87,6 +88,7 @@ void MainWindow::ConnectFiles() {
         // Names of pages cannot be asked for during a run.
         pages_->setUpdatesEnabled(!running);
     });
+    connect(documents_, &Documents::Saved, &history_, &QUndoStack::setClean);
     connect(documents_, &Documents::Saved, this, &MainWindow::ShowState);
     connect(documents_, &Documents::RecentChanged, this, &MainWindow::ShowRecent);
     connect(start_, &StartPage::RecentChosen, documents_, &Documents::OpenRecent,
@@ -110,9 +112,9 @@ void MainWindow::ConnectPages() {
         RefreshLayout();
         ListPages();
     });
-    on(actions_->draft, &MainWindow::SetDraft);
     connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
     connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
+    connect(pages_, &PagesDock::ExportWanted, this, [this](int page) { Export(page); });
 }
 
 void MainWindow::ConnectView() {
@@ -125,7 +127,6 @@ void MainWindow::ConnectView() {
     on(actions_->fitPage, [this] { view_->SetFit(PageView::Fit::Page); });
     on(actions_->fitWidth, [this] { view_->SetFit(PageView::Fit::Width); });
     on(actions_->deselect, [this] { Select(nullptr); });
-    on(actions_->properties, &MainWindow::ShowProperties);
     connect(view_, &PageView::ZoomChanged, this, [this] {
         status_->ShowZoom(view_->Zoom());
         actions_->fitPage->setChecked(view_->FitMode() == PageView::Fit::Page);

@@ -192,19 +192,12 @@ void PageView::PaintSheet(QPainter& painter, const QRect& part) {
 }
 
 void PageView::PaintSelection(QPainter& painter) {
-    constexpr double kHandle = 7;
     const QRectF frame(ToView(selection_->topLeft()), ToView(selection_->bottomRight()));
     const QColor color = palette().color(QPalette::Active, QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(color, hasFocus() ? 2 : 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(frame);
-    painter.setPen(QPen(palette().color(QPalette::Base), 1));
-    painter.setBrush(color);
-    for (const QPointF& corner :
-         {frame.topLeft(), frame.topRight(), frame.bottomLeft(), frame.bottomRight()})
-        painter.drawRect(
-            QRectF(corner - QPointF(kHandle / 2, kHandle / 2), QSizeF(kHandle, kHandle)));
 }
 
 void PageView::wheelEvent(QWheelEvent* event) {
@@ -257,7 +250,7 @@ void PageView::mousePressEvent(QMouseEvent* event) {
     if (pans) {
         panFrom_ = event->pos();
         UpdatePointer();
-    } else if (event->button() == Qt::LeftButton && tiles_.Picture() != nullptr) {
+    } else if (event->button() != Qt::MiddleButton && tiles_.Picture() != nullptr) {
         Q_EMIT Clicked(ToSheet(event->position()));
     }
 }

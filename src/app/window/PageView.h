@@ -36,7 +36,8 @@ public:
 
 Q_SIGNALS:
     void ZoomChanged();
-    /// A click, in inches from the sheet's upper left corner; may be outside the sheet.
+    /// A click or the press that opens the context menu, in inches from the sheet's upper left
+    /// corner; may be outside the sheet.
     void Clicked(QPointF inches);
     /// A double click or Enter.
     void PropertiesWanted();

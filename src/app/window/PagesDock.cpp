@@ -1,10 +1,13 @@
 #include "app/window/PagesDock.h"
 
 #include <QAbstractTableModel>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QTimer>
 #include <QTreeView>
@@ -155,6 +158,8 @@ PagesDock::PagesDock(QWidget* parent)
     filter_->installEventFilter(this);
 
     list_->setObjectName("pageList");
+    list_->installEventFilter(this);
+    list_->viewport()->installEventFilter(this);
     list_->setAccessibleName("Pages");
     list_->setModel(model_);
     list_->setRootIsDecorated(false);
@@ -229,6 +234,30 @@ void PagesDock::SelectFirst() {
 }
 
 // In the field, the down key moves to the list and Escape clears the search.
+bool PagesDock::FilterKey(int key) {
+    if (key == Qt::Key_Escape) filter_->clear();
+    if (key == Qt::Key_Down) {
+        SelectFirst();
+        list_->setFocus();
+    }
+    return key == Qt::Key_Escape || key == Qt::Key_Down;
+}
+
+// The menu is for the row under the pointer or, opened by a key, for the current row.
+void PagesDock::ShowMenu(const QContextMenuEvent& event) {
+    const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex row = byKey ? list_->currentIndex() : list_->indexAt(event.pos());
+    if (!row.isValid()) return;
+    const int page = model_->PageAt(row.row());
+    auto* menu = new QMenu(this);
+    menu->setObjectName("pageMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(QString("&Go to Page %1").arg(page), this, [this, page] { PageChosen(page); });
+    menu->addAction(QString("&Export Page %1...").arg(page), this,
+                    [this, page] { ExportWanted(page); });
+    menu->popup(event.globalPos());
+}
+
 bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
     if (watched == filter_ && event->type() == QEvent::ShortcutOverride) {
         const auto& key = *static_cast<const QKeyEvent*>(event);
@@ -238,15 +267,17 @@ bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
     }
-    if (watched == filter_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<const QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape) filter_->clear();
-        if (key == Qt::Key_Down) {
-            SelectFirst();
-            list_->setFocus();
-        }
-        if (key == Qt::Key_Escape || key == Qt::Key_Down) return true;
+    if (watched == filter_ && event->type() == QEvent::KeyPress &&
+        FilterKey(static_cast<const QKeyEvent*>(event)->key()))
+        return true;
+    if (watched != filter_ && event->type() == QEvent::ContextMenu) {
+        ShowMenu(*static_cast<const QContextMenuEvent*>(event));
+        return true;
     }
+    // The press that opens the menu does not turn the page.
+    if (watched == list_->viewport() && event->type() == QEvent::MouseButtonPress &&
+        static_cast<const QMouseEvent*>(event)->button() == Qt::RightButton)
+        return true;
     return QDockWidget::eventFilter(watched, event);
 }
 

@@ -28,6 +28,7 @@ public:
 
 Q_SIGNALS:
     void PageChosen(int page);
+    void ExportWanted(int page);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,6 +39,8 @@ private:
     void Search(const QString& text);
     void ReadOn();
     void SelectFirst();
+    bool FilterKey(int key);
+    void ShowMenu(const QContextMenuEvent& event);
 
     QLineEdit* filter_;
     QTreeView* list_;

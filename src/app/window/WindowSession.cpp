@@ -16,7 +16,7 @@
 namespace app {
 namespace {
 
-host::IHostFrameElement& StateOf(const host::Ref<host::IHostGroupElement>& element) {
+host::IHostFrameElement& FrameStateOf(const host::Ref<host::IHostGroupElement>& element) {
     return *host::As<host::IHostFrameElement>(element);
 }
 
@@ -206,7 +206,7 @@ std::string WindowSession::PageName(std::int32_t page) {
 }
 
 bool WindowSession::InDraft() const {
-    return document_.Chosen() && StateOf(document_.Gazetteer()).Draft();
+    return document_.Chosen() && FrameStateOf(document_.Gazetteer()).Draft();
 }
 
 void WindowSession::SetDraft(bool draft) {
@@ -214,9 +214,16 @@ void WindowSession::SetDraft(bool draft) {
     Run([this, draft] {
         modified_ = true;
         if (draft) document_.Manager().DraftMode();
-        StateOf(document_.Gazetteer()).SetDraft(draft);
+        FrameStateOf(document_.Gazetteer()).SetDraft(draft);
         if (!draft) Refresh();
     });
+}
+
+void WindowSession::Restore(const DocumentState& state) {
+    app::Restore(document_, state);
+    Refresh();
+    for (const auto& frame : document_.Frames())
+        if (FrameStateOf(frame.element).Draft()) frame.manager->DraftMode();
 }
 
 void WindowSession::Export(const std::string& path, const PageRange& pages,
@@ -238,7 +245,7 @@ void WindowSession::Export(const std::string& path, const PageRange& pages,
 void WindowSession::RestoreView(bool draft) {
     if (!draft) return Draw();
     document_.Manager().DraftMode();
-    StateOf(document_.Gazetteer()).SetDraft(true);
+    FrameStateOf(document_.Gazetteer()).SetDraft(true);
 }
 
 host::Ref<host::IHostEnvelope> WindowSession::BoundsOf(

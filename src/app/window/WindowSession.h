@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/document/DocumentState.h"
 #include "app/document/NewDocument.h"
 #include "app/document/Sheets.h"
 #include "app/window/RunControl.h"
@@ -40,7 +41,11 @@ public:
     const std::string& Path() const { return document_.Path(); }
     bool OnDisk() const { return document_.DeskRef()->Replaceable().has_value(); }
     bool Modified() const { return modified_; }
-    void NoteChange() { modified_ = true; }
+    void SetModified(bool modified) { modified_ = modified; }
+
+    DocumentState State() { return StateOf(document_); }
+    /// Brings the document back to a state of its own and draws it.
+    void Restore(const DocumentState& state);
 
     /// Binds a new manager to each gazetteer frame and draws its page if it is drawable and not in
     /// draft state. The page is first the default page, later the page shown before, or the last
