@@ -30,7 +30,7 @@ protected:
 };
 
 QVariant ManualText::loadResource(int type, const QUrl& name) {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
+    QVariant resource = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::ImageResource) return resource;
     const auto picture = QImage::fromData(resource.toByteArray());
     return picture.width() <= kWidestPicture

@@ -163,7 +163,7 @@ void PageView::paintEvent(QPaintEvent* event) {
     UpdateScale();
     QPainter painter(viewport());
     PaintSheet(painter, event->rect());
-    if (selection_) PaintSelection(painter);
+    if (selection_) PaintSelection(painter, *selection_);
 }
 
 void PageView::PaintSheet(QPainter& painter, const QRect& part) {
@@ -191,8 +191,8 @@ void PageView::PaintSheet(QPainter& painter, const QRect& part) {
     painter.restore();
 }
 
-void PageView::PaintSelection(QPainter& painter) {
-    const QRectF frame(ToView(selection_->topLeft()), ToView(selection_->bottomRight()));
+void PageView::PaintSelection(QPainter& painter, const QRectF& selection) {
+    const QRectF frame(ToView(selection.topLeft()), ToView(selection.bottomRight()));
     const QColor color = palette().color(QPalette::Active, QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(color, hasFocus() ? 2 : 1));

@@ -70,7 +70,7 @@ private:
     void UpdateLayout();
     void UpdatePointer();
     void PaintSheet(QPainter& painter, const QRect& part);
-    void PaintSelection(QPainter& painter);
+    void PaintSelection(QPainter& painter, const QRectF& selection);
 
     PageTiles tiles_;
     std::optional<QRectF> selection_;
