@@ -35,9 +35,10 @@ TEST(Values, ReadAsTheTypeOfTheirKeyAndWrittenBackTheSame) {
         {ValueKind::Double, {"0.1", "-2"}, {"1,5", "nan", "1 ", "1e400", "-1001"}},
         {ValueKind::String, {" two  blanks, a comma "}, {}},
         {ValueKind::TextSymbol,
-         {"DejaVu Sans Mono,10,bold,#B00010", "Liberation Sans,8.5", "Liberation Sans,8,#00FF01"},
+         {"DejaVu Sans Mono,10,bold,#B00010", "Liberation Sans,8.5", "Liberation Sans,8,#00FF01",
+          "Liberation Sans,8,italic", "Liberation Sans,8,bold,italic,#00FF01"},
          {"Liberation Sans", "Liberation Sans,0", "Liberation Sans,1001", ",8",
-          "Liberation Sans,8,italic", "Liberation Sans,8,#B00010,bold",
+          "Liberation Sans,8,italic,bold", "Liberation Sans,8,#B00010,bold",
           "Liberation Sans,8,bold,#B0001"}},
         {ValueKind::FillSymbol, {"#0A0B0C"}, {"B00010", "#B0001G", "#B000100"}}};
     for (const auto& [kind, texts, refused] : kinds) {

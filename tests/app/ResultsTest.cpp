@@ -66,7 +66,7 @@ TEST_F(Results, DrawPrintsTheElementTree) {
     EXPECT_EQ(cell, json::parse(R"({"tag": "COLUMNELEMENT", "members": [
         {"tag": "COLUMNBACKGROUND", "fill": null},
         {"tag": "COLUMNTEXT", "text": "Abbey Road", "font": "Liberation Sans", "size": 8.0,
-         "bold": false, "color": "#000000", "horizontal": 0, "vertical": 1, "angle": 0.0}]})"));
+         "bold": false, "italic": false, "color": "#000000", "horizontal": 0, "vertical": 1, "angle": 0.0}]})"));
     EXPECT_NEAR(tree["frame"]["xmax"], 8.0, 1e-9);
     for (const char* part : {"members", "frame"}) tree.erase(part);
     EXPECT_EQ(tree, json({{"page", 1}, {"pageCount", 1}, {"draft", false}}));

@@ -79,6 +79,8 @@ TEST(DamagedDocument, IsNamedWithPlaceAndFault) {
              ".geometry.envelope[2]: a number of inches from -1000000 to 1000000 is expected"},
         {"\"size\":1.0", "\"size\":\"inf\"",
          element + ".members[0].symbol.font.size: a finite number is expected"},
+        {R"("bold":true)", R"("bold":true,"italic":1)",
+         element + ".members[0].symbol.font.italic: true or false is expected"},
         {"\"kind\"", "\"sort\"", element + ": \"kind\" is missing"},
         {"group", "lens", element + ".kind: no kind of element has this name"},
         {"false", "0", element + ".draft: true or false is expected"},

@@ -68,6 +68,7 @@ std::shared_ptr<desk::PropertySet> Everything() {
     const auto symbol = std::make_shared<desk::TextSymbol>(Engine());
     symbol->Font()->SetName(text);
     symbol->Font()->SetBold(true);
+    desk::SetItalic(*symbol->Font(), true);
     symbol->SetSize(1.0 / 3);
     symbol->SetColor(color);
     symbol->SetAngle(-0.1);

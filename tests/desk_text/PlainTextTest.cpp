@@ -79,13 +79,14 @@ protected:
 };
 
 TEST_P(PlainText, WidthsAndGlyphsAreThoseOfALayout) {
-    for (const bool bold : {false, true})
+    for (const auto& [bold, italic] :
+         {std::pair{false, false}, std::pair{true, false}, std::pair{false, true}})
         for (const auto script :
              {PlainClass::Common, PlainClass::Latin, PlainClass::Greek, PlainClass::Cyrillic}) {
-            const auto& font = fonts.Find({GetParam(), bold ? 7.3 : 8, bold});
+            const auto& font = fonts.Find({GetParam(), bold ? 7.3 : 8, bold, italic});
             const auto characters = CharactersOf(font, script);
             EXPECT_TRUE(rc::check([&] { CheckLine(font, *AnyLine(characters)); }))
-                << bold << static_cast<int>(script);
+                << bold << italic << static_cast<int>(script);
         }
 }
 

@@ -48,6 +48,21 @@ TEST(Measure, CountsLinesAndTakesTheWidest) {
     }
 }
 
+TEST(Measure, ItalicHasItsOwnWidthsAndFontsWithoutItKeepTheirs) {
+    TextEngine engine;
+    const std::tuple<const char*, bool, bool> fonts[] = {{"DejaVu Serif", false, true},
+                                                         {"DejaVu Serif", true, true},
+                                                         {"Liberation Serif", false, true},
+                                                         {"Noto Sans Hebrew", false, false}};
+    for (const auto& [family, bold, differs] : fonts)
+        for (const char* text : {"Avenue....12", "e\u0301tude", "שדרה"}) {
+            if (text[0] < 0 && differs) continue;  // Its letters come from another font.
+            const double upright = engine.Measure({family, 10, bold}, text).xSize;
+            const double italic = engine.Measure({family, 10, bold, true}, text).xSize;
+            EXPECT_EQ(italic != upright, differs) << family << bold << text;
+        }
+}
+
 TEST(Measure, SizesGrowWithTheFontAndFollowNoResolution) {
     TextEngine engine;
     const std::string text = "Avenue of Trees......12, C-4";

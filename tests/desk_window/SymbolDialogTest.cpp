@@ -69,9 +69,10 @@ TEST_F(SymbolDialogTest, EditsACopyOfATextAndKeepsWhatItDoesNotShow) {
         size.selectAll();
         QTest::keyClicks(&size, "7.25");
         Toggle(shown, "bold");
+        Toggle(shown, "italic");
         PickColor(shown, "color", QColor(1, 2, 3));
     });
-    EXPECT_EQ(Told(edited), "Liberation Serif 7.25 bold 197121 00 30 'Sample'\n");
+    EXPECT_EQ(Told(edited), "Liberation Serif 7.25 bold italic 197121 00 30 'Sample'\n");
     EXPECT_EQ(Told(symbol), "Helvetica 10 0 00 30 'Sample'\n");
 }
 

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "desk/text/ItalicFont.h"
 #include "host/Symbols.h"
 
 namespace support {
@@ -24,7 +25,8 @@ std::string ColorText(const host::IHostColor& color) {
 
 std::string SymbolText(const host::IHostTextSymbol& symbol) {
     return symbol.Font()->Name() + ' ' + NumberText(symbol.Size()) +
-           (symbol.Font()->Bold() ? " bold " : " ") + ColorText(*symbol.Color()) + ' ' +
+           (symbol.Font()->Bold() ? " bold " : " ") +
+           (desk::IsItalic(*symbol.Font()) ? "italic " : "") + ColorText(*symbol.Color()) + ' ' +
            std::to_string(symbol.HorizontalPlacement()) +
            std::to_string(symbol.VerticalPlacement()) + ' ' + NumberText(symbol.Angle()) + " '" +
            symbol.Text() + "'\n";

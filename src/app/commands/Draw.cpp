@@ -8,6 +8,7 @@
 #include "app/document/KeyValues.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/Sheets.h"
+#include "desk/text/ItalicFont.h"
 #include "layout/RowElements.h"
 
 namespace app {
@@ -41,6 +42,7 @@ void WriteText(JsonAnswer& json, const host::IHostTextElement& element) {
     json.Member("font", symbol.Font()->Name());
     json.Member("size", symbol.Size());
     json.Member("bold", symbol.Font()->Bold());
+    json.Member("italic", desk::IsItalic(*symbol.Font()));
     json.Member("color", ColorText(symbol.Color()->RGB()));
     json.Member("horizontal", symbol.HorizontalPlacement());
     json.Member("vertical", symbol.VerticalPlacement());

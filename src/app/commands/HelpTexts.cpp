@@ -143,7 +143,7 @@ const char* FormOf(std::string_view key, ValueKind kind) {
         case ValueKind::Double:
             return "inches";
         case ValueKind::TextSymbol:
-            return "FAMILY,SIZE[,bold][,#RRGGBB]";
+            return "FAMILY,SIZE[,bold][,italic][,#RRGGBB]";
         case ValueKind::FillSymbol:
             return "#RRGGBB";
         case ValueKind::Set:

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "app/document/Errors.h"
+#include "desk/text/ItalicFont.h"
 #include "model/DefaultSymbols.h"
 #include "model/Keys.h"
 #include "support/Text.h"
@@ -41,22 +42,28 @@ std::optional<std::uint32_t> ParseColor(const std::string& text) {
     return gazetteer::RGB(*value >> 16, *value >> 8 & 0xFF, *value & 0xFF);
 }
 
-// Parses "FAMILY,SIZE[,bold][,#RRGGBB]"; the default is black and not bold. Returns null for
-// another form. A family name cannot contain a comma.
+// Parses "FAMILY,SIZE[,bold][,italic][,#RRGGBB]"; the default is black, upright and not bold.
+// Returns null for another form. A family name cannot contain a comma.
 host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::string& value) {
     const auto pieces = gazetteer::Split(value, ',');
-    if (pieces.size() < 2 || pieces.size() > 4 || pieces[0].empty()) return nullptr;
+    if (pieces.size() < 2 || pieces.size() > 5 || pieces[0].empty()) return nullptr;
     const auto points = ParseDecimal(pieces[1]);
     if (!points || *points < kSmallestType || *points > kLargestType) return nullptr;
     std::size_t next = 2;
-    const bool bold = next < pieces.size() && pieces[next] == "bold";
-    if (bold) ++next;
+    const auto has = [&](const char* style) {
+        const bool isNext = next < pieces.size() && pieces[next] == style;
+        if (isNext) ++next;
+        return isNext;
+    };
+    const bool bold = has("bold");
+    const bool italic = has("italic");
     std::optional<std::uint32_t> color = 0;
     if (next < pieces.size()) color = ParseColor(pieces[next++]);
     if (next < pieces.size() || !color) return nullptr;
 
     auto symbol = gazetteer::MakeTextSymbol(host, *points, bold);
     symbol->Font()->SetName(pieces[0]);
+    desk::SetItalic(*symbol->Font(), italic);
     symbol->Color()->SetRGB(*color);
     symbol->SetText(gazetteer::SampleText(host, pieces[0], *points));
     return symbol;
@@ -70,6 +77,7 @@ host::Ref<host::IHostFillSymbol> ParseFillSymbol(host::IHost& host, const std::s
 std::string TextSymbolText(host::IHostTextSymbol& symbol) {
     std::string text = symbol.Font()->Name() + ',' + NumberText(symbol.Size());
     if (symbol.Font()->Bold()) text += ",bold";
+    if (desk::IsItalic(*symbol.Font())) text += ",italic";
     if (symbol.Color()->RGB() != 0) text += ',' + ColorText(symbol.Color()->RGB());
     return text;
 }
@@ -133,7 +141,7 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
             if (!symbol)
                 FailForm(key, value,
                          "a font such as \"DejaVu Sans,10,bold,#B00000\" (FAMILY,SIZE[,bold]"
-                         "[,#RRGGBB], SIZE at most 1000 and at least 0.1)");
+                         "[,italic][,#RRGGBB], SIZE at most 1000 and at least 0.1)");
             return host::Ref<host::IHostObject>(symbol);
         }
         case ValueKind::FillSymbol: {

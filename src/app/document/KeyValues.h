@@ -7,8 +7,8 @@
 #include "model/Keys.h"
 
 /// KEY=VALUE assignments of the command line. Text symbols are written
-/// "FAMILY,SIZE[,bold][,#RRGGBB]" (points), colours "#RRGGBB", lengths as decimal numbers of
-/// inches.
+/// "FAMILY,SIZE[,bold][,italic][,#RRGGBB]" (points), colours "#RRGGBB", lengths as decimal numbers
+/// of inches.
 namespace app {
 
 struct Assignment {

@@ -1,6 +1,7 @@
 #include "desk/devices/SymbolCanvas.h"
 
 #include "desk/devices/Devices.h"
+#include "desk/text/ItalicFont.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -60,6 +61,7 @@ FontSpec FontOf(const host::IHostTextSymbol& symbol) {
     if (const auto font = symbol.Font()) {
         spec.family = font->Name();
         spec.bold = font->Bold();
+        spec.italic = IsItalic(*font);
     }
     return spec;
 }

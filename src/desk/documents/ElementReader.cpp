@@ -91,6 +91,7 @@ host::Ref<host::IHostFont> FontIn(const JsonNode& node) {
     font->SetName(std::string(node.Member("name").Text()));
     font->SetSize(FiniteIn(node.Member("size")));
     font->SetBold(node.Member("bold").Flag());
+    if (const auto italic = node.Optional("italic")) font->SetItalic(italic->Flag());
     return font;
 }
 

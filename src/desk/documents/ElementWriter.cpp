@@ -8,6 +8,7 @@
 
 #include "desk/objects/Depth.h"
 #include "desk/objects/PropertySet.h"
+#include "desk/text/ItalicFont.h"
 #include "host/Failure.h"
 #include "host/Symbols.h"
 #include "host/Variant.h"
@@ -38,6 +39,7 @@ void WriteFont(JsonWriter& writer, const host::IHostFont& font) {
     writer.Member("name", font.Name());
     writer.Member("size", Finite(font.Size()));
     writer.Member("bold", font.Bold());
+    if (IsItalic(font)) writer.Member("italic", true);
     writer.EndObject();
 }
 

@@ -28,6 +28,7 @@ host::Ref<host::IHostObject> Font::Copy() const {
     copy->name_ = name_;
     copy->size_ = size_;
     copy->bold_ = bold_;
+    copy->italic_ = italic_;
     return copy;
 }
 
@@ -90,7 +91,7 @@ void TextSymbol::SetFont(const host::Ref<host::IHostFont>& font) {
 // each time.
 const ResolvedFont& TextSymbol::Resolved() {
     if (resolved_ && ownFont_ && ownFont_->Version() == resolvedVersion_) return *resolved_;
-    resolved_ = &engine_->Find({font_->Name(), font_->Size(), font_->Bold()});
+    resolved_ = &engine_->Find({font_->Name(), font_->Size(), font_->Bold(), IsItalic(*font_)});
     if (ownFont_) resolvedVersion_ = ownFont_->Version();
     return *resolved_;
 }

@@ -5,12 +5,13 @@
 #include <string>
 
 #include "desk/devices/SymbolCanvas.h"
+#include "desk/text/ItalicFont.h"
 #include "host/Symbols.h"
 
 namespace desk {
 
-/// Initially Helvetica, 10 points, not bold.
-class Font final : public host::IHostFont {
+/// Initially Helvetica, 10 points, neither bold nor italic.
+class Font final : public host::IHostFont, public IItalicFont {
 public:
     std::string Name() const override { return name_; }
     void SetName(const std::string& name) override { name_ = name, ++version_; }
@@ -18,6 +19,8 @@ public:
     void SetSize(double points) override { size_ = points, ++version_; }
     bool Bold() const override { return bold_; }
     void SetBold(bool bold) override { bold_ = bold, ++version_; }
+    bool Italic() const override { return italic_; }
+    void SetItalic(bool italic) override { italic_ = italic, ++version_; }
     host::Ref<host::IHostObject> Copy() const override;
     /// Changes whenever the font changes.
     std::uint32_t Version() const { return version_; }
@@ -26,6 +29,7 @@ private:
     std::string name_ = "Helvetica";
     double size_ = 10;
     bool bold_ = false;
+    bool italic_ = false;
     std::uint32_t version_ = 0;
 };
 

@@ -50,6 +50,8 @@ FontDescriptionHandle Describe(const FontSpec& spec) {
     pango_font_description_set_size(description.get(), PangoSize(spec.points));
     pango_font_description_set_weight(description.get(),
                                       spec.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+    pango_font_description_set_style(description.get(),
+                                     spec.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
     return description;
 }
 

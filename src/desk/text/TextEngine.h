@@ -15,6 +15,7 @@ struct FontSpec {
     std::string family;
     double points = 10;
     bool bold = false;
+    bool italic = false;
     bool operator==(const FontSpec&) const = default;
 };
 

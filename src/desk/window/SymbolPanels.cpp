@@ -16,6 +16,7 @@
 #include <QStyle>
 #include <utility>
 
+#include "desk/text/ItalicFont.h"
 #include "desk/window/WidgetText.h"
 
 namespace desk {
@@ -93,6 +94,7 @@ TextSymbolPanel::TextSymbolPanel(host::Ref<host::IHostTextSymbol> symbol, QWidge
       family_(new QFontComboBox(this)),
       size_(new QDoubleSpinBox(this)),
       bold_(new QCheckBox("&Bold", this)),
+      italic_(new QCheckBox("&Italic", this)),
       color_(new ColorButton(this)),
       note_(new QLabel(this)) {
     family_->setObjectName("family");
@@ -103,6 +105,7 @@ TextSymbolPanel::TextSymbolPanel(host::Ref<host::IHostTextSymbol> symbol, QWidge
     size_->setSingleStep(0.5);
     size_->setSuffix(" pt");
     bold_->setObjectName("bold");
+    italic_->setObjectName("italic");
     color_->setObjectName("color");
     color_->setAccessibleName("Colour of the text");
     color_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -115,6 +118,7 @@ TextSymbolPanel::TextSymbolPanel(host::Ref<host::IHostTextSymbol> symbol, QWidge
     form->addRow("&Font:", family_);
     form->addRow("&Size:", size_);
     form->addRow({}, bold_);
+    form->addRow({}, italic_);
     form->addRow("&Colour:", color_);
     form->addRow(note_);
     Fill();
@@ -127,6 +131,7 @@ void TextSymbolPanel::Fill() {
     family_->setEditText(firstFamily_);
     size_->setValue(symbol_->Size());
     bold_->setChecked(symbol_->Font()->Bold());
+    italic_->setChecked(IsItalic(*symbol_->Font()));
     color_->SetRgb(symbol_->Color()->RGB());
     UpdateNote();
 }
@@ -140,6 +145,12 @@ void TextSymbolPanel::ConnectSignals() {
     connect(bold_, &QCheckBox::toggled, this, [this](bool bold) {
         const auto font = symbol_->Font();
         font->SetBold(bold);
+        symbol_->SetFont(font);
+        Q_EMIT Edited();
+    });
+    connect(italic_, &QCheckBox::toggled, this, [this](bool italic) {
+        const auto font = symbol_->Font();
+        SetItalic(*font, italic);
         symbol_->SetFont(font);
         Q_EMIT Edited();
     });

@@ -62,6 +62,7 @@ private:
     QFontComboBox* family_;
     QDoubleSpinBox* size_;
     QCheckBox* bold_;
+    QCheckBox* italic_;
     ColorButton* color_;
     QLabel* note_;
 };
