@@ -51,4 +51,18 @@ void Restore(OpenDocument& open, const DocumentState& state) {
     }
 }
 
+GazetteerItems::GazetteerItems(const DocumentState& state) {
+    for (const auto& element : state.elements)
+        if (element.properties)
+            sets_.push_back({element.properties, element.properties->AllItems()});
+}
+
+void GazetteerItems::Restore() const {
+    for (const auto& [properties, items] : sets_) {
+        for (const auto& name : properties->AllItems().names) properties->RemoveItem(name);
+        for (std::size_t i = 0; i < items.names.size(); ++i)
+            properties->SetItem(items.names[i], items.values[i]);
+    }
+}
+
 }  // namespace app

@@ -36,4 +36,19 @@ DocumentState StateOf(OpenDocument& open);
 /// Brings the document back to a state of its own. Draws nothing.
 void Restore(OpenDocument& open, const DocumentState& state);
 
+/// What a run can change in the gazetteers of a document besides their state: the items of their
+/// property sets, which a run replaces but does not change.
+class GazetteerItems {
+public:
+    explicit GazetteerItems(const DocumentState& state);
+    void Restore() const;
+
+private:
+    struct Set {
+        host::Ref<host::IHostPropertySet> properties;
+        host::PropertyItems items;
+    };
+    std::vector<Set> sets_;
+};
+
 }  // namespace app

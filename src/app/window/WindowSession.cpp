@@ -10,7 +10,6 @@
 #include "app/document/FindFindings.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/RunTexts.h"
-#include "app/window/DocumentBefore.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -92,14 +91,19 @@ bool WindowSession::Run(const std::function<void()>& work) {
 bool WindowSession::RunOrRestore(const std::function<void()>& work) {
     // Work inside other work is restored with it.
     if (control_.Running()) return control_.Run(work, {});
-    const DocumentBefore before(document_);
+    const auto document = document_.Present();
+    const auto state = State();
+    const GazetteerItems items(state);
     const auto notices = notices_;
     const auto summary = summary_;
     const auto fonts = reportedFonts_;
     const bool modified = modified_;
     std::optional<RecordingDialogs::Silent> silent;
     if (control_.Run(work, [&] { silent.emplace(document_.Dialogs()); })) return true;
-    before.Restore(document_);
+    document_.Restore(document);
+    items.Restore();
+    app::Restore(document_, state);
+    EmptyDrafts();
     notices_ = notices;
     summary_ = summary;
     reportedFonts_ = fonts;
@@ -222,6 +226,11 @@ void WindowSession::SetDraft(bool draft) {
 void WindowSession::Restore(const DocumentState& state) {
     app::Restore(document_, state);
     Refresh();
+    EmptyDrafts();
+}
+
+// Takes the drawn pages from the frames in draft state.
+void WindowSession::EmptyDrafts() {
     for (const auto& frame : document_.Frames())
         if (FrameStateOf(frame.element).Draft()) frame.manager->DraftMode();
 }

@@ -89,6 +89,7 @@ private:
     void RefreshChosen();
     void Draw();
     void RestoreView(bool draft);
+    void EmptyDrafts();
     void AddResultNotices();
     void AddFindings();
     void AddFontNotices();
