@@ -34,6 +34,33 @@ TEST(TextInPdf, FontsAreEmbeddedSubsets) {
     EXPECT_EQ(Output("pdffonts '" + path + "' | " + kinds), "ok\n");
 }
 
+/// The place, in inches, of the leftmost ink at a height of a sheet; -1 if there is none.
+double LeftInk(const sheet::Image& image, double y) {
+    for (double x = 0; x < sheet::kSide; x += 0.005)
+        if (image.Inch(x, y) < 128) return x;
+    return -1;
+}
+
+// DejaVu Serif has an italic face; Noto Sans CJK JP has none and is slanted.
+TEST(TextInPdf, ItalicHasItsFaceOrIsSlanted) {
+    Sheets sheets;
+    const std::tuple<const char*, const char*> fonts[] = {
+        {"DejaVu Serif", "DejaVuSerif-Italic"}, {"Noto Sans CJK JP", "NotoSansCJKjp-Regular"}};
+    for (const auto& [family, face] : fonts) {
+        const auto line = sheets.Text(1, 2, "l", family, 72);
+        const auto symbol = host::As<host::IHostTextElement>(line)->Symbol();
+        desk::SetItalic(*symbol->Font(), true);
+        host::As<host::IHostTextElement>(line)->SetSymbol(symbol);
+        const std::string pdf = sheets.Draw("italic.pdf", line);
+        EXPECT_NE(Output("pdffonts '" + pdf + "'").find(face), std::string::npos) << family;
+        for (const auto& path : {pdf, sheets.Draw("italic.png", line)}) {
+            const auto image = sheet::Look(path, 100);
+            EXPECT_GT(LeftInk(image, 2.3), LeftInk(image, 2.0) + 0.03) << path << family;
+            EXPECT_GT(LeftInk(image, 2.0), 0) << path << family;
+        }
+    }
+}
+
 // More characters than a byte can tell apart: letters, ideographs, and some that no font has and
 // that boxes stand for. None is a combining one.
 TEST(TextInPdf, AnyNumberOfCharactersComesBack) {
