@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "layout/ColumnFlow.h"
 #include "layout/LayoutPass.h"
 #include "layout/RowElements.h"
 #include "layout/RowTree.h"
+#include "layout/StoredPages.h"
 #include "listings/RepeatingText.h"
 #include "model/DefaultSymbols.h"
 #include "support/Conversions.h"
@@ -65,19 +65,14 @@ private:
 void PlaceRows(LayoutPass& pass, const Ref<IHostGroupElement>& group, const FrameBounds& frame,
                const std::vector<std::string>& rows, std::int32_t pageNumber) {
     PageDrawer drawer(pass, group);
-    ColumnFlow flow(pass, frame, drawer);
-    if (pageNumber == 1) flow.SetAtFirstListing();
     const bool pageFollows = pageNumber != pass.Results().pageCount;
     const std::string placing =
         "Page " + std::to_string(pageNumber) + ": Placing listings on layout: ";
     Status status(pass.Host());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+    FeedStoredPage(pass, frame, rows, pageNumber, drawer, [&](std::size_t i) {
         status.Show(placing.c_str(), static_cast<std::int64_t>(i));
         drawer.SetAtLastRow(pageFollows && i + 1 == rows.size());
-        // The page was numbered for a larger frame: rows that no longer fit are not drawn.
-        if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return;
-    }
-    flow.Finish();
+    });
 }
 
 void BringTitlesToFront(IHostGroupElement& group) {

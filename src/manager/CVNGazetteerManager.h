@@ -42,7 +42,7 @@ public:
     bool HasRun() const { return hasRun_; }
     const RunReport& LastRun() const { return report_; }
     /// What would be wrong on the pages of the results in use: noted by the run or, for stored
-    /// results, by numbering their pages again. Throws if that fails, as for a font that is too
+    /// results, by placing their rows again. Throws if that fails, as for a font that is too
     /// wide for its column by now.
     const PageFindings& FindingsOnPages();
     /// The results in use. Sets are null before the first binding that could draw.

@@ -89,15 +89,23 @@ void CheckDatabase(host::IHost& host, const std::string& path, ElementCheck& che
     }
 }
 
-// Whether the numbers in a set are lengths, as far as they stand under known keys.
+// Whether a stored value is a length. One that is no number fails when it is read.
+bool HoldsLength(const host::Variant& value, host::IHostLocale& locale) try {
+    return IsLength(ToDouble(value, locale));
+} catch (const host::Failure&) {
+    return true;
+}
+
+// Whether the values under the keys of lengths are lengths, whatever type they are stored with.
 template <class Key>
 bool CheckLengths(const IHostPropertySet& set, const Key* (*find)(std::string_view),
-                  const std::string& owner, Findings& findings) {
+                  host::IHostLocale& locale, const std::string& owner, Findings& findings) {
     bool valid = true;
     const auto items = set.AllItems();
     for (std::size_t i = 0; i < items.names.size(); ++i) {
-        const auto* const number = std::get_if<double>(&items.values[i]);
-        if (!number || IsLength(*number) || !find(items.names[i])) continue;
+        const auto* const key = find(items.names[i]);
+        if (!key || key->kind != ValueKind::Double || HoldsLength(items.values[i], locale))
+            continue;
         findings.push_back(owner + items.names[i] +
                            " must be a number of inches from -1000 to 1000.");
         valid = false;
@@ -106,11 +114,12 @@ bool CheckLengths(const IHostPropertySet& set, const Key* (*find)(std::string_vi
 }
 
 // Longer lengths would take time and memory without end, or leave no place on any sheet.
-bool CheckAllLengths(const IHostPropertySet& properties, Findings& findings) {
-    bool valid = CheckLengths(properties, FindPropertyKey, "", findings);
+bool CheckAllLengths(const IHostPropertySet& properties, host::IHostLocale& locale,
+                     Findings& findings) {
+    bool valid = CheckLengths(properties, FindPropertyKey, locale, "", findings);
     const auto columns = SetUnder(properties, keys::kColumnsProperties);
     for (const std::string& name : NamesOf(*SetUnder(properties, keys::kColumnNames)))
-        valid = CheckLengths(*SetUnder(*columns, name), FindColumnKey,
+        valid = CheckLengths(*SetUnder(*columns, name), FindColumnKey, locale,
                              "Column \"" + name + "\": ", findings) &&
                 valid;
     return valid;
@@ -161,7 +170,8 @@ ElementCheck CheckElementProperties(host::IHost& host, const SiblingObjects& sib
             {check.databaseTable, check.linkValid ? check.indexLayerTable : nullptr},
             check.findings);
     const bool namesValid = check.databaseTable && CheckColumnNames(*properties, check.findings);
-    const bool lengthsValid = check.databaseTable && CheckAllLengths(*properties, check.findings);
+    const bool lengthsValid =
+        check.databaseTable && CheckAllLengths(*properties, locale, check.findings);
     check.canDraw =
         columnsValid && namesValid && lengthsValid && (!stored.linked || check.linkValid);
     return check;

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "layout/PageGroups.h"
+#include "layout/StoredPages.h"
 #include "listings/Combine.h"
 #include "listings/IndexTable.h"
 #include "manager/CVNGazetteerManager.h"
@@ -46,10 +47,8 @@ void CVNGazetteerManager::PopulateIndexTable() try {
 
 const PageFindings& CVNGazetteerManager::FindingsOnPages() try {
     if (pagesJudged_ || !canDraw_ || !working_.listings) return report_.onPages;
-    WorkingResults results = working_;
-    RunReport report;
-    PopulatePageGroups(*host_, settings_, *indexElement_, transparentFill_, results, report);
-    report_.onPages = std::move(report.onPages);
+    report_.onPages =
+        JudgeStoredPages(*host_, settings_, *indexElement_, transparentFill_, working_);
     pagesJudged_ = true;
     return report_.onPages;
 } catch (...) {

@@ -14,8 +14,9 @@ struct PageFinding {
         BrokenWord,      ///< A word of the listing is longer than a line of its column.
         HeadingLeftOut,  ///< The heading before the listing found no room.
         HeadingAlone,    ///< The heading before the listing ends a column group.
+        NotDrawn,        ///< The page was numbered for a larger frame: the listing has no room.
     };
-    static constexpr std::size_t kKinds = 4;
+    static constexpr std::size_t kKinds = 5;
 
     Kind kind;
     std::int32_t page;

@@ -1,0 +1,93 @@
+#include "layout/StoredPages.h"
+
+#include <cstdlib>
+
+#include "layout/PageGroups.h"
+#include "layout/PlacementFindings.h"
+#include "support/Conversions.h"
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+using host::IHostPropertySet;
+
+// Passes what happens on one page on to the judge.
+class PageJudge : public FlowListener {
+public:
+    PageJudge(PlacementFindings& judge, std::int32_t pageNumber)
+        : judge_(judge), pageNumber_(pageNumber) {}
+
+    void Placing(PlacedRow&, bool, const std::string&) override {}
+    void Placed(const PlacedRow& row) override { judge_.Placed(row, pageNumber_); }
+    void HeadingLeftOut(const std::string& rowKey) override {
+        judge_.LeaveHeadingOut(rowKey, pageNumber_);
+    }
+    void GroupFull(double) override { judge_.EndGroup(pageNumber_); }
+
+private:
+    PlacementFindings& judge_;
+    std::int32_t pageNumber_;
+};
+
+std::vector<std::string> RowsOf(const host::Variant& page) {
+    const auto rows = ToObject<IHostPropertySet>(page);
+    return rows ? NamesOf(*rows) : std::vector<std::string>();
+}
+
+bool AreSamePages(const IHostPropertySet& left, const IHostPropertySet& right) {
+    const auto lefts = left.AllItems();
+    const auto rights = right.AllItems();
+    if (lefts.names != rights.names) return false;
+    for (std::size_t i = 0; i < lefts.values.size(); ++i)
+        if (RowsOf(lefts.values[i]) != RowsOf(rights.values[i])) return false;
+    return true;
+}
+
+}  // namespace
+
+std::size_t FeedStoredPage(LayoutPass& pass, const FrameBounds& frame,
+                           const std::vector<std::string>& rows, std::int32_t pageNumber,
+                           FlowListener& listener, const std::function<void(std::size_t)>& before) {
+    ColumnFlow flow(pass, frame, listener);
+    if (pageNumber == 1) flow.SetAtFirstListing();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        before(i);
+        if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return i;
+    }
+    flow.Finish();
+    return rows.size();
+}
+
+// Where a new numbering gives the stored pages, its findings are theirs. Only the numbering knows
+// of a heading that was left out between two pages.
+PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
+                              const host::IHostElement& frameElement,
+                              const host::Ref<host::IHostFillSymbol>& transparentFill,
+                              const WorkingResults& results) try {
+    WorkingResults numbered = results;
+    RunReport report;
+    PopulatePageGroups(host, settings, frameElement, transparentFill, numbered, report);
+    if (AreSamePages(*numbered.pageGroups, *results.pageGroups)) return report.onPages;
+
+    PageFindings found;
+    const auto display = host.NewApplication()->Document()->ActiveView()->Display();
+    const FrameBounds frame = ReadFrame(frameElement);
+    LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Measure);
+    PlacementFindings judge(pass, found);
+    const auto pages = results.pageGroups->AllItems();
+    for (std::size_t i = 0; i < pages.names.size(); ++i) {
+        const auto number = static_cast<std::int32_t>(std::atoi(pages.names[i].c_str()));
+        const auto rows = RowsOf(pages.values[i]);
+        PageJudge listener(judge, number);
+        auto placed = FeedStoredPage(pass, frame, rows, number, listener, [](std::size_t) {});
+        for (; placed < rows.size(); ++placed)
+            found.Add({PageFinding::Kind::NotDrawn, number, rows[placed]});
+        judge.EndPage();
+    }
+    return found;
+} catch (...) {
+    PassOn("JudgeStoredPages", "StoredPages");
+}
+
+}  // namespace gazetteer

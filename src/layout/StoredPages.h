@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "layout/ColumnFlow.h"
+#include "model/Results.h"
+#include "model/Settings.h"
+
+namespace gazetteer {
+
+/// Feeds the listings of a stored page to a new flow, up to the first that no longer fits: the page
+/// may have been numbered for a larger frame. Calls before with the index of each listing to be
+/// fed. Returns the number of listings that stand on the page.
+std::size_t FeedStoredPage(LayoutPass& pass, const FrameBounds& frame,
+                           const std::vector<std::string>& rows, std::int32_t pageNumber,
+                           FlowListener& listener, const std::function<void(std::size_t)>& before);
+
+/// Finds what would be wrong on the stored pages, drawn in the present frame with the present
+/// settings. They need not be those that a new numbering would give. Changes no results.
+PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
+                              const host::IHostElement& frameElement,
+                              const host::Ref<host::IHostFillSymbol>& transparentFill,
+                              const WorkingResults& results);
+
+}  // namespace gazetteer
