@@ -1,7 +1,6 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QLineEdit>
-#include <optional>
 
 #include "Taker.h"
 #include "app/window/PageView.h"
