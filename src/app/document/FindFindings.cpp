@@ -161,7 +161,7 @@ void AddFonts(const desk::TextEngine& engine, FindingList& list) {
 
 FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages) {
     FindingList list;
-    AddEmptyValues(open, list);
+    AddTableFindings(open, list);
     AddElementsOffSheet(open, list);
     PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), list);
     finder.AddFromPages();

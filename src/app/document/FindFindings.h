@@ -16,7 +16,8 @@ FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pag
 /// the engine has set so far.
 void AddFonts(const desk::TextEngine& engine, FindingList& list);
 
-/// Adds the records whose listing, page, row or column is empty although a column prints it.
-void AddEmptyValues(OpenDocument& open, FindingList& list);
+/// Adds the fields Page, Row and Column that the listing database lost although a column prints
+/// them, and the records whose listing, page, row or column is empty although a column prints it.
+void AddTableFindings(OpenDocument& open, FindingList& list);
 
 }  // namespace app
