@@ -19,6 +19,7 @@
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "app/window/WaitPointer.h"
+#include "desk/window/DialogParent.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
@@ -63,7 +64,8 @@ MainWindow::~MainWindow() {
 
 void MainWindow::RestorePlace() {
     const QSettings settings;
-    if (!restoreGeometry(settings.value(kGeometry).toByteArray())) resize(1180, 860);
+    if (!restoreGeometry(settings.value(kGeometry).toByteArray()))
+        desk::ResizeToScreen(*this, {1180, 860});
     // No pages can be listed before a document is open.
     pages_->hide();
     pages_->toggleViewAction()->setEnabled(false);
