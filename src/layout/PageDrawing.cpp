@@ -1,5 +1,6 @@
 #include "layout/PageDrawing.h"
 
+#include <iterator>
 #include <string>
 
 #include "layout/ColumnFlow.h"
@@ -71,11 +72,12 @@ void PlaceRows(LayoutPass& pass, const Ref<IHostGroupElement>& group, const Fram
     const std::string placing =
         "Page " + std::to_string(pageNumber) + ": Placing listings on layout: ";
     Status status(pass.Host());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        status.Show(placing.c_str(), static_cast<std::int64_t>(i));
-        drawer.SetAtLastRow(pageFollows && i + 1 == rows.size());
+    const std::int64_t count = std::ssize(rows);
+    for (std::int64_t i = 0; i < count; ++i) {
+        status.Show(placing.c_str(), i, i + 1, count);
+        drawer.SetAtLastRow(pageFollows && i + 1 == count);
         // The page was numbered for a larger frame: rows that no longer fit are not drawn.
-        if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return;
+        if (flow.Feed(rows[static_cast<std::size_t>(i)]) != ColumnFlow::Step::GoOn) return;
     }
     flow.Finish();
 }
