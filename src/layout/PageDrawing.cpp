@@ -1,5 +1,6 @@
 #include "layout/PageDrawing.h"
 
+#include <iterator>
 #include <string>
 
 #include "layout/LayoutPass.h"
@@ -69,9 +70,10 @@ void PlaceRows(LayoutPass& pass, const Ref<IHostGroupElement>& group, const Fram
     const std::string placing =
         "Page " + std::to_string(pageNumber) + ": Placing listings on layout: ";
     Status status(pass.Host());
-    FeedStoredPage(pass, frame, rows, pageNumber, drawer, [&](std::size_t i) {
-        status.Show(placing.c_str(), static_cast<std::int64_t>(i));
-        drawer.SetAtLastRow(pageFollows && i + 1 == rows.size());
+    const std::int64_t count = std::ssize(rows);
+    FeedStoredPage(pass, frame, rows, pageNumber, drawer, [&](std::int64_t i) {
+        status.Show(placing.c_str(), i, i + 1, count);
+        drawer.SetAtLastRow(pageFollows && i + 1 == count);
     });
 }
 

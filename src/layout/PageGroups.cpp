@@ -1,5 +1,6 @@
 #include "layout/PageGroups.h"
 
+#include <iterator>
 #include <string>
 
 #include "layout/ColumnFlow.h"
@@ -65,12 +66,14 @@ void NumberPages(LayoutPass& pass, const FrameBounds& frame, PageRecorder& pages
     Status status(pass.Host());
     std::string placing;
     std::int64_t index = 0;
-    for (const std::string& row : NamesOf(*pass.Columns().front().listings)) {
+    const auto rows = NamesOf(*pass.Columns().front().listings);
+    for (const std::string& row : rows) {
         if (!pages.IsOpen()) {
             pages.OpenPage();
             placing = PlacingText(pages.PageNumber());
         }
-        status.Show(placing.c_str(), index++);
+        status.Show(placing.c_str(), index, index + 1, std::ssize(rows));
+        ++index;
         const auto step = flow.Feed(row);
         if (step == ColumnFlow::Step::TitleTooHigh) return;
         if (step != ColumnFlow::Step::PageFull) continue;

@@ -48,11 +48,11 @@ bool AreSamePages(const IHostPropertySet& left, const IHostPropertySet& right) {
 
 std::size_t FeedStoredPage(LayoutPass& pass, const FrameBounds& frame,
                            const std::vector<std::string>& rows, std::int32_t pageNumber,
-                           FlowListener& listener, const std::function<void(std::size_t)>& before) {
+                           FlowListener& listener, const std::function<void(std::int64_t)>& before) {
     ColumnFlow flow(pass, frame, listener);
     if (pageNumber == 1) flow.SetAtFirstListing();
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        before(i);
+        before(static_cast<std::int64_t>(i));
         if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return i;
     }
     flow.Finish();
@@ -80,7 +80,7 @@ PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
         const auto number = static_cast<std::int32_t>(std::atoi(pages.names[i].c_str()));
         const auto rows = RowsOf(pages.values[i]);
         PageJudge listener(judge, number);
-        auto placed = FeedStoredPage(pass, frame, rows, number, listener, [](std::size_t) {});
+        auto placed = FeedStoredPage(pass, frame, rows, number, listener, [](std::int64_t) {});
         for (; placed < rows.size(); ++placed)
             found.Add({PageFinding::Kind::NotDrawn, number, rows[placed]});
         judge.EndPage();

@@ -15,7 +15,7 @@ namespace gazetteer {
 /// fed. Returns the number of listings that stand on the page.
 std::size_t FeedStoredPage(LayoutPass& pass, const FrameBounds& frame,
                            const std::vector<std::string>& rows, std::int32_t pageNumber,
-                           FlowListener& listener, const std::function<void(std::size_t)>& before);
+                           FlowListener& listener, const std::function<void(std::int64_t)>& before);
 
 /// Finds what would be wrong on the stored pages, drawn in the present frame with the present
 /// settings. They need not be those that a new numbering would give. Changes no results.

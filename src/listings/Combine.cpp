@@ -138,9 +138,12 @@ Ref<IHostPropertySet> PopulateRowValuesPropertySet(host::IHost& host, const Sett
                                                    RunReport& report) try {
     ListingBuilder builder(host, settings, indexTable);
     Status status(host);
+    const std::int64_t count = CountRows(indexTable);
     std::int64_t counter = 0;
     for (auto row = cursor.NextRow(); row; row = cursor.NextRow()) {
-        status.Show("Removing Duplicates, Combining and Storing listings...", ++counter);
+        ++counter;
+        status.Show("Removing Duplicates, Combining and Storing listings...", counter, counter,
+                    count);
         builder.Take(*row, report);
     }
     return builder.Finish();

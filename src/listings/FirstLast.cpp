@@ -43,7 +43,7 @@ void PopulateFirstLastListings(host::IHost& host, const Settings& settings,
     const auto columns = results.pageCount > 0 ? TextColumns(settings, results)
                                                : decltype(TextColumns(settings, results)){};
     for (std::int32_t page = 1; page <= results.pageCount; ++page) {
-        status.Show("Finding first and last listing on each page: ", page);
+        status.Show("Finding first and last listing on each page: ", page, page, results.pageCount);
         const std::string key = std::to_string(page);
         const auto rows = NamesOf(*SetUnder(*results.pageGroups, key));
         const auto text = [&](const std::string& row) {

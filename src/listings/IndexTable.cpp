@@ -1,5 +1,7 @@
 #include "listings/IndexTable.h"
 
+#include <algorithm>
+
 #include "listings/NumberAwareSort.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
@@ -92,6 +94,11 @@ Ref<host::IHostCursor> SortIndexTable(host::IHost& host, const Settings& setting
     return rows;
 }
 
+std::int64_t RowsToCompose(const Settings& settings, const host::IHostTable& table) {
+    const std::int64_t count = CountRows(table);
+    return settings.samplePage ? std::min<std::int64_t>(count, kSampleRows + 1) : count;
+}
+
 }  // namespace
 
 std::string IndexTableRefusal(const std::string& name, bool sorted) {
@@ -126,6 +133,7 @@ std::int64_t ComposeIndexTable(host::IHost& host, const Settings& settings,
         fields.push_back(indexTable.FindField(composer.ColumnName(i)));
 
     Status status(host);
+    const std::int64_t count = RowsToCompose(settings, *source.databaseTable);
     std::int64_t cells = 0;
     std::int64_t records = 0;
     const auto rows = source.databaseTable->Search(host.NewQueryFilter(), true);
@@ -137,7 +145,7 @@ std::int64_t ComposeIndexTable(host::IHost& host, const Settings& settings,
         const auto buffer = indexTable.CreateRowBuffer();
         for (std::size_t i = 0; i < fields.size(); ++i) {
             buffer->SetValue(fields[i], composer.Text(i));
-            status.Show("Generating column text for listing: ", cells++);
+            status.Show("Generating column text for listing: ", cells++, records + 1, count);
         }
         insert->InsertRow(buffer);
         ++records;

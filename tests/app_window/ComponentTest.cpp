@@ -18,15 +18,6 @@ public:
         desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
             .Register(Session().Document().DeskRef(), install);
     }
-    static void ActAndPress(QWidget& sheet, const Answer& act, const char* button) {
-        QTest::qWait(50);
-        act(sheet);
-        Press(sheet, button);
-    }
-    /// Opens the sheet, acts on it, and leaves it by a button.
-    void InSheet(const Answer& act, const char* button = "Cancel") {
-        DoWith("properties", [=](QWidget& sheet) { ActAndPress(sheet, act, button); });
-    }
 };
 
 TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
@@ -108,55 +99,6 @@ TEST_F(Component, AnAppliedEditIsDrawnOnThePageOnShow) {
     Open(folder_.File("names.json"));
     EXPECT_EQ(DrawnListings().front(), "Alpha 0001");
     EXPECT_FALSE(Action("redo").isEnabled()) << "another document has no history";
-}
-
-// A run ends at the first look at the events after the key; keys before that have no effect.
-TEST_F(Component, ACancelledRunLeavesTheDocumentAsItWas) {
-    Register(true);
-    Do("nextPage");
-    const auto drawn = DrawnListings();
-    const auto stored = Session().Document().Properties()->AllItems().names;
-    const auto escape = [this] {
-        QTimer::singleShot(0, [this] {
-            QTest::keyClick(window_.get(), Qt::Key_S, Qt::ControlModifier);
-            QTest::keyClick(window_.get(), Qt::Key_Escape);
-        });
-    };
-    const auto expectAsBefore = [&](const char* how) {
-        EXPECT_EQ(Session().Page(), 2) << how;
-        EXPECT_EQ(DrawnListings(), drawn) << how;
-        EXPECT_EQ(Session().Document().Properties()->AllItems().names, stored) << how;
-        EXPECT_TRUE(Find<QLabel>("noticeText").text().contains("cancelled")) << how;
-        EXPECT_FALSE(window_->isWindowModified()) << how;
-    };
-    // So many that a run takes longer than the time between two looks.
-    Table("names.dbf", 9000);
-    InSheet([&](QWidget& sheet) {
-        support::Part<QRadioButton>(sheet, "OptSortOrder_1").click();
-        escape();
-        Press(sheet, "OK");
-        EXPECT_TRUE(sheet.isVisible()) << "with the edits that were not applied";
-    });
-    expectAsBefore("apply");
-
-    const auto properties = Session().Document().Properties();
-    properties->SetItem("HaveSavedListings", false);
-    escape();
-    Do("refresh");
-    expectAsBefore("refresh");
-
-    const auto path = Session().Path();
-    const auto other = folder_.File("other.json");
-    std::filesystem::copy_file(folder_.File("names.json"), other);
-    folder_.Write("other.json",
-                  gazetteer::ReplaceAll(folder_.Read("other.json"), "\"HaveSavedListings\": true",
-                                        "\"HaveSavedListings\": false"));
-    escape();
-    Open(other);
-    EXPECT_EQ(Session().Path(), path);
-    EXPECT_EQ(Status(), "Cancelled");
-    Do("refresh");
-    EXPECT_EQ(Status().substr(0, 12), "9000 records");
 }
 
 }  // namespace

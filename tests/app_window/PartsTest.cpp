@@ -10,6 +10,7 @@
 #include "app/window/PageTiles.h"
 #include "app/window/StatusPanes.h"
 #include "app_window/WindowStory.h"
+#include "host/StepCounts.h"
 #include "model/Settings.h"
 
 namespace {
@@ -112,21 +113,23 @@ TEST_F(Parts, TheStatusBarIsLiveDuringARun) {
     status.ShowAnimation(desk::AnimationStep::Show);
     status.ShowAnimation(desk::AnimationStep::Play);
     EXPECT_TRUE(status.Sign().Shown() && status.Sign().Playing());
-    status.ShowRunText(0, "Sorting.");
-    EXPECT_EQ(Status(), "Sorting.");
-    status.ShowRunText(1, "another pane");
-    EXPECT_EQ(Status(), "Sorting.");
+    const auto bar = Session().Host().NewApplication()->StatusBar();
+    const auto expectShown = [&](const char* text, const char* shown) {
+        bar->SetText(0, text);
+        EXPECT_EQ(Status(), shown) << text;
+    };
+    expectShown("Listing 1", "Listing 1");
     // Texts that only count on are shown now and then.
-    status.ShowRunText(0, "Listing 1");
-    EXPECT_EQ(Status(), "Sorting.");
+    expectShown("Listing 2", "Listing 1");
+    expectShown("Sorting.", "Sorting.");
+    bar->SetText(1, "another pane");
     QTest::qSleep(80);
-    status.ShowRunText(0, "Listing 2");
-    EXPECT_EQ(Status(), "Listing 2");
+    host::As<host::IHostStepCounts>(bar)->SetStep(3, 8);
+    expectShown("Listing 70", "Listing 3 of 8 (37 %)");
     status.ShowAnimation(desk::AnimationStep::Hide);
     status.ShowAnimation(desk::AnimationStep::Stop);
     EXPECT_FALSE(status.Sign().Shown() || status.Sign().Playing());
-    status.ShowRunText(0, "");
-    EXPECT_EQ(Status(), "done before");
+    expectShown("", "done before");
 }
 
 }  // namespace

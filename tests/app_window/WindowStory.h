@@ -103,6 +103,15 @@ public:
             Press(dialog, button);
         });
     }
+    static void ActAndPress(QWidget& sheet, const Answer& act, const char* button) {
+        QTest::qWait(50);
+        act(sheet);
+        Press(sheet, button);
+    }
+    /// Opens the sheet, acts on it, and leaves it by a button.
+    void InSheet(const Answer& act, const char* button = "Cancel") {
+        DoWith("properties", [=](QWidget& sheet) { ActAndPress(sheet, act, button); });
+    }
     static void Type(QWidget& dialog, const char* field, const std::string& text) {
         support::Part<QLineEdit>(dialog, field).setText(QString::fromStdString(text));
     }

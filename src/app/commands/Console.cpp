@@ -1,31 +1,29 @@
 #include "app/commands/Console.h"
 
-#include <chrono>
 #include <cstdio>
+#include <optional>
 #include <unistd.h>
 
 #include "app/document/Errors.h"
+#include "app/document/RunProgress.h"
 
 namespace app {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-// A run sets a text for every cell; more frequent updates would cost time and be unreadable.
-constexpr auto kInterval = std::chrono::milliseconds(80);
-
 struct Progress {
+    RunProgress run;
     bool shown = false;
     bool playing = false;
     std::size_t turn = 0;
-    Clock::time_point next;
 } progress;
 
-void ShowProgress(const std::string& text) {
+void ShowProgress(const std::optional<RunProgress::Shown>& shown) {
+    if (!shown) return;
+    if (shown->text.empty()) return ClearProgress();
     static constexpr char kSigns[] = "|/-\\";
     const std::string sign =
         progress.playing ? std::string(" ") + kSigns[progress.turn++ % (sizeof kSigns - 1)] : "";
-    std::fputs(("\r" + Printable(text) + sign + "\x1b[K").c_str(), stderr);
+    std::fputs(("\r" + Printable(shown->text) + sign + "\x1b[K").c_str(), stderr);
     std::fflush(stderr);
     progress.shown = true;
 }
@@ -55,13 +53,10 @@ desk::SessionListeners ProgressListeners() {
     desk::SessionListeners listeners;
     if (::isatty(STDERR_FILENO) == 0) return listeners;
     listeners.statusText = [](std::int32_t, const std::string& text) {
-        if (text.empty()) return ClearProgress();
-        // A text that ends in a full stop names a stage and is always shown.
-        const auto now = Clock::now();
-        if (now < progress.next && text.back() != '.') return;
-        progress.next = now + kInterval;
-        ShowProgress(text);
+        ShowProgress(progress.run.Take(text));
     };
+    listeners.step = [](auto step, auto steps) { progress.run.SetStep(step, steps); };
+    listeners.sorting = [](auto step, auto steps) { ShowProgress(progress.run.Sort(step, steps)); };
     listeners.animation = [](desk::AnimationStep step) {
         if (step == desk::AnimationStep::Play) progress.playing = true;
         if (step == desk::AnimationStep::Stop) progress.playing = false;

@@ -8,6 +8,7 @@
 #include "desk/expressions/ExpressionEngine.h"
 #include "model/KeyNames.h"
 #include "support/Conversions.h"
+#include "support/Status.h"
 #include "support/Text.h"
 
 namespace app {
@@ -100,7 +101,12 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
     std::erase_if(fields, [](const auto& field) { return field.index < 0; });
     if (fields.empty()) return;
     const auto rows = table->Search(open.Host().NewQueryFilter(), true);
+    gazetteer::Status status(open.Host());
+    const std::int64_t count = gazetteer::CountRows(*table);
+    std::int64_t number = 0;
     while (const auto row = rows->NextRow()) {
+        ++number;
+        status.Show("Checking record ", number, number, count);
         std::vector<const PrintedField*> empty;
         for (const auto& field : fields)
             if (IsEmpty(row->Value(field.index))) empty.push_back(&field);
@@ -115,6 +121,7 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
                        ": " + Phrase(empty);
         list.Add(std::move(finding));
     }
+    status.Clear();
 }
 
 }  // namespace app

@@ -43,7 +43,7 @@ MainWindow::MainWindow(const std::string& locale)
       actions_(new Actions(*this)),
       stack_(new QStackedWidget(this)) {
     status_ = new StatusPanes(actions_->zooms, this);
-    control_ = new RunControl(status_->CancelButton());
+    control_ = new RunControl(*this);
     session_ = std::make_unique<WindowSession>(DeskOptionsFor(locale), *control_);
     documents_ = new Documents(*session_, *this);
     start_ = new StartPage({actions_->open, actions_->newDocument}, this);

@@ -4,6 +4,7 @@
 #include <QUndoStack>
 #include <memory>
 
+#include "app/document/RunProgress.h"
 #include "app/window/ElementPages.h"
 #include "app/window/WindowSession.h"
 
@@ -49,6 +50,7 @@ private:
     void AddCommands();
     void RestorePlace();
 
+    void ShowProgress(const std::optional<RunProgress::Shown>& shown);
     void ShowDock();
     void TakeDocument();
     void RefreshLayout();
@@ -78,6 +80,7 @@ private:
 
     StatusPanes* status_ = nullptr;
     RunControl* control_ = nullptr;
+    RunProgress progress_;
     PageView* view_;
     NoticeBar* notices_;
     PagesDock* pages_;

@@ -29,14 +29,19 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     options.locale = locale;
     options.dialogs = std::make_shared<desk::WindowDialogs>(self);
     options.listeners.statusText = [this](std::int32_t pane, const std::string& text) {
-        status_->ShowRunText(pane, desk::ToQt(text));
+        if (pane != 0) return;
+        ShowProgress(progress_.Take(text));
         // An empty text ends a stage whose results may be stored next.
         if (!text.empty()) control_->Poll();
     };
+    options.listeners.step = [this](auto step, auto steps) { progress_.SetStep(step, steps); };
     options.listeners.animation = [this](desk::AnimationStep step) {
         status_->ShowAnimation(step);
     };
-    options.listeners.sorting = [this] { control_->Poll(); };
+    options.listeners.sorting = [this](auto step, auto steps) {
+        ShowProgress(progress_.Sort(step, steps));
+        control_->Poll();
+    };
     options.listeners.refresh = [this] { RecordPageSoon(); };
     options.expressionEditor = desk::ExpressionEditor(self, locale);
     options.window.newObjectDialog = [this, self] {
@@ -48,6 +53,12 @@ desk::DeskOptions MainWindow::DeskOptionsFor(const std::string& locale) {
     };
     options.window.windowHandle = [this] { return static_cast<host::WindowHandle>(winId()); };
     return options;
+}
+
+void MainWindow::ShowProgress(const std::optional<RunProgress::Shown>& shown) {
+    if (!shown) return;
+    status_->ShowRunText(desk::ToQt(shown->text));
+    control_->Show(*shown);
 }
 
 void MainWindow::Arrange() {

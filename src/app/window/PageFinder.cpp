@@ -30,6 +30,8 @@ QString ShownText(const std::string& stored) {
 }  // namespace
 
 void PageFinder::SetResults(const gazetteer::WorkingResults& results) {
+    // After a cancelled run, the results are those before.
+    if (pageGroups_ && results.pageGroups == pageGroups_) return;
     *this = {};
     if (!results.listings || !results.pageGroups) return;
     pageCount_ = results.pageCount;

@@ -16,7 +16,8 @@ struct PageHit {
 /// Finds pages by their listings, ignoring case and accents.
 class PageFinder {
 public:
-    /// Sets the results to search. They can be found only after ReadOn has read them.
+    /// Sets the results to search. They can be found only after ReadOn has read them; those set
+    /// already stay read.
     void SetResults(const gazetteer::WorkingResults& results);
     /// Reads pages until the time is over, at least one. Returns false if all are read.
     bool ReadOn(std::chrono::milliseconds time);

@@ -1,17 +1,19 @@
 #include "app/window/RunControl.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QWidget>
+#include <QWindow>
 
+#include "app/window/RunDialog.h"
 #include "host/Failure.h"
 
 namespace app {
 namespace {
 
 constexpr qint64 kInterval = 50;      // Milliseconds between two looks at the events.
-constexpr qint64 kButtonDelay = 500;  // Milliseconds.
+constexpr qint64 kDialogDelay = 500;  // Milliseconds.
 
 [[noreturn]] void FailCancelled() {
     throw host::Failure(host::kFailureUnspecified, "app::RunControl", "The run was cancelled.");
@@ -45,10 +47,9 @@ bool IsInput(QEvent::Type type) {
 
 }  // namespace
 
-RunControl::RunControl(QAbstractButton* button) : QObject(button), button_(button) {
-    button_->hide();
-    connect(button_, &QAbstractButton::clicked, this, &RunControl::Cancel);
-}
+RunControl::RunControl(QWidget& window) : QObject(&window), window_(window) {}
+
+RunControl::~RunControl() = default;
 
 bool RunControl::Run(const std::function<void()>& work, const std::function<void()>& cancelled) {
     if (running_) {
@@ -71,28 +72,43 @@ bool RunControl::Run(const std::function<void()>& work, const std::function<void
 
 void RunControl::SetRunning(bool running) {
     running_ = running;
-    if (running) {
-        sinceStart_.start();
-        sincePoll_.start();
-        qApp->installEventFilter(this);
-    } else {
-        qApp->removeEventFilter(this);
-        button_->hide();
-    }
+    shown_ = {};
+    dialog_ = nullptr;
+    sinceStart_.start();
+    sincePoll_.start();
     Q_EMIT RunningChanged(running);
+}
+
+void RunControl::Show(const RunProgress::Shown& shown) {
+    if (shown.text.empty()) return;
+    shown_ = shown;
+    if (dialog_) dialog_->Show(shown_);
 }
 
 void RunControl::Poll() {
     if (!running_ || polling_) return;
     if (cancelled_) FailCancelled();
     if (sincePoll_.elapsed() < kInterval) return;
-    const QScopedValueRollback polling(polling_, true);
-    // A dialog would keep clicks from the button.
-    if (sinceStart_.elapsed() >= kButtonDelay)
-        button_->setVisible(QApplication::activeModalWidget() == nullptr);
-    QCoreApplication::processEvents();
-    sincePoll_.start();
+    if (!dialog_ && sinceStart_.elapsed() >= kDialogDelay) OpenDialog();
+    ProcessEvents();
     if (cancelled_) FailCancelled();
+}
+
+void RunControl::OpenDialog() {
+    QWidget* const modal = QApplication::activeModalWidget();
+    dialog_ = std::make_unique<RunDialog>(modal != nullptr ? modal : &window_);
+    connect(dialog_.get(), &QDialog::rejected, this, &RunControl::Cancel);
+    dialog_->Show(shown_);
+    dialog_->show();
+}
+
+// The filter stands for this time only: a message that the run shows takes input as usual.
+void RunControl::ProcessEvents() {
+    const QScopedValueRollback polling(polling_, true);
+    qApp->installEventFilter(this);
+    QCoreApplication::processEvents();
+    qApp->removeEventFilter(this);
+    sincePoll_.start();
 }
 
 void RunControl::Cancel() {
@@ -108,9 +124,11 @@ bool RunControl::eventFilter(QObject* watched, QEvent* event) {
         Cancel();
         return true;
     }
-    // Windows pass mouse events on to their widgets, where they come by again.
-    const bool mouse = dynamic_cast<QMouseEvent*>(event) != nullptr;
-    if (mouse && (watched == button_ || watched->isWindowType())) return false;
+    // Windows pass their events on to their widgets, where they come by again.
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    if (dialog_ &&
+        (widget ? widget->window() == dialog_.get() : watched == dialog_->windowHandle()))
+        return false;
     event->ignore();
     return true;
 }

@@ -3,23 +3,30 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <functional>
+#include <memory>
 
-class QAbstractButton;
+#include "app/document/RunProgress.h"
+
+class QWidget;
 
 namespace app {
+
+class RunDialog;
 
 /// A run was cancelled by the user.
 struct RunCancelled {};
 
 /// Lets the user cancel a run, although the run blocks the only thread: during a run, Poll
-/// processes events now and then. Of the user's input, only Escape and clicks of the cancel button
+/// processes events now and then. Of the user's input, only Escape and what goes to the run dialog
 /// get through.
 class RunControl : public QObject {
     Q_OBJECT
 
 public:
-    /// The button is shown during runs that take longer than half a second.
-    explicit RunControl(QAbstractButton* button);
+    /// Runs that take longer than half a second show a dialog over the window, or over the modal
+    /// dialog that is open.
+    explicit RunControl(QWidget& window);
+    ~RunControl() override;
 
     /// Calls `work`. When the user cancels it, calls `cancelled`, and from then on Poll throws, so
     /// that the work fails and ends. Returns false if it was cancelled; what `work` throws is then
@@ -30,6 +37,8 @@ public:
     /// To be called often by what may be cancelled; costs little. Throws host::Failure if the run
     /// was cancelled. Has no effect outside of a run.
     void Poll();
+    /// Shows how far the run is; an empty text changes nothing.
+    void Show(const RunProgress::Shown& shown);
 
 Q_SIGNALS:
     void RunningChanged(bool running);
@@ -39,9 +48,13 @@ protected:
 
 private:
     void SetRunning(bool running);
+    void OpenDialog();
+    void ProcessEvents();
     void Cancel();
 
-    QAbstractButton* button_;
+    QWidget& window_;
+    std::unique_ptr<RunDialog> dialog_;  ///< Null outside of a run and in its first half second.
+    RunProgress::Shown shown_;
     QElapsedTimer sinceStart_;
     QElapsedTimer sincePoll_;
     std::function<void()> onCancel_;

@@ -7,9 +7,6 @@
 namespace app {
 namespace {
 
-// A run sets a text for every cell; more frequent updates would cost time and be unreadable.
-constexpr qint64 kInterval = 60;  // Milliseconds.
-
 constexpr int kSpokes = 12;
 
 }  // namespace
@@ -56,7 +53,6 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     : QStatusBar(parent),
       sign_(new BusySign(this)),
       text_(new QLabel(this)),
-      cancel_(new QToolButton(this)),
       page_(new QLabel(this)),
       zoom_(new QToolButton(this)) {
     sign_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -64,10 +60,6 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     text_->setTextFormat(Qt::PlainText);
     // A long text must not widen the window.
     text_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    cancel_->setObjectName("cancelRun");
-    cancel_->setText("Cancel");
-    cancel_->setToolTip("End the run (Esc)");
-    cancel_->setFocusPolicy(Qt::NoFocus);
     page_->setObjectName("statusPage");
     page_->setMargin(fontMetrics().averageCharWidth() / 2);
     zoom_->setObjectName("statusZoom");
@@ -77,22 +69,11 @@ StatusPanes::StatusPanes(QMenu* zooms, QWidget* parent)
     zoom_->setToolTip("Zoom");
     addWidget(sign_);
     addWidget(text_, 1);
-    addPermanentWidget(cancel_);
-    cancel_->hide();
     addPermanentWidget(page_);
     addPermanentWidget(zoom_);
 }
 
-QAbstractButton* StatusPanes::CancelButton() const {
-    return cancel_;
-}
-
-void StatusPanes::ShowRunText(int pane, const QString& text) {
-    if (pane != 0) return;
-    // A text ending in a full stop names a stage, an empty one ends the run: both always show.
-    const bool counts = !text.isEmpty() && !text.endsWith('.');
-    if (counts && sinceShown_.isValid() && sinceShown_.elapsed() < kInterval) return;
-    sinceShown_.start();
+void StatusPanes::ShowRunText(const QString& text) {
     text_->setText(text.isEmpty() ? result_ : text);
     text_->repaint();
     sign_->Step();

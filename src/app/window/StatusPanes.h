@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QStatusBar>
 
 #include "desk/session/Application.h"
 
-class QAbstractButton;
 class QLabel;
 class QMenu;
 class QToolButton;
@@ -38,25 +36,21 @@ class StatusPanes : public QStatusBar {
 public:
     StatusPanes(QMenu* zooms, QWidget* parent);
 
-    /// Shows a status text at once although the thread is busy, at most every 60 ms. An empty text
-    /// restores the result. Only pane 0 exists; other texts are ignored.
-    void ShowRunText(int pane, const QString& text);
+    /// Shows a status text at once although the thread is busy. An empty text restores the result.
+    void ShowRunText(const QString& text);
     void ShowAnimation(desk::AnimationStep step);
     /// Sets the text shown when no run is active.
     void ShowResult(const QString& text);
     void ShowPage(const QString& text);
     void ShowZoom(double zoom);  ///< 0: none.
     const BusySign& Sign() const { return *sign_; }
-    QAbstractButton* CancelButton() const;
 
 private:
     BusySign* sign_;
     QLabel* text_;
-    QToolButton* cancel_;
     QLabel* page_;
     QToolButton* zoom_;
     QString result_;
-    QElapsedTimer sinceShown_;
 };
 
 }  // namespace app

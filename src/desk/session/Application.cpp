@@ -5,6 +5,7 @@
 
 #include "desk/objects/Geometry.h"
 #include "host/Failure.h"
+#include "host/StepCounts.h"
 
 namespace desk {
 namespace {
@@ -30,13 +31,16 @@ private:
     Listeners listeners_;
 };
 
-class StatusBar final : public host::IHostStatusBar {
+class StatusBar final : public host::IHostStatusBar, public host::IHostStepCounts {
 public:
     explicit StatusBar(Listeners listeners)
         : listeners_(std::move(listeners)), animation_(std::make_shared<Animation>(listeners_)) {}
 
     void SetText(std::int32_t pane, const std::string& text) override {
         if (listeners_->statusText) listeners_->statusText(pane, text);
+    }
+    void SetStep(std::int64_t step, std::int64_t steps) override {
+        if (listeners_->step) listeners_->step(step, steps);
     }
     host::Ref<host::IHostProgressAnimation> ProgressAnimation() override { return animation_; }
 

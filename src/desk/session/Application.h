@@ -16,10 +16,12 @@ enum class AnimationStep { Show, Play, Hide, Stop };
 /// Callbacks for status, progress and redraw. Each may be empty.
 struct SessionListeners {
     std::function<void(std::int32_t pane, const std::string& text)> statusText;
+    /// How far the stage has come whose text follows; see IHostStepCounts.
+    std::function<void(std::int64_t step, std::int64_t steps)> step;
     std::function<void(AnimationStep step)> animation;
     std::function<void()> refresh;  ///< The view must be redrawn.
     /// Called every few thousand steps of a sort, which sets no status text. May throw to end it.
-    std::function<void()> sorting;
+    std::function<void(std::int64_t step, std::int64_t steps)> sorting;
 };
 
 /// The display for measuring texts. Sizes do not depend on the device, so one is enough.

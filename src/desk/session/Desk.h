@@ -10,6 +10,7 @@
 #include "desk/mapbook/MapBook.h"
 #include "desk/objects/ObjectFactory.h"
 #include "desk/session/Application.h"
+#include "desk/tables/SortRows.h"
 #include "desk/tables/TableFactory.h"
 #include "desk/text/TextEngine.h"
 #include "host/Host.h"
@@ -97,7 +98,7 @@ private:
     ExpressionEngine::Editor expressionEditor_;
     host::Ref<host::IHostDevices> devices_ = std::make_shared<desk::Devices>();
     WindowServices window_;
-    std::function<void()> sorting_;
+    SortListener sorting_;
     std::shared_ptr<CommandTable> commands_ = std::make_shared<CommandTable>();
     host::Ref<host::IHostApplication> application_;
     Document document_;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desk/tables/DbfSchema.h"
+#include "host/StepCounts.h"
 #include "host/Tables.h"
 
 namespace desk {
@@ -19,7 +20,7 @@ namespace desk {
 ///   date        String "YYYY-MM-DD"
 ///   logical     Boolean
 /// Other types, and blank or faulty values, give Null; a fault is noted once per field.
-class DbfTable : public host::IHostTable {
+class DbfTable : public host::IHostTable, public host::IHostRowCount {
 public:
     /// Opens a table. Throws host::Failure with one sentence that names the file and the fault.
     explicit DbfTable(const std::string& path);
@@ -40,6 +41,7 @@ public:
     const std::string& EncodingFrom() const { return schema_->encodingFrom; }
     /// Records in the file, including deleted ones.
     std::int64_t RecordCount() const { return schema_->header.recordCount; }
+    std::int64_t CountRows() const override { return RecordCount(); }
     /// Number of live records that can be read. The first call reads the whole file.
     std::int64_t LiveRecords() const;
     /// Warnings about the file, one sentence each; those about values follow when they are read.

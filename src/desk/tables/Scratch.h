@@ -8,6 +8,7 @@
 
 #include "desk/tables/PlainObjects.h"
 #include "desk/tables/ScratchCells.h"
+#include "host/StepCounts.h"
 #include "host/Tables.h"
 
 namespace desk {
@@ -16,7 +17,9 @@ class ScratchBuffer;
 
 /// A table in memory. Texts longer than their field are kept whole. Rows are numbered from 1 in
 /// order of insertion; fields of the identifier type contain that number.
-class ScratchTable : public host::IHostTable, public std::enable_shared_from_this<ScratchTable> {
+class ScratchTable : public host::IHostTable,
+                     public host::IHostRowCount,
+                     public std::enable_shared_from_this<ScratchTable> {
 public:
     ScratchTable(std::string name, const host::Ref<host::IHostFields>& fields);
 
@@ -30,6 +33,7 @@ public:
 
     const std::string& Name() const { return name_; }
     std::size_t RowCount() const { return rowCount_; }
+    std::int64_t CountRows() const override { return static_cast<std::int64_t>(rowCount_); }
     std::size_t FieldCount() const { return slots_.size(); }
     /// Returns a value, possibly held by the storage. Row and field count from 0 and must exist.
     const host::Variant& Value(std::size_t row, std::size_t field, host::Variant& storage) const;

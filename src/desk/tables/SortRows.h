@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -13,20 +15,26 @@
 
 namespace desk {
 
-/// Calls a function once per kSteps steps of a sort, about every millisecond.
+/// Called every few thousand steps of a sort; what it throws ends the sort.
+using SortListener = std::function<void(std::int64_t step, std::int64_t steps)>;
+
+/// Calls a listener once per kPause steps of a sort, about every millisecond.
 class SortPauses {
 public:
-    explicit SortPauses(const std::function<void()>& pause) : pause_(pause) {}
+    /// A row takes a step for its key, one for its lead, and about one for each round of merging.
+    SortPauses(const SortListener& listener, std::uint32_t rows)
+        : listener_(listener), steps_(std::int64_t{rows} * (std::bit_width(rows) + 2)) {}
 
     void Step() {
-        if (++steps_ % kSteps == 0 && pause_) pause_();
+        if (++step_ % kPause == 0 && listener_) listener_(std::min(step_, steps_), steps_);
     }
 
 private:
-    static constexpr std::uint32_t kSteps = 4096;
+    static constexpr std::int64_t kPause = 4096;
 
-    const std::function<void()>& pause_;
-    std::uint32_t steps_ = 0;
+    const SortListener& listener_;
+    std::int64_t steps_;
+    std::int64_t step_ = 0;
 };
 
 /// The rows to sort, with their key values. A scratch table provides its values directly; rows of

@@ -97,7 +97,7 @@ void TableSort::Sort(const host::Ref<host::IHostObject>&) {
     for (const SortKey::Field& field : fields) indexes.push_back(field.index);
     auto rows = std::make_unique<SortRows>(table_, filter_, indexes);
     std::vector<SortKey> keys;
-    SortPauses pauses(pause_);
+    SortPauses pauses(listener_, rows->Count());
     for (const SortKey::Field& field : fields) keys.emplace_back(field, *rows, *callback_, pauses);
     order_ = OrderOf(*rows, keys, pauses);
     rows_ = std::move(rows);

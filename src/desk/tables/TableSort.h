@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -18,8 +17,7 @@ namespace desk {
 /// previous order.
 class TableSort : public host::IHostTableSort {
 public:
-    /// `pause` is called every few thousand steps of a sort; what it throws ends the sort.
-    explicit TableSort(std::function<void()> pause = {}) : pause_(std::move(pause)) {}
+    explicit TableSort(SortListener listener = {}) : listener_(std::move(listener)) {}
 
     void SetTable(const host::Ref<host::IHostTable>& table) override;
     void SetQueryFilter(const host::Ref<host::IHostQueryFilter>& filter) override {
@@ -46,7 +44,7 @@ private:
     std::string fields_;
     std::map<std::string, bool> ascending_;  ///< By field name.
     host::Ref<host::ITableSortCallBack> callback_;
-    std::function<void()> pause_;
+    SortListener listener_;
     std::unique_ptr<SortRows> rows_;
     std::vector<std::uint32_t> order_;
 };
