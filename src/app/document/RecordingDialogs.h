@@ -58,8 +58,8 @@ private:
     host::Ref<host::IHostDialogs> dialogs_;
     int silences_ = 0;
     int unshown_ = 0;       ///< Failures not shown so far.
-    std::string sentence_;  ///< The last of them.
     bool failureShown_ = false;
+    std::string sentence_;  ///< Of the last failure not shown.
 };
 
 }  // namespace app

@@ -135,9 +135,13 @@ FileState WriteDocument(const Document& document, const std::string& path,
 std::string MapBookPath(const Document& document, const std::string& documentPath) {
     if (document.mapBook.empty()) return {};
     const auto path = std::filesystem::path(documentPath).parent_path() / document.mapBook;
-    // A way up from the working folder is hard to read.
-    if (*path.lexically_normal().begin() != "..") return path.string();
-    return std::filesystem::absolute(path).lexically_normal().string();
+    // Messages show the path, and a way up from the working folder is hard to read.
+    auto step = path.begin();
+    if (*step != "..") return path.string();
+    auto whole = std::filesystem::current_path();
+    for (; step != path.end() && *step == ".."; ++step) whole = whole.parent_path();
+    for (; step != path.end(); ++step) whole /= *step;
+    return whole.string();
 }
 
 std::string PathFromDocument(const std::string& path, const std::string& documentPath) {

@@ -47,7 +47,8 @@ bool IsDocument(const std::string& path);
 FileState WriteDocument(const Document& document, const std::string& path,
                         const std::optional<FileState>& expected = std::nullopt);
 
-/// Path of the document's map book, relative to the working directory; empty without one.
+/// Path of the document's map book, relative to the working directory or, above it, absolute; empty
+/// without one.
 std::string MapBookPath(const Document& document, const std::string& documentPath);
 
 /// Returns a path as the document at documentPath stores it: relative to the document's folder
