@@ -51,7 +51,10 @@ void CommandSession::BindDrawable() {
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
-    auto list = FindFindings(document_, pages);
+    auto list = FindFindings(
+        document_,
+        document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
+        pages);
     AddFonts(*document_.TheDesk().Text(), list);
     toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
