@@ -6,12 +6,30 @@
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
+namespace {
+
+LayoutColumn MakeColumn(const std::string& name, const Settings& settings,
+                        const WorkingResults& results, host::IHostLocale& locale) try {
+    const auto set = SetUnder(*settings.columnsProperties, name);
+    return {name, ReadColumnProperties(*set, locale), SetUnder(*results.listings, name)};
+} catch (host::Failure& failure) {
+    failure.AddFact("column", name);
+    throw;
+}
+
+}  // namespace
 
 const std::string& LayoutColumn::Cell(const std::string& rowKey, host::IHostLocale& locale) {
     for (const Known& cell : known_)
         if (cell.isSet && cell.rowKey == rowKey) return cell.text;
     Known& cell = known_[oldest_];
-    cell = {rowKey, ToText(listings->Item(rowKey), locale), true};
+    try {
+        cell = {rowKey, ToText(listings->Item(rowKey), locale), true};
+    } catch (host::Failure& failure) {
+        failure.AddFact("column", name);
+        failure.AddFact("listing", rowKey);
+        throw;
+    }
     oldest_ = 1 - oldest_;
     return cell.text;
 }
@@ -28,11 +46,8 @@ LayoutPass::LayoutPass(host::IHost& host, const Settings& settings, const Workin
       rows_(rows),
       pen_(host.NewPoint()),
       bounds_(host.NewEnvelope()) {
-    for (const std::string& name : NamesOf(*settings.columnDisplayOrder)) {
-        const auto set = SetUnder(*settings.columnsProperties, name);
-        columns_.emplace_back(name, ReadColumnProperties(*set, host.Locale()),
-                              SetUnder(*results.listings, name));
-    }
+    for (const std::string& name : NamesOf(*settings.columnDisplayOrder))
+        columns_.push_back(MakeColumn(name, settings, results, host.Locale()));
 }
 
 const host::IHostEnvelope& LayoutPass::GetElementBounds(host::IHostElement& element) try {

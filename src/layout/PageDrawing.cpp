@@ -83,8 +83,23 @@ void BringTitlesToFront(IHostGroupElement& group) {
     for (const auto& title : titles) group.Add(title);
 }
 
-// The text across a sample page: 36 points, red, at 45 degrees over the middle of the frame.
+// The text across a sample page, over the middle of the frame.
 void AddSampleLabel(host::IHost& host, IHostGroupElement& group) {
+    auto label = host.NewTextElement();
+    label->SetSymbol(SampleLabelSymbol(host));
+    label->SetText(kSampleLabel);
+    const auto bounds = group.Geometry()->Bounds();
+    auto center = host.NewPoint();
+    center->SetX(bounds->XMin() + bounds->Width() / 2);
+    center->SetY(bounds->YMin() + bounds->Height() / 2);
+    label->SetGeometry(center);
+    SetTag(label, kSampleLabelTag);
+    group.Add(label);
+}
+
+}  // namespace
+
+Ref<host::IHostTextSymbol> SampleLabelSymbol(host::IHost& host) {
     auto font = host.NewFont();
     font->SetSize(36);
     font->SetName("Helvetica");
@@ -97,19 +112,8 @@ void AddSampleLabel(host::IHost& host, IHostGroupElement& group) {
     symbol->SetVerticalPlacement(1);
     symbol->SetHorizontalPlacement(1);
     symbol->SetAngle(45);
-    auto label = host.NewTextElement();
-    label->SetSymbol(symbol);
-    label->SetText("SAMPLE PAGE");
-    const auto bounds = group.Geometry()->Bounds();
-    auto center = host.NewPoint();
-    center->SetX(bounds->XMin() + bounds->Width() / 2);
-    center->SetY(bounds->YMin() + bounds->Height() / 2);
-    label->SetGeometry(center);
-    SetTag(label, kSampleLabelTag);
-    group.Add(label);
+    return symbol;
 }
-
-}  // namespace
 
 bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults& results,
               const Ref<host::IHostFillSymbol>& transparentFill,

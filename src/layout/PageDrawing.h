@@ -16,6 +16,10 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
               const host::Ref<host::IHostFillSymbol>& transparentFill,
               const host::Ref<host::IHostGroupElement>& group, std::int32_t pageNumber);
 
+/// The text across a sample page and its symbol: 36 points, red, at 45 degrees.
+inline constexpr char kSampleLabel[] = "SAMPLE PAGE";
+host::Ref<host::IHostTextSymbol> SampleLabelSymbol(host::IHost& host);
+
 /// Removes the rows of a drawn page and sets the element's draft option. A sample label stays until
 /// the next draw.
 void TakePageAway(const host::Ref<host::IHostGroupElement>& group);

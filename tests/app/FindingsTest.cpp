@@ -137,13 +137,57 @@ TEST_F(Findings, NoneMeansNone) {
     EXPECT_EQ(Checked("d.json"), json::array());
 }
 
+// Once each, and by every command.
+TEST_F(Findings, TellOfAllFonts) {
+    const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample", "--document",
+                                     "d.json", "--set", "Listing.ColumnFontSymbol=No Such Font,8"});
+    const auto check = program_.Done({"check", "d.json"});
+    EXPECT_EQ(check.errors, "");
+    const auto exported = program_.Done({"export", "d.json", "-o", "o.pdf"});
+    const auto count = [](std::string text) {
+        const std::string phrase = "is not installed";
+        std::size_t times = 0;
+        for (std::size_t at = 0; (at = text.find(phrase, at)) != std::string::npos; ++at) ++times;
+        return times;
+    };
+    EXPECT_EQ(count(check.output), count(made.errors));
+    EXPECT_EQ(count(check.output), count(exported.errors));
+}
+
+// The key, what is stored under it, and the reason.
+const std::tuple<const char*, const char*, const char*> kWrongKinds[] = {
+    {"ColumnWidth", R"({"set":[]})",
+     "Column \"Listing\": ColumnWidth must be a number of inches from -1000 to 1000."},
+    {"MarginTop", R"({"object":null})", "Column \"Listing\": MarginTop must be a number"},
+    {"Title", "null", "Column \"Listing\": Title must be a text."},
+    {"ShowTitle", R"("maybe")", "Column \"Listing\": ShowTitle must be true or false."},
+    {"RepeatSpacing", R"({"set":[]})", "RepeatSpacing must be a number of inches"},
+    {"RepeatSpacing", "null", "RepeatSpacing must be a number of inches"},
+    {"DefaultPage", R"({"object":null})", "DefaultPage must be a whole number."},
+};
+
+TEST_F(Findings, AWrongKindOfStoredValueIsAReason) {
+    program_.Done({"new", "new.json", "--listing-database", "long.dbf"});
+    for (const char* document : {"new.json", "long.json"})  // Without and with stored results.
+        for (const auto& [key, value, reason] : kWrongKinds) {
+            program_.Shell(std::string("sed -E '0,/\"") + key + "\",[^]]+/s//\"" + key + "\"," +
+                           value + "/' " + document + " >d.json");
+            SCOPED_TRACE(program_.Read("d.json"));
+            const auto check = program_.Done({"check", "d.json", "--json"});
+            EXPECT_EQ(check.errors, "");
+            EXPECT_EQ(check.Json()["drawable"], false);
+            EXPECT_TRUE(Contains(check.Json()["reasons"][0], reason));
+            EXPECT_EQ(program_.Done({"show", "d.json", "--json"}).Json()["drawable"], false);
+        }
+}
+
 // Why a run fails is a reason, too.
 TEST_F(Findings, AFailedRunIsAReason) {
     program_.Done({"set", "long.json", "Page.ColumnWidth=0.05"});
     const auto check = program_.Done({"check", "long.json", "--json"});
     EXPECT_EQ(check.errors, "");
     EXPECT_EQ(check.Json()["drawable"], false);
-    EXPECT_TRUE(Contains(check.Json()["reasons"][0], "too narrow"));
+    EXPECT_TRUE(Contains(check.Json()["reasons"][0], "too narrow for selected Font! (column"));
 }
 
 }  // namespace

@@ -69,6 +69,8 @@ TEST_F(Refusals, OfWrongUsage) {
         {{"set", "d.json", "--head-font", "Sans"}, 2, "--head-font"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--page-size", "a0"}, 2, "--page-size a0"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--frame", "1,1,9,3"}, 2, "--frame 1,1,9,3"},
+        {{"make", "streets.dbf", "-o", "o.pdf", "--first-page", "2147483647"}, 2, "1000000000"},
+        {{"set", "d.json", "--first-page", "1000000001"}, 2, "1000000000"},
         {{"export", "d.json", "-o", "o.pdf", "--pages", "2-1"}, 2, "--pages 2-1"},
         {{"set", "d.json", "DefaultPage=2", "Foo=1"}, 2, "no property \"Foo\""},
         {{"set", "d.json", "ColumnWidth=1"}, 2, "COLUMN.ColumnWidth=VALUE"},
@@ -124,22 +126,59 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
     });
 }
 
-// Whatever names the files go by.
+// Whatever names the files go by, and before a run.
 TEST_F(Refusals, ToWriteOverWhatIsRead) {
-    program_.Shell("cp streets.dbf t-1.png; cp d.json x-1.png; ln -s streets.dbf out.pdf");
-    const std::string files = "sha256sum *.dbf *.json *.png";
+    program_.WriteTable("sheets.dbf", {{"North", "1", "1", "1"}});
+    program_.Done({"book", "new", "book.json", "--sheets", "sheets.dbf"});
+    program_.Shell(
+        "cp streets.dbf t-1.png; cp d.json x-1.png; ln -s streets.dbf out.pdf; "
+        "ln streets.dbf hard.pdf; ln sheets.dbf hard.json; ln d.json same.pdf; "
+        "echo UTF-8 >streets.cpg; echo mine >other.txt");
+    const std::string files = "sha256sum *.dbf *.json *.png *.cpg *.pdf *.txt";
     const std::string before = program_.Shell(files);
-    for (const std::vector<std::string>& command :
-         {std::vector<std::string>{"make", "t-1.png", "-o", "t.png"},
-          {"make", "streets.dbf", "-o", "x.png", "--document", "x-1.png"},
-          {"export", "x-1.png", "-o", "x.png"},
-          {"export", "d.json", "-o", "out.pdf"},
-          {"draw", "d.json", "--page", "1", "-o", "out.pdf"}}) {
+    const std::vector<std::string> make{"make",   "streets.dbf", "-o",        "y.pdf",
+                                        "--book", "book.json",   "--document"};
+    const std::vector<std::string> renew{"new",    "--listing-database", "streets.dbf", "--force",
+                                         "--book", "book.json"};
+    std::vector<Refusal> refusals{
+        {{"make", "t-1.png", "-o", "t.png"}, 2, "made from it"},
+        {{"make", "streets.dbf", "-o", "x.png", "--document", "x-1.png"}, 2, "is the document"},
+        {{"export", "x-1.png", "-o", "x.png"}, 2, "is the document"},
+        {{"export", "d.json", "-o", "same.pdf"}, 2, "is the document"},
+        {{"export", "d.json", "-o", "out.pdf"}, 2, "made from it"},
+        {{"draw", "d.json", "--page", "1", "-o", "hard.pdf"}, 2, "made from it"},
+        {{"book", "new", "streets.cpg", "--sheets", "streets.dbf", "--force"}, 2, "made from it"}};
+    for (const char* file : {"streets.dbf", "streets.cpg", "book.json", "sheets.dbf", "hard.json",
+                             "hard.pdf", "other.txt", "empty.dbf"})
+        for (auto command : {make, renew}) {
+            command.emplace_back(file);
+            const bool isOther = std::string(file) == "other.txt" || file[0] == 'e';
+            refusals.emplace_back(command, isOther ? 1 : 2,
+                                  isOther ? "is no document of the desk" : "made from it");
+        }
+    for (const auto& [command, status, sentence] : refusals) {
+        SCOPED_TRACE(testing::PrintToString(command));
         const auto outcome = program_.Run(command);
-        EXPECT_EQ(outcome.status, 2) << outcome.errors;
-        EXPECT_TRUE(Contains(outcome.errors, "cannot be written"));
+        EXPECT_EQ(outcome.status, status);
+        EXPECT_TRUE(Contains(outcome.errors, sentence));
+        EXPECT_FALSE(Contains(outcome.errors, "records:"));
         EXPECT_EQ(program_.Shell(files), before);
     }
+}
+
+TEST_F(Refusals, OfMapBooksNameTheBook) {
+    program_.WriteTable("sheets.dbf", {{"North", "1", "1", "1"}});
+    program_.Done({"book", "new", "book.json", "--sheets", "sheets.dbf"});
+    program_.Done({"new", "linked.json", "--listing-database", "streets.dbf", "--book", "book.json",
+                   "--set", "LinkToMapSeries=true", "--set", "MapSeriesSectionKey=maps", "--set",
+                   "MapSeriesTemplateKey=sheet", "--set", "MapSeriesFrameName=Main map"});
+    program_.Shell("rm sheets.dbf");
+    EXPECT_TRUE(Contains(program_.Done({"check", "linked.json"}).output,
+                         "that the map book \"book.json\" names for the frame \"Main map\" cannot "
+                         "be read: There is no file sheets.dbf."));
+    Expect({{{"new", "x.json", "--listing-database", "streets.dbf", "--book", "/dev/zero"},
+             1,
+             "\"/dev/zero\""}});
 }
 
 TEST_F(Refusals, OfStoredResultsThatAreNoTexts) {

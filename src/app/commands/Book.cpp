@@ -79,19 +79,26 @@ void WriteSeries(desk::JsonWriter& json, const Options& options, const Labels& r
     json.EndObject();
 }
 
-// Writes a section with one template; its layout is written by the function.
-void WriteSection(desk::JsonWriter& json, const char* key, const char* name, std::int64_t startPage,
-                  const char* templateKey, const Labels& pages, const auto& writeLayout) {
+struct KeyAndName {
+    const char* key;
+    const char* name;
+};
+
+void WriteKeyAndName(desk::JsonWriter& json, const KeyAndName& names) {
     json.BeginObject();
-    json.Member("key", std::string(key));
-    json.Member("name", std::string(name));
+    json.Member("key", std::string(names.key));
+    json.Member("name", std::string(names.name));
+}
+
+// Writes a section with one template; its layout is written by the function.
+void WriteSection(desk::JsonWriter& json, const KeyAndName& section, std::int64_t startPage,
+                  const KeyAndName& itsTemplate, const Labels& pages, const auto& writeLayout) {
+    WriteKeyAndName(json, section);
     json.Member("startPage", startPage);
     WriteTexts(json, "pages", pages);
     json.Key("templates");
     json.BeginArray();
-    json.BeginObject();
-    json.Member("key", std::string(templateKey));
-    json.Member("name", std::string(name));
+    WriteKeyAndName(json, itsTemplate);
     json.Key("layout");
     json.BeginArray();
     writeLayout();
@@ -121,14 +128,16 @@ std::string BookText(const Options& options, std::int64_t sheets) {
     json.Member("key", std::string("atlas"));
     json.Key("sections");
     json.BeginArray();
-    WriteSection(json, "maps", "Maps", options.startPage, "sheet", SheetPages(sheets), [&] {
-        json.BeginObject();
-        json.Member("kind", std::string("mapFrame"));
-        json.Member("name", std::string("Main map"));
-        WriteSeries(json, options, rows, columns);
-        json.EndObject();
-    });
-    WriteSection(json, "back", "Index", options.startPage + sheets, "index", {"index$1"}, [] {});
+    WriteSection(json, {"maps", "Maps"}, options.startPage, {"sheet", "Map sheet"},
+                 SheetPages(sheets), [&] {
+                     json.BeginObject();
+                     json.Member("kind", std::string("mapFrame"));
+                     json.Member("name", std::string("Main map"));
+                     WriteSeries(json, options, rows, columns);
+                     json.EndObject();
+                 });
+    WriteSection(json, {"back", "Index"}, options.startPage + sheets, {"index", "Gazetteer"},
+                 {"index$1"}, [] {});
     json.EndArray();
     json.EndObject();
     json.EndArray();
@@ -140,7 +149,9 @@ std::string BookText(const Options& options, std::int64_t sheets) {
 }  // namespace
 
 int BookNew(const Options& options) {
-    CheckApart(options.book, {options.sheets});
+    if (IsOfTable(options.book, options.sheets))
+        throw UsageError("The file \"" + options.book +
+                         "\" cannot be written: the map book is made from it.");
     std::error_code ignored;
     if (!options.force && std::filesystem::exists(options.book, ignored))
         throw CommandError("The map book file \"" + options.book +

@@ -8,6 +8,7 @@
 #include "app/commands/HelpTexts.h"
 #include "app/document/ArgumentParser.h"
 #include "app/document/Errors.h"
+#include "desk/documents/Document.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/ErrorHandling.h"
 
@@ -23,7 +24,7 @@ public:
     int RunChosen() const { return chosen_(options_); }
 
 private:
-    static CLI::App& AddParent(CLI::App& parent, const char* name, const char* text);
+    CLI::App& AddParent(CLI::App& parent, const char* name, const char* text);
     CLI::App& Add(CLI::App& parent, const char* name, const char* text, Command* run);
     CLI::App& AddForDocument(CLI::App& parent, const char* name, const char* text, Command* run);
     void AddNewDocumentOptions(CLI::App& command);
@@ -57,7 +58,8 @@ Commands::Commands() {
 
 CLI::App& Commands::AddParent(CLI::App& parent, const char* name, const char* text) {
     auto& command = *parent.add_subcommand(name, text);
-    const std::string help = HelpText(name);
+    const bool isFirst = &parent == &program_;
+    const std::string help = HelpText(isFirst ? name : parent.get_name() + ' ' + name);
     if (!help.empty()) command.footer(help);
     return command;
 }
@@ -103,7 +105,7 @@ void Commands::AddSheetOptions(CLI::App& command) {
     command
         .add_option("--first-page", options_.firstPage,
                     "Number printed on the first sheet (default: by the map book, or 1)")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(1, desk::kLargestFirstSheet));
     AddText(command, "--head", options_.head,
             "Running head, with $$FIRST and $$LAST for the listings of the page; empty: none");
     AddText(command, "--head-font", options_.headFont,
@@ -129,7 +131,8 @@ void Commands::AddMake() {
         ->required();
     make.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
         ->required();
-    make.add_option("--document", options_.document, "Keep the document under this name");
+    make.add_option("--document", options_.document,
+                    "Keep the document under this name, also in place of another document");
     AddNewDocumentOptions(make);
     make.add_option("--columns", options_.columnGroups,
                     "Number of column groups on a page (default: as many as fit)")

@@ -47,8 +47,7 @@ bool CommandSession::Bind() {
 
 void CommandSession::BindDrawable() {
     if (!Bind()) throw AlreadyReported{};
-    const auto& manager = document_.Manager();
-    if (!manager.CanDraw()) throw CommandError(UndrawableSentence(manager));
+    if (!document_.Manager().CanDraw()) throw CommandError(UndrawableSentence(document_.Reasons()));
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
@@ -57,13 +56,13 @@ FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
         document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
         pages);
     AddFonts(*document_.TheDesk().Text(), list);
+    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
     auto list = Find(pages);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
-    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
 }
 

@@ -48,7 +48,7 @@ public:
 
 private:
     OpenDocument document_;
-    std::size_t toldFonts_ = 0;  ///< Font warnings that were told.
+    std::size_t toldFonts_ = 0;  ///< Font warnings that were returned as findings.
 };
 
 }  // namespace app

@@ -4,7 +4,6 @@
 #include "app/commands/Commands.h"
 #include "app/commands/JsonAnswer.h"
 #include "app/document/Errors.h"
-#include "app/document/FilePaths.h"
 #include "app/document/KeyValues.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/Sheets.h"
@@ -112,9 +111,9 @@ void PrintTree(OpenDocument& document, std::int32_t page) {
 
 int Draw(const Options& options) {
     if (!options.output.empty()) CheckOutputName(options.output);
-    CheckApart(options.output, {options.document});
     CommandSession session(options);
     auto& document = session.Open(options.document);
+    CheckApart(document, options.output, options.document);
     session.BindDrawable();
     session.CheckHasPages();
     CheckPage(options.page, document.PageCount());

@@ -63,12 +63,16 @@ void SetUpPage(OpenDocument& document, const Options& options) {
     ApplyPageSetup(document, setup);
 }
 
+// Before anything is written to the file of a new document.
+void CheckDocumentFile(const OpenDocument& document, const std::string& path) {
+    CheckApart(document, path, {});
+    CheckIsDocumentOrNew(path);
+}
+
 }  // namespace
 
 int Make(const Options& options) {
     CheckOutputName(options.output);
-    CheckApart(options.output, {options.listingDatabase, options.book, options.document});
-    CheckApart(options.document, {options.listingDatabase, options.book});
     CommandSession session(options);
     auto& document = session.Document();
     // A document that is not saved resolves its paths from the folder of the output.
@@ -78,6 +82,8 @@ int Make(const Options& options) {
     SetUpPage(document, options);
     Assign(document, options);
 
+    if (!options.document.empty()) CheckDocumentFile(document, options.document);
+    CheckSheetsApart(document, options.output, PageRange{}, options.document);
     session.BindDrawable();
     session.CheckHasPages();
     const PageRange pages{1, document.PageCount()};
@@ -91,16 +97,16 @@ int Make(const Options& options) {
 }
 
 int New(const Options& options) {
-    CheckApart(options.document, {options.listingDatabase, options.book});
     std::error_code ignored;
     if (!options.force && std::filesystem::exists(options.document, ignored))
-        throw CommandError("The document \"" + options.document +
-                           "\" exists already; --force replaces it.");
+        throw CommandError("The file \"" + options.document +
+                           "\" exists already; --force replaces a document.");
     CommandSession session(options);
     auto& document = session.Document();
     StartNewDocument(document, options, options.document);
     SetUpPage(document, options);
     Assign(document, options);
+    CheckDocumentFile(document, options.document);
     // Also refuses a file that another program has created since the check.
     if (!options.force) document.TheDesk().SetReplaceable(desk::FileState{});
     document.Save();

@@ -1,7 +1,6 @@
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
 #include "app/document/Errors.h"
-#include "app/document/FilePaths.h"
 #include "app/document/Sheets.h"
 
 namespace app {
@@ -42,10 +41,10 @@ int Draft(const Options& options) {
 
 int Export(const Options& options) {
     CheckOutputName(options.output);
-    CheckApart(options.output, {options.document});
     const auto asked = ParsePages(options.pages);
     CommandSession session(options);
     auto& document = session.Open(options.document);
+    CheckSheetsApart(document, options.output, asked.value_or(PageRange{}), options.document);
     session.BindDrawable();
     session.CheckHasPages();
     const auto pages = asked.value_or(PageRange{1, document.PageCount()});

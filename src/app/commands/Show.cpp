@@ -133,8 +133,16 @@ bool CanRun(OpenDocument& document, gazetteer::Findings& reasons) {
     const RecordingDialogs::Silent silent(document.Dialogs());
     auto& manager = document.Manager();
     manager.SetIndexElement(document.Gazetteer());
-    if (!silent.Failed()) return true;
-    reasons = manager.LastFindings();
+    if (silent.Failed()) reasons = {silent.Sentence()};
+    return !silent.Failed();
+}
+
+// Looks at all pages. Stored results that cannot be read are a reason.
+bool CanFind(CommandSession& session, FindingList& list, gazetteer::Findings& reasons) try {
+    if (session.Document().PageCount() > 0) list = session.Find();
+    return true;
+} catch (const host::Failure& failure) {
+    reasons = {"The stored results are damaged: " + FailureSentence(failure)};
     return false;
 }
 
@@ -155,9 +163,9 @@ int Check(const Options& options) {
     CommandSession session(options);
     auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
-    const bool drawable = document.CanDraw(reasons) && CanRun(document, reasons);
     FindingList list;
-    if (drawable && document.PageCount() > 0) list = session.Find();
+    const bool drawable =
+        document.CanDraw(reasons) && CanRun(document, reasons) && CanFind(session, list, reasons);
     if (!options.json) {
         Print(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons));
         for (const auto& sentence : list.Sentences()) Print("  " + sentence);

@@ -1,8 +1,11 @@
 #include "app/document/FilePaths.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 
 #include "app/document/Errors.h"
+#include "desk/documents/Document.h"
 
 namespace app {
 namespace {
@@ -22,14 +25,26 @@ std::string FullPath(const std::string& path) {
 }
 
 bool IsSameFile(const std::string& one, const std::string& other) {
-    return !one.empty() && !other.empty() && Resolved(one) == Resolved(other);
+    if (one.empty() || other.empty()) return false;
+    std::error_code ignored;
+    return Resolved(one) == Resolved(other) || std::filesystem::equivalent(one, other, ignored);
 }
 
-void CheckApart(const std::string& written, std::initializer_list<std::string> others) {
-    for (const std::string& other : others)
-        if (IsSameFile(written, other))
-            throw UsageError("The file \"" + written +
-                             "\" cannot be written: the command needs it for something else.");
+bool IsOfTable(const std::string& path, const std::string& table) {
+    if (table.empty()) return false;
+    if (IsSameFile(path, table)) return true;
+    return std::ranges::any_of(std::array{".cpg", ".CPG", ".dbt", ".DBT"}, [&](const char* ending) {
+        return IsSameFile(path, std::filesystem::path(table).replace_extension(ending).string());
+    });
+}
+
+void CheckIsDocumentOrNew(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored) || std::filesystem::is_empty(path, ignored) ||
+        desk::IsDocument(path))
+        return;
+    throw CommandError("The file \"" + path +
+                       "\" is no document of the desk, so that it is not replaced by one.");
 }
 
 }  // namespace app

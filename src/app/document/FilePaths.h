@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 
 namespace app {
@@ -8,10 +7,14 @@ namespace app {
 /// Returns a path as documents store it: absolute, and with a backslash unchanged.
 std::string FullPath(const std::string& path);
 
-/// Returns true if two paths name the same file, existing or not; false for an empty path.
+/// Returns true if two paths name the same file, existing or not, also by links of either kind;
+/// false for an empty path.
 bool IsSameFile(const std::string& one, const std::string& other);
 
-/// Throws UsageError if the written file is one of the others. Empty paths mean no file.
-void CheckApart(const std::string& written, std::initializer_list<std::string> others);
+/// Returns true if a file is a table or one that is read with it: its code page or memos.
+bool IsOfTable(const std::string& path, const std::string& table);
+
+/// Throws CommandError if there is a file at the path that is no document and holds anything.
+void CheckIsDocumentOrNew(const std::string& path);
 
 }  // namespace app

@@ -4,6 +4,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
+#include "layout/PageDrawing.h"
 #include "model/Results.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
@@ -142,6 +143,19 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
     }
 }
 
+// Lets the engine look up the fonts of the texts that stand on the sheet beside the rows.
+void SetOtherTexts(OpenDocument& open) {
+    const auto display = open.Host().NewApplication()->Document()->ActiveView()->Display();
+    const auto set = [&](host::IHostTextSymbol& symbol, const std::string& text) {
+        symbol.MeasureText(display->DeviceContext(), display->Transformation(), text);
+    };
+    for (const auto& element : open.TheDesk().CurrentDocument().elements)
+        if (const auto text = host::As<host::IHostTextElement>(element))
+            set(*text->Symbol(), text->Text());
+    if (open.Manager().BoundSettings().samplePage)
+        set(*gazetteer::SampleLabelSymbol(open.Host()), gazetteer::kSampleLabel);
+}
+
 }  // namespace
 
 void AddFonts(const desk::TextEngine& engine, FindingList& list) {
@@ -157,6 +171,7 @@ FindingList FindFindings(OpenDocument& open, LengthUnit unit,
     FindingList list;
     AddTableFindings(open, list);
     AddElementsOffSheet(open, list);
+    SetOtherTexts(open);
     PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), unit, list);
     finder.AddFromPages();
     finder.AddUnplaced();

@@ -1,29 +1,25 @@
 #include "app/document/OpenDocument.h"
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
 #include <utility>
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
-#include "desk/tables/DbfTable.h"
+#include "app/document/StoredValues.h"
 #include "model/GeneralFunctions.h"
+#include "model/KeyNames.h"
 
 namespace app {
 namespace {
 
-std::string PathOf(const host::Ref<host::IHostTable>& table) {
-    const auto dbf = host::As<desk::DbfTable>(table);
-    return dbf ? dbf->Path() : "";
-}
-
-// Whether a file is a table or one that is read with it: code page, memos.
-bool IsOfTable(const std::string& path, const std::string& table) {
-    if (IsSameFile(path, table)) return true;
-    return std::ranges::any_of(std::array{".cpg", ".CPG", ".dbt", ".DBT"}, [&](const char* ending) {
-        return IsSameFile(path, std::filesystem::path(table).replace_extension(ending).string());
-    });
+// Empty if a damaged document has none.
+std::string ListingDatabaseOf(const host::Ref<host::IHostGroupElement>& element) {
+    const auto items = gazetteer::StoredGazetteerProperties(element)->AllItems();
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        if (const auto* const file = std::get_if<std::string>(&items.values[i]);
+            file && items.names[i] == gazetteer::keys::kIndexDatabaseFile)
+            return *file;
+    return {};
 }
 
 }  // namespace
@@ -89,20 +85,26 @@ bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
         reasons = {"The document has no gazetteer frame."};
         return false;
     }
+    reasons = FaultsOfStoredValues(*Properties(), Host().Locale());
+    if (!reasons.empty()) return false;
     const RecordingDialogs::Silent silent(*dialogs_);
     const bool canDraw = Manager().CanDrawIndex(Gazetteer());
-    reasons = Manager().LastFindings();
+    reasons = silent.Failed() ? gazetteer::Findings{silent.Sentence()} : Manager().LastFindings();
     return canDraw;
+}
+
+gazetteer::Findings OpenDocument::Reasons() {
+    auto reasons = FaultsOfStoredValues(*Properties(), Host().Locale());
+    return reasons.empty() ? Manager().LastFindings() : reasons;
 }
 
 bool OpenDocument::IsMadeFrom(const std::string& path) const {
     if (IsSameFile(path, desk::MapBookPath(desk_->CurrentDocument(), Path()))) return true;
-    return std::ranges::any_of(frames_, [&](const GazetteerFrame& frame) {
-        const auto& manager = *frame.manager;
-        return IsOfTable(path, manager.BoundSettings().indexDatabaseFile) ||
-               IsOfTable(path, PathOf(manager.DatabaseTable())) ||
-               IsOfTable(path, PathOf(manager.IndexLayerTable()));
-    });
+    auto tables = desk_->IndexLayerFiles();
+    for (const auto& frame : frames_)
+        tables.push_back(desk_->TableFile(ListingDatabaseOf(frame.element)));
+    return std::ranges::any_of(tables,
+                               [&](const std::string& table) { return IsOfTable(path, table); });
 }
 
 void OpenDocument::CheckNothingFailed() {

@@ -73,8 +73,10 @@ public:
     /// Returns whether the element passes its check; if not, adds the reasons. An exception during
     /// the check counts as a reason.
     bool CanDraw(gazetteer::Findings& reasons);
+    /// Returns why the chosen gazetteer could not be bound.
+    gazetteer::Findings Reasons();
     /// Returns whether the document is made from a file: its map book, a listing database, an index
-    /// layer, or what belongs to one of these tables.
+    /// layer of the book, or what belongs to one of these tables. Needs no binding.
     bool IsMadeFrom(const std::string& path) const;
     /// Throws AlreadyReported if a failure was shown since the last call.
     void CheckNothingFailed();

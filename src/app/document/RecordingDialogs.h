@@ -1,7 +1,9 @@
 #pragma once
 
+#include <string>
 #include <utility>
 
+#include "app/document/Errors.h"
 #include "host/Dialogs.h"
 
 namespace app {
@@ -15,6 +17,7 @@ public:
     host::MessageAnswer MessageBox(const host::MessageBoxRequest& request) override {
         if (request.failure && silences_ > 0) {
             ++unshown_;
+            sentence_ = FailureSentence(*request.failure);
             return host::MessageAnswer::Ok;
         }
         if (request.failure) failureShown_ = true;
@@ -43,6 +46,8 @@ public:
         Silent& operator=(const Silent&) = delete;
 
         bool Failed() const { return dialogs_.unshown_ > before_; }
+        /// The last failure, where there is one.
+        const std::string& Sentence() const { return dialogs_.sentence_; }
 
     private:
         RecordingDialogs& dialogs_;
@@ -52,8 +57,9 @@ public:
 private:
     host::Ref<host::IHostDialogs> dialogs_;
     int silences_ = 0;
-    int unshown_ = 0;  ///< Failures not shown so far.
+    int unshown_ = 0;       ///< Failures not shown so far.
     bool failureShown_ = false;
+    std::string sentence_;  ///< Of the last failure not shown.
 };
 
 }  // namespace app

@@ -49,9 +49,9 @@ std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager) {
                                               : "since the frame is lower than the row of titles.";
 }
 
-std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager) {
+std::string UndrawableSentence(const gazetteer::Findings& reasons) {
     std::string sentence = std::string(kUndrawable) + '.';
-    for (const auto& finding : manager.LastFindings()) sentence += ' ' + finding;
+    for (const auto& reason : reasons) sentence += ' ' + reason;
     return sentence;
 }
 

@@ -20,8 +20,8 @@ std::vector<std::string> TableWarnings(const gazetteer::CVNGazetteerManager& man
 /// Returns the end of a sentence that says why listings found no place.
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager);
 
-/// Returns one line that says that the gazetteer cannot be drawn, with the manager's reasons.
-std::string UndrawableSentence(const gazetteer::CVNGazetteerManager& manager);
+/// Returns one line that says that the gazetteer cannot be drawn, with the reasons.
+std::string UndrawableSentence(const gazetteer::Findings& reasons);
 /// The same with one line per reason.
 std::string UndrawableLines(const gazetteer::Findings& reasons);
 

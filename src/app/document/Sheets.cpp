@@ -70,12 +70,6 @@ std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::stri
                                        .firstNumber = NumberOf(open, firstPage)});
 }
 
-void CheckNotMadeFrom(const OpenDocument& open, const std::string& path) {
-    if (open.IsMadeFrom(path))
-        throw UsageError("The file \"" + path +
-                         "\" cannot be written: the document is made from it.");
-}
-
 bool HoldsManySheets(const std::string& path) {
     const auto* format = desk::FormatOf(path);
     return format && format->manySheets;
@@ -144,14 +138,17 @@ void DrawPage(OpenDocument& open, std::int32_t page) {
                            " of the stored results holds no listing; the document is damaged.");
 }
 
+void CheckApart(const OpenDocument& open, const std::string& path, const std::string& document) {
+    const std::string refused = "The file \"" + path + "\" cannot be written: ";
+    if (IsSameFile(path, document)) throw UsageError(refused + "it is the document.");
+    if (open.IsMadeFrom(path)) throw UsageError(refused + "the document is made from it.");
+}
+
 void CheckSheetsApart(const OpenDocument& open, const std::string& path, const PageRange& pages,
                       const std::string& document) {
     const bool one = HoldsManySheets(path);
-    for (std::int32_t page = pages.first; page <= (one ? pages.first : pages.last); ++page) {
-        const std::string written = one ? path : NumberedPath(path, page);
-        CheckApart(written, {document});
-        CheckNotMadeFrom(open, written);
-    }
+    for (std::int32_t page = pages.first; page <= (one ? pages.first : pages.last); ++page)
+        CheckApart(open, one ? path : NumberedPath(path, page), document);
 }
 
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
@@ -174,7 +171,6 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
 
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
                     double dotsPerInch) {
-    CheckNotMadeFrom(open, path);
     const auto writer = OpenWriter(open, path, page, dotsPerInch);
     WriteSheet(open, *writer, page);
     writer->Finish();

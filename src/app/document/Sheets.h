@@ -45,8 +45,11 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
 /// Returns the file name of a page, for formats with one file per page.
 std::string NumberedPath(const std::string& path, std::int32_t page);
 
-/// Throws UsageError if a file that WriteSheets would write is one that the document is made from,
-/// or its own. Whether or not the document is on disk, its own is the one of the given name.
+/// Throws UsageError if a file to write is one that the document is made from, or its own. Whether
+/// or not the document is on disk, its own is the one of the given name.
+void CheckApart(const OpenDocument& open, const std::string& path, const std::string& document);
+
+/// The same for the files that WriteSheets would write.
 void CheckSheetsApart(const OpenDocument& open, const std::string& path, const PageRange& pages,
                       const std::string& document);
 

@@ -81,12 +81,20 @@ std::string ListingOf(const host::Ref<host::IHostRow>& row, const Table& table,
     return gazetteer::ToText(row->Value(index), locale);
 }
 
-// The fields that a record's finding names, with their columns.
+// The empty fields of a record, which stand in the order of their columns.
 std::string Phrase(const std::vector<const PrintedField*>& empty) {
     std::string phrase;
-    for (const auto* field : empty)
-        phrase += std::string(phrase.empty() ? "" : ", and ") + "the field \"" + field->name +
-                  "\", which the column \"" + field->column + "\" prints";
+    for (std::size_t i = 0; i < empty.size(); ++i) {
+        const auto isSameColumn = [&](std::size_t other) {
+            return other < empty.size() && empty[other]->column == empty[i]->column;
+        };
+        const bool begins = i == 0 || !isSameColumn(i - 1);
+        phrase += i == 0 ? "" : begins ? ", and " : " and ";
+        if (begins) phrase += isSameColumn(i + 1) ? "the fields " : "the field ";
+        phrase += '"' + empty[i]->name + '"';
+        if (!isSameColumn(i + 1))
+            phrase += ", which the column \"" + empty[i]->column + "\" prints";
+    }
     return phrase + (empty.size() == 1 ? ", is empty." : ", are empty.");
 }
 

@@ -168,7 +168,7 @@ void WindowSession::AddResultNotices() {
     if (manager.HasRun())
         for (const auto& warning : TableWarnings(manager)) AddNotice(warning);
     if (!manager.CanDraw())
-        AddNotice(UndrawableSentence(manager));
+        AddNotice(UndrawableSentence(document_.Reasons()));
     else if (document_.PageCount() == 0)
         AddNotice(NoPageReason(manager));
     else

@@ -1,6 +1,7 @@
 #include "desk/documents/Document.h"
 
 #include <filesystem>
+#include <fstream>
 
 #include "desk/documents/ElementReader.h"
 #include "desk/documents/ElementWriter.h"
@@ -104,9 +105,19 @@ Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>
     document.mapBook = OptionalText(top, "mapBook");
     document.templateKey = OptionalText(top, "template");
     document.locale = OptionalText(top, "locale");
-    if (const auto first = top.Optional("firstSheet")) document.firstSheet = first->Whole(1);
+    if (const auto first = top.Optional("firstSheet"))
+        document.firstSheet = first->Whole(1, kLargestFirstSheet);
     ReadPage(top.Member("page"), engine, document);
     return document;
+}
+
+bool IsDocument(const std::string& path) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(path, ignored)) return false;
+    std::string beginning(64, '\0');
+    std::ifstream(path, std::ios::binary)
+        .read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+    return beginning.find('"' + std::string(kFormat) + '"') != std::string::npos;
 }
 
 FileState WriteDocument(const Document& document, const std::string& path,
@@ -123,7 +134,14 @@ FileState WriteDocument(const Document& document, const std::string& path,
 
 std::string MapBookPath(const Document& document, const std::string& documentPath) {
     if (document.mapBook.empty()) return {};
-    return (std::filesystem::path(documentPath).parent_path() / document.mapBook).string();
+    const auto path = std::filesystem::path(documentPath).parent_path() / document.mapBook;
+    // Messages show the path, and a way up from the working folder is hard to read.
+    auto step = path.begin();
+    if (*step != "..") return path.string();
+    auto whole = std::filesystem::current_path();
+    for (; step != path.end() && *step == ".."; ++step) whole = whole.parent_path();
+    for (; step != path.end(); ++step) whole /= *step;
+    return whole.string();
 }
 
 std::string PathFromDocument(const std::string& path, const std::string& documentPath) {

@@ -12,11 +12,14 @@ namespace desk {
 
 class TextEngine;
 
-/// A layout page and the elements on it, lowest first.
 /// Sides of a sheet in inches; the largest is the largest that PDF readers show.
 inline constexpr double kSmallestSheet = 0.01;
 inline constexpr double kLargestSheet = 200;
 
+/// The largest number of a first sheet; leaves room for those of the sheets behind it.
+inline constexpr std::int32_t kLargestFirstSheet = 1'000'000'000;
+
+/// A layout page and the elements on it, lowest first.
 struct Document {
     std::string title;
     double pageWidth = 8.5;  ///< Inches, as is the height; positive.
@@ -36,12 +39,16 @@ struct Document {
 Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>& engine,
                       FileState* state = nullptr);
 
+/// Whether a file begins as a document of the desk does, whatever its version and damaged or not.
+bool IsDocument(const std::string& path);
+
 /// Replaces the file atomically (see ReplacingFile). If an expected state is given, throws when the
 /// file at the path differs from it. The same content gives the same bytes. Returns the new state.
 FileState WriteDocument(const Document& document, const std::string& path,
                         const std::optional<FileState>& expected = std::nullopt);
 
-/// Path of the document's map book, relative to the working directory; empty without one.
+/// Path of the document's map book, relative to the working directory or, above it, absolute; empty
+/// without one.
 std::string MapBookPath(const Document& document, const std::string& documentPath);
 
 /// Returns a path as the document at documentPath stores it: relative to the document's folder

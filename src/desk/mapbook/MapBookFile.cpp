@@ -32,7 +32,8 @@ auto List(const JsonNode& node, Reader read) {
 
 class BookReader {
 public:
-    explicit BookReader(const std::string& path) : folder_(fs::path(path).parent_path()) {}
+    explicit BookReader(const std::string& path)
+        : path_(path), folder_(fs::path(path).parent_path()) {}
 
     Book ReadBook(const JsonNode& node) {
         Book book;
@@ -41,6 +42,8 @@ public:
                              [&](const JsonNode& section) { return ReadSection(section); });
         return book;
     }
+
+    std::vector<std::string> TakeIndexLayers() { return std::move(indexLayers_); }
 
 private:
     BookSection ReadSection(const JsonNode& node) {
@@ -79,18 +82,18 @@ private:
         return page;
     }
 
-    std::vector<host::Ref<host::IHostElement>> Layout(const JsonNode& node) const {
+    std::vector<host::Ref<host::IHostElement>> Layout(const JsonNode& node) {
         return List(node, [&](const JsonNode& item) { return Element(item); });
     }
 
-    host::Ref<host::IHostElement> Element(const JsonNode& node) const {
+    host::Ref<host::IHostElement> Element(const JsonNode& node) {
         const auto kind = node.Member("kind");
         if (kind.Text() == "mapFrame") return Frame(node);
         if (kind.Text() == "group") return Group(node);
         kind.Fail("\"mapFrame\" or \"group\" is expected");
     }
 
-    host::Ref<host::IHostElement> Group(const JsonNode& node) const {
+    host::Ref<host::IHostElement> Group(const JsonNode& node) {
         auto group = std::make_shared<GroupElement>();
         if (const auto name = node.Optional("name")) group->SetName(TextOf(*name));
         const auto members = node.Member("members");
@@ -99,7 +102,7 @@ private:
         return group;
     }
 
-    host::Ref<host::IHostElement> Frame(const JsonNode& node) const {
+    host::Ref<host::IHostElement> Frame(const JsonNode& node) {
         const auto series = node.Optional("series");
         const auto frame = series ? Paging(ReadSeries(*series)) : std::make_shared<MapFrame>();
         frame->SetName(TextOf(node.Member("name")));
@@ -111,10 +114,13 @@ private:
         return std::make_shared<GridSeriesFrame>(std::move(series));
     }
 
-    Series ReadSeries(const JsonNode& node) const {
+    Series ReadSeries(const JsonNode& node) {
         Series series;
-        if (const auto layer = node.Optional("indexLayer"))
+        series.book = path_;
+        if (const auto layer = node.Optional("indexLayer")) {
             series.indexLayer = PathOf(std::string(layer->Name()));
+            indexLayers_.push_back(series.indexLayer);
+        }
         series.firstPage = node.Member("firstPage").Whole();
         if (const auto grids = node.Optional("grids")) series.grids = List(*grids, Grid);
         return series;
@@ -134,10 +140,12 @@ private:
         return (folder_ / name).string();
     }
 
+    std::string path_;
     fs::path folder_;
     std::set<std::string> bookKeys_;
     std::set<std::string> sectionKeys_;
     std::set<std::string> templateKeys_;
+    std::vector<std::string> indexLayers_;
 };
 
 std::string Fault(simdjson::error_code error, const std::string& text) {
@@ -168,6 +176,7 @@ MapBookFile ReadMapBookFile(const std::string& path) {
     BookReader reader(path);
     file.books =
         List(root.Member("books"), [&](const JsonNode& book) { return reader.ReadBook(book); });
+    file.indexLayers = reader.TakeIndexLayers();
     return file;
 }
 

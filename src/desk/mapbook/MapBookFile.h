@@ -32,6 +32,7 @@ struct MapBookFile {
     std::string path;
     std::string currentTemplate;  ///< Empty if the file names none.
     std::vector<Book> books;
+    std::vector<std::string> indexLayers;  ///< Paths of the tables of all index layers.
 };
 
 /// Reads a map book file. Keys of books, of sections and of templates must be unique among all of

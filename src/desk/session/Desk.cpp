@@ -139,8 +139,21 @@ host::Ref<host::CVNExpressionEngine> Desk::NewExpressionEngine() {
 
 bool Desk::FileExists(const std::string& path) {
     std::error_code error;
-    const auto status = std::filesystem::status(ResolveTablePath(path, DocumentFolder()), error);
+    const auto status = std::filesystem::status(TableFile(path), error);
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+std::string Desk::TableFile(const std::string& path) const {
+    return ResolveTablePath(path, DocumentFolder());
+}
+
+std::vector<std::string> Desk::IndexLayerFiles() const try {
+    std::vector<std::string> files;
+    if (const auto book = book_->File())
+        for (const auto& layer : book->indexLayers) files.push_back(ResolveTablePath(layer));
+    return files;
+} catch (const host::Failure&) {
+    return {};
 }
 
 host::Ref<host::IHostPixelSurface> Desk::NewPixelSurface(std::int32_t width, std::int32_t height,

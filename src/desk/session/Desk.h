@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "desk/devices/Devices.h"
 #include "desk/documents/Document.h"
@@ -88,6 +89,10 @@ public:
     host::Ref<host::IHostTableSort> NewTableSort() override;
     /// Accepts either separator and any case of the ending, as for tables. False for folders.
     bool FileExists(const std::string& path) override;
+    /// The file that a path of a table means, as FileExists and the workspaces find it.
+    std::string TableFile(const std::string& path) const;
+    /// The tables of the map book's index layers; none without a map book that can be read.
+    std::vector<std::string> IndexLayerFiles() const;
 
 private:
     std::string DocumentFolder() const;
