@@ -67,7 +67,10 @@ void AddEmptyValues(OpenDocument& open, FindingList& list) {
     if (fields.empty()) return;
     const std::int32_t listing = table->FindField("Listing");
     const auto rows = table->Search(open.Host().NewQueryFilter(), true);
-    while (const auto row = rows->NextRow())
+    // A run numbers the records that it reads, as a row key does.
+    std::int64_t number = 0;
+    while (const auto row = rows->NextRow()) {
+        ++number;
         for (const auto& field : fields) {
             if (!IsEmpty(row->Value(field.index))) continue;
             Finding finding{findings::kEmptyValue, {}};
@@ -75,12 +78,15 @@ void AddEmptyValues(OpenDocument& open, FindingList& list) {
                 finding.listing = gazetteer::ToText(row->Value(listing), open.Host().Locale());
             finding.column = field.column;
             finding.record = row->OID();
+            finding.row = std::to_string(number);
+            finding.element = open.Gazetteer();
             finding.text = "record " + std::to_string(finding.record) +
                            (finding.listing.empty() ? "" : ", \"" + Shown(finding.listing) + "\"") +
                            ": the field \"" + field.name + "\", which the column \"" +
                            field.column + "\" prints, is empty.";
             list.Add(std::move(finding));
         }
+    }
 }
 
 }  // namespace app
