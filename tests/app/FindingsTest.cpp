@@ -12,9 +12,10 @@ class Findings : public ::testing::Test {
 protected:
     void SetUp() override {
         support::WriteFindingTables(program_);
-        for (const char* name : {"long", "odd"})
+        for (const char* name : {"long", "odd", "pageless", "rowless"})
             program_.Done({"make", name + std::string(".dbf"), "-o", "o.pdf", "--document",
                            name + std::string(".json"), "--page-size", support::kFindingPage});
+        support::TakeFields(program_);
     }
     json Checked(const std::string& document) const {
         return program_.Done({"check", document, "--json"}).Json()["findings"];
@@ -58,12 +59,15 @@ TEST_F(Findings, AreToldBeforeAFileIsWritten) {
 TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample", "--page-size",
                                      "5x4", "--document", "d.json"});
-    EXPECT_TRUE(Contains(made.errors, " listings found no place on a page in all."));
+    EXPECT_TRUE(Contains(made.errors, "in all, 106 listings found no place on a page."));
     std::size_t told = 0;
     for (std::size_t at = 0; (at = made.errors.find(" found no place", at)) != std::string::npos;
          ++at)
         ++told;
     EXPECT_EQ(told, 6U);
+    program_.WriteTable("bare.dbf", std::vector(6, std::vector<std::string>{"Ash St", "1"}));
+    EXPECT_TRUE(Contains(program_.Done({"make", "bare.dbf", "-o", "o.pdf"}).errors,
+                         "in all, 6 records have no value in a field that is printed."));
     EXPECT_EQ(Checked("d.json"), program_.Done({"show", "d.json", "--json"}).Json()["findings"]);
     // Those of other pages are none of an export of some.
     program_.Done({"set", "d.json", "SamplePage=false", "Page.ColumnWidth=9"});

@@ -36,6 +36,9 @@ inline const FindingCase kFindingCases[] = {
     {"odd", {}, "empty-value", "the field \"Listing\"", R"({"record": 2, "column": "Listing"})"},
     {"odd", {}, "empty-value", "the field \"Page\"", R"({"record": 3, "listing": "Ash St"})"},
     {"odd", {}, "empty-value", "the field \"Row\"", R"({"record": 4, "column": "Page"})"},
+    {"pageless", {}, "missing-field", "no field \"Page\"", R"({"column": "Page"})"},
+    {"rowless", {}, "missing-field", "no field \"Row\"", R"({"column": "Page"})"},
+    {"rowless", {"Page.Expression=$$PAGE_NUMBER $$COLUMN"}, "missing-field", "no field \"Row\""},
 };
 
 /// The page size of the documents.
@@ -72,6 +75,18 @@ inline void WriteFindingTables(const TemporaryFolder& folder) {
                        {"", "2", "1", "1"},
                        {"Ash St", "", "1", "1"},
                        {"Elm St", "3", "", "2"}});
+    for (const char* name : {"pageless.dbf", "rowless.dbf"})
+        WriteListingTable(folder.File(name), {{"Main St", "6", "2", "3"}});
+}
+
+/// Takes fields from two of the tables, after their documents are made.
+inline void TakeFields(const TemporaryFolder& folder) {
+    DbfBuilder({{"Listing"}, {"Row"}, {"Column"}})
+        .Row({"Main St", "2", "3"})
+        .Write(folder.File("pageless.dbf"));
+    DbfBuilder({{"Listing"}, {"Page"}, {"Column"}})
+        .Row({"Main St", "6", "3"})
+        .Write(folder.File("rowless.dbf"));
 }
 
 }  // namespace support

@@ -150,7 +150,7 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
 
 void AddGazetteerFindings(OpenDocument& open, const std::optional<PageRange>& pages,
                           FindingList& list) {
-    AddEmptyValues(open, list);
+    AddTableFindings(open, list);
     PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), list);
     finder.AddFromPages();
     finder.AddUnplaced();

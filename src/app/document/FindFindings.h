@@ -24,7 +24,8 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list);
 void AddFonts(OpenDocument& open, FindingList& list);
 /// @}
 
-/// Adds the records whose listing, page, row or column is empty although a column prints it.
-void AddEmptyValues(OpenDocument& open, FindingList& list);
+/// Adds the fields Page, Row and Column that the listing database lost although a column prints
+/// them, and the records whose listing, page, row or column is empty although a column prints it.
+void AddTableFindings(OpenDocument& open, FindingList& list);
 
 }  // namespace app

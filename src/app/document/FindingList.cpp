@@ -21,7 +21,9 @@ struct KindTexts {
 constexpr KindTexts kTexts[] = {
     {findings::kOutsideSheet, "Off the sheet", "listings lie off the sheet"},
     {findings::kOutsideFrame, "Out of the frame", "listings stand out of the frame"},
-    {findings::kEmptyValue, "Empty values", "records have an empty value that is printed"},
+    {findings::kMissingField, "Missing fields",
+     "fields that are printed are not in the listing database"},
+    {findings::kEmptyValue, "Empty values", "records have no value in a field that is printed"},
     {findings::kBrokenWord, "Broken words", "words are longer than a line of their column"},
     {findings::kHeadingLeftOut, "Headings left out", "headings are left out"},
     {findings::kHeadingAlone, "Headings alone at the foot",
@@ -64,8 +66,8 @@ std::vector<FindingList::Kind> FindingList::Kinds() const {
             if (finding.kind == name)
                 (kind.told.size() < kTold ? kind.told : kind.more).push_back(&finding);
         if (count > static_cast<std::int64_t>(kTold) || name == findings::kNoPlace)
-            kind.summary = std::to_string(count) + ' ' + (count == 1 ? texts.ofOne : texts.ofMany) +
-                           " in all.";
+            kind.summary = "in all, " + std::to_string(count) + ' ' +
+                           (count == 1 ? texts.ofOne : texts.ofMany) + '.';
         kinds.push_back(std::move(kind));
     }
     return kinds;
