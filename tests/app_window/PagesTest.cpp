@@ -148,7 +148,7 @@ TEST_F(Pages, HitsAreMarkedOnThePage) {
     Do("zoomFull");
     for (int i = 0; i < 4; ++i) Do("zoomIn");
     filter.setText("0800");
-    QTest::keyClick(&filter, Qt::Key_F3);
+    Do("findNext");
     const auto found = marks();
     ASSERT_EQ(found.size(), 1U);
     auto& view = window_->View();
