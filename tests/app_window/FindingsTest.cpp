@@ -11,7 +11,6 @@
 #include "app_window/WindowStory.h"
 #include "host/Application.h"
 #include "support/FindingCases.h"
-#include "support/Text.h"
 
 namespace {
 
@@ -127,27 +126,6 @@ TEST_F(Findings, AreThoseOfTheDocumentAsItIsNow) {
     Make(Table("names.dbf", 10));
     EXPECT_TRUE(Rows().empty());
     EXPECT_FALSE(List().isVisible());
-}
-
-TEST_F(Findings, OfABookThatLostItsSectionAreListed) {
-    const std::filesystem::path examples = GAZETTEER_SOURCE_DIR "/examples";
-    for (const char* name : {"atlas-book.json", "atlas-sheets.dbf"})
-        std::filesystem::copy_file(examples / name, folder_.File(name));
-    support::WriteFindingTables(folder_);
-    OpenWith("odd",
-             {"LinkToMapSeries=true", "MapSeriesSectionKey=maps", "MapSeriesTemplateKey=sheet",
-              "MapSeriesFrameName=Main map"},
-             folder_.File("atlas-book.json"));
-    ShowList();
-    EXPECT_FALSE(Lists("section"));
-    folder_.Write("atlas-book.json",
-                  gazetteer::ReplaceAll(folder_.Read("atlas-book.json"), "\"maps\"", "\"charts\""));
-    support::WhenModal([](QWidget& told) { support::Escape(told); });
-    Open(folder_.File("odd.json"));
-    auto* const row = Row("\"maps\"");
-    ASSERT_NE(row, nullptr);
-    List().setCurrentItem(row);
-    EXPECT_TRUE(Action("deselect").isEnabled()) << "the gazetteer is selected";
 }
 
 TEST_F(Findings, AreCopiedCountedAndShownFromTheNotice) {
