@@ -56,6 +56,13 @@ TEST_F(Findings, AreToldBeforeAFileIsWritten) {
     }
 }
 
+TEST_F(Findings, LengthsHaveTheUnitOfTheLocale) {
+    program_.Done({"set", "long.json", "--locale=sv", "RepeatSpacing=0.8", "Page.ColumnWidth=0.4",
+                   "Listing.ColumnWidth=0.7"});
+    EXPECT_TRUE(Has(Checked("long.json"), "outside-frame", " mm beyond the right edge of the frame",
+                    json::object()));
+}
+
 TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample", "--page-size",
                                      "5x4", "--document", "d.json"});

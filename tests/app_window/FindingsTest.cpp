@@ -8,6 +8,7 @@
 
 #include "app/document/FindFindings.h"
 #include "app/document/SettingsEdit.h"
+#include "app/window/LengthBox.h"
 #include "app_window/WindowStory.h"
 #include "host/Application.h"
 #include "support/FindingCases.h"
@@ -85,7 +86,7 @@ TEST_F(Findings, AreListedAndLeadToTheirPlaces) {
         for (const auto* row : Rows())
             if (row->parent() != nullptr && row->parent()->parent() == nullptr)
                 listed.push_back(row->text(0).toStdString());
-        EXPECT_EQ(listed, app::FindFindings(Session().Document()).Sentences());
+        EXPECT_EQ(listed, app::FindFindings(Session().Document(), app::WindowUnit()).Sentences());
         auto* const row = Row(part);
         ASSERT_NE(row, nullptr);
 

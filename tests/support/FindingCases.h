@@ -22,7 +22,7 @@ inline const FindingCase kFindingCases[] = {
     {"long",
      {"RepeatSpacing=0.8", "Page.ColumnWidth=0.4", "Listing.ColumnWidth=0.7"},
      "outside-frame",
-     "beyond the right edge of the frame",
+     " inches beyond the right edge of the frame",
      R"({"page": 1})"},
     {"long", {}, "heading-left-out", "found no room", R"({"page": 4})"},
     {"long", {}, "heading-alone", "stands alone", R"({"page": 2})"},

@@ -52,7 +52,10 @@ void CommandSession::BindDrawable() {
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
-    return FindFindings(document_, pages);
+    return FindFindings(
+        document_,
+        document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
+        pages);
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {

@@ -1,8 +1,6 @@
 #include "app/document/FindFindings.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "app/document/Errors.h"
 #include "app/document/ListingPlaces.h"
@@ -17,12 +15,6 @@ using gazetteer::PageFinding;
 
 constexpr double kRounding = 1e-6;  // Inches.
 
-std::string Inches(double inches) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.2f", inches);
-    return text.data();
-}
-
 bool LiesOnSheet(const desk::Document& document, double left, double bottom, double right,
                  double top) {
     return left >= -kRounding && bottom >= -kRounding && right <= document.pageWidth + kRounding &&
@@ -32,8 +24,8 @@ bool LiesOnSheet(const desk::Document& document, double left, double bottom, dou
 // Makes the findings of one gazetteer from what its manager knows.
 class PageFinder {
 public:
-    PageFinder(OpenDocument& open, const PageRange& pages, FindingList& list)
-        : open_(open), manager_(open.Manager()), pages_(pages), list_(list) {}
+    PageFinder(OpenDocument& open, const PageRange& pages, LengthUnit unit, FindingList& list)
+        : open_(open), manager_(open.Manager()), pages_(pages), unit_(unit), list_(list) {}
 
     void AddFromPages();
     void AddUnplaced();
@@ -45,6 +37,7 @@ private:
     OpenDocument& open_;
     gazetteer::CVNGazetteerManager& manager_;
     PageRange pages_;
+    LengthUnit unit_;
     FindingList& list_;
 };
 
@@ -55,9 +48,9 @@ void PageFinder::DescribePlace(const PageFinding& found, Finding& finding) const
                                      frame->XMax() + std::max(0.0, found.atRight), 0);
     finding.kind = onSheet ? findings::kOutsideFrame : findings::kOutsideSheet;
     const bool below = found.below > kRounding;
-    finding.text += " stands " + Inches(below ? found.below : found.atRight) +
-                    (below ? " inches below the foot" : " inches beyond the right edge") +
-                    " of the frame" + (onSheet ? "" : ", off the sheet") + '.';
+    finding.text += " stands " + LengthText(below ? found.below : found.atRight, unit_) +
+                    (below ? " below the foot" : " beyond the right edge") + " of the frame" +
+                    (onSheet ? "" : ", off the sheet") + '.';
 }
 
 Finding PageFinder::Make(const PageFinding& found) const {
@@ -148,17 +141,18 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
     }
 }
 
-void AddGazetteerFindings(OpenDocument& open, const std::optional<PageRange>& pages,
-                          FindingList& list) {
+void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
+                          const std::optional<PageRange>& pages, FindingList& list) {
     AddTableFindings(open, list);
-    PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), list);
+    PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), unit, list);
     finder.AddFromPages();
     finder.AddUnplaced();
 }
 
-FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages) {
+FindingList FindFindings(OpenDocument& open, LengthUnit unit,
+                         const std::optional<PageRange>& pages) {
     FindingList list;
-    AddGazetteerFindings(open, pages, list);
+    AddGazetteerFindings(open, unit, pages, list);
     AddElementsOffSheet(open, list);
     AddFonts(open, list);
     return list;

@@ -4,19 +4,22 @@
 
 #include "app/document/FindingList.h"
 #include "app/document/OpenDocument.h"
+#include "app/document/SheetSizes.h"
 #include "app/document/Sheets.h"
 
 namespace app {
 
 /// Returns what would be wrong on the given pages of the bound gazetteer, or on all: reads the
-/// listing database once, and numbers the pages of stored results again. Throws if that fails.
-FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages = std::nullopt);
+/// listing database once, and numbers the pages of stored results again. Lengths in sentences have
+/// the given unit. Throws if that fails.
+FindingList FindFindings(OpenDocument& open, LengthUnit unit,
+                         const std::optional<PageRange>& pages = std::nullopt);
 
 /// The parts of which FindFindings consists, in their order.
 /// @{
 /// Adds those of the bound gazetteer.
-void AddGazetteerFindings(OpenDocument& open, const std::optional<PageRange>& pages,
-                          FindingList& list);
+void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
+                          const std::optional<PageRange>& pages, FindingList& list);
 /// Adds the elements that do not lie on the sheet.
 void AddElementsOffSheet(OpenDocument& open, FindingList& list);
 /// Adds the fonts of all gazetteers and texts of the document that are not installed, and the

@@ -20,7 +20,13 @@ public:
     void Show(const std::vector<std::string>& notices, bool details);
     QAbstractButton* Details() const { return details_; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    void ShowIcon();
+
     QLabel* icon_;
     QLabel* text_;
     QAbstractButton* details_;

@@ -10,6 +10,7 @@
 #include "app/document/FindFindings.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/RunTexts.h"
+#include "app/window/LengthBox.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -188,7 +189,7 @@ void WindowSession::AddUndrawable(const std::string& notice, const gazetteer::Fi
 
 void WindowSession::FindInChosen() {
     try {
-        AddGazetteerFindings(document_, {}, findings_);
+        AddGazetteerFindings(document_, WindowUnit(), {}, findings_);
     } catch (const std::exception&) {
         AddUndrawable(CurrentSentence(), {CurrentSentence()});
     }
@@ -245,11 +246,15 @@ void WindowSession::EmptyDrafts() {
 void WindowSession::Export(const std::string& path, const PageRange& pages,
                            const SheetListener& before) {
     CheckSheetsApart(document_, path, pages, OnDisk() ? Path() : "");
+    DrawOthers([&] { WriteSheets(document_, path, pages, before); });
+}
+
+void WindowSession::DrawOthers(const std::function<void()>& work) {
     const bool draft = InDraft();
-    // An earlier failure must not end the export.
+    // An earlier failure must not end the work.
     document_.Dialogs().TakeFailureShown();
     try {
-        WriteSheets(document_, path, pages, before);
+        work();
     } catch (...) {
         RestoreView(draft);
         throw;
