@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
-#include <tuple>
 
 #include "app/Program.h"
+#include "support/FindingCases.h"
 
 namespace tests {
 namespace {
@@ -11,71 +11,17 @@ using nlohmann::json;
 class Findings : public ::testing::Test {
 protected:
     void SetUp() override {
-        program_.WriteLongTable("long.dbf", 120);
-        program_.WriteTable("odd.dbf", {{"Llanfairpwllgwyngyllgogerychwyrndrobwll", "1", "1", "1"},
-                                        {"", "2", "1", "1"},
-                                        {"Ash St", "", "1", "1"},
-                                        {"Elm St", "3", "", "2"}});
-        for (const char* name : {"pageless", "rowless"})
-            program_.WriteTable(name + std::string(".dbf"), {{"Main St", "6", "2", "3"}});
+        support::WriteFindingTables(program_);
         for (const char* name : {"long", "odd", "pageless", "rowless"})
             program_.Done({"make", name + std::string(".dbf"), "-o", "o.pdf", "--document",
-                           name + std::string(".json"), "--page-size", "5.5x4"});
-        support::DbfBuilder({{"Listing"}, {"Row"}, {"Column"}})
-            .Row({"Main St", "2", "3"})
-            .Write(program_.File("pageless.dbf"));
-        support::DbfBuilder({{"Listing"}, {"Page"}, {"Column"}})
-            .Row({"Main St", "6", "3"})
-            .Write(program_.File("rowless.dbf"));
+                           name + std::string(".json"), "--page-size", support::kFindingPage});
+        support::TakeFields(program_);
     }
     json Checked(const std::string& document) const {
         return program_.Done({"check", document, "--json"}).Json()["findings"];
     }
 
     Program program_;
-};
-
-// The document, what is set in it, and of one of the findings the kind, a part of its sentence, and
-// further keys.
-const std::tuple<const char*, std::vector<std::string>, const char*, const char*, json> kCases[] = {
-    {"long.json", {"Listing.ColumnWidth=15"}, "outside-sheet", "off the sheet", {{"page", 1}}},
-    {"long.json",
-     {"RepeatSpacing=0.8", "Page.ColumnWidth=0.4", "Listing.ColumnWidth=0.7"},
-     "outside-frame",
-     " inches beyond the right edge of the frame",
-     {{"page", 1}}},
-    {"long.json",
-     {"RepeatSpacing=0.8", "Page.ColumnWidth=0.4", "Listing.ColumnWidth=0.7", "--locale=sv"},
-     "outside-frame",
-     " mm beyond the right edge of the frame",
-     {{"page", 1}}},
-    {"long.json", {}, "heading-left-out", "found no room", {{"page", 4}}},
-    {"long.json", {}, "heading-alone", "stands alone", {{"page", 2}}},
-    {"long.json", {"SamplePage=true"}, "no-place", "only a sample page was asked for", {}},
-    {"long.json",
-     {"Listing.ColumnFontSymbol=No Such Font,8"},
-     "missing-font",
-     "is not installed",
-     {}},
-    {"odd.json",
-     {"Listing.ColumnWidth=1"},
-     "broken-word",
-     "longer than a line",
-     {{"column", "Listing"}}},
-    {"odd.json",
-     {},
-     "empty-value",
-     "the field \"Listing\"",
-     {{"record", 2}, {"column", "Listing"}}},
-    {"odd.json", {}, "empty-value", "the field \"Page\"", {{"record", 3}, {"listing", "Ash St"}}},
-    {"odd.json", {}, "empty-value", "the field \"Row\"", {{"record", 4}, {"column", "Page"}}},
-    {"pageless.json", {}, "missing-field", "no field \"Page\"", {{"column", "Page"}}},
-    {"rowless.json", {}, "missing-field", "no field \"Row\"", {{"column", "Page"}}},
-    {"rowless.json",
-     {"Page.Expression=$$PAGE_NUMBER $$COLUMN"},
-     "missing-field",
-     "no field \"Row\"",
-     {}},
 };
 
 bool Has(const json& findings, const std::string& kind, const std::string& part, const json& keys) {
@@ -90,16 +36,16 @@ bool Has(const json& findings, const std::string& kind, const std::string& part,
 }
 
 TEST_F(Findings, AreToldBeforeAFileIsWritten) {
-    for (const auto& [document, settings, kind, part, keys] : kCases) {
+    for (const auto& [document, settings, kind, part, keys] : support::kFindingCases) {
         SCOPED_TRACE(std::string(kind) + ' ' + part);
-        program_.Write("d.json", program_.Read(document));
+        program_.Write("d.json", program_.Read(document + std::string(".json")));
         std::vector<std::string> set{"set", "d.json"};
         set.insert(set.end(), settings.begin(), settings.end());
         if (!settings.empty()) program_.Done(set);
         program_.Shell("rm -f e.pdf");
         for (const bool stored : {false, true}) {
             const auto findings = Checked("d.json");
-            EXPECT_TRUE(Has(findings, kind, part, keys)) << findings.dump(1);
+            EXPECT_TRUE(Has(findings, kind, part, json::parse(keys))) << findings.dump(1);
             const auto strict = program_.Run({"export", "d.json", "-o", "e.pdf", "--strict"});
             EXPECT_EQ(strict.status, 1);
             EXPECT_TRUE(Contains(strict.errors, part));
@@ -108,6 +54,13 @@ TEST_F(Findings, AreToldBeforeAFileIsWritten) {
         }
         EXPECT_TRUE(Contains(program_.Done({"export", "d.json", "-o", "e.pdf"}).errors, part));
     }
+}
+
+TEST_F(Findings, LengthsHaveTheUnitOfTheLocale) {
+    program_.Done({"set", "long.json", "--locale=sv", "RepeatSpacing=0.8", "Page.ColumnWidth=0.4",
+                   "Listing.ColumnWidth=0.7"});
+    EXPECT_TRUE(Has(Checked("long.json"), "outside-frame", " mm beyond the right edge of the frame",
+                    json::object()));
 }
 
 TEST_F(Findings, AreToldFiveOfAKindAndCounted) {

@@ -4,6 +4,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include "support/FindingCases.h"
+
 namespace tests {
 namespace {
 
@@ -57,23 +59,11 @@ nlohmann::json Program::Stored(const std::string& document) const {
 
 void Program::WriteTable(const std::string& name,
                          const std::vector<std::vector<std::string>>& rows) const {
-    support::DbfBuilder table(
-        {{"Listing", 'C', 40}, {"Page", 'N', 4}, {"Row", 'N', 4}, {"Column", 'N', 4}});
-    table.LanguageDriver(0x57);
-    for (const auto& row : rows) table.Row(row);
-    table.Write(File(name));
+    support::WriteListingTable(File(name), rows);
 }
 
 void Program::WriteLongTable(const std::string& name, int listings) const {
-    std::vector<std::vector<std::string>> rows;
-    for (int i = 0; i < listings; ++i) {
-        std::string listing = "Aa Street";
-        listing[0] = static_cast<char>('A' + i / 2 % 26);
-        listing[1] = static_cast<char>('a' + i / 52 % 26);
-        listing += i % 2 == 0 ? "" : " North Extension";
-        rows.push_back({listing, std::to_string(i + 1), "1", "2"});
-    }
-    WriteTable(name, rows);
+    support::WriteLongTable(File(name), listings);
 }
 
 Child::Child(const Program& program, std::vector<std::string> arguments) : program_(program) {

@@ -105,14 +105,9 @@ TEST_F(Pages, AreFoundByListing) {
     QTest::keyClick(&filter, Qt::Key_Return);
     EXPECT_EQ(Session().Page(), page);
 
-    // Each hit has a row of its own, and the window's shortcuts work in the field.
+    // Each hit has a row of its own.
     filter.setText("alpha 000");
     EXPECT_EQ(ListedPages(), 9);
-    for (const auto& [key, edits] : {std::pair(Qt::Key_E, false), {Qt::Key_C, true}}) {
-        QKeyEvent event(QEvent::ShortcutOverride, key, Qt::ControlModifier);
-        QApplication::sendEvent(&filter, &event);
-        EXPECT_EQ(event.isAccepted(), edits) << key;
-    }
     auto& list = Find<QTreeView>("pageList");
     list.setCurrentIndex(List().index(4, 0));
     EXPECT_EQ(list.currentIndex().row(), 4);
@@ -127,6 +122,76 @@ TEST_F(Pages, AreFoundByListing) {
     QTest::keyClick(&filter, Qt::Key_Escape);
     EXPECT_EQ(ListedPages(), Session().Pages());
     EXPECT_EQ(Find<QTreeView>("pageList").currentIndex().row(), page - 1);
+}
+
+TEST_F(Pages, HitsAreMarkedOnThePage) {
+    const auto marks = [this] { return window_->View().Marks(); };
+    auto& filter = Find<QLineEdit>("pageFilter");
+    EXPECT_TRUE(marks().empty());
+    filter.setText("alpha 000");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return marks().size() == 9; }));
+    const double height = Session().Document().TheDesk().CurrentDocument().pageHeight;
+    for (const int row : {0, 5}) {
+        Find<QTreeView>("pageList").setCurrentIndex(List().index(row, 0));
+        const auto current = marks().back();
+        EXPECT_TRUE(current.current);
+        // Marked are the cells of this listing and no others.
+        const auto line = host::As<host::IHostGroupElement>(support::TestDesk::Members(
+            *Session().Document().Gazetteer(), "ROWGROUP")[static_cast<std::size_t>(row)]);
+        const auto bounds = Session().Host().NewEnvelope();
+        line->MeasureBounds(Session().Host().NewApplication()->Document()->ActiveView()->Display(),
+                            bounds);
+        EXPECT_NEAR(current.box.top(), height - bounds->YMax(), 0.01);
+        EXPECT_NEAR(current.box.left(), bounds->XMin(), 0.01);
+        EXPECT_NEAR(current.box.width(), bounds->Width(), 0.01);
+    }
+    Do("zoomFull");
+    for (int i = 0; i < 4; ++i) Do("zoomIn");
+    filter.setText("0800");
+    Do("findNext");
+    const auto found = marks();
+    ASSERT_EQ(found.size(), 1U);
+    auto& view = window_->View();
+    EXPECT_TRUE(view.viewport()->rect().contains(view.ToView(found[0].box.center()).toPoint()))
+        << "scrolled to";
+    Do("draft");
+    EXPECT_TRUE(marks().empty());
+}
+
+// Each key is pressed in the field for searching.
+TEST_F(Pages, TheSearchFieldLeavesTheWindowItsShortcuts) {
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    auto& filter = Find<QLineEdit>("pageFilter");
+    Do("findPage");
+    ASSERT_TRUE(filter.hasFocus());
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        QTest::keyClick(&filter, key, with);
+    };
+    press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(Session().Page(), 2);
+    press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_TRUE(Session().InDraft());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(Session().InDraft()) << "the field has nothing to take back";
+    QTest::keyClicks(&filter, "alpha 000");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return ListedPages() == 9; }));
+    press(Qt::Key_F3);
+    EXPECT_EQ(Session().Page(), 1);
+    press(Qt::Key_F3);
+    EXPECT_EQ(Find<QTreeView>("pageList").currentIndex().row(), 1);
+    press(Qt::Key_F3, Qt::ShiftModifier);
+    press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Find<QTreeView>("pageList").currentIndex().row(), 8) << "after the first the last";
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(filter.text(), "");
+    bool opened = false;
+    support::WhenModal([&](QWidget& dialog) {
+        opened = true;
+        support::Escape(dialog);
+    });
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_TRUE(opened);
 }
 
 TEST_F(Pages, DraftTakesThePageOnShowAwayAndBringsItBack) {

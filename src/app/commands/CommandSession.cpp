@@ -20,8 +20,8 @@ CommandSession::CommandSession(const CommonOptions& options)
     : document_(DeskOptionsOf(options), Warn) {}
 
 CommandSession::~CommandSession() {
-    const auto warnings = FontWarnings(*document_.TheDesk().Text());
-    for (std::size_t i = toldFonts_; i < warnings.size(); ++i) Warn(warnings[i]);
+    for (const auto& font : document_.TheDesk().Text()->Substitutions())
+        if (const auto warning = FontWarning(font); !told_.contains(warning)) Warn(warning);
 }
 
 OpenDocument& CommandSession::Open(const std::string& path) {
@@ -51,17 +51,15 @@ void CommandSession::BindDrawable() {
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
-    auto list = FindFindings(
+    return FindFindings(
         document_,
         document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
         pages);
-    AddFonts(*document_.TheDesk().Text(), list);
-    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
-    return list;
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
     auto list = Find(pages);
+    for (const auto& finding : list.Kept()) told_.insert(finding.text);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
     return list;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 
 #include "app/document/FindFindings.h"
@@ -48,7 +49,7 @@ public:
 
 private:
     OpenDocument document_;
-    std::size_t toldFonts_ = 0;  ///< Font warnings that were returned as findings.
+    std::set<std::string> told_;  ///< Texts of findings.
 };
 
 }  // namespace app

@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include "app/document/Errors.h"
+#include "app/document/ListingPlaces.h"
 #include "app/document/RunTexts.h"
-#include "layout/PageDrawing.h"
 #include "model/Results.h"
 #include "support/Conversions.h"
-#include "support/Text.h"
 
 namespace app {
 namespace {
@@ -34,7 +33,6 @@ public:
 private:
     Finding Make(const PageFinding& found) const;
     void DescribePlace(const PageFinding& found, Finding& finding) const;
-    std::string ListingOf(const std::string& rowKey) const;
 
     OpenDocument& open_;
     gazetteer::CVNGazetteerManager& manager_;
@@ -42,18 +40,6 @@ private:
     LengthUnit unit_;
     FindingList& list_;
 };
-
-// The text of the listing's first column, without what is resolved at drawing.
-std::string PageFinder::ListingOf(const std::string& rowKey) const {
-    const auto columns = gazetteer::NamesOf(*manager_.BoundSettings().columnDisplayOrder, 1);
-    if (columns.empty()) return {};
-    const auto cells = gazetteer::SetUnder(*manager_.Working().listings, columns.front());
-    std::string text = gazetteer::ToText(cells->Item(rowKey), open_.Host().Locale());
-    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
-        text = gazetteer::ReplaceAll(std::move(text), token, "");
-    return gazetteer::WithoutOuterBlanks(
-        gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " "));
-}
 
 void PageFinder::DescribePlace(const PageFinding& found, Finding& finding) const {
     const auto frame = open_.Gazetteer()->Geometry()->Bounds();
@@ -68,7 +54,14 @@ void PageFinder::DescribePlace(const PageFinding& found, Finding& finding) const
 }
 
 Finding PageFinder::Make(const PageFinding& found) const {
-    Finding finding{"", {}, ListingOf(found.rowKey), found.column, found.page};
+    Finding finding{"",
+                    {},
+                    ListingText(open_, found.rowKey),
+                    found.column,
+                    found.page,
+                    0,
+                    found.rowKey,
+                    open_.Gazetteer()};
     const std::string name = '"' + Shown(finding.listing) + '"';
     finding.text = "page " + std::to_string(found.page) + ": ";
     switch (found.kind) {
@@ -122,13 +115,16 @@ void PageFinder::AddUnplaced() {
     const std::string reason = NoPlaceReason(manager_);
     const std::size_t end = std::min(count, placed + gazetteer::PageFindings::kKeptOfAKind);
     for (std::size_t i = placed; i < end; ++i) {
-        Finding finding{findings::kNoPlace, {}, ListingOf(rows[i])};
+        Finding finding{findings::kNoPlace, {}, ListingText(open_, rows[i])};
+        finding.element = open_.Gazetteer();
         finding.text =
             "the listing \"" + Shown(finding.listing) + "\" found no place on a page, " + reason;
         list_.Add(std::move(finding));
     }
     list_.Count(findings::kNoPlace, static_cast<std::int64_t>(count - end));
 }
+
+}  // namespace
 
 void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
     const auto& document = open.TheDesk().CurrentDocument();
@@ -138,43 +134,27 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
         const auto box = geometry->Bounds();
         if (LiesOnSheet(document, box->XMin(), box->YMin(), box->XMax(), box->YMax())) continue;
         const auto named = host::As<host::IHostElementName>(element);
-        list.Add({findings::kOutsideSheet, "the element \"" + (named ? named->Name() : "") +
-                                               "\" lies partly off the sheet."});
+        Finding finding{findings::kOutsideSheet, "the element \"" + (named ? named->Name() : "") +
+                                                     "\" lies partly off the sheet."};
+        finding.element = element;
+        list.Add(std::move(finding));
     }
 }
 
-// Lets the engine look up the fonts of the texts that stand on the sheet beside the rows.
-void SetOtherTexts(OpenDocument& open) {
-    const auto display = open.Host().NewApplication()->Document()->ActiveView()->Display();
-    const auto set = [&](host::IHostTextSymbol& symbol, const std::string& text) {
-        symbol.MeasureText(display->DeviceContext(), display->Transformation(), text);
-    };
-    for (const auto& element : open.TheDesk().CurrentDocument().elements)
-        if (const auto text = host::As<host::IHostTextElement>(element))
-            set(*text->Symbol(), text->Text());
-    if (open.Manager().BoundSettings().samplePage)
-        set(*gazetteer::SampleLabelSymbol(open.Host()), gazetteer::kSampleLabel);
-}
-
-}  // namespace
-
-void AddFonts(const desk::TextEngine& engine, FindingList& list) {
-    for (const auto& warning : FontWarnings(engine)) list.Add({findings::kMissingFont, warning});
-    for (const char32_t character : engine.MissingCharacters())
-        list.Add({findings::kMissingCharacter, "no installed font has the character " +
-                                                   CodePoint(character) +
-                                                   "; a box is printed instead."});
+void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
+                          const std::optional<PageRange>& pages, FindingList& list) {
+    AddTableFindings(open, list);
+    PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), unit, list);
+    finder.AddFromPages();
+    finder.AddUnplaced();
 }
 
 FindingList FindFindings(OpenDocument& open, LengthUnit unit,
                          const std::optional<PageRange>& pages) {
     FindingList list;
-    AddTableFindings(open, list);
+    AddGazetteerFindings(open, unit, pages, list);
     AddElementsOffSheet(open, list);
-    SetOtherTexts(open);
-    PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), unit, list);
-    finder.AddFromPages();
-    finder.AddUnplaced();
+    AddFonts(open, list);
     return list;
 }
 

@@ -15,9 +15,17 @@ namespace app {
 FindingList FindFindings(OpenDocument& open, LengthUnit unit,
                          const std::optional<PageRange>& pages = std::nullopt);
 
-/// Adds the fonts that are not installed, and the characters that no font has, of all texts that
-/// the engine has set so far.
-void AddFonts(const desk::TextEngine& engine, FindingList& list);
+/// The parts of which FindFindings consists, in their order.
+/// @{
+/// Adds those of the bound gazetteer.
+void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
+                          const std::optional<PageRange>& pages, FindingList& list);
+/// Adds the elements that do not lie on the sheet.
+void AddElementsOffSheet(OpenDocument& open, FindingList& list);
+/// Adds the fonts of all gazetteers and texts of the document that are not installed, and the
+/// characters in these that no font has. The gazetteers need not be drawable.
+void AddFonts(OpenDocument& open, FindingList& list);
+/// @}
 
 /// Adds the fields Page, Row and Column that the listing database lost although a column prints
 /// them, and the records whose listing, page, row or column is empty although a column prints it.

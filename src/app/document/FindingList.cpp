@@ -9,32 +9,31 @@ namespace app {
 namespace {
 
 /// Sentences told of a kind.
-constexpr std::int64_t kTold = 5;
+constexpr std::size_t kTold = 5;
 
-struct Summary {
+struct KindTexts {
     std::string_view kind;
+    const char* title;
     const char* ofMany;
     const char* ofOne = nullptr;  // One of most kinds needs no summary.
 };
 
-constexpr Summary kSummaries[] = {
-    {findings::kOutsideSheet, "listings lie off the sheet"},
-    {findings::kOutsideFrame, "listings stand out of the frame"},
-    {findings::kMissingField, "fields that are printed are not in the listing database"},
-    {findings::kEmptyValue, "records have no value in a field that is printed"},
-    {findings::kBrokenWord, "words are longer than a line of their column"},
-    {findings::kHeadingLeftOut, "headings are left out"},
-    {findings::kHeadingAlone, "headings stand alone at the foot of a column group"},
-    {findings::kMissingCharacter, "characters are in no installed font"},
-    {findings::kMissingFont, "fonts are not installed"},
-    {findings::kNoPlace, "listings found no place on a page", "listing found no place on a page"},
+constexpr KindTexts kTexts[] = {
+    {findings::kOutsideSheet, "Off the sheet", "listings lie off the sheet"},
+    {findings::kOutsideFrame, "Out of the frame", "listings stand out of the frame"},
+    {findings::kMissingField, "Missing fields",
+     "fields that are printed are not in the listing database"},
+    {findings::kEmptyValue, "Empty values", "records have no value in a field that is printed"},
+    {findings::kBrokenWord, "Broken words", "words are longer than a line of their column"},
+    {findings::kHeadingLeftOut, "Headings left out", "headings are left out"},
+    {findings::kHeadingAlone, "Headings alone at the foot",
+     "headings stand alone at the foot of a column group"},
+    {findings::kMissingCharacter, "Characters in no font", "characters are in no installed font"},
+    {findings::kMissingFont, "Fonts that are not installed", "fonts are not installed"},
+    {findings::kNoPlace, "Listings on no page", "listings found no place on a page",
+     "listing found no place on a page"},
+    {findings::kUndrawable, "Reasons why the gazetteer cannot be drawn", "reasons"},
 };
-
-std::string SummaryOf(std::string_view kind, std::int64_t count) {
-    const auto* const summary = std::ranges::find(kSummaries, kind, &Summary::kind);
-    return "in all, " + std::to_string(count) + ' ' +
-           (count == 1 ? summary->ofOne : summary->ofMany) + '.';
-}
 
 }  // namespace
 
@@ -58,14 +57,27 @@ std::int64_t FindingList::Total() const {
     return total;
 }
 
+std::vector<FindingList::Kind> FindingList::Kinds() const {
+    std::vector<Kind> kinds;
+    for (const auto& [name, count] : counts_) {
+        const auto& texts = *std::ranges::find(kTexts, name, &KindTexts::kind);
+        Kind kind{texts.title, count};
+        for (const Finding& finding : kept_)
+            if (finding.kind == name)
+                (kind.told.size() < kTold ? kind.told : kind.more).push_back(&finding);
+        if (count > static_cast<std::int64_t>(kTold) || name == findings::kNoPlace)
+            kind.summary = "in all, " + std::to_string(count) + ' ' +
+                           (count == 1 ? texts.ofOne : texts.ofMany) + '.';
+        kinds.push_back(std::move(kind));
+    }
+    return kinds;
+}
+
 std::vector<std::string> FindingList::Sentences() const {
     std::vector<std::string> sentences;
-    for (const auto& [kind, count] : counts_) {
-        std::int64_t told = 0;
-        for (const Finding& finding : kept_)
-            if (finding.kind == kind && told++ < kTold) sentences.push_back(finding.text);
-        if (count > kTold || kind == findings::kNoPlace)
-            sentences.push_back(SummaryOf(kind, count));
+    for (const Kind& kind : Kinds()) {
+        for (const Finding* const finding : kind.told) sentences.push_back(finding->text);
+        if (!kind.summary.empty()) sentences.push_back(kind.summary);
     }
     return sentences;
 }

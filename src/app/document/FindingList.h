@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/Elements.h"
+
 namespace app {
 
 /// Kinds of findings, as scripts read them.
@@ -19,6 +21,8 @@ inline constexpr char kHeadingAlone[] = "heading-alone";
 inline constexpr char kMissingCharacter[] = "missing-character";
 inline constexpr char kMissingFont[] = "missing-font";
 inline constexpr char kNoPlace[] = "no-place";
+/// Of the window, which lists the reasons why a gazetteer cannot be drawn with the findings.
+inline constexpr char kUndrawable[] = "undrawable";
 }  // namespace findings
 
 /// Something that would be wrong in print. A gazetteer with findings can be drawn.
@@ -29,6 +33,10 @@ struct Finding {
     std::string column = {};
     std::int32_t page = 0;    ///< From 1; 0: on none.
     std::int64_t record = 0;  ///< In the listing database, from 1; 0: none.
+    std::string row = {};     ///< Row key of the listing in the results; empty: unknown.
+    host::Ref<host::IHostElement> element = {};  ///< Which is at fault, or whose listing is.
+
+    bool operator==(const Finding&) const = default;
 };
 
 /// Findings, of each kind the first ones and how many there are.
@@ -42,14 +50,27 @@ public:
     std::int64_t Total() const;
     const std::vector<Finding>& Kept() const { return kept_; }
 
-    /// Returns the first five sentences of each kind and, where there are more, one with their
-    /// number; of listings without a place always.
+    /// The findings of one kind.
+    struct Kind {
+        std::string title;  ///< Such as "Empty values".
+        std::int64_t count = 0;
+        std::vector<const Finding*> told = {};  ///< The first five.
+        std::string summary = {};  ///< A sentence with their number if there are more; of listings
+                                   ///< without a place always.
+        std::vector<const Finding*> more = {};  ///< Kept, but not told.
+    };
+    /// Returns them in the order in which the kinds were first found; valid until the list changes.
+    std::vector<Kind> Kinds() const;
+    /// Returns what is told: the first sentences and the summary of each kind.
     std::vector<std::string> Sentences() const;
+
+    bool operator==(const FindingList&) const = default;
 
 private:
     struct KindCount {
         std::string kind;
         std::int64_t count = 0;
+        bool operator==(const KindCount&) const = default;
     };
     KindCount& CountOf(std::string_view kind);
 

@@ -28,8 +28,8 @@ std::string UndrawableLines(const gazetteer::Findings& reasons);
 /// Returns the reason why a drawable gazetteer has no pages.
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 
-/// Returns one sentence for each font that was substituted so far.
-std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
+/// Returns a sentence about a font that is not installed.
+std::string FontWarning(const desk::FontSubstitution& font);
 
 /// Returns a character's number, such as "U+00E9".
 std::string CodePoint(char32_t character);

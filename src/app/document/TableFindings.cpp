@@ -57,9 +57,11 @@ std::vector<PrintedField> PrintedFields(OpenDocument& open, const Table& table) 
     return fields;
 }
 
-void AddMissing(const PrintedField& field, const Table& table, FindingList& list) {
+void AddMissing(const PrintedField& field, const Table& table,
+                const host::Ref<host::IHostElement>& gazetteer, FindingList& list) {
     constexpr std::int32_t kFieldsTold = 10;
     Finding finding{findings::kMissingField, {}};
+    finding.element = gazetteer;
     finding.column = field.column;
     finding.text = "the listing database has no field \"" + field.name +
                    "\", so that the column \"" + field.column + "\" prints 0 for " +
@@ -105,12 +107,13 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
     if (!table) return;
     auto fields = PrintedFields(open, table);
     for (const auto& field : fields)
-        if (field.index < 0) AddMissing(field, table, list);
+        if (field.index < 0) AddMissing(field, table, open.Gazetteer(), list);
     std::erase_if(fields, [](const auto& field) { return field.index < 0; });
     if (fields.empty()) return;
     const auto rows = table->Search(open.Host().NewQueryFilter(), true);
     gazetteer::Status status(open.Host());
     const std::int64_t count = gazetteer::CountRows(*table);
+    // A run numbers the records that it reads, and names the listings by these numbers.
     std::int64_t number = 0;
     while (const auto row = rows->NextRow()) {
         ++number;
@@ -124,6 +127,8 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
                         ListingOf(row, table, open.Host().Locale()),
                         empty.front()->column};
         finding.record = row->OID();
+        finding.row = std::to_string(number);
+        finding.element = open.Gazetteer();
         finding.text = "record " + std::to_string(finding.record) +
                        (finding.listing.empty() ? "" : ", \"" + Shown(finding.listing) + '"') +
                        ": " + Phrase(empty);

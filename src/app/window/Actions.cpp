@@ -84,6 +84,10 @@ void Actions::AddFileActions() {
                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
     findPage = Add("findPage", "&Find Page by Listing...", "edit-find",
                    "Find the pages on which a listing stands", {QKeySequence::Find});
+    findNext = Add("findNext", "Find &Next", "", "Go to the next listing found",
+                   {QKeySequence(Qt::Key_F3)});
+    findPrevious = Add("findPrevious", "Find Pre&vious", "", "Go to the listing found before",
+                       {QKeySequence(Qt::SHIFT | Qt::Key_F3)});
     manual = Add("manual", "&Manual", "", "Show the manual");
     manual->setShortcut(QKeySequence::HelpContents);
     about = Add("about", "&About", "", "About this program");
@@ -123,13 +127,15 @@ void Actions::AddViewActions() {
     fitWidth->setCheckable(true);
 }
 
-void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
+void Actions::AddMenus(QMainWindow& window, std::initializer_list<QAction*> docks) {
     QMenuBar& bar = *window.menuBar();
     Fill(*bar.addMenu("&File"), {newDocument, open, recent->menuAction(), nullptr, save, saveAs,
                                  nullptr, pageSetup, print, exportPages, nullptr, quit});
-    Fill(*bar.addMenu("&Edit"), {undo, redo, nullptr, properties, deselect, nullptr, findPage});
-    Fill(*bar.addMenu("&View"),
-         {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr, showPages});
+    Fill(*bar.addMenu("&Edit"),
+         {undo, redo, nullptr, properties, deselect, nullptr, findPage, findNext, findPrevious});
+    QMenu& view = *bar.addMenu("&View");
+    Fill(view, {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr});
+    Fill(view, docks);
     Fill(*bar.addMenu("&Page"),
          {firstPage, previousPage, nextPage, lastPage, goToPage, nullptr, refresh, draft});
     Fill(*bar.addMenu("&Help"), {manual, about});

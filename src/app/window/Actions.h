@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <initializer_list>
 
 class QAction;
 class QMainWindow;
@@ -15,7 +16,8 @@ class Actions : public QObject {
 public:
     explicit Actions(QMainWindow& window);
 
-    void AddMenus(QMainWindow& window, QAction* showPages);
+    /// The docks are shown and hidden by actions of the View menu.
+    void AddMenus(QMainWindow& window, std::initializer_list<QAction*> docks);
     void AddToolBar(QMainWindow& window);
     /// The context menu of the page.
     void AddPageMenu(QWidget& page);
@@ -33,6 +35,8 @@ public:
     QAction* properties;
     QAction* deselect;
     QAction* findPage;
+    QAction* findNext;
+    QAction* findPrevious;
     QAction* zoomIn;
     QAction* zoomOut;
     QAction* zoomFull;

@@ -12,6 +12,7 @@
 #include "app/window/Actions.h"
 #include "app/window/Dialogs.h"
 #include "app/window/Documents.h"
+#include "app/window/FindingsDock.h"
 #include "app/window/Icons.h"
 #include "app/window/NoticeBar.h"
 #include "app/window/PageView.h"
@@ -40,6 +41,7 @@ MainWindow::MainWindow(const std::string& locale)
     : view_(new PageView(this)),
       notices_(new NoticeBar(this)),
       pages_(new PagesDock(this)),
+      findings_(new FindingsDock(this)),
       actions_(new Actions(*this)),
       stack_(new QStackedWidget(this)) {
     status_ = new StatusPanes(actions_->zooms, this);
@@ -52,6 +54,7 @@ MainWindow::MainWindow(const std::string& locale)
     ConnectPages();
     ConnectView();
     ConnectEdits();
+    ConnectFindings();
     AddCommands();
     ShowRecent();
     ShowState();
@@ -60,22 +63,25 @@ MainWindow::MainWindow(const std::string& locale)
 
 MainWindow::~MainWindow() {
     history_.disconnect(this);
+    findings_->disconnect(this);  // It is hidden once more when the window goes.
 }
 
 void MainWindow::RestorePlace() {
     const QSettings settings;
     if (!restoreGeometry(settings.value(kGeometry).toByteArray()))
         desk::ResizeToScreen(*this, {1180, 860});
-    // No pages can be listed before a document is open.
-    pages_->hide();
-    pages_->toggleViewAction()->setEnabled(false);
+    // Nothing can be listed before a document is open.
+    for (QDockWidget* const dock : std::initializer_list<QDockWidget*>{pages_, findings_}) {
+        dock->hide();
+        dock->toggleViewAction()->setEnabled(false);
+    }
 }
 
-// Shows the page list for the first document, where the settings place it.
-void MainWindow::ShowDock() {
-    QAction& toggle = *pages_->toggleViewAction();
-    if (toggle.isEnabled()) return;
-    toggle.setEnabled(true);
+// Shows the page list for the first document, and the docks where the settings place them.
+void MainWindow::ShowDocks() {
+    if (pages_->toggleViewAction()->isEnabled()) return;
+    pages_->toggleViewAction()->setEnabled(true);
+    findings_->toggleViewAction()->setEnabled(true);
     pages_->show();
     restoreState(QSettings().value(kState).toByteArray());
 }
@@ -86,7 +92,8 @@ void MainWindow::Open(const QString& path) {
 
 void MainWindow::TakeDocument() {
     selected_ = nullptr;
-    ShowDock();
+    ShowDocks();
+    notices_->Show({}, false);
     stack_->setCurrentIndex(1);
     view_->SetFit(PageView::Fit::Page);
     RecordPage();
@@ -127,6 +134,7 @@ void MainWindow::RecordPage() {
     auto& desk = session_->Document().TheDesk();
     view_->SetPicture(std::make_shared<PagePicture>(desk.CurrentDocument(), *desk.Text()));
     ShowSelection();
+    ShowMarks();
 }
 
 // Queued, so that only the last of several pages drawn in a row is recorded.
@@ -154,7 +162,7 @@ void MainWindow::ShowState() {
     for (QAction* const action : {actions_->refresh, actions_->draft})
         action->setEnabled(gazetteer);
     actions_->draft->setChecked(session_->InDraft());
-    notices_->Show(session_->Notices());
+    ShowNotices();
     ShowSelection();
     ShowPage();
 }
@@ -173,8 +181,8 @@ void MainWindow::ShowPage() {
         action->setEnabled(page > 1);
     for (QAction* const action : {actions_->nextPage, actions_->lastPage})
         action->setEnabled(page > 0 && page < count);
-    for (QAction* const action :
-         {actions_->goToPage, actions_->findPage, actions_->print, actions_->exportPages})
+    for (QAction* const action : {actions_->goToPage, actions_->findPage, actions_->findNext,
+                                  actions_->findPrevious, actions_->print, actions_->exportPages})
         action->setEnabled(count > 0);
     const QString draft = session_->InDraft() ? ", draft" : "";
     status_->ShowPage(count > 0 ? QString("Page %1 of %2").arg(page).arg(count) + draft
@@ -208,11 +216,17 @@ void MainWindow::SelectAt(QPointF inches) {
     Select(session_->ElementAt(inches.x(), height - inches.y()));
 }
 
-void MainWindow::Select(const host::Ref<host::IHostElement>& element) {
-    selected_ = element;
+void MainWindow::ChooseFrame(const host::Ref<host::IHostElement>& element) {
     const auto before = session_->Document().Gazetteer();
     if (element) session_->Choose(element);
-    if (session_->Document().Gazetteer() != before) ListPages();
+    if (session_->Document().Gazetteer() == before) return;
+    ListPages();
+    ShowState();
+}
+
+void MainWindow::Select(const host::Ref<host::IHostElement>& element) {
+    selected_ = element;
+    ChooseFrame(element);
     ShowState();
 }
 

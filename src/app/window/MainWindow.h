@@ -4,6 +4,7 @@
 #include <QUndoStack>
 #include <memory>
 
+#include "app/document/ListingPlaces.h"
 #include "app/document/RunProgress.h"
 #include "app/window/ElementPages.h"
 #include "app/window/WindowSession.h"
@@ -14,12 +15,14 @@ namespace app {
 
 class Actions;
 class Documents;
+class FindingsDock;
 class NoticeBar;
 class PagesDock;
 class PageView;
 class RunControl;
 class StartPage;
 class StatusPanes;
+struct PageMark;
 
 /// The main window: a layout page with its gazetteer, the list of pages, and their actions.
 class MainWindow : public QMainWindow {
@@ -47,11 +50,12 @@ private:
     void ConnectPages();
     void ConnectView();
     void ConnectEdits();
+    void ConnectFindings();
     void AddCommands();
     void RestorePlace();
 
     void ShowProgress(const std::optional<RunProgress::Shown>& shown);
-    void ShowDock();
+    void ShowDocks();
     void TakeDocument();
     void RefreshLayout();
     void ShowCancelled();
@@ -61,6 +65,12 @@ private:
     void ShowState();
     void ShowPage();
     void ShowRecent();
+    void ShowNotices();
+    void ShowMarks();
+    void MarkFindings(const std::vector<DrawnCell>& cells, double sheetHeight,
+                      std::vector<PageMark>& marks);
+    void GoToFinding();
+    void OpenFinding();
     void TurnTo(int page);
     void ShowHistory();
     void ForgetHistory();
@@ -69,6 +79,7 @@ private:
     void ExchangeState(DocumentState& state);
     void SetDraft(bool draft);
     void SelectAt(QPointF inches);
+    void ChooseFrame(const host::Ref<host::IHostElement>& element);
     void Select(const host::Ref<host::IHostElement>& element);
     void ShowSelection();
     void ShowProperties();
@@ -84,6 +95,7 @@ private:
     PageView* view_;
     NoticeBar* notices_;
     PagesDock* pages_;
+    FindingsDock* findings_;
     Actions* actions_;
     StartPage* start_ = nullptr;
     QStackedWidget* stack_;
@@ -92,6 +104,7 @@ private:
     Documents* documents_ = nullptr;
     ElementPages elementPages_;
     host::Ref<host::IHostElement> selected_;
+    ListingPlace found_;  ///< Of the current finding.
     bool recordPending_ = false;
     bool exporting_ = false;
 };

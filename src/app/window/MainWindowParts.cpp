@@ -5,6 +5,7 @@
 
 #include "app/window/Actions.h"
 #include "app/window/Documents.h"
+#include "app/window/FindingsDock.h"
 #include "app/window/Icons.h"
 #include "app/window/MainWindow.h"
 #include "app/window/ManualWindow.h"
@@ -76,7 +77,9 @@ void MainWindow::Arrange() {
     addDockWidget(Qt::LeftDockWidgetArea, pages_);
     setStatusBar(status_);
     pages_->toggleViewAction()->setText("Page &List");
-    actions_->AddMenus(*this, pages_->toggleViewAction());
+    addDockWidget(Qt::BottomDockWidgetArea, findings_);
+    findings_->toggleViewAction()->setText("&Findings");
+    actions_->AddMenus(*this, {pages_->toggleViewAction(), findings_->toggleViewAction()});
     actions_->AddToolBar(*this);
     actions_->AddPageMenu(*view_);
     addActions({actions_->goToPage, actions_->findPage});
@@ -121,12 +124,13 @@ void MainWindow::ConnectPages() {
         actions_->pageBox->selectAll();
     });
     on(actions_->findPage, [this] { pages_->FocusFilter(); });
+    on(actions_->findNext, [this] { pages_->Step(1); });
+    on(actions_->findPrevious, [this] { pages_->Step(-1); });
     on(actions_->refresh, [this] {
         RefreshLayout();
         ListPages();
     });
     connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);
-    connect(pages_, &PagesDock::PageChosen, this, &MainWindow::TurnTo);
     connect(pages_, &PagesDock::ExportWanted, this, [this](int page) { Export(page); });
 }
 

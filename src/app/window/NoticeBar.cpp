@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QStringList>
 #include <QStyle>
 #include <QToolButton>
@@ -29,12 +30,17 @@ QString Sentence(const std::string& notice) {
 }  // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
-    : QFrame(parent), icon_(new QLabel(this)), text_(new QLabel(this)) {
+    : QFrame(parent),
+      icon_(new QLabel(this)),
+      text_(new QLabel(this)),
+      details_(new QPushButton("Show &Findings", this)) {
     setFrameShape(QFrame::StyledPanel);
     text_->setObjectName("noticeText");
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    details_->setObjectName("showFindings");
+    details_->setToolTip("List what would be wrong in print, with its places");
     auto* close = new QToolButton(this);
     close->setIcon(ThemeIcon("window-close"));
     close->setAutoRaise(true);
@@ -44,16 +50,19 @@ NoticeBar::NoticeBar(QWidget* parent)
     auto* layout = new QHBoxLayout(this);
     layout->addWidget(icon_, 0, Qt::AlignVCenter);
     layout->addWidget(text_, 1);
+    layout->addWidget(details_, 0, Qt::AlignVCenter);
     layout->addWidget(close, 0, Qt::AlignVCenter);
     hide();
 }
 
-void NoticeBar::Show(const std::vector<std::string>& notices) {
+void NoticeBar::Show(const std::vector<std::string>& notices, bool details) {
     QStringList lines;
     for (const auto& notice : notices) lines << Sentence(notice);
-    setVisible(!lines.isEmpty());
-    if (lines.isEmpty()) return text_->clear();
+    details_->setVisible(details);
     const QString all = lines.join('\n');
+    if (all == all_) return;
+    all_ = all;
+    setVisible(!lines.isEmpty());
     const auto more = lines.size() - kMostShown;
     if (more > 0) {
         lines = lines.first(kMostShown);

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QFrame>
+#include <QString>
 #include <string>
 #include <vector>
 
+class QAbstractButton;
 class QLabel;
 
 namespace app {
@@ -13,8 +15,10 @@ class NoticeBar : public QFrame {
 public:
     explicit NoticeBar(QWidget* parent);
 
-    /// Shows the sentences; hides the bar if there are none.
-    void Show(const std::vector<std::string>& notices);
+    /// Shows the sentences, and a button for details if there are any. Hides the bar if there are
+    /// none; leaves it closed if the user has closed it over the same ones.
+    void Show(const std::vector<std::string>& notices, bool details);
+    QAbstractButton* Details() const { return details_; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -25,6 +29,8 @@ private:
 
     QLabel* icon_;
     QLabel* text_;
+    QAbstractButton* details_;
+    QString all_;
 };
 
 }  // namespace app

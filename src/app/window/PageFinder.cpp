@@ -1,7 +1,6 @@
 #include "app/window/PageFinder.h"
 
 #include <algorithm>
-#include <string>
 
 #include "desk/window/WidgetText.h"
 #include "host/Failure.h"
@@ -63,7 +62,7 @@ void PageFinder::ReadPage(int page) {
                 text += ' ' + ShownText(*stored);
         }
         text = text.simplified();
-        listings_.push_back({page, text, Folded(text)});
+        listings_.push_back({page, text, Folded(text), key});
     }
 }
 
@@ -71,12 +70,13 @@ std::vector<PageHit> PageFinder::Find(const QString& text) const {
     std::vector<PageHit> hits;
     const QString folded = Folded(text);
     for (const Listing& listing : listings_)
-        if (listing.folded.contains(folded)) hits.push_back({listing.page, listing.text});
+        if (listing.folded.contains(folded))
+            hits.push_back({listing.page, listing.text, listing.rowKey});
     bool isNumber = false;
     const int page = text.trimmed().toInt(&isNumber);
     if (!isNumber || page < 1 || page > pageCount_) return hits;
     const auto place = std::ranges::lower_bound(hits, page, {}, &PageHit::page);
-    if (place == hits.end() || place->page != page) hits.insert(place, {page, {}});
+    if (place == hits.end() || place->page != page) hits.insert(place, {page, {}, {}});
     return hits;
 }
 

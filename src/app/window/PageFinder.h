@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <chrono>
+#include <string>
 #include <vector>
 
 #include "model/Results.h"
@@ -10,7 +11,8 @@ namespace app {
 
 struct PageHit {
     int page = 0;
-    QString listing;  ///< Empty if the page was found by its number only.
+    QString listing;     ///< Empty if the page was found by its number only, as the key.
+    std::string rowKey;  ///< Of the listing.
 };
 
 /// Finds pages by their listings, ignoring case and accents.
@@ -30,6 +32,7 @@ private:
         int page = 0;
         QString text;
         QString folded;
+        std::string rowKey;
     };
 
     void ReadPage(int page);

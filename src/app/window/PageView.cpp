@@ -1,10 +1,9 @@
 #include "app/window/PageView.h"
 
-#include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
-#include <QWheelEvent>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -17,9 +16,9 @@ constexpr double kLeastZoom = 0.05;
 constexpr double kMostZoom = 16;
 constexpr std::array kZooms{0.05, 0.1, 0.25, 0.33, 0.5, 0.67, 0.75, 1.0, 1.25,
                             1.5,  2.0, 3.0,  4.0,  6.0, 8.0,  12.0, 16.0};
-constexpr double kWheelStep = 120;   // One wheel notch, in eighths of a degree.
-constexpr double kNotchZoom = 1.15;  // Zoom factor of one notch.
 constexpr double kAlmost = 1e-3;
+constexpr float kBand = 0.35F;  // Opacity of marks.
+constexpr float kCurrentBand = 0.75F;
 
 }  // namespace
 
@@ -42,6 +41,26 @@ void PageView::SetPicture(std::shared_ptr<const PagePicture> picture) {
 void PageView::SetSelection(std::optional<QRectF> frame) {
     selection_ = frame;
     viewport()->update();
+}
+
+void PageView::SetMarks(std::vector<PageMark> marks) {
+    marks_ = std::move(marks);
+    viewport()->update();
+}
+
+void PageView::RevealMarks() {
+    QRectF box;
+    for (const PageMark& mark : marks_)
+        if (mark.current) box |= ToView(mark.box);
+    if (box.isEmpty()) return;
+    // Of a box that is wider or higher than the view, the left upper part.
+    const auto reveal = [](QScrollBar& bar, double from, double to, int room) {
+        const double off = std::min(std::max(0.0, to + kMargin - room), from - kMargin);
+        const double back = std::min(0.0, from - kMargin);
+        bar.setValue(bar.value() + qRound(back < 0 ? back : std::max(0.0, off)));
+    };
+    reveal(*horizontalScrollBar(), box.left(), box.right(), viewport()->width());
+    reveal(*verticalScrollBar(), box.top(), box.bottom(), viewport()->height());
 }
 
 double PageView::PixelsPerInch() const {
@@ -71,6 +90,10 @@ QPointF PageView::ToSheet(QPointF place) const {
 
 QPointF PageView::ToView(QPointF inches) const {
     return SheetCorner() + inches * PixelsPerInch();
+}
+
+QRectF PageView::ToView(const QRectF& inches) const {
+    return {ToView(inches.topLeft()), ToView(inches.bottomRight())};
 }
 
 double PageView::FittingZoom(Fit fit) const {
@@ -163,6 +186,7 @@ void PageView::paintEvent(QPaintEvent* event) {
     UpdateScale();
     QPainter painter(viewport());
     PaintSheet(painter, event->rect());
+    PaintMarks(painter);
     if (selection_) PaintSelection(painter, *selection_);
 }
 
@@ -191,93 +215,29 @@ void PageView::PaintSheet(QPainter& painter, const QRect& part) {
     painter.restore();
 }
 
+// The sheet is white in any theme. Multiplied, the bands leave the letters black.
+void PageView::PaintMarks(QPainter& painter) {
+    painter.save();
+    painter.setClipRect(QRectF(SheetCorner(), SheetSize()));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    for (const PageMark& mark : marks_) {
+        QColor band = mark.color;
+        band.setAlphaF(mark.current ? kCurrentBand : kBand);
+        painter.setBrush(band);
+        painter.setPen(mark.current ? QPen(mark.color.darker(), 2) : QPen(Qt::NoPen));
+        painter.drawRect(ToView(mark.box));
+    }
+    painter.restore();
+}
+
 void PageView::PaintSelection(QPainter& painter, const QRectF& selection) {
-    const QRectF frame(ToView(selection.topLeft()), ToView(selection.bottomRight()));
+    const QRectF frame = ToView(selection);
     const QColor color = palette().color(QPalette::Active, QPalette::Highlight);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(color, hasFocus() ? 2 : 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(frame);
-}
-
-void PageView::wheelEvent(QWheelEvent* event) {
-    if ((event->modifiers() & Qt::ControlModifier) == 0)
-        return QAbstractScrollArea::wheelEvent(event);
-    const double notches = event->angleDelta().y() / kWheelStep;
-    if (notches != 0) ZoomAt(zoom_ * std::pow(kNotchZoom, notches), event->position());
-    event->accept();
-}
-
-void PageView::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-        case Qt::Key_PageUp:
-            return Q_EMIT PreviousPageWanted();
-        case Qt::Key_PageDown:
-            return Q_EMIT NextPageWanted();
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return Q_EMIT PropertiesWanted();
-        case Qt::Key_Escape:
-            return Q_EMIT EscapePressed();
-        case Qt::Key_Plus:
-            return ZoomIn();
-        case Qt::Key_Minus:
-            return ZoomOut();
-        case Qt::Key_Space:
-            spaceDown_ = true;
-            return UpdatePointer();
-        default:
-            QAbstractScrollArea::keyPressEvent(event);
-    }
-}
-
-void PageView::keyReleaseEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Space || event->isAutoRepeat())
-        return QAbstractScrollArea::keyReleaseEvent(event);
-    spaceDown_ = false;
-    UpdatePointer();
-}
-
-void PageView::focusOutEvent(QFocusEvent* event) {
-    spaceDown_ = false;
-    UpdatePointer();
-    QAbstractScrollArea::focusOutEvent(event);
-}
-
-void PageView::mousePressEvent(QMouseEvent* event) {
-    const bool pans =
-        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && spaceDown_);
-    if (pans) {
-        panFrom_ = event->pos();
-        UpdatePointer();
-    } else if (event->button() != Qt::MiddleButton && tiles_.Picture() != nullptr) {
-        Q_EMIT Clicked(ToSheet(event->position()));
-    }
-}
-
-void PageView::mouseMoveEvent(QMouseEvent* event) {
-    if (!panFrom_) return;
-    const QPoint by = event->pos() - *panFrom_;
-    panFrom_ = event->pos();
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - by.x());
-    verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
-}
-
-void PageView::mouseReleaseEvent(QMouseEvent*) {
-    panFrom_.reset();
-    UpdatePointer();
-}
-
-void PageView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && !spaceDown_ && tiles_.Picture() != nullptr)
-        Q_EMIT PropertiesWanted();
-}
-
-void PageView::UpdatePointer() {
-    if (panFrom_ || spaceDown_)
-        viewport()->setCursor(panFrom_ ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
-    else
-        viewport()->unsetCursor();
 }
 
 }  // namespace app

@@ -3,10 +3,18 @@
 #include <QAbstractScrollArea>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/window/PageTiles.h"
 
 namespace app {
+
+/// A marked place of the sheet, in inches from its upper left corner, Y downward.
+struct PageMark {
+    QRectF box;
+    QColor color;
+    bool current = false;  ///< Painted stronger.
+};
 
 /// Shows a layout page as it prints. Zooms with the wheel or by actions; pans with the middle
 /// button, the space bar or the scroll bars. Signals clicks.
@@ -23,6 +31,10 @@ public:
     void SetPicture(std::shared_ptr<const PagePicture> picture);
     /// The frame of the selected element, in inches from the sheet's upper left corner, Y downward.
     void SetSelection(std::optional<QRectF> frame);
+    void SetMarks(std::vector<PageMark> marks);
+    const std::vector<PageMark>& Marks() const { return marks_; }
+    /// Scrolls to the current marks.
+    void RevealMarks();
 
     /// 1 is the size on paper, by the resolution of the screen.
     double Zoom() const { return zoom_; }
@@ -70,10 +82,13 @@ private:
     void UpdateLayout();
     void UpdatePointer();
     void PaintSheet(QPainter& painter, const QRect& part);
+    QRectF ToView(const QRectF& inches) const;
+    void PaintMarks(QPainter& painter);
     void PaintSelection(QPainter& painter, const QRectF& selection);
 
     PageTiles tiles_;
     std::optional<QRectF> selection_;
+    std::vector<PageMark> marks_;
     double zoom_ = 1;
     Fit fit_ = Fit::Page;
     bool spaceDown_ = false;

@@ -1,6 +1,5 @@
 #include "app/window/PagesDock.h"
 
-#include <QAbstractTableModel>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -18,18 +17,19 @@
 #include <utility>
 
 #include "app/window/Icons.h"
+#include "app/window/PagesModel.h"
 
 namespace app {
 namespace {
 
-// Whether a key with Ctrl or Alt is one that edits a text. The field takes others too, such as
-// Ctrl+E, which are shortcuts of the window.
-bool EditsText(const QKeyEvent& event) {
+// Whether a key with Ctrl or Alt is one that edits the text of a field now. The field takes others
+// too, such as Ctrl+E, which are shortcuts of the window.
+bool EditsText(const QKeyEvent& event, const QLineEdit& field) {
+    if (event.matches(QKeySequence::Undo)) return field.isUndoAvailable();
+    if (event.matches(QKeySequence::Redo)) return field.isRedoAvailable();
     static constexpr std::array kEdits{QKeySequence::Copy,
                                        QKeySequence::Cut,
                                        QKeySequence::Paste,
-                                       QKeySequence::Undo,
-                                       QKeySequence::Redo,
                                        QKeySequence::SelectAll,
                                        QKeySequence::MoveToNextWord,
                                        QKeySequence::MoveToPreviousWord,
@@ -42,103 +42,12 @@ bool EditsText(const QKeyEvent& event) {
 
 }  // namespace
 
-// Pages with number and name, or the listings found by a search with the numbers of their pages.
-// Requests only the names in view, since a gazetteer can have thousands of pages.
-class PagesDock::Model : public QAbstractTableModel {
-public:
-    using QAbstractTableModel::QAbstractTableModel;
-
-    void SetPages(int count, std::function<QString(int page)> name);
-    // Limits the rows to these hits; nothing: all pages.
-    void ShowOnly(std::optional<std::vector<PageHit>> hits);
-
-    int PageAt(int row) const;
-    // The first row of a page; -1 for a page that is not listed.
-    int RowOf(int page) const;
-
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
-private:
-    QString TextAt(int row) const;
-
-    int count_ = 0;
-    std::function<QString(int page)> name_;
-    std::optional<std::vector<PageHit>> hits_;
-};
-
-void PagesDock::Model::SetPages(int count, std::function<QString(int page)> name) {
-    beginResetModel();
-    count_ = count;
-    name_ = std::move(name);
-    hits_.reset();
-    endResetModel();
-}
-
-void PagesDock::Model::ShowOnly(std::optional<std::vector<PageHit>> hits) {
-    beginResetModel();
-    hits_ = std::move(hits);
-    endResetModel();
-}
-
-int PagesDock::Model::PageAt(int row) const {
-    return hits_ ? (*hits_)[static_cast<std::size_t>(row)].page : row + 1;
-}
-
-int PagesDock::Model::RowOf(int page) const {
-    if (!hits_) return page >= 1 && page <= count_ ? page - 1 : -1;
-    const auto hit = std::ranges::lower_bound(*hits_, page, {}, &PageHit::page);
-    return hit != hits_->end() && hit->page == page ? static_cast<int>(hit - hits_->begin()) : -1;
-}
-
-int PagesDock::Model::rowCount(const QModelIndex& parent) const {
-    if (parent.isValid()) return 0;
-    return hits_ ? static_cast<int>(hits_->size()) : count_;
-}
-
-int PagesDock::Model::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : 2;
-}
-
-QString PagesDock::Model::TextAt(int row) const {
-    if (!hits_) return name_(row + 1);
-    const PageHit& hit = (*hits_)[static_cast<std::size_t>(row)];
-    return hit.listing.isEmpty() ? name_(hit.page) : hit.listing;
-}
-
-QVariant PagesDock::Model::data(const QModelIndex& index, int role) const {
-    const bool number = index.column() == 0;
-    switch (role) {
-        case Qt::DisplayRole:
-            return number ? QString::number(PageAt(index.row())) : TextAt(index.row());
-        case Qt::ToolTipRole:
-            return QString("Page %1: %2").arg(PageAt(index.row())).arg(TextAt(index.row()));
-        case Qt::TextAlignmentRole:
-            return QVariant::fromValue(Qt::AlignVCenter |
-                                       (number ? Qt::AlignRight : Qt::AlignLeft));
-        default:
-            return {};
-    }
-}
-
-QVariant PagesDock::Model::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::AlignVCenter |
-                                   (section == 0 ? Qt::AlignRight : Qt::AlignLeft));
-    if (role != Qt::DisplayRole) return {};
-    if (section == 0) return "Page";
-    return hits_ ? "Listing found" : "First - last listing";
-}
-
 PagesDock::PagesDock(QWidget* parent)
     : QDockWidget("Pages", parent),
       filter_(new QLineEdit),
       list_(new QTreeView),
       nothing_(new QLabel("No page has such a listing.")),
-      model_(new Model(this)),
+      model_(new PagesModel(this)),
       reading_(new QTimer(this)) {
     setObjectName("pagesDock");
     setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
@@ -211,12 +120,38 @@ void PagesDock::FocusFilter() {
     filter_->selectAll();
 }
 
+void PagesDock::Step(int by) {
+    const int count = model_->rowCount();
+    if (model_->Hits() == nullptr || count == 0) return FocusFilter();
+    const QModelIndex current = list_->currentIndex();
+    const int from = current.isValid() ? current.row() : by > 0 ? -1 : 0;
+    const QModelIndex next = model_->index((from + by + count) % count, 0);
+    // The only hit can be out of view.
+    if (next.row() == current.row()) return Q_EMIT PageChosen(model_->PageAt(next.row()));
+    list_->setCurrentIndex(next);
+}
+
+std::vector<std::string> PagesDock::HitsOn(int page) const {
+    std::vector<std::string> rows;
+    if (model_->Hits() == nullptr) return rows;
+    for (const PageHit& hit : std::ranges::equal_range(*model_->Hits(), page, {}, &PageHit::page))
+        if (!hit.rowKey.empty()) rows.push_back(hit.rowKey);
+    return rows;
+}
+
+std::string PagesDock::CurrentHit() const {
+    const QModelIndex current = list_->currentIndex();
+    const bool hit = model_->Hits() != nullptr && current.isValid();
+    return hit ? (*model_->Hits())[static_cast<std::size_t>(current.row())].rowKey : std::string();
+}
+
 void PagesDock::Search(const QString& text) {
     const QScopedValueRollback marking(marking_, true);
     const bool searched = !text.trimmed().isEmpty();
     model_->ShowOnly(searched ? std::optional(finder_.Find(text)) : std::nullopt);
     SetCurrentPage(page_);
     nothing_->setVisible(searched && model_->rowCount() == 0 && !reading_->isActive());
+    Q_EMIT HitsChanged();
 }
 
 // Reads listings for the search in slices while no events wait.
@@ -262,7 +197,7 @@ bool PagesDock::eventFilter(QObject* watched, QEvent* event) {
     if (watched == filter_ && event->type() == QEvent::ShortcutOverride) {
         const auto& key = *static_cast<const QKeyEvent*>(event);
         const bool command = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-        if (command && !EditsText(key)) {
+        if (command && !EditsText(key, *filter_)) {
             event->ignore();
             return true;
         }

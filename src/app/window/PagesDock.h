@@ -2,6 +2,8 @@
 
 #include <QDockWidget>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "app/window/PageFinder.h"
 
@@ -11,6 +13,8 @@ class QTimer;
 class QTreeView;
 
 namespace app {
+
+class PagesModel;
 
 /// The list of pages, with a field to search them by their listings.
 class PagesDock : public QDockWidget {
@@ -25,17 +29,23 @@ public:
     /// Selects the row of a page; 0: none.
     void SetCurrentPage(int page);
     void FocusFilter();
+    /// Moves to the next hit of the search, or with -1 to the one before; from the last one to the
+    /// first.
+    void Step(int by);
+    /// Row keys of the hits on a page, and of the current one.
+    std::vector<std::string> HitsOn(int page) const;
+    std::string CurrentHit() const;
 
 Q_SIGNALS:
     void PageChosen(int page);
+    /// The search found other listings.
+    void HitsChanged();
     void ExportWanted(int page);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    class Model;
-
     void Search(const QString& text);
     void ReadOn();
     void SelectFirst();
@@ -45,7 +55,7 @@ private:
     QLineEdit* filter_;
     QTreeView* list_;
     QLabel* nothing_;
-    Model* model_;
+    PagesModel* model_;
     QTimer* reading_;
     PageFinder finder_;
     int page_ = 0;

@@ -39,8 +39,7 @@ bool FindingsAccepted(WindowSession& session, QWidget& window, const PageRange& 
     QStringList sentences;
     {
         const WaitPointer wait;
-        auto list = FindFindings(session.Document(), WindowUnit(), pages);
-        AddFonts(*session.Document().TheDesk().Text(), list);
+        const auto list = FindFindings(session.Document(), WindowUnit(), pages);
         for (const auto& sentence : list.Sentences()) sentences << desk::ToQt(sentence);
     }
     return sentences.isEmpty() ||

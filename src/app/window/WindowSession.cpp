@@ -54,7 +54,6 @@ void WindowSession::StartNew(const NewDocumentOptions& options, bool forPrint) {
 }
 
 void WindowSession::TakeDocument() {
-    reportedFonts_ = document_.TheDesk().Text()->Substitutions().size();
     modified_ = !OnDisk();
     // Refresh clears the notices; keep those from opening or creating the document.
     const auto earlier = notices_;
@@ -97,7 +96,8 @@ bool WindowSession::RunOrRestore(const std::function<void()>& work) {
     const GazetteerItems items(state);
     const auto notices = notices_;
     const auto summary = summary_;
-    const auto fonts = reportedFonts_;
+    const auto findings = findings_;
+    const auto reasons = reasons_;
     const bool modified = modified_;
     std::optional<RecordingDialogs::Silent> silent;
     if (control_.Run(work, [&] { silent.emplace(document_.Dialogs()); })) return true;
@@ -107,7 +107,8 @@ bool WindowSession::RunOrRestore(const std::function<void()>& work) {
     EmptyDrafts();
     notices_ = notices;
     summary_ = summary;
-    reportedFonts_ = fonts;
+    findings_ = findings;
+    reasons_ = reasons;
     modified_ = modified;
     Draw();
     return false;
@@ -124,6 +125,7 @@ void WindowSession::Refresh() {
 void WindowSession::RefreshFrames() {
     notices_.clear();
     summary_.clear();
+    findings_ = reasons_ = {};
     document_.FindFrames();
     if (HasDocument() && document_.Frames().empty())
         AddNotice("The document has no gazetteer frame.");
@@ -133,7 +135,8 @@ void WindowSession::RefreshFrames() {
         RefreshChosen();
     }
     document_.Choose(chosen);
-    AddFontNotices();
+    AddElementsOffSheet(document_, findings_);
+    AddFonts(document_, findings_);
 }
 
 void WindowSession::RefreshChosen() {
@@ -168,25 +171,28 @@ void WindowSession::AddResultNotices() {
     if (manager.HasRun())
         for (const auto& warning : TableWarnings(manager)) AddNotice(warning);
     if (!manager.CanDraw())
-        AddNotice(UndrawableSentence(document_.Reasons()));
+        AddUndrawable(UndrawableSentence(document_.Reasons()), document_.Reasons());
     else if (document_.PageCount() == 0)
-        AddNotice(NoPageReason(manager));
+        AddUndrawable(NoPageReason(manager), {NoPageReason(manager)});
     else
-        AddFindings();
+        FindInChosen();
 }
 
-void WindowSession::AddFindings() {
-    try {
-        for (const auto& sentence : FindFindings(document_, WindowUnit()).Sentences())
-            AddNotice(sentence);
-    } catch (const std::exception&) {
-        AddNotice(CurrentSentence());
+void WindowSession::AddUndrawable(const std::string& notice, const gazetteer::Findings& reasons) {
+    AddNotice(notice);
+    for (const auto& reason : reasons) {
+        Finding finding{findings::kUndrawable, reason};
+        finding.element = document_.Gazetteer();
+        reasons_.Add(std::move(finding));
     }
 }
 
-void WindowSession::AddFontNotices() {
-    const auto warnings = FontWarnings(*document_.TheDesk().Text());
-    for (std::size_t i = reportedFonts_; i < warnings.size(); ++i) AddNotice(warnings[i]);
+void WindowSession::FindInChosen() {
+    try {
+        AddGazetteerFindings(document_, WindowUnit(), {}, findings_);
+    } catch (const std::exception&) {
+        AddUndrawable(CurrentSentence(), {CurrentSentence()});
+    }
 }
 
 std::int32_t WindowSession::Pages() const {

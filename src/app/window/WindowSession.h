@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/document/DocumentState.h"
+#include "app/document/FindingList.h"
 #include "app/document/NewDocument.h"
 #include "app/document/Sheets.h"
 #include "app/window/RunControl.h"
@@ -55,8 +56,12 @@ public:
     /// Does work that can run the gazetteer and that the user can cancel. Returns false if it was
     /// cancelled; the document is then as it was before, with a notice that says so.
     bool Run(const std::function<void()>& work);
-    /// Warnings since the last refresh, one sentence each.
+    /// Warnings since the last refresh, one sentence each, without those of Findings.
     const std::vector<std::string>& Notices() const { return notices_; }
+    /// What would be wrong in print, of all gazetteers, as of the last refresh.
+    const FindingList& Findings() const { return findings_; }
+    /// Why gazetteers cannot be drawn, as of the last refresh; the notices tell it, too.
+    const FindingList& Reasons() const { return reasons_; }
     /// Counts of the last refresh's runs, or of the stored results.
     const std::string& Summary() const { return summary_; }
     void Warn(const std::string& title, const std::string& sentence);
@@ -93,8 +98,8 @@ private:
     void RestoreView(bool draft);
     void EmptyDrafts();
     void AddResultNotices();
-    void AddFindings();
-    void AddFontNotices();
+    void AddUndrawable(const std::string& notice, const gazetteer::Findings& reasons);
+    void FindInChosen();
     void AddNotice(const std::string& sentence) { notices_.push_back(sentence); }
     bool Drawable() const;
 
@@ -102,7 +107,8 @@ private:
     OpenDocument document_;
     std::vector<std::string> notices_;
     std::string summary_;
-    std::size_t reportedFonts_ = 0;  ///< Number of font substitutions caused by earlier documents.
+    FindingList findings_;
+    FindingList reasons_;
     bool modified_ = false;
 };
 
