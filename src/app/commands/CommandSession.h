@@ -14,7 +14,8 @@ struct CommonOptions {
     bool verbose = false;  ///< Show failures with their call stack.
 };
 
-/// Returns options of a desk with messages and progress on standard error.
+/// Throws for a locale that is not known. Returns options of a desk with messages and progress on
+/// standard error.
 desk::DeskOptions DeskOptionsOf(const CommonOptions& options);
 
 /// One command's work on one document. Failures end the command; warnings go to standard error.

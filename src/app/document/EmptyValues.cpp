@@ -69,7 +69,7 @@ void AddEmptyValues(OpenDocument& open, FindingList& list) {
     const auto rows = table->Search(open.Host().NewQueryFilter(), true);
     while (const auto row = rows->NextRow())
         for (const auto& field : fields) {
-            if (!IsEmpty(row->Value(field.index))) continue;
+            if (!IsEmpty(row->Value(field.index)) || !list.Count(findings::kEmptyValue)) continue;
             Finding finding{findings::kEmptyValue, {}};
             if (listing >= 0 && listing != field.index && !IsEmpty(row->Value(listing)))
                 finding.listing = gazetteer::ToText(row->Value(listing), open.Host().Locale());

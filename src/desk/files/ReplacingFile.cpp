@@ -82,9 +82,17 @@ ReplacingFile::ReplacingFile(const std::string& path, Devices devices)
     } else {
         if (devices == Devices::Refuse) Fail("it is no ordinary file");
         direct_ = true;
-        stream_.reset(std::fopen(target_.c_str(), "wb"));
-        if (!stream_) FailWith(errno);
+        OpenDirectly(S_ISFIFO(old.st_mode));
     }
+}
+
+// Opening a pipe would wait for a reader, without an end if there is none. Writing to it waits.
+void ReplacingFile::OpenDirectly(bool isPipe) {
+    const int file = ::open(target_.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0 && isPipe && errno == ENXIO) Fail("no program reads from this pipe");
+    if (file < 0) FailWith(errno);
+    ::fcntl(file, F_SETFL, O_WRONLY);
+    OpenStream(file);
 }
 
 // The kernel deletes an unnamed file when the process ends. Leaves stream_ null if the file system

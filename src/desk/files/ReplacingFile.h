@@ -20,7 +20,8 @@ namespace desk {
 /// host::Failure with one sentence that names the file and the reason.
 class ReplacingFile {
 public:
-    /// What to do with a path that is not a regular file, such as a device.
+    /// What to do with a path that is not a regular file: a device, or a pipe, which a program must
+    /// have opened for reading.
     enum class Devices { Refuse, WriteAtOnce };
 
     explicit ReplacingFile(const std::string& path, Devices devices = Devices::Refuse);
@@ -51,6 +52,7 @@ private:
 
     void OpenUnnamed();
     void OpenBeside();
+    void OpenDirectly(bool isPipe);
     void OpenStream(int file);
     void LinkBeside();
     void CheckExpected(const FileState& expected) const;
