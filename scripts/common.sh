@@ -4,6 +4,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 say() { printf '%s\n' "$*" >&2; }
 
+# The release of Debian, for example 13.
+release=$(. /etc/os-release && echo "${VERSION_ID:-}")
+
 # install_missing KIND...: installs the missing packages of these kinds.
 install_missing() {
     local kinds missing=() package
@@ -11,7 +14,8 @@ install_missing() {
     while read -r package; do
         [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
             missing+=("$package")
-    done < <(awk -v kinds="^($kinds)$" '$1 ~ kinds {print $2}' scripts/packages)
+    done < <(awk -v kinds="^($kinds)$" -v release="$release" \
+        '$1 ~ kinds && (NF < 3 || $3 == release) {print $2}' scripts/packages)
     if [ ${#missing[@]} -eq 0 ]; then return; fi
     local as_root=()
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)

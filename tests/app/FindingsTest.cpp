@@ -16,9 +16,17 @@ protected:
                                         {"", "2", "1", "1"},
                                         {"Ash St", "", "1", "1"},
                                         {"Elm St", "3", "", "2"}});
-        for (const char* name : {"long", "odd"})
+        for (const char* name : {"pageless", "rowless"})
+            program_.WriteTable(name + std::string(".dbf"), {{"Main St", "6", "2", "3"}});
+        for (const char* name : {"long", "odd", "pageless", "rowless"})
             program_.Done({"make", name + std::string(".dbf"), "-o", "o.pdf", "--document",
                            name + std::string(".json"), "--page-size", "5.5x4"});
+        support::DbfBuilder({{"Listing"}, {"Row"}, {"Column"}})
+            .Row({"Main St", "2", "3"})
+            .Write(program_.File("pageless.dbf"));
+        support::DbfBuilder({{"Listing"}, {"Page"}, {"Column"}})
+            .Row({"Main St", "6", "3"})
+            .Write(program_.File("rowless.dbf"));
     }
     json Checked(const std::string& document) const {
         return program_.Done({"check", document, "--json"}).Json()["findings"];
@@ -66,6 +74,13 @@ const std::tuple<const char*, std::vector<std::string>, const char*, const char*
      {{"record", 2}, {"column", "Listing"}}},
     {"odd.json", {}, "empty-value", "the field \"Page\"", {{"record", 3}, {"listing", "Ash St"}}},
     {"odd.json", {}, "empty-value", "the field \"Row\"", {{"record", 4}, {"column", "Page"}}},
+    {"pageless.json", {}, "missing-field", "no field \"Page\"", {{"column", "Page"}}},
+    {"rowless.json", {}, "missing-field", "no field \"Row\"", {{"column", "Page"}}},
+    {"rowless.json",
+     {"Page.Expression=$$PAGE_NUMBER $$COLUMN"},
+     "missing-field",
+     "no field \"Row\"",
+     {}},
 };
 
 bool Has(const json& findings, const std::string& kind, const std::string& part, const json& keys) {
@@ -103,12 +118,15 @@ TEST_F(Findings, AreToldBeforeAFileIsWritten) {
 TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample", "--page-size",
                                      "5x4", "--document", "d.json"});
-    EXPECT_TRUE(Contains(made.errors, " listings found no place on a page in all."));
+    EXPECT_TRUE(Contains(made.errors, "in all, 106 listings found no place on a page."));
     std::size_t told = 0;
     for (std::size_t at = 0; (at = made.errors.find(" found no place", at)) != std::string::npos;
          ++at)
         ++told;
     EXPECT_EQ(told, 6U);
+    program_.WriteTable("bare.dbf", std::vector(6, std::vector<std::string>{"Ash St", "1"}));
+    EXPECT_TRUE(Contains(program_.Done({"make", "bare.dbf", "-o", "o.pdf"}).errors,
+                         "in all, 6 records have no value in a field that is printed."));
     EXPECT_EQ(Checked("d.json"), program_.Done({"show", "d.json", "--json"}).Json()["findings"]);
     // Those of other pages are none of an export of some.
     program_.Done({"set", "d.json", "SamplePage=false", "Page.ColumnWidth=9"});
@@ -116,7 +134,7 @@ TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     EXPECT_EQ(checked["findings"].size(), 100U);
     EXPECT_EQ(checked["findingCounts"], json::parse("{\"outside-sheet\": 120}"));
     EXPECT_TRUE(Contains(program_.Done({"check", "d.json"}).output,
-                         "\n  120 listings and elements lie off the sheet in all.\n"));
+                         "\n  in all, 120 listings and elements lie off the sheet.\n"));
     const auto pages = program_.Done({"show", "d.json", "--json"}).Json()["pages"];
     const auto second = program_.Done({"export", "d.json", "-o", "e.pdf", "--pages", "2"}).errors;
     EXPECT_TRUE(Contains(second, "page 2: "));

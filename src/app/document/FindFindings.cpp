@@ -172,7 +172,7 @@ std::string NameOf(const host::Ref<host::IHostElement>& element) {
 
 FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages) {
     FindingList list;
-    AddEmptyValues(open, list);
+    AddTableFindings(open, list);
     AddElementsOffSheet(open, list);
     const PageRange range = pages.value_or(PageRange{1, open.PageCount()});
     PageFinder finder(open, range, list);

@@ -22,7 +22,8 @@ std::string ListingOf(OpenDocument& open, const std::string& rowKey);
 /// Returns an element's name, or an empty text.
 std::string NameOf(const host::Ref<host::IHostElement>& element);
 
-/// Adds the records whose listing, page, row or column is empty although a column prints it.
-void AddEmptyValues(OpenDocument& open, FindingList& list);
+/// Adds the fields Page, Row and Column that the listing database lost although a column prints
+/// them, and the records whose listing, page, row or column is empty although a column prints it.
+void AddTableFindings(OpenDocument& open, FindingList& list);
 
 }  // namespace app

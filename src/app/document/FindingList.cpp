@@ -18,7 +18,8 @@ struct Summary {
 constexpr Summary kSummaries[] = {
     {findings::kOutsideSheet, "listings and elements lie off the sheet"},
     {findings::kOutsideFrame, "listings stand out of the frame"},
-    {findings::kEmptyValue, "records have an empty value that is printed"},
+    {findings::kMissingField, "fields that are printed are not in the listing database"},
+    {findings::kEmptyValue, "records have no value in a field that is printed"},
     {findings::kBrokenWord, "words are longer than a line of their column"},
     {findings::kHeadingLeftOut, "headings are left out"},
     {findings::kHeadingAlone, "headings stand alone at the foot of a column group"},
@@ -29,8 +30,8 @@ constexpr Summary kSummaries[] = {
 
 std::string SummaryOf(std::string_view kind, std::int64_t count) {
     const auto* const summary = std::ranges::find(kSummaries, kind, &Summary::kind);
-    return std::to_string(count) + ' ' + (count == 1 ? summary->ofOne : summary->ofMany) +
-           " in all.";
+    return "in all, " + std::to_string(count) + ' ' +
+           (count == 1 ? summary->ofOne : summary->ofMany) + '.';
 }
 
 }  // namespace

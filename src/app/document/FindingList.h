@@ -12,6 +12,7 @@ namespace app {
 namespace findings {
 inline constexpr char kOutsideSheet[] = "outside-sheet";
 inline constexpr char kOutsideFrame[] = "outside-frame";
+inline constexpr char kMissingField[] = "missing-field";
 inline constexpr char kEmptyValue[] = "empty-value";
 inline constexpr char kBrokenWord[] = "broken-word";
 inline constexpr char kHeadingLeftOut[] = "heading-left-out";

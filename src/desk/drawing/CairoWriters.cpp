@@ -85,7 +85,10 @@ public:
 
 private:
     CairoSurface NewSurface(double width, double height) override {
-        return CairoSurface(cairo_svg_surface_create_for_stream(&Write, &File(), width, height));
+        CairoSurface surface(cairo_svg_surface_create_for_stream(&Write, &File(), width, height));
+        // The default since cairo 1.18 is pixels.
+        cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
+        return surface;
     }
     cairo_status_t WriteSurface(cairo_surface_t* surface) override {
         cairo_surface_finish(surface);

@@ -32,7 +32,7 @@ bool BlankMayJoin(hb_font_t* font, const Writing& writing) {
     hb_codepoint_t noBreak = 0;
     hb_font_get_nominal_glyph(font, ' ', &blank);
     hb_font_get_nominal_glyph(font, kNoBreak, &noBreak);
-    hb_segment_properties_t properties = HB_SEGMENT_PROPERTIES_DEFAULT;
+    hb_segment_properties_t properties{};
     properties.direction = HB_DIRECTION_LTR;
     properties.script = writing.script;
     properties.language = writing.language;
