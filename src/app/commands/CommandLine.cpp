@@ -7,6 +7,7 @@
 #include "app/commands/Console.h"
 #include "app/commands/HelpTexts.h"
 #include "app/document/ArgumentParser.h"
+#include "app/document/ColumnGroups.h"
 #include "app/document/Errors.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/ErrorHandling.h"

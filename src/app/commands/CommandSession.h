@@ -14,8 +14,7 @@ struct CommonOptions {
     bool verbose = false;  ///< Show failures with their call stack.
 };
 
-/// Throws for a locale that is not known. Returns options of a desk with messages and progress on
-/// standard error.
+/// Returns options of a desk with messages and progress on standard error.
 desk::DeskOptions DeskOptionsOf(const CommonOptions& options);
 
 /// One command's work on one document. Failures end the command; warnings go to standard error.

@@ -59,7 +59,10 @@ std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
 // Returns the fault in the words of this program, without the full stop.
 std::string FaultOf(const CLI::ParseError& error, const CLI::App& program) {
     const std::string fault = error.what();
-    const std::string option = fault.substr(0, fault.find_first_of(": "));
+    // The name stands first, or behind these words.
+    const std::string convert = "Could not convert: ";
+    const std::size_t start = fault.starts_with(convert) ? convert.size() : 0;
+    const std::string option = fault.substr(start, fault.find_first_of(": ", start) - start);
     if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
         const auto unknown = program.remaining(true);
         std::string names;

@@ -104,7 +104,7 @@ void PrintedTexts::LocateInListings(const PageRange& pages, AllMissing& missing)
             for (const auto& column : columns_) {
                 const auto value = gazetteer::SetUnder(*results.listings, column)->Item(row);
                 LookAt(gazetteer::ToText(value, open_.Host().Locale()), {false, row, column, page},
-                       pages.Holds(page), missing);
+                       pages.first <= page && page <= pages.last, missing);
             }
     }
 }
@@ -188,11 +188,14 @@ void AddCharacters(OpenDocument& open, const PageRange& pages, FindingList& list
 }  // namespace
 
 void AddFonts(OpenDocument& open, const PageRange& pages, FindingList& list) {
-    for (const auto& font : open.TheDesk().Text()->Substitutions()) {
+    const auto& engine = *open.TheDesk().Text();
+    const auto fonts = engine.Substitutions();
+    const auto warnings = FontWarnings(engine);
+    for (std::size_t i = 0; i < fonts.size(); ++i) {
         if (!list.Count(findings::kMissingFont)) continue;
-        Finding finding{findings::kMissingFont, FontWarning(font)};
-        finding.text.pop_back();
-        PrintedTexts(open).LocateFont(font.wanted, finding);
+        Finding finding{findings::kMissingFont, warnings[i]};
+        finding.text.pop_back();  // The full stop, which comes after the place.
+        PrintedTexts(open).LocateFont(fonts[i].wanted, finding);
         finding.text += '.';
         list.Add(std::move(finding));
     }

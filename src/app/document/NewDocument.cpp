@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "app/document/ColumnGroups.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/KeyValues.h"

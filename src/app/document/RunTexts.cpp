@@ -73,14 +73,11 @@ std::string CodePoint(char32_t character) {
     return text.data();
 }
 
-std::string FontWarning(const desk::FontSubstitution& font) {
-    return "the font \"" + font.wanted + "\" is not installed; \"" + font.used +
-           "\" stands in for it.";
-}
-
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine) {
     std::vector<std::string> warnings;
-    for (const auto& font : engine.Substitutions()) warnings.push_back(FontWarning(font));
+    for (const auto& font : engine.Substitutions())
+        warnings.push_back("the font \"" + font.wanted + "\" is not installed; \"" + font.used +
+                           "\" stands in for it.");
     return warnings;
 }
 

@@ -28,7 +28,6 @@ std::string UndrawableLines(const gazetteer::Findings& reasons);
 /// Returns the reason why a drawable gazetteer has no pages.
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 
-std::string FontWarning(const desk::FontSubstitution& font);
 /// Returns one sentence for each font that was substituted so far.
 std::vector<std::string> FontWarnings(const desk::TextEngine& engine);
 

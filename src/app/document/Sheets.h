@@ -13,8 +13,6 @@ namespace app {
 struct PageRange {
     std::int32_t first = 1;
     std::int32_t last = 1;
-
-    bool Holds(std::int32_t page) const { return first <= page && page <= last; }
 };
 
 /// Parses "2-5" or "3". Returns nothing for an empty text, which means all pages. Throws UsageError

@@ -20,8 +20,7 @@ namespace desk {
 /// host::Failure with one sentence that names the file and the reason.
 class ReplacingFile {
 public:
-    /// What to do with a path that is not a regular file: a device, or a pipe, which a program must
-    /// have opened for reading.
+    /// What to do with a path that is not a regular file, such as a device.
     enum class Devices { Refuse, WriteAtOnce };
 
     explicit ReplacingFile(const std::string& path, Devices devices = Devices::Refuse);
@@ -52,7 +51,6 @@ private:
 
     void OpenUnnamed();
     void OpenBeside();
-    void OpenDirectly(bool isPipe);
     void OpenStream(int file);
     void LinkBeside();
     void CheckExpected(const FileState& expected) const;
