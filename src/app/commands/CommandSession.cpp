@@ -80,13 +80,13 @@ void CommandSession::BindDrawable() {
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
     auto list = FindFindings(document_, pages);
     AddFonts(document_, pages.value_or(PageRange{1, document_.PageCount()}), list);
+    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
     auto list = Find(pages);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
-    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
 }
 

@@ -108,7 +108,7 @@ Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
 }
 
 void PageFinder::AddFromPages() {
-    for (const PageFinding& found : manager_.FindingsOnPages().Kept()) {
+    for (const PageFinding& found : manager_.FindingsOnPages()) {
         if (found.page < pages_.first || found.page > pages_.last) continue;
         const char* kind = KindOf(found);
         if (list_.Count(kind)) list_.Add(Make(found, kind));
