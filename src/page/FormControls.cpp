@@ -1,12 +1,15 @@
 #include "page/FormControls.h"
 
+#include <QLineEdit>
 #include <array>
+#include <limits>
 #include <optional>
 #include <type_traits>
 
 #include "host/Failure.h"
 #include "model/Keys.h"
 #include "page/ControlValues.h"
+#include "page/NumberMark.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
 
@@ -109,6 +112,30 @@ T ReadControl(const QWidget& form, host::IHostLocale& locale, const char* contro
         return ShownText(form, control);
 }
 
+std::string RangeSentence(double byDefault, host::IHostLocale& locale) {
+    return "Type a number from " + locale.FormatNumber(-kLongest) + " to " +
+           locale.FormatNumber(kLongest) + " (inches); until then " +
+           locale.FormatNumber(byDefault) + " is used.";
+}
+
+std::string RangeSentence(std::int32_t byDefault, host::IHostLocale& locale) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    return "Type a page number up to " + std::to_string(Limits::max()) + "; until then page " +
+           locale.FormatNumber(byDefault) + " is used.";
+}
+
+template <class T>
+void MarkWrongNumbers(QWidget& form, host::IHostLocale& locale, const char* control,
+                      const T& byDefault) {
+    if constexpr (kIsNumber<T>) {
+        auto& box = dynamic_cast<QLineEdit&>(ControlNamed(form, control));
+        new NumberMark(box, form, ToQt(RangeSentence(byDefault, locale)),
+                       [&locale](const QString& text) {
+                           return NumberIn<T>(FromQt(text), locale).has_value();
+                       });
+    }
+}
+
 }  // namespace
 
 template <class Record>
@@ -132,8 +159,13 @@ void FormControls<Record>::Read(Record& record) const {
 
 template <class Record>
 void FormControls<Record>::Connect(FormEvents& events, const FormEvents::Handler& handler) const {
-    for (const auto& binding : ControlsOf(Record()))
+    const Record defaults;
+    for (const auto& binding : ControlsOf(defaults)) {
         events.Connect(std::string(binding.control) + '_' + binding.event, handler);
+        std::visit(
+            [&](auto field) { MarkWrongNumbers(form_, locale_, binding.control, defaults.*field); },
+            binding.field);
+    }
 }
 
 template class FormControls<Settings>;

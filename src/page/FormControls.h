@@ -10,7 +10,7 @@ namespace gazetteer {
 /// Binds controls to the values of a record: the gazetteer (Settings) or the open column
 /// (ColumnProperties). Tables in the implementation say which control shows which value; filling,
 /// reading and events use them. Numbers are shown as their shortest text. A text that is not a
-/// valid number is read as the value's default and stays in the box.
+/// valid number is read as the value's default, stays in the box and is marked there.
 template <class Record>
 class FormControls {
 public:

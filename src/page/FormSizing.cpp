@@ -1,13 +1,16 @@
 #include "page/FormSizing.h"
 
 #include <QFontInfo>
+#include <QGridLayout>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QTabWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
 
@@ -26,6 +29,11 @@ constexpr int kColumnHeight = 2775;
 
 // Width of the form in font sizes: about 90 letters per line of explaining text.
 constexpr int kFontSizesWide = 50;
+// On a low screen the form becomes wider, which saves lines, and its rows stand closer, in pixels.
+constexpr int kMostFontSizesWide = 76;
+constexpr int kDenseSpacing = 3;
+// Lines of the sheet around the form: title bar, borders and buttons.
+constexpr int kLinesAround = 7;
 // Visible rows of a list, lines of an expression, digits of a number.
 constexpr int kRows = 4;
 constexpr int kLines = 3;
@@ -79,11 +87,28 @@ void InvalidateLayouts(const QWidget& form) {
     for (auto* tabs : form.findChildren<QTabWidget*>()) tabs->updateGeometry();
 }
 
+// Vertical distances; -1 for those of the style.
+void SetSpacing(const QWidget& form, int pixels) {
+    for (auto* layout : form.findChildren<QVBoxLayout*>()) layout->setSpacing(pixels);
+    for (auto* layout : form.findChildren<QGridLayout*>()) layout->setVerticalSpacing(pixels);
+}
+
 void SetLeastSize(const QWidget& form, const char* name, int width, int height) {
     const int dpi = form.logicalDpiX();
     auto& tabs = *form.findChild<QTabWidget*>(name);
     const QSize given(Pixels(width, dpi), Pixels(height, dpi));
     tabs.setMinimumSize(given.expandedTo(tabs.minimumSizeHint()));
+}
+
+// The size at this width, in font sizes, or more if the form needs it.
+QSize LeastSize(const QWidget& form, int fontSizesWide) {
+    InvalidateLayouts(form);
+    SetLeastSize(form, "SSTabColumnProps", kColumnWidth, kColumnHeight);
+    SetLeastSize(form, "SSTabGazetteerProperties", kPropertiesWidth, kPropertiesHeight);
+    const QLayout& layout = *form.layout();
+    const int readable = fontSizesWide * QFontInfo(form.font()).pixelSize();
+    const int width = std::max(layout.totalMinimumSize().width(), readable);
+    return {width, std::max(layout.totalMinimumSize().height(), layout.totalHeightForWidth(width))};
 }
 
 }  // namespace
@@ -93,19 +118,21 @@ void FitFormToTabs(QWidget& form) {
     SizeTexts(form);
     SizeButtons(form);
     SizeNumbers(form);
-    InvalidateLayouts(form);
-    SetLeastSize(form, "SSTabColumnProps", kColumnWidth, kColumnHeight);
-    SetLeastSize(form, "SSTabGazetteerProperties", kPropertiesWidth, kPropertiesHeight);
-
-    QLayout& layout = *form.layout();
     const int margin = Pixels(kMargin, form.logicalDpiX());
-    layout.setContentsMargins(Pixels(kLeft, form.logicalDpiX()), margin, margin, margin);
-    const int readable = kFontSizesWide * QFontInfo(form.font()).pixelSize();
-    const int width = std::max(layout.totalMinimumSize().width(), readable);
-    const int height =
-        std::max(layout.totalMinimumSize().height(), layout.totalHeightForWidth(width));
-    form.setMinimumSize(width, height);
-    form.resize(width, height);
+    form.layout()->setContentsMargins(Pixels(kLeft, form.logicalDpiX()), margin, margin, margin);
+    SetSpacing(form, -1);
+    QSize size = LeastSize(form, kFontSizesWide);
+    const int line = form.fontMetrics().lineSpacing();
+    const QSize room = form.screen()->availableSize() - QSize(line, line) * kLinesAround;
+    if (size.height() > room.height()) SetSpacing(form, kDenseSpacing);
+    for (int wide = kFontSizesWide; size.height() > room.height() && wide <= kMostFontSizesWide;
+         ++wide) {
+        const QSize next = LeastSize(form, wide);
+        if (next.width() > room.width()) break;
+        size = next;
+    }
+    form.setMinimumSize(size);
+    form.resize(size);
 }
 
 }  // namespace gazetteer

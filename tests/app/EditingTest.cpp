@@ -86,6 +86,42 @@ TEST(Set, DropsResultsAndChecksAnew) {
     }
 }
 
+json Labelled(const Program& program, const char* tag) {
+    const auto document = json::parse(program.Read("d.json"));
+    for (const auto& element : document["page"]["elements"])
+        if (element["tag"] == tag) return element;
+    return {};
+}
+
+TEST(Set, ChangesThePageAndTheTextsBesideTheIndex) {
+    const Program program;
+    program.Done({"make", "streets.dbf", "-o", "o.pdf", "--document", "d.json"});
+    program.Done({"set", "d.json", "--page-size", "a4", "--first-page", "9", "--head",
+                  "Streets $$FIRST", "--number-font", "DejaVu Sans,7"});
+    // The margins stay, and the texts stand as before beside the frame.
+    const auto document = json::parse(program.Read("d.json"));
+    const auto frame = document["page"]["elements"][0]["geometry"]["envelope"];
+    EXPECT_NEAR(frame[2], 210 / 25.4 - 0.5, 1e-9);
+    EXPECT_NEAR(frame[3], 297 / 25.4 - 0.75, 1e-9);
+    EXPECT_NEAR(Labelled(program, "RUNNINGHEAD")["geometry"]["point"][1], 297 / 25.4 - 0.75 + 0.13,
+                1e-9);
+    EXPECT_EQ(program.Stored("d.json")["HaveSavedListings"], false);
+
+    // A font that was never chosen follows the index, one that was stays.
+    program.Done({"set", "d.json", "*.ColumnFontSymbol=DejaVu Serif,8"});
+    program.Done({"draw", "d.json", "--page", "1"});
+    auto head = Labelled(program, "RUNNINGHEAD");
+    EXPECT_EQ(head["text"].get<std::string>().substr(0, 8), "Streets ");
+    EXPECT_EQ(head["symbol"]["font"]["name"], "DejaVu Serif");
+    EXPECT_EQ(head["symbol"]["font"]["bold"], true);
+    EXPECT_EQ(Labelled(program, "SHEETNUMBER")["symbol"]["font"]["name"], "DejaVu Sans");
+    EXPECT_EQ(Labelled(program, "SHEETNUMBER")["text"], "9");
+
+    program.Done({"set", "d.json", "--head", "", "--sheet-number", "false"});
+    EXPECT_TRUE(Labelled(program, "RUNNINGHEAD").is_null());
+    EXPECT_TRUE(Labelled(program, "SHEETNUMBER").is_null());
+}
+
 TEST(Columns, AreAddedLikeTheFirstOneAndRemoved) {
     const Program program;
     program.Done({"new", "d.json", "--listing-database", "streets.dbf", "--set",

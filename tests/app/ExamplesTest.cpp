@@ -37,6 +37,28 @@ TEST(Examples, AllMake) {
     }
 }
 
+// As the documents say, on both sizes of paper.
+TEST(Examples, AThirdColumnLeavesThreeGroups) {
+    const Program program;
+    for (const char* guide : {"README.md", "docs/manual.md", "docs/alphabets.md"})
+        for (const char* size : {"letter", "a4"}) {
+            SCOPED_TRACE(std::string(guide) + ' ' + size);
+            program.Done({"make", kExamples + "czechia-slovakia.dbf", "-o", "o.pdf", "--document",
+                          "index.json", "--page-size", size});
+            const std::string commands =
+                program.Shell("sed -n '/^gazetteer column add/,/^```/p' " GAZETTEER_SOURCE_DIR "/" +
+                              std::string(guide) +
+                              " | sed '/^```/d; s/names.json/index.json/; s/INITIAL/Country/'");
+            program.Shell("gazetteer() { " GAZETTEER_PROGRAM " \"$@\"; }; rm -f names.pdf\n" +
+                          commands);
+            const auto page = program.Done({"draw", "index.json", "--page", "2", "--json"}).Json();
+            int groups = 0;
+            for (const auto& member : page["members"]) groups += member["tag"] == "TITLEGROUP";
+            EXPECT_EQ(groups, 3);
+            EXPECT_EQ(program.Stored("index.json")["ColumnDisplayOrder"].size(), 3U);
+        }
+}
+
 // A new book has the same pages, and grids of letters and numbers as the atlas has.
 TEST(Examples, TheAtlasIsLinkedToItsBookAndToANewOne) {
     const Program program;

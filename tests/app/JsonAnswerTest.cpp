@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/commands/JsonAnswer.h"
+#include "support/Text.h"
 
 namespace tests {
 namespace {
@@ -13,9 +14,14 @@ using Json = nlohmann::ordered_json;
 // mended.
 TEST(JsonAnswers, HaveTheFormThatTheyAlwaysHad) {
     const std::vector<double> numbers{0, -0.0, 0.1, 1e-5, 1e15, 2.6028682810469572, NAN, INFINITY};
-    const std::vector<std::string> texts{
-        "",        "a\"b\\c/d", "\b\x01\x7F", "\u00E9\U0001F600", "cut\xE2\x82", "\xE2\x82x\xFFy",
-        "\xC0\x80"};
+    const std::vector<std::string> texts{"",
+                                         "a\"b\\c/d",
+                                         "\b\x01\x7F",
+                                         "\u00E9\U0001F600",
+                                         "\u009B[1m\u00A0",
+                                         "cut\xE2\x82",
+                                         "\xE2\x82x\xFFy",
+                                         "\xC0\x80"};
     Json expected = {{"flag", true}, {"whole", -7}, {"none", Json::array()}, {"texts", texts}};
     for (const double number : numbers) expected["numbers"].push_back({{"n", number}});
     expected["inner"] = {{"deep", Json::object()}};
@@ -30,7 +36,8 @@ TEST(JsonAnswers, HaveTheFormThatTheyAlwaysHad) {
     json.Object("inner", [&] { json.Object("deep", [] {}); });
     json.EndObject();
     json.Finish();
-    EXPECT_EQ(written, expected.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+    const auto dump = expected.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    EXPECT_EQ(written, gazetteer::ReplaceAll(dump, "\u009B", "\\u009b"));
 }
 
 }  // namespace

@@ -37,7 +37,9 @@ TEST_F(Documents, ANewOneIsMadeFromATable) {
         EXPECT_TRUE(note.text().contains("bad.dbf"));
         Type(dialog, "tableLine", table);
         EXPECT_EQ(note.text(), "Fields: Listing, Page");
-        support::Part<QComboBox>(dialog, "pageSize").setCurrentText("A4");
+        auto& size = support::Part<QComboBox>(dialog, "pageSize");
+        size.setCurrentText("A4");
+        Q_EMIT size.activated(size.currentIndex());
         Press(dialog, "Create");
     });
     EXPECT_TRUE(window_->isWindowModified());

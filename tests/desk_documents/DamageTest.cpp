@@ -55,7 +55,8 @@ TEST(DamagedDocument, IsNamedWithPlaceAndFault) {
     const std::string element = "is damaged at page.elements[0]";
     const std::string set = element + ".custom.set";
     std::string deep = element + ".custom";
-    for (int i = 0; i < 100; ++i) deep += ".set[0][1]";
+    for (int i = 0; i < 6; ++i) deep += ".set[0][1]";
+    deep += "\u2026[1]";
     const std::string color =
         element + ".members[0].symbol.color.rgb: a colour is expected, such as \"#B00000\"";
     const std::tuple<std::string, std::string, std::string> cases[] = {

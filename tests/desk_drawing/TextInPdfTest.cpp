@@ -41,11 +41,12 @@ double LeftInk(const sheet::Image& image, double y) {
     return -1;
 }
 
-// DejaVu Serif has an italic face; Noto Sans CJK JP has none and is slanted.
+// Liberation Serif has an italic face; Noto Sans CJK JP has none and is slanted.
 TEST(TextInPdf, ItalicHasItsFaceOrIsSlanted) {
     Sheets sheets;
     const std::tuple<const char*, const char*> fonts[] = {
-        {"DejaVu Serif", "DejaVuSerif-Italic"}, {"Noto Sans CJK JP", "NotoSansCJKjp-Regular"}};
+        {"Liberation Serif", "LiberationSerif-Italic"},
+        {"Noto Sans CJK JP", "NotoSansCJKjp-Regular"}};
     for (const auto& [family, face] : fonts) {
         const auto line = sheets.Text(1, 2, "l", family, 72);
         const auto symbol = host::As<host::IHostTextElement>(line)->Symbol();

@@ -1,5 +1,6 @@
 // Single controls: filling changes nothing, and each edit stores what it should.
 
+#include <QLabel>
 #include <array>
 #include <tuple>
 
@@ -15,6 +16,12 @@ namespace {
 class Edits : public PageStory {
 public:
     Edits() { Open(8); }
+    /// What the form says right below a box.
+    QString SentenceBelow(const QWidget& box) const {
+        const QPoint below = box.mapTo(&Form(), QPoint(box.width() / 2, box.height() + 8));
+        const auto* label = qobject_cast<const QLabel*>(Form().childAt(below));
+        return label != nullptr && label->text().startsWith("Type") ? label->text() : QString();
+    }
 };
 
 // Every value is filled from a set in which all of them differ from the defaults and from what the
@@ -91,29 +98,42 @@ TEST_F(Edits, AClickTurnsItsKeyOver) {
     EXPECT_EQ(Dump(*desk_.Column(element_, "Page")), page) << "a column that is not open";
 }
 
-// Where a number is asked for and none can be read, the key's default is stored.
+// Where a number is asked for and none can be read, the key's default is stored, and the box says
+// so.
 TEST_F(Edits, WhatIsTypedOrChosenIsStored) {
-    const std::tuple<const char*, const char*, const char*, host::Variant> typed[] = {
-        {"txtColumnWidth", "ColumnWidth", "1.25", 1.25},
-        {"txtColumnWidth", "ColumnWidth", "", 2.0},
-        {"txtTopMargin", "MarginTop", "-0.5", -0.5},
-        {"txtBottomMargin", "MarginBottom", "+3", 3.0},
-        {"txtLeftMargin", "MarginLeft", " 2 ", 2.0},
-        {"txtRightMargin", "MarginRight", "-1e3", -1000.0},
-        {"txtRightMargin", "MarginRight", "-1000.1", 0.05},
-        {"txtBreakSpacing", "BreakSpacing", "0.3", 0.3},
-        {"txtBreakSpacing", "BreakSpacing", "$5", 0.1},
-        {"txtGroupSpacing", "RepeatSpacing", "0.4", 0.4},
-        {"txtGroupSpacing", "RepeatSpacing", "1.2.3", 0.1},
-        {"txtDefaultPage", "DefaultPage", "2.5", 2},
-        {"txtDefaultPage", "DefaultPage", "3.5", 4},
-        {"txtDefaultPage", "DefaultPage", "99999999999", 1},
-        {"txtCombineDelimeter", "CombineDelimeter", " / ", " / "},
-        {"txtColumnTitle", "Title", "Stra\u00DFe & <Weg>", "Stra\u00DFe & <Weg>"}};
-    for (const auto& [control, key, text, stored] : typed) {
+    const auto length = [](const char* used) {
+        return QString("Type a number from -1000 to 1000 (inches); until then %1 is used.")
+            .arg(used);
+    };
+    const std::tuple<const char*, const char*, const char*, host::Variant, QString> typed[] = {
+        {"txtColumnWidth", "ColumnWidth", "1.25", 1.25, ""},
+        {"txtColumnWidth", "ColumnWidth", "", 2.0, length("2")},
+        {"txtTopMargin", "MarginTop", "-0.5", -0.5, ""},
+        {"txtBottomMargin", "MarginBottom", "+3", 3.0, ""},
+        {"txtLeftMargin", "MarginLeft", " 2 ", 2.0, ""},
+        {"txtRightMargin", "MarginRight", "-1e3", -1000.0, ""},
+        {"txtRightMargin", "MarginRight", "-1000.1", 0.05, length("0.05")},
+        {"txtBreakSpacing", "BreakSpacing", "0.3", 0.3, ""},
+        {"txtBreakSpacing", "BreakSpacing", "$5", 0.1, length("0.1")},
+        {"txtGroupSpacing", "RepeatSpacing", "0.4", 0.4, ""},
+        {"txtGroupSpacing", "RepeatSpacing", "1.2.3", 0.1, length("0.1")},
+        {"txtDefaultPage", "DefaultPage", "2.5", 2, ""},
+        {"txtDefaultPage", "DefaultPage", "3.5", 4, ""},
+        {"txtDefaultPage", "DefaultPage", "99999999999", 1,
+         "Type a page number up to 2147483647; until then page 1 is used."},
+        {"txtCombineDelimeter", "CombineDelimeter", " / ", " / ", ""},
+        {"txtColumnTitle", "Title", "Stra\u00DFe & <Weg>", "Stra\u00DFe & <Weg>", ""}};
+    for (const auto& [control, key, text, stored, wrong] : typed) {
         Type(control, text);
         EXPECT_EQ(Held(key), stored) << control << " \"" << text << '"';
-        EXPECT_EQ(Control<QLineEdit>(control).text(), text) << "it keeps what was typed";
+        auto& box = Control<QLineEdit>(control);
+        EXPECT_EQ(box.text(), text) << "it keeps what was typed";
+        EXPECT_EQ(box.toolTip(), wrong) << control << " \"" << text << '"';
+        EXPECT_EQ(SentenceBelow(box), wrong);
+        const QFrame* mark = box.findChild<QFrame*>();
+        EXPECT_EQ(mark != nullptr && mark->isVisible(), !wrong.isEmpty()) << control;
+        if (!wrong.isEmpty()) Type(control, "1");
+        EXPECT_EQ(box.toolTip(), "");
     }
     for (const char* choice : {"Justify", "Center", "Right", "Left"})
         for (const auto& [list, key] : {std::pair{"cmbAlignment", "Alignment"},
@@ -122,6 +142,24 @@ TEST_F(Edits, WhatIsTypedOrChosenIsStored) {
             EXPECT_EQ(Held(key), host::Variant(choice));
         }
     EXPECT_EQ(Told(), Texts{});
+}
+
+// OK leads back to a wrong number once, so that no default takes its place unseen.
+TEST_F(Edits, OkStopsAtAWrongNumber) {
+    for (const char* next : {"0.25", "wide"}) {
+        auto& box = Control<QLineEdit>("txtTopMargin");
+        Type("txtTopMargin", "wide");
+        Reveal("chkSamplePage");
+        Press(QDialogButtonBox::Ok);
+        EXPECT_TRUE(box.hasFocus() && box.isVisible());
+        EXPECT_EQ(desk_.Column(element_, "Listing")->Item("MarginTop"), host::Variant(0.05));
+        if (box.text() != next) Type("txtTopMargin", next);
+        Press(QDialogButtonBox::Ok);
+        EXPECT_FALSE(box.isVisible());
+        EXPECT_EQ(desk_.Column(element_, "Listing")->Item("MarginTop"),
+                  host::Variant(box.text() == "wide" ? 0.05 : 0.25));
+        OpenSheet();
+    }
 }
 
 // Other orders of calls than the host's, and objects that are not there, end in a message at most.

@@ -1,111 +1,156 @@
+#include <QCommandLineParser>
 #include <QDir>
 #include <QLineEdit>
-#include <QRegularExpression>
-#include <QTabBar>
-#include <QTabWidget>
-#include <cstdlib>
 
-#include "app/window/MainWindow.h"
+#include "Taker.h"
 #include "app/window/PageView.h"
 #include "desk/components/ComponentLibrary.h"
 #include "support/OffscreenApplication.h"
 #include "support/Widgets.h"
 
-/// Takes the pictures of the window and of every tab of the property page, with an example. The
-/// same program on the same fonts gives the same pictures.
+/// Takes a picture of the window in several states, of every dialog and of every tab, with an
+/// example. The same program on the same fonts gives the same pictures.
 
 namespace {
 
-void Take(QWidget& widget, const QString& path) {
-    QApplication::processEvents();
-    if (widget.grab().save(path + ".png", "PNG")) return;
-    std::fprintf(stderr, "no picture %s.png\n", qPrintable(path));
-    std::exit(1);
+using app::MainWindow;
+using pictures::Picture;
+
+constexpr char kDocument[] = "czechia-slovakia.json";
+
+auto Trigger(const char* action) {
+    return [action](MainWindow& window) { window.findChild<QAction*>(action)->trigger(); };
 }
 
-// A name for a file: "Index Source" becomes "index-source".
-QString FileName(QString title) {
-    title = title.toLower().remove('&');
-    return title.replace(QRegularExpression("[^a-z0-9]+"), "-");
-}
-
-// The sheet itself has tabs, its page has, and one of those has tabs again.
-void TakeTabs(QWidget& sheet, const QWidget& whole, const QString& path) {
-    auto* const tabs = whole.findChild<QTabWidget*>();
-    if (tabs == nullptr) return Take(sheet, path);
-    for (int tab = 0; tab < tabs->count(); ++tab) {
-        tabs->setCurrentIndex(tab);
-        TakeTabs(sheet, *tabs->widget(tab), path + '-' + FileName(tabs->tabText(tab)));
-    }
-}
-
-void TakeWindow(const QString& table, const QString& folder) {
-    app::MainWindow window("en_US");
-    window.resize(1180, 860);
-    window.show();
-    Take(window, folder + "start");
-    const auto whenOpen = [](const std::function<void(QWidget&)>& take) {
-        support::WhenModal([take](QWidget& dialog) {
-            QTest::qWait(300);
-            take(dialog);
-            dialog.close();
-        });
-    };
-    const auto trigger = [&](const char* action) { window.findChild<QAction*>(action)->trigger(); };
-
-    whenOpen([&](QWidget& dialog) {
-        Take(dialog, folder + "new-document");
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    window.Open(table);
-    // No picture is to show where it was taken.
-    window.TheSession().Document().Properties()->SetItem("IndexDatabaseFile", table.toStdString());
-    window.TheSession().SaveTo("czechia-slovakia.json");
+void OpenDocument(MainWindow& window) {
+    window.Open(kDocument);
     window.TheSession().TurnTo(2);
-    trigger("nextPage");
+    Trigger("nextPage")(window);
     window.View().SetFit(app::PageView::Fit::Width);
-    Take(window, folder + "window");
+}
 
-    whenOpen([&](QWidget& dialog) { Take(dialog, folder + "export"); });
-    trigger("exportPages");
-    whenOpen([&](QWidget& sheet) { TakeTabs(sheet, sheet, folder + "sheet"); });
-    trigger("properties");
-    window.View().SetFit(app::PageView::Fit::Page);
-    Take(window, folder + "selected");
-    trigger("draft");
-    Take(window, folder + "draft");
-    trigger("draft");
-    QLineEdit& filter = *window.findChild<QLineEdit*>("pageFilter");
-    filter.setText("nad lab");
-    Take(window, folder + "search");
-    filter.clear();
-    QFile::rename(table, table + ".away");
-    trigger("refresh");
-    Take(window, folder + "notice");
-    window.TheSession().SaveTo(window.TheSession().Path());
+void Search(MainWindow& window) {
+    Trigger("draft")(window);
+    window.findChild<QLineEdit*>("pageFilter")->setText("nad lab");
+}
+
+void ShowFailure(MainWindow& window) {
+    host::Failure failure(host::kFailureUnspecified, "",
+                          "The expression of the column Listing has no field named Nowhere.");
+    failure.AddFact("column", "Listing");
+    failure.AddFact("text", "[Nowhere]$$DOTS");
+    const std::string stack = "CALL STACK\n\tPopulateIndexTable\n\tSetIndexElement\n\tApply";
+    window.TheSession().Host().Dialogs().MessageBox(
+        {"Unexpected Program Error", failure.cause + "\n\n" + stack, host::kStopOk, &failure});
+}
+
+void LoseTable(MainWindow& window) {
+    window.findChild<QLineEdit*>("pageFilter")->clear();
+    QFile::rename("czechia-slovakia.dbf", "away.dbf");
+    Trigger("refresh")(window);
+}
+
+// In this order: later pictures show what earlier ones have done.
+const Picture kPictures[] = {
+    {"start", [](MainWindow&) {}},
+    {"new-document", [](MainWindow& window) { window.Open("czechia-slovakia.dbf"); }},
+    {"choose-table", Trigger("newDocument"), "tableBrowse"},
+    {"window", OpenDocument},
+    {"export", Trigger("exportPages")},
+    {"about", Trigger("about")},
+    {"manual", Trigger("manual")},
+    {"sheet", Trigger("properties")},
+    {"wrong-number", Trigger("properties"), "txtTopMargin", "wide"},
+    {"text-symbol", Trigger("properties"), "cmdColumnFont"},
+    {"fill-symbol", Trigger("properties"), "cmdColumnBackgroundsymbol"},
+    {"expression", Trigger("properties"), "cmdExpression"},
+    {"choose-database", Trigger("properties"), "cmdSetNewFileName"},
+    {"add-column", Trigger("properties"), "cmdAdd"},
+    {"remove-column", Trigger("properties"), "cmdRemove"},
+    {"selected", [](MainWindow& window) { window.View().SetFit(app::PageView::Fit::Page); }},
+    {"draft", Trigger("draft")},
+    {"search", Search},
+    {"unsaved", [](MainWindow& window) { window.close(); }},
+    {"failure", ShowFailure},
+    {"notice", LoseTable},
+};
+
+void MakeDocument() {
+    MainWindow window("en_US");
+    auto& session = window.TheSession();
+    desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
+        .Register(session.Document().DeskRef(), true);
+    support::WhenModal([](QWidget& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
+    window.Open("czechia-slovakia.dbf");
+    session.SaveTo(kDocument);
+}
+
+QPalette Dark() {
+    QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50));
+    dark.setColor(QPalette::Base, QColor(27, 30, 32));
+    dark.setColor(QPalette::AlternateBase, QColor(35, 38, 41));
+    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::Link, QColor(29, 153, 243));
+    dark.setColor(QPalette::PlaceholderText, QColor(161, 169, 177));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(110, 113, 117));
+    return dark;
+}
+
+// The platform without a display takes its screen from a file.
+void SetScreen(const QString& folder, QSize pixels, const QString& scale) {
+    QFile file(folder + "/screen.json");
+    if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write the screen");
+    file.write(QString("{\"screens\": [{\"name\": \"screen\", \"x\": 0, \"y\": 0, \"width\": %1, "
+                       "\"height\": %2, \"logicalDpi\": 96, \"logicalBaseDpi\": 96, \"dpr\": 1}]}")
+                   .arg(pixels.width())
+                   .arg(pixels.height())
+                   .toUtf8());
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+    qputenv("QT_SCALE_FACTOR", scale.toUtf8());
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count != 3) {
-        std::fprintf(stderr, "usage: desk_pictures TABLE FOLDER\n");
+    QCommandLineParser parser;
+    const QCommandLineOption dark("dark", "on a dark desktop");
+    const QCommandLineOption scale("scale", "factor of the screen, such as 2", "factor", "1");
+    const QCommandLineOption small("small", "on 1366 by 768 pixels at 125 %");
+    parser.addOptions({dark, scale, small});
+    QStringList given;
+    for (int i = 0; i < count; ++i) given << QString::fromLocal8Bit(arguments[i]);
+    if (!parser.parse(given) || parser.positionalArguments().size() != 2) {
+        std::fprintf(stderr, "usage: desk_pictures TABLE FOLDER [--dark] [--scale N] [--small]\n");
         return 2;
     }
+    const QString pictures = QFileInfo(parser.positionalArguments()[1]).absoluteFilePath() + '/';
+    QDir().mkpath(pictures);
+    const support::TemporaryFolder screen;
+    const double factor = parser.value(scale).toDouble();
+    if (parser.isSet(small))
+        SetScreen(QString::fromStdString(screen.Path()), {1366, 768}, "1.25");
+    else
+        SetScreen(QString::fromStdString(screen.Path()), QSize(1600, 1000) * factor,
+                  parser.value(scale));
     const support::OffscreenApplication application(count, arguments, "pictures");
     QApplication::setStyle("Fusion");
+    if (parser.isSet(dark)) QApplication::setPalette(Dark());
     const QString home = QString::fromStdString(application.Folder().Path());
     qputenv("XDG_DATA_HOME", (home + "/data").toLocal8Bit());
-    const QString pictures = QFileInfo(arguments[2]).absoluteFilePath() + '/';
-    const QString table = QFileInfo(arguments[1]).fileName();
-    QFile::copy(arguments[1], home + '/' + table);
-    QDir().mkpath(pictures);
+    QFile::copy(parser.positionalArguments()[0], home + "/czechia-slovakia.dbf");
     QDir::setCurrent(home);
-    {
-        app::MainWindow registers("en_US");
-        desk::ComponentLibrary(desk::LibraryOfProgram("gazetteer/libCVNGazetteer.so"))
-            .Register(registers.TheSession().Document().DeskRef(), true);
+    MakeDocument();
+
+    MainWindow window("en_US");
+    window.show();
+    pictures::Taker taker(pictures);
+    for (const Picture& picture : kPictures) {
+        taker.Take(picture, window);
+        // No picture is to show where it was taken.
+        if (window.TheSession().HasDocument())
+            window.TheSession().Document().Properties()->SetItem(
+                "IndexDatabaseFile", std::string("czechia-slovakia.dbf"));
     }
-    TakeWindow(table, pictures);
-    return 0;
+    return taker.AllFitted() ? 0 : 1;
 }

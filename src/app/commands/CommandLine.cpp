@@ -92,12 +92,6 @@ CLI::App& Commands::AddForDocument(CLI::App& parent, const char* name, const cha
 
 void Commands::AddNewDocumentOptions(CLI::App& command) {
     command.add_option("--book", options_.book, "Map book file that the document belongs to");
-    AddText(
-        command, "--page-size", options_.pageSize,
-        "a3, a4, a5, b5, letter, legal, tabloid, or WIDTHxHEIGHT in inches or with mm behind it "
-        "(default: letter or a4, by the locale)");
-    AddText(command, "--frame", options_.frame,
-            "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches");
     AddText(command, "--set", options_.assignments,
             "KEY=VALUE, as for the command set (repeatable)")
         ->expected(1)
@@ -107,10 +101,25 @@ void Commands::AddNewDocumentOptions(CLI::App& command) {
 }
 
 void Commands::AddSheetOptions(CLI::App& command) {
+    AddText(
+        command, "--page-size", options_.pageSize,
+        "a3, a4, a5, b5, letter, legal, tabloid, or WIDTHxHEIGHT in inches or with mm behind it "
+        "(default: letter or a4, by the locale)");
+    AddText(command, "--frame", options_.frame,
+            "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches");
     AddText(command, "--title", options_.title, "Title of the document (default: the table's name)")
         ->check(CheckTitle);
     AddNumber(command, "--first-page", options_.firstPage, {1, kMostPages},
               "Number printed on the first sheet, {} (default: by the map book, or 1)");
+    AddText(command, "--head", options_.head,
+            "Running head, with $$FIRST and $$LAST for the listings of the page; empty: none");
+    AddText(command, "--head-font", options_.headFont,
+            "Its font, FAMILY,SIZE[,bold][,italic][,#RRGGBB] (default: the family of the index)");
+    command
+        .add_option("--sheet-number", options_.sheetNumber, "Whether the sheets carry their number")
+        ->check(CLI::IsMember({"true", "false"}));
+    AddText(command, "--number-font", options_.numberFont,
+            "Font of the sheet number, as for --head-font");
 }
 
 void Commands::AddOutputOptions(CLI::App& command) {

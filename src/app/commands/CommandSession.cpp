@@ -78,7 +78,10 @@ void CommandSession::BindDrawable() {
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
-    auto list = FindFindings(document_, pages);
+    auto list = FindFindings(
+        document_,
+        document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
+        pages);
     AddFonts(document_, pages.value_or(PageRange{1, document_.PageCount()}), list);
     toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "app/commands/CommandSession.h"
@@ -16,6 +17,10 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::string output;
     std::string pages;                   ///< As for ParsePages.
     std::int32_t page = 0;               ///< From 1.
+    std::optional<std::string> head;     ///< Text of the running head; empty: none.
+    std::string headFont;                ///< As a text symbol of `set`; empty: not given.
+    std::string sheetNumber;             ///< "true" or "false"; empty: not given.
+    std::string numberFont;              ///< As headFont.
     std::string sheets;                  ///< Table with a record for each map sheet.
     std::int64_t startPage = 1;          ///< Page of the book on which the first map stands.
     std::string rowLabels = "A..H";      ///< Of the grid: "A..H", "1..10" or with commas.

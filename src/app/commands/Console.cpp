@@ -25,7 +25,7 @@ void ShowProgress(const std::string& text) {
     static constexpr char kSigns[] = "|/-\\";
     const std::string sign =
         progress.playing ? std::string(" ") + kSigns[progress.turn++ % (sizeof kSigns - 1)] : "";
-    std::fputs(("\r" + text + sign + "\x1b[K").c_str(), stderr);
+    std::fputs(("\r" + Printable(text) + sign + "\x1b[K").c_str(), stderr);
     std::fflush(stderr);
     progress.shown = true;
 }

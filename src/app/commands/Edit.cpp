@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <filesystem>
 
 #include "app/commands/Commands.h"
@@ -5,10 +7,12 @@
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/PageFurniture.h"
+#include "app/document/PageSetup.h"
 #include "app/document/SettingsEdit.h"
 #include "app/document/Sheets.h"
 #include "listings/IndexTable.h"
 #include "model/EditRules.h"
+#include "support/Conversions.h"
 
 namespace app {
 namespace {
@@ -18,6 +22,45 @@ void Assign(OpenDocument& document, const Options& options) {
     for (const auto& assignment : options.assignments) edit.Set(assignment);
     if (options.sample) edit.Set("SamplePage=true");
     edit.Store();
+    UseColumnFont(document);
+}
+
+void SetFont(OpenDocument& document, const char* option, const std::string& value, Label& label) {
+    if (value.empty()) return;
+    if (!label.shown)
+        throw UsageError(std::string(option) + ' ' + Shown(value) +
+                         ": the sheets have no such text, nor is one asked for.");
+    const auto parsed =
+        ParseValue(document.Host(), option, gazetteer::ValueKind::TextSymbol, value);
+    const auto symbol = gazetteer::ToObject<host::IHostTextSymbol>(parsed);
+    label.symbol->SetFont(symbol->Font());
+    label.symbol->SetColor(symbol->Color());
+    label.followsIndex = false;
+}
+
+bool ChangesPage(const Options& options) {
+    return options.firstPage > 0 || options.head ||
+           std::ranges::any_of(std::array{options.pageSize, options.frame, options.headFont,
+                                          options.sheetNumber, options.numberFont},
+                               [](const std::string& given) { return !given.empty(); });
+}
+
+// A frame keeps its margins on another size.
+void SetUpPage(OpenDocument& document, const Options& options) {
+    if (!ChangesPage(options)) return;
+    PageSetup setup = PageSetupOf(document);
+    if (!options.pageSize.empty()) setup.size = ParsePageSize(options.pageSize);
+    if (!options.frame.empty())
+        setup.margins = MarginsOf(ParseFrame(options.frame, setup.size), setup.size);
+    if (options.firstPage > 0) setup.firstSheet = options.firstPage;
+    if (options.head) {
+        setup.head.shown = !options.head->empty();
+        setup.head.text = *options.head;
+    }
+    if (!options.sheetNumber.empty()) setup.number.shown = options.sheetNumber == "true";
+    SetFont(document, "--head-font", options.headFont, setup.head);
+    SetFont(document, "--number-font", options.numberFont, setup.number);
+    ApplyPageSetup(document, setup);
 }
 
 }  // namespace
@@ -32,8 +75,8 @@ int Make(const Options& options) {
     StartNewDocument(document, options,
                      options.document.empty() ? options.output : options.document);
     ApplyPrintDefaults(document, options.columnGroups);
+    SetUpPage(document, options);
     Assign(document, options);
-    UseColumnFont(document);
 
     session.BindDrawable();
     session.CheckHasPages();
@@ -56,6 +99,7 @@ int New(const Options& options) {
     CommandSession session(options);
     auto& document = session.Document();
     StartNewDocument(document, options, options.document);
+    SetUpPage(document, options);
     Assign(document, options);
     // Also refuses a file that another program has created since the check.
     if (!options.force) document.TheDesk().SetReplaceable(desk::FileState{});
@@ -64,14 +108,13 @@ int New(const Options& options) {
 }
 
 int Set(const Options& options) {
-    if (options.assignments.empty() && options.title.empty() && options.firstPage == 0 &&
+    if (options.assignments.empty() && options.title.empty() && !ChangesPage(options) &&
         options.locale.empty())
         throw UsageError("What to change is missing: KEY=VALUE or an option; --help tells more.");
     CommandSession session(options);
     auto& document = session.Open(options.document);
-    auto& sheet = document.TheDesk().CurrentDocument();
-    if (!options.title.empty()) sheet.title = options.title;
-    if (options.firstPage > 0) sheet.firstSheet = options.firstPage;
+    if (!options.title.empty()) document.TheDesk().CurrentDocument().title = options.title;
+    SetUpPage(document, options);
     Assign(document, options);
     document.Save();
     return kDone;

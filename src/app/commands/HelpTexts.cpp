@@ -74,6 +74,10 @@ Any change drops stored results. `gazetteer column list DOC` shows the values of
 DefaultPage is the page that the window shows first; it changes no number. The number printed on the
 first sheet is that of --first-page.
   gazetteer set index.json --first-page 97 --title 'Index of Streets' --locale de
+On another --page-size the frame keeps its margins. The running head and the sheet number stand beside
+the frame, in the typeface of the first column unless they have a font of their own.
+  gazetteer set index.json --page-size a5 --head 'Streets $$FIRST to $$LAST' --number-font 'DejaVu Sans,7'
+  gazetteer set index.json --head '' --sheet-number false
 )"},
     {"column", R"(
 A column's name has at most 8 characters and no blank. A new column looks like the first one.

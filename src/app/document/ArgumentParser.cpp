@@ -101,6 +101,11 @@ CLI::Option* AddText(CLI::App& command, const char* name, std::string& value, co
     return command.add_option(name, value, text)->check(CheckText)->capture_default_str();
 }
 
+CLI::Option* AddText(CLI::App& command, const char* name, std::optional<std::string>& value,
+                     const char* text) {
+    return command.add_option(name, value, text)->check(CheckText);
+}
+
 CLI::Option* AddText(CLI::App& command, const char* name, std::vector<std::string>& values,
                      const char* text) {
     return command.add_option(name, values, text)->check(CheckText);

@@ -14,6 +14,8 @@ namespace app {
 
 /// Adds an argument or option whose value must be UTF-8.
 CLI::Option* AddText(CLI::App& command, const char* name, std::string& value, const char* text);
+CLI::Option* AddText(CLI::App& command, const char* name, std::optional<std::string>& value,
+                     const char* text);
 CLI::Option* AddText(CLI::App& command, const char* name, std::vector<std::string>& values,
                      const char* text);
 

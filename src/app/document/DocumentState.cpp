@@ -9,7 +9,10 @@ DocumentState::Element StateOf(host::IHost& host, const host::Ref<host::IHostEle
     DocumentState::Element state;
     state.element = element;
     state.geometry = element->Geometry();
-    if (const auto text = host::As<host::IHostTextElement>(element)) state.symbol = text->Symbol();
+    if (const auto text = host::As<host::IHostTextElement>(element)) {
+        state.symbol = text->Symbol();
+        state.custom = host::As<host::IHostCustomProperty>(element)->CustomProperty();
+    }
     if (const auto frame = host::As<host::IHostFrameElement>(element)) state.draft = frame->Draft();
     if (gazetteer::HasGazetteerProperties(host, element))
         state.properties = gazetteer::StoredGazetteerProperties(element);
@@ -19,7 +22,10 @@ DocumentState::Element StateOf(host::IHost& host, const host::Ref<host::IHostEle
 void Restore(host::IHost& host, const DocumentState::Element& state) {
     const auto& element = state.element;
     element->SetGeometry(state.geometry);
-    if (const auto text = host::As<host::IHostTextElement>(element)) text->SetSymbol(state.symbol);
+    if (const auto text = host::As<host::IHostTextElement>(element)) {
+        text->SetSymbol(state.symbol);
+        host::As<host::IHostCustomProperty>(element)->SetCustomProperty(state.custom);
+    }
     if (const auto frame = host::As<host::IHostFrameElement>(element)) frame->SetDraft(state.draft);
     if (state.properties) gazetteer::SetGazetteerProperties(host, element, state.properties);
 }

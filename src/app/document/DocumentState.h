@@ -8,14 +8,15 @@
 namespace app {
 
 /// What an edit can change in a document, for undoing it: the sheet and its elements, with their
-/// place, draft state, gazetteer properties and text symbol. It shares the property sets,
-/// geometries and symbols with the document, so it is small for any number of listings; an edit
-/// must replace these objects and not change them.
+/// place, draft state, gazetteer properties, and the symbol and custom property of texts. It shares
+/// the property sets, geometries and symbols with the document, so it is small for any number of
+/// listings; an edit must replace these objects and not change them.
 struct DocumentState {
     struct Element {
         host::Ref<host::IHostElement> element;
         host::Ref<host::IHostGeometry> geometry;
         host::Ref<host::IHostTextSymbol> symbol;       ///< Null for other elements than texts.
+        host::Variant custom;                          ///< Of a text; Empty for other elements.
         host::Ref<host::IHostPropertySet> properties;  ///< Null for other elements than gazetteers.
         bool draft = false;
 

@@ -1,8 +1,6 @@
 #include "app/document/FindFindings.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
@@ -17,12 +15,6 @@ using gazetteer::PageFinding;
 
 constexpr double kRounding = 1e-6;  // Inches.
 
-std::string Inches(double inches) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.2f", inches);
-    return text.data();
-}
-
 bool LiesOnSheet(const desk::Document& sheet, const host::IHostEnvelope& box) {
     return box.XMin() >= -kRounding && box.YMin() >= -kRounding &&
            box.XMax() <= sheet.pageWidth + kRounding && box.YMax() <= sheet.pageHeight + kRounding;
@@ -36,10 +28,11 @@ bool TouchesSheet(const desk::Document& sheet, const host::IHostEnvelope& box) {
 // Makes the findings of one gazetteer from what its manager knows.
 class PageFinder {
 public:
-    PageFinder(OpenDocument& open, const PageRange& pages, FindingList& list)
+    PageFinder(OpenDocument& open, const PageRange& pages, LengthUnit unit, FindingList& list)
         : open_(open),
           manager_(open.Manager()),
           pages_(pages),
+          unit_(unit),
           list_(list),
           frame_(open.Gazetteer()->Geometry()->Bounds()) {}
 
@@ -53,6 +46,7 @@ private:
     OpenDocument& open_;
     gazetteer::CVNGazetteerManager& manager_;
     PageRange pages_;
+    LengthUnit unit_;
     FindingList& list_;
     host::Ref<host::IHostEnvelope> frame_;
 };
@@ -77,10 +71,10 @@ const char* PageFinder::KindOf(const PageFinding& found) const {
 }
 
 // Returns where a listing that leaves the frame stands.
-std::string PlaceOf(const PageFinding& found) {
+std::string PlaceOf(const PageFinding& found, LengthUnit unit) {
     const bool below = found.below > kRounding;
-    return " stands " + Inches(below ? found.below : found.atRight) +
-           (below ? " inches below the foot" : " inches beyond the right edge") + " of the frame";
+    return " stands " + LengthText(below ? found.below : found.atRight, unit) +
+           (below ? " below the foot" : " beyond the right edge") + " of the frame";
 }
 
 Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
@@ -89,7 +83,7 @@ Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
     finding.text = "page " + std::to_string(found.page) + ": ";
     switch (found.kind) {
         case PageFinding::Kind::OutsideFrame:
-            finding.text += "the listing " + name + PlaceOf(found) +
+            finding.text += "the listing " + name + PlaceOf(found, unit_) +
                             (kind == findings::kOutsideSheet ? ", off the sheet." : ".");
             break;
         case PageFinding::Kind::BrokenWord:
@@ -170,12 +164,12 @@ std::string NameOf(const host::Ref<host::IHostElement>& element) {
     return named ? named->Name() : "";
 }
 
-FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages) {
+FindingList FindFindings(OpenDocument& open, LengthUnit unit,
+                         const std::optional<PageRange>& pages) {
     FindingList list;
     AddTableFindings(open, list);
     AddElementsOffSheet(open, list);
-    const PageRange range = pages.value_or(PageRange{1, open.PageCount()});
-    PageFinder finder(open, range, list);
+    PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), unit, list);
     finder.AddFromPages();
     finder.AddUnplaced();
     return list;

@@ -4,13 +4,16 @@
 
 #include "app/document/FindingList.h"
 #include "app/document/OpenDocument.h"
+#include "app/document/SheetSizes.h"
 #include "app/document/Sheets.h"
 
 namespace app {
 
 /// Returns what would be wrong on the given pages of the bound gazetteer, or on all: reads the
-/// listing database once, and numbers the pages of stored results again. Throws if that fails.
-FindingList FindFindings(OpenDocument& open, const std::optional<PageRange>& pages = std::nullopt);
+/// listing database once, and numbers the pages of stored results again. Lengths in sentences have
+/// the given unit. Throws if that fails.
+FindingList FindFindings(OpenDocument& open, LengthUnit unit,
+                         const std::optional<PageRange>& pages = std::nullopt);
 
 /// Adds the fonts that are not installed, and the characters that no font has, of the texts that
 /// were measured so far, with the first place of each. Leaves out those of other pages.

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/document/OpenDocument.h"
+#include "app/document/SheetSizes.h"
 
 namespace app {
 
@@ -24,28 +25,6 @@ struct NewDocumentOptions {
 /// cannot be opened or has no field "Page", and for a map book that cannot be read.
 void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
                       const std::string& documentPath);
-
-/// Inches.
-struct PageSize {
-    double width = 0;
-    double height = 0;
-};
-/// Parses the name of a format, such as "letter" or "a4", or "WIDTHxHEIGHT" in inches or with "mm"
-/// or "in" behind it or behind each, each side from 0.01 to 200 inches. Throws UsageError for
-/// another form.
-PageSize ParsePageSize(const std::string& text);
-
-/// A rectangle on the sheet, in inches from its lower left corner.
-struct FrameOption {
-    double left = 0;
-    double bottom = 0;
-    double width = 0;
-    double height = 0;
-};
-/// Parses "LEFT,BOTTOM,WIDTH,HEIGHT" in inches. An empty text gives a frame inside half-inch
-/// margins, with room for a running head and a sheet number. Throws UsageError for another form or
-/// a frame outside the sheet.
-FrameOption ParseFrame(const std::string& text, const PageSize& page);
 
 /// Returns the names of the first fields, at most the given number, for a message.
 std::string FieldNames(const host::IHostFields& fields, std::int32_t most);

@@ -1,9 +1,10 @@
 #include "app/document/PageFurniture.h"
 
 #include <algorithm>
-#include <numeric>
-#include <vector>
+#include <cmath>
+#include <string_view>
 
+#include "app/document/HeadText.h"
 #include "model/DefaultSymbols.h"
 #include "model/KeyNames.h"
 #include "model/Settings.h"
@@ -14,79 +15,93 @@ namespace app {
 namespace {
 
 namespace keys = gazetteer::keys;
-
-constexpr char kHeadTag[] = "RUNNINGHEAD";
-constexpr char kNumberTag[] = "SHEETNUMBER";
-constexpr char kDash[] = " \u2013 ";
-constexpr char kEllipsis[] = "\u2026";
+using TextRef = host::Ref<host::IHostTextElement>;
 
 constexpr double kPoints = 9;          // Font size in points.
 constexpr double kHeadAbove = 0.13;    // Inches from the frame to the middle of the head.
 constexpr double kNumberBelow = 0.17;  // Inches from the frame to the middle of the number.
 
-host::Ref<host::IHostTextElement> MakeLabel(host::IHost& host, const char* tag, double x, double y,
-                                            bool bold) {
-    auto symbol = gazetteer::MakeTextSymbol(host, kPoints, bold);
-    symbol->Font()->SetName("Liberation Sans");
-    symbol->SetHorizontalPlacement(1);
-    auto label = host.NewTextElement();
-    label->SetSymbol(symbol);
-    auto point = host.NewPoint();
-    point->SetX(x);
-    point->SetY(y);
-    label->SetGeometry(point);
-    label->SetScaleWithPage(false);
-    host::As<host::IHostElementName>(label)->SetName(tag);
-    return label;
-}
-
-double WidthOf(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& text) {
-    const auto display = host.NewApplication()->Document()->ActiveView()->Display();
-    return symbol.MeasureText(display->DeviceContext(), display->Transformation(), text).xSize /
-           host::kPointsPerInch;
-}
-
-// Returns a number of leading characters that are certainly too wide, or all. Shortened starts
-// there because it removes one character at a time, which is slow for very long texts.
-std::size_t TooWide(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& text,
-                    const std::vector<std::size_t>& characters, double width) {
-    constexpr double kCertainly = 2;  // Times the width; ligatures can make a longer text narrower.
-    std::size_t bytes = 0;
-    std::size_t count = 0;
-    for (std::size_t tried = 64; tried < characters.size(); tried *= 2) {
-        for (; count < tried; ++count) bytes += characters[count];
-        if (WidthOf(host, symbol, text.substr(0, bytes)) > kCertainly * width) return count;
-    }
-    return characters.size();
-}
-
-// Cuts a text to the width (inches) and adds an ellipsis.
-std::string Shortened(host::IHost& host, host::IHostTextSymbol& symbol, std::string text,
-                      double width) {
-    if (WidthOf(host, symbol, text) <= width) return text;
-    auto characters = host.Locale().Characters(text);
-    characters.resize(TooWide(host, symbol, text, characters, width));
-    text.resize(std::accumulate(characters.begin(), characters.end(), std::size_t{0}));
-    while (!characters.empty()) {
-        text.resize(text.size() - characters.back());
-        characters.pop_back();
-        if (WidthOf(host, symbol, text + kEllipsis) <= width) break;
-    }
-    return text + kEllipsis;
-}
+// In the set that is a label's custom property.
+constexpr char kFollowsIndexFont[] = "FollowsIndexFont";
+constexpr char kText[] = "Text";
 
 bool HasTag(const host::Ref<host::IHostElement>& element, std::string_view tag) {
     const auto named = host::As<host::IHostElementName>(element);
     return named && named->Name() == tag;
 }
 
-// Returns "First – Last", or just one of them, cut to the width (inches).
-std::string HeadText(host::IHost& host, host::IHostTextSymbol& symbol, const std::string& first,
-                     const std::string& last, double width) {
-    if (first.empty() || last.empty() || first == last)
-        return Shortened(host, symbol, first.empty() ? last : first, width);
-    const double half = (width - WidthOf(host, symbol, kDash)) / 2;
-    return Shortened(host, symbol, first, half) + kDash + Shortened(host, symbol, last, half);
+bool IsHead(std::string_view tag) {
+    return tag == kHeadTag;
+}
+
+TextRef FindLabel(OpenDocument& open, const char* tag) {
+    for (const auto& element : open.TheDesk().CurrentDocument().elements)
+        if (HasTag(element, tag))
+            if (auto text = host::As<host::IHostTextElement>(element)) return text;
+    return nullptr;
+}
+
+TextRef NewLabel(OpenDocument& open, const char* tag) {
+    auto label = open.Host().NewTextElement();
+    label->SetScaleWithPage(false);
+    host::As<host::IHostElementName>(label)->SetName(tag);
+    open.TheDesk().CurrentDocument().elements.push_back(label);
+    return label;
+}
+
+// Returns an item of the label's custom property; Empty without it.
+host::Variant CustomItem(const TextRef& label, std::string_view name) {
+    const auto owner = host::As<host::IHostCustomProperty>(label);
+    const auto set =
+        owner ? gazetteer::ToObject<host::IHostPropertySet>(owner->CustomProperty()) : nullptr;
+    if (!set) return {};
+    const auto items = set->AllItems();
+    const auto found = std::ranges::find(items.names, name);
+    if (found == items.names.end()) return {};
+    return items.values[static_cast<std::size_t>(found - items.names.begin())];
+}
+
+bool FollowsIndex(const TextRef& label) {
+    const auto value = CustomItem(label, kFollowsIndexFont);
+    const auto* const follows = std::get_if<bool>(&value);
+    return follows && *follows;
+}
+
+std::string HeadPattern(const TextRef& label) {
+    const auto value = CustomItem(label, kText);
+    const auto* const text = std::get_if<std::string>(&value);
+    return text ? *text : kUsualHead;
+}
+
+void StoreCustom(OpenDocument& open, const TextRef& element, const char* tag, const Label& label) {
+    const auto custom = open.Host().NewPropertySet();
+    custom->SetItem(kFollowsIndexFont, label.followsIndex);
+    if (IsHead(tag) && label.text != kUsualHead) custom->SetItem(kText, label.text);
+    host::As<host::IHostCustomProperty>(element)->SetCustomProperty(
+        host::Ref<host::IHostObject>(custom));
+}
+
+double EdgeAt(const host::IHostEnvelope& frame, LabelPlace place) {
+    if (place == LabelPlace::Left) return frame.XMin();
+    if (place == LabelPlace::Right) return frame.XMax();
+    return frame.XMin() + frame.Width() / 2;
+}
+
+LabelPlace PlaceAt(const host::IHostEnvelope& frame, double x, std::int32_t alignment) {
+    constexpr double kNear = 1e-6;  // Inches.
+    for (const auto place : {LabelPlace::Left, LabelPlace::Center, LabelPlace::Right})
+        if (alignment == static_cast<std::int32_t>(place) &&
+            std::abs(x - EdgeAt(frame, place)) < kNear)
+            return place;
+    return LabelPlace::Elsewhere;
+}
+
+Label DefaultLabel(host::IHost& host, const char* tag) {
+    const bool isHead = IsHead(tag);
+    auto symbol = gazetteer::MakeTextSymbol(host, kPoints, isHead);
+    symbol->Font()->SetName("Liberation Sans");
+    return {false,     true, symbol, LabelPlace::Center, isHead ? kHeadAbove : kNumberBelow,
+            kUsualHead};
 }
 
 }  // namespace
@@ -104,49 +119,87 @@ std::int64_t SheetNumber(OpenDocument& open, std::int32_t page) {
     return std::int64_t{start} + page - 1;
 }
 
-void AddPageFurniture(OpenDocument& open) {
+Label LabelOf(OpenDocument& open, const char* tag) {
+    Label label = DefaultLabel(open.Host(), tag);
+    const auto element = FindLabel(open, tag);
+    if (!element) return label;
+    label.shown = true;
+    label.followsIndex = FollowsIndex(element);
+    label.symbol = host::As<host::IHostTextSymbol>(element->Symbol()->Copy());
+    label.text = HeadPattern(element);
+    const auto point = host::As<host::IHostPoint>(element->Geometry());
+    if (!point || !open.Gazetteer()) return label;
     const auto frame = open.Gazetteer()->Geometry()->Bounds();
-    const double middle = frame->XMin() + frame->Width() / 2;
-    const double head = frame->YMin() + frame->Height() + kHeadAbove;
-    auto& elements = open.TheDesk().CurrentDocument().elements;
-    elements.push_back(MakeLabel(open.Host(), kHeadTag, middle, head, true));
-    elements.push_back(
-        MakeLabel(open.Host(), kNumberTag, middle, frame->YMin() - kNumberBelow, false));
+    label.place = PlaceAt(*frame, point->X(), label.symbol->HorizontalPlacement());
+    label.distance = IsHead(tag) ? point->Y() - frame->YMax() : frame->YMin() - point->Y();
+    return label;
 }
 
-void UseColumnFont(OpenDocument& open) {
+void SetLabel(OpenDocument& open, const char* tag, const Label& label, double middleBefore) {
+    auto element = FindLabel(open, tag);
+    if (!label.shown) {
+        if (element)
+            std::erase_if(open.TheDesk().CurrentDocument().elements,
+                          [&](const auto& other) { return HasTag(other, tag); });
+        return;
+    }
+    if (!element) element = NewLabel(open, tag);
+    const auto frame = open.Gazetteer()->Geometry()->Bounds();
+    const auto before = host::As<host::IHostPoint>(element->Geometry());
+    auto point = open.Host().NewPoint();
+    point->SetX(EdgeAt(*frame, label.place));
+    if (label.place == LabelPlace::Elsewhere && before)
+        point->SetX(before->X() - middleBefore + EdgeAt(*frame, LabelPlace::Center));
+    point->SetY(IsHead(tag) ? frame->YMax() + label.distance : frame->YMin() - label.distance);
+    if (label.place != LabelPlace::Elsewhere)
+        label.symbol->SetHorizontalPlacement(static_cast<std::int32_t>(label.place));
+    element->SetGeometry(point);
+    element->SetSymbol(label.symbol);
+    StoreCustom(open, element, tag, label);
+}
+
+void AddPageFurniture(OpenDocument& open) {
+    for (const char* const tag : {kHeadTag, kNumberTag}) {
+        Label label = DefaultLabel(open.Host(), tag);
+        label.shown = true;
+        SetLabel(open, tag, label, 0);
+    }
+}
+
+std::string IndexFamily(OpenDocument& open) {
     const auto properties = open.Properties();
+    if (!properties) return {};
     const auto names =
         gazetteer::NamesOf(*gazetteer::SetUnder(*properties, keys::kColumnDisplayOrder), 1);
-    if (names.empty()) return;
+    if (names.empty()) return {};
     const auto columns = gazetteer::SetUnder(*properties, keys::kColumnsProperties);
     const auto column = gazetteer::SetUnder(*columns, names.front());
     const auto symbol =
         gazetteer::ToObject<host::IHostTextSymbol>(column->Item(keys::kColumnFontSymbol));
-    for (const auto& element : open.TheDesk().CurrentDocument().elements) {
-        const auto label = host::As<host::IHostTextElement>(element);
-        if (symbol && label && (HasTag(element, kHeadTag) || HasTag(element, kNumberTag)))
-            label->Symbol()->Font()->SetName(symbol->Font()->Name());
+    return symbol ? symbol->Font()->Name() : "";
+}
+
+void UseColumnFont(OpenDocument& open) {
+    const std::string family = IndexFamily(open);
+    if (family.empty()) return;
+    for (const char* const tag : {kHeadTag, kNumberTag}) {
+        const auto label = FindLabel(open, tag);
+        if (label && FollowsIndex(label)) label->Symbol()->Font()->SetName(family);
     }
 }
 
 void LabelSheet(OpenDocument& open, std::int32_t page) {
-    const auto& elements = open.TheDesk().CurrentDocument().elements;
+    const auto head = FindLabel(open, kHeadTag);
+    const auto number = FindLabel(open, kNumberTag);
     // Without labels the map book is not needed and may be missing.
-    if (std::ranges::none_of(elements, [](const auto& element) {
-            return HasTag(element, kHeadTag) || HasTag(element, kNumberTag);
-        }))
-        return;
+    if (!head && !number) return;
+    UseColumnFont(open);
+    if (number) number->SetText(std::to_string(SheetNumber(open, page)));
+    if (!head) return;
     const auto first = gazetteer::WithoutOuterBlanks(open.Manager().FirstListing(page));
     const auto last = gazetteer::WithoutOuterBlanks(open.Manager().LastListing(page));
-    const auto number = std::to_string(SheetNumber(open, page));
     const double width = open.Gazetteer()->Geometry()->Bounds()->Width();
-    for (const auto& element : elements) {
-        const auto label = host::As<host::IHostTextElement>(element);
-        if (label && HasTag(element, kNumberTag)) label->SetText(number);
-        if (label && HasTag(element, kHeadTag))
-            label->SetText(HeadText(open.Host(), *label->Symbol(), first, last, width));
-    }
+    head->SetText(HeadText(open.Host(), *head->Symbol(), HeadPattern(head), first, last, width));
 }
 
 }  // namespace app

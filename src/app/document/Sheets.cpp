@@ -44,12 +44,10 @@ std::vector<desk::Bookmark> HeadingsOf(OpenDocument& open) {
     return headings;
 }
 
-void PaintSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page) {
-    LabelSheet(open, page);
-    auto& document = open.TheDesk().CurrentDocument();
+void WriteSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page) {
+    const auto& document = open.TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
-    desk::ElementPainter painter(*open.TheDesk().Text());
-    for (const auto& element : document.elements) painter.Paint(writer.Sheet(), element);
+    PaintSheet(open, writer.Sheet(), page);
     const auto name = open.Manager().PageName(page);
     writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())),
                    HeadingsOf(open));
@@ -92,6 +90,13 @@ void AllowManyFiles() {
 }
 
 }  // namespace
+
+void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page) {
+    LabelSheet(open, page);
+    desk::ElementPainter painter(*open.TheDesk().Text());
+    for (const auto& element : open.TheDesk().CurrentDocument().elements)
+        painter.Paint(canvas, element);
+}
 
 std::string NumberedPath(const std::string& path, std::int32_t page) {
     const std::filesystem::path whole = path;
@@ -160,7 +165,7 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
                 OpenWriter(open, one ? path : NumberedPath(path, page), page, dotsPerInch));
         if (before) before(page);
         DrawPage(open, page);
-        PaintSheet(open, *files.back(), page);
+        WriteSheet(open, *files.back(), page);
         if (!one || page == pages.last) files.back()->Complete();
     }
     // Only now, so that a failure leaves the files of an earlier export unchanged.
@@ -171,7 +176,7 @@ void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t pa
                     double dotsPerInch) {
     CheckNotMadeFrom(open, path);
     const auto writer = OpenWriter(open, path, page, dotsPerInch);
-    PaintSheet(open, *writer, page);
+    WriteSheet(open, *writer, page);
     writer->Finish();
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/document/OpenDocument.h"
+#include "desk/drawing/Canvas.h"
 
 namespace app {
 
@@ -24,6 +25,10 @@ void CheckPage(std::int32_t page, std::int32_t pageCount);
 
 /// Draws a page of the bound gazetteer. Throws if that fails or the page holds no listing.
 void DrawPage(OpenDocument& open, std::int32_t page);
+
+/// Paints the sheet with the page that the document shows now. The canvas has its origin at the
+/// sheet's lower left corner.
+void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page);
 
 /// Resolution of PNG images.
 inline constexpr double kDotsPerInch = 150;

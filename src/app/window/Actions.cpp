@@ -65,6 +65,11 @@ void Actions::AddFileActions() {
     saveAs =
         Add("saveAs", "Save &As...", "document-save-as", "Save the document under another name",
             {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)});
+    pageSetup = Add("pageSetup", "Page Set&up...", "",
+                    "Set the size of the sheet, the place of the index, and the texts beside it",
+                    {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P)});
+    print = Add("print", "&Print...", "document-print", "Print pages at their real size",
+                {QKeySequence::Print});
     exportPages = Add("exportPages", "&Export...", "document-export",
                       "Write pages to PDF, PNG or SVG files", {QKeySequence(Qt::CTRL | Qt::Key_E)});
     quit = Add("quit", "&Quit", "application-exit", "Close the window", {QKeySequence::Quit});
@@ -121,7 +126,7 @@ void Actions::AddViewActions() {
 void Actions::AddMenus(QMainWindow& window, QAction* showPages) {
     QMenuBar& bar = *window.menuBar();
     Fill(*bar.addMenu("&File"), {newDocument, open, recent->menuAction(), nullptr, save, saveAs,
-                                 nullptr, exportPages, nullptr, quit});
+                                 nullptr, pageSetup, print, exportPages, nullptr, quit});
     Fill(*bar.addMenu("&Edit"), {undo, redo, nullptr, properties, deselect, nullptr, findPage});
     Fill(*bar.addMenu("&View"),
          {zoomIn, zoomOut, zoomFull, nullptr, fitPage, fitWidth, nullptr, showPages});

@@ -24,6 +24,8 @@ public:
     QAction* open;
     QAction* save;
     QAction* saveAs;
+    QAction* pageSetup;
+    QAction* print;
     QAction* exportPages;
     QAction* quit;
     QAction* undo;

@@ -7,23 +7,18 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QMessageBox>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 
-#include "app/document/Errors.h"
 #include "app/window/Dialogs.h"
+#include "app/window/PageProgress.h"
 #include "app/window/PathField.h"
 #include "desk/drawing/PageWriter.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
 namespace {
-
-constexpr int kProgressDelay = 500;  // Milliseconds before the progress dialog appears.
-
-struct Cancelled {};
 
 class ExportDialog : public QDialog {
 public:
@@ -222,34 +217,6 @@ void ExportDialog::accept() {
     if (box.exec() == QMessageBox::Yes) QDialog::accept();
 }
 
-// Returns whether the pages were written.
-bool WriteWithProgress(WindowSession& session, QWidget& window, const std::string& path,
-                       const PageRange& pages) {
-    const int count = pages.last - pages.first + 1;
-    QProgressDialog progress("Exporting...", "Cancel", 0, count, &window);
-    progress.setWindowTitle("Export");
-    progress.setWindowModality(Qt::ApplicationModal);
-    progress.setMinimumDuration(kProgressDelay);
-    const auto before = [&](std::int32_t page) {
-        progress.setLabelText(QString("Exporting page %1 of %2...").arg(page).arg(pages.last));
-        // Processes events, so that the user can press Cancel; the rest of the window is blocked.
-        progress.setValue(page - pages.first);
-        if (progress.wasCanceled()) throw Cancelled{};
-    };
-    try {
-        session.Export(path, pages, before);
-        return true;
-    } catch (const Cancelled&) {
-        return false;
-    } catch (const AlreadyReported&) {
-        return false;
-    } catch (const std::exception&) {
-        progress.reset();
-        session.Warn("Export", CurrentSentence());
-        return false;
-    }
-}
-
 }  // namespace
 
 QString ExportPages(WindowSession& session, QWidget& window, std::optional<int> onlyPage) {
@@ -260,11 +227,12 @@ QString ExportPages(WindowSession& session, QWidget& window, std::optional<int> 
     if (dialog.exec() != QDialog::Accepted) return {};
     const std::string path = desk::FromQt(QFileInfo(dialog.Path()).absoluteFilePath());
     const PageRange pages = dialog.Pages();
-    if (!WriteWithProgress(session, window, path, pages)) return {};
-    const int count = pages.last - pages.first + 1;
+    const bool done =
+        WithProgress(session, window, {"Export", "Exporting"}, pages,
+                     [&](const SheetListener& before) { session.Export(path, pages, before); });
+    if (!done) return {};
     return QString("Exported %1 to %2")
-        .arg(count == 1 ? QString("1 page") : QString("%1 pages").arg(count),
-             QFileInfo(dialog.Path()).fileName());
+        .arg(CountedPages(pages), QFileInfo(dialog.Path()).fileName());
 }
 
 }  // namespace app

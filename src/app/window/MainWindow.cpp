@@ -19,6 +19,7 @@
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "app/window/WaitPointer.h"
+#include "desk/window/DialogParent.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
@@ -63,7 +64,8 @@ MainWindow::~MainWindow() {
 
 void MainWindow::RestorePlace() {
     const QSettings settings;
-    if (!restoreGeometry(settings.value(kGeometry).toByteArray())) resize(1180, 860);
+    if (!restoreGeometry(settings.value(kGeometry).toByteArray()))
+        desk::ResizeToScreen(*this, {1180, 860});
     // No pages can be listed before a document is open.
     pages_->hide();
     pages_->toggleViewAction()->setEnabled(false);
@@ -146,8 +148,8 @@ void MainWindow::ShowState() {
     setWindowModified(session_->Modified());
     stack_->setCurrentIndex(there ? 1 : 0);
     for (QAction* const action :
-         {actions_->save, actions_->saveAs, actions_->zoomIn, actions_->zoomOut, actions_->zoomFull,
-          actions_->fitPage, actions_->fitWidth})
+         {actions_->save, actions_->saveAs, actions_->pageSetup, actions_->zoomIn,
+          actions_->zoomOut, actions_->zoomFull, actions_->fitPage, actions_->fitWidth})
         action->setEnabled(there);
     for (QAction* const action : {actions_->refresh, actions_->draft})
         action->setEnabled(gazetteer);
@@ -171,7 +173,8 @@ void MainWindow::ShowPage() {
         action->setEnabled(page > 1);
     for (QAction* const action : {actions_->nextPage, actions_->lastPage})
         action->setEnabled(page > 0 && page < count);
-    for (QAction* const action : {actions_->goToPage, actions_->findPage, actions_->exportPages})
+    for (QAction* const action :
+         {actions_->goToPage, actions_->findPage, actions_->print, actions_->exportPages})
         action->setEnabled(count > 0);
     const QString draft = session_->InDraft() ? ", draft" : "";
     status_->ShowPage(count > 0 ? QString("Page %1 of %2").arg(page).arg(count) + draft
@@ -226,9 +229,13 @@ void MainWindow::ShowSelection() {
 }
 
 void MainWindow::Export(std::optional<int> onlyPage) {
+    DrawPages([&] { return ExportPages(*session_, *this, onlyPage); });
+}
+
+void MainWindow::DrawPages(const std::function<QString()>& job) {
     exporting_ = true;
     view_->setUpdatesEnabled(false);
-    const QString done = ExportPages(*session_, *this, onlyPage);
+    const QString done = job();
     view_->setUpdatesEnabled(true);
     exporting_ = false;
     RecordPage();

@@ -70,7 +70,10 @@ private:
     void Select(const host::Ref<host::IHostElement>& element);
     void ShowSelection();
     void ShowProperties();
+    void ShowPageSetup();
     void Export(std::optional<int> onlyPage);
+    /// Does a job that draws other pages in turn and returns a sentence about its result.
+    void DrawPages(const std::function<QString()>& job);
     void ShowAbout();
 
     StatusPanes* status_ = nullptr;

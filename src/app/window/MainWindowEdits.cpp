@@ -19,6 +19,7 @@ void MainWindow::ConnectEdits() {
     connect(actions_->undo, &QAction::triggered, &history_, &QUndoStack::undo);
     connect(actions_->redo, &QAction::triggered, &history_, &QUndoStack::redo);
     connect(actions_->properties, &QAction::triggered, this, &MainWindow::ShowProperties);
+    connect(actions_->pageSetup, &QAction::triggered, this, &MainWindow::ShowPageSetup);
     connect(actions_->draft, &QAction::triggered, this, &MainWindow::SetDraft);
     connect(&history_, &QUndoStack::indexChanged, this, &MainWindow::ShowHistory);
     connect(&history_, &QUndoStack::cleanChanged, this, [this](bool clean) {
@@ -77,6 +78,16 @@ void MainWindow::SetDraft(bool draft) {
     RecordEdit("Draft", std::move(before));
     RecordPage();
     ShowState();
+}
+
+void MainWindow::ShowPageSetup() {
+    auto before = session_->State();
+    const bool changed = ChangePageSetup(*session_, *this);
+    RecordEdit("Page Setup", std::move(before));
+    RecordPage();
+    ListPages();
+    ShowState();
+    if (changed) status_->ShowResult(desk::ToQt(session_->Summary()));
 }
 
 // Shows the properties of the selected element, or of the gazetteer if none is selected.

@@ -11,6 +11,7 @@
 #include "app/window/NoticeBar.h"
 #include "app/window/PageView.h"
 #include "app/window/PagesDock.h"
+#include "app/window/Printing.h"
 #include "app/window/StartPage.h"
 #include "app/window/StatusPanes.h"
 #include "desk/window/ExpressionEditor.h"
@@ -78,6 +79,7 @@ void MainWindow::ConnectFiles() {
     on(actions_->open, documents_, [this] { documents_->Open(); });
     on(actions_->save, documents_, &Documents::Save);
     on(actions_->saveAs, documents_, &Documents::SaveAs);
+    on(actions_->print, this, [this] { DrawPages([this] { return Print(*session_, *this); }); });
     on(actions_->exportPages, this, [this] { Export({}); });
     on(actions_->quit, this, &QWidget::close);
     on(actions_->manual, this, [this] { (new ManualWindow(this))->show(); });

@@ -6,6 +6,8 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+#include "desk/window/DialogParent.h"
+
 // Resources of a static library are linked only by this macro, which stands outside of namespaces.
 static void LinkManual() {
     Q_INIT_RESOURCE(manual);
@@ -70,7 +72,7 @@ ManualWindow::ManualWindow(QWidget* parent) : QDialog(parent) {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(text);
     layout->addLayout(buttons);
-    resize(760, 640);
+    desk::ResizeToScreen(*this, {760, 640});
 }
 
 }  // namespace app

@@ -1,17 +1,15 @@
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
 #include "app/window/Dialogs.h"
+#include "app/window/PageSizeBox.h"
 #include "app/window/PathField.h"
 #include "app/window/WaitPointer.h"
 #include "desk/window/WidgetText.h"
@@ -20,10 +18,6 @@
 namespace app {
 namespace {
 
-enum Size { kLetter, kA4, kCustom };
-
-constexpr double kLeastSheet = 1;  // Inches.
-constexpr double kMostSheet = 200;
 constexpr std::int32_t kMostNamed = 16;  // Some tables have hundreds of fields.
 
 class NewDocumentDialog : public QDialog {
@@ -37,31 +31,20 @@ private:
     QString ChooseTable();
     QString ChooseBook(const QString& present);
     void CheckTable();
-    void UpdateSize();
+    void CheckSize();
+    void ShowUsable();
     NewDocumentOptions Options() const;
-    QWidget* MakeSize();
 
     WindowSession& session_;
     PathField* table_;
     QLabel* tableNote_;
     PathField* book_;
-    QComboBox* size_;
-    QDoubleSpinBox* width_;
-    QDoubleSpinBox* height_;
+    PageSizeBox* size_;
+    QLabel* sizeNote_;
     QCheckBox* ready_;
     QPushButton* create_;
+    bool tableUsable_ = false;
 };
-
-QDoubleSpinBox* LengthBox(const QString& name, double value, QWidget* parent) {
-    auto* box = new QDoubleSpinBox(parent);
-    box->setAccessibleName(name);
-    box->setRange(kLeastSheet, kMostSheet);
-    box->setDecimals(2);
-    box->setSingleStep(0.25);
-    box->setSuffix(" in");
-    box->setValue(value);
-    return box;
-}
 
 NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     : QDialog(parent),
@@ -71,12 +54,18 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
       tableNote_(new QLabel(this)),
       book_(new PathField(
           "book", [this](const QString& present) { return ChooseBook(present); }, this)),
+      size_(new PageSizeBox(this)),
+      sizeNote_(new QLabel(this)),
       ready_(new QCheckBox("&Ready to print", this)) {
     setWindowTitle("New Document");
     tableNote_->setObjectName("tableNote");
     tableNote_->setTextFormat(Qt::PlainText);
     tableNote_->setWordWrap(true);
     tableNote_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    sizeNote_->setObjectName("sizeNote");
+    sizeNote_->setTextFormat(Qt::PlainText);
+    sizeNote_->setWordWrap(true);
+    sizeNote_->hide();
     ready_->setObjectName("readyToPrint");
     ready_->setChecked(true);
     ready_->setToolTip(
@@ -90,51 +79,24 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     form->addRow("&Listing table:", table_);
     form->addRow(QString(), tableNote_);
     form->addRow("&Map book (optional):", book_);
-    form->addRow("&Page size:", MakeSize());
-    static_cast<QLabel*>(form->labelForField(size_->parentWidget()))->setBuddy(size_);
+    form->addRow("&Page size:", size_);
+    static_cast<QLabel*>(form->labelForField(size_))->setBuddy(size_->First());
+    form->addRow(QString(), sizeNote_);
     form->addRow(QString(), ready_);
     form->addRow(buttons);
 
     connect(table_, &PathField::Changed, this, &NewDocumentDialog::CheckTable);
-    connect(size_, &QComboBox::currentIndexChanged, this, &NewDocumentDialog::UpdateSize);
+    connect(size_, &PageSizeBox::Changed, this, &NewDocumentDialog::CheckSize);
     connect(buttons, &QDialogButtonBox::accepted, this, &NewDocumentDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &NewDocumentDialog::reject);
-    size_->setCurrentIndex(QLocale().measurementSystem() == QLocale::MetricSystem ? kA4 : kLetter);
-    UpdateSize();
+    size_->SetSize(ParsePageSize(WindowUnit() == LengthUnit::Inches ? "letter" : "a4"));
     CheckTable();
-}
-
-QWidget* NewDocumentDialog::MakeSize() {
-    auto* row = new QWidget(this);
-    size_ = new QComboBox(row);
-    size_->setObjectName("pageSize");
-    size_->addItems({"Letter", "A4", "Custom"});
-    width_ = LengthBox("Page width", 8.5, row);
-    height_ = LengthBox("Page height", 11, row);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(size_);
-    layout->addWidget(width_);
-    layout->addWidget(new QLabel(QString(QChar(0x00D7)), row));
-    layout->addWidget(height_);
-    layout->addStretch(1);
-    return row;
-}
-
-// The boxes show named sizes too, but cannot be edited then.
-void NewDocumentDialog::UpdateSize() {
-    const int size = size_->currentIndex();
-    for (QDoubleSpinBox* const box : {width_, height_}) box->setEnabled(size == kCustom);
-    if (size == kCustom) return;
-    const PageSize named = ParsePageSize(size == kA4 ? "a4" : "letter");
-    width_->setValue(named.width);
-    height_->setValue(named.height);
 }
 
 // Shows the fields of the table, or why it cannot be used.
 void NewDocumentDialog::CheckTable() {
     QString note = "A dBase table with a field Page and, as a rule, Listing, Row and Column.";
-    bool usable = false;
+    tableUsable_ = false;
     const QString path = table_->Path();
     if (!path.isEmpty() && !QFileInfo(path).isFile()) {
         note = "There is no such file.";
@@ -142,25 +104,34 @@ void NewDocumentDialog::CheckTable() {
         try {
             const auto table = gazetteer::OpenTableFile(session_.Host(), desk::FromQt(path));
             const auto fields = table->Fields();
-            usable = fields->FindField("Page") >= 0;
-            note = (usable ? "Fields: " : "The table has no field Page; its fields are ") +
-                   desk::ToQt(FieldNames(*fields, kMostNamed)) + (usable ? "" : ".");
+            tableUsable_ = fields->FindField("Page") >= 0;
+            note = (tableUsable_ ? "Fields: " : "The table has no field Page; its fields are ") +
+                   desk::ToQt(FieldNames(*fields, kMostNamed)) + (tableUsable_ ? "" : ".");
         } catch (const std::exception&) {
             note = desk::ToQt(CurrentSentence());
         }
     }
     tableNote_->setText(note);
-    create_->setEnabled(usable);
+    ShowUsable();
+}
+
+void NewDocumentDialog::CheckSize() {
+    const QString fault = size_->Fault();
+    sizeNote_->setText(fault);
+    sizeNote_->setVisible(!fault.isEmpty());
+    ShowUsable();
+}
+
+void NewDocumentDialog::ShowUsable() {
+    create_->setEnabled(tableUsable_ && sizeNote_->text().isEmpty());
 }
 
 NewDocumentOptions NewDocumentDialog::Options() const {
     NewDocumentOptions options;
     options.listingDatabase = desk::FromQt(table_->Path());
     options.book = desk::FromQt(book_->Path());
-    const int size = size_->currentIndex();
-    if (size == kA4) options.pageSize = "a4";
-    if (size == kCustom)
-        options.pageSize = NumberText(width_->value()) + 'x' + NumberText(height_->value());
+    const PageSize size = size_->Size();
+    options.pageSize = NumberText(size.width) + 'x' + NumberText(size.height);
     return options;
 }
 

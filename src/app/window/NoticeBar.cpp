@@ -1,7 +1,9 @@
 #include "app/window/NoticeBar.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QStringList>
 #include <QStyle>
 #include <QToolButton>
@@ -15,6 +17,9 @@ namespace {
 // More lines would leave no room for the page; the tool tip shows all.
 constexpr qsizetype kMostShown = 4;
 
+// Amber over the colour of the window: the texts of light and dark themes stay readable on it.
+constexpr QColor kTint(255, 191, 0, 56);
+
 QString Sentence(const std::string& notice) {
     QString text = desk::ToQt(notice);
     if (!text.isEmpty()) text[0] = text[0].toUpper();
@@ -26,10 +31,7 @@ QString Sentence(const std::string& notice) {
 NoticeBar::NoticeBar(QWidget* parent)
     : QFrame(parent), icon_(new QLabel(this)), text_(new QLabel(this)) {
     setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::ToolTipBase);
     text_->setObjectName("noticeText");
-    text_->setForegroundRole(QPalette::ToolTipText);
     text_->setTextFormat(Qt::PlainText);
     text_->setWordWrap(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -59,9 +61,23 @@ void NoticeBar::Show(const std::vector<std::string>& notices) {
     }
     text_->setText(lines.join('\n'));
     text_->setToolTip(more > 0 ? all : QString());
-    // Set on each call, because screen and theme can change.
+    ShowIcon();
+}
+
+// Called again for each message, because the screen can change.
+void NoticeBar::ShowIcon() {
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
     icon_->setPixmap(ThemeIcon("dialog-warning").pixmap(QSize(side, side), devicePixelRatioF()));
+}
+
+void NoticeBar::changeEvent(QEvent* event) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) ShowIcon();
+}
+
+void NoticeBar::paintEvent(QPaintEvent* event) {
+    QPainter(this).fillRect(rect(), kTint);
+    QFrame::paintEvent(event);
 }
 
 }  // namespace app

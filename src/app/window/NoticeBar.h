@@ -16,7 +16,13 @@ public:
     /// Shows the sentences; hides the bar if there are none.
     void Show(const std::vector<std::string>& notices);
 
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    void ShowIcon();
+
     QLabel* icon_;
     QLabel* text_;
 };

@@ -10,6 +10,7 @@
 #include "app/document/FindFindings.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/RunTexts.h"
+#include "app/window/LengthBox.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -176,7 +177,8 @@ void WindowSession::AddResultNotices() {
 
 void WindowSession::AddFindings() {
     try {
-        for (const auto& sentence : FindFindings(document_).Sentences()) AddNotice(sentence);
+        for (const auto& sentence : FindFindings(document_, WindowUnit()).Sentences())
+            AddNotice(sentence);
     } catch (const std::exception&) {
         AddNotice(CurrentSentence());
     }
@@ -238,11 +240,15 @@ void WindowSession::EmptyDrafts() {
 void WindowSession::Export(const std::string& path, const PageRange& pages,
                            const SheetListener& before) {
     CheckSheetsApart(document_, path, pages, OnDisk() ? Path() : "");
+    DrawOthers([&] { WriteSheets(document_, path, pages, before); });
+}
+
+void WindowSession::DrawOthers(const std::function<void()>& work) {
     const bool draft = InDraft();
-    // An earlier failure must not end the export.
+    // An earlier failure must not end the work.
     document_.Dialogs().TakeFailureShown();
     try {
-        WriteSheets(document_, path, pages, before);
+        work();
     } catch (...) {
         RestoreView(draft);
         throw;

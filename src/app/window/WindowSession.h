@@ -72,6 +72,8 @@ public:
     /// Removes the drawn page, or draws it again.
     void SetDraft(bool draft);
 
+    /// Does work that draws other pages, then draws the current page, or restores the draft state.
+    void DrawOthers(const std::function<void()>& work);
     /// Writes pages as WriteSheets does, then draws the current page again.
     void Export(const std::string& path, const PageRange& pages, const SheetListener& before);
 

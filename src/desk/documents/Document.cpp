@@ -123,7 +123,14 @@ FileState WriteDocument(const Document& document, const std::string& path,
 
 std::string MapBookPath(const Document& document, const std::string& documentPath) {
     if (document.mapBook.empty()) return {};
-    return (std::filesystem::path(documentPath).parent_path() / document.mapBook).string();
+    const auto path = std::filesystem::path(documentPath).parent_path() / document.mapBook;
+    // Messages show the path, and a way up from the working folder is hard to read.
+    auto step = path.begin();
+    if (*step != "..") return path.string();
+    auto whole = std::filesystem::current_path();
+    for (; step != path.end() && *step == ".."; ++step) whole = whole.parent_path();
+    for (; step != path.end(); ++step) whole /= *step;
+    return whole.string();
 }
 
 std::string PathFromDocument(const std::string& path, const std::string& documentPath) {

@@ -41,7 +41,8 @@ Document ReadDocument(const std::string& path, const std::shared_ptr<TextEngine>
 FileState WriteDocument(const Document& document, const std::string& path,
                         const std::optional<FileState>& expected = std::nullopt);
 
-/// Path of the document's map book, relative to the working directory; empty without one.
+/// Path of the document's map book, relative to the working directory or, above it, absolute; empty
+/// without one.
 std::string MapBookPath(const Document& document, const std::string& documentPath);
 
 /// Returns a path as the document at documentPath stores it: relative to the document's folder

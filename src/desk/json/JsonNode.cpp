@@ -2,6 +2,7 @@
 
 #include <iomanip>
 #include <sstream>
+#include <vector>
 
 #include "host/Failure.h"
 
@@ -103,10 +104,18 @@ simdjson::dom::object JsonNode::Object() const {
 }
 
 std::string JsonNode::Place() const {
-    if (parent_ == nullptr) return {};
-    std::string place = parent_->Place();
-    if (key_.empty()) return place + '[' + std::to_string(index_) + ']';
-    return place + (place.empty() ? "" : ".") + std::string(key_);
+    // Named of a deep place: more than those of a symbol in a column's set.
+    constexpr std::ptrdiff_t kFirst = 22;
+    constexpr std::ptrdiff_t kLast = 2;
+    std::vector<std::string> steps;
+    for (const JsonNode* node = this; node->parent_ != nullptr; node = node->parent_)
+        steps.insert(steps.begin(), node->key_.empty() ? '[' + std::to_string(node->index_) + ']'
+                                                       : '.' + std::string(node->key_));
+    if (std::ssize(steps) > kFirst + kLast)
+        *steps.erase(steps.begin() + kFirst, steps.end() - kLast - 1) = "\u2026";
+    std::string place;
+    for (const auto& step : steps) place += step;
+    return place.starts_with('.') ? place.substr(1) : place;
 }
 
 }  // namespace desk

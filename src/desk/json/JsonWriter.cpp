@@ -29,6 +29,11 @@ bool NeedsEscape(char c) {
     return (c >= 0 && c < ' ') || c == '"' || c == '\\';
 }
 
+/// Whether one of U+0080 to U+009F stands there, by which terminals can be controlled.
+bool IsC1(std::string_view text, std::size_t at) {
+    return text[at] == '\xC2' && static_cast<unsigned char>(text[at + 1]) < 0xA0;
+}
+
 }  // namespace
 
 void JsonWriter::Flush() {
@@ -121,8 +126,11 @@ void JsonWriter::Quote(std::string_view text) {
     out_ += '"';
     std::size_t start = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (!NeedsEscape(text[i])) continue;
+        // Stored documents have them as they are.
+        const bool c1 = indentation_ > 0 && IsC1(text, i);
+        if (!c1 && !NeedsEscape(text[i])) continue;
         out_ += text.substr(start, i - start);
+        if (c1) ++i;
         Escape(text[i]);
         start = i + 1;
     }

@@ -32,7 +32,8 @@ auto List(const JsonNode& node, Reader read) {
 
 class BookReader {
 public:
-    explicit BookReader(const std::string& path) : folder_(fs::path(path).parent_path()) {}
+    explicit BookReader(const std::string& path)
+        : path_(path), folder_(fs::path(path).parent_path()) {}
 
     Book ReadBook(const JsonNode& node) {
         Book book;
@@ -113,6 +114,7 @@ private:
 
     Series ReadSeries(const JsonNode& node) const {
         Series series;
+        series.book = path_;
         if (const auto layer = node.Optional("indexLayer"))
             series.indexLayer = PathOf(std::string(layer->Name()));
         series.firstPage = node.Member("firstPage").Whole();
@@ -134,6 +136,7 @@ private:
         return (folder_ / name).string();
     }
 
+    std::string path_;
     fs::path folder_;
     std::set<std::string> bookKeys_;
     std::set<std::string> sectionKeys_;

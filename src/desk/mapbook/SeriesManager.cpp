@@ -118,7 +118,18 @@ const Series& SeriesManager::LayerSeries() const {
 }
 
 const host::Ref<host::IHostTable>& SeriesManager::Table() {
-    if (!table_) table_ = opener_(LayerSeries().indexLayer);
+    if (table_) return table_;
+    const Series& series = LayerSeries();
+    try {
+        table_ = opener_(series.indexLayer);
+    } catch (const host::Failure& failure) {
+        host::Failure told(failure.number, "desk::SeriesManager",
+                           "The index layer that the map book \"" + series.book +
+                               "\" names for the frame \"" + Frame().Name() +
+                               "\" cannot be read: " + failure.cause);
+        told.facts = failure.facts;
+        throw told;
+    }
     return table_;
 }
 

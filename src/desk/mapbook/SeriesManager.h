@@ -13,6 +13,7 @@ namespace desk {
 
 /// The index layer, first page and grids of a map series frame.
 struct Series {
+    std::string book;        ///< Path of the map book file.
     std::string indexLayer;  ///< Path of the table, relative to the working directory; empty: none.
     std::int32_t firstPage = 1;
     std::vector<host::Ref<host::IHostMapGrid>> grids;

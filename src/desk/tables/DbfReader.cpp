@@ -27,7 +27,7 @@ Stream& StreamOf(void* file) {
 }
 
 /// The first file opened is the table; any other is the code page file, which may be missing.
-SAFile Open(const char* path, const char*) {
+SAFile Open(const char* path) {
     try {
         const Stream* const table = std::exchange(opening, nullptr);
         return reinterpret_cast<SAFile>(new Stream(table ? *table : Stream{RecordFile(path), ""}));
@@ -68,7 +68,8 @@ int Close(SAFile file) {
 SAHooks Hooks() {
     SAHooks hooks;
     SASetupDefaultHooks(&hooks);
-    hooks.FOpen = Open;
+    // Version 1.6 of shapelib passes user data, too.
+    hooks.FOpen = [](const char* path, const char*, auto...) { return Open(path); };
     hooks.FRead = Read;
     hooks.FSeek = Seek;
     hooks.FClose = Close;

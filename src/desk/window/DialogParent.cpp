@@ -8,7 +8,7 @@ namespace desk {
 
 namespace {
 
-/// Pixels left free around a dialog, for its frame and the desktop's panels.
+/// Pixels left free around a window, for its frame and the desktop's panels.
 constexpr int kRoomAround = 60;
 
 }  // namespace
@@ -20,10 +20,10 @@ QWidget* DialogParent(const ParentWidget& mainWindow, host::WindowHandle handle)
     return mainWindow ? mainWindow() : nullptr;
 }
 
-void ResizeToScreen(QWidget& dialog, QSize wanted) {
-    if (const QScreen* screen = dialog.screen())
+void ResizeToScreen(QWidget& window, QSize wanted) {
+    if (const QScreen* screen = window.screen())
         wanted = wanted.boundedTo(screen->availableSize() - QSize(kRoomAround, kRoomAround));
-    dialog.resize(wanted);
+    window.resize(wanted);
 }
 
 }  // namespace desk

@@ -16,7 +16,7 @@ using ParentWidget = std::function<QWidget*()>;
 /// the main window. May return null.
 QWidget* DialogParent(const ParentWidget& mainWindow, host::WindowHandle handle = 0);
 
-/// Resizes a dialog to the wanted size, limited to the size of its screen.
-void ResizeToScreen(QWidget& dialog, QSize wanted);
+/// Resizes a window to the wanted size, limited to the size of its screen.
+void ResizeToScreen(QWidget& window, QSize wanted);
 
 }  // namespace desk

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -174,6 +175,7 @@ void PropertySheet::LayOut() {
         layout->addWidget(nothing, 1);
     } else {
         tabs_ = new QTabWidget(this);
+        tabs_->setTabBarAutoHide(true);
         for (SheetPage* page : pages_) tabs_->addTab(page, page->Title());
         connect(tabs_, &QTabWidget::currentChanged, this, &PropertySheet::ShowTab);
         layout->addWidget(tabs_, 1);
@@ -200,15 +202,30 @@ void PropertySheet::HandleButton(QAbstractButton* button) {
     if (applying_) return;
     switch (buttons_->standardButton(button)) {
         case QDialogButtonBox::Apply:
-            Apply();
+            if (Apply()) ShowRefusedText();
             break;
         case QDialogButtonBox::Ok:
-            if (changed_ && !Apply()) return;
+            if (changed_ && (!Apply() || ShowRefusedText())) return;
             accept();
             break;
         default:
             reject();
     }
+}
+
+// Shows a box that does not accept its text, and returns whether there is one.
+bool PropertySheet::ShowRefusedText() const {
+    for (auto* box : findChildren<QLineEdit*>()) {
+        if (!box->isEnabled() || box->hasAcceptableInput()) continue;
+        for (QWidget* part = box; part != this; part = part->parentWidget()) {
+            auto* tabs = qobject_cast<QTabWidget*>(part->parentWidget()->parentWidget());
+            if (tabs != nullptr && tabs->indexOf(part) >= 0) tabs->setCurrentWidget(part);
+        }
+        box->setFocus();
+        box->selectAll();
+        return true;
+    }
+    return false;
 }
 
 bool PropertySheet::Apply() {

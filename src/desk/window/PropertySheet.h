@@ -16,8 +16,9 @@ namespace desk {
 class SheetPage;
 
 /// A modal sheet of property pages with OK, Apply and Cancel. Shows the pages that apply to the
-/// objects, lowest priority number first, and releases them on closing. Shows a page's failures in
-/// a message; none propagates.
+/// objects, lowest priority number first, and releases them on closing; a single page has no tab.
+/// Shows a page's failures in a message; none propagates. If a text box does not accept its text
+/// after an apply, the sheet shows that box and stays open until OK is pressed again.
 class PropertySheet : public QDialog {
     Q_OBJECT
 
@@ -46,6 +47,7 @@ private:
     void LayOut();
     void HandleButton(QAbstractButton* button);
     void ShowTab(int tab);
+    bool ShowRefusedText() const;
     bool Apply();
     void Release();
     void UpdateButtons();
