@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <set>
 #include <string>
 
 #include "app/document/FindFindings.h"
@@ -49,7 +48,7 @@ public:
 
 private:
     OpenDocument document_;
-    std::set<std::string> told_;  ///< Texts of findings.
+    std::vector<std::string> told_;  ///< Texts of findings.
 };
 
 }  // namespace app

@@ -155,6 +155,9 @@ void WriteFindings(JsonAnswer& json, const FindingList& list) {
         if (finding.record > 0) json.Member("record", finding.record);
         json.Member("text", finding.text);
     });
+    json.Object("findingCounts", [&] {
+        for (const auto& [kind, count] : list.Counts()) json.Member(kind, count);
+    });
 }
 
 }  // namespace
@@ -189,21 +192,20 @@ int Show(const Options& options) {
         if (!session.Bind()) return kCouldNot;
         reasons = manager.LastFindings();
     }
-    drawable = drawable && manager.CanDraw() && document.PageCount() > 0;
-    FindingList list;
-    if (drawable && manager.HasRun()) list = session.TellFindings();
+    drawable = drawable && manager.CanDraw();
+    const bool hasPages = drawable && document.PageCount() > 0;
+    // Findings come last, because a damaged listing is told better by what writes it.
     if (options.json)
         PrintAnswer(1, [&](JsonAnswer& json) {
-            if (drawable)
+            if (hasPages)
                 WriteResults(json, document);
             else
                 WriteNothing(json);
-            // Last, because a damaged listing is told better by what writes it.
-            if (drawable && !manager.HasRun()) list = session.Find();
-            WriteFindings(json, list);
+            WriteFindings(json, drawable ? session.Find() : FindingList());
         });
     else
-        PrintPages(document, drawable, reasons);
+        PrintPages(document, hasPages, reasons);
+    if (drawable && !options.json) session.TellFindings();
     return kDone;
 }
 

@@ -1,6 +1,7 @@
 #include "app/document/FindFindings.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "app/document/Errors.h"
 #include "app/document/ListingPlaces.h"
@@ -15,46 +16,72 @@ using gazetteer::PageFinding;
 
 constexpr double kRounding = 1e-6;  // Inches.
 
-bool LiesOnSheet(const desk::Document& document, double left, double bottom, double right,
-                 double top) {
-    return left >= -kRounding && bottom >= -kRounding && right <= document.pageWidth + kRounding &&
-           top <= document.pageHeight + kRounding;
+bool LiesOnSheet(const desk::Document& sheet, const host::IHostEnvelope& box) {
+    return box.XMin() >= -kRounding && box.YMin() >= -kRounding &&
+           box.XMax() <= sheet.pageWidth + kRounding && box.YMax() <= sheet.pageHeight + kRounding;
+}
+
+bool TouchesSheet(const desk::Document& sheet, const host::IHostEnvelope& box) {
+    return box.XMax() > kRounding && box.YMax() > kRounding &&
+           box.XMin() < sheet.pageWidth - kRounding && box.YMin() < sheet.pageHeight - kRounding;
 }
 
 // Makes the findings of one gazetteer from what its manager knows.
 class PageFinder {
 public:
     PageFinder(OpenDocument& open, const PageRange& pages, LengthUnit unit, FindingList& list)
-        : open_(open), manager_(open.Manager()), pages_(pages), unit_(unit), list_(list) {}
+        : open_(open),
+          manager_(open.Manager()),
+          pages_(pages),
+          unit_(unit),
+          list_(list),
+          frame_(open.Gazetteer()->Geometry()->Bounds()) {}
 
     void AddFromPages();
     void AddUnplaced();
 
 private:
-    Finding Make(const PageFinding& found) const;
-    void DescribePlace(const PageFinding& found, Finding& finding) const;
+    const char* KindOf(const PageFinding& found) const;
+    Finding Make(const PageFinding& found, const char* kind) const;
 
     OpenDocument& open_;
     gazetteer::CVNGazetteerManager& manager_;
     PageRange pages_;
     LengthUnit unit_;
     FindingList& list_;
+    host::Ref<host::IHostEnvelope> frame_;
 };
 
-void PageFinder::DescribePlace(const PageFinding& found, Finding& finding) const {
-    const auto frame = open_.Gazetteer()->Geometry()->Bounds();
-    const auto& document = open_.TheDesk().CurrentDocument();
-    const bool onSheet = LiesOnSheet(document, 0, frame->YMin() - std::max(0.0, found.below),
-                                     frame->XMax() + std::max(0.0, found.atRight), 0);
-    finding.kind = onSheet ? findings::kOutsideFrame : findings::kOutsideSheet;
-    const bool below = found.below > kRounding;
-    finding.text += " stands " + LengthText(below ? found.below : found.atRight, unit_) +
-                    (below ? " below the foot" : " beyond the right edge") + " of the frame" +
-                    (onSheet ? "" : ", off the sheet") + '.';
+// Rows start inside the frame, so that one can leave the sheet only at its foot or at its right.
+const char* PageFinder::KindOf(const PageFinding& found) const {
+    switch (found.kind) {
+        case PageFinding::Kind::OutsideFrame:
+            return frame_->YMin() - found.below >= -kRounding &&
+                           frame_->XMax() + found.atRight <=
+                               open_.TheDesk().CurrentDocument().pageWidth + kRounding
+                       ? findings::kOutsideFrame
+                       : findings::kOutsideSheet;
+        case PageFinding::Kind::BrokenWord:
+            return findings::kBrokenWord;
+        case PageFinding::Kind::HeadingLeftOut:
+            return findings::kHeadingLeftOut;
+        case PageFinding::Kind::HeadingAlone:
+            return findings::kHeadingAlone;
+        case PageFinding::Kind::NotDrawn:
+            break;
+    }
+    return findings::kNoPlace;
 }
 
-Finding PageFinder::Make(const PageFinding& found) const {
-    Finding finding{"",
+// Returns where a listing that leaves the frame stands.
+std::string WhereOutside(const PageFinding& found, LengthUnit unit) {
+    const bool below = found.below > kRounding;
+    return " stands " + LengthText(below ? found.below : found.atRight, unit) +
+           (below ? " below the foot" : " beyond the right edge") + " of the frame";
+}
+
+Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
+    Finding finding{kind,
                     {},
                     ListingText(open_, found.rowKey),
                     found.column,
@@ -66,62 +93,62 @@ Finding PageFinder::Make(const PageFinding& found) const {
     finding.text = "page " + std::to_string(found.page) + ": ";
     switch (found.kind) {
         case PageFinding::Kind::OutsideFrame:
-            finding.text += "the listing " + name;
-            DescribePlace(found, finding);
+            finding.text += "the listing " + name + WhereOutside(found, unit_) +
+                            (kind == findings::kOutsideSheet ? ", off the sheet." : ".");
             break;
         case PageFinding::Kind::BrokenWord:
-            finding.kind = findings::kBrokenWord;
             finding.text += "a word of the listing " + name +
                             " is longer than a line of the column \"" + found.column +
                             "\" and is broken.";
             break;
         case PageFinding::Kind::HeadingLeftOut:
-            finding.kind = findings::kHeadingLeftOut;
             finding.text += "the heading before the listing " + name + " found no room.";
             break;
         case PageFinding::Kind::HeadingAlone:
-            finding.kind = findings::kHeadingAlone;
             finding.text += "the heading before the listing " + name + " stands alone at the foot.";
+            break;
+        case PageFinding::Kind::NotDrawn:
+            finding.text += "the listing " + name +
+                            " is not printed, since the page was numbered for another frame or "
+                            "other columns.";
             break;
     }
     return finding;
 }
 
 void PageFinder::AddFromPages() {
-    const auto& found = manager_.FindingsOnPages();
-    for (const PageFinding& one : found.Kept())
-        if (pages_.first <= one.page && one.page <= pages_.last) list_.Add(Make(one));
-    for (const auto& [kind, name] :
-         {std::pair{PageFinding::Kind::OutsideFrame, findings::kOutsideFrame},
-          {PageFinding::Kind::BrokenWord, findings::kBrokenWord},
-          {PageFinding::Kind::HeadingLeftOut, findings::kHeadingLeftOut},
-          {PageFinding::Kind::HeadingAlone, findings::kHeadingAlone}})
-        list_.Count(name, found.Count(kind) - gazetteer::PageFindings::kKeptOfAKind);
+    for (const PageFinding& found : manager_.FindingsOnPages()) {
+        if (found.page < pages_.first || found.page > pages_.last) continue;
+        const char* kind = KindOf(found);
+        if (list_.Count(kind)) list_.Add(Make(found, kind));
+    }
 }
 
-// Rows are placed in their order, so that those behind the last one placed have no place.
+// Pages hold their listings in the order of all.
 void PageFinder::AddUnplaced() {
     const auto& results = manager_.Working();
     const auto columns = gazetteer::NamesOf(*results.listings, 1);
     if (columns.empty()) return;
-    std::size_t placed = 0;
+    std::vector<std::string> placed;
     for (const auto& page : results.pageGroups->AllItems().values)
         if (const auto rows = gazetteer::ToObject<host::IHostPropertySet>(page))
-            placed += static_cast<std::size_t>(rows->Count());
+            std::ranges::move(gazetteer::NamesOf(*rows), std::back_inserter(placed));
     const auto cells = gazetteer::SetUnder(*results.listings, columns.front());
-    const auto count = static_cast<std::size_t>(cells->Count());
-    if (placed >= count) return;
-    const auto rows = gazetteer::NamesOf(*cells);
+    if (std::ssize(placed) == cells->Count()) return;
     const std::string reason = NoPlaceReason(manager_);
-    const std::size_t end = std::min(count, placed + gazetteer::PageFindings::kKeptOfAKind);
-    for (std::size_t i = placed; i < end; ++i) {
-        Finding finding{findings::kNoPlace, {}, ListingText(open_, rows[i])};
+    auto next = placed.begin();
+    for (const auto& row : gazetteer::NamesOf(*cells)) {
+        if (next != placed.end() && *next == row) {
+            ++next;
+            continue;
+        }
+        if (!list_.Count(findings::kNoPlace)) continue;
+        Finding finding{findings::kNoPlace, {}, ListingText(open_, row)};
         finding.element = open_.Gazetteer();
         finding.text =
             "the listing \"" + Shown(finding.listing) + "\" found no place on a page, " + reason;
         list_.Add(std::move(finding));
     }
-    list_.Count(findings::kNoPlace, static_cast<std::int64_t>(count - end));
 }
 
 }  // namespace
@@ -132,13 +159,19 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
         const auto geometry = element->Geometry();
         if (!geometry) continue;
         const auto box = geometry->Bounds();
-        if (LiesOnSheet(document, box->XMin(), box->YMin(), box->XMax(), box->YMax())) continue;
-        const auto named = host::As<host::IHostElementName>(element);
-        Finding finding{findings::kOutsideSheet, "the element \"" + (named ? named->Name() : "") +
-                                                     "\" lies partly off the sheet."};
+        if (LiesOnSheet(document, *box) || !list.Count(findings::kOutsideSheet)) continue;
+        Finding finding{findings::kOutsideSheet,
+                        "the element \"" + NameOf(element) + "\" lies " +
+                            (TouchesSheet(document, *box) ? "partly off the sheet."
+                                                          : "off the sheet and is not printed.")};
         finding.element = element;
         list.Add(std::move(finding));
     }
+}
+
+std::string NameOf(const host::Ref<host::IHostElement>& element) {
+    const auto named = host::As<host::IHostElementName>(element);
+    return named ? named->Name() : "";
 }
 
 void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
@@ -154,7 +187,7 @@ FindingList FindFindings(OpenDocument& open, LengthUnit unit,
     FindingList list;
     AddGazetteerFindings(open, unit, pages, list);
     AddElementsOffSheet(open, list);
-    AddFonts(open, list);
+    AddFonts(open, pages, list);
     return list;
 }
 

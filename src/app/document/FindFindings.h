@@ -23,9 +23,13 @@ void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
 /// Adds the elements that do not lie on the sheet.
 void AddElementsOffSheet(OpenDocument& open, FindingList& list);
 /// Adds the fonts of all gazetteers and texts of the document that are not installed, and the
-/// characters in these that no font has. The gazetteers need not be drawable.
-void AddFonts(OpenDocument& open, FindingList& list);
+/// characters that no font has in these texts and on the given pages of the chosen gazetteer. The
+/// gazetteers need not be drawable.
+void AddFonts(OpenDocument& open, const std::optional<PageRange>& pages, FindingList& list);
 /// @}
+
+/// Returns an element's name, or an empty text.
+std::string NameOf(const host::Ref<host::IHostElement>& element);
 
 /// Adds the fields Page, Row and Column that the listing database lost although a column prints
 /// them, and the records whose listing, page, row or column is empty although a column prints it.

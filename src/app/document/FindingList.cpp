@@ -1,14 +1,12 @@
 #include "app/document/FindingList.h"
 
 #include <algorithm>
-#include <utility>
-
-#include "model/PageFindings.h"
 
 namespace app {
 namespace {
 
-/// Sentences told of a kind.
+// Of a kind.
+constexpr std::int64_t kKept = 100;
 constexpr std::size_t kTold = 5;
 
 struct KindTexts {
@@ -19,7 +17,7 @@ struct KindTexts {
 };
 
 constexpr KindTexts kTexts[] = {
-    {findings::kOutsideSheet, "Off the sheet", "listings lie off the sheet"},
+    {findings::kOutsideSheet, "Off the sheet", "listings and elements lie off the sheet"},
     {findings::kOutsideFrame, "Out of the frame", "listings stand out of the frame"},
     {findings::kMissingField, "Missing fields",
      "fields that are printed are not in the listing database"},
@@ -37,18 +35,10 @@ constexpr KindTexts kTexts[] = {
 
 }  // namespace
 
-FindingList::KindCount& FindingList::CountOf(std::string_view kind) {
-    const auto known = std::ranges::find(counts_, kind, &KindCount::kind);
-    return known != counts_.end() ? *known : counts_.emplace_back(KindCount{std::string(kind)});
-}
-
-void FindingList::Add(Finding finding) {
-    if (++CountOf(finding.kind).count <= gazetteer::PageFindings::kKeptOfAKind)
-        kept_.push_back(std::move(finding));
-}
-
-void FindingList::Count(std::string_view kind, std::int64_t more) {
-    if (more > 0) CountOf(kind).count += more;
+bool FindingList::Count(std::string_view kind) {
+    auto known = std::ranges::find(counts_, kind, &KindCount::kind);
+    if (known == counts_.end()) known = counts_.insert(known, {std::string(kind)});
+    return ++known->count <= kKept;
 }
 
 std::int64_t FindingList::Total() const {

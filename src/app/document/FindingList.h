@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/Elements.h"
@@ -39,16 +40,25 @@ struct Finding {
     bool operator==(const Finding&) const = default;
 };
 
-/// Findings, of each kind the first ones and how many there are.
+/// Of each kind the first hundred findings, and how many there are.
 class FindingList {
 public:
-    void Add(Finding finding);
-    /// Counts more of a kind.
-    void Count(std::string_view kind, std::int64_t more);
+    struct KindCount {
+        std::string kind;
+        std::int64_t count = 0;
+
+        bool operator==(const KindCount&) const = default;
+    };
+
+    /// Counts a finding. Returns whether it is to be added, as one of the first of its kind.
+    bool Count(std::string_view kind);
+    void Add(Finding finding) { kept_.push_back(std::move(finding)); }
 
     bool IsEmpty() const { return counts_.empty(); }
     std::int64_t Total() const;
     const std::vector<Finding>& Kept() const { return kept_; }
+    /// In the order in which the kinds were first found.
+    const std::vector<KindCount>& Counts() const { return counts_; }
 
     /// The findings of one kind.
     struct Kind {
@@ -67,15 +77,8 @@ public:
     bool operator==(const FindingList&) const = default;
 
 private:
-    struct KindCount {
-        std::string kind;
-        std::int64_t count = 0;
-        bool operator==(const KindCount&) const = default;
-    };
-    KindCount& CountOf(std::string_view kind);
-
     std::vector<Finding> kept_;
-    std::vector<KindCount> counts_;  ///< In the order in which the kinds were first found.
+    std::vector<KindCount> counts_;
 };
 
 }  // namespace app

@@ -1,6 +1,7 @@
 #include <map>
 #include <optional>
 
+#include "app/document/Errors.h"
 #include "app/document/FindFindings.h"
 #include "app/document/ListingPlaces.h"
 #include "app/document/RunTexts.h"
@@ -18,31 +19,27 @@ using host::Ref;
 // missing, but also those of earlier documents and settings.
 class PrintedTexts {
 public:
-    explicit PrintedTexts(OpenDocument& open) : open_(open) {}
+    PrintedTexts(OpenDocument& open, const std::optional<PageRange>& pages)
+        : open_(open), pages_(pages) {}
 
     void ReadAll();
-    // The first place that prints in a family.
+    // The first place that prints in a family. The text of a place names it.
     const Finding* PlaceOfFamily(const std::string& family) const;
     // The first place of each of these characters.
     std::map<char32_t, Finding> PlacesOf(const std::set<char32_t>& characters) const;
 
 private:
-    using Text = std::pair<std::string, Finding>;
-
     void ReadElement(const Ref<host::IHostElement>& element);
-    void ReadColumn(const gazetteer::ColumnProperties& column, const Finding& place);
+    void ReadColumn(const gazetteer::ColumnProperties& column, Finding place);
     void Read(const Ref<host::IHostTextSymbol>& symbol, const std::string& text,
               const Finding& place);
-    static void Look(const std::string& text, const Finding& place,
-                     const std::set<char32_t>& characters, std::map<char32_t, Finding>& found);
-    void LookInListings(const gazetteer::CVNGazetteerManager& manager,
-                        const Ref<host::IHostElement>& element,
-                        const std::set<char32_t>& characters,
+    void LookInListings(const GazetteerFrame& frame, const std::set<char32_t>& characters,
                         std::map<char32_t, Finding>& found) const;
 
     OpenDocument& open_;
+    const std::optional<PageRange>& pages_;
     std::map<std::string, Finding> families_;
-    std::vector<Text> texts_;
+    std::vector<std::pair<std::string, Finding>> texts_;
 };
 
 void PrintedTexts::ReadAll() {
@@ -58,27 +55,29 @@ void PrintedTexts::ReadAll() {
             } catch (const host::Failure&) {
                 // That a column is damaged is the reason why nothing can be drawn.
             }
+        Finding place{{}, "the label of a sample page"};
+        place.element = frame.element;
+        if (settings.samplePage)
+            Read(gazetteer::SampleLabelSymbol(open_.Host()), gazetteer::kSampleLabel, place);
     }
     for (const auto& element : open_.TheDesk().CurrentDocument().elements) ReadElement(element);
-    for (const auto& frame : open_.Frames())
-        if (frame.manager->BoundSettings().samplePage) {
-            Finding place;
-            place.element = frame.element;
-            Read(gazetteer::SampleLabelSymbol(open_.Host()), gazetteer::kSampleLabel, place);
-        }
 }
 
 void PrintedTexts::ReadElement(const Ref<host::IHostElement>& element) {
     const auto text = host::As<host::IHostTextElement>(element);
     if (!text) return;
-    Finding place;
+    Finding place{{}, "the element \"" + Shown(NameOf(element)) + '"'};
     place.element = element;
     Read(text->Symbol(), text->Text(), place);
 }
 
-void PrintedTexts::ReadColumn(const gazetteer::ColumnProperties& column, const Finding& place) {
+void PrintedTexts::ReadColumn(const gazetteer::ColumnProperties& column, Finding place) {
+    const std::string name = "the column \"" + Shown(place.column) + '"';
+    place.text = name;
     Read(column.columnFontSymbol, {}, place);
+    place.text = "the title of " + name;
     if (column.showTitle) Read(column.titleFontSymbol, column.title, place);
+    place.text = "the headings of " + name;
     if (column.breakColumn && column.breakHeading) Read(column.breakFontSymbol, {}, place);
 }
 
@@ -96,62 +95,82 @@ const Finding* PrintedTexts::PlaceOfFamily(const std::string& family) const {
     return place != families_.end() ? &place->second : nullptr;
 }
 
-void PrintedTexts::Look(const std::string& text, const Finding& place,
-                        const std::set<char32_t>& characters, std::map<char32_t, Finding>& found) {
+// Calls take with each of the characters that stands in the text.
+template <class Take>
+void Look(const std::string& text, const std::set<char32_t>& characters, const Take& take) {
     for (std::size_t at = 0; at < text.size();) {
         const char32_t character = desk::NextCodePoint(text, at);
-        if (character >= 0x80 && characters.contains(character))
-            found.try_emplace(character, place);
+        if (character >= 0x80 && characters.contains(character)) take(character);
     }
 }
 
-void PrintedTexts::LookInListings(const gazetteer::CVNGazetteerManager& manager,
-                                  const Ref<host::IHostElement>& element,
+void PrintedTexts::LookInListings(const GazetteerFrame& frame,
                                   const std::set<char32_t>& characters,
                                   std::map<char32_t, Finding>& found) const {
-    const auto& listings = manager.Working().listings;
-    if (!listings) return;
-    for (const auto& column : gazetteer::NamesOf(*listings)) {
-        const auto cells = gazetteer::SetUnder(*listings, column)->AllItems();
-        for (std::size_t i = 0; i < cells.names.size(); ++i) {
-            const auto* const text = std::get_if<std::string>(&cells.values[i]);
-            if (text == nullptr) continue;
-            Finding place;
-            place.column = column;
-            place.row = cells.names[i];
-            place.element = element;
-            Look(*text, place, characters, found);
-        }
+    const auto& results = frame.manager->Working();
+    if (!results.listings || !results.pageGroups) return;
+    const bool chosen = frame.element == open_.Gazetteer();
+    const auto columns = gazetteer::NamesOf(*results.listings);
+    const auto pages = results.pageGroups->AllItems();
+    for (std::size_t i = 0; i < pages.names.size(); ++i) {
+        const auto page = static_cast<std::int32_t>(i + 1);
+        const auto rows = gazetteer::ToObject<host::IHostPropertySet>(pages.values[i]);
+        if (!rows || (chosen && pages_ && (page < pages_->first || page > pages_->last))) continue;
+        for (const auto& row : gazetteer::NamesOf(*rows))
+            for (const auto& column : columns) {
+                const auto value = gazetteer::SetUnder(*results.listings, column)->Item(row);
+                const auto* const text = std::get_if<std::string>(&value);
+                if (text == nullptr) continue;
+                Look(*text, characters, [&](char32_t character) {
+                    found.try_emplace(character, Finding{{}, {}, {}, column, page, 0, row,
+                                                         frame.element});
+                });
+            }
     }
 }
 
 std::map<char32_t, Finding> PrintedTexts::PlacesOf(const std::set<char32_t>& characters) const {
     std::map<char32_t, Finding> found;
     if (characters.empty()) return found;
-    for (const auto& frame : open_.Frames())
-        LookInListings(*frame.manager, frame.element, characters, found);
-    for (const auto& [text, place] : texts_) Look(text, place, characters, found);
+    for (const auto& frame : open_.Frames()) LookInListings(frame, characters, found);
+    for (const auto& [text, place] : texts_)
+        Look(text, characters,
+             [&, &from = place](char32_t character) { found.try_emplace(character, from); });
     return found;
+}
+
+std::string CharacterSentence(char32_t character, const Finding& place) {
+    return (place.page > 0 ? "page " + std::to_string(place.page) + ": " : "") +
+           "no installed font has the character " + CodePoint(character) + " of " + place.text +
+           "; a box is printed instead.";
 }
 
 }  // namespace
 
-void AddFonts(OpenDocument& open, FindingList& list) {
+void AddFonts(OpenDocument& open, const std::optional<PageRange>& pages, FindingList& list) {
     const auto& engine = *open.TheDesk().Text();
-    PrintedTexts texts(open);
+    PrintedTexts texts(open, pages);
     texts.ReadAll();
-    const auto add = [&](Finding place, const char* kind, const std::string& text) {
-        place.kind = kind;
-        place.text = text;
+    for (const auto& font : engine.Substitutions()) {
+        const auto* const place = texts.PlaceOfFamily(font.wanted);
+        if (!place || !list.Count(findings::kMissingFont)) continue;
+        Finding finding = *place;
+        finding.kind = findings::kMissingFont;
+        finding.text = FontWarning(font, place->text);
+        list.Add(std::move(finding));
+    }
+    for (auto& [character, place] : texts.PlacesOf(engine.MissingCharacters())) {
+        if (!list.Count(findings::kMissingCharacter)) continue;
+        place.kind = findings::kMissingCharacter;
+        if (!place.row.empty() && place.element == open.Gazetteer()) {
+            place.listing = ListingText(open, place.row);
+            place.text = "the listing \"" + Shown(place.listing) + '"';
+        } else if (!place.row.empty()) {
+            place.text = "the column \"" + Shown(place.column) + '"';
+        }
+        place.text = CharacterSentence(character, place);
         list.Add(std::move(place));
-    };
-    for (const auto& font : engine.Substitutions())
-        if (const auto* const place = texts.PlaceOfFamily(font.wanted))
-            add(*place, findings::kMissingFont, FontWarning(font));
-    for (const auto& [character, place] : texts.PlacesOf(engine.MissingCharacters()))
-        add(place, findings::kMissingCharacter,
-            "no installed font has the character " + CodePoint(character) +
-                "; a box is printed instead.");
+    }
 }
 
 }  // namespace app

@@ -45,8 +45,9 @@ std::vector<std::string> TableWarnings(const gazetteer::CVNGazetteerManager& man
 }
 
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager) {
-    return manager.BoundSettings().samplePage ? "since only a sample page was asked for."
-                                              : "since the frame is lower than the row of titles.";
+    if (manager.BoundSettings().samplePage) return "since only a sample page was asked for.";
+    return manager.Working().pageCount == 0 ? "since the frame is lower than the row of titles."
+                                            : "since no page of the stored results holds it.";
 }
 
 std::string UndrawableSentence(const gazetteer::Findings& reasons) {
@@ -73,9 +74,9 @@ std::string CodePoint(char32_t character) {
     return text.data();
 }
 
-std::string FontWarning(const desk::FontSubstitution& font) {
+std::string FontWarning(const desk::FontSubstitution& font, const std::string& place) {
     return "the font \"" + font.wanted + "\" is not installed; \"" + font.used +
-           "\" stands in for it.";
+           "\" stands in for it" + (place.empty() ? "." : " in " + place + '.');
 }
 
 }  // namespace app

@@ -28,8 +28,8 @@ std::string UndrawableLines(const gazetteer::Findings& reasons);
 /// Returns the reason why a drawable gazetteer has no pages.
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager);
 
-/// Returns a sentence about a font that is not installed.
-std::string FontWarning(const desk::FontSubstitution& font);
+/// Returns a sentence about a font that is not installed, with the place that is printed in it.
+std::string FontWarning(const desk::FontSubstitution& font, const std::string& place = {});
 
 /// Returns a character's number, such as "U+00E9".
 std::string CodePoint(char32_t character);

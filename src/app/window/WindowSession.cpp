@@ -136,7 +136,7 @@ void WindowSession::RefreshFrames() {
     }
     document_.Choose(chosen);
     AddElementsOffSheet(document_, findings_);
-    AddFonts(document_, findings_);
+    AddFonts(document_, std::nullopt, findings_);
 }
 
 void WindowSession::RefreshChosen() {
