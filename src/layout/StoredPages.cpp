@@ -48,7 +48,8 @@ bool AreSamePages(const IHostPropertySet& left, const IHostPropertySet& right) {
 
 std::size_t FeedStoredPage(LayoutPass& pass, const FrameBounds& frame,
                            const std::vector<std::string>& rows, std::int32_t pageNumber,
-                           FlowListener& listener, const std::function<void(std::int64_t)>& before) {
+                           FlowListener& listener,
+                           const std::function<void(std::int64_t)>& before) {
     ColumnFlow flow(pass, frame, listener);
     if (pageNumber == 1) flow.SetAtFirstListing();
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -82,7 +83,7 @@ PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
         PageJudge listener(judge, number);
         auto placed = FeedStoredPage(pass, frame, rows, number, listener, [](std::int64_t) {});
         for (; placed < rows.size(); ++placed)
-            found.Add({PageFinding::Kind::NotDrawn, number, rows[placed]});
+            found.push_back({PageFinding::Kind::NotDrawn, number, rows[placed]});
         judge.EndPage();
     }
     return found;

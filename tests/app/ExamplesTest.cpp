@@ -37,6 +37,23 @@ TEST(Examples, AllMake) {
     }
 }
 
+int GroupsOfSecondPage(const Program& program) {
+    int groups = 0;
+    const auto page = program.Done({"draw", "index.json", "--page", "2", "--json"}).Json();
+    for (const auto& member : page["members"]) groups += member["tag"] == "TITLEGROUP";
+    return groups;
+}
+
+TEST(Examples, HaveTheColumnGroupsAskedFor) {
+    const Program program;
+    for (const char* size : {"a5", "letter"})
+        for (const int groups : {1, 2, 3, 7, 8, 12, 16}) {
+            program.Done({"make", kExamples + "czechia-slovakia.dbf", "-o", "o.pdf", "--document",
+                          "index.json", "--page-size", size, "--columns", std::to_string(groups)});
+            EXPECT_EQ(GroupsOfSecondPage(program), groups) << size;
+        }
+}
+
 // As the documents say, on both sizes of paper.
 TEST(Examples, AThirdColumnLeavesThreeGroups) {
     const Program program;
@@ -51,10 +68,7 @@ TEST(Examples, AThirdColumnLeavesThreeGroups) {
                               " | sed '/^```/d; s/names.json/index.json/; s/INITIAL/Country/'");
             program.Shell("gazetteer() { " GAZETTEER_PROGRAM " \"$@\"; }; rm -f names.pdf\n" +
                           commands);
-            const auto page = program.Done({"draw", "index.json", "--page", "2", "--json"}).Json();
-            int groups = 0;
-            for (const auto& member : page["members"]) groups += member["tag"] == "TITLEGROUP";
-            EXPECT_EQ(groups, 3);
+            EXPECT_EQ(GroupsOfSecondPage(program), 3);
             EXPECT_EQ(program.Stored("index.json")["ColumnDisplayOrder"].size(), 3U);
         }
 }

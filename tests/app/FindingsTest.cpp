@@ -78,9 +78,69 @@ TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     EXPECT_EQ(Checked("d.json"), program_.Done({"show", "d.json", "--json"}).Json()["findings"]);
     // Those of other pages are none of an export of some.
     program_.Done({"set", "d.json", "SamplePage=false", "Page.ColumnWidth=9"});
+    const auto checked = program_.Done({"check", "d.json", "--json"}).Json();
+    EXPECT_EQ(checked["findings"].size(), 100U);
+    EXPECT_EQ(checked["findingCounts"], json::parse("{\"outside-sheet\": 120}"));
+    EXPECT_TRUE(Contains(program_.Done({"check", "d.json"}).output,
+                         "\n  in all, 120 listings and elements lie off the sheet.\n"));
+    const auto pages = program_.Done({"show", "d.json", "--json"}).Json()["pages"];
     const auto second = program_.Done({"export", "d.json", "-o", "e.pdf", "--pages", "2"}).errors;
+    EXPECT_TRUE(Contains(second, std::to_string(pages[1]["rows"].size()) + " listings and"));
     EXPECT_TRUE(Contains(second, "page 2: "));
     EXPECT_FALSE(Contains(second, "page 1: "));
+}
+
+TEST_F(Findings, AreTheSameOfRunsAndOfStoredResults) {
+    program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
+    for (const auto& [document, told] :
+         {std::pair{"low.json", "lower than the row of titles"}, {"long.json", "stands alone"}}) {
+        const auto run = Checked(document);
+        EXPECT_TRUE(Contains(run.dump(), told));
+        EXPECT_TRUE(Contains(program_.Done({"generate", document}).errors, told));
+        EXPECT_EQ(Checked(document), run);
+        const auto shown = program_.Done({"show", document, "--json"});
+        EXPECT_EQ(shown.Json()["findings"], run);
+        EXPECT_FALSE(Contains(shown.errors, told));
+        EXPECT_TRUE(Contains(program_.Done({"show", document}).errors, told));
+    }
+}
+
+// The frame is made smaller, and a stored page taken away, by another program.
+TEST_F(Findings, TellListingsThatStoredPagesLeaveOut) {
+    program_.Done({"generate", "long.json"});
+    auto document = json::parse(program_.Read("long.json"));
+    const auto printed = [&](const json& changed) {
+        program_.Write("d.json", changed.dump());
+        program_.Done({"export", "d.json", "-o", "e.pdf"});
+        const std::string text = program_.Shell("pdftotext -layout e.pdf -");
+        std::size_t streets = 0;
+        for (std::size_t at = 0; (at = text.find(" Street", at)) != std::string::npos; ++at)
+            ++streets;
+        return streets;
+    };
+    EXPECT_EQ(printed(document), 120U);
+    EXPECT_FALSE(Has(Checked("d.json"), "no-place", "", json::object()));
+    for (auto& element : document["page"]["elements"])
+        if (element["name"] == "Gazetteer") {
+            auto& corners = element["geometry"]["envelope"];
+            corners[1] = corners[1].get<double>() + 1;
+        }
+    const std::size_t left = printed(document);
+    EXPECT_LT(left, 120U);
+    const auto answer = program_.Done({"check", "d.json", "--json"}).Json();
+    EXPECT_EQ(answer["findingCounts"]["no-place"], 120 - left);
+    EXPECT_TRUE(Has(answer["findings"], "no-place", "is not printed, since the page was numbered",
+                    {{"page", 1}}));
+}
+
+TEST_F(Findings, TellElementsOffTheSheet) {
+    auto document = json::parse(program_.Read("long.json"));
+    for (const auto& [left, told] : {std::pair{1.0, "lies partly off the sheet."},
+                                     {20.0, "lies off the sheet and is not printed."}}) {
+        document["page"]["elements"][0]["geometry"]["envelope"] = {left, 1, left + 5.5, 4};
+        program_.Write("d.json", document.dump());
+        EXPECT_TRUE(Has(Checked("d.json"), "outside-sheet", told, json::object()));
+    }
 }
 
 TEST_F(Findings, NoneMeansNone) {

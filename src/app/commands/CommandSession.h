@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/document/FindFindings.h"
 #include "app/document/OpenDocument.h"

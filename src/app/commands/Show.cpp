@@ -139,7 +139,7 @@ bool CanRun(OpenDocument& document, gazetteer::Findings& reasons) {
 
 // Looks at all pages. Stored results that cannot be read are a reason.
 bool CanFind(CommandSession& session, FindingList& list, gazetteer::Findings& reasons) try {
-    if (session.Document().PageCount() > 0) list = session.Find();
+    list = session.Find();
     return true;
 } catch (const host::Failure& failure) {
     reasons = {"The stored results are damaged: " + FailureSentence(failure)};

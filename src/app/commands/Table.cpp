@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iomanip>
 #include <optional>
 #include <sstream>
@@ -76,8 +77,12 @@ void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const Options& 
     }
     ForRows(table, locale, options.limit, [](const Cells& cells) {
         std::string line;
-        for (std::size_t i = 0; i < cells.size(); ++i)
-            line += (i == 0 ? "" : "\t") + cells[i].value_or("");
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            std::string cell = cells[i].value_or("");
+            std::ranges::replace_if(
+                cell, [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+            line += (i == 0 ? "" : "\t") + cell;
+        }
         Print(line);
     });
     for (const auto& warning : table.Warnings()) Warn(warning);

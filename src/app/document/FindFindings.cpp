@@ -155,10 +155,13 @@ void PageFinder::AddUnplaced() {
 
 void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
     const auto& document = open.TheDesk().CurrentDocument();
+    const auto display = open.Host().NewApplication()->Document()->ActiveView()->Display();
     for (const auto& element : document.elements) {
         const auto geometry = element->Geometry();
         if (!geometry) continue;
         const auto box = geometry->Bounds();
+        // The geometry of a text is a point.
+        if (host::As<host::IHostTextElement>(element)) element->MeasureBounds(display, box);
         if (LiesOnSheet(document, *box) || !list.Count(findings::kOutsideSheet)) continue;
         Finding finding{findings::kOutsideSheet,
                         "the element \"" + NameOf(element) + "\" lies " +

@@ -104,8 +104,7 @@ void Look(const std::string& text, const std::set<char32_t>& characters, const T
     }
 }
 
-void PrintedTexts::LookInListings(const GazetteerFrame& frame,
-                                  const std::set<char32_t>& characters,
+void PrintedTexts::LookInListings(const GazetteerFrame& frame, const std::set<char32_t>& characters,
                                   std::map<char32_t, Finding>& found) const {
     const auto& results = frame.manager->Working();
     if (!results.listings || !results.pageGroups) return;
@@ -122,8 +121,8 @@ void PrintedTexts::LookInListings(const GazetteerFrame& frame,
                 const auto* const text = std::get_if<std::string>(&value);
                 if (text == nullptr) continue;
                 Look(*text, characters, [&](char32_t character) {
-                    found.try_emplace(character, Finding{{}, {}, {}, column, page, 0, row,
-                                                         frame.element});
+                    found.try_emplace(character,
+                                      Finding{{}, {}, {}, column, page, 0, row, frame.element});
                 });
             }
     }

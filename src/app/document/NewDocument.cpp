@@ -1,7 +1,6 @@
 #include "app/document/NewDocument.h"
 
 #include <algorithm>
-#include <cmath>
 #include <filesystem>
 
 #include "app/document/ColumnGroups.h"
@@ -51,12 +50,6 @@ void DefineColumnsOf(OpenDocument& open, const std::string& database) {
     edit.StoreWithoutWarnings();
 }
 
-// Rounds down to thousandths of an inch.
-double ToThousandths(double inches) {
-    constexpr double kRounding = 1e-6;
-    return std::floor(inches * 1000 + kRounding) / 1000;
-}
-
 }  // namespace
 
 std::string FieldNames(const host::IHostFields& fields, std::int32_t most) {
@@ -93,21 +86,8 @@ void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
 
 void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups) {
     AddPageFurniture(open);
-
-    // Divides the frame into column groups at least kLeastGroup wide (three on a Letter sheet) that
-    // fill it together with their gaps, in whole thousandths of an inch. The layout counts only one
-    // gap when it decides whether another group fits: with n groups, n - 2 gaps must not be wider
-    // than a group, which limits n; two groups must end slightly before the frame's edge.
-    const double frameWidth = open.Gazetteer()->Geometry()->Bounds()->Width();
-    constexpr double kGap = 0.15;
-    constexpr double kLeastGroup = 2.1;
-    static_assert((kMostColumnGroups - 2) * kGap <= kLeastGroup + 1e-9);
-    const double fitting = std::floor((frameWidth + kGap) / (kLeastGroup + kGap));
-    const double groups =
-        std::clamp<double>(columnGroups > 0 ? columnGroups : fitting, 1, kMostColumnGroups);
-    const double filled = frameWidth - (groups == 2 ? 0.001 : 0);
-    const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
-
+    const auto [group, gap] =
+        DivideFrame(open.Gazetteer()->Geometry()->Bounds()->Width(), columnGroups);
     SettingsEdit edit(open);
     const bool hasListing = edit.Settings().columnNames->Count() > 1;
     const double reference = hasListing ? ToThousandths(std::min(0.95, group * 0.4)) : group;
@@ -118,7 +98,7 @@ void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups) {
           "*.MarginLeft=0.02", "*.MarginRight=0.02", "*.BreakSpacing=0.08",
           "*.TitleBackgroundSymbol=#E6E6E6"})
         edit.Set(assignment);
-    edit.Set("RepeatSpacing=" + NumberText(kGap));
+    edit.Set("RepeatSpacing=" + NumberText(gap));
     edit.Set("Page.ColumnWidth=" + NumberText(reference));
     // The no-break space keeps page and grid square on one line.
     const auto columns = edit.Settings().columnsProperties;

@@ -57,7 +57,7 @@ public:
 private:
     host::Ref<host::IHostDialogs> dialogs_;
     int silences_ = 0;
-    int unshown_ = 0;       ///< Failures not shown so far.
+    int unshown_ = 0;  ///< Failures not shown so far.
     bool failureShown_ = false;
     std::string sentence_;  ///< Of the last failure not shown.
 };

@@ -1,12 +1,15 @@
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <vector>
 
 #include "app/document/Errors.h"
 #include "app/document/FindFindings.h"
 #include "app/document/NewDocument.h"
 #include "desk/expressions/ExpressionEngine.h"
+#include "desk/unicode/Utf8.h"
 #include "model/KeyNames.h"
+#include "model/Results.h"
 #include "support/Conversions.h"
 #include "support/Status.h"
 #include "support/Text.h"
@@ -71,9 +74,28 @@ void AddMissing(const PrintedField& field, const Table& table,
     list.Add(std::move(finding));
 }
 
+// Blanks of Unicode that print nothing, the no-break space among them.
+bool IsBlank(char32_t character) {
+    return character <= ' ' || character == 0xA0 || character == 0x1680 ||
+           (character >= 0x2000 && character <= 0x200B) || character == 0x202F ||
+           character == 0x205F || character == 0x3000;
+}
+
+// Whether a text prints nothing but what its tokens bring, such as dots.
+bool PrintsNothing(std::string text) {
+    for (const char* token :
+         {gazetteer::kDotsToken, gazetteer::kNewLineToken, gazetteer::kLastCombineToken})
+        text = gazetteer::ReplaceAll(std::move(text), token, "");
+    for (std::size_t at = 0; at < text.size();)
+        if (!IsBlank(desk::NextCodePoint(text, at))) return false;
+    return true;
+}
+
 bool IsEmpty(const host::Variant& value) {
-    const auto* const text = std::get_if<std::string>(&value);
-    if (text) return text->find_first_not_of(' ') == std::string::npos;
+    // Most texts begin with a letter or a digit.
+    if (const auto* const text = std::get_if<std::string>(&value))
+        return (text->empty() || std::isalnum(static_cast<unsigned char>(text->front())) == 0) &&
+               PrintsNothing(*text);
     return std::holds_alternative<host::Null>(value) || std::holds_alternative<host::Empty>(value);
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cairo-svg.h>
 #include <cmath>
 #include <optional>
@@ -62,6 +63,9 @@ public:
 
 private:
     CairoSurface NewSurface(double width, double height) override {
+        constexpr double kMostPixels = 32767;  // Of a side of a cairo image.
+        if (std::max(width, height) * scale_ > kMostPixels)
+            File().Fail("at this resolution a side of the sheet has more than 32767 pixels");
         CairoSurface surface(cairo_image_surface_create(
             CAIRO_FORMAT_RGB24, static_cast<int>(std::lround(width * scale_)),
             static_cast<int>(std::lround(height * scale_))));
