@@ -148,7 +148,7 @@ TEST(MapBookFile, SaysWhatIsWrongAndWhere) {
 }
 
 host::Ref<host::IHostMapFrame> Frame(const std::string& layer) {
-    auto frame = std::make_shared<desk::SeriesFrame>(desk::Series{layer, 7, {}});
+    auto frame = std::make_shared<desk::SeriesFrame>(desk::Series{"", layer, 7, {}});
     frame->SetName("Main map");
     return frame;
 }

@@ -11,10 +11,11 @@ constexpr double kLeastGroup = 2.1;  // Narrower groups are made only if they ar
 constexpr double kStep = 0.001;      // Widths are whole multiples.
 
 // The layout counts only one gap when it decides whether another group fits. With n groups, n - 2
-// gaps must not be wider than a group.
+// gaps must not be wider than a group, from which rounding takes up to a step, and n from the sum.
 double GapOf(double frameWidth, double groups) {
     if (groups <= 2) return kGap;
-    const double widest = (frameWidth - groups * kStep) / (groups * groups - groups - 1);
+    const double rounding = groups * (groups + 1) * kStep;
+    const double widest = (frameWidth - rounding) / (groups * groups - groups - 1);
     return std::min(kGap, ToThousandths(std::max(0.0, widest)));
 }
 
