@@ -79,8 +79,9 @@ TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     // Those of other pages are none of an export of some.
     program_.Done({"set", "d.json", "SamplePage=false", "Page.ColumnWidth=9"});
     const auto checked = program_.Done({"check", "d.json", "--json"}).Json();
-    EXPECT_EQ(checked["findings"].size(), 100U);
-    EXPECT_EQ(checked["findingCounts"], json::parse("{\"outside-sheet\": 120}"));
+    EXPECT_EQ(checked["findings"].size(), 102U);
+    EXPECT_EQ(checked["findingCounts"],
+              json::parse("{\"outside-sheet\": 120, \"heading-left-out\": 2}"));
     EXPECT_TRUE(Contains(program_.Done({"check", "d.json"}).output,
                          "\n  in all, 120 listings and elements lie off the sheet.\n"));
     const auto pages = program_.Done({"show", "d.json", "--json"}).Json()["pages"];
@@ -99,7 +100,7 @@ TEST_F(Findings, AreTheSameOfRunsAndOfStoredResults) {
         EXPECT_TRUE(Contains(program_.Done({"generate", document}).errors, told));
         EXPECT_EQ(Checked(document), run);
         const auto shown = program_.Done({"show", document, "--json"});
-        EXPECT_EQ(shown.Json()["findings"], run);
+        EXPECT_EQ(shown.Json()["findings"], shown.Json()["pageCount"] > 0 ? run : json::array());
         EXPECT_FALSE(Contains(shown.errors, told));
         EXPECT_TRUE(Contains(program_.Done({"show", document}).errors, told));
     }

@@ -139,7 +139,8 @@ bool CanRun(OpenDocument& document, gazetteer::Findings& reasons) {
 
 // Looks at all pages. Stored results that cannot be read are a reason.
 bool CanFind(CommandSession& session, FindingList& list, gazetteer::Findings& reasons) try {
-    list = session.Find();
+    // A listing database without records can be drawn, but has no results.
+    if (session.Document().Manager().CanDraw()) list = session.Find();
     return true;
 } catch (const host::Failure& failure) {
     reasons = {"The stored results are damaged: " + FailureSentence(failure)};
@@ -155,6 +156,7 @@ void WriteFindings(JsonAnswer& json, const FindingList& list) {
         if (finding.record > 0) json.Member("record", finding.record);
         json.Member("text", finding.text);
     });
+    if (list.IsEmpty()) return;
     json.Object("findingCounts", [&] {
         for (const auto& [kind, count] : list.Counts()) json.Member(kind, count);
     });
@@ -167,8 +169,13 @@ int Check(const Options& options) {
     auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
     FindingList list;
+<<<<<<< HEAD
     const bool drawable =
         document.CanDraw(reasons) && CanRun(document, reasons) && CanFind(session, list, reasons);
+=======
+    // A listing database without records can be drawn, but has no results.
+    if (drawable && document.Manager().CanDraw()) list = session.Find();
+>>>>>>> bd139d1 (wip)
     if (!options.json) {
         Print(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons));
         for (const auto& sentence : list.Sentences()) Print("  " + sentence);
@@ -201,7 +208,7 @@ int Show(const Options& options) {
                 WriteResults(json, document);
             else
                 WriteNothing(json);
-            WriteFindings(json, drawable ? session.Find() : FindingList());
+            WriteFindings(json, hasPages ? session.Find() : FindingList());
         });
     else
         PrintPages(document, hasPages, reasons);
