@@ -20,13 +20,13 @@ void PlacementFindings::Placed(const PlacedRow& row, std::int32_t page) {
 
 void PlacementFindings::JudgePlace(const PlacedRow& row, std::int32_t page) {
     if (row.room < -kRounding || row.roomAtSide < -kRounding)
-        findings_.Add({Kind::OutsideFrame, page, row.rowKey, {}, -row.room, -row.roomAtSide});
+        findings_.push_back({Kind::OutsideFrame, page, row.rowKey, {}, -row.room, -row.roomAtSide});
     for (const std::string& column : pass_.BrokenColumns())
-        findings_.Add({Kind::BrokenWord, page, row.rowKey, column});
+        findings_.push_back({Kind::BrokenWord, page, row.rowKey, column});
 }
 
 void PlacementFindings::LeaveHeadingOut(const std::string& rowKey, std::int32_t page) {
-    findings_.Add({Kind::HeadingLeftOut, page, rowKey});
+    findings_.push_back({Kind::HeadingLeftOut, page, rowKey});
 }
 
 void PlacementFindings::EndGroup(std::int32_t page) {
@@ -41,7 +41,7 @@ void PlacementFindings::EndPage() {
 
 void PlacementFindings::TellPending() {
     if (!pending_) return;
-    findings_.Add(std::move(*pending_));
+    findings_.push_back(std::move(*pending_));
     pending_.reset();
 }
 

@@ -37,7 +37,7 @@ void CVNGazetteerManager::PopulateIndexTable() try {
         if (!settings_.autoRefreshListings) StoreResults();
     }
     Status(*host_).Clear();
-    report_ = report;
+    report_ = std::move(report);
     hasRun_ = canDraw_;
     pagesJudged_ = canDraw_;
 } catch (...) {

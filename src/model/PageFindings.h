@@ -1,9 +1,8 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <deque>
 #include <string>
-#include <vector>
 
 namespace gazetteer {
 
@@ -15,7 +14,6 @@ struct PageFinding {
         HeadingLeftOut,  ///< The heading before the listing found no room.
         HeadingAlone,    ///< The heading before the listing ends a column group.
     };
-    static constexpr std::size_t kKinds = 4;
 
     Kind kind;
     std::int32_t page;
@@ -25,23 +23,8 @@ struct PageFinding {
     double atRight = 0;       ///< beyond its right edge; not positive: inside.
 };
 
-/// The first findings of each kind, and the number of all.
-class PageFindings {
-public:
-    /// More are only counted, so that an index of a million faulty listings needs no memory.
-    static constexpr std::int64_t kKeptOfAKind = 100;
-
-    void Add(PageFinding finding);
-
-    /// In the order in which they were found.
-    const std::vector<PageFinding>& Kept() const { return kept_; }
-    std::int64_t Count(PageFinding::Kind kind) const {
-        return counts_[static_cast<std::size_t>(kind)];
-    }
-
-private:
-    std::vector<PageFinding> kept_;
-    std::array<std::int64_t, PageFinding::kKinds> counts_{};
-};
+/// In the order in which they were found. All are kept, about 90 bytes each, because only a reader
+/// that knows the sheet and the pages asked for can count them.
+using PageFindings = std::deque<PageFinding>;
 
 }  // namespace gazetteer

@@ -182,10 +182,12 @@ TEST(Scripts, WrapBetweenCharacters) {
 TEST(Scripts, CharactersThatNoFontHasAreTold) {
     const Program program;
     for (const auto& [names, told] :
-         {std::pair{Lines{"\U000F0000 Park"}, "has the character U+F0000; a box"},
+         {std::pair{Lines{"\U000F0000 Park"},
+                    "page 1: no installed font has the character U+F0000 of the listing "
+                    "\"\U000F0000 Park\" (record 1); a box"},
           std::pair{Lines{"\U000F0000", "\U000F0001", "\U000F0002", "\U000F0003", "\U000F0004",
                           "\U000F0005 \U000F0006"},
-                    "7 characters are in no installed font in all."}}) {
+                    "in all, 7 characters are in no installed font."}}) {
         WriteNames(program, "names", names);
         const auto made = program.Done(MakeTall("names", "en"));
         EXPECT_NE(made.errors.find(told), std::string::npos) << made.errors;

@@ -55,8 +55,18 @@ const std::tuple<const char*, std::vector<std::string>, const char*, const char*
     {"long.json",
      {"Listing.ColumnFontSymbol=No Such Font,8"},
      "missing-font",
-     "is not installed",
-     {}},
+     "stands in for it in the column \"Listing\".",
+     {{"column", "Listing"}}},
+    {"odd.json",
+     {"Listing.Expression=[Listing] \U000F0000"},
+     "missing-character",
+     "page 1: no installed font has the character U+F0000 of the listing \"",
+     {{"column", "Listing"}, {"page", 1}}},
+    {"odd.json",
+     {"Page.Title=\U000F0000"},
+     "missing-character",
+     "U+F0000 of the title of the column \"Page\"; a box",
+     {{"column", "Page"}}},
     {"odd.json",
      {"Listing.ColumnWidth=1"},
      "broken-word",
@@ -125,9 +135,42 @@ TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     EXPECT_EQ(Checked("d.json"), program_.Done({"show", "d.json", "--json"}).Json()["findings"]);
     // Those of other pages are none of an export of some.
     program_.Done({"set", "d.json", "SamplePage=false", "Page.ColumnWidth=9"});
+    const auto checked = program_.Done({"check", "d.json", "--json"}).Json();
+    EXPECT_EQ(checked["findings"].size(), 102U);
+    EXPECT_EQ(checked["findingCounts"],
+              json::parse("{\"outside-sheet\": 120, \"heading-left-out\": 2}"));
+    EXPECT_TRUE(Contains(program_.Done({"check", "d.json"}).output,
+                         "\n  in all, 120 listings and elements lie off the sheet.\n"));
+    const auto pages = program_.Done({"show", "d.json", "--json"}).Json()["pages"];
     const auto second = program_.Done({"export", "d.json", "-o", "e.pdf", "--pages", "2"}).errors;
     EXPECT_TRUE(Contains(second, "page 2: "));
     EXPECT_FALSE(Contains(second, "page 1: "));
+    EXPECT_TRUE(Contains(second, std::to_string(pages[1]["rows"].size()) + " listings and"));
+}
+
+TEST_F(Findings, AreTheSameOfRunsAndOfStoredResults) {
+    program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
+    for (const auto& [document, told] :
+         {std::pair{"low.json", "lower than the row of titles"}, {"long.json", "stands alone"}}) {
+        const auto run = Checked(document);
+        EXPECT_TRUE(Contains(run.dump(), told));
+        EXPECT_TRUE(Contains(program_.Done({"generate", document}).errors, told));
+        EXPECT_EQ(Checked(document), run);
+        const auto shown = program_.Done({"show", document, "--json"});
+        EXPECT_EQ(shown.Json()["findings"], shown.Json()["pageCount"] > 0 ? run : json::array());
+        EXPECT_FALSE(Contains(shown.errors, told));
+        EXPECT_TRUE(Contains(program_.Done({"show", document}).errors, told));
+    }
+}
+
+TEST_F(Findings, TellElementsOffTheSheet) {
+    auto document = json::parse(program_.Read("long.json"));
+    for (const auto& [left, told] : {std::pair{1.0, "lies partly off the sheet."},
+                                     {20.0, "lies off the sheet and is not printed."}}) {
+        document["page"]["elements"][0]["geometry"]["envelope"] = {left, 1, left + 5.5, 4};
+        program_.Write("d.json", document.dump());
+        EXPECT_TRUE(Has(Checked("d.json"), "outside-sheet", told, {}));
+    }
 }
 
 TEST_F(Findings, NoneMeansNone) {

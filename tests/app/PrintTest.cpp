@@ -91,6 +91,13 @@ TEST_F(Print, OverridesComeLast) {
     EXPECT_TRUE(Contains(text, ";"));
 }
 
+TEST_F(Print, APipeIsWrittenToWhenSomethingReadsFromIt) {
+    program_.Shell("mkfifo p.pdf; cat p.pdf > got.pdf & " GAZETTEER_PROGRAM
+                   " make streets.dbf -o p.pdf 2> told; wait");
+    EXPECT_TRUE(Contains(program_.Shell("pdftotext got.pdf - 2>&1"), "Main St"));
+    EXPECT_EQ(program_.Shell("stat -c %F p.pdf"), "fifo\n");
+}
+
 TEST_F(Print, ImagesAreNumbered) {
     program_.Done({"make", "long.dbf", "-o", "o.svg", "--document", "o.json"});
     program_.Done({"export", "o.json", "-o", "p.PNG", "--pages", "2"});

@@ -7,12 +7,21 @@
 #include "app/commands/Console.h"
 #include "app/commands/HelpTexts.h"
 #include "app/document/ArgumentParser.h"
+#include "app/document/ColumnGroups.h"
 #include "app/document/Errors.h"
 #include "desk/drawing/PageWriter.h"
 #include "support/ErrorHandling.h"
 
 namespace app {
 namespace {
+
+constexpr std::int64_t kMostPages = 1'000'000;
+constexpr std::int64_t kMostRows = 1'000'000'000;  // More than the largest dBase file has.
+
+std::string CheckTitle(const std::string& title) {
+    if (title.find_first_not_of(' ') != std::string::npos) return {};
+    throw UsageError("--title: the title must have a character that is no blank.");
+}
 
 // Declares the commands with their arguments and keeps the chosen one.
 class Commands {
@@ -98,12 +107,10 @@ void Commands::AddSheetOptions(CLI::App& command) {
         "(default: letter or a4, by the locale)");
     AddText(command, "--frame", options_.frame,
             "LEFT,BOTTOM,WIDTH,HEIGHT of the gazetteer on the sheet, in inches");
-    AddText(command, "--title", options_.title,
-            "Title of the document (default: the table's name)");
-    command
-        .add_option("--first-page", options_.firstPage,
-                    "Number printed on the first sheet (default: by the map book, or 1)")
-        ->check(CLI::PositiveNumber);
+    AddText(command, "--title", options_.title, "Title of the document (default: the table's name)")
+        ->check(CheckTitle);
+    AddNumber(command, "--first-page", options_.firstPage, {1, kMostPages},
+              "Number printed on the first sheet, {} (default: by the map book, or 1)");
     AddText(command, "--head", options_.head,
             "Running head, with $$FIRST and $$LAST for the listings of the page; empty: none");
     AddText(command, "--head-font", options_.headFont,
@@ -116,9 +123,8 @@ void Commands::AddSheetOptions(CLI::App& command) {
 }
 
 void Commands::AddOutputOptions(CLI::App& command) {
-    command.add_option("--dpi", options_.dotsPerInch, "Resolution of PNG images, dots per inch")
-        ->check(CLI::Range(10, 1200))
-        ->capture_default_str();
+    AddNumber(command, "--dpi", options_.dotsPerInch, {10, 1200},
+              "Resolution of PNG images in dots per inch, {} (default: 150)");
     command.add_flag("--strict", options_.strict,
                      "Write no file where anything would be wrong in print");
 }
@@ -131,9 +137,8 @@ void Commands::AddMake() {
         ->required();
     make.add_option("--document", options_.document, "Keep the document under this name");
     AddNewDocumentOptions(make);
-    make.add_option("--columns", options_.columnGroups,
-                    "Number of column groups on a page (default: as many as fit)")
-        ->check(CLI::PositiveNumber);
+    AddNumber(make, "--columns", options_.columnGroups, {1, kMostColumnGroups},
+              "Number of column groups on a page, {} (default: as many as fit)");
     AddOutputOptions(make);
 }
 
@@ -179,7 +184,7 @@ void Commands::AddPages() {
     AddForDocument(program_, "draft", "Take the drawn page away and set the draft state", Draft);
 
     auto& draw = AddForDocument(program_, "draw", "Draw one page into the gazetteer's frame", Draw);
-    draw.add_option("--page", options_.page, "Page to draw, from 1")->required();
+    AddNumber(draw, "--page", options_.page, {1, kMostPages}, "Page to draw, {}")->required();
     draw.add_flag("--json", options_.json, "Print the element tree; the document stays");
     draw.add_option("-o,--output", options_.output,
                     "Write the sheet to a " + desk::PageEndings() + " file; the document stays");
@@ -196,7 +201,7 @@ void Commands::AddOthers() {
     auto& table = Add(program_, "table", "Show how a dBase table is read", Table);
     table.add_option("FILE", options_.table, "The table")->required();
     table.add_flag("--json", options_.json, "As JSON");
-    table.add_option("--limit", options_.limit, "Show at most this many rows")->check(CheckCount);
+    AddNumber(table, "--limit", options_.limit, {0, kMostRows}, "Show at most this many rows, {}");
 
     auto& book = AddParent(program_, "book", "Write a map book file to start from");
     book.require_subcommand(1);
@@ -205,10 +210,8 @@ void Commands::AddOthers() {
     newBook.add_option("BOOK", options_.book, "The map book file to write")->required();
     newBook.add_option("--sheets", options_.sheets, "Table with a record for each map sheet")
         ->required();
-    newBook
-        .add_option("--start-page", options_.startPage, "Page of the book on which the maps begin")
-        ->check(CLI::Range(1, 1'000'000))
-        ->capture_default_str();
+    AddNumber(newBook, "--start-page", options_.startPage, {1, kMostPages},
+              "Page of the book on which the maps begin, {} (default: 1)");
     AddText(newBook, "--row-labels", options_.rowLabels, "Labels of the grid's rows");
     AddText(newBook, "--column-labels", options_.columnLabels, "Labels of the grid's columns");
     newBook.add_flag("--force", options_.force, "Replace a file that exists");

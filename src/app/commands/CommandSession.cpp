@@ -1,15 +1,41 @@
 #include "app/commands/CommandSession.h"
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 #include "app/commands/Console.h"
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
+#include "app/document/Suggestion.h"
+#include "desk/locale/IcuLocale.h"
+#include "desk/locale/LocaleNames.h"
 
 namespace app {
 
+namespace {
+
+// Throws with the nearest locale for a name that is unknown.
+void CheckLocale(const std::string& name) {
+    try {
+        const desk::IcuLocale locale(name);
+    } catch (const host::Failure& failure) {
+        std::vector<std::string> texts;
+        const auto names = desk::LocaleNames();
+        for (const auto& known : names) texts.push_back(known.text);
+        const std::string nearest = Nearest(name, texts);
+        if (nearest.empty()) throw CommandError(failure.cause);
+        throw CommandError(failure.cause + " Did you mean \"" +
+                           std::ranges::find(names, nearest, &desk::LocaleName::text)->locale +
+                           "\"?");
+    }
+}
+
+}  // namespace
+
 desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
     desk::DeskOptions desk;
+    CheckLocale(options.locale);
     desk.locale = options.locale;
     desk.dialogs = std::make_shared<ConsoleDialogs>(options.verbose);
     desk.listeners = ProgressListeners();
@@ -56,14 +82,14 @@ FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
         document_,
         document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
         pages);
-    AddFonts(*document_.TheDesk().Text(), list);
+    AddFonts(document_, pages.value_or(PageRange{1, document_.PageCount()}), list);
+    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
     auto list = Find(pages);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
-    toldFonts_ = FontWarnings(*document_.TheDesk().Text()).size();
     return list;
 }
 

@@ -87,7 +87,8 @@ A column's name has at most 8 characters and no blank. A new column looks like t
     {"check", R"(
   gazetteer check index.json --json      {"drawable": true, "reasons": [], "findings": [...]}
 The exit status is 0 in any case. Findings tell what would be wrong on the printed pages; of each kind
-the first five are told, and how many there are:
+the first five are told, and how many there are. The JSON has the first hundred of each kind, and how
+many there are under "findingCounts".
   outside-sheet, outside-frame   a listing stands off the sheet, or out of the gazetteer's frame
   missing-field                  the table has no field Page, Row or Column, but it is printed, as 0
   empty-value                    a record has an empty listing, page, row or column that is printed

@@ -147,6 +147,10 @@ void WriteFindings(JsonAnswer& json, const FindingList& list) {
         if (finding.record > 0) json.Member("record", finding.record);
         json.Member("text", finding.text);
     });
+    if (list.IsEmpty()) return;
+    json.Object("findingCounts", [&] {
+        for (const auto& [kind, count] : list.Counts()) json.Member(kind, count);
+    });
 }
 
 }  // namespace
@@ -157,7 +161,8 @@ int Check(const Options& options) {
     gazetteer::Findings reasons;
     const bool drawable = document.CanDraw(reasons) && CanRun(document, reasons);
     FindingList list;
-    if (drawable && document.PageCount() > 0) list = session.Find();
+    // A listing database without records can be drawn, but has no results.
+    if (drawable && document.Manager().CanDraw()) list = session.Find();
     if (!options.json) {
         Print(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons));
         for (const auto& sentence : list.Sentences()) Print("  " + sentence);
@@ -181,21 +186,20 @@ int Show(const Options& options) {
         if (!session.Bind()) return kCouldNot;
         reasons = manager.LastFindings();
     }
-    drawable = drawable && manager.CanDraw() && document.PageCount() > 0;
-    FindingList list;
-    if (drawable && manager.HasRun()) list = session.TellFindings();
+    drawable = drawable && manager.CanDraw();
+    const bool hasPages = drawable && document.PageCount() > 0;
+    // Findings come last, because a damaged listing is told better by what writes it.
     if (options.json)
         PrintAnswer(1, [&](JsonAnswer& json) {
-            if (drawable)
+            if (hasPages)
                 WriteResults(json, document);
             else
                 WriteNothing(json);
-            // Last, because a damaged listing is told better by what writes it.
-            if (drawable && !manager.HasRun()) list = session.Find();
-            WriteFindings(json, list);
+            WriteFindings(json, hasPages ? session.Find() : FindingList());
         });
     else
-        PrintPages(document, drawable, reasons);
+        PrintPages(document, hasPages, reasons);
+    if (drawable && !options.json) session.TellFindings();
     return kDone;
 }
 

@@ -2,8 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <simdjson.h>
+#include <type_traits>
 
 #include "app/document/Errors.h"
 #include "app/document/Suggestion.h"
@@ -54,6 +56,45 @@ std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
     }
 }
 
+// Returns the fault in the words of this program, without the full stop.
+std::string FaultOf(const CLI::ParseError& error, const CLI::App& program) {
+    const std::string fault = error.what();
+    // The name stands first, or behind these words.
+    const std::string convert = "Could not convert: ";
+    const std::size_t start = fault.starts_with(convert) ? convert.size() : 0;
+    const std::string option = fault.substr(start, fault.find_first_of(": ", start) - start);
+    if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
+        const auto unknown = program.remaining(true);
+        std::string names;
+        for (const auto& name : unknown) names += (names.empty() ? "\"" : ", \"") + name + '"';
+        return unknown.size() == 1 ? "The argument " + names + " is not known"
+                                   : "The arguments " + names + " are not known";
+    }
+    if (dynamic_cast<const CLI::RequiredError*>(&error)) return option + " is missing";
+    if (dynamic_cast<const CLI::ConversionError*>(&error)) return option + " takes no value";
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+        return option + (fault.ends_with("missing") ? " needs a value" : " stands more than once");
+    return fault;
+}
+
+template <class Number>
+CLI::Option* AddNumberOf(CLI::App& command, const std::string& name, Number& value,
+                         const NumberRange& range, std::string text) {
+    const std::string limits =
+        "from " + std::to_string(range.least) + " to " + std::to_string(range.most);
+    const char* const kind = std::is_integral_v<Number> ? "a whole number " : "a number ";
+    const auto parse = [=, &value](const std::string& given) {
+        const char* const end = given.data() + given.size();
+        const auto read = std::from_chars(given.data(), end, value);
+        if (read.ec == std::errc() && read.ptr == end &&
+            value >= static_cast<Number>(range.least) && value <= static_cast<Number>(range.most))
+            return;
+        throw UsageError(name + ' ' + Shown(given) + ": the value must be " + kind + limits + '.');
+    };
+    text.replace(text.find("{}"), 2, limits);
+    return command.add_option_function<std::string>(name, parse, text)->type_name("NUMBER");
+}
+
 }  // namespace
 
 CLI::Option* AddText(CLI::App& command, const char* name, std::string& value, const char* text) {
@@ -70,9 +111,19 @@ CLI::Option* AddText(CLI::App& command, const char* name, std::vector<std::strin
     return command.add_option(name, values, text)->check(CheckText);
 }
 
-std::string CheckCount(const std::string& text) {
-    const bool whole = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-    return whole ? "" : '"' + desk::PrintableAscii(text) + "\" is no whole number from 0";
+CLI::Option* AddNumber(CLI::App& command, const char* name, std::int32_t& value,
+                       const NumberRange& range, const char* text) {
+    return AddNumberOf(command, name, value, range, text);
+}
+
+CLI::Option* AddNumber(CLI::App& command, const char* name, std::int64_t& value,
+                       const NumberRange& range, const char* text) {
+    return AddNumberOf(command, name, value, range, text);
+}
+
+CLI::Option* AddNumber(CLI::App& command, const char* name, double& value, const NumberRange& range,
+                       const char* text) {
+    return AddNumberOf(command, name, value, range, text);
 }
 
 std::optional<int> Parse(CLI::App& program, int argc, const char* const* argv) {
@@ -84,7 +135,7 @@ std::optional<int> Parse(CLI::App& program, int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         std::string fault = CommandFault(program, argc, argv);
         if (fault.empty())
-            fault = std::string(error.what()) + "; --help tells more." +
+            fault = FaultOf(error, program) + "; --help tells more." +
                     OptionSuggestion(program, argc, argv);
         std::fprintf(stderr, "%s: %s\n", program.get_name().c_str(), Printable(fault).c_str());
         return kWrongUsage;

@@ -15,78 +15,86 @@ using gazetteer::PageFinding;
 
 constexpr double kRounding = 1e-6;  // Inches.
 
-bool LiesOnSheet(const desk::Document& document, double left, double bottom, double right,
-                 double top) {
-    return left >= -kRounding && bottom >= -kRounding && right <= document.pageWidth + kRounding &&
-           top <= document.pageHeight + kRounding;
+bool LiesOnSheet(const desk::Document& sheet, const host::IHostEnvelope& box) {
+    return box.XMin() >= -kRounding && box.YMin() >= -kRounding &&
+           box.XMax() <= sheet.pageWidth + kRounding && box.YMax() <= sheet.pageHeight + kRounding;
+}
+
+bool TouchesSheet(const desk::Document& sheet, const host::IHostEnvelope& box) {
+    return box.XMax() > kRounding && box.YMax() > kRounding &&
+           box.XMin() < sheet.pageWidth - kRounding && box.YMin() < sheet.pageHeight - kRounding;
 }
 
 // Makes the findings of one gazetteer from what its manager knows.
 class PageFinder {
 public:
     PageFinder(OpenDocument& open, const PageRange& pages, LengthUnit unit, FindingList& list)
-        : open_(open), manager_(open.Manager()), pages_(pages), unit_(unit), list_(list) {}
+        : open_(open),
+          manager_(open.Manager()),
+          pages_(pages),
+          unit_(unit),
+          list_(list),
+          frame_(open.Gazetteer()->Geometry()->Bounds()) {}
 
     void AddFromPages();
     void AddUnplaced();
 
 private:
-    Finding Make(const PageFinding& found) const;
-    void DescribePlace(const PageFinding& found, Finding& finding) const;
-    std::string ListingOf(const std::string& rowKey) const;
+    const char* KindOf(const PageFinding& found) const;
+    Finding Make(const PageFinding& found, const char* kind) const;
 
     OpenDocument& open_;
     gazetteer::CVNGazetteerManager& manager_;
     PageRange pages_;
     LengthUnit unit_;
     FindingList& list_;
+    host::Ref<host::IHostEnvelope> frame_;
 };
 
-// The text of the listing's first column, without what is resolved at drawing.
-std::string PageFinder::ListingOf(const std::string& rowKey) const {
-    const auto columns = gazetteer::NamesOf(*manager_.BoundSettings().columnDisplayOrder, 1);
-    if (columns.empty()) return {};
-    const auto cells = gazetteer::SetUnder(*manager_.Working().listings, columns.front());
-    std::string text = gazetteer::ToText(cells->Item(rowKey), open_.Host().Locale());
-    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
-        text = gazetteer::ReplaceAll(std::move(text), token, "");
-    return gazetteer::WithoutOuterBlanks(
-        gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " "));
+// Rows start inside the frame, so that one can leave the sheet only at its foot or at its right.
+const char* PageFinder::KindOf(const PageFinding& found) const {
+    switch (found.kind) {
+        case PageFinding::Kind::OutsideFrame:
+            return frame_->YMin() - found.below >= -kRounding &&
+                           frame_->XMax() + found.atRight <=
+                               open_.TheDesk().CurrentDocument().pageWidth + kRounding
+                       ? findings::kOutsideFrame
+                       : findings::kOutsideSheet;
+        case PageFinding::Kind::BrokenWord:
+            return findings::kBrokenWord;
+        case PageFinding::Kind::HeadingLeftOut:
+            return findings::kHeadingLeftOut;
+        case PageFinding::Kind::HeadingAlone:
+            break;
+    }
+    return findings::kHeadingAlone;
 }
 
-void PageFinder::DescribePlace(const PageFinding& found, Finding& finding) const {
-    const auto frame = open_.Gazetteer()->Geometry()->Bounds();
-    const auto& document = open_.TheDesk().CurrentDocument();
-    const bool onSheet = LiesOnSheet(document, 0, frame->YMin() - std::max(0.0, found.below),
-                                     frame->XMax() + std::max(0.0, found.atRight), 0);
-    finding.kind = onSheet ? findings::kOutsideFrame : findings::kOutsideSheet;
+// Returns where a listing that leaves the frame stands.
+std::string PlaceOf(const PageFinding& found, LengthUnit unit) {
     const bool below = found.below > kRounding;
-    finding.text += " stands " + LengthText(below ? found.below : found.atRight, unit_) +
-                    (below ? " below the foot" : " beyond the right edge") + " of the frame" +
-                    (onSheet ? "" : ", off the sheet") + '.';
+    return " stands " + LengthText(below ? found.below : found.atRight, unit) +
+           (below ? " below the foot" : " beyond the right edge") + " of the frame";
 }
 
-Finding PageFinder::Make(const PageFinding& found) const {
-    Finding finding{"", {}, ListingOf(found.rowKey), found.column, found.page};
+Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
+    Finding finding{kind, {}, ListingOf(open_, found.rowKey), found.column, found.page};
     const std::string name = '"' + Shown(finding.listing) + '"';
     finding.text = "page " + std::to_string(found.page) + ": ";
     switch (found.kind) {
         case PageFinding::Kind::OutsideFrame:
-            finding.text += "the listing " + name;
-            DescribePlace(found, finding);
+            finding.text += "the listing " + name + PlaceOf(found, unit_) +
+                            (kind == findings::kOutsideSheet ? ", off the sheet." : ".");
             break;
         case PageFinding::Kind::BrokenWord:
-            finding.kind = findings::kBrokenWord;
             finding.text += "a word of the listing " + name +
                             " is longer than a line of the column \"" + found.column +
                             "\" and is broken.";
             break;
         case PageFinding::Kind::HeadingLeftOut:
-            finding.kind = findings::kHeadingLeftOut;
             finding.text += "the heading before the listing " + name + " found no room.";
             break;
         case PageFinding::Kind::HeadingAlone:
-            finding.kind = findings::kHeadingAlone;
             finding.text += "the heading before the listing " + name + " stands alone at the foot.";
             break;
     }
@@ -94,15 +102,11 @@ Finding PageFinder::Make(const PageFinding& found) const {
 }
 
 void PageFinder::AddFromPages() {
-    const auto& found = manager_.FindingsOnPages();
-    for (const PageFinding& one : found.Kept())
-        if (pages_.first <= one.page && one.page <= pages_.last) list_.Add(Make(one));
-    for (const auto& [kind, name] :
-         {std::pair{PageFinding::Kind::OutsideFrame, findings::kOutsideFrame},
-          {PageFinding::Kind::BrokenWord, findings::kBrokenWord},
-          {PageFinding::Kind::HeadingLeftOut, findings::kHeadingLeftOut},
-          {PageFinding::Kind::HeadingAlone, findings::kHeadingAlone}})
-        list_.Count(name, found.Count(kind) - gazetteer::PageFindings::kKeptOfAKind);
+    for (const PageFinding& found : manager_.FindingsOnPages()) {
+        if (found.page < pages_.first || found.page > pages_.last) continue;
+        const char* kind = KindOf(found);
+        if (list_.Count(kind)) list_.Add(Make(found, kind));
+    }
 }
 
 // Rows are placed in their order, so that those behind the last one placed have no place.
@@ -119,14 +123,13 @@ void PageFinder::AddUnplaced() {
     if (placed >= count) return;
     const auto rows = gazetteer::NamesOf(*cells);
     const std::string reason = NoPlaceReason(manager_);
-    const std::size_t end = std::min(count, placed + gazetteer::PageFindings::kKeptOfAKind);
-    for (std::size_t i = placed; i < end; ++i) {
-        Finding finding{findings::kNoPlace, {}, ListingOf(rows[i])};
+    for (std::size_t i = placed; i < count; ++i) {
+        if (!list_.Count(findings::kNoPlace)) continue;
+        Finding finding{findings::kNoPlace, {}, ListingOf(open_, rows[i])};
         finding.text =
             "the listing \"" + Shown(finding.listing) + "\" found no place on a page, " + reason;
         list_.Add(std::move(finding));
     }
-    list_.Count(findings::kNoPlace, static_cast<std::int64_t>(count - end));
 }
 
 void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
@@ -135,21 +138,30 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
         const auto geometry = element->Geometry();
         if (!geometry) continue;
         const auto box = geometry->Bounds();
-        if (LiesOnSheet(document, box->XMin(), box->YMin(), box->XMax(), box->YMax())) continue;
-        const auto named = host::As<host::IHostElementName>(element);
-        list.Add({findings::kOutsideSheet, "the element \"" + (named ? named->Name() : "") +
-                                               "\" lies partly off the sheet."});
+        if (LiesOnSheet(document, *box) || !list.Count(findings::kOutsideSheet)) continue;
+        list.Add({findings::kOutsideSheet,
+                  "the element \"" + NameOf(element) + "\" lies " +
+                      (TouchesSheet(document, *box) ? "partly off the sheet."
+                                                    : "off the sheet and is not printed.")});
     }
 }
 
 }  // namespace
 
-void AddFonts(const desk::TextEngine& engine, FindingList& list) {
-    for (const auto& warning : FontWarnings(engine)) list.Add({findings::kMissingFont, warning});
-    for (const char32_t character : engine.MissingCharacters())
-        list.Add({findings::kMissingCharacter, "no installed font has the character " +
-                                                   CodePoint(character) +
-                                                   "; a box is printed instead."});
+std::string ListingOf(OpenDocument& open, const std::string& rowKey) {
+    const auto columns = gazetteer::NamesOf(*open.Manager().BoundSettings().columnDisplayOrder, 1);
+    if (columns.empty()) return {};
+    const auto cells = gazetteer::SetUnder(*open.Manager().Working().listings, columns.front());
+    std::string text = gazetteer::ToText(cells->Item(rowKey), open.Host().Locale());
+    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
+        text = gazetteer::ReplaceAll(std::move(text), token, "");
+    return gazetteer::WithoutOuterBlanks(
+        gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " "));
+}
+
+std::string NameOf(const host::Ref<host::IHostElement>& element) {
+    const auto named = host::As<host::IHostElementName>(element);
+    return named ? named->Name() : "";
 }
 
 FindingList FindFindings(OpenDocument& open, LengthUnit unit,

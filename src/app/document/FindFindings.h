@@ -15,9 +15,15 @@ namespace app {
 FindingList FindFindings(OpenDocument& open, LengthUnit unit,
                          const std::optional<PageRange>& pages = std::nullopt);
 
-/// Adds the fonts that are not installed, and the characters that no font has, of all texts that
-/// the engine has set so far.
-void AddFonts(const desk::TextEngine& engine, FindingList& list);
+/// Adds the fonts that are not installed, and the characters that no font has, of the texts that
+/// were measured so far, with the first place of each. Leaves out those of other pages.
+void AddFonts(OpenDocument& open, const PageRange& pages, FindingList& list);
+
+/// Returns the text of a listing's first column, without what is resolved at drawing.
+std::string ListingOf(OpenDocument& open, const std::string& rowKey);
+
+/// Returns an element's name, or an empty text.
+std::string NameOf(const host::Ref<host::IHostElement>& element);
 
 /// Adds the fields Page, Row and Column that the listing database lost although a column prints
 /// them, and the records whose listing, page, row or column is empty although a column prints it.

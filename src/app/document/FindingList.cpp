@@ -1,14 +1,12 @@
 #include "app/document/FindingList.h"
 
 #include <algorithm>
-#include <utility>
-
-#include "model/PageFindings.h"
 
 namespace app {
 namespace {
 
-/// Sentences told of a kind.
+// Of a kind.
+constexpr std::int64_t kKept = 100;
 constexpr std::int64_t kTold = 5;
 
 struct Summary {
@@ -18,7 +16,7 @@ struct Summary {
 };
 
 constexpr Summary kSummaries[] = {
-    {findings::kOutsideSheet, "listings lie off the sheet"},
+    {findings::kOutsideSheet, "listings and elements lie off the sheet"},
     {findings::kOutsideFrame, "listings stand out of the frame"},
     {findings::kMissingField, "fields that are printed are not in the listing database"},
     {findings::kEmptyValue, "records have no value in a field that is printed"},
@@ -38,18 +36,10 @@ std::string SummaryOf(std::string_view kind, std::int64_t count) {
 
 }  // namespace
 
-FindingList::KindCount& FindingList::CountOf(std::string_view kind) {
-    const auto known = std::ranges::find(counts_, kind, &KindCount::kind);
-    return known != counts_.end() ? *known : counts_.emplace_back(KindCount{std::string(kind)});
-}
-
-void FindingList::Add(Finding finding) {
-    if (++CountOf(finding.kind).count <= gazetteer::PageFindings::kKeptOfAKind)
-        kept_.push_back(std::move(finding));
-}
-
-void FindingList::Count(std::string_view kind, std::int64_t more) {
-    if (more > 0) CountOf(kind).count += more;
+bool FindingList::Count(std::string_view kind) {
+    auto known = std::ranges::find(counts_, kind, &KindCount::kind);
+    if (known == counts_.end()) known = counts_.insert(known, {std::string(kind)});
+    return ++known->count <= kKept;
 }
 
 std::int64_t FindingList::Total() const {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace app {
@@ -31,30 +32,31 @@ struct Finding {
     std::int64_t record = 0;  ///< In the listing database, from 1; 0: none.
 };
 
-/// Findings, of each kind the first ones and how many there are.
+/// Of each kind the first hundred findings, and how many there are.
 class FindingList {
 public:
-    void Add(Finding finding);
-    /// Counts more of a kind.
-    void Count(std::string_view kind, std::int64_t more);
+    struct KindCount {
+        std::string kind;
+        std::int64_t count = 0;
+    };
+
+    /// Counts a finding. Returns whether it is to be added, as one of the first of its kind.
+    bool Count(std::string_view kind);
+    void Add(Finding finding) { kept_.push_back(std::move(finding)); }
 
     bool IsEmpty() const { return counts_.empty(); }
     std::int64_t Total() const;
     const std::vector<Finding>& Kept() const { return kept_; }
+    /// In the order in which the kinds were first found.
+    const std::vector<KindCount>& Counts() const { return counts_; }
 
     /// Returns the first five sentences of each kind and, where there are more, one with their
     /// number; of listings without a place always.
     std::vector<std::string> Sentences() const;
 
 private:
-    struct KindCount {
-        std::string kind;
-        std::int64_t count = 0;
-    };
-    KindCount& CountOf(std::string_view kind);
-
     std::vector<Finding> kept_;
-    std::vector<KindCount> counts_;  ///< In the order in which the kinds were first found.
+    std::vector<KindCount> counts_;
 };
 
 }  // namespace app

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "app/document/ColumnGroups.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/KeyValues.h"
@@ -100,10 +101,10 @@ void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups) {
     const double frameWidth = open.Gazetteer()->Geometry()->Bounds()->Width();
     constexpr double kGap = 0.15;
     constexpr double kLeastGroup = 2.1;
-    constexpr double kMostGroups = kLeastGroup / kGap + 2;
+    static_assert((kMostColumnGroups - 2) * kGap <= kLeastGroup + 1e-9);
     const double fitting = std::floor((frameWidth + kGap) / (kLeastGroup + kGap));
     const double groups =
-        std::clamp(columnGroups > 0 ? columnGroups : fitting, 1.0, std::floor(kMostGroups));
+        std::clamp<double>(columnGroups > 0 ? columnGroups : fitting, 1, kMostColumnGroups);
     const double filled = frameWidth - (groups == 2 ? 0.001 : 0);
     const double group = ToThousandths((filled - (groups - 1) * kGap) / groups);
 

@@ -27,9 +27,13 @@ std::vector<std::string> UserKeys(const auto& table) {
     return names;
 }
 
-bool IsAlignment(const host::Variant& value) {
+// Returns a warning about a value that is no alignment, or an empty text.
+std::string AlignmentWarning(const std::string& key, const host::Variant& value) {
     const auto* text = std::get_if<std::string>(&value);
-    return text && std::ranges::find(kAlignments, *text) != kAlignments.end();
+    if (text && std::ranges::find(kAlignments, *text) != kAlignments.end()) return {};
+    return key +
+           " is none of Left, Center, Right and Justify, so that texts hang as their symbol says." +
+           (text ? Suggestion(*text, {kAlignments.begin(), kAlignments.end()}) : "");
 }
 
 // Returns warnings about stored values that are unusual: unknown alignments, a default page below
@@ -51,10 +55,9 @@ std::vector<std::string> ValueWarnings(const gazetteer::Settings& settings) {
                                    " is negative, so that texts may overlap or leave the frame.");
         }
         for (const char* key : {gazetteer::keys::kAlignment, gazetteer::keys::kTitleAlignment})
-            if (!IsAlignment(properties->Item(key)))
-                warnings.push_back(column + '.' + key +
-                                   " is none of Left, Center, Right and Justify, so that texts "
-                                   "hang as their symbol says.");
+            if (auto warning = AlignmentWarning(column + '.' + key, properties->Item(key));
+                !warning.empty())
+                warnings.push_back(std::move(warning));
     }
     return warnings;
 }

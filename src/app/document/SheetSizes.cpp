@@ -7,6 +7,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
+#include "app/document/Suggestion.h"
 #include "desk/documents/Document.h"
 #include "desk/unicode/FoldCase.h"
 #include "support/Text.h"
@@ -37,11 +38,31 @@ constexpr SheetFormat kFormats[] = {{"a3", Millimeters(297, 420)}, {"a4", Millim
                                     {"letter", {8.5, 11}},         {"legal", {8.5, 14}},
                                     {"tabloid", {11, 17}}};
 
-std::string FormatNames() {
-    std::string names;
-    for (const auto& format : kFormats)
-        names += (names.empty() ? "" : ", ") + std::string(format.name);
+std::vector<std::string> FormatNames() {
+    std::vector<std::string> names;
+    for (const auto& format : kFormats) names.emplace_back(format.name);
     return names;
+}
+
+std::string Joined(const std::vector<std::string>& names) {
+    std::string text;
+    for (const auto& name : names) text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+// Returns "mm", "in" or, for a length without a unit, an empty text.
+std::string UnitOf(const std::string& length) {
+    for (const char* unit : {"mm", "in"})
+        if (length.ends_with(unit)) return unit;
+    return {};
+}
+
+// Returns a length in inches, which has the given unit if it has none of its own; 0 for another
+// form.
+double ParseSide(const std::string& text, const std::string& otherUnit) {
+    const std::string own = UnitOf(text);
+    const double length = ParseDecimal(text.substr(0, text.size() - own.size())).value_or(0);
+    return (own.empty() ? otherUnit : own) == "mm" ? length / kMillimetersPerInch : length;
 }
 
 }  // namespace
@@ -60,22 +81,22 @@ std::span<const SheetFormat> SheetFormats() {
 }
 
 PageSize ParsePageSize(const std::string& text) {
-    const std::string size = desk::FoldCase(text);
+    std::string size = desk::FoldCase(text);
+    std::erase(size, ' ');
     for (const auto& format : kFormats)
         if (format.name == size) return format.size;
-    const bool isMetric = size.ends_with("mm");
-    const bool hasUnit = isMetric || size.ends_with("in");
-    const auto numbers = ParseNumbers(size.substr(0, size.size() - (hasUnit ? 2 : 0)), 'x');
+    const auto sides = gazetteer::Split(size, 'x');
     PageSize page;
-    if (numbers.size() == 2) page = {numbers[0], numbers[1]};
-    if (isMetric) page = {page.width / kMillimetersPerInch, page.height / kMillimetersPerInch};
+    if (sides.size() == 2)
+        page = {ParseSide(sides[0], UnitOf(sides[1])), ParseSide(sides[1], "in")};
     const auto isSide = [](double inches) {
         return inches >= desk::kSmallestSheet && inches <= desk::kLargestSheet;
     };
     if (isSide(page.width) && isSide(page.height)) return page;
-    throw UsageError("--page-size " + Shown(text) + ": the size must be " + FormatNames() +
+    throw UsageError("--page-size " + Shown(text) + ": the size must be " + Joined(FormatNames()) +
                      ", or WIDTHxHEIGHT in inches or with mm behind it, such as 6x9 or "
-                     "148x210mm (each side from 0.01 to 200 inches).");
+                     "148x210mm (each side from 0.01 to 200 inches)." +
+                     Suggestion(size, FormatNames()));
 }
 
 FrameOption ParseFrame(const std::string& text, const PageSize& page) {

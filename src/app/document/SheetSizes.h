@@ -28,7 +28,8 @@ struct SheetFormat {
 std::span<const SheetFormat> SheetFormats();
 
 /// Parses the name of a format, such as "letter" or "a4", or "WIDTHxHEIGHT" in inches or with "mm"
-/// or "in" behind it, each from 0.01 to 200 inches. Throws UsageError for another form.
+/// or "in" behind it or behind each, each side from 0.01 to 200 inches. Throws UsageError for
+/// another form.
 PageSize ParsePageSize(const std::string& text);
 
 /// A rectangle on the sheet, in inches from its lower left corner.

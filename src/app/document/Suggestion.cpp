@@ -29,18 +29,31 @@ std::size_t EditDistance(std::string_view one, std::string_view other) {
 
 }  // namespace
 
-std::string Suggestion(std::string_view misspelt, const std::vector<std::string>& known) {
+std::string Nearest(std::string_view misspelt, const std::vector<std::string>& known) {
     constexpr std::size_t kLongest = 64;  // Bytes; keys and options are shorter.
     if (misspelt.size() > kLongest) return {};
     const std::string wanted = desk::FoldCase(std::string(misspelt));
     std::size_t nearest = 1 + std::max<std::size_t>(1, wanted.size() / 4);
+    std::size_t longest = 0;
     std::string found;
     for (const std::string& word : known) {
-        const std::size_t distance = EditDistance(wanted, desk::FoldCase(word));
-        if (distance >= nearest) continue;
+        const std::string folded = desk::FoldCase(word);
+        const std::size_t distance = EditDistance(wanted, folded);
+        const auto common =
+            static_cast<std::size_t>(std::ranges::mismatch(wanted, folded).in1 - wanted.begin());
+        // A word of two letters with one wrong is no misspelling.
+        if (distance > 0 && 2 * distance >= wanted.size()) continue;
+        if (distance > nearest || (distance == nearest && (found.empty() || common <= longest)))
+            continue;
         nearest = distance;
+        longest = common;
         found = word;
     }
+    return found;
+}
+
+std::string Suggestion(std::string_view misspelt, const std::vector<std::string>& known) {
+    const std::string found = Nearest(misspelt, known);
     return found.empty() ? found : " Did you mean \"" + found + "\"?";
 }
 

@@ -58,6 +58,7 @@ std::vector<PrintedField> PrintedFields(OpenDocument& open, const Table& table) 
 
 void AddMissing(const PrintedField& field, const Table& table, FindingList& list) {
     constexpr std::int32_t kFieldsTold = 10;
+    if (!list.Count(findings::kMissingField)) return;
     Finding finding{findings::kMissingField, {}};
     finding.column = field.column;
     finding.text = "the listing database has no field \"" + field.name +
@@ -104,7 +105,7 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
         std::vector<const PrintedField*> empty;
         for (const auto& field : fields)
             if (IsEmpty(row->Value(field.index))) empty.push_back(&field);
-        if (empty.empty()) continue;
+        if (empty.empty() || !list.Count(findings::kEmptyValue)) continue;
         Finding finding{findings::kEmptyValue,
                         {},
                         ListingOf(row, table, open.Host().Locale()),

@@ -40,7 +40,7 @@ bool FindingsAccepted(WindowSession& session, QWidget& window, const PageRange& 
     {
         const WaitPointer wait;
         auto list = FindFindings(session.Document(), WindowUnit(), pages);
-        AddFonts(*session.Document().TheDesk().Text(), list);
+        AddFonts(session.Document(), pages, list);
         for (const auto& sentence : list.Sentences()) sentences << desk::ToQt(sentence);
     }
     return sentences.isEmpty() ||

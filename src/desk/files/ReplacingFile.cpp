@@ -48,6 +48,14 @@ std::string ProcPath(int file) {
     return "/proc/self/fd/" + std::to_string(file);
 }
 
+/// Opens a device or a pipe. Fails with ENXIO for a pipe that no program has opened for reading:
+/// opening would wait, without an end if none comes. Writing waits for the reader as usual.
+int OpenDirectly(const fs::path& target) {
+    const int file = ::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC | O_NONBLOCK);
+    if (file >= 0) ::fcntl(file, F_SETFL, 0);
+    return file;
+}
+
 /// Locks the target while it is replaced. If two programs have read the same content, the second
 /// one to save then fails. The lock belongs to the open file and ends with the process. A target
 /// that is missing or cannot be locked is replaced without a lock.
@@ -82,8 +90,10 @@ ReplacingFile::ReplacingFile(const std::string& path, Devices devices)
     } else {
         if (devices == Devices::Refuse) Fail("it is no ordinary file");
         direct_ = true;
-        stream_.reset(std::fopen(target_.c_str(), "wb"));
-        if (!stream_) FailWith(errno);
+        const int file = OpenDirectly(target_);
+        if (file < 0 && errno == ENXIO) Fail("no program reads from this pipe");
+        if (file < 0) FailWith(errno);
+        OpenStream(file);
     }
 }
 

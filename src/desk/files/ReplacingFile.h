@@ -20,7 +20,8 @@ namespace desk {
 /// host::Failure with one sentence that names the file and the reason.
 class ReplacingFile {
 public:
-    /// What to do with a path that is not a regular file, such as a device.
+    /// What to do with a path that is not a regular file: a device, or a pipe, which is refused
+    /// unless a program reads from it.
     enum class Devices { Refuse, WriteAtOnce };
 
     explicit ReplacingFile(const std::string& path, Devices devices = Devices::Refuse);
