@@ -169,13 +169,8 @@ int Check(const Options& options) {
     auto& document = session.Look(options.document);
     gazetteer::Findings reasons;
     FindingList list;
-<<<<<<< HEAD
     const bool drawable =
         document.CanDraw(reasons) && CanRun(document, reasons) && CanFind(session, list, reasons);
-=======
-    // A listing database without records can be drawn, but has no results.
-    if (drawable && document.Manager().CanDraw()) list = session.Find();
->>>>>>> bd139d1 (wip)
     if (!options.json) {
         Print(drawable ? "The gazetteer can be drawn." : UndrawableLines(reasons));
         for (const auto& sentence : list.Sentences()) Print("  " + sentence);
