@@ -92,7 +92,7 @@ TEST_F(Print, OverridesComeLast) {
 }
 
 TEST_F(Print, APipeIsWrittenToWhenSomethingReadsFromIt) {
-    program_.Shell("mkfifo p.pdf; cat p.pdf > got.pdf & " GAZETTEER_PROGRAM
+    program_.Shell("mkfifo p.pdf; timeout 60 cat p.pdf > got.pdf & " GAZETTEER_PROGRAM
                    " make streets.dbf -o p.pdf 2> told; wait");
     EXPECT_TRUE(Contains(program_.Shell("pdftotext got.pdf - 2>&1"), "Main St"));
     EXPECT_EQ(program_.Shell("stat -c %F p.pdf"), "fifo\n");

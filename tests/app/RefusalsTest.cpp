@@ -63,7 +63,7 @@ TEST_F(Refusals, OfWrongUsage) {
          "--limit -1: the value must be a whole number from 0 to 1000000000."},
         {{"make", "streets.dbf", "-o", "o.pdf", "--first-page", "0"},
          2,
-         "--first-page 0: the value must be a whole number from 1 to 1000000."},
+         "--first-page 0: the value must be a whole number from 1 to 1000000000."},
         {{"make", "streets.dbf", "-o", "o.pdf", "--columns", "0"}, 2, "from 1 to 16."},
         {{"make", "streets.dbf", "-o", "o.pdf", "--columns", "99999999999"}, 2, "from 1 to 16."},
         {{"make", "streets.dbf", "-o", "o.pdf", "--dpi", "nan"},

@@ -82,15 +82,16 @@ void CommandSession::BindDrawable() {
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
-    return FindFindings(
+    auto list = FindFindings(
         document_,
         document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
         pages);
+    for (const auto& finding : list.Kept()) told_.push_back(finding.text);
+    return list;
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
     auto list = Find(pages);
-    for (const auto& finding : list.Kept()) told_.push_back(finding.text);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
     return list;
 }
