@@ -129,10 +129,14 @@ void MarkWrongNumbers(QWidget& form, host::IHostLocale& locale, const char* cont
                       const T& byDefault) {
     if constexpr (kIsNumber<T>) {
         auto& box = dynamic_cast<QLineEdit&>(ControlNamed(form, control));
-        new NumberMark(box, form, ToQt(RangeSentence(byDefault, locale)),
-                       [&locale](const QString& text) {
-                           return NumberIn<T>(FromQt(text), locale).has_value();
-                       });
+        const QString sentence = ToQt(RangeSentence(byDefault, locale));
+        new NumberMark(box, form, sentence, [&locale](const QString& text) {
+            try {
+                return NumberIn<T>(FromQt(text), locale).has_value();
+            } catch (const host::Failure&) {
+                return true;  // Reading the box tells why it cannot be judged.
+            }
+        });
     }
 }
 

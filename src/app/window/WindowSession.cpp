@@ -181,6 +181,7 @@ void WindowSession::AddResultNotices() {
 void WindowSession::AddUndrawable(const std::string& notice, const gazetteer::Findings& reasons) {
     AddNotice(notice);
     for (const auto& reason : reasons) {
+        if (!reasons_.Count(findings::kUndrawable)) continue;
         Finding finding{findings::kUndrawable, reason};
         finding.element = document_.Gazetteer();
         reasons_.Add(std::move(finding));
