@@ -184,7 +184,7 @@ TEST(Scripts, CharactersThatNoFontHasAreTold) {
     for (const auto& [names, told] :
          {std::pair{Lines{"\U000F0000 Park"},
                     "page 1: no installed font has the character U+F0000 of the listing "
-                    "\"\U000F0000 Park\" (record 1); a box"},
+                    "\"\U000F0000 Park\"; a box"},
           std::pair{Lines{"\U000F0000", "\U000F0001", "\U000F0002", "\U000F0003", "\U000F0004",
                           "\U000F0005 \U000F0006"},
                     "in all, 7 characters are in no installed font."}}) {

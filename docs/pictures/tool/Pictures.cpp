@@ -1,6 +1,9 @@
+#include <QAbstractButton>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QDockWidget>
 #include <QLineEdit>
+#include <QTreeWidget>
 
 #include "Taker.h"
 #include "app/window/PageView.h"
@@ -34,6 +37,17 @@ void Search(MainWindow& window) {
     window.findChild<QLineEdit*>("pageFilter")->setText("nad lab");
 }
 
+// The list of findings, with the first one marked on its page.
+void ShowFindings(MainWindow& window) {
+    window.findChild<QAbstractButton*>("showFindings")->click();
+    auto* const list = window.findChild<QTreeWidget*>("findingList");
+    list->setCurrentItem(list->topLevelItem(0)->child(0));
+}
+
+void HideFindings(MainWindow& window) {
+    window.findChild<QDockWidget*>("findingsDock")->close();
+}
+
 void ShowFailure(MainWindow& window) {
     host::Failure failure(host::kFailureUnspecified, "",
                           "The expression of the column Listing has no field named Nowhere.");
@@ -56,6 +70,12 @@ const Picture kPictures[] = {
     {"new-document", [](MainWindow& window) { window.Open("czechia-slovakia.dbf"); }},
     {"choose-table", Trigger("newDocument"), "tableBrowse"},
     {"window", OpenDocument},
+    {"findings", ShowFindings},
+    {"page-setup",
+     [](MainWindow& window) {
+         HideFindings(window);
+         Trigger("pageSetup")(window);
+     }},
     {"export", Trigger("exportPages")},
     {"about", Trigger("about")},
     {"manual", Trigger("manual")},
