@@ -42,18 +42,17 @@ TEST_F(Findings, AreToldBeforeAFileIsWritten) {
         std::vector<std::string> set{"set", "d.json"};
         set.insert(set.end(), settings.begin(), settings.end());
         if (!settings.empty()) program_.Done(set);
-        program_.Shell("rm -f e.pdf");
-        for (const bool stored : {false, true}) {
-            const auto findings = Checked("d.json");
-            EXPECT_TRUE(Has(findings, kind, part, json::parse(keys))) << findings.dump(1);
-            const auto strict = program_.Run({"export", "d.json", "-o", "e.pdf", "--strict"});
-            EXPECT_EQ(strict.status, 1);
-            EXPECT_TRUE(Contains(strict.errors, part));
-            EXPECT_FALSE(program_.Exists("e.pdf"));
-            if (!stored) program_.Done({"generate", "d.json"});
-        }
-        EXPECT_TRUE(Contains(program_.Done({"export", "d.json", "-o", "e.pdf"}).errors, part));
+        // The export finds them in stored results, the check before in those of a run.
+        const auto findings = Checked("d.json");
+        EXPECT_TRUE(Has(findings, kind, part, json::parse(keys))) << findings.dump(1);
+        EXPECT_TRUE(Contains(program_.Done({"generate", "d.json"}).errors, part));
+        const auto strict = program_.Run({"export", "d.json", "-o", "e.pdf", "--strict"});
+        EXPECT_EQ(strict.status, 1);
+        EXPECT_TRUE(Contains(strict.errors, part));
+        EXPECT_FALSE(program_.Exists("e.pdf"));
     }
+    program_.Done({"export", "d.json", "-o", "e.pdf"});
+    EXPECT_TRUE(program_.Exists("e.pdf"));
 }
 
 TEST_F(Findings, LengthsHaveTheUnitOfTheLocale) {
