@@ -58,7 +58,7 @@ std::string CommandFault(CLI::App& program, int argc, const char* const* argv) {
 
 // Returns the fault in the words of this program, without the full stop.
 std::string FaultOf(const CLI::ParseError& error, const CLI::App& program) {
-    const std::string fault = error.what();
+    std::string fault = error.what();
     // The name stands first, or behind these words.
     const std::string convert = "Could not convert: ";
     const std::size_t start = fault.starts_with(convert) ? convert.size() : 0;

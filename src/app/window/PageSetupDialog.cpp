@@ -151,8 +151,8 @@ QString PageSetupDialog::LengthFault() {
 }
 
 QString PageSetupDialog::Fault() {
-    const QString size = size_->Fault();
-    const QString length = LengthFault();
+    QString size = size_->Fault();
+    QString length = LengthFault();
     const auto fault = FaultOf(Value(), before_, WindowUnit());
     const bool told = size.isEmpty() && length.isEmpty() && fault;
     for (std::size_t i = 0; i < margins_.size(); ++i)
