@@ -137,6 +137,7 @@ TEST_F(Findings, AreCopiedCountedAndShownFromTheNotice) {
     auto& show = Find<QAbstractButton>("showFindings");
     ASSERT_TRUE(show.isVisible());
     EXPECT_TRUE(Find<QLabel>("noticeText").text().contains("found no place"));
+    Activate();
     show.click();
     EXPECT_TRUE(List().isVisible());
     EXPECT_FALSE(show.isVisible()) << "the list tells it";

@@ -160,8 +160,7 @@ TEST_F(Pages, HitsAreMarkedOnThePage) {
 
 // Each key is pressed in the field for searching.
 TEST_F(Pages, TheSearchFieldLeavesTheWindowItsShortcuts) {
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    Activate();
     auto& filter = Find<QLineEdit>("pageFilter");
     Do("findPage");
     ASSERT_TRUE(filter.hasFocus());

@@ -119,8 +119,8 @@ TEST_F(Runs, ThatAreCancelledLeaveTheDocumentAsItWas) {
     const auto path = Session().Path();
     const auto other = folder_.File("other.json");
     folder_.Write("other.json",
-                  gazetteer::ReplaceAll(folder_.Read("names.json"), "\"HaveSavedListings\": true",
-                                        "\"HaveSavedListings\": false"));
+                  gazetteer::ReplaceAll(folder_.Read("names.json"), R"("HaveSavedListings",true)",
+                                        R"("HaveSavedListings",false)"));
     escape();
     Open(other);
     EXPECT_EQ(Session().Path(), path);

@@ -37,6 +37,11 @@ public:
         window_->resize(1000, 800);
         window_->show();
     }
+    /// Gives the keys to the window, which a closed dialog does not do without a window manager.
+    void Activate() const {
+        window_->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    }
     void Open(const std::string& path) { window_->Open(QString::fromStdString(path)); }
 
     /// A table of listings "Alpha 0001", "Alpha 0002", ..., on page 1 of the book and so on.

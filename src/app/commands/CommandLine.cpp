@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
@@ -9,8 +11,11 @@
 #include "app/document/ArgumentParser.h"
 #include "app/document/ColumnGroups.h"
 #include "app/document/Errors.h"
+#include "app/document/Suggestion.h"
 #include "desk/documents/Document.h"
 #include "desk/drawing/PageWriter.h"
+#include "desk/locale/IcuLocale.h"
+#include "desk/locale/LocaleNames.h"
 #include "support/ErrorHandling.h"
 
 namespace app {
@@ -24,13 +29,29 @@ std::string CheckTitle(const std::string& title) {
     throw UsageError("--title: the title must have a character that is no blank.");
 }
 
+// Throws with the nearest locale for a name that is unknown.
+void CheckLocale(const std::string& name) try {
+    const desk::IcuLocale locale(name);
+} catch (const host::Failure& failure) {
+    std::vector<std::string> texts;
+    const auto names = desk::LocaleNames();
+    for (const auto& known : names) texts.push_back(known.text);
+    const std::string nearest = Nearest(name, texts);
+    if (nearest.empty()) throw CommandError(failure.cause);
+    throw CommandError(failure.cause + " Did you mean \"" +
+                       std::ranges::find(names, nearest, &desk::LocaleName::text)->locale + "\"?");
+}
+
 // Declares the commands with their arguments and keeps the chosen one.
 class Commands {
 public:
     Commands();
 
     CLI::App& Program() { return program_; }
-    int RunChosen() const { return chosen_(options_); }
+    int RunChosen() const {
+        if (!options_.locale.empty()) CheckLocale(options_.locale);
+        return chosen_(options_);
+    }
 
 private:
     CLI::App& AddParent(CLI::App& parent, const char* name, const char* text);

@@ -1,41 +1,15 @@
 #include "app/commands/CommandSession.h"
 
-#include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "app/commands/Console.h"
 #include "app/document/Errors.h"
 #include "app/document/RunTexts.h"
-#include "app/document/Suggestion.h"
-#include "desk/locale/IcuLocale.h"
-#include "desk/locale/LocaleNames.h"
 
 namespace app {
 
-namespace {
-
-// Throws with the nearest locale for a name that is unknown.
-void CheckLocale(const std::string& name) {
-    try {
-        const desk::IcuLocale locale(name);
-    } catch (const host::Failure& failure) {
-        std::vector<std::string> texts;
-        const auto names = desk::LocaleNames();
-        for (const auto& known : names) texts.push_back(known.text);
-        const std::string nearest = Nearest(name, texts);
-        if (nearest.empty()) throw CommandError(failure.cause);
-        throw CommandError(failure.cause + " Did you mean \"" +
-                           std::ranges::find(names, nearest, &desk::LocaleName::text)->locale +
-                           "\"?");
-    }
-}
-
-}  // namespace
-
 desk::DeskOptions DeskOptionsOf(const CommonOptions& options) {
     desk::DeskOptions desk;
-    CheckLocale(options.locale);
     desk.locale = options.locale;
     desk.dialogs = std::make_shared<ConsoleDialogs>(options.verbose);
     desk.listeners = ProgressListeners();
@@ -46,13 +20,8 @@ CommandSession::CommandSession(const CommonOptions& options)
     : document_(DeskOptionsOf(options), Warn) {}
 
 CommandSession::~CommandSession() {
-    for (const auto& font : document_.TheDesk().Text()->Substitutions()) {
-        const auto warning = FontWarning(font);
-        const auto isThis = [&, start = warning.substr(0, warning.size() - 1)](const auto& text) {
-            return text.starts_with(start);
-        };
-        if (std::ranges::none_of(told_, isThis)) Warn(warning);
-    }
+    if (found_) return;
+    for (const auto& font : document_.TheDesk().Text()->Substitutions()) Warn(FontWarning(font));
 }
 
 OpenDocument& CommandSession::Open(const std::string& path) {
@@ -82,12 +51,11 @@ void CommandSession::BindDrawable() {
 }
 
 FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
-    auto list = FindFindings(
+    found_ = true;
+    return FindFindings(
         document_,
         document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
         pages);
-    for (const auto& finding : list.Kept()) told_.push_back(finding.text);
-    return list;
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {

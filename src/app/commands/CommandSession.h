@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "app/document/FindFindings.h"
 #include "app/document/OpenDocument.h"
@@ -22,7 +21,7 @@ desk::DeskOptions DeskOptionsOf(const CommonOptions& options);
 class CommandSession {
 public:
     explicit CommandSession(const CommonOptions& options);
-    /// Warns about substituted fonts that no finding has told.
+    /// Warns about substituted fonts if nothing has looked for findings.
     ~CommandSession();
     CommandSession(const CommandSession&) = delete;
     CommandSession& operator=(const CommandSession&) = delete;
@@ -49,7 +48,7 @@ public:
 
 private:
     OpenDocument document_;
-    std::vector<std::string> told_;  ///< Texts of findings.
+    bool found_ = false;  ///< Findings, which tell substituted fonts with their place.
 };
 
 }  // namespace app

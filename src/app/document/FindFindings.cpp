@@ -41,6 +41,8 @@ public:
     void AddUnplaced();
 
 private:
+    bool AllArePlaced() const;
+    Finding Unplaced(const std::string& row, const std::string& reason) const;
     const char* KindOf(const PageFinding& found) const;
     Finding Make(const PageFinding& found, const char* kind) const;
 
@@ -81,7 +83,7 @@ std::string WhereOutside(const PageFinding& found, LengthUnit unit) {
 }
 
 Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
-    Finding finding{kind,
+    Finding finding{{},
                     {},
                     ListingText(open_, found.rowKey),
                     found.column,
@@ -120,34 +122,44 @@ void PageFinder::AddFromPages() {
     for (const PageFinding& found : manager_.FindingsOnPages()) {
         if (found.page < pages_.first || found.page > pages_.last) continue;
         const char* kind = KindOf(found);
-        if (list_.Count(kind)) list_.Add(Make(found, kind));
+        list_.Add(kind, [&] { return Make(found, kind); });
     }
+}
+
+bool PageFinder::AllArePlaced() const {
+    const auto& results = manager_.Working();
+    std::int64_t placed = 0;
+    for (const auto& page : results.pageGroups->AllItems().values)
+        if (const auto rows = gazetteer::ToObject<host::IHostPropertySet>(page))
+            placed += rows->Count();
+    return placed == ListingCount(manager_);
+}
+
+Finding PageFinder::Unplaced(const std::string& row, const std::string& reason) const {
+    Finding finding;
+    finding.listing = ListingText(open_, row);
+    finding.element = open_.Gazetteer();
+    finding.text =
+        "the listing \"" + Shown(finding.listing) + "\" found no place on a page, " + reason;
+    return finding;
 }
 
 // Pages hold their listings in the order of all.
 void PageFinder::AddUnplaced() {
+    if (AllArePlaced()) return;
     const auto& results = manager_.Working();
-    const auto columns = gazetteer::NamesOf(*results.listings, 1);
-    if (columns.empty()) return;
     std::vector<std::string> placed;
     for (const auto& page : results.pageGroups->AllItems().values)
         if (const auto rows = gazetteer::ToObject<host::IHostPropertySet>(page))
             std::ranges::move(gazetteer::NamesOf(*rows), std::back_inserter(placed));
-    const auto cells = gazetteer::SetUnder(*results.listings, columns.front());
-    if (std::ssize(placed) == cells->Count()) return;
     const std::string reason = NoPlaceReason(manager_);
+    const auto column = gazetteer::NamesOf(*results.listings, 1).front();
     auto next = placed.begin();
-    for (const auto& row : gazetteer::NamesOf(*cells)) {
-        if (next != placed.end() && *next == row) {
+    for (const auto& row : gazetteer::NamesOf(*gazetteer::SetUnder(*results.listings, column))) {
+        if (next != placed.end() && *next == row)
             ++next;
-            continue;
-        }
-        if (!list_.Count(findings::kNoPlace)) continue;
-        Finding finding{findings::kNoPlace, {}, ListingText(open_, row)};
-        finding.element = open_.Gazetteer();
-        finding.text =
-            "the listing \"" + Shown(finding.listing) + "\" found no place on a page, " + reason;
-        list_.Add(std::move(finding));
+        else
+            list_.Add(findings::kNoPlace, [&] { return Unplaced(row, reason); });
     }
 }
 
@@ -162,13 +174,16 @@ void AddElementsOffSheet(OpenDocument& open, FindingList& list) {
         const auto box = geometry->Bounds();
         // The geometry of a text is a point.
         if (host::As<host::IHostTextElement>(element)) element->MeasureBounds(display, box);
-        if (LiesOnSheet(document, *box) || !list.Count(findings::kOutsideSheet)) continue;
-        Finding finding{findings::kOutsideSheet,
-                        "the element \"" + NameOf(element) + "\" lies " +
-                            (TouchesSheet(document, *box) ? "partly off the sheet."
-                                                          : "off the sheet and is not printed.")};
-        finding.element = element;
-        list.Add(std::move(finding));
+        if (LiesOnSheet(document, *box)) continue;
+        list.Add(findings::kOutsideSheet, [&] {
+            Finding finding{
+                {},
+                "the element \"" + NameOf(element) + "\" lies " +
+                    (TouchesSheet(document, *box) ? "partly off the sheet."
+                                                  : "off the sheet and is not printed.")};
+            finding.element = element;
+            return finding;
+        });
     }
 }
 

@@ -50,9 +50,13 @@ public:
         bool operator==(const KindCount&) const = default;
     };
 
-    /// Counts a finding. Returns whether it is to be added, as one of the first of its kind.
-    bool Count(std::string_view kind);
-    void Add(Finding finding) { kept_.push_back(std::move(finding)); }
+    /// Counts a finding of this kind, and keeps what `make` returns if it is one of the first.
+    template <class Make>
+    void Add(const char* kind, const Make& make) {
+        if (!Count(kind)) return;
+        kept_.push_back(make());
+        kept_.back().kind = kind;
+    }
 
     bool IsEmpty() const { return counts_.empty(); }
     std::int64_t Total() const;
@@ -77,6 +81,9 @@ public:
     bool operator==(const FindingList&) const = default;
 
 private:
+    // Returns whether the finding is one of the first of its kind.
+    bool Count(std::string_view kind);
+
     std::vector<Finding> kept_;
     std::vector<KindCount> counts_;
 };

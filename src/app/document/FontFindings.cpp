@@ -138,10 +138,17 @@ std::map<char32_t, Finding> PrintedTexts::PlacesOf(const std::set<char32_t>& cha
     return found;
 }
 
-std::string CharacterSentence(char32_t character, const Finding& place) {
-    return (place.page > 0 ? "page " + std::to_string(place.page) + ": " : "") +
-           "no installed font has the character " + CodePoint(character) + " of " + place.text +
-           "; a box is printed instead.";
+Finding CharacterFinding(OpenDocument& open, char32_t character, Finding place) {
+    if (!place.row.empty() && place.element == open.Gazetteer()) {
+        place.listing = ListingText(open, place.row);
+        place.text = "the listing \"" + Shown(place.listing) + '"';
+    } else if (!place.row.empty()) {
+        place.text = "the column \"" + Shown(place.column) + '"';
+    }
+    place.text = (place.page > 0 ? "page " + std::to_string(place.page) + ": " : "") +
+                 "no installed font has the character " + CodePoint(character) + " of " +
+                 place.text + "; a box is printed instead.";
+    return place;
 }
 
 }  // namespace
@@ -152,24 +159,16 @@ void AddFonts(OpenDocument& open, const std::optional<PageRange>& pages, Finding
     texts.ReadAll();
     for (const auto& font : engine.Substitutions()) {
         const auto* const place = texts.PlaceOfFamily(font.wanted);
-        if (!place || !list.Count(findings::kMissingFont)) continue;
-        Finding finding = *place;
-        finding.kind = findings::kMissingFont;
-        finding.text = FontWarning(font, place->text);
-        list.Add(std::move(finding));
+        if (!place) continue;
+        list.Add(findings::kMissingFont, [&] {
+            Finding finding = *place;
+            finding.text = FontWarning(font, place->text);
+            return finding;
+        });
     }
-    for (auto& [character, place] : texts.PlacesOf(engine.MissingCharacters())) {
-        if (!list.Count(findings::kMissingCharacter)) continue;
-        place.kind = findings::kMissingCharacter;
-        if (!place.row.empty() && place.element == open.Gazetteer()) {
-            place.listing = ListingText(open, place.row);
-            place.text = "the listing \"" + Shown(place.listing) + '"';
-        } else if (!place.row.empty()) {
-            place.text = "the column \"" + Shown(place.column) + '"';
-        }
-        place.text = CharacterSentence(character, place);
-        list.Add(std::move(place));
-    }
+    for (const auto& [character, place] : texts.PlacesOf(engine.MissingCharacters()))
+        list.Add(findings::kMissingCharacter,
+                 [&, &at = place, is = character] { return CharacterFinding(open, is, at); });
 }
 
 }  // namespace app

@@ -1,5 +1,6 @@
 #include "app/document/KeyValues.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -87,6 +88,13 @@ std::string TextSymbolText(host::IHostTextSymbol& symbol) {
 std::optional<double> ParseDecimal(const std::string& text) {
     const auto value = WholeNumber<double>(text);
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+host::Variant ItemOf(host::IHostPropertySet& set, std::string_view name) {
+    const auto items = set.AllItems();
+    const auto found = std::ranges::find(items.names, name);
+    if (found == items.names.end()) return {};
+    return items.values[static_cast<std::size_t>(found - items.names.begin())];
 }
 
 std::string ColorText(std::uint32_t rgb) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "host/Host.h"
 #include "model/Keys.h"
@@ -27,6 +28,9 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, gazetteer::V
 
 /// Returns a stored value in the form that ParseValue accepts.
 std::string ValueText(const host::Variant& value);
+
+/// Returns the item of this name in a set; Empty if it has none.
+host::Variant ItemOf(host::IHostPropertySet& set, std::string_view name);
 
 /// Returns "#RRGGBB" for 0xBBGGRR.
 std::string ColorText(std::uint32_t rgb);

@@ -40,16 +40,19 @@ void AddCells(const Ref<host::IHostElement>& row, const std::vector<std::string>
 
 }  // namespace
 
+std::string WithoutTokens(std::string text) {
+    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
+        text = gazetteer::ReplaceAll(std::move(text), token, "");
+    return gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " ");
+}
+
 std::string ListingText(const OpenDocument& open, const std::string& rowKey) {
     const auto& manager = open.Manager();
     const auto columns = gazetteer::NamesOf(*manager.BoundSettings().columnDisplayOrder, 1);
     if (columns.empty()) return {};
     const auto cells = gazetteer::SetUnder(*manager.Working().listings, columns.front());
-    std::string text = gazetteer::ToText(cells->Item(rowKey), open.DeskRef()->Locale());
-    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
-        text = gazetteer::ReplaceAll(std::move(text), token, "");
     return gazetteer::WithoutOuterBlanks(
-        gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " "));
+        WithoutTokens(gazetteer::ToText(cells->Item(rowKey), open.DeskRef()->Locale())));
 }
 
 ListingPlace PlaceOf(const OpenDocument& open, const Finding& finding) try {

@@ -5,6 +5,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/KeyValues.h"
 #include "app/document/StoredValues.h"
 #include "model/GeneralFunctions.h"
 #include "model/KeyNames.h"
@@ -14,12 +15,10 @@ namespace {
 
 // Empty if a damaged document has none.
 std::string ListingDatabaseOf(const host::Ref<host::IHostGroupElement>& element) {
-    const auto items = gazetteer::StoredGazetteerProperties(element)->AllItems();
-    for (std::size_t i = 0; i < items.names.size(); ++i)
-        if (const auto* const file = std::get_if<std::string>(&items.values[i]);
-            file && items.names[i] == gazetteer::keys::kIndexDatabaseFile)
-            return *file;
-    return {};
+    const auto item =
+        ItemOf(*gazetteer::StoredGazetteerProperties(element), gazetteer::keys::kIndexDatabaseFile);
+    const auto* const file = std::get_if<std::string>(&item);
+    return file ? *file : std::string();
 }
 
 }  // namespace

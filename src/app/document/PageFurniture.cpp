@@ -1,10 +1,10 @@
 #include "app/document/PageFurniture.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string_view>
 
 #include "app/document/HeadText.h"
+#include "app/document/KeyValues.h"
 #include "model/DefaultSymbols.h"
 #include "model/KeyNames.h"
 #include "model/Settings.h"
@@ -54,11 +54,7 @@ host::Variant CustomItem(const TextRef& label, std::string_view name) {
     const auto owner = host::As<host::IHostCustomProperty>(label);
     const auto set =
         owner ? gazetteer::ToObject<host::IHostPropertySet>(owner->CustomProperty()) : nullptr;
-    if (!set) return {};
-    const auto items = set->AllItems();
-    const auto found = std::ranges::find(items.names, name);
-    if (found == items.names.end()) return {};
-    return items.values[static_cast<std::size_t>(found - items.names.begin())];
+    return set ? ItemOf(*set, name) : host::Variant();
 }
 
 bool FollowsIndex(const TextRef& label) {

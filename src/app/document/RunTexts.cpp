@@ -14,14 +14,14 @@ std::string Counted(std::int64_t count, const char* one, const char* many) {
     return std::to_string(count) + ' ' + (count == 1 ? one : many);
 }
 
-std::int64_t StoredListings(const gazetteer::CVNGazetteerManager& manager) {
+}  // namespace
+
+std::int64_t ListingCount(const gazetteer::CVNGazetteerManager& manager) {
     const auto& listings = manager.Working().listings;
     if (!listings) return 0;
-    const auto columns = gazetteer::NamesOf(*listings);
+    const auto columns = gazetteer::NamesOf(*listings, 1);
     return columns.empty() ? 0 : gazetteer::SetUnder(*listings, columns.front())->Count();
 }
-
-}  // namespace
 
 std::string RunSummary(const gazetteer::CVNGazetteerManager& manager) {
     const auto& run = manager.LastRun();
@@ -35,7 +35,7 @@ std::string RunSummary(const gazetteer::CVNGazetteerManager& manager) {
 std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager) {
     const auto& results = manager.Working();
     if (!results.listings || results.listings->Count() == 0) return {};
-    return Counted(StoredListings(manager), "listing", "listings") + ", " +
+    return Counted(ListingCount(manager), "listing", "listings") + ", " +
            Counted(results.pageCount, "page", "pages") + '.';
 }
 
@@ -63,7 +63,7 @@ std::string UndrawableLines(const gazetteer::Findings& reasons) {
 }
 
 std::string NoPageReason(const gazetteer::CVNGazetteerManager& manager) {
-    return StoredListings(manager) == 0
+    return ListingCount(manager) == 0
                ? "The gazetteer has no page: the texts of all its records are empty."
                : "The gazetteer has no page: its frame is lower than the row of titles.";
 }

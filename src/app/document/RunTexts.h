@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,8 @@ namespace app {
 /// Returns the counts of records, listings, duplicates, references and pages of a run, in one line.
 std::string RunSummary(const gazetteer::CVNGazetteerManager& manager);
 
+/// Returns the number of listings of stored results.
+std::int64_t ListingCount(const gazetteer::CVNGazetteerManager& manager);
 /// Returns the counts of listings and pages of stored results, in one line; empty without results.
 std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 

@@ -5,6 +5,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FindFindings.h"
+#include "app/document/ListingPlaces.h"
 #include "app/document/NewDocument.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/unicode/Utf8.h"
@@ -60,18 +61,17 @@ std::vector<PrintedField> PrintedFields(OpenDocument& open, const Table& table) 
     return fields;
 }
 
-void AddMissing(const PrintedField& field, const Table& table,
-                const host::Ref<host::IHostElement>& gazetteer, FindingList& list) {
+Finding MissingField(const PrintedField& field, const Table& table,
+                     const host::Ref<host::IHostElement>& gazetteer) {
     constexpr std::int32_t kFieldsTold = 10;
-    if (!list.Count(findings::kMissingField)) return;
-    Finding finding{findings::kMissingField, {}};
+    Finding finding;
     finding.element = gazetteer;
     finding.column = field.column;
     finding.text = "the listing database has no field \"" + field.name +
                    "\", so that the column \"" + field.column + "\" prints 0 for " +
                    (field.name == "Page" ? "the page" : "row and column") + "; its fields are " +
                    FieldNames(*table->Fields(), kFieldsTold) + '.';
-    list.Add(std::move(finding));
+    return finding;
 }
 
 // Blanks of Unicode that print nothing, the no-break space among them.
@@ -82,10 +82,8 @@ bool IsBlank(char32_t character) {
 }
 
 // Whether a text prints nothing but what its tokens bring, such as dots.
-bool PrintsNothing(std::string text) {
-    for (const char* token :
-         {gazetteer::kDotsToken, gazetteer::kNewLineToken, gazetteer::kLastCombineToken})
-        text = gazetteer::ReplaceAll(std::move(text), token, "");
+bool PrintsNothing(const std::string& stored) {
+    const std::string text = WithoutTokens(stored);
     for (std::size_t at = 0; at < text.size();)
         if (!IsBlank(desk::NextCodePoint(text, at))) return false;
     return true;
@@ -130,7 +128,9 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
     if (!table) return;
     auto fields = PrintedFields(open, table);
     for (const auto& field : fields)
-        if (field.index < 0) AddMissing(field, table, open.Gazetteer(), list);
+        if (field.index < 0)
+            list.Add(findings::kMissingField,
+                     [&] { return MissingField(field, table, open.Gazetteer()); });
     std::erase_if(fields, [](const auto& field) { return field.index < 0; });
     if (fields.empty()) return;
     const auto rows = table->Search(open.Host().NewQueryFilter(), true);
@@ -144,18 +144,18 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
         std::vector<const PrintedField*> empty;
         for (const auto& field : fields)
             if (IsEmpty(row->Value(field.index))) empty.push_back(&field);
-        if (empty.empty() || !list.Count(findings::kEmptyValue)) continue;
-        Finding finding{findings::kEmptyValue,
-                        {},
-                        ListingOf(row, table, open.Host().Locale()),
-                        empty.front()->column};
-        finding.record = row->OID();
-        finding.row = std::to_string(number);
-        finding.element = open.Gazetteer();
-        finding.text = "record " + std::to_string(finding.record) +
-                       (finding.listing.empty() ? "" : ", \"" + Shown(finding.listing) + '"') +
-                       ": " + Phrase(empty);
-        list.Add(std::move(finding));
+        if (empty.empty()) continue;
+        list.Add(findings::kEmptyValue, [&] {
+            Finding finding{
+                {}, {}, ListingOf(row, table, open.Host().Locale()), empty.front()->column};
+            finding.record = row->OID();
+            finding.row = std::to_string(number);
+            finding.element = open.Gazetteer();
+            finding.text = "record " + std::to_string(finding.record) +
+                           (finding.listing.empty() ? "" : ", \"" + Shown(finding.listing) + '"') +
+                           ": " + Phrase(empty);
+            return finding;
+        });
     }
     status.Clear();
 }

@@ -7,12 +7,12 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <array>
-#include <limits>
 
 #include "app/document/PageSetup.h"
 #include "app/window/Dialogs.h"
 #include "app/window/LabelPanel.h"
 #include "app/window/PageSizeBox.h"
+#include "desk/documents/Document.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
@@ -66,7 +66,7 @@ PageSetupDialog::PageSetupDialog(WindowSession& session, const PageSetup& before
     head_ = new LabelPanel(session.Host(), kHeadTag, before.head, family, this);
     number_ = new LabelPanel(session.Host(), kNumberTag, before.number, family, this);
     firstSheet_->setObjectName("firstSheet");
-    firstSheet_->setRange(0, std::numeric_limits<int>::max());
+    firstSheet_->setRange(0, desk::kLargestFirstSheet);
     firstSheet_->setSpecialValueText("Automatic");
     firstSheet_->setToolTip("Number on the first sheet; automatic: by the map book, or 1");
     firstSheet_->setValue(before.firstSheet);

@@ -170,22 +170,25 @@ void WindowSession::AddResultNotices() {
     summary_ += manager.HasRun() ? RunSummary(manager) : StoredSummary(manager);
     if (manager.HasRun())
         for (const auto& warning : TableWarnings(manager)) AddNotice(warning);
-    if (!manager.CanDraw())
-        AddUndrawable(UndrawableSentence(document_.Reasons()), document_.Reasons());
-    else if (document_.PageCount() == 0)
-        AddUndrawable(NoPageReason(manager), {NoPageReason(manager)});
-    else
+    if (!manager.CanDraw()) {
+        const auto reasons = document_.Reasons();
+        AddUndrawable(UndrawableSentence(reasons), reasons);
+    } else if (document_.PageCount() == 0) {
+        const auto reason = NoPageReason(manager);
+        AddUndrawable(reason, {reason});
+    } else {
         FindInChosen();
+    }
 }
 
 void WindowSession::AddUndrawable(const std::string& notice, const gazetteer::Findings& reasons) {
     AddNotice(notice);
-    for (const auto& reason : reasons) {
-        if (!reasons_.Count(findings::kUndrawable)) continue;
-        Finding finding{findings::kUndrawable, reason};
-        finding.element = document_.Gazetteer();
-        reasons_.Add(std::move(finding));
-    }
+    for (const auto& reason : reasons)
+        reasons_.Add(findings::kUndrawable, [&] {
+            Finding finding{{}, reason};
+            finding.element = document_.Gazetteer();
+            return finding;
+        });
 }
 
 void WindowSession::FindInChosen() {

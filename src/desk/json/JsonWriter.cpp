@@ -31,7 +31,8 @@ bool NeedsEscape(char c) {
 
 /// Whether one of U+0080 to U+009F stands there, by which terminals can be controlled.
 bool IsC1(std::string_view text, std::size_t at) {
-    return text[at] == '\xC2' && static_cast<unsigned char>(text[at + 1]) < 0xA0;
+    return text[at] == '\xC2' && at + 1 < text.size() &&
+           static_cast<unsigned char>(text[at + 1]) < 0xA0;
 }
 
 }  // namespace
