@@ -20,6 +20,8 @@ struct SortValues {
     virtual std::uint32_t Count() const = 0;
     /// The value, which may be placed in the storage; valid until the storage changes.
     virtual const Variant& Value(std::uint32_t position, Variant& storage) const = 0;
+    /// Called between stages of a long preparation; throws to end the sort.
+    virtual void Pause() const {}
 };
 
 /// The first words of a value as integers, here called digits, which a sort keeps beside its rows

@@ -26,19 +26,26 @@ const NumberTokens& NumberTokenizer::Tokens(const std::string& text) {
 
 const NumberToken* NumberTokenizer::AddToken(const std::string& text, Words& words) {
     NumberToken token;
+    bool isItsPiece = false;
     if (ContainsNumber(text, locale_)) {
         const auto number = locale_.ParseNumber(text);
         token.numeric =
             number.has_value() && !std::isnan(*number);  // NaN has no place in an order.
         token.value = number.value_or(0);
         // Separated pieces are numbers or have no digit, so they are not separated again.
-        if (&words == &words_)
-            Split(SeparateNumbers(text, locale_), pieces_,
-                  [&](const NumberToken* piece) { token.separated.push_back(piece); });
+        if (&words == &words_) {
+            const std::string pieces = SeparateNumbers(text, locale_);
+            isItsPiece = token.numeric && pieces == text;
+            if (!isItsPiece)
+                Split(pieces, pieces_,
+                      [&](const NumberToken* piece) { token.separated.push_back(piece); });
+        }
     }
     token.key = locale_.CollationKey(text);
     token.number = static_cast<std::uint32_t>(tokens_.size());
-    return tokens_.emplace_back(&words.emplace(text, std::move(token)).first->second);
+    NumberToken& added = words.emplace(text, std::move(token)).first->second;
+    if (isItsPiece) added.separated.push_back(&added);
+    return tokens_.emplace_back(&added);
 }
 
 std::string SeparateNumbers(const std::string& text, host::IHostLocale& locale) try {

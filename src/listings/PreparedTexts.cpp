@@ -88,13 +88,15 @@ host::Ref<PreparedTexts> PreparedTexts::Make(const host::SortValues& values,
         texts->starts_.push_back(static_cast<std::uint32_t>(texts->words_.size()));
     }
     if (tokenizer.All().size() > kMaxTokens) return nullptr;
-    texts->TakeTokens(tokenizer);
+    texts->TakeTokens(tokenizer, values);
     return texts;
 }
 
-void PreparedTexts::TakeTokens(const NumberTokenizer& tokenizer) {
+void PreparedTexts::TakeTokens(const NumberTokenizer& tokenizer, const host::SortValues& values) {
     tokens_.resize(tokenizer.All().size());
+    values.Pause();
     RankKeys(tokenizer, tokens_);
+    values.Pause();
     for (const NumberToken* token : tokenizer.All()) {
         RankedToken& ranked = tokens_[token->number];
         ranked.firstPiece = static_cast<std::uint32_t>(pieces_.size());
@@ -103,7 +105,9 @@ void PreparedTexts::TakeTokens(const NumberTokenizer& tokenizer) {
         ranked.digit =
             token->separated.empty() ? kLetters | ranked.keyRank : kMixed | token->number;
     }
+    values.Pause();
     RankValues(tokenizer, tokens_);
+    values.Pause();
 }
 
 bool PreparedTexts::IsNumber(std::uint32_t token) const {

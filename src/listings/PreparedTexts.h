@@ -44,7 +44,7 @@ public:
     }
 
 private:
-    void TakeTokens(const NumberTokenizer& tokenizer);
+    void TakeTokens(const NumberTokenizer& tokenizer, const host::SortValues& values);
     Run Text(std::uint32_t position) const {
         return {words_.data() + starts_[position], words_.data() + starts_[position + 1]};
     }

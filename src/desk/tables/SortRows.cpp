@@ -38,6 +38,7 @@ public:
         pauses_.Step();
         return rows_.Value(position, key_, storage);
     }
+    void Pause() const override { pauses_.Pause(); }
 
 private:
     const SortRows& rows_;

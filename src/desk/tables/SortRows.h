@@ -21,12 +21,17 @@ using SortListener = std::function<void(std::int64_t step, std::int64_t steps)>;
 /// Calls a listener once per kPause steps of a sort, about every millisecond.
 class SortPauses {
 public:
-    /// A row takes a step for its key, one for its lead, and about one for each round of merging.
+    /// A row takes a step for its key, one for its lead, and one for each round of merging.
     SortPauses(const SortListener& listener, std::uint32_t rows)
         : listener_(listener), steps_(std::int64_t{rows} * (std::bit_width(rows) + 2)) {}
 
-    void Step() {
-        if (++step_ % kPause == 0 && listener_) listener_(std::min(step_, steps_), steps_);
+    void Step(std::int64_t count = 1) {
+        step_ += count;
+        if (step_ >= next_) Pause();
+    }
+    void Pause() {
+        next_ = step_ + kPause;
+        if (listener_) listener_(std::min(step_, steps_), steps_);
     }
 
 private:
@@ -35,6 +40,7 @@ private:
     const SortListener& listener_;
     std::int64_t steps_;
     std::int64_t step_ = 0;
+    std::int64_t next_ = kPause;
 };
 
 /// The rows to sort, with their key values. A scratch table provides its values directly; rows of

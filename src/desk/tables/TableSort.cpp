@@ -14,6 +14,10 @@ namespace {
     throw host::Failure(host::kFailureUnspecified, "TableSort", text);
 }
 
+std::ptrdiff_t Distance(std::size_t length, std::size_t rest) {
+    return static_cast<std::ptrdiff_t>(std::min(length, rest));
+}
+
 /// A row being sorted. It carries its lead, so that a merge reads memory in order: comparing values
 /// of both rows for each pair takes half as long again for a million rows.
 struct SortItem {
@@ -23,20 +27,23 @@ struct SortItem {
 
 /// Merges runs of doubling length. Terminates even if comparisons contradict each other.
 template <class Item, class GoesAfter>
-void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter) {
+void MergeSort(std::vector<Item>& items, const GoesAfter& goesAfter, SortPauses& pauses) {
     std::vector<Item> merged(items.size());
     for (std::size_t width = 1; width < items.size(); width *= 2) {
         for (std::size_t start = 0; start < items.size(); start += 2 * width) {
-            const std::size_t middle = std::min(start + width, items.size());
-            const std::size_t end = std::min(start + 2 * width, items.size());
-            std::size_t left = start, right = middle, to = start;
+            const auto first = items.begin() + static_cast<std::ptrdiff_t>(start);
+            const auto middle = first + Distance(width, items.size() - start);
+            const auto end = first + Distance(2 * width, items.size() - start);
+            auto left = first, right = middle;
+            auto to = merged.begin() + static_cast<std::ptrdiff_t>(start);
             // In a table that is already sorted, most runs need no merge.
-            const bool inOrder = right >= end || !goesAfter(items[middle - 1], items[middle]);
-            while (!inOrder && left < middle && right < end)
-                merged[to++] =
-                    goesAfter(items[left], items[right]) ? items[right++] : items[left++];
-            while (left < middle) merged[to++] = items[left++];
-            while (right < end) merged[to++] = items[right++];
+            const bool inOrder = right == end || !goesAfter(*(middle - 1), *middle);
+            while (!inOrder && left != middle && right != end) {
+                *to++ = goesAfter(*left, *right) ? *right++ : *left++;
+                pauses.Step();
+            }
+            pauses.Step((middle - left) + (end - right));
+            std::copy(right, end, std::copy(left, middle, to));
         }
         items.swap(merged);
     }
@@ -50,14 +57,13 @@ std::vector<std::uint32_t> OrderOf(const SortRows& rows, std::vector<SortKey>& k
         items[row] = {keys.empty() ? host::SortLead() : keys.front().Lead(row), row};
     }
     const auto goesAfter = [&](const SortItem& item1, const SortItem& item2) {
-        pauses.Step();
         const auto decided = keys.front().Decide(item1.lead, item2.lead);
         std::int32_t answer = decided ? *decided : keys.front().Compare(item1.row, item2.row);
         for (std::size_t i = 1; answer == 0 && i < keys.size(); ++i)
             answer = keys[i].Compare(item1.row, item2.row);
         return answer > 0;
     };
-    if (!keys.empty()) MergeSort(items, goesAfter);
+    if (!keys.empty()) MergeSort(items, goesAfter, pauses);
     std::vector<std::uint32_t> order;
     order.reserve(items.size());
     for (const SortItem& item : items) order.push_back(item.row);
