@@ -53,7 +53,40 @@ refused 2 'Did you mean "ColumnWidth"?' gazetteer set index.json Listing.ColumWi
 ln -s streets.dbf link.pdf
 refused 2 'cannot be written' gazetteer export index.json -o link.pdf
 
-# A map book to start from.
+mkdir made
+cp streets.dbf made/index-1.png
+refused 2 'cannot be written' gazetteer make made/index-1.png -o made/index.png
+
+# Odd and hostile input: one sentence, and no file.
+python3 -c 'print("[" * 10100 + "]" * 10100)' >deep.json
+refused 1 'too deep' gazetteer make streets.dbf -o deep.pdf --book deep.json
+[ ! -e deep.pdf ] || fail "a wrong book wrote a file"
+mkfifo pipe
+refused 1 'pipe' gazetteer check pipe
+refused 1 'cannot be written' bash -c 'gazetteer --help >/dev/full'
+for length in inf 1e15 -1e300 10000; do
+    refused 2 'ColumnWidth' gazetteer set index.json "Listing.ColumnWidth=$length"
+done
+
+# What people type.
+gazetteer make streets.dbf -o typed.pdf --page-size tabloid --columns 2 --title 'Street Index' \
+    --set 'Listing.ColumnFontSymbol=DejaVu Sans,9,italic' --head-font 'DejaVu Serif,8' 2>/dev/null
+pdffonts typed.pdf | grep -i oblique >/dev/null
+gazetteer make streets.dbf -o typed.png --dpi 50 --page-size 4x4 2>/dev/null
+file typed*.png | grep '200 x 200' >/dev/null
+refused 2 'Did you mean "CombineDelimeter"?' gazetteer set index.json 'CombineDelimiter=; '
+refused 2 'Did you mean "--page-size"?' gazetteer make streets.dbf -o o.pdf --pagesize a4
+
+# For the press: black alone, the printed page numbers, the language.
+qpdf --qdf --object-streams=disable index.pdf - | strings >whole
+! grep -E ' (rg|RG|k|K)$' whole || fail "black text is printed in colours"
+grep '/Lang (sv' whole >/dev/null
+pdfinfo -meta index.pdf | grep 'Street Index' >/dev/null
+qpdf --json index.pdf | python3 -c 'import json, sys
+labels = json.load(sys.stdin)["pagelabels"]
+sys.exit(labels[0]["label"]["/St"] != 97)'
+
+# A map book to start from, and one that lost its section.
 gazetteer book new book.json --sheets atlas-sheets.dbf --start-page 5
 gazetteer make atlas.dbf -o atlas.pdf --book book.json --set LinkToMapSeries=true \
     --set MapSeriesSectionKey=maps --set MapSeriesTemplateKey=sheet \
@@ -77,7 +110,15 @@ window=$(await 'index.json')
 xdotool windowfocus --sync "$window"
 # The middle of the sheet selects the gazetteer.
 xdotool mousemove --window "$window" 700 400 click 1 key alt+Return
-await 'Properties' >/dev/null
+sheet=$(await 'Properties')
+# Draft state and back, and the manual.
+xdotool windowfocus --sync "$sheet" key Escape
+xdotool windowfocus --sync "$window" key ctrl+d
+await 'index.json\*' >/dev/null
+xdotool key ctrl+z
+await 'index.json[^*]*$' >/dev/null
+xdotool key F1
+await 'Manual' >/dev/null
 grep -q '/usr/lib/gazetteer/libCVNGazetteer.so' "$HOME/.local/share/gazetteer-desk/components.json"
 ! grep -i 'error\|warning' told || fail "the window complained"
 echo "walked through the installed programs" >&2
