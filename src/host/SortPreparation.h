@@ -20,7 +20,7 @@ struct SortValues {
     virtual std::uint32_t Count() const = 0;
     /// The value, which may be placed in the storage; valid until the storage changes.
     virtual const Variant& Value(std::uint32_t position, Variant& storage) const = 0;
-    /// Called between stages of a long preparation; throws to end the sort.
+    /// Called between stages of a long preparation. Throws, as Value may, to end the sort.
     virtual void Pause() const {}
 };
 

@@ -41,9 +41,7 @@ public:
         if (row.kind == PlacedRow::Kind::Listing || row.kind == PlacedRow::Kind::Carried)
             rows_->SetItem(row.rowKey, row.rowKey);
     }
-    void HeadingLeftOut(const std::string& rowKey) override {
-        judge_.LeaveHeadingOut(rowKey, pageNumber_);
-    }
+    void HeadingLeftOut(const std::string& rowKey) override { judge_.LeaveHeadingOut(rowKey); }
     void GroupFull(double) override { judge_.EndGroup(pageNumber_); }
 
 private:
@@ -60,7 +58,7 @@ std::string PlacingText(std::int32_t page) {
 }
 
 // Feeds all listings to the flow; every overflow of the page's width closes a page.
-void NumberPages(LayoutPass& pass, const FrameBounds& frame, PageRecorder& pages) {
+void PlaceListings(LayoutPass& pass, const FrameBounds& frame, PageRecorder& pages) {
     ColumnFlow flow(pass, frame, pages);
     flow.SetAtFirstListing();
     Status status(pass.Host());
@@ -87,19 +85,28 @@ void NumberPages(LayoutPass& pass, const FrameBounds& frame, PageRecorder& pages
 
 }  // namespace
 
-bool PopulatePageGroups(host::IHost& host, const Settings& settings,
-                        const host::IHostElement& frameElement,
-                        const host::Ref<host::IHostFillSymbol>& transparentFill,
-                        WorkingResults& results, RunReport& report) try {
+bool NumberPages(host::IHost& host, const Settings& settings,
+                 const host::IHostElement& frameElement,
+                 const host::Ref<host::IHostFillSymbol>& transparentFill, WorkingResults& results,
+                 RunReport& report) {
     const auto display = host.NewApplication()->Document()->ActiveView()->Display();
     const FrameBounds frame = ReadFrame(frameElement);
     if (results.listings->Count() == 0) return false;
     LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Measure);
+    if (pass.Columns().empty()) return false;
     PageRecorder pages(pass, report);
-    NumberPages(pass, frame, pages);
+    PlaceListings(pass, frame, pages);
     pages.ClosePage();
     results.pageGroups = pages.Pages();
     results.pageCount = results.pageGroups->Count();
+    return true;
+}
+
+bool PopulatePageGroups(host::IHost& host, const Settings& settings,
+                        const host::IHostElement& frameElement,
+                        const host::Ref<host::IHostFillSymbol>& transparentFill,
+                        WorkingResults& results, RunReport& report) try {
+    if (!NumberPages(host, settings, frameElement, transparentFill, results, report)) return false;
     PopulateFirstLastListings(host, settings, results);
     Status(host).Clear();
     return true;

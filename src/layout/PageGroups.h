@@ -6,11 +6,16 @@
 
 namespace gazetteer {
 
-/// Inner procedure: decides which listing falls on which page. Every row is built and measured as
-/// it will be drawn and placed by the rules of ColumnFlow; only row keys per page are kept. Fills
-/// the page groups, the page count and the first and last listings of the results, and counts in
-/// the report the listings that stand out of the frame. False, with nothing changed, if there are
-/// no listings to place.
+/// Decides which listing falls on which page. Every row is built and measured as it will be drawn
+/// and placed by the rules of ColumnFlow; only row keys per page are kept. Fills the page groups
+/// and the page count of the results, and reports what would be wrong on the pages. False, with
+/// nothing changed, if there are no listings or columns to place.
+bool NumberPages(host::IHost& host, const Settings& settings,
+                 const host::IHostElement& frameElement,
+                 const host::Ref<host::IHostFillSymbol>& transparentFill, WorkingResults& results,
+                 RunReport& report);
+
+/// Inner procedure: numbers the pages, and fills the first and last listings of the results, too.
 bool PopulatePageGroups(host::IHost& host, const Settings& settings,
                         const host::IHostElement& frameElement,
                         const host::Ref<host::IHostFillSymbol>& transparentFill,

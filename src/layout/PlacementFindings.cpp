@@ -12,7 +12,7 @@ constexpr double kRounding = 1e-6;  // Inches; what sums of widths may be off.
 }  // namespace
 
 void PlacementFindings::Placed(const PlacedRow& row, std::int32_t page) {
-    TellPending();
+    TellPending(page);
     heading_ = row.kind == PlacedRow::Kind::Break ? row.rowKey : std::string();
     if (row.kind == PlacedRow::Kind::Listing || row.kind == PlacedRow::Kind::Carried)
         JudgePlace(row, page);
@@ -25,24 +25,31 @@ void PlacementFindings::JudgePlace(const PlacedRow& row, std::int32_t page) {
         findings_.push_back({Kind::BrokenWord, page, row.rowKey, column});
 }
 
-void PlacementFindings::LeaveHeadingOut(const std::string& rowKey, std::int32_t page) {
-    findings_.push_back({Kind::HeadingLeftOut, page, rowKey});
+void PlacementFindings::LeaveHeadingOut(const std::string& rowKey) {
+    pending_.push_back({Kind::HeadingLeftOut, 0, rowKey});
 }
 
 void PlacementFindings::EndGroup(std::int32_t page) {
-    if (!heading_.empty())
-        pending_ = PageFinding{Kind::HeadingAlone, page, std::exchange(heading_, {})};
+    if (heading_.empty()) return;
+    pending_.push_back({Kind::HeadingAlone, page, heading_});
+    heading_.clear();
 }
 
 void PlacementFindings::EndPage() {
-    if (pending_) pending_->kind = Kind::HeadingLeftOut;
-    TellPending();
+    for (PageFinding& finding : pending_) finding.kind = Kind::HeadingLeftOut;
 }
 
-void PlacementFindings::TellPending() {
-    if (!pending_) return;
-    findings_.push_back(std::move(*pending_));
-    pending_.reset();
+void PlacementFindings::EndDrawing() {
+    std::erase_if(pending_, [](const auto& finding) { return finding.kind != Kind::HeadingAlone; });
+    TellPending(0);
+}
+
+void PlacementFindings::TellPending(std::int32_t page) {
+    for (PageFinding& finding : pending_) {
+        if (finding.kind == Kind::HeadingLeftOut) finding.page = page;
+        findings_.push_back(std::move(finding));
+    }
+    pending_.clear();
 }
 
 }  // namespace gazetteer

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <optional>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "layout/ColumnFlow.h"
 #include "model/PageFindings.h"
@@ -15,21 +16,24 @@ public:
         : pass_(pass), findings_(findings) {}
 
     void Placed(const PlacedRow& row, std::int32_t page);
-    void LeaveHeadingOut(const std::string& rowKey, std::int32_t page);
+    void LeaveHeadingOut(const std::string& rowKey);
     /// The next row opens another column group, of this page or the next.
     void EndGroup(std::int32_t page);
     /// The next row opens a page. A heading at the foot is not printed then, because a page is
     /// drawn up to its last listing.
     void EndPage();
+    /// The page that is drawn ends before its last listing.
+    void EndDrawing();
 
 private:
     void JudgePlace(const PlacedRow& row, std::int32_t page);
-    void TellPending();
+    void TellPending(std::int32_t page);
 
     const LayoutPass& pass_;
     PageFindings& findings_;
     std::string heading_;  ///< Row key of the heading placed last; empty if another row followed.
-    std::optional<PageFinding> pending_;  ///< The heading that ended a column group.
+    /// Headings before the next row: a heading that is left out is missing where that row stands.
+    std::vector<PageFinding> pending_;
 };
 
 }  // namespace gazetteer

@@ -1,11 +1,12 @@
 #include "layout/StoredPages.h"
 
-#include <cstdlib>
+#include <iterator>
 
 #include "layout/PageGroups.h"
 #include "layout/PlacementFindings.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
+#include "support/Status.h"
 
 namespace gazetteer {
 namespace {
@@ -20,9 +21,7 @@ public:
 
     void Placing(PlacedRow&, bool, const std::string&) override {}
     void Placed(const PlacedRow& row) override { judge_.Placed(row, pageNumber_); }
-    void HeadingLeftOut(const std::string& rowKey) override {
-        judge_.LeaveHeadingOut(rowKey, pageNumber_);
-    }
+    void HeadingLeftOut(const std::string& rowKey) override { judge_.LeaveHeadingOut(rowKey); }
     void GroupFull(double) override { judge_.EndGroup(pageNumber_); }
 
 private:
@@ -68,7 +67,7 @@ PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
                               const WorkingResults& results) try {
     WorkingResults numbered = results;
     RunReport report;
-    PopulatePageGroups(host, settings, frameElement, transparentFill, numbered, report);
+    if (!NumberPages(host, settings, frameElement, transparentFill, numbered, report)) return {};
     if (AreSamePages(*numbered.pageGroups, *results.pageGroups)) return report.onPages;
 
     PageFindings found;
@@ -76,16 +75,20 @@ PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
     const FrameBounds frame = ReadFrame(frameElement);
     LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Measure);
     PlacementFindings judge(pass, found);
-    const auto pages = results.pageGroups->AllItems();
-    for (std::size_t i = 0; i < pages.names.size(); ++i) {
-        const auto number = static_cast<std::int32_t>(std::atoi(pages.names[i].c_str()));
-        const auto rows = RowsOf(pages.values[i]);
+    Status status(host);
+    std::int32_t number = 0;
+    for (const auto& page : results.pageGroups->AllItems().values) {
+        ++number;
+        const auto rows = RowsOf(page);
         PageJudge listener(judge, number);
-        auto placed = FeedStoredPage(pass, frame, rows, number, listener, [](std::int64_t) {});
+        auto placed = FeedStoredPage(pass, frame, rows, number, listener, [&](std::int64_t i) {
+            status.Show("Checking the page: listing ", i + 1, i + 1, std::ssize(rows));
+        });
+        judge.EndDrawing();
         for (; placed < rows.size(); ++placed)
             found.push_back({PageFinding::Kind::NotDrawn, number, rows[placed]});
-        judge.EndPage();
     }
+    status.Clear();
     return found;
 } catch (...) {
     PassOn("JudgeStoredPages", "StoredPages");

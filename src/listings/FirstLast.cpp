@@ -40,8 +40,8 @@ void PopulateFirstLastListings(host::IHost& host, const Settings& settings,
     auto first = host.NewPropertySet();
     auto last = host.NewPropertySet();
     Status status(host);
-    const auto columns = results.pageCount > 0 ? TextColumns(settings, results)
-                                               : decltype(TextColumns(settings, results)){};
+    std::vector<Ref<IHostPropertySet>> columns;
+    if (results.pageCount > 0) columns = TextColumns(settings, results);
     for (std::int32_t page = 1; page <= results.pageCount; ++page) {
         status.Show("Finding first and last listing on each page: ", page, page, results.pageCount);
         const std::string key = std::to_string(page);

@@ -39,10 +39,8 @@ std::int32_t clsTableSortNumberAware::CompareStringsWithNumbers(const host::Vari
 }
 
 host::Ref<host::IPreparedValues> clsTableSortNumberAware::Prepare(const host::SortValues& values,
-                                                                  std::int32_t, std::int32_t) try {
+                                                                  std::int32_t, std::int32_t) {
     return PreparedTexts::Make(values, host_.Locale());
-} catch (...) {
-    return nullptr;
 }
 
 }  // namespace gazetteer

@@ -19,8 +19,8 @@ struct NumberToken {
     bool numeric = false;      ///< The number parser accepts the whole token.
     double value = 0;          ///< Of a numeric token.
     std::string key;           ///< Collation key.
-    /// Of a token with a digit: its pieces, digits and other characters apart (A12: A, 12). A
-    /// number of digits alone is its own piece.
+    /// Of a word with a digit: its pieces, digits and other characters apart (A12: A, 12). A number
+    /// of digits alone is its own piece; other pieces have none.
     std::vector<const NumberToken*> separated;
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "host/Failure.h"
 #include "listings/NumberOrder.h"
 #include "listings/NumberTokens.h"
 
@@ -82,8 +83,14 @@ host::Ref<PreparedTexts> PreparedTexts::Make(const host::SortValues& values,
     texts->starts_.reserve(std::size_t{values.Count()} + 1);
     texts->starts_.push_back(0);
     for (std::uint32_t i = 0; i < values.Count(); ++i) {
-        tokenizer.Split(TextIn(values.Value(i, valueStorage), locale, textStorage),
-                        [&](const NumberToken* token) { texts->words_.push_back(token->number); });
+        const host::Variant& value = values.Value(i, valueStorage);
+        try {
+            tokenizer.Split(TextIn(value, locale, textStorage), [&](const NumberToken* token) {
+                texts->words_.push_back(token->number);
+            });
+        } catch (const host::Failure&) {
+            return nullptr;
+        }
         if (texts->words_.size() > std::numeric_limits<std::uint32_t>::max()) return nullptr;
         texts->starts_.push_back(static_cast<std::uint32_t>(texts->words_.size()));
     }

@@ -60,7 +60,7 @@ ColumnEditors::ColumnEditors(QWidget& form, host::IHost& host, FormEvents& event
       events_(events),
       settings_(settings),
       updateProperties_(std::move(updateProperties)),
-      controls_(form, host.Locale()) {
+      controls_(form, host) {
     controls_.Connect(events, [this] { UpdateColumnProperties(); });
     for (const auto& [button, preview, field] : kSymbols)
         std::visit([&](auto symbol) { ConnectSymbol(button, preview, column_.*symbol); }, field);
@@ -162,14 +162,15 @@ host::Ref<host::IHostSymbol> ColumnEditors::AskForSymbol(
 
 void ColumnEditors::DrawPreview(SymbolPreview& preview,
                                 const host::Ref<host::IHostSymbol>& symbol) {
-    if (!preview.isVisible())
-        return preview.Clear();  // The preview requests its picture when it
-                                 // is shown.
+    // A hidden preview requests its picture when it is shown.
+    if (!preview.isVisible()) return preview.Clear();
     const QSize size = preview.PixelSize();
     const auto surface = host_.NewPixelSurface(size.width(), size.height(), preview.DotsPerInch());
     if (!DrawToDC(host_, surface->Device(), size.width(), size.height(), symbol, 0)) {
-        preview.Clear();
-        return;
+        // An empty picture, which is not requested again: the failure has been shown.
+        QImage empty(size, QImage::Format_ARGB32_Premultiplied);
+        empty.fill(Qt::transparent);
+        return preview.SetPicture(empty);
     }
     const auto pixels = surface->Pixels();
     const QImage picture(reinterpret_cast<const uchar*>(pixels.data()), size.width(), size.height(),

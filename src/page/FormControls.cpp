@@ -112,10 +112,13 @@ T ReadControl(const QWidget& form, host::IHostLocale& locale, const char* contro
         return ShownText(form, control);
 }
 
+// Shows the decimal sign of the locale.
+constexpr double kExample = 0.25;
+
 std::string RangeSentence(double byDefault, host::IHostLocale& locale) {
-    return "Type a number from " + locale.FormatNumber(-kLongest) + " to " +
-           locale.FormatNumber(kLongest) + " (inches); until then " +
-           locale.FormatNumber(byDefault) + " is used.";
+    return "Type a number such as " + locale.FormatNumber(kExample) + ", from " +
+           locale.FormatNumber(-kLongest) + " to " + locale.FormatNumber(kLongest) +
+           " (inches); until then " + locale.FormatNumber(byDefault) + " is used.";
 }
 
 std::string RangeSentence(std::int32_t byDefault, host::IHostLocale& locale) {
@@ -125,14 +128,13 @@ std::string RangeSentence(std::int32_t byDefault, host::IHostLocale& locale) {
 }
 
 template <class T>
-void MarkWrongNumbers(QWidget& form, host::IHostLocale& locale, const char* control,
-                      const T& byDefault) {
+void MarkWrongNumbers(QWidget& form, host::IHost& host, const char* control, const T& byDefault) {
     if constexpr (kIsNumber<T>) {
         auto& box = dynamic_cast<QLineEdit&>(ControlNamed(form, control));
-        const QString sentence = ToQt(RangeSentence(byDefault, locale));
-        new NumberMark(box, form, sentence, [&locale](const QString& text) {
+        const QString sentence = ToQt(RangeSentence(byDefault, host.Locale()));
+        new NumberMark(box, form, sentence, [&host](const QString& text) {
             try {
-                return NumberIn<T>(FromQt(text), locale).has_value();
+                return NumberIn<T>(FromQt(text), host.Locale()).has_value();
             } catch (const host::Failure&) {
                 return true;  // Reading the box tells why it cannot be judged.
             }
@@ -145,8 +147,9 @@ void MarkWrongNumbers(QWidget& form, host::IHostLocale& locale, const char* cont
 template <class Record>
 void FormControls<Record>::Fill(const Record& record) {
     for (const auto& binding : ControlsOf(record))
-        std::visit([&](auto field) { FillControl(form_, locale_, binding.control, record.*field); },
-                   binding.field);
+        std::visit(
+            [&](auto field) { FillControl(form_, host_.Locale(), binding.control, record.*field); },
+            binding.field);
 }
 
 template <class Record>
@@ -156,7 +159,8 @@ void FormControls<Record>::Read(Record& record) const {
         std::visit(
             [&](auto field) {
                 if constexpr (kIsShown<std::remove_reference_t<decltype(record.*field)>>)
-                    record.*field = ReadControl(form_, locale_, binding.control, defaults.*field);
+                    record.*field =
+                        ReadControl(form_, host_.Locale(), binding.control, defaults.*field);
             },
             binding.field);
 }
@@ -167,7 +171,7 @@ void FormControls<Record>::Connect(FormEvents& events, const FormEvents::Handler
     for (const auto& binding : ControlsOf(defaults)) {
         events.Connect(std::string(binding.control) + '_' + binding.event, handler);
         std::visit(
-            [&](auto field) { MarkWrongNumbers(form_, locale_, binding.control, defaults.*field); },
+            [&](auto field) { MarkWrongNumbers(form_, host_, binding.control, defaults.*field); },
             binding.field);
     }
 }

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "host/Locale.h"
+#include "host/Host.h"
 #include "page/FormEvents.h"
 
 namespace gazetteer {
@@ -14,8 +14,9 @@ namespace gazetteer {
 template <class Record>
 class FormControls {
 public:
-    /// Both references must outlive this.
-    FormControls(QWidget& form, host::IHostLocale& locale) : form_(form), locale_(locale) {}
+    /// Both references must outlive this. The locale is asked for at each use, because a host may
+    /// replace it.
+    FormControls(QWidget& form, host::IHost& host) : form_(form), host_(host) {}
 
     void Fill(const Record& record);
     void Read(Record& record) const;
@@ -23,7 +24,7 @@ public:
 
 private:
     QWidget& form_;
-    host::IHostLocale& locale_;
+    host::IHost& host_;
 };
 
 }  // namespace gazetteer

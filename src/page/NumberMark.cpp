@@ -23,6 +23,7 @@ NumberMark::NumberMark(QLineEdit& box, QWidget& form, QString sentence,
       box_(box),
       form_(form),
       sentence_(std::move(sentence)),
+      description_(box.accessibleDescription()),
       accepts_(std::move(accepts)),
       frame_(new QFrame(&box)) {
     frame_->setFrameShape(QFrame::Box);
@@ -61,13 +62,14 @@ void NumberMark::Update() {
     frame_->setGeometry(box_.rect());
     frame_->setVisible(wrong);
     box_.setToolTip(wrong ? sentence_ : QString());
-    box_.setAccessibleDescription(box_.toolTip());
+    box_.setAccessibleDescription(wrong ? (description_ + ". " + sentence_) : description_);
     delete label_;
     if (wrong && box_.hasFocus()) ShowSentence();
 }
 
 void NumberMark::ShowSentence() {
     label_ = new QLabel(sentence_, &form_);
+    label_->setAttribute(Qt::WA_TransparentForMouseEvents);
     label_->setFrameShape(QFrame::Box);
     label_->setMargin(kMargin);
     label_->setPalette(QToolTip::palette());

@@ -30,6 +30,7 @@ private:
     QLineEdit& box_;
     QWidget& form_;
     QString sentence_;
+    QString description_;  ///< What the box is, for those who hear it.
     std::function<bool(const QString&)> accepts_;
     QFrame* frame_;
     QPointer<QLabel> label_;  ///< Null while the sentence is not shown.

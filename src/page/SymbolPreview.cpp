@@ -38,8 +38,8 @@ double SymbolPreview::DotsPerInch() const {
 void SymbolPreview::SetPicture(const QImage& picture) {
     picture_ = picture;
     picture_.setDevicePixelRatio(devicePixelRatioF());
-    requested_ = Fits(picture_) ? QSize() : PixelSize();  // A picture of the wrong size is not
-                                                          // requested again.
+    // A picture of the wrong size is not requested again.
+    requested_ = Fits(picture_) ? QSize() : PixelSize();
     update();
 }
 

@@ -39,7 +39,7 @@ Form::frmGazetteerPropertyPage(host::Ref<host::IHost> host)
     : host_(std::move(host)),
       ui_(SetUp(*this)),
       events_(*this, *host_),
-      controls_(*this, host_->Locale()),
+      controls_(*this, *host_),
       link_(*host_, *ui_, events_, [this] { UpdateProperties(); }),
       editors_(*this, *host_, events_, fields_, [this] { UpdateProperties(); }) {
     ConnectEvents();

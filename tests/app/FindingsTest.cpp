@@ -12,7 +12,7 @@ class Findings : public ::testing::Test {
 protected:
     void SetUp() override {
         support::WriteFindingTables(program_);
-        for (const char* name : {"long", "odd", "pageless", "rowless"})
+        for (const char* name : {"long", "odd", "pageless", "rowless", "cut"})
             program_.Done({"make", name + std::string(".dbf"), "-o", "o.pdf", "--document",
                            name + std::string(".json"), "--page-size", support::kFindingPage});
         support::TakeFields(program_);
@@ -129,6 +129,34 @@ TEST_F(Findings, TellListingsThatStoredPagesLeaveOut) {
     EXPECT_EQ(answer["findingCounts"]["no-place"], 120 - left);
     EXPECT_TRUE(Has(answer["findings"], "no-place", "is not printed, since the page was numbered",
                     {{"page", 1}}));
+}
+
+TEST_F(Findings, TellResultsThatAreOld) {
+    program_.WriteTable("some.dbf", {{"Ash St", "6", "2", "3"}});
+    program_.Done({"make", "some.dbf", "-o", "o.pdf", "--document", "d.json", "--strict"});
+    EXPECT_EQ(Checked("d.json"), json::array());
+    const auto printed = [&](std::vector<std::string> options) {
+        options.insert(options.begin(), {"export", "d.json", "-o", "e.pdf"});
+        const auto status = program_.Run(options).status;
+        return status == 0 ? program_.Shell("pdftotext -layout e.pdf -") : "";
+    };
+    const auto before = printed({"--strict"});
+    program_.WriteTable("some.dbf", {{"Ash St", "77", "2", "3"}});
+    EXPECT_TRUE(Has(Checked("d.json"), "old-results", "has changed since", json::object()));
+    EXPECT_EQ(printed({"--strict"}), "");
+    EXPECT_EQ(printed({}), before);
+    program_.Done({"generate", "d.json"});
+    EXPECT_EQ(Checked("d.json"), json::array());
+    EXPECT_NE(printed({"--strict"}), before);
+}
+
+// Another program has taken the columns of stored results.
+TEST_F(Findings, NeedColumns) {
+    program_.Done({"generate", "long.json"});
+    program_.Shell(
+        R"(sed -z -E 's/("ColumnDisplayOrder",\{"set":)[^{}]*\}/\1[]}/' long.json >d.json)");
+    EXPECT_TRUE(program_.Read("d.json") != program_.Read("long.json"));
+    program_.Done({"check", "d.json"});
 }
 
 TEST_F(Findings, TellElementsOffTheSheet) {

@@ -1,3 +1,4 @@
+#include <QListWidget>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -162,6 +163,23 @@ TEST_F(Runs, ShowADialogThatEndsThem) {
         ExpectAsBefore(how);
     }
     EXPECT_EQ(dialogs_, 2 * static_cast<int>(std::size(ways)));
+}
+
+// The sheet goes on with the document that was brought back.
+TEST_F(Runs, ThatAreCancelledLeaveTheSheetUsable) {
+    Lengthen(200000);
+    WhenRunning(support::Escape);
+    InSheet([&](QWidget& sheet) {
+        support::Part<QRadioButton>(sheet, "OptSortOrder_1").click();
+        Press(sheet, "Apply");
+        EXPECT_EQ(dialogs_, 1);
+        Table("names.dbf", 900);
+        Press(sheet, "Apply");
+        auto& columns = support::Part<QListWidget>(sheet, "lstListingColumns");
+        columns.setCurrentRow(1 - columns.currentRow());
+        support::Retype(support::Part<QLineEdit>(sheet, "txtColumnWidth"), "0.5");
+        EXPECT_EQ(support::Part<QLineEdit>(sheet, "txtColumnWidth").toolTip(), "");
+    });
 }
 
 TEST_F(Runs, TakeKeysInTheirMessages) {

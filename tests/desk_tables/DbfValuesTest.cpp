@@ -79,7 +79,9 @@ TEST(DbfValues, AreDecoded) {
         {0, "OEM 437", "\x82", "é", "IBM437" + byFile},
         {0, "LDID/87", "\xE9", "é", "windows-1252" + byFile},
         {0, "88592", "\xB1", "ą", "ISO-8859-2" + byFile},
-        {0x65, "nonsense", "\x80", "А", "IBM866" + byDriver + "65"},
+        {0x65, "nonsense", "\x80", "А", "IBM866" + byDriver + "65",
+         ".cpg file (nonsense) is not known"},
+        {0x57, "", "caf\xC3\xA9", "cafÃ©", "windows-1252" + byDriver + "57", "look like UTF-8"},
         {0x69, "", "caf\xE9", "café", "windows-1252" + byDefault, "driver 0x69 is not known"},
         {0, "", "caf\xE9", "café", "windows-1252" + byDefault, "nothing tells the encoding"},
         // The field's end cut the last character off.

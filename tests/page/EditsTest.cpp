@@ -19,8 +19,11 @@ public:
     /// What the form says right below a box.
     QString SentenceBelow(const QWidget& box) const {
         const QPoint below = box.mapTo(&Form(), QPoint(box.width() / 2, box.height() + 8));
-        const auto* label = qobject_cast<const QLabel*>(Form().childAt(below));
-        return label != nullptr && label->text().startsWith("Type") ? label->text() : QString();
+        for (const auto* label : Form().findChildren<QLabel*>())
+            if (label->isVisible() && label->text().startsWith("Type") &&
+                QRect(label->mapTo(&Form(), QPoint()), label->size()).contains(below))
+                return label->text();
+        return {};
     }
 };
 
@@ -102,7 +105,9 @@ TEST_F(Edits, AClickTurnsItsKeyOver) {
 // so.
 TEST_F(Edits, WhatIsTypedOrChosenIsStored) {
     const auto length = [](const char* used) {
-        return QString("Type a number from -1000 to 1000 (inches); until then %1 is used.")
+        return QString(
+                   "Type a number such as 0.25, from -1000 to 1000 (inches); until then %1 is "
+                   "used.")
             .arg(used);
     };
     const std::tuple<const char*, const char*, const char*, host::Variant, QString> typed[] = {

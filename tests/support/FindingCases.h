@@ -53,6 +53,14 @@ inline const FindingCase kFindingCases[] = {
     {"pageless", {}, "missing-field", "no field \"Page\"", R"({"column": "Page"})"},
     {"rowless", {}, "missing-field", "no field \"Row\"", R"({"column": "Page"})"},
     {"rowless", {"Page.Expression=$$PAGE_NUMBER $$COLUMN"}, "missing-field", "no field \"Row\""},
+    {"long",
+     {"Listing.Expression=[Listing] $$DOT"},
+     "unknown-token",
+     "\"$$DOT\", which is no token",
+     R"({"column": "Listing"})"},
+    {"long", {"RepeatSpacing=-1"}, "overlap", "print over each other"},
+    {"long", {"Listing.MarginLeft=-0.2"}, "outside-frame", " to the left of the frame"},
+    {"cut", {}, "table-fault", "cut.dbf: the header announces 3 records, but the file holds"},
 };
 
 /// The page size of the documents.
@@ -89,12 +97,15 @@ inline void WriteFindingTables(const TemporaryFolder& folder) {
                        {"", "2", "1", "1"},
                        {"Ash St", "", "1", "1"},
                        {"Elm St", "3", "", "2"}});
-    for (const char* name : {"pageless.dbf", "rowless.dbf"})
+    for (const char* name : {"pageless.dbf", "rowless.dbf", "cut.dbf"})
         WriteListingTable(folder.File(name), {{"Main St", "6", "2", "3"}});
 }
 
-/// Takes fields from two of the tables, after their documents are made.
+/// Takes fields from two of the tables and records from another, after their documents are made.
 inline void TakeFields(const TemporaryFolder& folder) {
+    std::string cut = folder.Read("cut.dbf");
+    cut[4] = 3;  // The header's number of records.
+    folder.Write("cut.dbf", cut);
     DbfBuilder({{"Listing"}, {"Row"}, {"Column"}})
         .Row({"Main St", "2", "3"})
         .Write(folder.File("pageless.dbf"));

@@ -177,7 +177,7 @@ void Commands::AddEditing() {
     AddNewDocumentOptions(create);
 
     auto& set = AddForDocument(program_, "set", "Change properties, as on the property page", Set);
-    AddText(set, "KEY=VALUE", options_.assignments, "What to change");
+    AddText(set, "ASSIGNMENTS", options_.assignments, "What to change: KEY=VALUE");
     AddSheetOptions(set);
 }
 
@@ -186,7 +186,7 @@ void Commands::AddColumn() {
     column.require_subcommand(1);
     auto& add = AddForDocument(column, "add", "Add a column", ColumnAdd);
     AddText(add, "NAME", options_.column, "Name of the column")->required();
-    AddText(add, "KEY=VALUE", options_.assignments, "Properties of the column");
+    AddText(add, "ASSIGNMENTS", options_.assignments, "Properties of the column: KEY=VALUE");
     auto& remove = AddForDocument(column, "remove", "Remove a column", ColumnRemove);
     AddText(remove, "NAME", options_.column, "Name of the column")->required();
     AddForDocument(column, "list", "List the columns with their properties", ColumnList)

@@ -4,6 +4,7 @@
 
 #include "app/commands/Console.h"
 #include "app/document/Errors.h"
+#include "app/document/ResultSources.h"
 #include "app/document/RunTexts.h"
 
 namespace app {
@@ -41,7 +42,7 @@ bool CommandSession::Bind() {
     if (document_.Dialogs().TakeFailureShown()) return false;
     if (!manager.HasRun()) return true;
     Tell(RunSummary(manager));
-    for (const auto& warning : TableWarnings(manager)) Warn(warning);
+    if (manager.CanDraw()) RecordSources(document_);
     return true;
 }
 

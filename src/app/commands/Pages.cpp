@@ -1,6 +1,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
 #include "app/document/Errors.h"
+#include "app/document/ResultSources.h"
 #include "app/document/Sheets.h"
 
 namespace app {
@@ -16,6 +17,7 @@ bool HasNewResults(const gazetteer::CVNGazetteerManager& manager) {
 int Generate(const Options& options) {
     CommandSession session(options);
     auto& document = session.Open(options.document);
+    DropOldResults(document);
     session.BindDrawable();
     session.TellFindings();
     if (HasNewResults(document.Manager())) document.Save();

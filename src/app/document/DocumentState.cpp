@@ -1,5 +1,6 @@
 #include "app/document/DocumentState.h"
 
+#include "app/document/ResultSources.h"
 #include "model/GeneralFunctions.h"
 
 namespace app {
@@ -16,6 +17,7 @@ DocumentState::Element StateOf(host::IHost& host, const host::Ref<host::IHostEle
     if (const auto frame = host::As<host::IHostFrameElement>(element)) state.draft = frame->Draft();
     if (gazetteer::HasGazetteerProperties(host, element))
         state.properties = gazetteer::StoredGazetteerProperties(element);
+    state.sources = StoredSources(element);
     return state;
 }
 
@@ -28,6 +30,7 @@ void Restore(host::IHost& host, const DocumentState::Element& state) {
     }
     if (const auto frame = host::As<host::IHostFrameElement>(element)) frame->SetDraft(state.draft);
     if (state.properties) gazetteer::SetGazetteerProperties(host, element, state.properties);
+    StoreSources(element, state.sources);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ struct DocumentState {
         host::Ref<host::IHostTextSymbol> symbol;       ///< Null for other elements than texts.
         host::Variant custom;                          ///< Of a text; Empty for other elements.
         host::Ref<host::IHostPropertySet> properties;  ///< Null for other elements than gazetteers.
+        std::string sources;                           ///< Of the results, see ResultSources.h.
         bool draft = false;
 
         bool operator==(const Element&) const = default;

@@ -5,6 +5,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/ListingPlaces.h"
+#include "app/document/ResultSources.h"
 #include "app/document/RunTexts.h"
 #include "model/Results.h"
 #include "support/Conversions.h"
@@ -91,7 +92,8 @@ Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
                     0,
                     found.rowKey,
                     open_.Gazetteer()};
-    const std::string name = '"' + Shown(finding.listing) + '"';
+    const std::string name =
+        finding.listing.empty() ? "without a text" : '"' + Shown(finding.listing) + '"';
     finding.text = "page " + std::to_string(found.page) + ": ";
     switch (found.kind) {
         case PageFinding::Kind::OutsideFrame:
@@ -99,9 +101,8 @@ Finding PageFinder::Make(const PageFinding& found, const char* kind) const {
                             (kind == findings::kOutsideSheet ? ", off the sheet." : ".");
             break;
         case PageFinding::Kind::BrokenWord:
-            finding.text += "a word of the listing " + name +
-                            " is longer than a line of the column \"" + found.column +
-                            "\" and is broken.";
+            finding.text += "a word of the column \"" + found.column + "\" in the listing " + name +
+                            " is longer than a line and is broken.";
             break;
         case PageFinding::Kind::HeadingLeftOut:
             finding.text += "the heading before the listing " + name + " found no room.";
@@ -194,6 +195,8 @@ std::string NameOf(const host::Ref<host::IHostElement>& element) {
 
 void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
                           const std::optional<PageRange>& pages, FindingList& list) {
+    AddOldResults(open, list);
+    AddSettingsFindings(open, unit, list);
     AddTableFindings(open, list);
     PageFinder finder(open, pages.value_or(PageRange{1, open.PageCount()}), unit, list);
     finder.AddFromPages();

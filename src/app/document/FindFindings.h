@@ -31,8 +31,13 @@ void AddFonts(OpenDocument& open, const std::optional<PageRange>& pages, Finding
 /// Returns an element's name, or an empty text.
 std::string NameOf(const host::Ref<host::IHostElement>& element);
 
-/// Adds the fields Page, Row and Column that the listing database lost although a column prints
-/// them, and the records whose listing, page, row or column is empty although a column prints it.
+/// Adds what settings would spoil on every page: tokens that no expression knows, column groups
+/// that overlap, and texts that begin at the left of the frame.
+void AddSettingsFindings(OpenDocument& open, LengthUnit unit, FindingList& list);
+
+/// Adds the faults of the listing database, the fields Page, Row and Column that the listing
+/// database lost although a column prints them, and the records whose listing, page, row or column
+/// is empty although a column prints it.
 void AddTableFindings(OpenDocument& open, FindingList& list);
 
 }  // namespace app

@@ -22,6 +22,10 @@ inline constexpr char kHeadingAlone[] = "heading-alone";
 inline constexpr char kMissingCharacter[] = "missing-character";
 inline constexpr char kMissingFont[] = "missing-font";
 inline constexpr char kNoPlace[] = "no-place";
+inline constexpr char kOldResults[] = "old-results";
+inline constexpr char kTableFault[] = "table-fault";
+inline constexpr char kUnknownToken[] = "unknown-token";
+inline constexpr char kOverlap[] = "overlap";
 /// Of the window, which lists the reasons why a gazetteer cannot be drawn with the findings.
 inline constexpr char kUndrawable[] = "undrawable";
 }  // namespace findings

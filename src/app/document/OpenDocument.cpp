@@ -61,8 +61,10 @@ void OpenDocument::FindFrames() {
         const auto group = host::As<host::IHostGroupElement>(element);
         if (!group || !unbound_->IsGazetteerElement(group)) continue;
         const auto before = std::ranges::find(known, group, &GazetteerFrame::element);
-        frames_.push_back({group, std::make_shared<gazetteer::CVNGazetteerManager>(desk_),
-                           before == known.end() ? 0 : before->page});
+        frames_.push_back({group, std::make_shared<gazetteer::CVNGazetteerManager>(desk_)});
+        if (before == known.end()) continue;
+        frames_.back().page = before->page;
+        frames_.back().listings = before->listings;
     }
     if (chosen_ >= frames_.size() || known.empty()) chosen_ = 0;
 }

@@ -18,6 +18,8 @@ struct GazetteerFrame {
     host::Ref<host::IHostGroupElement> element;
     std::shared_ptr<gazetteer::CVNGazetteerManager> manager;
     std::int32_t page = 0;  ///< Page shown in the window, from 1; 0: none yet.
+    /// Listings of the last binding in the window, to see when the property page has made others.
+    host::Ref<host::IHostPropertySet> listings = {};
 };
 
 /// The desk with its document and the gazetteer frames in it. Commands and pages apply to the

@@ -39,9 +39,9 @@ std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager) {
            Counted(results.pageCount, "page", "pages") + '.';
 }
 
-std::vector<std::string> TableWarnings(const gazetteer::CVNGazetteerManager& manager) {
+std::vector<std::string> TableFaults(const gazetteer::CVNGazetteerManager& manager) {
     const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable());
-    return dbf ? dbf->Warnings() : std::vector<std::string>();
+    return dbf ? dbf->Faults() : std::vector<std::string>();
 }
 
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager) {

@@ -17,8 +17,8 @@ std::int64_t ListingCount(const gazetteer::CVNGazetteerManager& manager);
 /// Returns the counts of listings and pages of stored results, in one line; empty without results.
 std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 
-/// Returns warnings about the listing database, one sentence each.
-std::vector<std::string> TableWarnings(const gazetteer::CVNGazetteerManager& manager);
+/// Returns what is wrong with the file of the listing database, one sentence each.
+std::vector<std::string> TableFaults(const gazetteer::CVNGazetteerManager& manager);
 
 /// Returns the end of a sentence that says why listings found no place.
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager);

@@ -7,6 +7,7 @@
 #include "app/document/FindFindings.h"
 #include "app/document/ListingPlaces.h"
 #include "app/document/NewDocument.h"
+#include "app/document/RunTexts.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/unicode/Utf8.h"
 #include "model/KeyNames.h"
@@ -121,11 +122,7 @@ std::string Phrase(const std::vector<const PrintedField*>& empty) {
     return phrase + (empty.size() == 1 ? ", is empty." : ", are empty.");
 }
 
-}  // namespace
-
-void AddTableFindings(OpenDocument& open, FindingList& list) {
-    const auto table = open.Manager().DatabaseTable();
-    if (!table) return;
+void AddFieldFindings(OpenDocument& open, const Table& table, FindingList& list) {
     auto fields = PrintedFields(open, table);
     for (const auto& field : fields)
         if (field.index < 0)
@@ -158,6 +155,21 @@ void AddTableFindings(OpenDocument& open, FindingList& list) {
         });
     }
     status.Clear();
+}
+
+}  // namespace
+
+// Faults of values are known when the records have been read.
+void AddTableFindings(OpenDocument& open, FindingList& list) {
+    const auto table = open.Manager().DatabaseTable();
+    if (!table) return;
+    AddFieldFindings(open, table, list);
+    for (const auto& fault : TableFaults(open.Manager()))
+        list.Add(findings::kTableFault, [&] {
+            Finding finding{{}, fault};
+            finding.element = open.Gazetteer();
+            return finding;
+        });
 }
 
 }  // namespace app

@@ -104,10 +104,10 @@ void MainWindow::TakeDocument() {
     view_->setFocus();
 }
 
-void MainWindow::RefreshLayout() {
+void MainWindow::RefreshLayout(void (WindowSession::*refresh)()) {
     {
         const WaitPointer wait;
-        session_->Refresh();
+        (*session_.*refresh)();
     }
     RecordPage();
     ShowState();

@@ -57,7 +57,8 @@ private:
     void ShowProgress(const std::optional<RunProgress::Shown>& shown);
     void ShowDocks();
     void TakeDocument();
-    void RefreshLayout();
+    /// Refreshes the session by one of its ways, and shows it.
+    void RefreshLayout(void (WindowSession::*refresh)() = &WindowSession::Refresh);
     void ShowCancelled();
     void ListPages();
     void RecordPage();

@@ -127,7 +127,7 @@ void MainWindow::ConnectPages() {
     on(actions_->findNext, [this] { pages_->Step(1); });
     on(actions_->findPrevious, [this] { pages_->Step(-1); });
     on(actions_->refresh, [this] {
-        RefreshLayout();
+        RefreshLayout(&WindowSession::RefreshOld);
         ListPages();
     });
     connect(actions_->pageBox, &QSpinBox::valueChanged, this, &MainWindow::TurnTo);

@@ -9,6 +9,7 @@
 #include "app/document/FilePaths.h"
 #include "app/document/FindFindings.h"
 #include "app/document/PageFurniture.h"
+#include "app/document/ResultSources.h"
 #include "app/document/RunTexts.h"
 #include "app/window/LengthBox.h"
 #include "support/Conversions.h"
@@ -122,6 +123,18 @@ void WindowSession::Refresh() {
         Run([this] { RefreshFrames(); });
 }
 
+void WindowSession::RefreshOld() {
+    Run([this] {
+        const std::size_t chosen = document_.ChosenIndex();
+        for (std::size_t i = 0; i < document_.Frames().size(); ++i) {
+            document_.Choose(i);
+            if (DropOldResults(document_)) modified_ = true;
+        }
+        document_.Choose(chosen);
+        RefreshFrames();
+    });
+}
+
 void WindowSession::RefreshFrames() {
     notices_.clear();
     summary_.clear();
@@ -145,6 +158,10 @@ void WindowSession::RefreshChosen() {
     manager.SetIndexElement(frame.element);
     if (frame.page == 0) frame.page = manager.BoundSettings().defaultPage;
     frame.page = std::clamp(frame.page, 1, std::max(1, manager.Working().pageCount));
+    const auto& listings = manager.Working().listings;
+    if (manager.HasRun() || (frame.listings && frame.listings != listings))
+        RecordSources(document_);
+    frame.listings = listings;
     AddResultNotices();
     Draw();
 }
@@ -168,8 +185,6 @@ void WindowSession::AddResultNotices() {
     const auto& manager = document_.Manager();
     if (!summary_.empty()) summary_ += ' ';
     summary_ += manager.HasRun() ? RunSummary(manager) : StoredSummary(manager);
-    if (manager.HasRun())
-        for (const auto& warning : TableWarnings(manager)) AddNotice(warning);
     if (!manager.CanDraw()) {
         const auto reasons = document_.Reasons();
         AddUndrawable(UndrawableSentence(reasons), reasons);
@@ -237,6 +252,7 @@ void WindowSession::SetDraft(bool draft) {
 
 void WindowSession::Restore(const DocumentState& state) {
     app::Restore(document_, state);
+    for (auto& frame : document_.Frames()) frame.listings = nullptr;
     Refresh();
     EmptyDrafts();
 }

@@ -53,6 +53,8 @@ public:
     /// page if there are fewer. If the user cancels it, the document is as it was before, with a
     /// notice that says so.
     void Refresh();
+    /// The same, and makes results anew whose sources have changed.
+    void RefreshOld();
     /// Does work that can run the gazetteer and that the user can cancel. Returns false if it was
     /// cancelled; the document is then as it was before, with a notice that says so.
     bool Run(const std::function<void()>& work);

@@ -55,6 +55,7 @@ std::vector<DbfField> ReadFields(DBFHandle library, bool hasLongTexts) {
 
 /// The encoding of Western programs since the end of DOS.
 constexpr const char* kDefaultEncoding = "windows-1252";
+constexpr const char* kUtf8 = "UTF-8";
 
 struct Page {
     const char* encoding;
@@ -99,7 +100,7 @@ std::string EncodingOfDriver(int driver) {
 }
 
 std::string EncodingOfNumber(int page) {
-    if (page == 65001) return "UTF-8";
+    if (page == 65001) return kUtf8;
     if (page >= 88591 && page <= 88599) return "ISO-8859-" + std::to_string(page - 88590);
     if (page >= 885910 && page <= 885916) return "ISO-8859-" + std::to_string(page - 885900);
     std::string name = "windows-" + std::to_string(page);
@@ -125,7 +126,7 @@ enum class Texts { Ascii, Utf8, Other };
 
 /// Returns the narrowest encoding that fits all names and texts.
 Texts JudgeTexts(const DbfSchema& schema) {
-    const auto utf8 = TextDecoder::Make("UTF-8");
+    const auto utf8 = TextDecoder::Make(kUtf8);
     Texts judged = Texts::Ascii;
     const auto judge = [&](std::string_view bytes) {
         bytes = bytes.substr(0, bytes.find('\0'));
@@ -149,35 +150,44 @@ bool Use(DbfSchema& schema, const std::string& encoding, const std::string& from
     return schema.decoder != nullptr;
 }
 
-/// Sets the text encoding: from the .cpg file, else from the language driver, else UTF-8 if all
-/// texts are valid UTF-8, else windows-1252. Reads the records only in the last two cases. Adds a
-/// warning for an unknown encoding if a text needs it.
-void FindEncoding(DbfSchema& schema, DBFHandle library) {
-    std::string unknown;  // Source of an unknown encoding.
+/// Uses the encoding of the .cpg file, else that of the language driver. Returns false if none is
+/// known; `unknown` is then, or where only the .cpg file's is not known, the source that names it.
+bool UseNamed(DbfSchema& schema, DBFHandle library, std::string& unknown) {
     const std::string driver = "LDID/" + std::to_string(library->iLanguageDriver);
     const char* const page = DBFGetCodePage(library);
     if (page != nullptr && page != driver) {  // Without a .cpg file the library returns the driver.
         const std::string encoding = EncodingNamed(page);
-        if (Use(schema, encoding, ".cpg file")) return;
+        if (Use(schema, encoding, ".cpg file")) return true;
         unknown = ".cpg file (" + PrintableAscii(encoding) + ")";
     }
-    if (library->iLanguageDriver != 0) {
-        std::array<char, 32> text{};
-        std::snprintf(text.data(), text.size(), "language driver 0x%02X", library->iLanguageDriver);
-        if (Use(schema, EncodingNamed(driver), text.data())) return;
-        if (unknown.empty()) unknown = text.data();
-    }
+    if (library->iLanguageDriver == 0) return false;
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "language driver 0x%02X", library->iLanguageDriver);
+    if (Use(schema, EncodingNamed(driver), text.data())) return true;
+    if (unknown.empty()) unknown = text.data();
+    return false;
+}
+
+/// Sets the text encoding: the one that is named, else UTF-8 if all texts are valid UTF-8, else
+/// windows-1252. Adds a warning for an encoding that is unknown or seems wrong if a text needs it.
+void FindEncoding(DbfSchema& schema, DBFHandle library) {
+    std::string unknown;
+    const bool named = UseNamed(schema, library, unknown);
+    if (named && unknown.empty() && schema.decoder->Name() == kUtf8) return;
     const Texts texts = JudgeTexts(schema);
-    if (texts == Texts::Utf8)
-        Use(schema, "UTF-8", "default (all text is valid UTF-8)");
-    else
+    if (!named && texts == Texts::Utf8)
+        Use(schema, kUtf8, "default (all text is valid UTF-8)");
+    else if (!named)
         Use(schema, kDefaultEncoding, "default");
     if (texts == Texts::Ascii) return;
     const std::string& used = schema.decoder->Name();
     if (!unknown.empty())
         schema.Note("the encoding named by the " + unknown +
                     " is not known; its texts were read as " + used + ".");
-    else if (texts == Texts::Other)
+    else if (named && texts == Texts::Utf8)
+        schema.Note("its texts look like UTF-8, but were read as " + used + ", as its " +
+                    schema.encodingFrom + " says. A .cpg file beside it can name another.");
+    else if (!named && texts == Texts::Other)
         schema.Note("nothing tells the encoding of its texts; they were read as " + used +
                     ". A .cpg file beside it can name another.");
 }
@@ -209,7 +219,7 @@ void JudgeFields(DbfSchema& schema) {
     const auto note = [&](DbfKind kind, const std::string& what) {
         const auto isOfKind = [&](const DbfField& field) { return field.kind == kind; };
         const std::string names = NamesOf(schema, isOfKind);
-        if (!names.empty()) schema.Note(what + " are not read" + names + ".");
+        if (!names.empty()) schema.Remark(what + " are not read" + names + ".");
     };
     note(DbfKind::Memo, "memo texts and pictures");
     note(DbfKind::Unknown, "fields of unknown type");
@@ -230,7 +240,12 @@ DbfSchema::DbfSchema(const std::string& path) : file(path), header(ReadDbfHeader
 }
 
 void DbfSchema::Note(const std::string& fault) {
-    notes.push_back(file.Path() + ": " + fault);
+    Remark(fault);
+    faults.push_back(notes.back());
+}
+
+void DbfSchema::Remark(const std::string& remark) {
+    notes.push_back(file.Path() + ": " + remark);
 }
 
 void DbfSchema::NoteValue(std::size_t field, std::int64_t record, const std::string& fault) {

@@ -43,6 +43,8 @@ struct DbfSchema {
     explicit DbfSchema(const std::string& path);
 
     void Note(const std::string& fault);
+    /// Notes something that changes no text.
+    void Remark(const std::string& remark);
     /// Warns about a field's first faulty value only. Record numbers count from 1.
     void NoteValue(std::size_t field, std::int64_t record, const std::string& fault);
 
@@ -53,6 +55,7 @@ struct DbfSchema {
     std::string encodingFrom;  ///< Source of the encoding, for display.
     std::shared_ptr<const TextDecoder> decoder;
     std::vector<std::string> notes;        ///< Warnings that begin with the file's path.
+    std::vector<std::string> faults;       ///< Those of them that can change what is printed.
     std::vector<bool> hasFaultyValueNote;  ///< By field.
 };
 

@@ -46,6 +46,8 @@ public:
     std::int64_t LiveRecords() const;
     /// Warnings about the file, one sentence each; those about values follow when they are read.
     const std::vector<std::string>& Warnings() const { return schema_->notes; }
+    /// Those of the warnings that tell what may be wrong in print.
+    const std::vector<std::string>& Faults() const { return schema_->faults; }
 
 private:
     std::shared_ptr<DbfSchema> schema_;

@@ -220,6 +220,7 @@ bool PropertySheet::ShowRefusedText() const {
         for (QWidget* part = box; part != this; part = part->parentWidget()) {
             auto* tabs = qobject_cast<QTabWidget*>(part->parentWidget()->parentWidget());
             if (tabs != nullptr && tabs->indexOf(part) >= 0) tabs->setCurrentWidget(part);
+            if (auto* area = qobject_cast<QScrollArea*>(part)) area->ensureWidgetVisible(box);
         }
         box->setFocus();
         box->selectAll();
