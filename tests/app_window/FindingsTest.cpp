@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QDockWidget>
 #include <QGuiApplication>
+#include <QRadioButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <filesystem>
@@ -155,6 +156,27 @@ TEST_F(Findings, AreCopiedCountedAndShownFromTheNotice) {
     // Of settings, Enter opens the properties.
     support::WhenModal([](QWidget& sheet) { Press(sheet, "Cancel"); });
     QTest::keyClick(&List(), Qt::Key_Return);
+}
+
+TEST_F(Findings, OfOldResultsAreGoneWhenTheyAreMadeAnew) {
+    MakeSaved(Table("names.dbf", 20), "names.json");
+    Table("names.dbf", 25);
+    Open(folder_.File("names.json"));
+    ShowList();
+    EXPECT_NE(Row("has changed since"), nullptr);
+    EXPECT_EQ(DrawnListings().size(), 20U);
+    Do("refresh");
+    EXPECT_EQ(Row("has changed since"), nullptr);
+    EXPECT_EQ(DrawnListings().size(), 25U);
+    EXPECT_TRUE(window_->isWindowModified());
+    // The property page runs the gazetteer, too.
+    Table("names.dbf", 30);
+    InSheet([](QWidget& sheet) { support::Part<QRadioButton>(sheet, "OptSortOrder_1").click(); },
+            "OK");
+    EXPECT_EQ(Row("has changed since"), nullptr);
+    EXPECT_EQ(DrawnListings().size(), 30U);
+    Do("undo");
+    EXPECT_NE(Row("has changed since"), nullptr) << "with the results before";
 }
 
 }  // namespace

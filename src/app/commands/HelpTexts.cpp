@@ -98,10 +98,15 @@ many there are under "findingCounts".
   missing-character              no font has a character; a box is printed
   missing-font                   a font is not installed; another stands in for it
   no-place                       a listing stands on no page
+  old-results                    the table or the map book has changed since the pages were made
+  table-fault                    the table's file lacks records, or its texts may be read wrongly
+  unknown-token                  an expression has a word behind "$$" that is no token
+  overlap                        column groups print over each other
 make, generate, export, draw and show tell them, too; export, make and draw take --strict.)"},
     {"generate", R"(
   gazetteer generate index.json
-The results are stored in the document; later commands reload them. Any `set` or `column add` drops
+The results are stored in the document; later commands reload them, and generate makes them anew where
+the table or the map book has changed since. Any `set` or `column add` drops
 them. With AutoRefreshListings=true nothing is stored, and every command runs anew.)"},
     {"show", R"(
   gazetteer show index.json
