@@ -53,6 +53,10 @@ public:
     const host::Ref<host::IHostTable>& DatabaseTable() const { return check_.databaseTable; }
     /// That of the linked map series frame, as the check found it; null without one.
     const host::Ref<host::IHostTable>& IndexLayerTable() const { return check_.indexLayerTable; }
+    /// The linked map series frame; null without a valid link.
+    host::Ref<host::IHostMapFrame> SeriesMapFrame() const {
+        return check_.linkValid ? check_.seriesMapFrame : nullptr;
+    }
     /// The bound element may be drawn.
     bool CanDraw() const { return canDraw_; }
     /// @}

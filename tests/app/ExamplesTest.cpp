@@ -100,6 +100,13 @@ TEST(Examples, TheAtlasIsLinkedToItsBookAndToANewOne) {
         EXPECT_EQ(found["Region"], "Iceland") << book;
     }
 
+    program.WriteTable("beyond.dbf", {{"Good", "1", "1", "1"}, {"Bad", "1", "1", "99"}});
+    program.Done({"set", "atlas.json", "IndexDatabaseFile=beyond.dbf"});
+    EXPECT_TRUE(
+        Contains(program.Done({"generate", "atlas.json"}).errors,
+                 "record 2, \"Bad\": the field \"Column\" is 99, but the grid of the map has "
+                 "10 columns."));
+
     // A record whose reference is no number is named.
     support::DbfBuilder({{"LISTING"}, {"PAGE"}, {"ROW"}, {"COLUMN"}})
         .Row({"Good", "1", "1", "1"})

@@ -98,6 +98,7 @@ many there are under "findingCounts".
   missing-character              no font has a character; a box is printed
   missing-font                   a font is not installed; another stands in for it
   no-place                       a listing stands on no page
+  outside-grid                   a record's row or column is beyond the grid of the linked map
   old-results                    the table or the map book has changed since the pages were made
   table-fault                    the table's file lacks records, or its texts may be read wrongly
   unknown-token                  an expression has a word behind "$$" that is no token

@@ -30,6 +30,7 @@ constexpr KindTexts kTexts[] = {
     {findings::kMissingFont, "Fonts that are not installed", "fonts are not installed"},
     {findings::kNoPlace, "Listings on no page", "listings found no place on a page",
      "listing found no place on a page"},
+    {findings::kOutsideGrid, "Outside the grid", "records have a square outside the grid"},
     {findings::kOldResults, "Old results", "gazetteers have old results"},
     {findings::kTableFault, "Faults of the listing database", "faults are in the listing database"},
     {findings::kUnknownToken, "Unknown tokens", "tokens are unknown"},

@@ -22,6 +22,7 @@ inline constexpr char kHeadingAlone[] = "heading-alone";
 inline constexpr char kMissingCharacter[] = "missing-character";
 inline constexpr char kMissingFont[] = "missing-font";
 inline constexpr char kNoPlace[] = "no-place";
+inline constexpr char kOutsideGrid[] = "outside-grid";
 inline constexpr char kOldResults[] = "old-results";
 inline constexpr char kTableFault[] = "table-fault";
 inline constexpr char kUnknownToken[] = "unknown-token";

@@ -10,6 +10,7 @@
 #include "app/document/RunTexts.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/unicode/Utf8.h"
+#include "listings/PageCorrection.h"
 #include "model/KeyNames.h"
 #include "model/Results.h"
 #include "support/Conversions.h"
@@ -30,6 +31,8 @@ struct PrintedField {
     std::int32_t index;  // Negative: the table has no such field.
     std::string name;
     std::string column;
+    std::int32_t most =
+        0;  // Rows or columns of the grid that names the field's values; 0: no grid.
 };
 
 // Returns the fields of the listing database that an expression's part prints and that should not
@@ -47,8 +50,16 @@ std::vector<std::string> FieldsOf(const Part& part, bool fromDatabase, const Tab
     return {};
 }
 
+// Returns how many rows or columns the grid has that names the values of a field; 0 without one.
+std::int32_t GridSize(const host::Ref<host::IHostIndexGrid>& grid, const std::string& field) {
+    if (!grid) return 0;
+    return field == "Row" ? grid->RowCount() : field == "Column" ? grid->ColumnCount() : 0;
+}
+
 std::vector<PrintedField> PrintedFields(OpenDocument& open, const Table& table) {
     const auto& settings = open.Manager().BoundSettings();
+    const auto frame = open.Manager().SeriesMapFrame();
+    const auto grid = frame ? gazetteer::FindIndexGrid(frame) : nullptr;
     std::vector<PrintedField> fields;
     for (const auto& column : gazetteer::NamesOf(*settings.columnNames)) {
         const auto set = gazetteer::SetUnder(*settings.columnsProperties, column);
@@ -57,7 +68,8 @@ std::vector<PrintedField> PrintedFields(OpenDocument& open, const Table& table) 
         for (const Part& part : desk::ParseExpression(table, text).parts)
             for (const auto& name : FieldsOf(part, fromDatabase, table))
                 if (std::ranges::find(fields, name, &PrintedField::name) == fields.end())
-                    fields.push_back({table->FindField(name), name, column});
+                    fields.push_back({table->FindField(name), name, column,
+                                      fromDatabase ? 0 : GridSize(grid, name)});
     }
     return fields;
 }
@@ -105,6 +117,19 @@ std::string ListingOf(const host::Ref<host::IHostRow>& row, const Table& table,
     return gazetteer::ToText(row->Value(index), locale);
 }
 
+// Returns a finding of a record, with the beginning of its sentence.
+Finding AtRecord(OpenDocument& open, const Table& table, const host::Ref<host::IHostRow>& row,
+                 std::int64_t number) {
+    Finding finding;
+    finding.listing = ListingOf(row, table, open.Host().Locale());
+    finding.record = row->OID();
+    finding.row = std::to_string(number);
+    finding.element = open.Gazetteer();
+    finding.text = "record " + std::to_string(finding.record) +
+                   (finding.listing.empty() ? "" : ", \"" + Shown(finding.listing) + '"') + ": ";
+    return finding;
+}
+
 // The empty fields of a record, which stand in the order of their columns.
 std::string Phrase(const std::vector<const PrintedField*>& empty) {
     std::string phrase;
@@ -120,6 +145,24 @@ std::string Phrase(const std::vector<const PrintedField*>& empty) {
             phrase += ", which the column \"" + empty[i]->column + "\" prints";
     }
     return phrase + (empty.size() == 1 ? ", is empty." : ", are empty.");
+}
+
+// The values of a linked gazetteer are numbers; those beyond the grid are printed as they stand.
+void AddOutsideGrid(OpenDocument& open, const Table& table, const host::Ref<host::IHostRow>& row,
+                    std::int64_t number, const PrintedField& field, FindingList& list) {
+    const auto value = row->Value(field.index);
+    if (IsEmpty(value)) return;
+    const auto index = gazetteer::ToText(value, open.Host().Locale());
+    const auto parsed = open.Host().Locale().ParseNumber(index);
+    if (!parsed || *parsed <= field.most) return;
+    list.Add(findings::kOutsideGrid, [&] {
+        Finding finding = AtRecord(open, table, row, number);
+        finding.column = field.column;
+        finding.text += "the field \"" + field.name + "\" is " + Shown(index) +
+                        ", but the grid of the map has " + std::to_string(field.most) +
+                        (field.name == "Row" ? " rows." : " columns.");
+        return finding;
+    });
 }
 
 void AddFieldFindings(OpenDocument& open, const Table& table, FindingList& list) {
@@ -141,16 +184,13 @@ void AddFieldFindings(OpenDocument& open, const Table& table, FindingList& list)
         std::vector<const PrintedField*> empty;
         for (const auto& field : fields)
             if (IsEmpty(row->Value(field.index))) empty.push_back(&field);
+        for (const auto& field : fields)
+            if (field.most > 0) AddOutsideGrid(open, table, row, number, field, list);
         if (empty.empty()) continue;
         list.Add(findings::kEmptyValue, [&] {
-            Finding finding{
-                {}, {}, ListingOf(row, table, open.Host().Locale()), empty.front()->column};
-            finding.record = row->OID();
-            finding.row = std::to_string(number);
-            finding.element = open.Gazetteer();
-            finding.text = "record " + std::to_string(finding.record) +
-                           (finding.listing.empty() ? "" : ", \"" + Shown(finding.listing) + '"') +
-                           ": " + Phrase(empty);
+            Finding finding = AtRecord(open, table, row, number);
+            finding.column = empty.front()->column;
+            finding.text += Phrase(empty);
             return finding;
         });
     }
