@@ -7,6 +7,7 @@
 
 #include "Taker.h"
 #include "app/window/PageView.h"
+#include "app/window/RunDialog.h"
 #include "desk/components/ComponentLibrary.h"
 #include "support/OffscreenApplication.h"
 #include "support/Widgets.h"
@@ -58,6 +59,12 @@ void ShowFailure(MainWindow& window) {
         {"Unexpected Program Error", failure.cause + "\n\n" + stack, host::kStopOk, &failure});
 }
 
+void ShowRun(MainWindow& window) {
+    auto* const dialog = new app::RunDialog(&window);
+    dialog->Show({"Composing record 48213 of 100000 (48 %)", 48});
+    dialog->show();
+}
+
 void LoseTable(MainWindow& window) {
     window.findChild<QLineEdit*>("pageFilter")->clear();
     QFile::rename("czechia-slovakia.dbf", "away.dbf");
@@ -77,6 +84,8 @@ const Picture kPictures[] = {
          Trigger("pageSetup")(window);
      }},
     {"export", Trigger("exportPages")},
+    {"print", Trigger("print")},
+    {"run", ShowRun},
     {"about", Trigger("about")},
     {"manual", Trigger("manual")},
     {"sheet", Trigger("properties")},
