@@ -108,7 +108,7 @@ TEST_F(Parts, AHundredThousandListingsAreSearchedWhileTyping) {
 }
 
 TEST_F(Parts, TheStatusBarIsLiveDuringARun) {
-    auto& status = *window_->findChild<app::StatusPanes*>();
+    auto& status = dynamic_cast<app::StatusPanes&>(*window_->statusBar());
     status.ShowResult("done before");
     status.ShowAnimation(desk::AnimationStep::Show);
     status.ShowAnimation(desk::AnimationStep::Play);

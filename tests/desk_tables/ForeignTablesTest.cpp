@@ -68,7 +68,7 @@ void ExpectFields(const DbfTable& table, const json& fields) {
         const std::string name = field[0];
         const bool isAscii = std::ranges::all_of(name, [](char c) { return c > 0; });
         EXPECT_EQ(isAscii ? ours.name : name, name);
-        EXPECT_EQ(std::string(1, ours.type), field[1]);
+        EXPECT_EQ(json(std::string(1, ours.type)), field[1]);
         EXPECT_EQ(ours.length, field[2]);
         EXPECT_EQ(ours.kind == DbfKind::Number ? json(ours.decimals) : field[3], field[3]);
     }
@@ -94,7 +94,8 @@ TEST(ForeignTables, AreReadAsOthersReadThem) {
         if (!opens) continue;
         EXPECT_EQ(table.LiveRecords(), reading["gdal"]["records_read"]);
         if (HasBinaryFields(table)) continue;
-        const bool same = HashRecords(table) == reading["gdal"]["records_sha256"];
+        const bool same =
+            HashRecords(table) == reading["gdal"]["records_sha256"].get<std::string>();
         EXPECT_EQ(same, !reading.contains("other_values"));
     }
 }

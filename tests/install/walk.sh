@@ -45,7 +45,7 @@ LC_ALL=C gazetteer export moved/index.json -o moved/index.pdf 2>/dev/null
 cmp index.pdf moved/index.pdf
 
 # What is wrong is told before it is printed, and nothing is written over.
-gazetteer set index.json Listing.ColumnWidth=15
+gazetteer set index.json Listing.ColumnWidth=15 2>/dev/null
 gazetteer check index.json | grep 'off the sheet' >/dev/null
 refused 1 '--strict' gazetteer export index.json -o wrong.pdf --strict
 [ ! -e wrong.pdf ] || fail "--strict wrote a file"

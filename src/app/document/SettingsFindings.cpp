@@ -4,15 +4,12 @@
 #include "app/document/Errors.h"
 #include "app/document/FindFindings.h"
 #include "model/ColumnProperties.h"
-#include "model/KeyNames.h"
 #include "model/Results.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
 
 namespace app {
 namespace {
-
-namespace keys = gazetteer::keys;
 
 constexpr double kRounding = 1e-6;  // Inches.
 
