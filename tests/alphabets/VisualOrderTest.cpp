@@ -85,9 +85,9 @@ TEST(VisualOrder, OfNamesAndTheirLeaders) {
 }
 
 // Letters and their marks come from one font, which composes them where it can. Liberation Sans has
-// many letters with accents, and no combining marks.
+// many letters with accents, and combining marks only since version 2.
 TEST(VisualOrder, LettersAreWhole) {
-    // A text, another of the same width if there is one, and the number of fonts.
+    // A text, another of the same width if there is one, and the greatest number of fonts.
     using Case = std::tuple<const char*, const char*, std::size_t>;
     desk::TextEngine engine;
     for (const auto& [text, same, fonts] : {
@@ -99,7 +99,8 @@ TEST(VisualOrder, LettersAreWhole) {
              Case{"G\u0303uarani", "", 2},
          }) {
         const Seen seen = Draw(engine, text, kLeft);
-        EXPECT_EQ(seen.FontCount(), fonts) << text;
+        EXPECT_GE(seen.FontCount(), 1U) << text;
+        EXPECT_LE(seen.FontCount(), fonts) << text;
         if (*same == 0) continue;
         const auto& font = engine.Find({"Liberation Sans", 8, false});
         const auto width = [&](const char* line) { return engine.Measure(font, line).xSize; };

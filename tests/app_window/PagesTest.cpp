@@ -71,9 +71,9 @@ TEST_F(Pages, HaveAMenuInTheListAndOnTheSheet) {
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, rows.mapToGlobal(place));
         QApplication::sendEvent(&rows, &event);
         EXPECT_EQ(Session().Page(), 1) << "the menu alone turns no page";
-        auto& menu = Find<QMenu>("pageMenu");
-        menu.actions()[action]->trigger();
-        delete &menu;
+        const QPointer<QMenu> menu = &Find<QMenu>("pageMenu");
+        menu->actions()[action]->trigger();
+        delete menu;  // Unless the dialog's events have deleted it.
     };
     support::WhenModal([](QWidget& dialog) {
         EXPECT_TRUE(support::Part<QAbstractButton>(dialog, "exportRange").isChecked());

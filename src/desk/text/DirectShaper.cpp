@@ -103,6 +103,10 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
             for (; cut[start] == ' '; ++start) take(scriptFont.Blank(), 0);
         else
             run = &FindInLine(scriptFont, cut, start, end);
+        while (run->movesNext && end < cut.size()) {
+            end = EndOfWord(cut, end);
+            run = &FindInLine(scriptFont, cut, start, end);
+        }
         if (dots > 0 && end == cut.size() && (run->dotStep == 0 || !scriptFont.cutsLeaders)) {
             cut = line;
             end = cut.size();

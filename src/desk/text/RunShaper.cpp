@@ -87,6 +87,10 @@ ShapedRun RunShaper::Shape(hb_font_t* font, const Writing& writing, std::string_
         run.width += positions[i].x_advance;
     }
     run.standsAlone = run.standsAlone && canCutAt(i, end);
+    // Tables of pairs from before OpenType spread the kerning over both glyphs.
+    run.movesNext = i < count && (positions[i].x_offset != 0 ||
+                                  positions[i].x_advance !=
+                                      hb_font_get_glyph_h_advance(font, infos[i].codepoint));
     run.glyphs = glyphs_;
     if (!glyphs_.empty())
         run.dotStep =

@@ -25,6 +25,7 @@ struct ShapedRun {
     std::span<const RunGlyph> glyphs;
     bool hasGlyphs = false;    ///< False where a glyph stands off the baseline.
     bool standsAlone = false;  ///< What is around it in the line does not change it.
+    bool movesNext = false;    ///< The first glyph behind it stands elsewhere because of it.
     int dotStep = 0;  ///< Advance of each further dot at the end; 0 where they must be shaped.
 };
 
