@@ -122,8 +122,9 @@ std::optional<GlyphUnits> DirectShaper::Walk(const ResolvedFont& font, std::stri
 /// The run of a piece of a line, shaped with regard to the blank behind it.
 const ShapedRun& DirectShaper::FindInLine(const ScriptFont& scriptFont, std::string_view line,
                                           std::size_t start, std::size_t end) {
-    const std::string_view text = line.substr(start, end + BlankAt(line, end) - start);
-    return cache_.Find({scriptFont.fontNumber, scriptFont.script, text}, [&] {
+    const std::size_t behind = BlankAt(line, end);
+    const std::string_view text = line.substr(start, end + behind - start);
+    return cache_.Find({scriptFont.fontNumber, scriptFont.script, text, behind}, [&] {
         ShapedRun run = shaper_.Shape(scriptFont.font, scriptFont.writing, text, end - start);
         run.standsAlone = false;  // It was not set between blanks.
         return run;

@@ -37,6 +37,7 @@ public:
         std::uint32_t font;
         PlainClass script;
         std::string_view text;
+        std::size_t behind = 0;  ///< Bytes at the end of the text that are its context only.
         bool operator==(const Key&) const = default;
     };
 
