@@ -227,6 +227,15 @@ TEST_F(Findings, AFailedRunIsAReason) {
     EXPECT_EQ(check.errors, "");
     EXPECT_EQ(check.Json()["drawable"], false);
     EXPECT_TRUE(Contains(check.Json()["reasons"][0], "too narrow for selected Font! (column"));
+    program_.Done({"make", "streets.dbf", "-o", "o.pdf", "--document", "d.json"});
+    auto document = json::parse(program_.Read("d.json"));
+    document["page"]["elements"][0].erase("geometry");
+    program_.Write("d.json", document.dump());
+    const std::string noPlace = "the gazetteer's frame has no place on the sheet.";
+    EXPECT_TRUE(Contains(program_.Done({"check", "d.json"}).output, noPlace));
+    const auto drawn = program_.Run({"draw", "d.json", "--page", "1", "--json"});
+    EXPECT_EQ(drawn.status, 1);
+    EXPECT_TRUE(Contains(drawn.errors, noPlace));
 }
 
 }  // namespace

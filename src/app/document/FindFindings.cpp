@@ -195,6 +195,7 @@ std::string NameOf(const host::Ref<host::IHostElement>& element) {
 
 void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
                           const std::optional<PageRange>& pages, FindingList& list) {
+    if (!open.Gazetteer()->Geometry()) throw CommandError(kFrameWithoutPlace);
     AddOldResults(open, list);
     AddSettingsFindings(open, unit, list);
     AddTableFindings(open, list);

@@ -87,6 +87,7 @@ bool OpenDocument::CanDraw(gazetteer::Findings& reasons) {
         return false;
     }
     reasons = FaultsOfStoredValues(*Properties(), Host().Locale());
+    if (!Gazetteer()->Geometry()) reasons.emplace_back(kFrameWithoutPlace);
     if (!reasons.empty()) return false;
     const RecordingDialogs::Silent silent(*dialogs_);
     const bool canDraw = Manager().CanDrawIndex(Gazetteer());

@@ -12,6 +12,9 @@
 
 namespace app {
 
+inline constexpr char kFrameWithoutPlace[] =
+    "The document is damaged: the gazetteer's frame has no place on the sheet.";
+
 /// A gazetteer frame of a document. A manager keeps the map book of the document it was created
 /// for, so each document needs new managers.
 struct GazetteerFrame {
