@@ -61,9 +61,13 @@ Ref<IHostPropertySet> EnsureMakerSet(host::IHostPropertySetFactory& host,
 
 }  // namespace
 
-bool HasCorvaneProperties(const Ref<IHostElement>& element) try {
+Ref<IHostPropertySet> CorvaneProperties(const Ref<IHostElement>& element) {
     const auto container = Container(element);
-    return container && ProbeSet(*container, kMakerKey);
+    return container ? ProbeSet(*container, kMakerKey) : nullptr;
+}
+
+bool HasCorvaneProperties(const Ref<IHostElement>& element) try {
+    return CorvaneProperties(element) != nullptr;
 } catch (...) {
     PassOn("HasCorvaneProperties", kGeneralFunctionsLabel);
 }

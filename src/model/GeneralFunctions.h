@@ -28,6 +28,9 @@ bool SetGazetteerProperties(host::IHost& host, const host::Ref<host::IHostElemen
 /// Removes the gazetteer's set from the element and leaves everything else.
 void DeleteKeyProperties(host::IHost& host, const host::Ref<host::IHostElement>& element);
 
+/// Inner procedure: the set "CorvaneProperties"; null without one.
+host::Ref<host::IHostPropertySet> CorvaneProperties(const host::Ref<host::IHostElement>& element);
+
 /// Inner procedure: the stored set; fails where it or a container of it is missing.
 host::Ref<host::IHostPropertySet> StoredGazetteerProperties(
     const host::Ref<host::IHostElement>& element);

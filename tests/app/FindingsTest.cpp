@@ -174,6 +174,15 @@ TEST_F(Findings, NoneMeansNone) {
         program_.Done({"make", "streets.dbf", "-o", "o.pdf", "--document", "d.json", "--strict"});
     EXPECT_FALSE(Contains(made.errors, "warning"));
     EXPECT_EQ(Checked("d.json"), json::array());
+    // What is not read is told and spoils no page.
+    support::DbfBuilder({{"Listing"}, {"Page"}, {"Notes", 'M'}})
+        .Row({"Main St", "6"})
+        .Write(program_.File("memo.dbf"));
+    EXPECT_TRUE(Contains(program_
+                             .Done({"make", "memo.dbf", "-o", "o.pdf", "--strict", "--set",
+                                    "Page.Expression=$$PAGE_NUMBER"})
+                             .errors,
+                         "memo texts and pictures are not read (Notes)"));
 }
 
 // Once each, and by every command.

@@ -42,6 +42,7 @@ bool CommandSession::Bind() {
     if (document_.Dialogs().TakeFailureShown()) return false;
     if (!manager.HasRun()) return true;
     Tell(RunSummary(manager));
+    for (const auto& remark : TableRemarks(manager)) Warn(remark);
     if (manager.CanDraw()) RecordSources(document_);
     return true;
 }

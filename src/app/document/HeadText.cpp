@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/document/Tokens.h"
 #include "support/Text.h"
 
 namespace app {
@@ -56,14 +57,8 @@ bool Holds(const std::string& text, std::string_view token) {
 }  // namespace
 
 std::string UnknownHeadToken(const std::string& text) {
-    for (auto start = text.find("$$"); start != std::string::npos; start = text.find("$$", start)) {
-        const auto end =
-            std::min(text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ_", start + 2), text.size());
-        const std::string token = text.substr(start, end - start);
-        if (token != kFirst && token != kLast) return token;
-        start = end;
-    }
-    return {};
+    return UnknownToken(text,
+                        [](std::string_view token) { return token == kFirst || token == kLast; });
 }
 
 std::string HeadText(host::IHost& host, host::IHostTextSymbol& symbol, std::string text,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/document/Tokens.h"
 #include "layout/RowTree.h"
 #include "support/Conversions.h"
 #include "support/Text.h"
@@ -39,12 +40,6 @@ void AddCells(const Ref<host::IHostElement>& row, const std::vector<std::string>
 }
 
 }  // namespace
-
-std::string WithoutTokens(std::string text) {
-    for (const char* token : {gazetteer::kDotsToken, gazetteer::kLastCombineToken})
-        text = gazetteer::ReplaceAll(std::move(text), token, "");
-    return gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, " ");
-}
 
 std::string ListingText(const OpenDocument& open, const std::string& rowKey) {
     const auto& manager = open.Manager();

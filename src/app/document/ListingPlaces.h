@@ -9,9 +9,6 @@
 
 namespace app {
 
-/// Returns a text without the tokens that are resolved at drawing; new lines become blanks.
-std::string WithoutTokens(std::string text);
-
 /// Returns the text of a listing's first column, without what is resolved at drawing.
 std::string ListingText(const OpenDocument& open, const std::string& rowKey);
 

@@ -3,6 +3,7 @@
 #include "app/document/KeyValues.h"
 #include "desk/documents/Document.h"
 #include "desk/files/FileDigest.h"
+#include "model/GeneralFunctions.h"
 #include "model/KeyNames.h"
 #include "support/Conversions.h"
 
@@ -13,19 +14,7 @@ namespace keys = gazetteer::keys;
 using host::IHostPropertySet;
 using host::Ref;
 
-constexpr char kMakerKey[] = "CorvaneProperties";
 constexpr char kSourcesKey[] = "GazetteerSources";
-
-Ref<IHostPropertySet> MakerSet(const Ref<host::IHostElement>& element) {
-    const auto owner = host::As<host::IHostCustomProperty>(element);
-    const auto custom =
-        owner ? gazetteer::ToObject<IHostPropertySet>(owner->CustomProperty()) : nullptr;
-    if (!custom) return nullptr;
-    const auto item = ItemOf(*custom, kMakerKey);
-    return std::holds_alternative<Ref<host::IHostObject>>(item)
-               ? gazetteer::ToObject<IHostPropertySet>(item)
-               : nullptr;
-}
 
 template <class T>
 T ItemOr(IHostPropertySet& set, const char* key, T otherwise) {
@@ -51,13 +40,13 @@ std::string PresentSources(OpenDocument& open) {
 }  // namespace
 
 std::string StoredSources(const Ref<host::IHostElement>& element) {
-    const auto set = MakerSet(element);
+    const auto set = gazetteer::CorvaneProperties(element);
     return set ? ItemOr(*set, kSourcesKey, std::string()) : std::string();
 }
 
 void StoreSources(const Ref<host::IHostElement>& element, const std::string& sources) {
     if (StoredSources(element) == sources) return;
-    if (const auto set = MakerSet(element)) set->SetItem(kSourcesKey, sources);
+    if (const auto set = gazetteer::CorvaneProperties(element)) set->SetItem(kSourcesKey, sources);
 }
 
 void RecordSources(OpenDocument& open) {
@@ -73,9 +62,14 @@ bool SourcesChanged(OpenDocument& open) {
 }
 
 bool DropOldResults(OpenDocument& open) {
-    const bool changed = SourcesChanged(open);
-    if (changed) open.Properties()->SetItem(keys::kHaveSavedListings, false);
-    return changed;
+    if (!SourcesChanged(open)) return false;
+    // A set of its own: the history of edits shares the stored one.
+    const auto properties = open.Host().NewPropertySet();
+    const auto items = open.Properties()->AllItems();
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        properties->SetItem(items.names[i], items.values[i]);
+    properties->SetItem(keys::kHaveSavedListings, false);
+    return gazetteer::SetGazetteerProperties(open.Host(), open.Gazetteer(), properties);
 }
 
 void AddOldResults(OpenDocument& open, FindingList& list) {

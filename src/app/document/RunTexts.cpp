@@ -44,6 +44,11 @@ std::vector<std::string> TableFaults(const gazetteer::CVNGazetteerManager& manag
     return dbf ? dbf->Faults() : std::vector<std::string>();
 }
 
+std::vector<std::string> TableRemarks(const gazetteer::CVNGazetteerManager& manager) {
+    const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable());
+    return dbf ? dbf->Remarks() : std::vector<std::string>();
+}
+
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager) {
     if (manager.BoundSettings().samplePage) return "since only a sample page was asked for.";
     return manager.Working().pageCount == 0 ? "since the frame is lower than the row of titles."

@@ -19,6 +19,8 @@ std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager);
 
 /// Returns what is wrong with the file of the listing database, one sentence each.
 std::vector<std::string> TableFaults(const gazetteer::CVNGazetteerManager& manager);
+/// Returns what else is to be said of it, such as fields that are not read.
+std::vector<std::string> TableRemarks(const gazetteer::CVNGazetteerManager& manager);
 
 /// Returns the end of a sentence that says why listings found no place.
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager);

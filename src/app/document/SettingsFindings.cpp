@@ -1,38 +1,26 @@
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "app/document/Errors.h"
 #include "app/document/FindFindings.h"
+#include "app/document/Tokens.h"
+#include "desk/expressions/ExpressionEngine.h"
 #include "model/ColumnProperties.h"
 #include "model/Results.h"
 #include "support/Conversions.h"
-#include "support/Text.h"
 
 namespace app {
 namespace {
 
 constexpr double kRounding = 1e-6;  // Inches.
 
-constexpr std::array kTokens{"$$PAGE_NUMBER",
-                             "$$ROW",
-                             "$$COLUMN",
-                             gazetteer::kDotsToken,
-                             gazetteer::kNewLineToken,
-                             gazetteer::kLastCombineToken};
-
-// Returns the first word behind "$$" that no token begins; empty if there is none.
-std::string UnknownToken(const std::string& expression) {
-    for (auto at = expression.find("$$"); at != std::string::npos;
-         at = expression.find("$$", at + 2)) {
-        const auto end = std::min(
-            expression.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ_", at + 2), expression.size());
-        const auto begins = [&](std::string_view token) {
-            return std::string_view(expression).substr(at).starts_with(token);
-        };
-        if (end > at + 2 && std::ranges::none_of(kTokens, begins))
-            return expression.substr(at, end - at);
-    }
-    return {};
+bool IsToken(std::string_view token) {
+    constexpr std::array kAtDrawing{gazetteer::kDotsToken, gazetteer::kNewLineToken,
+                                    gazetteer::kLastCombineToken};
+    return token == "$$" || !desk::TokenAt(token.substr(2)).empty() ||
+           std::ranges::any_of(kAtDrawing,
+                               [&](const char* known) { return token.starts_with(known); });
 }
 
 void AddUnknownToken(OpenDocument& open, const std::string& column, const std::string& token,
@@ -86,7 +74,7 @@ void AddSettingsFindings(OpenDocument& open, LengthUnit unit, FindingList& list)
     for (const auto& name : gazetteer::NamesOf(*settings.columnDisplayOrder)) {
         const auto set = gazetteer::SetUnder(*settings.columnsProperties, name);
         const auto column = gazetteer::ReadColumnProperties(*set, open.Host().Locale());
-        const auto token = UnknownToken(column.expression);
+        const auto token = UnknownToken(column.expression, IsToken);
         if (!token.empty()) AddUnknownToken(open, name, token, list);
         if (isFirst && column.marginLeft < -kRounding)
             AddMarginFault(open, unit, name, column.marginLeft, list);

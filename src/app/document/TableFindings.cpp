@@ -5,9 +5,9 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FindFindings.h"
-#include "app/document/ListingPlaces.h"
 #include "app/document/NewDocument.h"
 #include "app/document/RunTexts.h"
+#include "app/document/Tokens.h"
 #include "desk/expressions/ExpressionEngine.h"
 #include "desk/unicode/Utf8.h"
 #include "listings/PageCorrection.h"
@@ -31,8 +31,7 @@ struct PrintedField {
     std::int32_t index;  // Negative: the table has no such field.
     std::string name;
     std::string column;
-    std::int32_t most =
-        0;  // Rows or columns of the grid that names the field's values; 0: no grid.
+    std::int32_t most = 0;  // Rows or columns of the grid that names its values; 0: no grid.
 };
 
 // Returns the fields of the listing database that an expression's part prints and that should not

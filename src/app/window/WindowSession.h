@@ -94,6 +94,8 @@ public:
 private:
     bool RunOrRestore(const std::function<void()>& work);
     void TakeDocument();
+    /// Calls act with each frame as the chosen one.
+    void ForEachFrame(const std::function<void()>& act);
     void RefreshFrames();
     void RefreshChosen();
     void Draw();

@@ -24,14 +24,6 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 
 constexpr std::array<std::string_view, 3> kTokens = {"PAGE_NUMBER", "ROW", "COLUMN"};
 
-/// Returns the longest token with which the text begins, or empty.
-std::string_view TokenAt(std::string_view text) {
-    std::string_view found;
-    for (const std::string_view token : kTokens)
-        if (text.starts_with(token) && token.size() > found.size()) found = token;
-    return found;
-}
-
 class Parser {
 public:
     Parser(const host::Ref<host::IHostTable>& table, std::string_view text)
@@ -93,6 +85,13 @@ private:
 };
 
 }  // namespace
+
+std::string_view TokenAt(std::string_view text) {
+    std::string_view found;
+    for (const std::string_view token : kTokens)
+        if (text.starts_with(token) && token.size() > found.size()) found = token;
+    return found;
+}
 
 Expression ParseExpression(const host::Ref<host::IHostTable>& table, const std::string& text) {
     return Parser(table, text).Run();

@@ -5,6 +5,7 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,6 +29,9 @@ struct Expression {
 
 /// Parses an expression. A null table counts as a table without fields.
 Expression ParseExpression(const host::Ref<host::IHostTable>& table, const std::string& text);
+
+/// Returns the longest token with which a text behind "$$" begins, or an empty text.
+std::string_view TokenAt(std::string_view text);
 
 /// Expressions for column texts: literal text with [Field], case-insensitive, and the tokens
 /// $$PAGE_NUMBER, $$ROW and $$COLUMN, case-sensitive. All other text, including other $$ words, is

@@ -54,8 +54,8 @@ Descriptor::~Descriptor() {
     if (IsOpen()) ::close(number_);
 }
 
-std::string ReadWholeFile(const std::string& path, FileState* state) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+Descriptor OpenRegularFile(const std::string& path) {
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.IsOpen()) {
         Fail(path, errno == ENOENT ? "there is no such file" : SystemReason());
     }
@@ -64,11 +64,16 @@ std::string ReadWholeFile(const std::string& path, FileState* state) {
     if (S_ISDIR(info.st_mode)) Fail(path, "it is a folder");
     // A pipe or a device may never end.
     if (!S_ISREG(info.st_mode)) Fail(path, "it is no ordinary file");
+    return file;
+}
 
-    if (state != nullptr) *state = FileState::Of(file.Get());
+std::string ReadWholeFile(const std::string& path, FileState* state) {
+    const Descriptor file = OpenRegularFile(path);
+    const FileState before = FileState::Of(file.Get());
+    if (state != nullptr) *state = before;
 
     std::string content;
-    const auto expected = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));
+    const auto expected = static_cast<std::size_t>(std::max<off_t>(before.size, 0));
     content.reserve(expected + simdjson::SIMDJSON_PADDING);
     for (;;) {
         const std::size_t have = content.size();

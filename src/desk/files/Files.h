@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <sys/types.h>
+#include <utility>
 
 namespace desk {
 
@@ -29,6 +30,7 @@ class Descriptor {
 public:
     /// Accepts the result of open(), including a negative one.
     explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor();
@@ -40,8 +42,11 @@ private:
     int number_;
 };
 
+/// Opens a file for reading. Throws host::Failure if it is missing, unreadable, or no regular file.
+Descriptor OpenRegularFile(const std::string& path);
+
 /// Returns the whole content of a file, with SIMDJSON_PADDING bytes of spare capacity. Throws
-/// host::Failure if the file is missing, unreadable, or no regular file. Sets *state, if given, to
+/// host::Failure as OpenRegularFile does. Sets *state, if given, to
 /// the state before the first byte is read.
 std::string ReadWholeFile(const std::string& path, FileState* state = nullptr);
 

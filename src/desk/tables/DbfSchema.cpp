@@ -240,12 +240,13 @@ DbfSchema::DbfSchema(const std::string& path) : file(path), header(ReadDbfHeader
 }
 
 void DbfSchema::Note(const std::string& fault) {
-    Remark(fault);
+    notes.push_back(file.Path() + ": " + fault);
     faults.push_back(notes.back());
 }
 
 void DbfSchema::Remark(const std::string& remark) {
     notes.push_back(file.Path() + ": " + remark);
+    remarks.push_back(notes.back());
 }
 
 void DbfSchema::NoteValue(std::size_t field, std::int64_t record, const std::string& fault) {

@@ -55,7 +55,8 @@ struct DbfSchema {
     std::string encodingFrom;  ///< Source of the encoding, for display.
     std::shared_ptr<const TextDecoder> decoder;
     std::vector<std::string> notes;        ///< Warnings that begin with the file's path.
-    std::vector<std::string> faults;       ///< Those of them that can change what is printed.
+    std::vector<std::string> faults;       ///< Those of them that can change what is printed,
+    std::vector<std::string> remarks;      ///< and the others.
     std::vector<bool> hasFaultyValueNote;  ///< By field.
 };
 

@@ -48,6 +48,8 @@ public:
     const std::vector<std::string>& Warnings() const { return schema_->notes; }
     /// Those of the warnings that tell what may be wrong in print.
     const std::vector<std::string>& Faults() const { return schema_->faults; }
+    /// The others.
+    const std::vector<std::string>& Remarks() const { return schema_->remarks; }
 
 private:
     std::shared_ptr<DbfSchema> schema_;
