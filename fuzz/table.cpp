@@ -58,7 +58,7 @@ void ReadTable(const std::string& path) {
     RequireText(table.EncodingFrom(), "the source of the encoding");
     ReadFields(table);
     Require(ReadRows(table) == table.LiveRecords(), "not every record was read");
-    for (const auto& warning : table.Warnings()) RequireText(warning, "a warning");
+    for (const auto& warning : table.Notes().All()) RequireText(warning, "a warning");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "app_window/WindowStory.h"
 #include "desk/components/ComponentLibrary.h"
+#include "desk/components/SharedLibrary.h"
 #include "desk/components/Registrar.h"
 #include "support/Text.h"
 

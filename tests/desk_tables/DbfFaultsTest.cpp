@@ -84,8 +84,8 @@ TEST(DbfFaults, AreRefusedOrToldByOneSentence) {
         }
         EXPECT_EQ(count, records);
         EXPECT_EQ(table.LiveRecords(), records);
-        EXPECT_EQ(table.Warnings().size(), sentence.empty() ? 0U : 1U);
-        for (const auto& warning : table.Warnings())
+        EXPECT_EQ(table.Notes().All().size(), sentence.empty() ? 0U : 1U);
+        for (const auto& warning : table.Notes().All())
             EXPECT_NE(warning.find(sentence), std::string::npos) << warning;
     }
 }

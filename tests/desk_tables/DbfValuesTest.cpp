@@ -59,7 +59,7 @@ TEST(DbfValues, AreReadByType) {
         DbfTable table(folder.File("a.dbf"));
         const auto cursor = table.Search(nullptr, false);
         EXPECT_EQ(cursor->NextRow()->Value(0), example.value);
-        EXPECT_EQ(table.Warnings().size(), example.isFaulty ? 1U : 0U);
+        EXPECT_EQ(table.Notes().All().size(), example.isFaulty ? 1U : 0U);
     }
 }
 
@@ -101,8 +101,8 @@ TEST(DbfValues, AreDecoded) {
         DbfTable table(folder.File("a.dbf"));
         EXPECT_EQ(table.Search(nullptr, true)->NextRow()->Value(0), Variant(example.text));
         EXPECT_EQ(table.Encoding() + " by " + table.EncodingFrom(), example.encoding);
-        EXPECT_EQ(table.Warnings().size(), example.warning.empty() ? 0U : 1U);
-        for (const auto& warning : table.Warnings())
+        EXPECT_EQ(table.Notes().All().size(), example.warning.empty() ? 0U : 1U);
+        for (const auto& warning : table.Notes().All())
             EXPECT_NE(warning.find(example.warning), std::string::npos) << warning;
     }
 }

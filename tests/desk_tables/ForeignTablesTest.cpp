@@ -16,7 +16,7 @@ using nlohmann::json;
 
 const std::string kFolder = GAZETTEER_SOURCE_DIR "/tests/desk_tables/foreign/";
 
-json ReadingOf(const host::Variant& value, const DbfField& field) {
+json ReadingOf(const host::Variant& value, const gis::SourceField& field) {
     const auto* text = std::get_if<std::string>(&value);
     const auto* whole = std::get_if<std::int32_t>(&value);
     if (std::holds_alternative<host::Null>(value) || (text != nullptr && text->empty()))
@@ -39,11 +39,12 @@ json ReadingOf(const host::Variant& value, const DbfField& field) {
 /// digits and more as floats, dates with slashes.
 std::string HashRecords(DbfTable& table) {
     std::string lines;
+    const auto fields = table.SourceFields();
     const auto cursor = table.Search(nullptr, true);
     while (const auto row = cursor->NextRow()) {
         std::string line;
         std::int32_t index = 0;
-        for (const DbfField& field : table.DbfFields())
+        for (const gis::SourceField& field : fields)
             line += (line.empty() ? "" : ", ") + ReadingOf(row->Value(index++), field).dump();
         lines += "[" + line + "]\n";
     }
@@ -54,7 +55,7 @@ std::string HashRecords(DbfTable& table) {
 
 /// Fields that the reading gives as raw bytes and we as what they stand for, or not at all.
 bool HasBinaryFields(const DbfTable& table) {
-    return std::ranges::any_of(table.DbfFields(), [](const DbfField& field) {
+    return std::ranges::any_of(table.SourceFields(), [](const gis::SourceField& field) {
         return std::string("CNFDL").find(field.type) == std::string::npos;
     });
 }
@@ -63,14 +64,14 @@ void ExpectFields(const DbfTable& table, const json& fields) {
     std::size_t index = 0;
     for (const json& field : fields) {
         if (!field.is_array()) break;  // "... 29 in all"
-        ASSERT_LT(index, table.DbfFields().size());
-        const DbfField& ours = table.DbfFields()[index++];
+        ASSERT_LT(index, table.SourceFields().size());
+        const gis::SourceField ours = table.SourceFields()[index++];
         const std::string name = field[0];
         const bool isAscii = std::ranges::all_of(name, [](char c) { return c > 0; });
         EXPECT_EQ(isAscii ? ours.name : name, name);
         EXPECT_EQ(json(std::string(1, ours.type)), field[1]);
         EXPECT_EQ(ours.length, field[2]);
-        EXPECT_EQ(ours.kind == DbfKind::Number ? json(ours.decimals) : field[3], field[3]);
+        EXPECT_EQ(ours.kind == FieldKind::Number ? json(ours.decimals) : field[3], field[3]);
     }
 }
 

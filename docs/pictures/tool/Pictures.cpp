@@ -9,6 +9,7 @@
 #include "app/window/PageView.h"
 #include "app/window/RunDialog.h"
 #include "desk/components/ComponentLibrary.h"
+#include "desk/components/SharedLibrary.h"
 #include "support/OffscreenApplication.h"
 #include "support/Widgets.h"
 

@@ -6,7 +6,7 @@
 #include "app/document/FilePaths.h"
 #include "desk/files/Files.h"
 #include "desk/json/JsonWriter.h"
-#include "desk/tables/DbfTable.h"
+#include "desk/tables/TablePath.h"
 #include "support/Text.h"
 
 namespace app {
@@ -156,7 +156,7 @@ int BookNew(const Options& options) {
     if (!options.force && std::filesystem::exists(options.book, ignored))
         throw CommandError("The map book file \"" + options.book +
                            "\" exists already; --force replaces it.");
-    const std::int64_t sheets = desk::DbfTable(options.sheets).LiveRecords();
+    const std::int64_t sheets = desk::OpenTable(desk::FindTable(options.sheets))->LiveRecords();
     if (sheets == 0)
         throw CommandError("The table of map sheets \"" + options.sheets + "\" has no records.");
     desk::ReplaceFile(options.book, BookText(options, sheets));

@@ -8,7 +8,7 @@
 #include "app/commands/JsonAnswer.h"
 #include "app/document/Errors.h"
 #include "desk/locale/IcuLocale.h"
-#include "desk/tables/DbfTable.h"
+#include "desk/tables/TablePath.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -18,9 +18,9 @@ namespace {
 using Cells = std::vector<std::optional<std::string>>;
 
 // Calls `take` with each row up to the limit.
-void ForRows(desk::DbfTable& table, host::IHostLocale& locale, std::int64_t limit,
+void ForRows(gis::SourceTable& table, host::IHostLocale& locale, std::int64_t limit,
              const auto& take) {
-    Cells cells(table.DbfFields().size());
+    Cells cells(table.SourceFields().size());
     const auto rows = table.Search(nullptr, true);
     for (std::int64_t count = 0; limit < 0 || count < limit; ++count) {
         const auto row = rows->NextRow();
@@ -46,12 +46,12 @@ void WriteRow(JsonAnswer& json, const Cells& cells) {
     json.EndArray();
 }
 
-void WriteTable(JsonAnswer& json, desk::DbfTable& table, host::IHostLocale& locale,
+void WriteTable(JsonAnswer& json, gis::SourceTable& table, host::IHostLocale& locale,
                 const Options& options) {
     json.Member("file", options.table);
     json.Member("encoding", table.Encoding());
     json.Member("encodingFrom", table.EncodingFrom());
-    json.Objects("fields", table.DbfFields(), [&](const desk::DbfField& field) {
+    json.Objects("fields", table.SourceFields(), [&](const gis::SourceField& field) {
         json.Member("name", field.name);
         json.Member("type", std::string_view(&field.type, 1));
         json.Member("length", field.length);
@@ -63,13 +63,13 @@ void WriteTable(JsonAnswer& json, desk::DbfTable& table, host::IHostLocale& loca
     ForRows(table, locale, options.limit, [&](const Cells& cells) { WriteRow(json, cells); });
     json.EndArray();
     // Last, because reading the rows adds warnings.
-    json.Member("warnings", table.Warnings());
+    json.Member("warnings", table.Notes().All());
 }
 
-void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const Options& options) {
+void PrintText(gis::SourceTable& table, host::IHostLocale& locale, const Options& options) {
     Print("Encoding: " + table.Encoding() + " (" + table.EncodingFrom() +
           ")\nRecords: " + std::to_string(table.LiveRecords()) + "\nFields:");
-    for (const auto& field : table.DbfFields()) {
+    for (const auto& field : table.SourceFields()) {
         std::ostringstream line;
         line << "  " << std::left << std::setw(12) << field.name << ' ' << field.type << ' '
              << std::right << std::setw(3) << field.length << ' ' << field.decimals;
@@ -85,14 +85,15 @@ void PrintText(desk::DbfTable& table, host::IHostLocale& locale, const Options& 
         }
         Print(line);
     });
-    for (const auto& warning : table.Warnings()) Warn(warning);
+    for (const auto& warning : table.Notes().All()) Warn(warning);
 }
 
 }  // namespace
 
 int Table(const Options& options) {
     desk::IcuLocale locale(options.locale);
-    desk::DbfTable table(options.table);
+    const auto opened = desk::OpenTable(desk::FindTable(options.table));
+    auto& table = *opened;
     if (options.json)
         StreamAnswer(1, [&](JsonAnswer& json) { WriteTable(json, table, locale, options); });
     else

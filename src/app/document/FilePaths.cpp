@@ -6,6 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "desk/documents/Document.h"
+#include "desk/tables/TablePath.h"
 
 namespace app {
 namespace {
@@ -19,8 +20,10 @@ std::filesystem::path Resolved(const std::string& path) {
 }  // namespace
 
 std::string FullPath(const std::string& path) {
-    // Paths with a backslash come from other systems and are kept.
-    if (path.empty() || path.find('\\') != std::string::npos) return path;
+    // Paths with a backslash come from other systems and are kept, as are servers.
+    if (path.empty() || path.find('\\') != std::string::npos ||
+        desk::TablePath{path, {}}.IsConnection())
+        return path;
     return std::filesystem::absolute(path).lexically_normal().string();
 }
 

@@ -5,6 +5,7 @@
 
 #include "app/document/Errors.h"
 #include "desk/components/ComponentLibrary.h"
+#include "desk/components/SharedLibrary.h"
 #include "desk/components/Registrar.h"
 #include "host/PropertyPages.h"
 

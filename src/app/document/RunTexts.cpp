@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "desk/tables/DbfTable.h"
+#include "gis/module/SourceTable.h"
 
 namespace app {
 namespace {
@@ -40,13 +40,13 @@ std::string StoredSummary(const gazetteer::CVNGazetteerManager& manager) {
 }
 
 std::vector<std::string> TableFaults(const gazetteer::CVNGazetteerManager& manager) {
-    const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable());
-    return dbf ? dbf->Faults() : std::vector<std::string>();
+    const auto table = host::As<gis::SourceTable>(manager.DatabaseTable());
+    return table ? table->Notes().Faults() : std::vector<std::string>();
 }
 
 std::vector<std::string> TableRemarks(const gazetteer::CVNGazetteerManager& manager) {
-    const auto dbf = host::As<desk::DbfTable>(manager.DatabaseTable());
-    return dbf ? dbf->Remarks() : std::vector<std::string>();
+    const auto table = host::As<gis::SourceTable>(manager.DatabaseTable());
+    return table ? table->Notes().Remarks() : std::vector<std::string>();
 }
 
 std::string NoPlaceReason(const gazetteer::CVNGazetteerManager& manager) {

@@ -27,7 +27,4 @@ private:
     std::shared_ptr<const Loaded> loaded_;
 };
 
-/// Returns the path of a component library of this program: ../lib/NAME from its executable.
-std::string LibraryOfProgram(const std::string& name);
-
 }  // namespace desk

@@ -8,7 +8,8 @@
 #include "desk/locale/IcuLocale.h"
 #include "desk/mapbook/SeriesManager.h"
 #include "desk/objects/Geometry.h"
-#include "desk/tables/DbfWorkspace.h"
+#include "desk/tables/TablePath.h"
+#include "desk/tables/TableWorkspace.h"
 #include "desk/tables/TableSort.h"
 #include "host/Failure.h"
 
@@ -98,7 +99,7 @@ std::string Desk::DocumentFolder() const {
 }
 
 host::Ref<host::IHostWorkspaceFactory> Desk::NewWorkspaceFactory() {
-    return std::make_shared<DbfWorkspaceFactory>(DocumentFolder());
+    return std::make_shared<TableWorkspaceFactory>(DocumentFolder());
 }
 
 host::Ref<host::IHostTableSort> Desk::NewTableSort() {
@@ -138,19 +139,17 @@ host::Ref<host::CVNExpressionEngine> Desk::NewExpressionEngine() {
 }
 
 bool Desk::FileExists(const std::string& path) {
-    std::error_code error;
-    const auto status = std::filesystem::status(TableFile(path), error);
-    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+    return FindTable(path, DocumentFolder()).Exists();
 }
 
 std::string Desk::TableFile(const std::string& path) const {
-    return ResolveTablePath(path, DocumentFolder());
+    return FindTable(path, DocumentFolder()).File();
 }
 
 std::vector<std::string> Desk::IndexLayerFiles() const try {
     std::vector<std::string> files;
     if (const auto book = book_->File())
-        for (const auto& layer : book->indexLayers) files.push_back(ResolveTablePath(layer));
+        for (const auto& layer : book->indexLayers) files.push_back(FindTable(layer).File());
     return files;
 } catch (const host::Failure&) {
     return {};

@@ -87,9 +87,10 @@ public:
     /// be moved together.
     host::Ref<host::IHostWorkspaceFactory> NewWorkspaceFactory() override;
     host::Ref<host::IHostTableSort> NewTableSort() override;
-    /// Accepts either separator and any case of the ending, as for tables. False for folders.
+    /// Accepts all paths of tables. False for folders.
     bool FileExists(const std::string& path) override;
-    /// The file that a path of a table means, as FileExists and the workspaces find it.
+    /// The file that a path of a table means, as FileExists and the workspaces find it; empty if
+    /// the table is in none, but on a server.
     std::string TableFile(const std::string& path) const;
     /// The tables of the map book's index layers; none without a map book that can be read.
     std::vector<std::string> IndexLayerFiles() const;

@@ -232,6 +232,12 @@ private:
 
 }  // namespace
 
+bool IsDbf(RecordFile file) {
+    constexpr std::int64_t kChecked = 4;
+    const std::string_view start = file.Bytes(0, kChecked);
+    return start.size() == kChecked && IsPlausible(start);
+}
+
 DbfHeader ReadDbfHeader(RecordFile& file) {
     if (file.Size() == 0) Fail(file, " is empty.");
     const std::string_view prologue = file.Bytes(0, kPrologueLength);

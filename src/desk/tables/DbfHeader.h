@@ -19,6 +19,9 @@ struct DbfHeader {
     std::vector<std::string> warnings;
 };
 
+/// Returns whether a file begins like a dBase table.
+bool IsDbf(RecordFile file);
+
 /// Reads and checks a header. If it contradicts itself, the file size and the deletion flags are
 /// used to find the records. Throws host::Failure with one sentence if the file is not a dBase
 /// table, is damaged, or is of level 7.

@@ -24,12 +24,12 @@ bool IsForeign(const DbfField& field) {
     return IsOneOf("IOTVY+0", field.type) || (field.type == 'B' && field.length == 8);
 }
 
-DbfKind KindOf(const DbfField& field) {
-    if (field.type == 'C') return DbfKind::Text;
-    if (IsOneOf("NF", field.type)) return DbfKind::Number;
-    if (field.type == 'D' && field.length == 8) return DbfKind::Date;
-    if (field.type == 'L') return DbfKind::Logical;
-    return IsOneOf("BGMPW", field.type) ? DbfKind::Memo : DbfKind::Unknown;
+FieldKind KindOf(const DbfField& field) {
+    if (field.type == 'C') return FieldKind::Text;
+    if (IsOneOf("NF", field.type)) return FieldKind::Number;
+    if (field.type == 'D' && field.length == 8) return FieldKind::Date;
+    if (field.type == 'L') return FieldKind::Logical;
+    return IsOneOf("BGMPW", field.type) ? FieldKind::Memo : FieldKind::Unknown;
 }
 
 /// Returns the fields with undecoded names.
@@ -139,7 +139,7 @@ Texts JudgeTexts(const DbfSchema& schema) {
     while (judged != Texts::Other && reader.Next()) {
         if (IsAscii(reader.Record())) continue;
         for (const DbfField& field : schema.fields)
-            if (field.kind == DbfKind::Text) judge(field.BytesIn(reader.Record()));
+            if (field.kind == FieldKind::Text) judge(field.BytesIn(reader.Record()));
     }
     return judged;
 }
@@ -182,13 +182,13 @@ void FindEncoding(DbfSchema& schema, DBFHandle library) {
     if (texts == Texts::Ascii) return;
     const std::string& used = schema.decoder->Name();
     if (!unknown.empty())
-        schema.Note("the encoding named by the " + unknown +
+        schema.notes.AddFault("the encoding named by the " + unknown +
                     " is not known; its texts were read as " + used + ".");
     else if (named && texts == Texts::Utf8)
-        schema.Note("its texts look like UTF-8, but were read as " + used + ", as its " +
+        schema.notes.AddFault("its texts look like UTF-8, but were read as " + used + ", as its " +
                     schema.encodingFrom + " says. A .cpg file beside it can name another.");
     else if (!named && texts == Texts::Other)
-        schema.Note("nothing tells the encoding of its texts; they were read as " + used +
+        schema.notes.AddFault("nothing tells the encoding of its texts; they were read as " + used +
                     ". A .cpg file beside it can name another.");
 }
 
@@ -216,45 +216,28 @@ void JudgeFields(DbfSchema& schema) {
         throw host::Failure(host::kFailureUnspecified, "DbfSchema",
                             schema.file.Path() + " has fields that only FoxPro or dBase 7 knows" +
                                 foreign + kSaveAsOlder);
-    const auto note = [&](DbfKind kind, const std::string& what) {
+    const auto note = [&](FieldKind kind, const std::string& what) {
         const auto isOfKind = [&](const DbfField& field) { return field.kind == kind; };
         const std::string names = NamesOf(schema, isOfKind);
-        if (!names.empty()) schema.Remark(what + " are not read" + names + ".");
+        if (!names.empty()) schema.notes.AddRemark(what + " are not read" + names + ".");
     };
-    note(DbfKind::Memo, "memo texts and pictures");
-    note(DbfKind::Unknown, "fields of unknown type");
+    note(FieldKind::Memo, "memo texts and pictures");
+    note(FieldKind::Unknown, "fields of unknown type");
     for (const std::string& name : schema.names.Repeated())
-        schema.Note("more than one field is named " + name +
+        schema.notes.AddFault("more than one field is named " + name +
                     "; the one so written counts, else the first.");
 }
 
 }  // namespace
 
-DbfSchema::DbfSchema(const std::string& path) : file(path), header(ReadDbfHeader(file)) {
-    for (const std::string& warning : header.warnings) Note(warning);
+DbfSchema::DbfSchema(const std::string& path)
+    : file(path), notes(path), header(ReadDbfHeader(file)) {
+    for (const std::string& warning : header.warnings) notes.AddFault(warning);
     const DbfReader reader(*this);
     fields = ReadFields(reader.Handle(), header.hasLongTexts);
     FindEncoding(*this, reader.Handle());
     DecodeNames(*this);
     JudgeFields(*this);
-}
-
-void DbfSchema::Note(const std::string& fault) {
-    notes.push_back(file.Path() + ": " + fault);
-    faults.push_back(notes.back());
-}
-
-void DbfSchema::Remark(const std::string& remark) {
-    notes.push_back(file.Path() + ": " + remark);
-    remarks.push_back(notes.back());
-}
-
-void DbfSchema::NoteValue(std::size_t field, std::int64_t record, const std::string& fault) {
-    hasFaultyValueNote.resize(fields.size());
-    if (hasFaultyValueNote[field]) return;
-    hasFaultyValueNote[field] = true;
-    Note("record " + std::to_string(record) + ", field " + fields[field].name + ": " + fault +
-         ". Further ones in this field are not listed.");
 }
 
 }  // namespace desk

@@ -4,7 +4,6 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
-#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -15,11 +14,6 @@
 
 namespace desk {
 namespace {
-
-[[noreturn]] void FailReadOnly(const DbfSchema& schema) {
-    throw host::Failure(host::kFailureUnspecified, "DbfTable",
-                        schema.file.Path() + " is a dBase table, which is only read here.");
-}
 
 using host::Null;
 using host::Variant;
@@ -33,11 +27,14 @@ struct Cell {
     std::string_view bytes;
     std::int64_t record;
 
+    void NoteFault(const std::string& fault) const {
+        schema.notes.AddFaultyValue(field, schema.fields[field].name, record, fault);
+    }
+
     Variant IsNo(const std::string& kind, std::string_view text) const {
         std::string shown;
         schema.decoder->Decode(text, shown);
-        schema.NoteValue(field, record,
-                         "\"" + shown + "\" is no " + kind + " and was taken for no value");
+        NoteFault("\"" + shown + "\" is no " + kind + " and was taken for no value");
         return Null{};
     }
 };
@@ -70,10 +67,7 @@ Variant ReadNumber(const Cell& cell) {
     if (!IsAll(text, "0123456789+-.eE") || !Parse(text, value))
         return cell.IsNo("number", Trimmed(cell.bytes));
     if (std::abs(value) >= kLastExactInteger && IsAll(text, "0123456789-")) return text;
-    if (value >= std::numeric_limits<std::int32_t>::min() &&
-        value <= std::numeric_limits<std::int32_t>::max() && value == std::trunc(value))
-        return static_cast<std::int32_t>(value);
-    return value;
+    return NumberValue(value);
 }
 
 Variant ReadDate(const Cell& cell) {
@@ -99,8 +93,7 @@ Variant ReadText(const Cell& cell) {
     const TextDecoder& decoder = *cell.schema.decoder;
     std::string text;
     if (!decoder.DecodePadded(cell.bytes, text))
-        cell.schema.NoteValue(cell.field, cell.record,
-                              "\"" + text + "\" has bytes that are no " + decoder.Name());
+        cell.NoteFault("\"" + text + "\" has bytes that are no " + decoder.Name());
     return text;
 }
 
@@ -109,16 +102,16 @@ Variant ReadValue(DbfSchema& schema, std::size_t field, std::string_view record,
                   std::int64_t recordNumber) {
     const Cell cell = {schema, field, schema.fields[field].BytesIn(record), recordNumber};
     switch (schema.fields[field].kind) {
-        case DbfKind::Text:
+        case FieldKind::Text:
             return ReadText(cell);
-        case DbfKind::Number:
+        case FieldKind::Number:
             return ReadNumber(cell);
-        case DbfKind::Date:
+        case FieldKind::Date:
             return ReadDate(cell);
-        case DbfKind::Logical:
+        case FieldKind::Logical:
             return ReadLogical(cell);
-        case DbfKind::Memo:
-        case DbfKind::Unknown:
+        case FieldKind::Memo:
+        case FieldKind::Unknown:
             break;
     }
     return Null{};
@@ -140,7 +133,7 @@ public:
                 schema_->file.Path() + " has no field number " + std::to_string(index) + ".");
         return ReadValue(*schema_, static_cast<std::size_t>(index), record_, number_);
     }
-    void SetValue(std::int32_t, host::Variant) override { FailReadOnly(*schema_); }
+    void SetValue(std::int32_t, host::Variant) override { gis::FailReadOnly(schema_->file.Path()); }
     std::int32_t OID() const override { return number_; }
 
 private:
@@ -160,7 +153,7 @@ public:
         row_->Take(reader_);
         return row_;
     }
-    void InsertRow(const host::Ref<host::IHostRow>&) override { FailReadOnly(*schema_); }
+    void InsertRow(const host::Ref<host::IHostRow>&) override { gis::FailReadOnly(schema_->file.Path()); }
     void Flush() override {}
 
 private:
@@ -170,49 +163,22 @@ private:
     host::Ref<DbfRow> row_;
 };
 
-std::int32_t HostType(DbfKind kind) {
-    switch (kind) {
-        case DbfKind::Text:
-            return host::kFieldTypeText;
-        case DbfKind::Number:
-            return kFieldTypeNumber;
-        case DbfKind::Date:
-            return kFieldTypeDate;
-        case DbfKind::Logical:
-            return kFieldTypeLogical;
-        case DbfKind::Memo:
-        case DbfKind::Unknown:
-            break;
-    }
-    return kFieldTypeOther;
-}
-
 }  // namespace
 
 DbfTable::DbfTable(const std::string& path) : schema_(std::make_shared<DbfSchema>(path)) {}
 
 host::Ref<host::IHostFields> DbfTable::Fields() const {
-    auto fields = std::make_shared<desk::Fields>();
-    fields->SetFieldCount(static_cast<std::int32_t>(schema_->fields.size()));
-    std::int32_t index = 0;
-    for (const DbfField& field : schema_->fields)
-        fields->SetField(index++,
-                         std::make_shared<Field>(field.name, HostType(field.kind), field.length));
-    return fields;
+    return HostFields(SourceFields());
+}
+
+std::vector<gis::SourceField> DbfTable::SourceFields() const {
+    return {schema_->fields.begin(), schema_->fields.end()};
 }
 
 host::Ref<host::IHostCursor> DbfTable::Search(const host::Ref<host::IHostQueryFilter>& filter,
                                               bool recycling) {
     RequireEveryRow(filter);
     return std::make_shared<DbfCursor>(schema_, recycling);
-}
-
-host::Ref<host::IHostCursor> DbfTable::Insert(bool) {
-    FailReadOnly(*schema_);
-}
-
-host::Ref<host::IHostRow> DbfTable::CreateRowBuffer() {
-    FailReadOnly(*schema_);
 }
 
 std::int64_t DbfTable::LiveRecords() const {
@@ -222,7 +188,7 @@ std::int64_t DbfTable::LiveRecords() const {
     return liveRecords_ = count;
 }
 
-const std::string& DbfTable::Encoding() const {
+std::string DbfTable::Encoding() const {
     return schema_->decoder->Name();
 }
 

@@ -1,11 +1,33 @@
 #include "desk/tables/PlainObjects.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
+namespace {
+
+std::int32_t HostType(gis::FieldKind kind) {
+    switch (kind) {
+        case gis::FieldKind::Text:
+            return host::kFieldTypeText;
+        case gis::FieldKind::Number:
+            return kFieldTypeNumber;
+        case gis::FieldKind::Date:
+            return kFieldTypeDate;
+        case gis::FieldKind::Logical:
+            return kFieldTypeLogical;
+        case gis::FieldKind::Memo:
+        case gis::FieldKind::Unknown:
+            break;
+    }
+    return kFieldTypeOther;
+}
+
+}  // namespace
 
 void Fields::SetFieldCount(std::int32_t count) {
     fields_.resize(static_cast<std::size_t>(count < 0 ? 0 : count));
@@ -50,6 +72,23 @@ std::int32_t FieldNames::Find(const std::string& name) const {
     if (exact != names_.end()) return static_cast<std::int32_t>(exact - names_.begin());
     const auto place = folded_.find(FoldCase(name));
     return place == folded_.end() ? -1 : place->second;
+}
+
+host::Ref<host::IHostFields> HostFields(const std::vector<gis::SourceField>& fields) {
+    auto list = std::make_shared<Fields>();
+    list->SetFieldCount(static_cast<std::int32_t>(fields.size()));
+    std::int32_t index = 0;
+    for (const auto& field : fields)
+        list->SetField(index++,
+                       std::make_shared<Field>(field.name, HostType(field.kind), field.length));
+    return list;
+}
+
+host::Variant NumberValue(double number) {
+    if (number >= std::numeric_limits<std::int32_t>::min() &&
+        number <= std::numeric_limits<std::int32_t>::max() && number == std::trunc(number))
+        return static_cast<std::int32_t>(number);
+    return number;
 }
 
 void RequireEveryRow(const host::Ref<host::IHostQueryFilter>& filter) {

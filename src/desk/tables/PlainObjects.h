@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/Tables.h"
+#include "gis/module/SourceTable.h"
 
 namespace desk {
 
@@ -99,6 +99,12 @@ private:
     std::unordered_map<std::string, std::int32_t> folded_;
     std::vector<std::string> repeated_;
 };
+
+/// Returns the host's view of a table's fields.
+host::Ref<host::IHostFields> HostFields(const std::vector<gis::SourceField>& fields);
+
+/// Returns a number as a table's value: an Integer if it is whole and in range, else a Double.
+host::Variant NumberValue(double number);
 
 /// Throws for a filter with a condition, which the desk's tables do not support.
 void RequireEveryRow(const host::Ref<host::IHostQueryFilter>& filter);

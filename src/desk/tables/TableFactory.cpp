@@ -1,14 +1,15 @@
 #include "desk/tables/TableFactory.h"
 
-#include "desk/tables/DbfWorkspace.h"
 #include "desk/tables/PlainObjects.h"
 #include "desk/tables/Scratch.h"
+#include "desk/tables/TablePath.h"
 #include "desk/tables/TableSort.h"
+#include "desk/tables/TableWorkspace.h"
 
 namespace desk {
 
 host::Ref<host::IHostTable> OpenTableFile(const std::string& path) {
-    return DbfWorkspaceFactory().OpenFromFile("", 0)->OpenTable(path);
+    return OpenTable(FindTable(path));
 }
 
 host::Ref<host::IHostScratchWorkspaceFactory> TableFactory::NewScratchWorkspaceFactory() {
@@ -16,7 +17,7 @@ host::Ref<host::IHostScratchWorkspaceFactory> TableFactory::NewScratchWorkspaceF
 }
 
 host::Ref<host::IHostWorkspaceFactory> TableFactory::NewWorkspaceFactory() {
-    return std::make_shared<DbfWorkspaceFactory>();
+    return std::make_shared<TableWorkspaceFactory>();
 }
 
 host::Ref<host::IHostFields> TableFactory::NewFields() {

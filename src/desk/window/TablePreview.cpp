@@ -7,8 +7,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "desk/tables/DbfTable.h"
 #include "desk/tables/PlainObjects.h"
+#include "desk/tables/TablePath.h"
 #include "desk/window/WidgetText.h"
 #include "host/Failure.h"
 
@@ -31,18 +31,18 @@ QLabel* WrappedLabel(QWidget* parent) {
     return label;
 }
 
-QString Records(const DbfTable& table) {
+QString Records(const gis::SourceTable& table) {
     const QString path = ToQt(table.Path());
     const QLocale locale;
     if (QFileInfo(path).size() > kReadThrough)
-        return locale.toString(table.RecordCount()) + " records with deleted ones";
+        return locale.toString(table.CountRows()) + " records with deleted ones";
     const auto count = table.LiveRecords();
     return locale.toString(count) + (count == 1 ? " record" : " records");
 }
 
-QString Notes(const DbfTable& table) {
+QString Notes(const gis::SourceTable& table) {
     QStringList notes;
-    const auto& warnings = table.Warnings();
+    const auto& warnings = table.Notes().All();
     for (std::size_t i = 0; i < warnings.size() && i < kNotes; ++i) notes << ToQt(warnings[i]);
     return notes.join('\n');
 }
@@ -53,21 +53,21 @@ QString Sized(const QString& type, int length) {
 
 }  // namespace
 
-QString TypeInWords(const DbfField& field) {
+QString TypeInWords(const gis::SourceField& field) {
     switch (field.kind) {
-        case DbfKind::Text:
+        case gis::FieldKind::Text:
             return Sized("Text", field.length);
-        case DbfKind::Number:
+        case gis::FieldKind::Number:
             return field.decimals == 0 ? Sized("Number", field.length)
                                        : "Number (" + QString::number(field.length) + "." +
                                              QString::number(field.decimals) + ")";
-        case DbfKind::Date:
+        case gis::FieldKind::Date:
             return "Date";
-        case DbfKind::Logical:
+        case gis::FieldKind::Logical:
             return "Yes or no";
-        case DbfKind::Memo:
+        case gis::FieldKind::Memo:
             return "Memo, not read";
-        case DbfKind::Unknown:
+        case gis::FieldKind::Unknown:
             break;
     }
     return "Not read";
@@ -143,9 +143,10 @@ void TablePreview::ShowTable(const QString& path) {
 }
 
 void TablePreview::Fill(const QString& path) {
-    const DbfTable table(FromQt(path));
-    const auto& fields = table.DbfFields();
-    for (const DbfField& field : fields)
+    const auto opened = OpenTable(FindTable(FromQt(path)));
+    const auto& table = *opened;
+    const auto fields = table.SourceFields();
+    for (const gis::SourceField& field : fields)
         new QTreeWidgetItem(fields_, {ToQt(field.name), TypeInWords(field)});
     summary_->setText(Records(table) + ", " + QLocale().toString(fields.size()) +
                       (fields.size() == 1 ? " field" : " fields") + "\nText in " +

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QWidget>
 
-#include "desk/tables/DbfSchema.h"
+#include "gis/module/SourceTable.h"
 #include "host/Tables.h"
 
 class QLabel;
@@ -12,7 +12,7 @@ class QTreeWidget;
 namespace desk {
 
 /// Returns the type of a field for display, such as "Text (40)", "Number (8.2)" or "Date".
-QString TypeInWords(const DbfField& field);
+QString TypeInWords(const gis::SourceField& field);
 QString TypeInWords(const host::IHostField& field);
 
 /// Shows the fields of a dBase table, the number of its records, and the reader's warnings.

@@ -2,7 +2,7 @@
 #include <string>
 
 #include "desk/tables/DbfTable.h"
-#include "desk/tables/DbfWorkspace.h"
+#include "desk/tables/TableWorkspace.h"
 #include "desk/tables/PlainObjects.h"
 #include "host/Failure.h"
 #include "support/DbfBuilder.h"
@@ -11,9 +11,9 @@
 namespace desk {
 namespace {
 
-class DbfWorkspaceTest : public testing::Test {
+class TableWorkspaceTest : public testing::Test {
 protected:
-    DbfWorkspaceTest() {
+    TableWorkspaceTest() {
         std::filesystem::create_directory(folder_.File("sub"));
         folder_.Write("notes.txt", "x");
         for (const char* name : {"roads.dbf", "UPPER.DBF", "sub/deep.dbf"})
@@ -22,7 +22,7 @@ protected:
                 .Write(folder_.File(name));
     }
     std::string Opened(const std::string& folder, const std::string& name) {
-        const auto table = DbfWorkspaceFactory().OpenFromFile(folder, 0)->OpenTable(name);
+        const auto table = TableWorkspaceFactory().OpenFromFile(folder, 0)->OpenTable(name);
         return host::As<DbfTable>(table)->Path().substr(root_.size() + 1);
     }
 
@@ -30,7 +30,7 @@ protected:
     std::string root_ = folder_.Path();
 };
 
-TEST_F(DbfWorkspaceTest, FindsTablesAsTheyAreSpelled) {
+TEST_F(TableWorkspaceTest, FindsTablesAsTheyAreSpelled) {
     EXPECT_EQ(Opened(root_ + "/", "roads.DBF"), "roads.dbf");
     EXPECT_EQ(Opened(root_, "roads"), "roads.dbf");
     EXPECT_EQ(Opened(root_, "UPPER.dbf"), "UPPER.DBF");
@@ -42,8 +42,8 @@ TEST_F(DbfWorkspaceTest, FindsTablesAsTheyAreSpelled) {
     EXPECT_THROW(Opened(root_ + "/none", "roads.dbf"), host::Failure);
 }
 
-TEST_F(DbfWorkspaceTest, ListsTablesAndChangesNone) {
-    DbfWorkspace workspace(root_);
+TEST_F(TableWorkspaceTest, ListsTablesAndChangesNone) {
+    TableWorkspace workspace(root_);
     const auto list = workspace.Datasets(host::kDatasetTypeTable);
     const auto first = list->Next();
     EXPECT_EQ(first->Name(), "UPPER.DBF");
@@ -55,7 +55,7 @@ TEST_F(DbfWorkspaceTest, ListsTablesAndChangesNone) {
     EXPECT_THROW(workspace.OpenTable("roads.dbf")->Insert(true), host::Failure);
 }
 
-TEST_F(DbfWorkspaceTest, FieldsAreFoundInAnyCase) {
+TEST_F(TableWorkspaceTest, FieldsAreFoundInAnyCase) {
     DbfTable table(folder_.File("roads.dbf"));
     for (const auto& [name, index] :
          {std::pair{"page", 0}, {"Page", 0}, {"PAGE", 2}, {"LISTING", 1}, {"Row", -1}}) {
@@ -63,7 +63,7 @@ TEST_F(DbfWorkspaceTest, FieldsAreFoundInAnyCase) {
         EXPECT_EQ(table.Fields()->FindField(name), index);
     }
     EXPECT_EQ(table.Fields()->Field(1)->Type(), host::kFieldTypeText);
-    EXPECT_EQ(table.Warnings().size(), 1U);  // Two fields of one name.
+    EXPECT_EQ(table.Notes().All().size(), 1U);  // Two fields of one name.
 
     const auto filter = std::make_shared<QueryFilter>();
     filter->SetWhereClause("Page = 1");

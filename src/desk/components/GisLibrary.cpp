@@ -1,0 +1,49 @@
+#include "desk/components/GisLibrary.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "desk/components/SharedLibrary.h"
+#include "host/Failure.h"
+
+namespace desk {
+namespace {
+
+void Build() {
+    const char* const command = std::getenv("GAZETTEER_GDAL_BUILD");
+    if (command != nullptr && std::system(command) != 0)  // NOLINT(cert-env33-c): the user's own.
+        throw host::Failure(host::kFailureUnspecified, "LoadGisModule",
+                            std::string("The library that reads the sources of a GIS could not be "
+                                        "built: \"") +
+                                command + "\" failed.");
+}
+
+gis::GisModule& Load(const std::string& file) {
+    SharedLibrary library("The library", file);
+    const auto entry = reinterpret_cast<gis::GisModuleEntry>(library.Find(gis::kGisModuleEntry));
+    if (entry == nullptr)
+        throw host::Failure(host::kFailureUnspecified, "LoadGisModule",
+                            "The library \"" + file +
+                                "\" is of another version than this program; both packages, "
+                                "gazetteer and gazetteer-gdal, must be of the same version.");
+    // GDAL leaves threads' data and exit handlers behind.
+    library.Keep();
+    return *entry();
+}
+
+}  // namespace
+
+gis::GisModule& LoadGisModule(const std::string& source) {
+    static gis::GisModule* module = nullptr;
+    if (module != nullptr) return *module;
+    const std::string file = LibraryOfProgram("gazetteer/libgazetteer-gdal.so");
+    if (!std::filesystem::exists(file)) Build();
+    if (!std::filesystem::exists(file))
+        throw host::Failure(host::kFailureNotFound, "LoadGisModule",
+                            source + " is no dBase table, and tables of other formats need the "
+                                     "package gazetteer-gdal, which is not installed.");
+    module = &Load(file);
+    return *module;
+}
+
+}  // namespace desk

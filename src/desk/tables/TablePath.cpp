@@ -1,0 +1,94 @@
+#include "desk/tables/TablePath.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <optional>
+
+#include "desk/components/GisLibrary.h"
+#include "desk/tables/DbfHeader.h"
+#include "desk/tables/DbfTable.h"
+#include "desk/tables/FilesOfFolder.h"
+#include "desk/tables/RecordFile.h"
+#include "desk/unicode/FoldCase.h"
+#include "host/Failure.h"
+
+namespace desk {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kEnding = ".dbf";
+/// A folder that is one database.
+constexpr const char* kDatabaseFolder = ".gdb";
+
+bool IsSource(const fs::path& path) {
+    std::error_code ignored;
+    const auto status = fs::status(path, ignored);
+    return fs::exists(status) &&
+           (!fs::is_directory(status) || FoldCase(path.extension()) == kDatabaseFolder);
+}
+
+/// Returns the file in another case of its ending, or with the ending of dBase.
+std::optional<fs::path> InOtherCase(fs::path wanted) {
+    if (!wanted.has_extension()) wanted += kEnding;
+    for (const fs::path& file : FilesOfFolder(wanted.parent_path()))
+        if (file.stem() == wanted.stem() &&
+            FoldCase(file.extension()) == FoldCase(wanted.extension()))
+            return wanted.parent_path() / file;
+    return std::nullopt;
+}
+
+std::optional<TablePath> FindAt(const fs::path& path) {
+    if (IsSource(path)) return TablePath{path, {}};
+    if (const auto file = InOtherCase(path)) return TablePath{*file, {}};
+    for (fs::path source = path.parent_path(); source.has_relative_path();
+         source = source.parent_path())
+        if (IsSource(source)) return TablePath{source, path.lexically_relative(source)};
+    return std::nullopt;
+}
+
+bool IsDbf(const TablePath& path) {
+    if (path.IsConnection() || !path.layer.empty()) return false;
+    if (!path.Exists() || FoldCase(fs::path(path.source).extension()) == kEnding) return true;
+    return !fs::is_directory(path.source) && IsDbf(RecordFile(path.source));
+}
+
+}  // namespace
+
+bool TablePath::IsConnection() const {
+    constexpr std::size_t kDrive = 1;  // A letter before a colon is a drive.
+    const auto name = std::ranges::find_if_not(
+        source, [](unsigned char letter) { return std::isalnum(letter) != 0; });
+    const bool isNamed = name != source.end() && *name == ':' &&
+                         name - source.begin() > static_cast<std::ptrdiff_t>(kDrive);
+    return (isNamed || source.starts_with("/vsi")) && !IsSource(source);
+}
+
+bool TablePath::Exists() const {
+    return IsConnection() || IsSource(source);
+}
+
+TablePath FindTable(const std::string& path, const std::string& beside) {
+    if (const TablePath given{path, {}}; given.Exists()) return given;
+    // The path as given comes first, because a file name may contain a backslash.
+    std::string converted = path;
+    std::ranges::replace(converted, '\\', '/');
+    const fs::path given = converted;
+    if (const auto found = FindAt(given)) return *found;
+    if (!beside.empty() && given.has_filename()) {
+        const fs::path folder = beside;
+        if (const auto found = FindAt(folder / given.filename())) return *found;
+        if (const auto found =
+                FindAt(folder / given.parent_path().filename() / given.filename()))
+            return *found;
+    }
+    return {converted, {}};
+}
+
+std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path) {
+    if (IsDbf(path)) return std::make_shared<DbfTable>(path.source);
+    return LoadGisModule(path.Text()).OpenTable(path.source, path.layer);
+}
+
+}  // namespace desk

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+#include <string>
+#include <vector>
+
+namespace gis {
+
+/// Collects what GDAL reports on this thread while the object exists.
+class GdalMessages {
+public:
+    GdalMessages();
+    GdalMessages(const GdalMessages&) = delete;
+    GdalMessages& operator=(const GdalMessages&) = delete;
+    ~GdalMessages();
+
+    /// The first error, without a full stop; empty if there was none.
+    const std::string& Error() const { return error_; }
+    /// Returns the warnings since the last call, as sentences.
+    std::vector<std::string> TakeWarnings();
+    /// Throws host::Failure with the error, if there was one.
+    void ThrowIfFailed(const std::string& source) const;
+
+private:
+    static void Report(CPLErr kind, CPLErrorNum number, const char* text);
+
+    std::string error_;
+    std::vector<std::string> warnings_;
+};
+
+struct OpenLayer {
+    GDALDatasetUniquePtr dataset;
+    OGRLayer* layer = nullptr;
+};
+
+/// The names of a source's layers, in its order. Throws host::Failure if it cannot be opened.
+std::vector<std::string> LayerNames(const std::string& source);
+
+/// Opens a layer read-only; an empty name stands for the only one. A connection may name its layer
+/// at its end ("PG:dbname=atlas/streets"). Throws host::Failure with one sentence if the source
+/// cannot be opened, has no such layer, or has several and none is named.
+OpenLayer OpenLayerOf(const std::string& source, const std::string& layer);
+
+}  // namespace gis

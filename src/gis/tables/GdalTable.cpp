@@ -1,0 +1,203 @@
+#include "gis/tables/GdalTable.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include "desk/files/Files.h"
+#include "desk/tables/PlainObjects.h"
+#include "gis/tables/Dataset.h"
+#include "gis/tables/Values.h"
+#include "host/Failure.h"
+
+namespace gis {
+namespace {
+
+/// GDAL's warnings that are told of one table.
+constexpr std::size_t kMostWarnings = 10;
+
+void AddWarnings(GdalMessages& messages, TableNotes& notes) {
+    for (const auto& warning : messages.TakeWarnings())
+        if (notes.Faults().size() < kMostWarnings) notes.AddFault(warning);
+}
+
+OpenLayer OpenWithoutGeometry(const std::string& source, const std::string& layer) {
+    auto opened = OpenLayerOf(source, layer);
+    const char* ignored[] = {"OGR_GEOMETRY", nullptr};
+    if (opened.layer->TestCapability(OLCIgnoreFields) != 0)
+        opened.layer->SetIgnoredFields(ignored);
+    return opened;
+}
+
+// The first line of a CSV file has names, but no types; a file .csvt beside it may have them.
+bool IsUntyped(const OpenLayer& opened) {
+    return std::string(opened.dataset->GetDriverName()) == "CSV";
+}
+
+}  // namespace
+
+struct GdalTable::Shared {
+    Shared(const std::string& from, const std::string& layerName)
+        : source(from),
+          layer(layerName),
+          notes(layerName.empty() ? from : from + '/' + layerName),
+          state(desk::FileState::At(from)) {
+        GdalMessages messages;
+        auto opened = OpenWithoutGeometry(source, layer);
+        fields = DescribeFields(*opened.layer->GetLayerDefn(), IsUntyped(opened));
+        std::vector<std::string> fieldNames;
+        for (const auto& field : fields.fields) fieldNames.push_back(field.name);
+        names = desk::FieldNames(fieldNames);
+        for (const auto& name : names.Repeated())
+            notes.AddFault("more than one field is named " + name +
+                           "; the one so written counts, else the first.");
+        AddWarnings(messages, notes);
+        idle = std::move(opened);
+    }
+
+    /// Opens the layer again, unless it is open and no cursor reads it.
+    OpenLayer Take() {
+        CheckUnchanged();
+        auto opened = idle ? *std::exchange(idle, std::nullopt) : OpenWithoutGeometry(source, layer);
+        if (DescribeFields(*opened.layer->GetLayerDefn(), fields.isUntyped).fields != fields.fields)
+            Fail(" has other fields than when it was opened.");
+        opened.layer->ResetReading();
+        return opened;
+    }
+
+    void CheckUnchanged() const {
+        if (!(desk::FileState::At(source) == state))
+            Fail(" was changed by another program while it was read.");
+    }
+
+    [[noreturn]] void Fail(const std::string& fault) const {
+        throw host::Failure(host::kFailureUnspecified, "GdalTable", notes.Path() + fault);
+    }
+
+    std::string source;
+    std::string layer;
+    TableNotes notes;
+    desk::FileState state;  ///< Of the file when the table was opened.
+    LayerFields fields;
+    desk::FieldNames names;
+    std::optional<OpenLayer> idle;
+};
+
+namespace {
+
+using Shared = GdalTable::Shared;
+
+class GdalRow : public host::IHostRow {
+public:
+    explicit GdalRow(std::shared_ptr<Shared> table) : table_(std::move(table)) {}
+
+    void Take(OGRFeatureUniquePtr feature) { feature_ = std::move(feature); }
+
+    host::Variant Value(std::int32_t index) const override {
+        const auto field = static_cast<std::size_t>(index);
+        if (index < 0 || field >= table_->fields.fields.size())
+            table_->Fail(" has no field number " + std::to_string(index) + '.');
+        return ReadValue(table_->fields, *feature_, field, table_->notes);
+    }
+    void SetValue(std::int32_t, host::Variant) override { FailReadOnly(table_->notes.Path()); }
+    std::int32_t OID() const override {
+        const std::int64_t number = FeatureNumber(*feature_);
+        return number > std::numeric_limits<std::int32_t>::max()
+                   ? -1
+                   : static_cast<std::int32_t>(number);
+    }
+
+private:
+    std::shared_ptr<Shared> table_;
+    OGRFeatureUniquePtr feature_;
+};
+
+class GdalCursor : public host::IHostCursor {
+public:
+    GdalCursor(const std::shared_ptr<Shared>& table, bool recycling)
+        : table_(table), open_(table->Take()), recycling_(recycling) {}
+    GdalCursor(const GdalCursor&) = delete;
+    GdalCursor& operator=(const GdalCursor&) = delete;
+    ~GdalCursor() override {
+        if (open_.dataset) table_->idle = std::move(open_);
+    }
+
+    host::Ref<host::IHostRow> NextRow() override {
+        if (!open_.dataset) return nullptr;
+        GdalMessages messages;
+        OGRFeatureUniquePtr feature(open_.layer->GetNextFeature());
+        AddWarnings(messages, table_->notes);
+        if (!feature) {
+            End(messages);
+            return nullptr;
+        }
+        if (!row_ || !recycling_) row_ = std::make_shared<GdalRow>(table_);
+        row_->Take(std::move(feature));
+        return row_;
+    }
+    void InsertRow(const host::Ref<host::IHostRow>&) override { FailReadOnly(table_->notes.Path()); }
+    void Flush() override {}
+
+private:
+    void End(const GdalMessages& messages) {
+        auto open = std::move(open_);
+        messages.ThrowIfFailed(table_->notes.Path());
+        table_->CheckUnchanged();
+        table_->idle = std::move(open);
+    }
+
+    std::shared_ptr<Shared> table_;
+    OpenLayer open_;  ///< Empty at the end.
+    bool recycling_;
+    host::Ref<GdalRow> row_;
+};
+
+}  // namespace
+
+GdalTable::GdalTable(const std::string& source, const std::string& layer)
+    : shared_(std::make_shared<Shared>(source, layer)) {}
+
+host::Ref<host::IHostFields> GdalTable::Fields() const {
+    return desk::HostFields(shared_->fields.fields);
+}
+
+std::int32_t GdalTable::FindField(const std::string& name) const {
+    return shared_->names.Find(name);
+}
+
+host::Ref<host::IHostCursor> GdalTable::Search(const host::Ref<host::IHostQueryFilter>& filter,
+                                               bool recycling) {
+    desk::RequireEveryRow(filter);
+    return std::make_shared<GdalCursor>(shared_, recycling);
+}
+
+std::int64_t GdalTable::CountRows() const {
+    GdalMessages messages;
+    const auto& idle = shared_->idle;
+    const bool isFast = idle && idle->layer->TestCapability(OLCFastFeatureCount) != 0;
+    return isFast ? std::max<std::int64_t>(0, idle->layer->GetFeatureCount()) : 0;
+}
+
+std::vector<SourceField> GdalTable::SourceFields() const {
+    return shared_->fields.fields;
+}
+
+std::string GdalTable::EncodingFrom() const {
+    return "as GDAL reads every format";
+}
+
+std::int64_t GdalTable::LiveRecords() const {
+    GdalMessages messages;
+    auto opened = shared_->Take();
+    const std::int64_t count = opened.layer->GetFeatureCount();
+    messages.ThrowIfFailed(shared_->notes.Path());
+    shared_->idle = std::move(opened);
+    return std::max<std::int64_t>(0, count);
+}
+
+const TableNotes& GdalTable::Notes() const {
+    return shared_->notes;
+}
+
+}  // namespace gis

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <ogr_feature.h>
+#include <string>
+#include <vector>
+
+#include "gis/module/SourceTable.h"
+
+namespace gis {
+
+/// How the fields of a layer are read.
+struct LayerFields {
+    /// Whether the format knows texts only, as CSV does. A text that is written exactly as a number
+    /// would be is then one: "12.5", but not "007", "12.50" or "1E5".
+    bool isUntyped = false;
+    std::vector<SourceField> fields;
+};
+
+LayerFields DescribeFields(const OGRFeatureDefn& layer, bool isUntyped);
+
+/// Returns the value of a field, from 0. Faults are added to the notes.
+host::Variant ReadValue(const LayerFields& fields, const OGRFeature& feature, std::size_t field,
+                        TableNotes& notes);
+
+/// Number of a feature for display, as a GIS shows it.
+std::int64_t FeatureNumber(const OGRFeature& feature);
+
+}  // namespace gis
