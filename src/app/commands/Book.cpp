@@ -1,56 +1,15 @@
-#include <charconv>
 #include <filesystem>
 
 #include "app/commands/Commands.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/tables/Labels.h"
 #include "desk/files/Files.h"
 #include "desk/json/JsonWriter.h"
 #include "desk/tables/TablePath.h"
-#include "support/Text.h"
 
 namespace app {
 namespace {
-
-using Labels = std::vector<std::string>;
-
-constexpr std::size_t kMostLabels = 1000;
-
-[[noreturn]] void FailLabels(const std::string& option, const std::string& text) {
-    throw UsageError(option + ' ' + Shown(text) +
-                     ": labels are given as A..H, 1..10 or with commas, at most 1000.");
-}
-
-std::string LabelAt(long number, bool isLetter) {
-    return isLetter ? std::string(1, static_cast<char>(number)) : std::to_string(number);
-}
-
-// Parses "A..H", "1..10", or labels with commas between them.
-Labels ParseLabels(const std::string& option, const std::string& text) {
-    const auto dots = text.find("..");
-    if (dots == std::string::npos) {
-        auto labels = gazetteer::Split(text, ',');
-        if (labels.size() > kMostLabels) FailLabels(option, text);
-        return labels;
-    }
-    const auto end = [&](std::string_view piece) -> std::pair<long, bool> {
-        if (piece.size() == 1 && std::isalpha(static_cast<unsigned char>(piece[0])))
-            return {piece[0], true};
-        long number = -1;
-        const auto parsed = std::from_chars(piece.data(), piece.data() + piece.size(), number);
-        if (parsed.ptr != piece.data() + piece.size() || number < 0) FailLabels(option, text);
-        return {number, false};
-    };
-    const auto [first, firstIsLetter] = end(std::string_view(text).substr(0, dots));
-    const auto [last, lastIsLetter] = end(std::string_view(text).substr(dots + 2));
-    if (firstIsLetter != lastIsLetter || last < first ||
-        last - first >= static_cast<long>(kMostLabels))
-        FailLabels(option, text);
-    Labels labels;
-    for (long number = first; number <= last; ++number)
-        labels.push_back(LabelAt(number, firstIsLetter));
-    return labels;
-}
 
 void WriteTexts(desk::JsonWriter& json, std::string_view key, const Labels& texts) {
     json.Key(key);

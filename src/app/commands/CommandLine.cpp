@@ -8,6 +8,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
 #include "app/commands/HelpTexts.h"
+#include "app/commands/TableArguments.h"
 #include "app/document/ArgumentParser.h"
 #include "app/document/ColumnGroups.h"
 #include "app/document/Errors.h"
@@ -226,6 +227,16 @@ void Commands::AddOthers() {
     table.add_option("FILE", options_.table, "The table")->required();
     table.add_flag("--json", options_.json, "As JSON");
     AddNumber(table, "--limit", options_.limit, {0, kMostRows}, "Show at most this many rows, {}");
+
+    DeclareImport(Add(program_, "import", "Make a table of listings from any other table", Import),
+                  options_);
+    auto& locate =
+        Add(program_, "locate", "Make a table of listings from features and sheets", Locate);
+    DeclareLocate(locate, options_);
+    locate.callback([this, &locate] {
+        TakeFeatures(locate, options_.located);
+        chosen_ = Locate;
+    });
 
     auto& book = AddParent(program_, "book", "Write a map book file to start from");
     book.require_subcommand(1);

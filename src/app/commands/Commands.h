@@ -6,6 +6,7 @@
 
 #include "app/commands/CommandSession.h"
 #include "app/document/NewDocument.h"
+#include "app/tables/TableOptions.h"
 
 namespace app {
 
@@ -25,8 +26,10 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::int64_t startPage = 1;          ///< Page of the book on which the first map stands.
     std::string rowLabels = "A..H";      ///< Of the grid: "A..H", "1..10" or with commas.
     std::string columnLabels = "1..10";  ///< The same.
-    double dotsPerInch = 150;            ///< Of PNG images.
-    std::int64_t limit = -1;             ///< Maximum number of rows shown; negative: all.
+    ImportOptions imported;
+    LocateOptions located;
+    double dotsPerInch = 150;  ///< Of PNG images.
+    std::int64_t limit = -1;   ///< Maximum number of rows shown; negative: all.
     bool json = false;
     bool force = false;
     bool strict = false;
@@ -36,7 +39,7 @@ struct Options : CommonOptions, NewDocumentOptions {
 using Command = int(const Options& options);
 Command Make, New, Set, ColumnAdd, ColumnRemove, ColumnList;
 Command Check, Generate, Show, Draft, Draw, Export, Table;
-Command InstallComponent, UninstallComponent, BookNew;
+Command InstallComponent, UninstallComponent, BookNew, Import, Locate;
 
 /// Parses the arguments and runs the command. Returns the exit status: 0 success, 1 failure, 2
 /// wrong usage. For 1 and 2 it has written one sentence to standard error.

@@ -130,6 +130,20 @@ A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` s
   gazetteer table names.dbf --limit 5
 The encoding is taken from a .cpg file beside the table, else from its header. Warnings tell of
 records that are missing or damaged.)"},
+    {"import", R"(
+  gazetteer import places.gpkg --listing name --page blatt --row zeile --column spalte -o names.dbf
+  gazetteer import places.xlsx --layer Sheet1 --where "kind = 'town'" --keep region -o names.csv
+Without --listing, --page, --row and --column the fields Listing, Page, Row and Column of the source are
+taken. A source is any table that GDAL reads, such as a GeoPackage, a Shapefile, CSV, GeoJSON, XLSX, ODS
+or PostGIS ("PG:dbname=atlas/places").)"},
+    {"locate", R"(
+  gazetteer locate streets.gpkg --name name --sheets atlas.gpkg/sheets --grid 8x10 -o names.dbf
+  gazetteer locate streets.gpkg --set Kind=street parks.gpkg --name title --set Kind=park \
+                   --sheets atlas.gpkg/sheets --page blatt --grid 8x10 -o names.dbf
+--name, --where and --set behind a source belong to it, before all sources to each. Sheets are rectangles
+in any rotation, with a field of the page; those that overlap give a reference each. A square owns its
+upper and left border, the last row and column their outer border, too. A line that only touches a square
+is not listed under it. Features of other reference systems are transformed to that of the sheets.)"},
     {"book", R"(
   gazetteer book new book.json --sheets sheets.dbf --start-page 5 --row-labels A..F
 A map book tells on which page of the book a map sheet stands, and what its grid squares are called.

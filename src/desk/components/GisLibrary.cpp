@@ -33,15 +33,14 @@ gis::GisModule& Load(const std::string& file) {
 
 }  // namespace
 
-gis::GisModule& LoadGisModule(const std::string& source) {
+gis::GisModule& LoadGisModule(const std::string& purpose) {
     static gis::GisModule* module = nullptr;
     if (module != nullptr) return *module;
     const std::string file = LibraryOfProgram("gazetteer/libgazetteer-gdal.so");
     if (!std::filesystem::exists(file)) Build();
     if (!std::filesystem::exists(file))
         throw host::Failure(host::kFailureNotFound, "LoadGisModule",
-                            source + " is no dBase table, and tables of other formats need the "
-                                     "package gazetteer-gdal, which is not installed.");
+                            purpose + " needs the package gazetteer-gdal, which is not installed.");
     module = &Load(file);
     return *module;
 }

@@ -79,16 +79,18 @@ TablePath FindTable(const std::string& path, const std::string& beside) {
     if (!beside.empty() && given.has_filename()) {
         const fs::path folder = beside;
         if (const auto found = FindAt(folder / given.filename())) return *found;
-        if (const auto found =
-                FindAt(folder / given.parent_path().filename() / given.filename()))
+        if (const auto found = FindAt(folder / given.parent_path().filename() / given.filename()))
             return *found;
     }
     return {converted, {}};
 }
 
-std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path) {
-    if (IsDbf(path)) return std::make_shared<DbfTable>(path.source);
-    return LoadGisModule(path.Text()).OpenTable(path.source, path.layer);
+std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path, const std::string& where) {
+    const bool isDbf = IsDbf(path);
+    if (isDbf && (where.empty() || !path.Exists())) return std::make_shared<DbfTable>(path.source);
+    const std::string purpose = isDbf ? "Selecting records of " + path.Text()
+                                      : "Reading " + path.Text() + ", which is no dBase table,";
+    return LoadGisModule(purpose).OpenTable(path.source, path.layer, where);
 }
 
 }  // namespace desk

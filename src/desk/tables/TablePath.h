@@ -27,8 +27,9 @@ struct TablePath {
 /// exist.
 TablePath FindTable(const std::string& path, const std::string& beside = {});
 
-/// Opens a dBase table, or that of another source by the module for them. Throws host::Failure with
-/// one sentence that names the table and the fault.
-std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path);
+/// Opens a dBase table, or that of another source by the module for them, which also selects the
+/// records that meet an SQL condition; empty: all. Throws host::Failure with one sentence that
+/// names the table and the fault.
+std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path, const std::string& where = {});
 
 }  // namespace desk

@@ -43,10 +43,10 @@ host::Ref<host::IHostTable> TableWorkspace::OpenTable(const std::string& name) {
 }
 
 host::Ref<host::IHostTable> TableWorkspace::CreateTable(const std::string& name,
-                                                      const host::Ref<host::IHostFields>&,
-                                                      const host::Ref<host::IHostIdentifier>&,
-                                                      const host::Ref<host::IHostIdentifier>&,
-                                                      const std::string&) {
+                                                        const host::Ref<host::IHostFields>&,
+                                                        const host::Ref<host::IHostIdentifier>&,
+                                                        const host::Ref<host::IHostIdentifier>&,
+                                                        const std::string&) {
     throw host::Failure(host::kFailureUnspecified, "TableWorkspace",
                         "The table " + name + " cannot be made: tables are only read here.");
 }
@@ -60,7 +60,7 @@ host::Ref<host::IHostDatasetEnum> TableWorkspace::Datasets(std::int32_t type) {
 }
 
 std::vector<std::string> TableWorkspace::TableNames() const {
-    if (!IsFolder(folder_)) return LoadGisModule(folder_).Layers(folder_);
+    if (!IsFolder(folder_)) return LoadGisModule("Reading " + folder_).Layers(folder_);
     std::vector<std::string> names;
     for (const fs::path& file : FilesOfFolder(folder_))
         if (FoldCase(file.extension()) == ".dbf") names.push_back(file);

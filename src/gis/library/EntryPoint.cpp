@@ -1,6 +1,8 @@
+#include "gis/locate/LocateFeatures.h"
 #include "gis/module/GisModule.h"
 #include "gis/tables/Dataset.h"
 #include "gis/tables/GdalTable.h"
+#include "gis/tables/GdalWriter.h"
 
 namespace {
 
@@ -9,9 +11,16 @@ public:
     std::vector<std::string> Layers(const std::string& source) override {
         return gis::LayerNames(source);
     }
-    std::shared_ptr<gis::SourceTable> OpenTable(const std::string& source,
-                                                const std::string& layer) override {
-        return std::make_shared<gis::GdalTable>(source, layer);
+    std::shared_ptr<gis::SourceTable> OpenTable(const std::string& source, const std::string& layer,
+                                                const std::string& where) override {
+        return std::make_shared<gis::GdalTable>(source, layer, where);
+    }
+    std::unique_ptr<gis::TableWriter> CreateTable(
+        const std::string& path, const std::vector<gis::SourceField>& fields) override {
+        return std::make_unique<gis::GdalWriter>(path, fields);
+    }
+    gis::LocateResult Locate(const gis::LocateJob& job) override {
+        return gis::LocateFeatures(job);
     }
 };
 

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "gis/module/Locate.h"
 #include "gis/module/SourceTable.h"
+#include "gis/module/TableWriter.h"
 
 namespace gis {
 
@@ -23,9 +25,16 @@ public:
 
     /// The names of a source's layers, in its order.
     virtual std::vector<std::string> Layers(const std::string& source) = 0;
-    /// Opens "SOURCE/LAYER", or a source alone that has one layer.
+    /// Opens a layer of a source; an empty name stands for the only one. The SQL condition
+    /// selects records; empty: all.
     virtual std::shared_ptr<SourceTable> OpenTable(const std::string& source,
-                                                   const std::string& layer) = 0;
+                                                   const std::string& layer,
+                                                   const std::string& where = {}) = 0;
+    /// Begins a table; the ending of the path tells the format: .dbf, .gpkg or .csv.
+    virtual std::unique_ptr<TableWriter> CreateTable(const std::string& path,
+                                                     const std::vector<SourceField>& fields) = 0;
+    /// Finds the sheets and squares in which features lie.
+    virtual LocateResult Locate(const LocateJob& job) = 0;
 };
 
 /// The library's only entry point: returns the module, which lives as long as the library. The

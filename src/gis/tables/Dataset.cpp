@@ -15,20 +15,6 @@ namespace {
     throw host::Failure(host::kFailureUnspecified, "gis::Dataset", sentence);
 }
 
-/// Registers GDAL's formats, with the ways to read that suit a table of texts.
-void Prepare() {
-    static const bool prepared = [] {
-        GDALAllRegister();
-        // The first row of a sheet has the names, also where all columns are texts.
-        CPLSetConfigOption("OGR_XLSX_HEADERS", "FORCE");
-        CPLSetConfigOption("OGR_ODS_HEADERS", "FORCE");
-        constexpr int kKeep = 0;
-        ::setenv("PGCONNECT_TIMEOUT", "10", kKeep);  // Seconds.
-        return true;
-    }();
-    static_cast<void>(prepared);
-}
-
 /// Joins the lines of a message, and leaves its full stop out.
 std::string InOneLine(std::string text) {
     text.erase(text.find_last_not_of(". \r\n") + 1);
@@ -39,7 +25,7 @@ std::string InOneLine(std::string text) {
 
 /// Null if no format knows the source; throws if one does and cannot open it.
 GDALDatasetUniquePtr TryToOpen(const std::string& source) {
-    Prepare();
+    PrepareGdal();
     // "@": for the formats that know the option. Names stand in the first line.
     const char* const options[] = {"@HEADERS=YES", nullptr};
     const GdalMessages messages;
@@ -85,13 +71,40 @@ OGRLayer* LayerOf(GDALDataset& dataset, const std::string& source, const std::st
     return dataset.GetLayer(0);
 }
 
-OpenLayer Chosen(GDALDatasetUniquePtr dataset, const std::string& source,
-                 const std::string& name) {
+OpenLayer Chosen(GDALDatasetUniquePtr dataset, const std::string& source, const std::string& name) {
     auto* const layer = LayerOf(*dataset, source, name);
     return {std::move(dataset), layer};
 }
 
+OpenLayer OpenAnyLayer(const std::string& source, const std::string& layer) {
+    const auto slash = source.rfind('/');
+    VSIStatBufL ignored;
+    if (!layer.empty() || slash == std::string::npos || VSIStatL(source.c_str(), &ignored) == 0)
+        return Chosen(Open(source), source, layer);
+    // A connection may contain slashes of its own, such as the folder of a socket.
+    try {
+        if (auto dataset = TryToOpen(source)) return Chosen(std::move(dataset), source, layer);
+    } catch (const host::Failure&) {
+        // The failure of the shorter name is told.
+    }
+    const std::string shorter = source.substr(0, slash);
+    return Chosen(Open(shorter), shorter, source.substr(slash + 1));
+}
+
 }  // namespace
+
+void PrepareGdal() {
+    static const bool prepared = [] {
+        GDALAllRegister();
+        // The first row of a sheet has the names, also where all columns are texts.
+        CPLSetConfigOption("OGR_XLSX_HEADERS", "FORCE");
+        CPLSetConfigOption("OGR_ODS_HEADERS", "FORCE");
+        constexpr int kKeep = 0;
+        ::setenv("PGCONNECT_TIMEOUT", "10", kKeep);  // Seconds.
+        return true;
+    }();
+    static_cast<void>(prepared);
+}
 
 GdalMessages::GdalMessages() {
     CPLErrorReset();
@@ -122,19 +135,18 @@ std::vector<std::string> LayerNames(const std::string& source) {
     return NamesOf(*Open(source));
 }
 
-OpenLayer OpenLayerOf(const std::string& source, const std::string& layer) {
-    const auto slash = source.rfind('/');
-    VSIStatBufL ignored;
-    if (!layer.empty() || slash == std::string::npos || VSIStatL(source.c_str(), &ignored) == 0)
-        return Chosen(Open(source), source, layer);
-    // A connection may contain slashes of its own, such as the folder of a socket.
-    try {
-        if (auto dataset = TryToOpen(source)) return Chosen(std::move(dataset), source, layer);
-    } catch (const host::Failure&) {
-        // The failure of the shorter name is told.
-    }
-    const std::string shorter = source.substr(0, slash);
-    return Chosen(Open(shorter), shorter, source.substr(slash + 1));
+OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
+                      const std::string& where) {
+    auto opened = OpenAnyLayer(source, layer);
+    const GdalMessages messages;
+    if (!where.empty() && opened.layer->SetAttributeFilter(where.c_str()) != OGRERR_NONE)
+        Fail("The condition \"" + where + "\" does not suit " + source + ": " + messages.Error() +
+             '.');
+    return opened;
+}
+
+bool IsUntyped(const OpenLayer& opened) {
+    return std::string(opened.dataset->GetDriverName()) == "CSV";
 }
 
 }  // namespace gis

@@ -7,6 +7,9 @@
 
 namespace gis {
 
+/// Registers GDAL's formats, with the ways to read that suit a table of texts.
+void PrepareGdal();
+
 /// Collects what GDAL reports on this thread while the object exists.
 class GdalMessages {
 public:
@@ -38,8 +41,13 @@ struct OpenLayer {
 std::vector<std::string> LayerNames(const std::string& source);
 
 /// Opens a layer read-only; an empty name stands for the only one. A connection may name its layer
-/// at its end ("PG:dbname=atlas/streets"). Throws host::Failure with one sentence if the source
-/// cannot be opened, has no such layer, or has several and none is named.
-OpenLayer OpenLayerOf(const std::string& source, const std::string& layer);
+/// at its end ("PG:dbname=atlas/streets"). The SQL condition selects features; empty: all. Throws
+/// host::Failure with one sentence if the source cannot be opened, has no such layer, or has
+/// several and none is named, or if the condition is wrong.
+OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
+                      const std::string& where);
+
+/// Whether the format knows only texts: the first line of a CSV file has names, but no types.
+bool IsUntyped(const OpenLayer& opened);
 
 }  // namespace gis

@@ -22,29 +22,25 @@ void AddWarnings(GdalMessages& messages, TableNotes& notes) {
         if (notes.Faults().size() < kMostWarnings) notes.AddFault(warning);
 }
 
-OpenLayer OpenWithoutGeometry(const std::string& source, const std::string& layer) {
-    auto opened = OpenLayerOf(source, layer);
+OpenLayer OpenWithoutGeometry(const std::string& source, const std::string& layer,
+                              const std::string& where) {
+    auto opened = OpenLayerOf(source, layer, where);
     const char* ignored[] = {"OGR_GEOMETRY", nullptr};
-    if (opened.layer->TestCapability(OLCIgnoreFields) != 0)
-        opened.layer->SetIgnoredFields(ignored);
+    if (opened.layer->TestCapability(OLCIgnoreFields) != 0) opened.layer->SetIgnoredFields(ignored);
     return opened;
-}
-
-// The first line of a CSV file has names, but no types; a file .csvt beside it may have them.
-bool IsUntyped(const OpenLayer& opened) {
-    return std::string(opened.dataset->GetDriverName()) == "CSV";
 }
 
 }  // namespace
 
 struct GdalTable::Shared {
-    Shared(const std::string& from, const std::string& layerName)
+    Shared(const std::string& from, const std::string& layerName, const std::string& condition)
         : source(from),
           layer(layerName),
+          where(condition),
           notes(layerName.empty() ? from : from + '/' + layerName),
           state(desk::FileState::At(from)) {
         GdalMessages messages;
-        auto opened = OpenWithoutGeometry(source, layer);
+        auto opened = OpenWithoutGeometry(source, layer, where);
         fields = DescribeFields(*opened.layer->GetLayerDefn(), IsUntyped(opened));
         std::vector<std::string> fieldNames;
         for (const auto& field : fields.fields) fieldNames.push_back(field.name);
@@ -59,7 +55,8 @@ struct GdalTable::Shared {
     /// Opens the layer again, unless it is open and no cursor reads it.
     OpenLayer Take() {
         CheckUnchanged();
-        auto opened = idle ? *std::exchange(idle, std::nullopt) : OpenWithoutGeometry(source, layer);
+        auto opened =
+            idle ? *std::exchange(idle, std::nullopt) : OpenWithoutGeometry(source, layer, where);
         if (DescribeFields(*opened.layer->GetLayerDefn(), fields.isUntyped).fields != fields.fields)
             Fail(" has other fields than when it was opened.");
         opened.layer->ResetReading();
@@ -77,6 +74,7 @@ struct GdalTable::Shared {
 
     std::string source;
     std::string layer;
+    std::string where;
     TableNotes notes;
     desk::FileState state;  ///< Of the file when the table was opened.
     LayerFields fields;
@@ -136,7 +134,9 @@ public:
         row_->Take(std::move(feature));
         return row_;
     }
-    void InsertRow(const host::Ref<host::IHostRow>&) override { FailReadOnly(table_->notes.Path()); }
+    void InsertRow(const host::Ref<host::IHostRow>&) override {
+        FailReadOnly(table_->notes.Path());
+    }
     void Flush() override {}
 
 private:
@@ -155,8 +155,8 @@ private:
 
 }  // namespace
 
-GdalTable::GdalTable(const std::string& source, const std::string& layer)
-    : shared_(std::make_shared<Shared>(source, layer)) {}
+GdalTable::GdalTable(const std::string& source, const std::string& layer, const std::string& where)
+    : shared_(std::make_shared<Shared>(source, layer, where)) {}
 
 host::Ref<host::IHostFields> GdalTable::Fields() const {
     return desk::HostFields(shared_->fields.fields);

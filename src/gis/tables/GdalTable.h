@@ -13,7 +13,7 @@ namespace gis {
 class GdalTable : public SourceTable {
 public:
     /// Throws host::Failure with one sentence, as OpenLayerOf does.
-    GdalTable(const std::string& source, const std::string& layer);
+    GdalTable(const std::string& source, const std::string& layer, const std::string& where = {});
 
     host::Ref<host::IHostFields> Fields() const override;
     std::int32_t FindField(const std::string& name) const override;

@@ -1,0 +1,114 @@
+#include "app/commands/TableArguments.h"
+
+#include <CLI/CLI.hpp>
+#include <map>
+
+#include "app/document/ArgumentParser.h"
+#include "app/document/Errors.h"
+
+namespace app {
+namespace {
+
+constexpr std::int32_t kMostThreads = 256;
+constexpr std::int64_t kMostDistance = 1'000'000'000;
+
+void AddOutput(CLI::App& command, Options& options) {
+    command.add_option("-o,--output", options.output, "Table to write: .dbf, .gpkg or .csv")
+        ->required();
+    command.add_flag("--force", options.force, "Replace a table that exists");
+}
+
+// An option that may stand behind each source, once.
+void AddOfSource(CLI::App& command, const char* name, const char* text) {
+    static std::vector<std::string> ignored;  // TakeFeatures reads the options themselves.
+    AddText(command, name, ignored, text)
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+std::pair<std::string, std::string> ParseConstant(const std::string& text) {
+    const auto equals = text.find('=');
+    if (equals == std::string::npos || equals == 0)
+        throw UsageError("--set " + Shown(text) + ": a constant is given as FIELD=VALUE.");
+    return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+void Apply(const std::string& option, const std::string& value, FeatureOptions& features) {
+    if (option == "--name") features.name = value;
+    if (option == "--where") features.where = value;
+    if (option == "--set") features.constants.push_back(ParseConstant(value));
+}
+
+}  // namespace
+
+void DeclareImport(CLI::App& command, Options& options) {
+    ImportOptions& imported = options.imported;
+    command.add_option("SOURCE", imported.source, "The table to import")->required();
+    AddText(command, "--layer", imported.layer, "Layer of the source, where it has several");
+    AddText(command, "--where", imported.where, "SQL condition on the records (default: all)");
+    AddText(command, "--listing", imported.listing,
+            "Field of the listing, or an expression such as '[name], [town]'");
+    AddText(command, "--page", imported.page, "Field of the page");
+    AddText(command, "--row", imported.row, "Field of the grid's row");
+    AddText(command, "--column", imported.column, "Field of the grid's column");
+    AddText(command, "--keep", imported.keep, "Fields to keep under their names");
+    command.add_flag("--initial", imported.initial,
+                     "Add the letter under which an index of the locale has the listing");
+    AddOutput(command, options);
+}
+
+void DeclareLocate(CLI::App& command, Options& options) {
+    LocateOptions& locate = options.located;
+    static std::vector<std::string> sources;
+    command.add_option("FEATURES", sources, "Layers of what is listed")->required();
+    AddOfSource(command, "--name", "Field of the name, or an expression such as '[name], [town]'");
+    AddOfSource(command, "--where", "SQL condition on the features (default: all)");
+    AddOfSource(command, "--set", "FIELD=VALUE, a field with the same value in each record");
+    command.add_option("--sheets", locate.sheets, "Layer of the map sheets")->required();
+    AddText(command, "--page", locate.page, "Their field of the page (default: page)");
+    AddText(command, "--grid", locate.grid, "ROWSxCOLUMNS of squares on each sheet");
+    AddText(command, "--row-labels", locate.rowLabels,
+            "Labels such as A..H, 1..8 or with commas (default: A.. or 1..)");
+    AddText(command, "--column-labels", locate.columnLabels, "The same (default: 1..)");
+    AddText(command, "--leave-out", locate.leftOut,
+            "Letters that ranges of labels leave out, such as IO");
+    command.add_flag("--from-bottom", locate.fromBottom, "The first row is the lowest");
+    command.add_flag("--from-right", locate.fromRight, "The first column is at the right");
+    command.add_option("--squares-layer", locate.squareLayer,
+                       "Layer of squares of your own, instead of a grid");
+    AddText(command, "--row", locate.squareRow, "Its field of the row's label (default: row)");
+    AddText(command, "--column", locate.squareColumn,
+            "Its field of the column's label (default: column)");
+    command
+        .add_option("--squares", locate.squares,
+                    "Squares of a sheet that a listing refers to: all, longest (of the part of a "
+                    "line, or the largest of an area), first (default: longest)")
+        ->check(CLI::IsMember({"all", "longest", "first"}));
+    AddText(command, "--apart", locate.apart,
+            "Field that tells features of one name apart, such as the town");
+    AddNumber(command, "--distance", locate.distance, {0, kMostDistance},
+              "Features of one name that lie farther apart are listings of their own; in the unit "
+              "of the sheets' reference system, {}");
+    AddNumber(command, "--threads", locate.threads, {1, kMostThreads},
+              "Threads to work with, {} (default: one per core)");
+    AddOutput(command, options);
+}
+
+void TakeFeatures(const CLI::App& command, LocateOptions& options) {
+    options.features.clear();
+    FeatureOptions common;
+    std::map<const CLI::Option*, std::size_t> taken;
+    for (const CLI::Option* const option : command.parse_order()) {
+        const std::string& value = option->results()[taken[option]++];
+        if (option->get_name() == "FEATURES") {
+            options.features.push_back(common);
+            options.features.back().source = value;
+        } else {
+            Apply(option->get_name(), value,
+                  options.features.empty() ? common : options.features.back());
+        }
+    }
+}
+
+}  // namespace app

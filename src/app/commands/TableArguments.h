@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/commands/Commands.h"
+
+namespace CLI {
+class App;
+}  // namespace CLI
+
+namespace app {
+
+/// Declares the arguments of the commands that make tables of listings.
+void DeclareImport(CLI::App& command, Options& options);
+void DeclareLocate(CLI::App& command, Options& options);
+
+/// Sets the sources of features from the parsed command: an option that stands behind a source
+/// belongs to it, one that stands before all of them to each. Throws UsageError for a constant that
+/// is no FIELD=VALUE.
+void TakeFeatures(const CLI::App& command, LocateOptions& options);
+
+}  // namespace app

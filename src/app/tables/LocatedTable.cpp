@@ -1,0 +1,157 @@
+#include "app/tables/LocatedTable.h"
+
+#include <algorithm>
+#include <charconv>
+#include <memory>
+
+#include "app/document/Errors.h"
+#include "app/tables/FieldText.h"
+#include "app/tables/LocateJob.h"
+#include "desk/components/GisLibrary.h"
+#include "desk/unicode/FoldCase.h"
+
+namespace app {
+namespace {
+
+std::string Counted(std::int64_t count, const std::string& one, const std::string& many) {
+    return std::to_string(count) + ' ' + (count == 1 ? one : many);
+}
+
+// A label that is written as a whole number is one, so that it is sorted by its value.
+host::Variant ValueOf(const std::string& label) {
+    std::int32_t number = 0;
+    const char* const end = label.data() + label.size();
+    const auto parsed = std::from_chars(label.data(), end, number);
+    if (parsed.ec == std::errc() && parsed.ptr == end && std::to_string(number) == label)
+        return number;
+    return label;
+}
+
+std::string NameFor(const FeatureOptions& features, const gis::SourceTable& table) {
+    if (!features.name.empty()) return features.name;
+    for (const char* const name : {"Listing", "Name"})
+        if (table.FindField(name) >= 0) return name;
+    throw UsageError(table.Path() +
+                     " has no field \"name\"; --name names the one that is listed. "
+                     "Its fields are " +
+                     FieldsOf(table) + '.');
+}
+
+gis::LocatedLayer LayerOf(const FeatureOptions& features, const std::string& apart,
+                          const host::Ref<host::IHostLocale>& locale) {
+    gis::LocatedLayer layer;
+    static_cast<gis::LayerOfSource&>(layer) = LayerAt(features.source);
+    layer.where = features.where;
+    layer.apart = apart;
+    const auto table = desk::LoadGisModule("Reading " + layer.Text())
+                           .OpenTable(layer.source, layer.layer, layer.where);
+    const auto text =
+        std::make_shared<FieldText>("--name", NameFor(features, *table), table, locale);
+    layer.listingOf = [text](const host::Ref<host::IHostRow>& row) { return text->Of(row); };
+    return layer;
+}
+
+// The pages, in brackets, of the first few sheets.
+std::string Listed(const std::vector<std::string>& pages) {
+    constexpr std::size_t kShown = 10;
+    std::string list;
+    for (std::size_t i = 0; i < std::min(pages.size(), kShown); ++i)
+        list += (i == 0 ? "" : ", ") + pages[i];
+    return pages.size() > kShown ? list + ", ..." : list;
+}
+
+void AddLeftOut(std::vector<std::string>& warnings, const std::string& layer,
+                const gis::LeftOut& features, const std::string& what) {
+    if (features.count == 0) return;
+    std::vector<std::string> numbers;
+    for (const auto number : features.first) numbers.push_back(std::to_string(number));
+    const bool isMore = features.count > std::ssize(numbers);
+    warnings.push_back(layer + ": " + Counted(features.count, "feature ", "features ") + what +
+                       " (number " + Listed(numbers) + (isMore ? ", ...)." : ")."));
+}
+
+}  // namespace
+
+LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::IHostLocale>& locale,
+                           const Progress& progress)
+    : options_(options) {
+    const auto grid = GridOf(options);
+    auto job = JobOf(options, grid);
+    for (const auto& features : options.features) {
+        job.features.push_back(LayerOf(features, options.apart, locale));
+        layers_.push_back(job.features.back().Text());
+        for (const auto& constant : features.constants)
+            if (std::ranges::find(constants_, constant.first) == constants_.end())
+                constants_.push_back(constant.first);
+    }
+    job.progress = [&](std::size_t layer, std::int64_t read, std::int64_t count) {
+        progress("Locating feature " + std::to_string(read) +
+                 (count > 0 ? " of " + std::to_string(count) : "") + " of " + layers_[layer]);
+    };
+    result_ = desk::LoadGisModule("Locating features").Locate(job);
+    const bool isOwn = !options.squareLayer.empty();
+    rowLabels_ = isOwn ? result_.rowLabels : grid.rows;
+    columnLabels_ = isOwn ? result_.columnLabels : grid.columns;
+    hasParts_ = std::ranges::any_of(result_.listings, [](const auto& l) { return l.part > 0; });
+}
+
+std::vector<OutputField> LocatedTable::Fields() const {
+    std::vector<OutputField> fields = {{"Listing"}, {"Page"}};
+    if (!rowLabels_.empty()) fields.insert(fields.end(), {{"Row"}, {"Column"}});
+    if (!options_.apart.empty()) fields.push_back({options_.apart});
+    if (hasParts_) fields.push_back({"Part"});
+    for (const auto& constant : constants_) fields.push_back({constant});
+    return fields;
+}
+
+host::Variant LocatedTable::Constant(std::size_t layer, const std::string& field) const {
+    for (const auto& [name, value] : options_.features[layer].constants)
+        if (name == field) return value;
+    return std::string();
+}
+
+void LocatedTable::ForEach(const RowTaker& take) const {
+    Values values;
+    for (const auto& reference : result_.references) {
+        const auto& listing = result_.listings[reference.listing];
+        values.clear();
+        values.emplace_back(listing.name);
+        values.push_back(ValueOf(result_.pages[reference.sheet]));
+        if (!rowLabels_.empty()) {
+            values.push_back(ValueOf(rowLabels_[static_cast<std::size_t>(reference.row)]));
+            values.push_back(ValueOf(columnLabels_[static_cast<std::size_t>(reference.column)]));
+        }
+        if (!options_.apart.empty()) values.emplace_back(listing.apart);
+        if (hasParts_) values.emplace_back(std::max(listing.part, 1));
+        for (const auto& constant : constants_) values.push_back(Constant(listing.layer, constant));
+        take(values);
+    }
+}
+
+std::string LocatedTable::Summary() const {
+    std::int64_t features = 0;
+    for (const auto& counts : result_.counts) features += counts.read;
+    return Counted(features, "feature", "features") + " on " +
+           Counted(std::ssize(result_.pages), "sheet", "sheets") + ": " +
+           Counted(std::ssize(result_.listings), "listing", "listings") + ", " +
+           Counted(std::ssize(result_.references), "reference", "references") + '.';
+}
+
+std::vector<std::string> LocatedTable::Warnings() const {
+    auto warnings = result_.notes;
+    for (std::size_t i = 0; i < layers_.size(); ++i) {
+        const auto& counts = result_.counts[i];
+        AddLeftOut(warnings, layers_[i], counts.unnamed, "left out, since they have no name");
+        AddLeftOut(warnings, layers_[i], counts.withoutGeometry,
+                   "left out, since they have no place");
+        AddLeftOut(warnings, layers_[i], counts.broken, "left out, since their geometry is broken");
+        AddLeftOut(warnings, layers_[i], counts.outside, "left out, since they lie on no sheet");
+        AddLeftOut(warnings, layers_[i], counts.mended, "had a broken geometry, which was mended");
+    }
+    if (!result_.emptySheets.empty())
+        warnings.push_back(Counted(std::ssize(result_.emptySheets), "sheet has", "sheets have") +
+                           " no feature: page " + Listed(result_.emptySheets) + '.');
+    return warnings;
+}
+
+}  // namespace app

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/tables/Labels.h"
+#include "app/tables/TableOptions.h"
+#include "app/tables/TableOutput.h"
+#include "gis/module/Locate.h"
+#include "host/Locale.h"
+
+namespace app {
+
+/// Locates features and holds the result as a table of listings with the fields Listing, Page, Row
+/// and Column, those that tell listings apart, and the constants.
+class LocatedTable {
+public:
+    using Progress = std::function<void(const std::string& text)>;
+
+    /// Throws UsageError for options that do not fit each other or the sources, and host::Failure
+    /// for a source that cannot be read.
+    LocatedTable(const LocateOptions& options, const host::Ref<host::IHostLocale>& locale,
+                 const Progress& progress);
+
+    std::vector<OutputField> Fields() const;
+    void ForEach(const RowTaker& take) const;
+    /// What was read and found, in a sentence.
+    std::string Summary() const;
+    /// What was left out and why, one sentence each.
+    std::vector<std::string> Warnings() const;
+
+private:
+    host::Variant Constant(std::size_t layer, const std::string& field) const;
+
+    LocateOptions options_;
+    Labels rowLabels_;
+    Labels columnLabels_;
+    std::vector<std::string> layers_;  ///< Names of the features' layers.
+    std::vector<std::string> constants_;
+    std::string apartName_;
+    bool hasParts_ = false;
+    gis::LocateResult result_;
+};
+
+}  // namespace app

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "gis/module/Locate.h"
+#include "gis/tables/Dataset.h"
+#include "gis/tables/Values.h"
+
+namespace gis {
+
+/// A feature's fields as a row of a table.
+class FeatureRow : public host::IHostRow {
+public:
+    FeatureRow(const LayerFields& fields, TableNotes& notes) : fields_(fields), notes_(notes) {}
+
+    void Take(OGRFeatureUniquePtr feature) { feature_ = std::move(feature); }
+    OGRFeature& Feature() const { return *feature_; }
+
+    host::Variant Value(std::int32_t index) const override {
+        return ReadValue(fields_, *feature_, static_cast<std::size_t>(index), notes_);
+    }
+    void SetValue(std::int32_t, host::Variant) override { FailReadOnly(notes_.Path()); }
+    std::int32_t OID() const override { return -1; }
+
+private:
+    const LayerFields& fields_;
+    TableNotes& notes_;
+    OGRFeatureUniquePtr feature_;
+};
+
+/// A layer that is read once, with its geometries.
+class FeatureLayer {
+public:
+    /// Throws host::Failure with one sentence if it cannot be opened or the condition is wrong.
+    explicit FeatureLayer(const LayerOfSource& place);
+    FeatureLayer(const FeatureLayer&) = delete;
+    FeatureLayer& operator=(const FeatureLayer&) = delete;
+
+    const std::string& Name() const { return notes_.Path(); }
+    /// Null if the layer has none.
+    const OGRSpatialReference* Reference() const { return open_.layer->GetSpatialRef(); }
+    /// Number of features; 0 if the layer has to be read to know.
+    std::int64_t Count();
+    /// Index of a field. Throws host::Failure that names the fields there are.
+    std::int32_t Field(const std::string& name) const;
+    /// Returns the next feature; null at the end. Throws if the source fails.
+    const host::Ref<FeatureRow>& Next();
+    const TableNotes& Notes() const { return notes_; }
+
+private:
+    OpenLayer open_;
+    TableNotes notes_;
+    LayerFields fields_;
+    host::Ref<FeatureRow> row_;
+};
+
+/// A value as a label: the text, a number in its shortest form; empty for no value.
+std::string LabelOf(const host::Variant& value);
+
+}  // namespace gis

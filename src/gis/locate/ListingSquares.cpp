@@ -1,0 +1,111 @@
+#include "gis/locate/ListingSquares.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <tuple>
+#include <utility>
+
+namespace gis {
+namespace {
+
+auto PlaceOf(const SheetSquare& square) {
+    return std::tuple(square.sheet, square.square.row, square.square.column);
+}
+
+/// Adds up the extents of the same square. Both lists are sorted.
+void Merge(std::vector<SheetSquare>& squares, const std::vector<SheetSquare>& more) {
+    std::vector<SheetSquare> merged;
+    merged.reserve(squares.size() + more.size());
+    std::ranges::merge(squares, more, std::back_inserter(merged), {}, PlaceOf, PlaceOf);
+    std::size_t kept = 0;
+    for (std::size_t i = 1; i < merged.size(); ++i)
+        if (PlaceOf(merged[i]) == PlaceOf(merged[kept]))
+            merged[kept].square.extent += merged[i].square.extent;
+        else
+            merged[++kept] = merged[i];
+    merged.resize(merged.empty() ? 0 : kept + 1);
+    merged.shrink_to_fit();
+    squares = std::move(merged);
+}
+
+double DistanceBetween(const OGREnvelope& one, const OGREnvelope& other) {
+    const double across = std::max({0.0, one.MinX - other.MaxX, other.MinX - one.MaxX});
+    const double along = std::max({0.0, one.MinY - other.MaxY, other.MinY - one.MaxY});
+    return std::hypot(across, along);
+}
+
+}  // namespace
+
+void ListingSquares::Add(std::size_t layer, const std::string& name, const std::string& apart,
+                         const LocatedGeometry& located) {
+    const std::string key = std::to_string(layer) + '\0' + name + '\0' + apart;
+    const auto [place, isNew] = places_.try_emplace(key, named_.size());
+    if (isNew) named_.push_back({{name, apart, layer, 0}, {}});
+    Merge(GroupFor(named_[place->second], located.box).squares, located.squares);
+}
+
+ListingSquares::Group& ListingSquares::GroupFor(Named& named, const OGREnvelope& box) const {
+    if (distance_ <= 0) {
+        if (named.groups.empty()) named.groups.emplace_back();
+        return named.groups.front();
+    }
+    const auto isNear = [&](const Group& group) {
+        return std::ranges::any_of(group.boxes, [&](const OGREnvelope& other) {
+            return DistanceBetween(box, other) <= distance_;
+        });
+    };
+    const auto first = std::ranges::find_if(named.groups, isNear);
+    if (first == named.groups.end()) {
+        named.groups.push_back({{box}, {}});
+        return named.groups.back();
+    }
+    first->boxes.push_back(box);
+    // The feature may join groups that were apart.
+    for (auto other = std::next(first); other != named.groups.end();) {
+        if (!isNear(*other)) {
+            ++other;
+            continue;
+        }
+        first->boxes.insert(first->boxes.end(), other->boxes.begin(), other->boxes.end());
+        Merge(first->squares, other->squares);
+        other = named.groups.erase(other);
+    }
+    return *first;
+}
+
+void ListingSquares::MoveTo(LocateResult& result) {
+    for (auto& named : named_) {
+        const bool isOne = named.groups.size() == 1;
+        for (const auto& group : named.groups) {
+            result.listings.push_back(named.listing);
+            named.listing.part += isOne ? 0 : 1;
+            result.listings.back().part = named.listing.part;
+            AddReferences(result, group.squares);
+        }
+        named.groups.clear();
+    }
+    named_.clear();
+    places_.clear();
+}
+
+void ListingSquares::AddReferences(LocateResult& result,
+                                   const std::vector<SheetSquare>& squares) const {
+    const auto listing = static_cast<std::uint32_t>(result.listings.size()) - 1;
+    for (auto first = squares.begin(); first != squares.end();) {
+        const auto last = std::find_if(first, squares.end(), [&](const SheetSquare& square) {
+            return square.sheet != first->sheet;
+        });
+        const auto largest = std::max_element(first, last, [](const auto& one, const auto& other) {
+            return one.square.extent < other.square.extent;
+        });
+        const auto from = squares_ == Squares::Largest ? largest : first;
+        const auto to = squares_ == Squares::All ? last : std::next(from);
+        for (auto square = from; square != to; ++square)
+            result.references.push_back(
+                {listing, square->sheet, square->square.row, square->square.column});
+        first = last;
+    }
+}
+
+}  // namespace gis

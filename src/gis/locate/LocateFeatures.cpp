@@ -1,0 +1,156 @@
+#include "gis/locate/LocateFeatures.h"
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+#include "gis/locate/FeatureLayer.h"
+#include "gis/locate/InOrder.h"
+#include "gis/locate/ListingSquares.h"
+#include "gis/locate/Locator.h"
+#include "gis/locate/Sheets.h"
+
+namespace gis {
+namespace {
+
+/// Features whose squares are found by one thread at a time: so many that handing them over costs
+/// little, so few that they take little memory.
+constexpr std::size_t kBatch = 256;
+
+struct Feature {
+    std::int64_t number = 0;
+    std::string name;
+    std::string apart;
+    std::unique_ptr<OGRGeometry> geometry;
+    LocatedGeometry located;
+};
+using Batch = std::vector<Feature>;
+
+/// Locators that no thread uses at the moment.
+class LocatorPool {
+public:
+    LocatorPool(const Sheets& sheets, const OGRSpatialReference* reference)
+        : sheets_(sheets), reference_(reference) {}
+
+    Batch Locate(Batch batch) {
+        auto locator = Take();
+        for (auto& feature : batch) {
+            feature.located = locator->Locate(feature.geometry.get());
+            feature.geometry.reset();
+        }
+        const std::scoped_lock lock(mutex_);
+        idle_.push_back(std::move(locator));
+        return batch;
+    }
+
+private:
+    std::unique_ptr<Locator> Take() {
+        {
+            const std::scoped_lock lock(mutex_);
+            if (!idle_.empty()) {
+                auto locator = std::move(idle_.back());
+                idle_.pop_back();
+                return locator;
+            }
+        }
+        return std::make_unique<Locator>(sheets_, reference_);
+    }
+
+    const Sheets& sheets_;
+    const OGRSpatialReference* reference_;
+    std::mutex mutex_;
+    std::vector<std::unique_ptr<Locator>> idle_;
+};
+
+class Work {
+public:
+    explicit Work(const LocateJob& job)
+        : job_(job), sheets_(ReadSheets(job)), listings_(job.squares, job.distance) {
+        result_.notes = sheets_.notes;
+        isUsed_.resize(sheets_.sheets.size());
+    }
+
+    LocateResult Run() {
+        for (std::size_t i = 0; i < job_.features.size(); ++i) Read(i);
+        listings_.MoveTo(result_);
+        for (std::size_t i = 0; i < isUsed_.size(); ++i) {
+            result_.pages.push_back(sheets_.sheets[i].page);
+            if (!isUsed_[i]) result_.emptySheets.push_back(sheets_.sheets[i].page);
+        }
+        result_.rowLabels = std::move(sheets_.rowLabels);
+        result_.columnLabels = std::move(sheets_.columnLabels);
+        return std::move(result_);
+    }
+
+private:
+    void Read(std::size_t number) {
+        const LocatedLayer& place = job_.features[number];
+        FeatureLayer layer(place);
+        const std::int32_t apart = place.apart.empty() ? -1 : layer.Field(place.apart);
+        NoteReference(layer);
+        const std::int64_t count = layer.Count();
+        LocatorPool pool(sheets_, layer.Reference());
+        InOrder<Batch, Batch> order(
+            static_cast<std::size_t>(job_.threads),
+            [&](Batch batch) { return pool.Locate(std::move(batch)); },
+            [&](const Batch& batch) {
+                for (const auto& feature : batch) Take(number, feature);
+                if (job_.progress) job_.progress(number, result_.counts[number].read, count);
+            });
+        result_.counts.emplace_back();
+        Batch batch;
+        while (const auto& row = layer.Next()) {
+            Feature feature;
+            feature.number = row->Feature().GetFID();
+            feature.name = place.listingOf(row);
+            if (apart >= 0) feature.apart = LabelOf(row->Value(apart));
+            feature.geometry.reset(row->Feature().StealGeometry());
+            batch.push_back(std::move(feature));
+            if (batch.size() == kBatch) order.Push(std::exchange(batch, {}));
+        }
+        order.Push(std::move(batch));
+        order.Finish();
+        for (const auto& note : layer.Notes().All()) result_.notes.push_back(note);
+    }
+
+    void NoteReference(const FeatureLayer& layer) {
+        const bool isKnown = layer.Reference() != nullptr;
+        if (isKnown == sheets_.hasReference) return;
+        const std::string& unknown = isKnown ? job_.sheets.Text() : layer.Name();
+        result_.notes.push_back(unknown + " has no reference system; it is taken for that of " +
+                                (isKnown ? layer.Name() : job_.sheets.Text()) + '.');
+    }
+
+    void Take(std::size_t number, const Feature& feature) {
+        LayerCounts& counts = result_.counts[number];
+        ++counts.read;
+        const LocatedGeometry& located = feature.located;
+        if (located.isMended && !located.isBroken) counts.mended.Add(feature.number);
+        if (feature.name.empty())
+            counts.unnamed.Add(feature.number);
+        else if (located.isEmpty)
+            counts.withoutGeometry.Add(feature.number);
+        else if (located.isBroken)
+            counts.broken.Add(feature.number);
+        else if (located.squares.empty())
+            counts.outside.Add(feature.number);
+        else
+            listings_.Add(number, feature.name, feature.apart, located);
+        for (const auto& square : located.squares) isUsed_[square.sheet] = true;
+    }
+
+    const LocateJob& job_;
+    Sheets sheets_;
+    ListingSquares listings_;
+    std::vector<bool> isUsed_;  ///< By sheet.
+    LocateResult result_;
+};
+
+}  // namespace
+
+LocateResult LocateFeatures(const LocateJob& job) {
+    return Work(job).Run();
+}
+
+}  // namespace gis

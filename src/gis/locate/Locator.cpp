@@ -1,0 +1,170 @@
+#include "gis/locate/Locator.h"
+
+#include <cmath>
+#include <utility>
+
+#include "gis/locate/AreaSquares.h"
+#include "gis/tables/Dataset.h"
+#include "host/Failure.h"
+
+namespace gis {
+namespace {
+
+std::vector<OGREnvelope> BoxesOf(const Sheets& sheets) {
+    std::vector<OGREnvelope> boxes;
+    for (const auto& sheet : sheets.sheets) boxes.push_back(sheet.box);
+    return boxes;
+}
+
+bool IsFinite(const OGREnvelope& box) {
+    return std::isfinite(box.MinX) && std::isfinite(box.MinY) && std::isfinite(box.MaxX) &&
+           std::isfinite(box.MaxY);
+}
+
+std::vector<Point> PointsOf(const OGRSimpleCurve& curve) {
+    std::vector<Point> points;
+    points.reserve(static_cast<std::size_t>(curve.getNumPoints()));
+    for (int i = 0; i < curve.getNumPoints(); ++i) points.push_back({curve.getX(i), curve.getY(i)});
+    return points;
+}
+
+}  // namespace
+
+std::unique_ptr<OGRCoordinateTransformation> TransformationTo(
+    const Sheets& sheets, const OGRSpatialReference* reference) {
+    if (reference == nullptr || !sheets.hasReference) return nullptr;
+    OGRSpatialReference from(*reference);
+    from.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    if (from.IsSame(&sheets.reference) != 0) return nullptr;
+    std::unique_ptr<OGRCoordinateTransformation> transformation(
+        OGRCreateCoordinateTransformation(&from, &sheets.reference));
+    if (!transformation)
+        throw host::Failure(host::kFailureUnspecified, "TransformationTo",
+                            std::string("No way leads from the reference system \"") +
+                                from.GetName() + "\" to that of the sheets, \"" +
+                                sheets.reference.GetName() + "\".");
+    return transformation;
+}
+
+Locator::Locator(const Sheets& sheets, const OGRSpatialReference* reference)
+    : sheets_(sheets),
+      transformation_(TransformationTo(sheets, reference)),
+      index_(geos_, BoxesOf(sheets)) {}
+
+LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
+    LocatedGeometry located;
+    if (geometry == nullptr || geometry->IsEmpty() != 0) {
+        located.isEmpty = true;
+        return located;
+    }
+    const GdalMessages messages;
+    located.isBroken = transformation_ && geometry->transform(transformation_.get()) != OGRERR_NONE;
+    geometry->getEnvelope(&located.box);
+    pieces_ = {};
+    if (located.isBroken || !IsFinite(located.box) || !TakeApart(*geometry, located)) {
+        located.isBroken = true;
+        return located;
+    }
+    std::vector<SquareExtent> squares;
+    for (const std::size_t number : index_.Find(located.box)) {
+        const Sheet& sheet = sheets_.sheets[number];
+        squares.clear();
+        if (sheet.grid)
+            AddOnGrid(*sheet.grid, squares);
+        else
+            AddInSquares(sheet.squares, squares);
+        MergeSquares(squares);
+        for (const auto& square : squares)
+            located.squares.push_back({static_cast<std::uint32_t>(number), square});
+    }
+    return located;
+}
+
+bool Locator::TakeApart(const OGRGeometry& geometry, LocatedGeometry& located) {
+    if (geometry.hasCurveGeometry() != 0) {
+        const std::unique_ptr<OGRGeometry> straight(geometry.getLinearGeometry());
+        return straight && TakeApart(*straight, located);
+    }
+    const auto type = wkbFlatten(geometry.getGeometryType());
+    if (OGR_GT_IsSubClassOf(type, wkbGeometryCollection) != 0) {
+        for (const auto* const part : *geometry.toGeometryCollection())
+            if (!TakeApart(*part, located)) return false;
+    } else if (type == wkbPoint) {
+        if (geometry.IsEmpty() == 0)
+            pieces_.points.push_back({geometry.toPoint()->getX(), geometry.toPoint()->getY()});
+    } else if (OGR_GT_IsSubClassOf(type, wkbLineString) != 0) {
+        pieces_.lines.push_back(PointsOf(*geometry.toLineString()));
+    } else {
+        return TakeArea(geometry, located);
+    }
+    return true;
+}
+
+bool Locator::TakeArea(const OGRGeometry& polygon, LocatedGeometry& located) {
+    if (polygon.IsEmpty() != 0) return true;
+    auto area = geos_.Copy(polygon);
+    if (!area) return false;
+    if (!geos_.IsValid(area)) {
+        area = geos_.MakeValid(area);
+        located.isMended = true;
+    }
+    if (!area || geos_.IsEmpty(area)) return false;
+    pieces_.areas.push_back(std::move(area));
+    return true;
+}
+
+void Locator::AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares) {
+    for (const Point& point : pieces_.points) grid.AddPoint(grid.FromMap(point), squares);
+    for (const auto& line : pieces_.lines) {
+        line_.clear();
+        for (const Point& point : line) line_.push_back(grid.FromMap(point));
+        grid.AddLine(line_, squares);
+    }
+    for (const auto& area : pieces_.areas) AddArea(geos_, grid, area.get(), squares);
+}
+
+void Locator::AddInSquares(const std::vector<OwnSquare>& own,
+                           std::vector<SquareExtent>& squares) const {
+    for (const Point& point : pieces_.points) Divide(PointOf(point), own, squares);
+    for (const auto& line : pieces_.lines) Divide(LineOf(line), own, squares);
+    for (const auto& area : pieces_.areas)
+        Divide(geos_.Own(GEOSGeom_clone_r(geos_.Context(), area.get())), own, squares);
+}
+
+void Locator::Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
+                     std::vector<SquareExtent>& squares) const {
+    if (!piece) return;
+    const auto dimension = [&](const Geos::Geometry& geometry) {
+        return GEOSGeom_getDimensions_r(geos_.Context(), geometry.get());
+    };
+    const int wanted = dimension(piece);
+    for (const auto& square : own) {
+        if (geos_.IsEmpty(piece)) return;
+        OGREnvelope box;
+        GEOSGeom_getExtent_r(geos_.Context(), piece.get(), &box.MinX, &box.MinY, &box.MaxX,
+                             &box.MaxY);
+        if (square.box.Intersects(box) == 0) continue;
+        const auto area = geos_.Copy(*square.area);
+        const auto inside = geos_.Intersection(piece.get(), area.get());
+        if (!inside || geos_.IsEmpty(inside) || dimension(inside) != wanted) continue;
+        squares.push_back({square.row, square.column, geos_.Extent(inside.get())});
+        auto rest = geos_.Difference(piece.get(), area.get());
+        if (!rest) return;
+        piece = std::move(rest);
+    }
+}
+
+Geos::Geometry Locator::PointOf(const Point& point) const {
+    return geos_.Own(GEOSGeom_createPointFromXY_r(geos_.Context(), point.x, point.y));
+}
+
+Geos::Geometry Locator::LineOf(const std::vector<Point>& line) const {
+    const OGRLineString copy = [&] {
+        OGRLineString string;
+        for (const Point& point : line) string.addPoint(point.x, point.y);
+        return string;
+    }();
+    return geos_.Copy(copy);
+}
+
+}  // namespace gis

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/Tables.h"
+
+namespace gis {
+
+/// A layer of a source, and the SQL condition that its features must meet; empty: all.
+struct LayerOfSource {
+    std::string source;
+    std::string layer;
+    std::string where;
+
+    std::string Text() const { return layer.empty() ? source : source + '/' + layer; }
+};
+
+/// Features that are listed in the index.
+struct LocatedLayer : LayerOfSource {
+    /// Returns the listing of a feature from its fields. Called in the order of the features, by
+    /// the thread that locates.
+    std::function<std::string(const host::Ref<host::IHostRow>& feature)> listingOf;
+    /// Field whose values tell features of one name apart; empty: one listing per name.
+    std::string apart;
+};
+
+/// A grid over the rectangle of each sheet. Rows count from the top, columns from the left.
+struct SheetGrid {
+    std::int32_t rows = 1;
+    std::int32_t columns = 1;
+};
+
+/// Squares of one's own instead of a grid: polygons with the labels of row and column.
+struct SquareLayer : LayerOfSource {
+    std::string rowField;
+    std::string columnField;
+};
+
+/// Which squares of a sheet a listing refers to.
+enum class Squares {
+    All,
+    Largest,  ///< The one with the longest part of a line, the largest part of an area.
+    First     ///< The first in reading order.
+};
+
+struct LocateJob {
+    std::vector<LocatedLayer> features;
+    LayerOfSource sheets;
+    std::string pageField;
+    std::optional<SheetGrid> grid;
+    std::optional<SquareLayer> ownSquares;  ///< Not together with a grid.
+    Squares squares = Squares::Largest;
+    /// Features of one name that lie farther apart are listings of their own; in the unit of the
+    /// sheets' reference system. 0: however far.
+    double distance = 0;
+    std::int32_t threads = 1;
+    /// Called now and then with the number of features read of the layer, from 0, and how many it
+    /// has (0: unknown). What it throws ends the work.
+    std::function<void(std::size_t layer, std::int64_t read, std::int64_t features)> progress;
+};
+
+struct LocatedListing {
+    std::string name;
+    std::string apart;
+    std::size_t layer = 0;  ///< Of the job's features.
+    /// Number of the listing among those of one name that lie apart, from 1; 0: it is the only one.
+    std::int32_t part = 0;
+};
+
+/// A square of a sheet in which a listing lies. Without squares row and column are 0.
+struct Reference {
+    std::uint32_t listing = 0;
+    std::uint32_t sheet = 0;  ///< In page order.
+    std::int32_t row = 0;     ///< From 0; an index of LocateResult::rowLabels for squares of one's
+                              ///< own.
+    std::int32_t column = 0;
+};
+
+/// How many features were left out for one reason, and the numbers of the first few.
+struct LeftOut {
+    std::int64_t count = 0;
+    std::vector<std::int64_t> first;
+
+    void Add(std::int64_t feature);
+};
+
+struct LayerCounts {
+    std::int64_t read = 0;
+    LeftOut unnamed;
+    LeftOut withoutGeometry;
+    LeftOut outside;  ///< On no sheet, or in no square of one.
+    LeftOut broken;   ///< Geometries that could not be mended or transformed.
+    LeftOut mended;   ///< Not left out.
+};
+
+struct LocateResult {
+    std::vector<LocatedListing> listings;  ///< In the order of the layers and of first appearance.
+    std::vector<Reference> references;     ///< By listing, sheet, row and column.
+    std::vector<std::string> pages;        ///< Of the sheets, in page order.
+    std::vector<std::string> rowLabels;    ///< Of squares of one's own.
+    std::vector<std::string> columnLabels;
+    std::vector<LayerCounts> counts;       ///< By layer.
+    std::vector<std::string> emptySheets;  ///< Pages of sheets without a feature.
+    std::vector<std::string> notes;        ///< Sentences about reference systems and the like.
+};
+
+}  // namespace gis

@@ -1,0 +1,134 @@
+#include "gis/tables/GdalWriter.h"
+
+#include <array>
+#include <atomic>
+#include <cpl_string.h>
+#include <cpl_vsi.h>
+#include <filesystem>
+#include <utility>
+
+#include "desk/unicode/FoldCase.h"
+#include "host/Failure.h"
+
+namespace gis {
+namespace {
+
+struct Format {
+    const char* ending;
+    const char* driver;
+    const char* options;  ///< Of the layer, divided by ";".
+};
+
+constexpr std::array kFormats = {Format{".dbf", "ESRI Shapefile", "ENCODING=UTF-8"},
+                                 Format{".gpkg", "GPKG", ""},
+                                 Format{".csv", "CSV", "STRING_QUOTING=IF_NEEDED"}};
+
+OGRFieldType TypeOf(const SourceField& field) {
+    switch (field.kind) {
+        case FieldKind::Number:
+            return field.decimals == 0 ? OFTInteger64 : OFTReal;
+        case FieldKind::Date:
+            return OFTDate;
+        case FieldKind::Logical:
+            return OFTInteger;
+        default:
+            return OFTString;
+    }
+}
+
+void SetValue(OGRFeature& feature, int index, const host::Variant& value) {
+    if (const auto* const text = std::get_if<std::string>(&value))
+        feature.SetField(index, text->c_str());
+    else if (const auto* const number = std::get_if<std::int32_t>(&value))
+        feature.SetField(index, *number);
+    else if (const auto* const real = std::get_if<double>(&value))
+        feature.SetField(index, *real);
+    else if (const auto* const flag = std::get_if<bool>(&value))
+        feature.SetField(index, *flag ? 1 : 0);
+    else
+        feature.SetFieldNull(index);
+}
+
+std::string NewFolder() {
+    static std::atomic<int> count = 0;
+    return "/vsimem/gazetteer-" + std::to_string(++count);
+}
+
+}  // namespace
+
+GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
+    : path_(std::move(path)), folder_(NewFolder()), fields_(std::move(fields)) {
+    const auto name = std::filesystem::path(path_);
+    const std::string ending = desk::FoldCase(name.extension());
+    const auto* const format = std::ranges::find(
+        kFormats, ending, [](const Format& known) { return std::string(known.ending); });
+    if (format == kFormats.end())
+        throw host::Failure(host::kFailureUnspecified, "GdalWriter",
+                            "The table \"" + path_ +
+                                "\" cannot be written: its name ends in none of .dbf, .gpkg, "
+                                ".csv.");
+    PrepareGdal();
+    const GdalMessages messages;
+    VSIMkdir(folder_.c_str(), 0700);
+    const std::string stem = name.stem();
+    auto* const driver = GetGDALDriverManager()->GetDriverByName(format->driver);
+    const std::string file = folder_ + '/' + stem + format->ending;
+    dataset_.reset(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    if (!dataset_) Fail(messages.Error());
+    CPLStringList options(CSLTokenizeString2(format->options, ";", 0));
+    layer_ = dataset_->CreateLayer(stem.c_str(), nullptr, wkbNone, options.List());
+    if (layer_ == nullptr) Fail(messages.Error());
+    for (const auto& field : fields_) AddField(field);
+    dataset_->StartTransaction();
+}
+
+GdalWriter::~GdalWriter() {
+    const GdalMessages messages;
+    dataset_.reset();
+    VSIRmdirRecursive(folder_.c_str());
+}
+
+void GdalWriter::AddField(const SourceField& field) {
+    const GdalMessages messages;
+    OGRFieldDefn definition(field.name.c_str(), TypeOf(field));
+    if (field.kind == FieldKind::Logical) definition.SetSubType(OFSTBoolean);
+    if (field.kind == FieldKind::Text || field.kind == FieldKind::Number)
+        definition.SetWidth(field.length);
+    definition.SetPrecision(field.decimals);
+    if (layer_->CreateField(&definition) != OGRERR_NONE) Fail(messages.Error());
+}
+
+void GdalWriter::Add(const std::vector<host::Variant>& values) {
+    GdalMessages messages;
+    OGRFeature feature(layer_->GetLayerDefn());
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        SetValue(feature, static_cast<int>(i), values[i]);
+    const bool isTaken = layer_->CreateFeature(&feature) == OGRERR_NONE;
+    const auto warnings = messages.TakeWarnings();
+    if (!isTaken) Fail(messages.Error());
+    if (!warnings.empty()) Fail(warnings.front());
+}
+
+void GdalWriter::Finish(const Store& store) {
+    const GdalMessages messages;
+    dataset_->CommitTransaction();
+    dataset_.reset();
+    if (!messages.Error().empty()) Fail(messages.Error());
+    const auto stem = folder_ + '/' + std::filesystem::path(path_).stem().string();
+    const auto path = std::filesystem::path(path_);
+    for (const char* const ending : {".cpg", ".dbf", ".gpkg", ".csv"}) {
+        vsi_l_offset length = 0;
+        const auto* const content = VSIGetMemFileBuffer((stem + ending).c_str(), &length, FALSE);
+        if (content == nullptr) continue;
+        const bool isTable = desk::FoldCase(path.extension()) == ending;
+        store(isTable ? path_ : std::filesystem::path(path).replace_extension(ending).string(),
+              {reinterpret_cast<const char*>(content), length});
+    }
+}
+
+void GdalWriter::Fail(const std::string& fault) const {
+    throw host::Failure(host::kFailureUnspecified, "GdalWriter",
+                        "The table \"" + path_ + "\" cannot be written: " + fault + '.');
+}
+
+}  // namespace gis
