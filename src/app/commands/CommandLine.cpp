@@ -164,6 +164,7 @@ void Commands::AddMake() {
     AddNewDocumentOptions(make);
     AddNumber(make, "--columns", options_.columnGroups, {1, kMostColumnGroups},
               "Number of column groups on a page, {} (default: as many as fit)");
+    DeclareLocateForMake(make, options_);
     AddOutputOptions(make);
 }
 

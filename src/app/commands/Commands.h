@@ -26,6 +26,7 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::int64_t startPage = 1;          ///< Page of the book on which the first map stands.
     std::string rowLabels = "A..H";      ///< Of the grid: "A..H", "1..10" or with commas.
     std::string columnLabels = "1..10";  ///< The same.
+    std::string listings;  ///< Table that make keeps of what it has located; empty: none.
     ImportOptions imported;
     LocateOptions located;
     double dotsPerInch = 150;  ///< Of PNG images.

@@ -4,6 +4,7 @@
 
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
+#include "app/commands/MakeListings.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/PageFurniture.h"
@@ -71,8 +72,10 @@ void CheckDocumentFile(const OpenDocument& document, const std::string& path) {
 
 }  // namespace
 
-int Make(const Options& options) {
-    CheckOutputName(options.output);
+int Make(const Options& given) {
+    CheckOutputName(given.output);
+    const MakeListings listings(given);
+    const Options& options = listings.WithTable();
     CommandSession session(options);
     auto& document = session.Document();
     // A document that is not saved resolves its paths from the folder of the output.

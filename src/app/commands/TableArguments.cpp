@@ -40,33 +40,11 @@ void Apply(const std::string& option, const std::string& value, FeatureOptions& 
     if (option == "--set") features.constants.push_back(ParseConstant(value));
 }
 
-}  // namespace
+constexpr char kSheetsHelp[] = "Layer of the map sheets";
 
-void DeclareImport(CLI::App& command, Options& options) {
-    ImportOptions& imported = options.imported;
-    command.add_option("SOURCE", imported.source, "The table to import")->required();
-    AddText(command, "--layer", imported.layer, "Layer of the source, where it has several");
-    AddText(command, "--where", imported.where, "SQL condition on the records (default: all)");
-    AddText(command, "--listing", imported.listing,
-            "Field of the listing, or an expression such as '[name], [town]'");
-    AddText(command, "--page", imported.page, "Field of the page");
-    AddText(command, "--row", imported.row, "Field of the grid's row");
-    AddText(command, "--column", imported.column, "Field of the grid's column");
-    AddText(command, "--keep", imported.keep, "Fields to keep under their names");
-    command.add_flag("--initial", imported.initial,
-                     "Add the letter under which an index of the locale has the listing");
-    AddOutput(command, options);
-}
-
-void DeclareLocate(CLI::App& command, Options& options) {
-    LocateOptions& locate = options.located;
-    static std::vector<std::string> sources;
-    command.add_option("FEATURES", sources, "Layers of what is listed")->required();
-    AddOfSource(command, "--name", "Field of the name, or an expression such as '[name], [town]'");
-    AddOfSource(command, "--where", "SQL condition on the features (default: all)");
-    AddOfSource(command, "--set", "FIELD=VALUE, a field with the same value in each record");
-    command.add_option("--sheets", locate.sheets, "Layer of the map sheets")->required();
-    AddText(command, "--page", locate.page, "Their field of the page (default: page)");
+// Options about sheets, their squares, and what is one listing.
+void AddSheets(CLI::App& command, LocateOptions& locate) {
+    AddText(command, "--page", locate.page, "The sheets' field of the page (default: page)");
     AddText(command, "--grid", locate.grid, "ROWSxCOLUMNS of squares on each sheet");
     AddText(command, "--row-labels", locate.rowLabels,
             "Labels such as A..H, 1..8 or with commas (default: A.. or 1..)");
@@ -92,7 +70,53 @@ void DeclareLocate(CLI::App& command, Options& options) {
               "of the sheets' reference system, {}");
     AddNumber(command, "--threads", locate.threads, {1, kMostThreads},
               "Threads to work with, {} (default: one per core)");
+}
+
+}  // namespace
+
+void DeclareImport(CLI::App& command, Options& options) {
+    ImportOptions& imported = options.imported;
+    command.add_option("SOURCE", imported.source, "The table to import")->required();
+    AddText(command, "--layer", imported.layer, "Layer of the source, where it has several");
+    AddText(command, "--where", imported.where, "SQL condition on the records (default: all)");
+    AddText(command, "--listing", imported.listing,
+            "Field of the listing, or an expression such as '[name], [town]'");
+    AddText(command, "--page", imported.page, "Field of the page");
+    AddText(command, "--row", imported.row, "Field of the grid's row");
+    AddText(command, "--column", imported.column, "Field of the grid's column");
+    AddText(command, "--keep", imported.keep, "Fields to keep under their names");
+    command.add_flag("--initial", imported.initial,
+                     "Add the letter under which an index of the locale has the listing");
     AddOutput(command, options);
+}
+
+void DeclareLocate(CLI::App& command, Options& options) {
+    LocateOptions& locate = options.located;
+    static std::vector<std::string> sources;
+    command.add_option("FEATURES", sources, "Layers of what is listed")->required();
+    AddOfSource(command, "--name", "Field of the name, or an expression such as '[name], [town]'");
+    AddOfSource(command, "--where", "SQL condition on the features (default: all)");
+    AddOfSource(command, "--set", "FIELD=VALUE, a field with the same value in each record");
+    command.add_option("--sheets", locate.sheets, kSheetsHelp)->required();
+    AddSheets(command, locate);
+    command.add_option("--book", locate.book,
+                       "Map book to write; the table then has the numbers of sheets, rows and "
+                       "columns that a linked index turns into pages and labels");
+    AddOutput(command, options);
+}
+
+void DeclareLocateForMake(CLI::App& command, Options& options) {
+    LocateOptions& locate = options.located;
+    locate.features.resize(1);
+    command.add_option("--sheets", locate.sheets,
+                       std::string(kSheetsHelp) +
+                           "; LISTINGS then has the features that are looked up on them, as "
+                           "\"gazetteer locate --help\" tells");
+    AddText(command, "--name", locate.features[0].name,
+            "Their field of the name, or an expression such as '[name], [town]'");
+    AddText(command, "--where", locate.features[0].where, "SQL condition on the features");
+    AddSheets(command, locate);
+    command.add_option("--listings", options.listings, "Keep the table of what was found");
 }
 
 void TakeFeatures(const CLI::App& command, LocateOptions& options) {

@@ -11,6 +11,8 @@ namespace app {
 /// Declares the arguments of the commands that make tables of listings.
 void DeclareImport(CLI::App& command, Options& options);
 void DeclareLocate(CLI::App& command, Options& options);
+/// Those of locate for `make`, which takes its only source from the listing database.
+void DeclareLocateForMake(CLI::App& command, Options& options);
 
 /// Sets the sources of features from the parsed command: an option that stands behind a source
 /// belongs to it, one that stands before all of them to each. Throws UsageError for a constant that

@@ -1,6 +1,10 @@
+#include <filesystem>
+
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
+#include "app/commands/MakeListings.h"
 #include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
 #include "app/tables/ImportedTable.h"
 #include "app/tables/LocatedTable.h"
 #include "desk/locale/IcuLocale.h"
@@ -13,13 +17,28 @@ std::string FileOf(const std::string& path) {
     return desk::FindTable(path).File();
 }
 
-void WriteAndTell(const Options& options, const auto& table, const std::string& summary) {
+// Returns how many records were written to which file, as a sentence.
+std::string Write(const Options& options, const auto& table) {
     const auto written = WriteTable(options.output, table.Fields(),
                                     [&](const RowTaker& take) { table.ForEach(take); });
     ClearProgress();
     for (const auto& warning : written.warnings) Warn(warning);
-    Tell(summary + std::to_string(written.records) +
-         (written.records == 1 ? " record" : " records") + " written to " + options.output + '.');
+    return std::to_string(written.records) + (written.records == 1 ? " record" : " records") +
+           " written to " + options.output + '.';
+}
+
+void CheckBookOutput(const Options& options, const std::vector<std::string>& sources) {
+    const std::string& book = options.located.book;
+    if (book.empty()) return;
+    for (const auto& source : sources)
+        if (IsOfTable(book, source))
+            throw UsageError("The map book \"" + book +
+                             "\" cannot be written: it would be made from itself.");
+    if (IsSameFile(book, options.output))
+        throw UsageError("The file \"" + book + "\" cannot be both the table and the map book.");
+    std::error_code ignored;
+    if (!options.force && std::filesystem::exists(book, ignored))
+        throw CommandError("The map book \"" + book + "\" exists already; --force replaces it.");
 }
 
 }  // namespace
@@ -28,16 +47,23 @@ int Import(const Options& options) {
     CheckTableOutput(options.output, {FileOf(options.imported.source)}, options.force);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
     const ImportedTable table(options.imported, locale, locale->Name());
-    WriteAndTell(options, table, {});
+    const auto written = Write(options, table);
     for (const auto& note : table.Notes().All()) Warn(note);
+    Tell(written);
     return kDone;
 }
 
 int Locate(const Options& options) {
+    LocateInto(options, true);
+    return kDone;
+}
+
+void LocateInto(const Options& options, bool isKept) {
     std::vector<std::string> sources = {FileOf(options.located.sheets)};
     for (const auto& features : options.located.features)
         sources.push_back(FileOf(features.source));
     CheckTableOutput(options.output, sources, options.force);
+    CheckBookOutput(options, sources);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
     const auto listeners = ProgressListeners();
     const LocatedTable table(options.located, locale, [&](const std::string& text) {
@@ -45,8 +71,9 @@ int Locate(const Options& options) {
     });
     ClearProgress();
     for (const auto& warning : table.Warnings()) Warn(warning);
-    WriteAndTell(options, table, table.Summary() + ' ');
-    return kDone;
+    const auto written = Write(options, table);
+    table.WriteMapBook();
+    Tell(table.Summary() + (isKept ? ' ' + written : ""));
 }
 
 }  // namespace app

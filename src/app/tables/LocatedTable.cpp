@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "app/document/Errors.h"
+#include "app/tables/BookFile.h"
 #include "app/tables/FieldText.h"
 #include "app/tables/LocateJob.h"
 #include "desk/components/GisLibrary.h"
@@ -60,14 +61,15 @@ std::string Listed(const std::vector<std::string>& pages) {
     return pages.size() > kShown ? list + ", ..." : list;
 }
 
-void AddLeftOut(std::vector<std::string>& warnings, const std::string& layer,
-                const gis::LeftOut& features, const std::string& what) {
+// Adds a warning that tells of one feature or of several.
+void AddFeatures(std::vector<std::string>& warnings, const std::string& layer,
+                 const gis::LeftOut& features, const std::string& one, const std::string& many) {
     if (features.count == 0) return;
     std::vector<std::string> numbers;
     for (const auto number : features.first) numbers.push_back(std::to_string(number));
     const bool isMore = features.count > std::ssize(numbers);
-    warnings.push_back(layer + ": " + Counted(features.count, "feature ", "features ") + what +
-                       " (number " + Listed(numbers) + (isMore ? ", ...)." : ")."));
+    warnings.push_back(layer + ": " + Counted(features.count, one, many) + " (number " +
+                       Listed(numbers) + (isMore ? ", ...)." : ")."));
 }
 
 }  // namespace
@@ -92,6 +94,7 @@ LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::I
     const bool isOwn = !options.squareLayer.empty();
     rowLabels_ = isOwn ? result_.rowLabels : grid.rows;
     columnLabels_ = isOwn ? result_.columnLabels : grid.columns;
+    if (!options_.book.empty()) CheckBook();
     hasParts_ = std::ranges::any_of(result_.listings, [](const auto& l) { return l.part > 0; });
 }
 
@@ -110,17 +113,47 @@ host::Variant LocatedTable::Constant(std::size_t layer, const std::string& field
     return std::string();
 }
 
+void LocatedTable::CheckBook() const {
+    const auto first = ValueOf(result_.pages.front());
+    const auto* const number = std::get_if<std::int32_t>(&first);
+    for (std::size_t i = 0; i < result_.pages.size(); ++i)
+        if (number == nullptr ||
+            result_.pages[i] != std::to_string(*number + static_cast<std::int32_t>(i)))
+            throw UsageError("--book " + Shown(options_.book) +
+                             ": a map book counts the pages of its sheets one by one, but " +
+                             options_.sheets + " has the page \"" + result_.pages[i] +
+                             (i == 0 ? "\"." : "\" behind \"" + result_.pages[i - 1] + "\"."));
+    if (!result_.isInPageOrder)
+        throw UsageError("--book " + Shown(options_.book) + ": the sheets of " + options_.sheets +
+                         " do not stand in the order of their pages.");
+}
+
+void LocatedTable::WriteMapBook() const {
+    if (options_.book.empty()) return;
+    WriteBook({options_.book, options_.sheets, std::ssize(result_.pages),
+               std::get<std::int32_t>(ValueOf(result_.pages.front())), rowLabels_, columnLabels_});
+}
+
+void LocatedTable::AddPlace(const gis::Reference& reference, Values& values) const {
+    if (!options_.book.empty()) {
+        values.emplace_back(static_cast<std::int32_t>(reference.sheet) + 1);
+        if (!rowLabels_.empty())
+            values.insert(values.end(), {reference.row + 1, reference.column + 1});
+        return;
+    }
+    values.push_back(ValueOf(result_.pages[reference.sheet]));
+    if (rowLabels_.empty()) return;
+    values.push_back(ValueOf(rowLabels_[static_cast<std::size_t>(reference.row)]));
+    values.push_back(ValueOf(columnLabels_[static_cast<std::size_t>(reference.column)]));
+}
+
 void LocatedTable::ForEach(const RowTaker& take) const {
     Values values;
     for (const auto& reference : result_.references) {
         const auto& listing = result_.listings[reference.listing];
         values.clear();
         values.emplace_back(listing.name);
-        values.push_back(ValueOf(result_.pages[reference.sheet]));
-        if (!rowLabels_.empty()) {
-            values.push_back(ValueOf(rowLabels_[static_cast<std::size_t>(reference.row)]));
-            values.push_back(ValueOf(columnLabels_[static_cast<std::size_t>(reference.column)]));
-        }
+        AddPlace(reference, values);
         if (!options_.apart.empty()) values.emplace_back(listing.apart);
         if (hasParts_) values.emplace_back(std::max(listing.part, 1));
         for (const auto& constant : constants_) values.push_back(Constant(listing.layer, constant));
@@ -141,12 +174,17 @@ std::vector<std::string> LocatedTable::Warnings() const {
     auto warnings = result_.notes;
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         const auto& counts = result_.counts[i];
-        AddLeftOut(warnings, layers_[i], counts.unnamed, "left out, since they have no name");
-        AddLeftOut(warnings, layers_[i], counts.withoutGeometry,
-                   "left out, since they have no place");
-        AddLeftOut(warnings, layers_[i], counts.broken, "left out, since their geometry is broken");
-        AddLeftOut(warnings, layers_[i], counts.outside, "left out, since they lie on no sheet");
-        AddLeftOut(warnings, layers_[i], counts.mended, "had a broken geometry, which was mended");
+        const auto add = [&](const gis::LeftOut& features, const char* one, const char* many) {
+            AddFeatures(warnings, layers_[i], features, one, many);
+        };
+        add(counts.unnamed, "feature without a name left out", "features without a name left out");
+        add(counts.withoutGeometry, "feature without a place left out",
+            "features without a place left out");
+        add(counts.broken, "feature with a broken geometry left out",
+            "features with broken geometries left out");
+        add(counts.outside, "feature on no sheet left out", "features on no sheet left out");
+        add(counts.mended, "feature had a broken geometry, which was mended",
+            "features had broken geometries, which were mended");
     }
     if (!result_.emptySheets.empty())
         warnings.push_back(Counted(std::ssize(result_.emptySheets), "sheet has", "sheets have") +

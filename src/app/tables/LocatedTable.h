@@ -25,12 +25,17 @@ public:
 
     std::vector<OutputField> Fields() const;
     void ForEach(const RowTaker& take) const;
+    /// Writes the map book, if one is wanted.
+    void WriteMapBook() const;
     /// What was read and found, in a sentence.
     std::string Summary() const;
     /// What was left out and why, one sentence each.
     std::vector<std::string> Warnings() const;
 
 private:
+    /// Throws UsageError if no map book can tell the pages of the sheets.
+    void CheckBook() const;
+    void AddPlace(const gis::Reference& reference, Values& values) const;
     host::Variant Constant(std::size_t layer, const std::string& field) const;
 
     LocateOptions options_;

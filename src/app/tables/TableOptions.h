@@ -43,6 +43,9 @@ struct LocateOptions {
     std::string squareRow = "row";  ///< Its fields of the labels.
     std::string squareColumn = "column";
     std::string squares = "longest";  ///< all, longest, first.
+    /// Map book to write; the table then names sheets by their number and squares by row and
+    /// column from 1, which the map book turns into pages and labels.
+    std::string book;
     std::string apart;
     double distance = 0;
     std::int32_t threads = 0;  ///< 0: as many as the machine has.

@@ -78,6 +78,7 @@ public:
             result_.pages.push_back(sheets_.sheets[i].page);
             if (!isUsed_[i]) result_.emptySheets.push_back(sheets_.sheets[i].page);
         }
+        result_.isInPageOrder = sheets_.isInPageOrder;
         result_.rowLabels = std::move(sheets_.rowLabels);
         result_.columnLabels = std::move(sheets_.columnLabels);
         return std::move(result_);

@@ -186,8 +186,9 @@ Sheets ReadSheets(const LocateJob& job) {
     NoteLeftOut(sheets, layer.Name(), others, "sheet that is no area was",
                 "sheets that are no areas were");
     if (sheets.sheets.empty()) Fail(layer.Name() + " has no sheet: no area with a page.");
-    std::ranges::stable_sort(sheets.sheets, {},
-                             [](const Sheet& sheet) { return OrderOf(sheet.page); });
+    const auto order = [](const Sheet& sheet) { return OrderOf(sheet.page); };
+    sheets.isInPageOrder = std::ranges::is_sorted(sheets.sheets, {}, order);
+    std::ranges::stable_sort(sheets.sheets, {}, order);
     if (job.ownSquares) SquareCutter(*job.ownSquares, sheets).Cut();
     return sheets;
 }

@@ -33,6 +33,7 @@ struct Sheets {
     std::vector<Sheet> sheets;
     OGRSpatialReference reference;
     bool hasReference = false;
+    bool isInPageOrder = true;           ///< Whether the layer has them so.
     std::vector<std::string> rowLabels;  ///< Of squares of one's own.
     std::vector<std::string> columnLabels;
     std::vector<std::string> notes;

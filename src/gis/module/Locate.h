@@ -101,6 +101,7 @@ struct LocateResult {
     std::vector<LocatedListing> listings;  ///< In the order of the layers and of first appearance.
     std::vector<Reference> references;     ///< By listing, sheet, row and column.
     std::vector<std::string> pages;        ///< Of the sheets, in page order.
+    bool isInPageOrder = true;             ///< Whether their layer has them in that order.
     std::vector<std::string> rowLabels;    ///< Of squares of one's own.
     std::vector<std::string> columnLabels;
     std::vector<LayerCounts> counts;       ///< By layer.

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include "app/commands/Commands.h"
+#include "desk/files/TemporaryName.h"
+
+namespace app {
+
+/// Does what `locate` does. The summary names the file if it is kept.
+void LocateInto(const Options& options, bool isKept);
+
+/// The listings of `make`: where sheets are given, the features are located first, into the table
+/// that the options name, or into one that goes with this object.
+class MakeListings {
+public:
+    /// Throws UsageError for options that do not fit each other; otherwise as `locate`.
+    explicit MakeListings(const Options& options);
+    MakeListings(const MakeListings&) = delete;
+    MakeListings& operator=(const MakeListings&) = delete;
+    ~MakeListings();
+
+    /// The options with the table as listing database.
+    const Options& WithTable() const { return options_; }
+
+private:
+    std::string TemporaryTable();
+
+    Options options_;
+    std::string folder_;  ///< Of the table that goes; empty: none.
+    desk::TemporaryName table_;
+    desk::TemporaryName encoding_;
+};
+
+}  // namespace app

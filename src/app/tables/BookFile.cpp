@@ -1,0 +1,108 @@
+#include "app/tables/BookFile.h"
+
+#include <filesystem>
+
+#include "desk/files/Files.h"
+#include "desk/json/JsonWriter.h"
+
+namespace app {
+namespace {
+
+void WriteTexts(desk::JsonWriter& json, std::string_view key, const Labels& texts) {
+    json.Key(key);
+    json.BeginArray();
+    for (const auto& text : texts) json.Text(text);
+    json.EndArray();
+}
+
+void WriteSeries(desk::JsonWriter& json, const BookPlan& plan) {
+    json.Key("series");
+    json.BeginObject();
+    const auto folder = std::filesystem::absolute(plan.book).parent_path();
+    json.Member("indexLayer",
+                std::filesystem::absolute(plan.sheets).lexically_proximate(folder).string());
+    json.Member("firstPage", 1);
+    json.Key("grids");
+    json.BeginArray();
+    json.BeginObject();
+    json.Member("kind", std::string("index"));
+    json.Member("visible", true);
+    WriteTexts(json, "rows", plan.rows);
+    WriteTexts(json, "columns", plan.columns);
+    json.EndObject();
+    json.EndArray();
+    json.EndObject();
+}
+
+struct KeyAndName {
+    const char* key;
+    const char* name;
+};
+
+void WriteKeyAndName(desk::JsonWriter& json, const KeyAndName& names) {
+    json.BeginObject();
+    json.Member("key", std::string(names.key));
+    json.Member("name", std::string(names.name));
+}
+
+// Writes a section with one template; its layout is written by the function.
+void WriteSection(desk::JsonWriter& json, const KeyAndName& section, std::int64_t startPage,
+                  const KeyAndName& itsTemplate, const Labels& pages, const auto& writeLayout) {
+    WriteKeyAndName(json, section);
+    json.Member("startPage", startPage);
+    WriteTexts(json, "pages", pages);
+    json.Key("templates");
+    json.BeginArray();
+    WriteKeyAndName(json, itsTemplate);
+    json.Key("layout");
+    json.BeginArray();
+    writeLayout();
+    json.EndArray();
+    json.EndObject();
+    json.EndArray();
+    json.EndObject();
+}
+
+Labels SheetPages(std::int64_t sheets) {
+    Labels pages;
+    for (std::int64_t page = 1; page <= sheets; ++page)
+        pages.push_back("sheet$" + std::to_string(page));
+    return pages;
+}
+
+std::string BookText(const BookPlan& plan) {
+    std::string text;
+    desk::JsonWriter json([&](std::string_view piece) { text += piece; }, 1);
+    json.BeginObject();
+    json.Member("currentTemplate", std::string("index"));
+    json.Key("books");
+    json.BeginArray();
+    json.BeginObject();
+    json.Member("key", std::string("atlas"));
+    json.Key("sections");
+    json.BeginArray();
+    WriteSection(json, {"maps", "Maps"}, plan.startPage, {"sheet", "Map sheet"},
+                 SheetPages(plan.sheetCount), [&] {
+                     json.BeginObject();
+                     json.Member("kind", std::string("mapFrame"));
+                     json.Member("name", std::string("Main map"));
+                     WriteSeries(json, plan);
+                     json.EndObject();
+                 });
+    WriteSection(json, {"back", "Index"}, plan.startPage + plan.sheetCount, {"index", "Gazetteer"},
+                 {"index$1"}, [] {});
+    json.EndArray();
+    json.EndObject();
+    json.EndArray();
+    json.EndObject();
+    json.Finish();
+    return text;
+}
+
+}  // namespace
+
+void WriteBook(const BookPlan& plan) {
+    desk::ReplaceFile(plan.book, BookText(plan));
+}
+
+}  // namespace app
