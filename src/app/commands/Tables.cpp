@@ -66,8 +66,10 @@ void LocateInto(const Options& options, bool isKept) {
     CheckBookOutput(options, sources);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
     const auto listeners = ProgressListeners();
-    const LocatedTable table(options.located, locale, [&](const std::string& text) {
-        if (listeners.statusText) listeners.statusText(0, text);
+    const LocatedTable table(options.located, locale, [&](auto read, auto features) {
+        if (!listeners.statusText) return;
+        listeners.step(read, features);
+        listeners.statusText(0, "Locating feature " + std::to_string(read));
     });
     ClearProgress();
     for (const auto& warning : table.Warnings()) Warn(warning);

@@ -99,6 +99,7 @@ gis::LocateJob JobOf(const LocateOptions& options, const GridLabels& grid) {
             gis::SquareLayer{LayerAt(options.squareLayer), options.squareRow, options.squareColumn};
     job.squares = SquaresOf(options.squares);
     job.distance = options.distance;
+    job.wantsSketch = options.wantsSketch;
     const auto cores = static_cast<std::int32_t>(std::thread::hardware_concurrency());
     job.threads = options.threads > 0 ? options.threads : std::max(1, cores);
     return job;

@@ -86,9 +86,8 @@ LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::I
             if (std::ranges::find(constants_, constant.first) == constants_.end())
                 constants_.push_back(constant.first);
     }
-    job.progress = [&](std::size_t layer, std::int64_t read, std::int64_t count) {
-        progress("Locating feature " + std::to_string(read) +
-                 (count > 0 ? " of " + std::to_string(count) : "") + " of " + layers_[layer]);
+    job.progress = [&](std::size_t, std::int64_t read, std::int64_t count) {
+        progress(read, count);
     };
     result_ = desk::LoadGisModule("Locating features").Locate(job);
     const bool isOwn = !options.squareLayer.empty();

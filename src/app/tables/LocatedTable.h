@@ -16,13 +16,15 @@ namespace app {
 /// and Column, those that tell listings apart, and the constants.
 class LocatedTable {
 public:
-    using Progress = std::function<void(const std::string& text)>;
+    /// Takes the number of features read of the layer at hand, and how many it has; 0: unknown.
+    using Progress = std::function<void(std::int64_t read, std::int64_t features)>;
 
     /// Throws UsageError for options that do not fit each other or the sources, and host::Failure
     /// for a source that cannot be read.
     LocatedTable(const LocateOptions& options, const host::Ref<host::IHostLocale>& locale,
                  const Progress& progress);
 
+    const gis::LocateResult& Result() const { return result_; }
     std::vector<OutputField> Fields() const;
     void ForEach(const RowTaker& take) const;
     /// Writes the map book, if one is wanted.

@@ -49,6 +49,7 @@ struct LocateOptions {
     std::string apart;
     double distance = 0;
     std::int32_t threads = 0;  ///< 0: as many as the machine has.
+    bool wantsSketch = false;  ///< A small map of sheets and features.
 };
 
 }  // namespace app

@@ -5,10 +5,12 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabWidget>
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
 #include "app/window/Dialogs.h"
+#include "app/window/LocatePage.h"
 #include "app/window/PageSizeBox.h"
 #include "app/window/PathField.h"
 #include "app/window/WaitPointer.h"
@@ -30,6 +32,8 @@ public:
 private:
     QString ChooseTable();
     QString ChooseBook(const QString& present);
+    QWidget* TablePage();
+    bool IsFromLayers() const;
     void CheckTable();
     void CheckSize();
     void ShowUsable();
@@ -38,6 +42,8 @@ private:
     WindowSession& session_;
     PathField* table_;
     QLabel* tableNote_;
+    QTabWidget* pages_;
+    LocatePage* layers_;
     PathField* book_;
     PageSizeBox* size_;
     QLabel* sizeNote_;
@@ -52,6 +58,8 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
       table_(new PathField(
           "table", [this](const QString&) { return ChooseTable(); }, this)),
       tableNote_(new QLabel(this)),
+      pages_(new QTabWidget(this)),
+      layers_(new LocatePage(session, this)),
       book_(new PathField(
           "book", [this](const QString& present) { return ChooseBook(present); }, this)),
       size_(new PageSizeBox(this)),
@@ -75,9 +83,11 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     create_ = buttons->addButton("Create", QDialogButtonBox::AcceptRole);
     create_->setDefault(true);
 
+    pages_->setObjectName("sources");
+    pages_->addTab(TablePage(), "From a &Table");
+    pages_->addTab(layers_, "From Map La&yers");
     auto* form = new QFormLayout(this);
-    form->addRow("&Listing table:", table_);
-    form->addRow(QString(), tableNote_);
+    form->addRow(pages_);
     form->addRow("&Map book (optional):", book_);
     form->addRow("&Page size:", size_);
     static_cast<QLabel*>(form->labelForField(size_))->setBuddy(size_->First());
@@ -86,11 +96,25 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     form->addRow(buttons);
 
     connect(table_, &PathField::Changed, this, &NewDocumentDialog::CheckTable);
+    connect(layers_, &LocatePage::Changed, this, &NewDocumentDialog::ShowUsable);
+    connect(pages_, &QTabWidget::currentChanged, this, &NewDocumentDialog::ShowUsable);
     connect(size_, &PageSizeBox::Changed, this, &NewDocumentDialog::CheckSize);
     connect(buttons, &QDialogButtonBox::accepted, this, &NewDocumentDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &NewDocumentDialog::reject);
     size_->SetSize(ParsePageSize(WindowUnit() == LengthUnit::Inches ? "letter" : "a4"));
     CheckTable();
+}
+
+QWidget* NewDocumentDialog::TablePage() {
+    auto* page = new QWidget(this);
+    auto* form = new QFormLayout(page);
+    form->addRow("&Listing table:", table_);
+    form->addRow(QString(), tableNote_);
+    return page;
+}
+
+bool NewDocumentDialog::IsFromLayers() const {
+    return pages_->currentWidget() == layers_;
 }
 
 // Shows the fields of the table, or why it cannot be used.
@@ -123,7 +147,8 @@ void NewDocumentDialog::CheckSize() {
 }
 
 void NewDocumentDialog::ShowUsable() {
-    create_->setEnabled(tableUsable_ && sizeNote_->text().isEmpty());
+    const bool isUsable = IsFromLayers() ? layers_->IsUsable() : tableUsable_;
+    create_->setEnabled(isUsable && sizeNote_->text().isEmpty());
 }
 
 NewDocumentOptions NewDocumentDialog::Options() const {
@@ -138,8 +163,11 @@ NewDocumentOptions NewDocumentDialog::Options() const {
 void NewDocumentDialog::accept() {
     if (!create_->isEnabled()) return;
     try {
+        auto options = Options();
+        if (IsFromLayers()) options.listingDatabase = layers_->MakeTable();
+        if (options.listingDatabase.empty()) return;
         const WaitPointer wait;
-        session_.StartNew(Options(), ready_->isChecked());
+        session_.StartNew(options, ready_->isChecked());
     } catch (const RunCancelled&) {
         return;
     } catch (const std::exception&) {

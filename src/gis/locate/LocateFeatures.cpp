@@ -10,6 +10,7 @@
 #include "gis/locate/ListingSquares.h"
 #include "gis/locate/Locator.h"
 #include "gis/locate/Sheets.h"
+#include "gis/locate/Sketch.h"
 
 namespace gis {
 namespace {
@@ -17,6 +18,9 @@ namespace {
 /// Features whose squares are found by one thread at a time: so many that handing them over costs
 /// little, so few that they take little memory.
 constexpr std::size_t kBatch = 256;
+
+/// Lines of features on a small map.
+constexpr std::size_t kMostLines = 100'000;
 
 struct Feature {
     std::int64_t number = 0;
@@ -30,8 +34,8 @@ using Batch = std::vector<Feature>;
 /// Locators that no thread uses at the moment.
 class LocatorPool {
 public:
-    LocatorPool(const Sheets& sheets, const OGRSpatialReference* reference)
-        : sheets_(sheets), reference_(reference) {}
+    LocatorPool(const Sheets& sheets, const OGRSpatialReference* reference, bool wantsSketch)
+        : sheets_(sheets), reference_(reference), wantsSketch_(wantsSketch) {}
 
     Batch Locate(Batch batch) {
         auto locator = Take();
@@ -54,11 +58,12 @@ private:
                 return locator;
             }
         }
-        return std::make_unique<Locator>(sheets_, reference_);
+        return std::make_unique<Locator>(sheets_, reference_, wantsSketch_);
     }
 
     const Sheets& sheets_;
     const OGRSpatialReference* reference_;
+    bool wantsSketch_;
     std::mutex mutex_;
     std::vector<std::unique_ptr<Locator>> idle_;
 };
@@ -78,6 +83,7 @@ public:
             result_.pages.push_back(sheets_.sheets[i].page);
             if (!isUsed_[i]) result_.emptySheets.push_back(sheets_.sheets[i].page);
         }
+        if (job_.wantsSketch) result_.sketch.sheets = SketchSheets(sheets_);
         result_.isInPageOrder = sheets_.isInPageOrder;
         result_.rowLabels = std::move(sheets_.rowLabels);
         result_.columnLabels = std::move(sheets_.columnLabels);
@@ -91,12 +97,12 @@ private:
         const std::int32_t apart = place.apart.empty() ? -1 : layer.Field(place.apart);
         NoteReference(layer);
         const std::int64_t count = layer.Count();
-        LocatorPool pool(sheets_, layer.Reference());
+        LocatorPool pool(sheets_, layer.Reference(), job_.wantsSketch);
         InOrder<Batch, Batch> order(
             static_cast<std::size_t>(job_.threads),
             [&](Batch batch) { return pool.Locate(std::move(batch)); },
-            [&](const Batch& batch) {
-                for (const auto& feature : batch) Take(number, feature);
+            [&](Batch batch) {
+                for (auto& feature : batch) Take(number, feature);
                 if (job_.progress) job_.progress(number, result_.counts[number].read, count);
             });
         result_.counts.emplace_back();
@@ -123,7 +129,7 @@ private:
                                 (isKnown ? layer.Name() : job_.sheets.Text()) + '.');
     }
 
-    void Take(std::size_t number, const Feature& feature) {
+    void Take(std::size_t number, Feature& feature) {
         LayerCounts& counts = result_.counts[number];
         ++counts.read;
         const LocatedGeometry& located = feature.located;
@@ -138,6 +144,9 @@ private:
             counts.outside.Add(feature.number);
         else
             listings_.Add(number, feature.name, feature.apart, located);
+        for (auto& line : feature.located.sketch)
+            if (result_.sketch.features.size() < kMostLines)
+                result_.sketch.features.push_back(std::move(line));
         for (const auto& square : located.squares) isUsed_[square.sheet] = true;
     }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gis/locate/AreaSquares.h"
+#include "gis/locate/Sketch.h"
 #include "gis/tables/Dataset.h"
 #include "host/Failure.h"
 
@@ -46,10 +47,12 @@ std::unique_ptr<OGRCoordinateTransformation> TransformationTo(
     return transformation;
 }
 
-Locator::Locator(const Sheets& sheets, const OGRSpatialReference* reference)
+Locator::Locator(const Sheets& sheets, const OGRSpatialReference* reference, bool wantsSketch)
     : sheets_(sheets),
       transformation_(TransformationTo(sheets, reference)),
-      index_(geos_, BoxesOf(sheets)) {}
+      index_(geos_, BoxesOf(sheets)) {
+    if (wantsSketch) sketchDistance_ = SketchDistance(sheets);
+}
 
 LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
     LocatedGeometry located;
@@ -65,6 +68,7 @@ LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
         located.isBroken = true;
         return located;
     }
+    if (sketchDistance_) AddThinned(*geometry, *sketchDistance_, located.sketch);
     std::vector<SquareExtent> squares;
     for (const std::size_t number : index_.Find(located.box)) {
         const Sheet& sheet = sheets_.sheets[number];

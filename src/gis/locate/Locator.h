@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "gis/locate/Geos.h"
@@ -16,6 +17,7 @@ struct SheetSquare {
 
 struct LocatedGeometry {
     std::vector<SheetSquare> squares;  ///< By sheet, row and column.
+    std::vector<MapLine> sketch;       ///< If it is wanted.
     OGREnvelope box;
     bool isEmpty = false;
     bool isBroken = false;  ///< Could not be mended or transformed.
@@ -26,7 +28,7 @@ struct LocatedGeometry {
 class Locator {
 public:
     /// The geometries are in the given reference system; null: in that of the sheets.
-    Locator(const Sheets& sheets, const OGRSpatialReference* reference);
+    Locator(const Sheets& sheets, const OGRSpatialReference* reference, bool wantsSketch);
 
     /// May change the geometry. Null counts as an empty one.
     LocatedGeometry Locate(OGRGeometry* geometry);
@@ -51,6 +53,7 @@ private:
 
     const Sheets& sheets_;
     std::unique_ptr<OGRCoordinateTransformation> transformation_;
+    std::optional<double> sketchDistance_;
     Geos geos_;
     BoxIndex index_;
     Pieces pieces_;

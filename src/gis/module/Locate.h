@@ -47,6 +47,31 @@ enum class Squares {
     First     ///< The first in reading order.
 };
 
+struct MapPoint {
+    double x = 0;
+    double y = 0;
+};
+/// One point stands for a place, several for a line.
+using MapLine = std::vector<MapPoint>;
+
+/// The outline of a sheet and its squares.
+struct SheetSketch {
+    struct Square {
+        std::int32_t row = 0;
+        std::int32_t column = 0;
+        MapLine outline;
+    };
+    MapLine outline;
+    std::vector<Square> squares;  ///< None without a grid.
+};
+
+/// A small map of sheets and features, in the reference system of the sheets. Its lines are
+/// thinned.
+struct MapSketch {
+    std::vector<SheetSketch> sheets;  ///< In page order.
+    std::vector<MapLine> features;    ///< The first of them, if there are very many.
+};
+
 struct LocateJob {
     std::vector<LocatedLayer> features;
     LayerOfSource sheets;
@@ -58,6 +83,7 @@ struct LocateJob {
     /// sheets' reference system. 0: however far.
     double distance = 0;
     std::int32_t threads = 1;
+    bool wantsSketch = false;
     /// Called now and then with the number of features read of the layer, from 0, and how many it
     /// has (0: unknown). What it throws ends the work.
     std::function<void(std::size_t layer, std::int64_t read, std::int64_t features)> progress;
@@ -107,6 +133,7 @@ struct LocateResult {
     std::vector<LayerCounts> counts;       ///< By layer.
     std::vector<std::string> emptySheets;  ///< Pages of sheets without a feature.
     std::vector<std::string> notes;        ///< Sentences about reference systems and the like.
+    MapSketch sketch;                      ///< If it is wanted.
 };
 
 }  // namespace gis
