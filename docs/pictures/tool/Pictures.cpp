@@ -1,8 +1,11 @@
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QDockWidget>
 #include <QLineEdit>
+#include <QListView>
+#include <QTabWidget>
 #include <QTreeWidget>
 
 #include "Taker.h"
@@ -50,6 +53,31 @@ void HideFindings(MainWindow& window) {
     window.findChild<QDockWidget*>("findingsDock")->close();
 }
 
+// Two layers on the sheets of an atlas, with a river that runs over several.
+void FillLayers() {
+    auto& dialog = *QApplication::activeModalWidget();
+    support::Part<QTabWidget>(dialog, "sources").setCurrentIndex(1);
+    const auto fill = [&](const char* name, const char* layer) {
+        const std::string field = name;
+        support::Part<QLineEdit>(dialog, (field + "Line").c_str()).setText("europe.gpkg");
+        support::Part<QComboBox>(dialog, (field + "Layer").c_str()).setCurrentText(layer);
+    };
+    fill("features1", "places");
+    fill("features2", "rivers");
+    fill("sheets", "sheets");
+    support::Part<QAbstractButton>(dialog, "lookUp").click();
+    auto& list = support::Part<QListView>(dialog, "locatedListings");
+    const auto found = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, "Danube");
+    if (found.isEmpty()) return;
+    list.setCurrentIndex(found.front());
+    list.scrollTo(found.front(), QAbstractItemView::PositionAtCenter);
+}
+
+void ShowLayers(MainWindow& window) {
+    QTimer::singleShot(50, FillLayers);
+    Trigger("newDocument")(window);
+}
+
 void ShowFailure(MainWindow& window) {
     host::Failure failure(host::kFailureUnspecified, "",
                           "The expression of the column Listing has no field named Nowhere.");
@@ -77,6 +105,7 @@ const Picture kPictures[] = {
     {"start", [](MainWindow&) {}},
     {"new-document", [](MainWindow& window) { window.Open("czechia-slovakia.dbf"); }},
     {"choose-table", Trigger("newDocument"), "tableBrowse"},
+    {"map-layers", ShowLayers},
     {"window", OpenDocument},
     {"findings", ShowFindings},
     {"page-setup",
@@ -169,6 +198,8 @@ int main(int count, char** arguments) {
     const QString home = QString::fromStdString(application.Folder().Path());
     qputenv("XDG_DATA_HOME", (home + "/data").toLocal8Bit());
     QFile::copy(parser.positionalArguments()[0], home + "/czechia-slovakia.dbf");
+    QFile::copy(QFileInfo(parser.positionalArguments()[0]).path() + "/europe.gpkg",
+                home + "/europe.gpkg");
     QDir::setCurrent(home);
     MakeDocument();
 

@@ -36,6 +36,7 @@ LayerField::LayerField(const QString& name, const QString& fieldText, QStringLis
       path_(new PathField(
           name, [this](const QString& present) { return ChooseSource(this, present); }, this)),
       layer_(new QComboBox(this)),
+      fieldText_(new QLabel(fieldText, this)),
       field_(new QComboBox(this)),
       fault_(new QLabel(this)),
       preferred_(std::move(preferred)) {
@@ -46,12 +47,12 @@ LayerField::LayerField(const QString& name, const QString& fieldText, QStringLis
     fault_->setTextFormat(Qt::PlainText);
     fault_->setWordWrap(true);
     fault_->hide();
-    layer_->hide();
-    auto* label = new QLabel(fieldText, this);
-    label->setBuddy(field_);
+    fieldText_->setBuddy(field_);
+    for (QWidget* const choice : {layer_, field_}) choice->hide();
+    fieldText_->hide();
     auto* choices = new QHBoxLayout;
     choices->addWidget(layer_, 1);
-    choices->addWidget(label);
+    choices->addWidget(fieldText_);
     choices->addWidget(field_, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -65,7 +66,11 @@ LayerField::LayerField(const QString& name, const QString& fieldText, QStringLis
 }
 
 bool LayerField::IsEmpty() const {
-    return path_->Path().isEmpty();
+    return Source().isEmpty();
+}
+
+QString LayerField::Source() const {
+    return path_->Path();
 }
 
 QString LayerField::Path() const {
@@ -138,6 +143,8 @@ void LayerField::ReadFields() {
 }
 
 void LayerField::ShowFault(const QString& fault) {
+    fieldText_->setVisible(usable_);
+    field_->setVisible(usable_);
     fault_->setText(fault);
     fault_->setVisible(!fault.isEmpty());
 }

@@ -23,6 +23,7 @@ public:
 
     bool IsEmpty() const;
     bool IsUsable() const { return usable_; }
+    QString Source() const;
     /// "SOURCE" or "SOURCE/LAYER".
     QString Path() const;
     QString Field() const;
@@ -39,6 +40,7 @@ private:
 
     PathField* path_;
     QComboBox* layer_;
+    QLabel* fieldText_;
     QComboBox* field_;
     QLabel* fault_;
     QStringList preferred_;

@@ -5,15 +5,17 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalBlocker>
+#include <QSortFilterProxyModel>
 #include <QSpinBox>
 #include <QStringListModel>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "app/document/Errors.h"
@@ -45,12 +47,30 @@ QLineEdit* LabelsLine(const char* name, const char* example, QWidget* parent) {
     return line;
 }
 
-QHBoxLayout* Side(QWidget* first, const char* text, QWidget* second) {
+// Adds a row with a number of squares and their labels.
+void AddSide(QFormLayout& form, const char* text, QSpinBox* count, QLineEdit* labels) {
+    auto* name = new QLabel(text, count->parentWidget());
+    name->setBuddy(count);
     auto* row = new QHBoxLayout;
-    row->addWidget(first);
-    row->addWidget(new QLabel(text, first->parentWidget()));
-    row->addWidget(second, 1);
-    return row;
+    row->addWidget(count);
+    row->addWidget(new QLabel("labels", count->parentWidget()));
+    row->addWidget(labels, 1);
+    form.addRow(name, row);
+}
+
+// Narrow windows scroll the choices.
+QScrollArea* Scrolled(QWidget* choices, QWidget* parent) {
+    auto* area = new QScrollArea(parent);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidget(choices);
+    // The page behind shows through.
+    area->viewport()->setAutoFillBackground(false);
+    choices->setAutoFillBackground(false);
+    const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    area->setMinimumWidth(choices->sizeHint().width() + bar);
+    return area;
 }
 
 QString NameOf(const gis::LocatedListing& listing) {
@@ -64,9 +84,10 @@ QString NameOf(const gis::LocatedListing& listing) {
 LocatePage::LocatePage(WindowSession& session, QWidget* parent)
     : QWidget(parent), session_(session) {
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(Choices());
-    layout->addWidget(Found(), 1);
+    auto* const choices = Choices();
     AddFeatures();
+    layout->addWidget(Scrolled(choices, this));
+    layout->addWidget(Found(), 1);
     TakeChange();
 }
 
@@ -100,8 +121,8 @@ QWidget* LocatePage::Choices() {
     form->setContentsMargins(0, 0, 0, 0);
     form->addRow("&Features:", rows);
     form->addRow("&Sheets:", sheets_);
-    form->addRow("Grid &rows:", Side(rows_, "labels", rowLabels_));
-    form->addRow("Grid &columns:", Side(columns_, "labels", columnLabels_));
+    AddSide(*form, "Grid &rows:", rows_, rowLabels_);
+    AddSide(*form, "Grid &columns:", columns_, columnLabels_);
     form->addRow(QString(), leaveOut_);
     form->addRow("S&quares of a sheet:", squares_);
     form->addRow("&Tell apart by:", apart_);
@@ -134,7 +155,11 @@ QWidget* LocatePage::Found() {
     listings_ = new QListView(found);
     listings_->setObjectName("locatedListings");
     listings_->setAccessibleName("Listings that were found");
-    listings_->setModel(names_);
+    auto* const sorted = new QSortFilterProxyModel(this);
+    sorted->setSourceModel(names_);
+    sorted->setSortLocaleAware(true);
+    sorted->sort(0);
+    listings_->setModel(sorted);
     listings_->setUniformItemSizes(true);
     listings_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     map_ = new SheetsMap(found);
@@ -150,7 +175,9 @@ QWidget* LocatePage::Found() {
     layout->addLayout(below, 1);
     connect(lookUp_, &QPushButton::clicked, this, &LocatePage::LookUp);
     connect(listings_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) { MarkListing(index.row()); });
+            [this, sorted](const QModelIndex& index) {
+                MarkListing(sorted->mapToSource(index).row());
+            });
     return found;
 }
 
@@ -183,10 +210,10 @@ void LocatePage::TakeChange() {
 }
 
 QString LocatePage::ProposedTable() const {
-    const QFileInfo source(desk::ToQt(desk::FromQt(features_.front()->Path())));
-    return features_.front()->IsEmpty()
-               ? QString()
-               : source.path() + '/' + source.completeBaseName() + "-listings.dbf";
+    if (features_.front()->IsEmpty()) return {};
+    const QFileInfo source(features_.front()->Source());
+    const QString folder = source.path() == "." ? QString() : source.path() + '/';
+    return folder + QFileInfo(features_.front()->Path()).completeBaseName() + "-listings.dbf";
 }
 
 bool LocatePage::IsUsable() const {

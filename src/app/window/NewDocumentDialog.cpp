@@ -34,6 +34,7 @@ private:
     QString ChooseBook(const QString& present);
     QWidget* TablePage();
     bool IsFromLayers() const;
+    void ShowPage();
     void CheckTable();
     void CheckSize();
     void ShowUsable();
@@ -97,12 +98,13 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
 
     connect(table_, &PathField::Changed, this, &NewDocumentDialog::CheckTable);
     connect(layers_, &LocatePage::Changed, this, &NewDocumentDialog::ShowUsable);
-    connect(pages_, &QTabWidget::currentChanged, this, &NewDocumentDialog::ShowUsable);
+    connect(pages_, &QTabWidget::currentChanged, this, &NewDocumentDialog::ShowPage);
     connect(size_, &PageSizeBox::Changed, this, &NewDocumentDialog::CheckSize);
     connect(buttons, &QDialogButtonBox::accepted, this, &NewDocumentDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &NewDocumentDialog::reject);
     size_->SetSize(ParsePageSize(WindowUnit() == LengthUnit::Inches ? "letter" : "a4"));
     CheckTable();
+    ShowPage();
 }
 
 QWidget* NewDocumentDialog::TablePage() {
@@ -111,6 +113,18 @@ QWidget* NewDocumentDialog::TablePage() {
     form->addRow("&Listing table:", table_);
     form->addRow(QString(), tableNote_);
     return page;
+}
+
+// The dialog is as large as the page on show needs.
+void NewDocumentDialog::ShowPage() {
+    for (int i = 0; i < pages_->count(); ++i) {
+        const auto size =
+            i == pages_->currentIndex() ? QSizePolicy::Preferred : QSizePolicy::Ignored;
+        pages_->widget(i)->setSizePolicy(size, size);
+    }
+    ShowUsable();
+    pages_->updateGeometry();
+    adjustSize();
 }
 
 bool NewDocumentDialog::IsFromLayers() const {

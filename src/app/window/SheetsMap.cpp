@@ -10,9 +10,12 @@
 namespace app {
 namespace {
 
-constexpr double kMargin = 12;      // Pixels around the map.
-constexpr double kStep = 1.25;      // Magnification of a step of the wheel.
-constexpr double kPlaceSize = 4;    // Pixels.
+constexpr double kMargin = 12;     // Pixels around the map.
+constexpr double kStep = 1.25;     // Magnification of a step of the wheel.
+constexpr double kMarkBorder = 3;  // Pixels, so that the smallest squares are seen.
+constexpr float kMarkStrength = 0.5F;
+constexpr float kFeatureStrength = 0.45F;
+constexpr double kPlaceSize = 3;    // Pixels.
 constexpr double kLeastSquare = 7;  // Pixels of a square whose borders are drawn.
 
 QPolygonF Polygon(const gis::MapLine& line) {
@@ -88,23 +91,26 @@ void SheetsMap::paintEvent(QPaintEvent*) {
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
-    QColor mark = palette().color(QPalette::Highlight);
-    mark.setAlphaF(0.55F);
-    for (const auto& reference : marked_) {
-        const auto& sheet = sketch_.sheets[reference.sheet];
-        for (const auto& square : sheet.squares)
-            if (square.row == reference.row && square.column == reference.column) {
-                painter.setPen(Qt::NoPen);
-                painter.setBrush(mark);
-                painter.drawPolygon(OnScreen(square.outline));
-            }
-    }
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(palette().color(QPalette::Mid), 0));
+    QColor features = palette().color(QPalette::Link);
+    features.setAlphaF(kFeatureStrength);
+    painter.setPen(QPen(features, 0));
     painter.drawPath(toScreen_.map(lines_));
-    painter.setPen(QPen(palette().color(QPalette::Mid), kPlaceSize, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(features, kPlaceSize, Qt::SolidLine, Qt::RoundCap));
     painter.drawPoints(toScreen_.map(places_));
+    DrawMarks(painter);
     DrawSheets(painter);
+}
+
+void SheetsMap::DrawMarks(QPainter& painter) const {
+    QColor mark = palette().color(QPalette::Highlight);
+    painter.setPen(QPen(mark, kMarkBorder));
+    mark.setAlphaF(kMarkStrength);
+    painter.setBrush(mark);
+    for (const auto& reference : marked_)
+        for (const auto& square : sketch_.sheets[reference.sheet].squares)
+            if (square.row == reference.row && square.column == reference.column)
+                painter.drawPolygon(OnScreen(square.outline));
+    painter.setBrush(Qt::NoBrush);
 }
 
 void SheetsMap::DrawSheets(QPainter& painter) const {

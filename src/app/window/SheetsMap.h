@@ -40,6 +40,7 @@ private:
         QPainterPath squares;
     };
     void ShowAll();
+    void DrawMarks(QPainter& painter) const;
     void DrawSheets(QPainter& painter) const;
     QPolygonF OnScreen(const gis::MapLine& line) const;
 
