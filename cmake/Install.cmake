@@ -58,7 +58,7 @@ if(GAZETTEER_DESK)
   install(FILES packaging/completion/gazetteer
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT program)
   install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT program
-          FILES_MATCHING REGEX "\\.(dbf|cpg|json|md)$"
+          FILES_MATCHING REGEX "\\.(dbf|cpg|gpkg|json|md)$"
           PATTERN embed EXCLUDE PATTERN recipes EXCLUDE)
   # As in the repository, so that links lead on.
   install(FILES README.md CONTRIBUTING.md TYPE DOC COMPONENT program)

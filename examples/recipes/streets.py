@@ -45,7 +45,7 @@ def _ordinal(number):
     return f"{number}{endings.get(number % 10, 'th')}"
 
 
-class _Dice:
+class Dice:
     """Draws from Random.random() alone, which gives the same numbers in every Python."""
 
     def __init__(self, seed):
@@ -137,7 +137,7 @@ def _references(street):
 
 def make_streets():
     """Rows (page, row letter, column, name) in page order, and the positions of the struck ones."""
-    dice = _Dice(SEED)
+    dice = Dice(SEED)
     streets = [*_numbered_streets(dice), *_county_roads(dice), *_main_roads(),
                *_president_streets(dice), *_local_streets(dice)]
     streets += [Street(name, (dice.between(8, 28), 15), (dice.between(8, 28), 15))
