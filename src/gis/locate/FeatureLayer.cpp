@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <string_view>
 
 #include "desk/tables/PlainObjects.h"
 #include "host/Failure.h"
@@ -14,6 +15,15 @@ FeatureLayer::FeatureLayer(const LayerOfSource& place)
       notes_(place.Text()),
       fields_(DescribeFields(*open_.layer->GetLayerDefn(), IsUntyped(open_))) {
     open_.layer->ResetReading();
+}
+
+const OGRSpatialReference* FeatureLayer::Reference() const {
+    const auto* const reference = open_.layer->GetSpatialRef();
+    if (reference == nullptr || reference->GetName() == nullptr) return reference;
+    // As a GeoPackage has them, whose layers must name one.
+    const std::string_view name = reference->GetName();
+    const bool isUnknown = name == "Undefined geographic SRS" || name == "Undefined Cartesian SRS";
+    return isUnknown ? nullptr : reference;
 }
 
 std::int64_t FeatureLayer::Count() {

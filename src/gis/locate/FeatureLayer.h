@@ -38,8 +38,8 @@ public:
     FeatureLayer& operator=(const FeatureLayer&) = delete;
 
     const std::string& Name() const { return notes_.Path(); }
-    /// Null if the layer has none.
-    const OGRSpatialReference* Reference() const { return open_.layer->GetSpatialRef(); }
+    /// Null if the layer has none, or tells that it is not known.
+    const OGRSpatialReference* Reference() const;
     /// Number of features; 0 if the layer has to be read to know.
     std::int64_t Count();
     /// Index of a field. Throws host::Failure that names the fields there are.
