@@ -59,13 +59,18 @@ void WriteTexts(desk::JsonWriter& json, std::string_view key, const Labels& text
     json.EndArray();
 }
 
+// The path of a table, relative to a file.
+std::string PathBeside(const std::string& file, const std::string& table) {
+    if (desk::TablePath{table, {}}.IsConnection()) return table;
+    const auto folder = std::filesystem::absolute(file).parent_path();
+    return std::filesystem::absolute(table).lexically_proximate(folder).string();
+}
+
 void WriteSeries(desk::JsonWriter& json, const Options& options, const Labels& rows,
                  const Labels& columns) {
     json.Key("series");
     json.BeginObject();
-    const auto folder = std::filesystem::absolute(options.book).parent_path();
-    json.Member("indexLayer",
-                std::filesystem::absolute(options.sheets).lexically_proximate(folder).string());
+    json.Member("indexLayer", PathBeside(options.book, options.sheets));
     json.Member("firstPage", 1);
     json.Key("grids");
     json.BeginArray();
@@ -149,7 +154,7 @@ std::string BookText(const Options& options, std::int64_t sheets) {
 }  // namespace
 
 int BookNew(const Options& options) {
-    if (IsOfTable(options.book, options.sheets))
+    if (IsOfTable(options.book, desk::FindTable(options.sheets).File()))
         throw UsageError("The file \"" + options.book +
                          "\" cannot be written: the map book is made from it.");
     std::error_code ignored;

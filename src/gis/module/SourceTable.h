@@ -22,7 +22,7 @@ enum class FieldKind {
 
 struct SourceField {
     std::string name;
-    char type = 'C';  ///< dBase's letter for the type: C text, N number, D date, L logical.
+    char type = 'C';          ///< dBase's letter for the type: C text, N number, D date, L logical.
     std::int32_t length = 0;  ///< Bytes or digits; 0: any number.
     std::int32_t decimals = 0;
     FieldKind kind = FieldKind::Text;
