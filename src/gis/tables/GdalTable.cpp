@@ -70,8 +70,13 @@ struct GdalTable::Shared {
     OpenLayer Take() {
         const GdalMessages messages;
         CheckUnchanged();
-        auto opened =
-            idle ? *std::exchange(idle, std::nullopt) : OpenWithoutGeometry(source, layer);
+        OpenLayer opened;
+        if (idle) {
+            opened = std::move(*idle);
+            idle.reset();
+        } else {
+            opened = OpenWithoutGeometry(source, layer);
+        }
         if (DescribeFields(*opened.layer->GetLayerDefn(), fields.isUntyped).fields != fields.fields)
             Fail(" has other fields than when it was opened.");
         return opened;
