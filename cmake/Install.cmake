@@ -39,6 +39,11 @@ if(TARGET component)
   install(TARGETS component LIBRARY DESTINATION ${GAZETTEER_COMPONENT_FOLDER} COMPONENT program)
 endif()
 
+# The library of GIS sources, which brings many others, is a component and a package of its own.
+if(TARGET gis_library)
+  install(TARGETS gis_library LIBRARY DESTINATION ${GAZETTEER_COMPONENT_FOLDER} COMPONENT gdal)
+endif()
+
 # Generates a program's manual page from its help and the text in packaging/man.
 function(gazetteer_manual program)
   set(source ${CMAKE_SOURCE_DIR}/packaging/man)

@@ -65,6 +65,14 @@ configure_window() {
     fi
 }
 
+# Lets the programs of the release build make the library of GIS sources when they first need it. One
+# that is there is built with them, as the target in `gis_library`, since both must be of one version.
+gis_library=()
+offer_gis() {
+    export GAZETTEER_GDAL_BUILD="'${PWD//\'/\'\\\'\'}/scripts/gis'"
+    if [ -e build/release/lib/gazetteer/libgazetteer-gdal.so ]; then gis_library=(gis_library); fi
+}
+
 quietly() {
     local what=$1 log
     shift

@@ -1,11 +1,9 @@
 # Run by cpack between installing and packing: adds copyright and changelog to each package and
 # compresses the files that Debian policy requires, without names and times, so that packages are
 # reproducible.
-foreach(component program dev)
-  set(package ${CPACK_DEBIAN_PROGRAM_PACKAGE_NAME})
-  if(component STREQUAL dev)
-    set(package ${CPACK_DEBIAN_DEV_PACKAGE_NAME})
-  endif()
+foreach(component ${CPACK_COMPONENTS_ALL})
+  string(TOUPPER ${component} COMPONENT)
+  set(package ${CPACK_DEBIAN_${COMPONENT}_PACKAGE_NAME})
   set(root ${CPACK_TEMPORARY_DIRECTORY}/${component}/usr)
   set(documents ${root}/share/doc/${package})
   file(COPY ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION ${documents})

@@ -2,14 +2,15 @@
 # walk.sh BUILD: installs the programs of a release build and uses them as a new user would, from the
 # installed documents to the property page, in a home of their own and on a display of its own.
 set -euo pipefail
+build=$(realpath "$1")
 work=$(mktemp -d)
 display=:$((1000 + $$ % 30000))
 trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$work"' EXIT
-cmake --install "$1" --component program --prefix "$work/usr" >/dev/null
+cmake --install "$build" --component program --prefix "$work/usr" >/dev/null
 documents=$work/usr/share/doc/gazetteer
 mkdir "$work/home"
 export HOME=$work/home XDG_RUNTIME_DIR=$work PATH=$work/usr/bin:$PATH LC_ALL=C.UTF-8
-unset XDG_DATA_HOME XDG_CONFIG_HOME QT_QPA_PLATFORM
+unset GAZETTEER_GDAL_BUILD XDG_DATA_HOME XDG_CONFIG_HOME QT_QPA_PLATFORM
 cd "$HOME"
 
 fail() {
@@ -92,6 +93,24 @@ gazetteer make atlas.dbf -o atlas.pdf --book book.json --set LinkToMapSeries=tru
     --set MapSeriesSectionKey=maps --set MapSeriesTemplateKey=sheet \
     --set 'MapSeriesFrameName=Main map' --set Page.FromDatabase=false 2>/dev/null
 pdftotext -layout atlas.pdf - | grep 'Reykjavík\.* *7.C-5' >/dev/null
+
+# A table of a GIS, which a library of its own reads.
+cat >places.geojson <<'END'
+{"type": "FeatureCollection", "features": [
+{"type": "Feature", "properties": {"Listing": "Žižkov", "Page": 7, "Row": 2, "Column": 3},
+ "geometry": {"type": "Point", "coordinates": [14.45, 50.08]}}]}
+END
+refused 1 'need the package gazetteer-gdal, which is not installed' \
+    gazetteer make places.geojson -o places.pdf
+[ ! -e places.pdf ] || fail "a table that was not read became a file"
+# The table of a shapefile needs none.
+: >streets.shp
+gazetteer make streets.shp -o shapes.pdf 2>/dev/null
+gazetteer make streets.dbf -o records.pdf 2>/dev/null
+cmp shapes.pdf records.pdf
+cmake --install "$build" --component gdal --prefix "$work/usr" >/dev/null
+gazetteer make places.geojson -o places.pdf 2>/dev/null
+pdftotext -layout places.pdf - | grep 'Žižkov\.* *7 2-3' >/dev/null
 
 # The window finds its component at the first start.
 Xvfb "$display" -screen 0 1366x768x24 >/dev/null 2>&1 &

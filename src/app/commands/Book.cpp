@@ -9,7 +9,7 @@
 namespace app {
 
 int BookNew(const Options& options) {
-    if (IsOfTable(options.book, options.sheets))
+    if (IsOfTable(options.book, desk::FindTable(options.sheets).File()))
         throw UsageError("The file \"" + options.book +
                          "\" cannot be written: the map book is made from it.");
     std::error_code ignored;

@@ -4,6 +4,7 @@
 
 #include "desk/files/Files.h"
 #include "desk/json/JsonWriter.h"
+#include "desk/tables/TablePath.h"
 
 namespace app {
 namespace {
@@ -15,12 +16,17 @@ void WriteTexts(desk::JsonWriter& json, std::string_view key, const Labels& text
     json.EndArray();
 }
 
+// The path of a table, relative to a file.
+std::string PathBeside(const std::string& file, const std::string& table) {
+    if (desk::TablePath{table, {}}.IsConnection()) return table;
+    const auto folder = std::filesystem::absolute(file).parent_path();
+    return std::filesystem::absolute(table).lexically_proximate(folder).string();
+}
+
 void WriteSeries(desk::JsonWriter& json, const BookPlan& plan) {
     json.Key("series");
     json.BeginObject();
-    const auto folder = std::filesystem::absolute(plan.book).parent_path();
-    json.Member("indexLayer",
-                std::filesystem::absolute(plan.sheets).lexically_proximate(folder).string());
+    json.Member("indexLayer", PathBeside(plan.book, plan.sheets));
     json.Member("firstPage", 1);
     json.Key("grids");
     json.BeginArray();

@@ -54,6 +54,14 @@ Descriptor::~Descriptor() {
     if (IsOpen()) ::close(number_);
 }
 
+bool IsConnectionName(const std::string& path) {
+    constexpr std::ptrdiff_t kDrive = 1;
+    const auto end = std::ranges::find_if_not(
+        path, [](unsigned char letter) { return std::isalnum(letter) != 0; });
+    const bool isNamed = end != path.end() && *end == ':' && end - path.begin() > kDrive;
+    return isNamed || path.starts_with("/vsi");
+}
+
 Descriptor OpenRegularFile(const std::string& path) {
     Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.IsOpen()) {

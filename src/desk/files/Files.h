@@ -42,6 +42,10 @@ private:
     int number_;
 };
 
+/// Whether a path is that of no file, but of a server ("PG:dbname=atlas") or of something inside an
+/// archive ("/vsizip/..."), if there is no file of that name. A letter before a colon is a drive.
+bool IsConnectionName(const std::string& path);
+
 /// Opens a file for reading. Throws host::Failure if it is missing, unreadable, or no regular file.
 Descriptor OpenRegularFile(const std::string& path);
 

@@ -134,8 +134,9 @@ private:
                                            List(node.Member("columns"), TextOf));
     }
 
-    /// Book files may use either separator.
+    /// Book files may use either separator. A table of a server is not beside the book.
     std::string PathOf(std::string name) const {
+        if (IsConnectionName(name)) return name;
         std::replace(name.begin(), name.end(), '\\', '/');
         return (folder_ / name).string();
     }

@@ -1,11 +1,11 @@
 #include "desk/tables/TablePath.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <optional>
 
 #include "desk/components/GisLibrary.h"
+#include "desk/files/Files.h"
 #include "desk/tables/DbfHeader.h"
 #include "desk/tables/DbfTable.h"
 #include "desk/tables/FilesOfFolder.h"
@@ -19,6 +19,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kEnding = ".dbf";
+/// The geometry of a shapefile; its table is the dBase file beside it.
+constexpr const char* kShapes = ".shp";
 /// A folder that is one database.
 constexpr const char* kDatabaseFolder = ".gdb";
 
@@ -39,12 +41,23 @@ std::optional<fs::path> InOtherCase(fs::path wanted) {
     return std::nullopt;
 }
 
+/// The table of a file, which need not be the file itself.
+TablePath TableOf(const fs::path& file) {
+    if (FoldCase(file.extension()) == kShapes)
+        if (const auto table = InOtherCase(fs::path(file).replace_extension(kEnding)))
+            return {*table, {}};
+    return {file, {}};
+}
+
 std::optional<TablePath> FindAt(const fs::path& path) {
-    if (IsSource(path)) return TablePath{path, {}};
-    if (const auto file = InOtherCase(path)) return TablePath{*file, {}};
+    if (IsSource(path)) return TableOf(path);
+    if (const auto file = InOtherCase(path)) return TableOf(*file);
     for (fs::path source = path.parent_path(); source.has_relative_path();
          source = source.parent_path())
-        if (IsSource(source)) return TablePath{source, path.lexically_relative(source)};
+        if (IsSource(source)) {
+            const TablePath table = TableOf(source);
+            return TablePath{table.source, path.lexically_relative(source)};
+        }
     return std::nullopt;
 }
 
@@ -57,12 +70,7 @@ bool IsDbf(const TablePath& path) {
 }  // namespace
 
 bool TablePath::IsConnection() const {
-    constexpr std::size_t kDrive = 1;  // A letter before a colon is a drive.
-    const auto name = std::ranges::find_if_not(
-        source, [](unsigned char letter) { return std::isalnum(letter) != 0; });
-    const bool isNamed = name != source.end() && *name == ':' &&
-                         name - source.begin() > static_cast<std::ptrdiff_t>(kDrive);
-    return (isNamed || source.starts_with("/vsi")) && !IsSource(source);
+    return IsConnectionName(source) && !IsSource(source);
 }
 
 bool TablePath::Exists() const {
@@ -70,7 +78,8 @@ bool TablePath::Exists() const {
 }
 
 TablePath FindTable(const std::string& path, const std::string& beside) {
-    if (const TablePath given{path, {}}; given.Exists()) return given;
+    if (const TablePath given{path, {}}; given.Exists())
+        return given.IsConnection() ? given : TableOf(path);
     // The path as given comes first, because a file name may contain a backslash.
     std::string converted = path;
     std::ranges::replace(converted, '\\', '/');

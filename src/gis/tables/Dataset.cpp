@@ -15,35 +15,56 @@ namespace {
     throw host::Failure(host::kFailureUnspecified, "gis::Dataset", sentence);
 }
 
-/// Joins the lines of a message, and leaves its full stop out.
+/// A message in one line without its full stop. A server's goes on with advice in lines that begin
+/// with a tab.
 std::string InOneLine(std::string text) {
+    if (const auto advice = text.find("\n\t"); advice != std::string::npos) text.resize(advice);
     text.erase(text.find_last_not_of(". \r\n") + 1);
-    for (std::size_t at = 0; (at = text.find_first_of("\r\n\t", at)) != std::string::npos;)
-        text.replace(at, text.find_first_not_of(" \r\n\t", at) - at, " ");
+    for (std::size_t at = 0; (at = text.find_first_of("\r\n\t", at)) != std::string::npos;) {
+        const bool endsSentence = at > 0 && text[at - 1] == '.';
+        text.replace(endsSentence ? at - 1 : at,
+                     text.find_first_not_of(" \r\n\t", at) - at + (endsSentence ? 1 : 0),
+                     endsSentence ? ": " : " ");
+    }
     return text;
 }
 
-/// Null if no format knows the source; throws if one does and cannot open it.
-GDALDatasetUniquePtr TryToOpen(const std::string& source) {
-    PrepareGdal();
+struct Attempt {
+    GDALDatasetUniquePtr dataset;  ///< Null if it failed.
+    std::string failure;           ///< One sentence.
+};
+
+GDALDatasetUniquePtr OpenWith(const std::string& source, bool listsAllTables) {
     // "@": for the formats that know the option. Names stand in the first line.
-    const char* const options[] = {"@HEADERS=YES", nullptr};
+    const char* const options[] = {"@HEADERS=YES",
+                                   listsAllTables ? "@LIST_ALL_TABLES=YES" : nullptr, nullptr};
+    return GDALDatasetUniquePtr(GDALDataset::Open(source.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY,
+                                                  nullptr, options, nullptr));
+}
+
+Attempt TryToOpen(const std::string& source) {
+    PrepareGdal();
     const GdalMessages messages;
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(
-        source.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, options, nullptr));
-    if (!dataset) messages.ThrowIfFailed(source);
-    return dataset;
+    Attempt attempt{OpenWith(source, false), source + " is no table in a format that is known."};
+    // Databases with a list of their maps leave all other tables out of it.
+    if (attempt.dataset && attempt.dataset->GetLayerCount() == 0)
+        attempt.dataset = OpenWith(source, true);
+    if (!messages.Error().empty())
+        attempt.failure = source + " cannot be read: " + messages.Error() + '.';
+    return attempt;
 }
 
 GDALDatasetUniquePtr Open(const std::string& source) {
-    auto dataset = TryToOpen(source);
-    if (!dataset) Fail(source + " is no table in a format that is known.");
-    return dataset;
+    auto attempt = TryToOpen(source);
+    if (!attempt.dataset) Fail(attempt.failure);
+    return std::move(attempt.dataset);
 }
 
+/// Without those that belong to the format.
 std::vector<std::string> NamesOf(GDALDataset& dataset) {
     std::vector<std::string> names;
-    for (auto* const layer : dataset.GetLayers()) names.emplace_back(layer->GetName());
+    for (int i = 0; i < dataset.GetLayerCount(); ++i)
+        if (!dataset.IsLayerPrivate(i)) names.emplace_back(dataset.GetLayer(i)->GetName());
     return names;
 }
 
@@ -57,18 +78,17 @@ std::string Listed(const std::vector<std::string>& names) {
 }
 
 OGRLayer* LayerOf(GDALDataset& dataset, const std::string& source, const std::string& name) {
-    if (!name.empty()) {
+    if (!name.empty())
         if (auto* const layer = dataset.GetLayerByName(name.c_str())) return layer;
-        const auto names = NamesOf(dataset);
+    const auto names = NamesOf(dataset);
+    if (!name.empty())
         Fail(source + " has no layer \"" + name + '"' +
              (names.empty() ? "." : "; its layers are " + Listed(names) + '.'));
-    }
-    if (dataset.GetLayerCount() == 0) Fail(source + " has no layer.");
-    if (dataset.GetLayerCount() > 1)
-        Fail(source + " has " + std::to_string(dataset.GetLayerCount()) + " layers (" +
-             Listed(NamesOf(dataset)) + "); name one of them, as in \"" + source + '/' +
-             dataset.GetLayer(0)->GetName() + "\".");
-    return dataset.GetLayer(0);
+    if (names.empty()) Fail(source + " has no layer.");
+    if (names.size() > 1)
+        Fail(source + " has " + std::to_string(names.size()) + " layers (" + Listed(names) +
+             "); name one of them, as in \"" + source + '/' + names.front() + "\".");
+    return dataset.GetLayerByName(names.front().c_str());
 }
 
 OpenLayer Chosen(GDALDatasetUniquePtr dataset, const std::string& source, const std::string& name) {
@@ -76,19 +96,34 @@ OpenLayer Chosen(GDALDatasetUniquePtr dataset, const std::string& source, const 
     return {std::move(dataset), layer};
 }
 
+enum class LastSlash { InSource, BeforeLayer, Either };
+
+/// What the last slash of a connection is: in "PG:host=/tmp/socket dbname=atlas/streets" it stands
+/// before a layer, in "PG:dbname=atlas host=/tmp/socket" it may.
+LastSlash KindOfSlash(const std::string& connection, std::size_t slash) {
+    const auto equals = connection.rfind('=');
+    if (equals == std::string::npos) return LastSlash::Either;
+    if (equals > slash) return LastSlash::InSource;
+    const bool isPath =
+        connection.find_first_not_of('\'', equals + 1) == connection.find('/', equals);
+    return isPath ? LastSlash::Either : LastSlash::BeforeLayer;
+}
+
 OpenLayer OpenAnyLayer(const std::string& source, const std::string& layer) {
     const auto slash = source.rfind('/');
     VSIStatBufL ignored;
     if (!layer.empty() || slash == std::string::npos || VSIStatL(source.c_str(), &ignored) == 0)
         return Chosen(Open(source), source, layer);
-    // A connection may contain slashes of its own, such as the folder of a socket.
-    try {
-        if (auto dataset = TryToOpen(source)) return Chosen(std::move(dataset), source, layer);
-    } catch (const host::Failure&) {
-        // The failure of the shorter name is told.
-    }
+    const LastSlash kind = KindOfSlash(source, slash);
+    if (kind == LastSlash::InSource) return Chosen(Open(source), source, layer);
     const std::string shorter = source.substr(0, slash);
-    return Chosen(Open(shorter), shorter, source.substr(slash + 1));
+    const std::string last = source.substr(slash + 1);
+    if (kind == LastSlash::BeforeLayer) return Chosen(Open(shorter), shorter, last);
+    auto whole = TryToOpen(source);
+    if (whole.dataset) return Chosen(std::move(whole.dataset), source, layer);
+    auto part = TryToOpen(shorter);
+    if (!part.dataset) Fail(whole.failure);
+    return Chosen(std::move(part.dataset), shorter, last);
 }
 
 }  // namespace
@@ -146,6 +181,9 @@ OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
 }
 
 bool IsUntyped(const OpenLayer& opened) {
+    const auto& layer = *opened.layer->GetLayerDefn();
+    for (int i = 0; i < layer.GetFieldCount(); ++i)
+        if (layer.GetFieldDefn(i)->GetType() != OFTString) return false;
     return std::string(opened.dataset->GetDriverName()) == "CSV";
 }
 

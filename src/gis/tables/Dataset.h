@@ -47,7 +47,8 @@ std::vector<std::string> LayerNames(const std::string& source);
 OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
                       const std::string& where);
 
-/// Whether the format knows only texts: the first line of a CSV file has names, but no types.
+/// Whether the format knows only texts: the first line of a CSV file has names, but no types; a
+/// file .csvt beside it may have them.
 bool IsUntyped(const OpenLayer& opened);
 
 }  // namespace gis

@@ -8,6 +8,7 @@
 #include "desk/files/Files.h"
 #include "desk/tables/PlainObjects.h"
 #include "gis/tables/Dataset.h"
+#include "gis/tables/Misfits.h"
 #include "gis/tables/Values.h"
 #include "host/Failure.h"
 
@@ -42,30 +43,56 @@ struct GdalTable::Shared {
         GdalMessages messages;
         auto opened = OpenWithoutGeometry(source, layer, where);
         fields = DescribeFields(*opened.layer->GetLayerDefn(), IsUntyped(opened));
+        NoteNames();
+        AddWarnings(messages, notes);
+        idle = std::move(opened);
+    }
+
+    void NoteNames() {
         std::vector<std::string> fieldNames;
         for (const auto& field : fields.fields) fieldNames.push_back(field.name);
         names = desk::FieldNames(fieldNames);
         for (const auto& name : names.Repeated())
             notes.AddFault("more than one field is named " + name +
                            "; the one so written counts, else the first.");
-        AddWarnings(messages, notes);
-        idle = std::move(opened);
+        for (const auto& name : fieldNames)
+            if (name.find(kNoUtf8) != std::string::npos)
+                notes.AddFault("the field name \"" + name + "\" has bytes that are no UTF-8.");
     }
 
     /// Opens the layer again, unless it is open and no cursor reads it.
     OpenLayer Take() {
+        const GdalMessages messages;
         CheckUnchanged();
-        auto opened =
-            idle ? *std::exchange(idle, std::nullopt) : OpenWithoutGeometry(source, layer, where);
+        OpenLayer opened;
+        if (idle) {
+            opened = std::move(*idle);
+            idle.reset();
+        } else {
+            opened = OpenWithoutGeometry(source, layer, where);
+        }
         if (DescribeFields(*opened.layer->GetLayerDefn(), fields.isUntyped).fields != fields.fields)
             Fail(" has other fields than when it was opened.");
-        opened.layer->ResetReading();
         return opened;
     }
 
+    /// Keeps what was taken for the next reading. On a server this ends a query.
+    void GiveBack(OpenLayer opened) {
+        const GdalMessages messages;
+        opened.layer->ResetReading();
+        idle = std::move(opened);
+    }
+
+    /// Looks for values of other types than the fields have, once.
+    void CheckTypes(OpenLayer& opened) {
+        if (std::exchange(typesAreChecked, true)) return;
+        misfits = FindMisfits(opened, fields, notes);
+    }
+
     void CheckUnchanged() const {
-        if (!(desk::FileState::At(source) == state))
-            Fail(" was changed by another program while it was read.");
+        const auto now = desk::FileState::At(source);
+        if (state.exists && !now.exists) Fail(" is no longer there.");
+        if (!(now == state)) Fail(" was changed by another program while it was read.");
     }
 
     [[noreturn]] void Fail(const std::string& fault) const {
@@ -79,6 +106,8 @@ struct GdalTable::Shared {
     desk::FileState state;  ///< Of the file when the table was opened.
     LayerFields fields;
     desk::FieldNames names;
+    Misfits misfits;
+    bool typesAreChecked = false;
     std::optional<OpenLayer> idle;
 };
 
@@ -96,6 +125,7 @@ public:
         const auto field = static_cast<std::size_t>(index);
         if (index < 0 || field >= table_->fields.fields.size())
             table_->Fail(" has no field number " + std::to_string(index) + '.');
+        if (IsMisfit(table_->misfits, field, *feature_)) return host::Null{};
         return ReadValue(table_->fields, *feature_, field, table_->notes);
     }
     void SetValue(std::int32_t, host::Variant) override { FailReadOnly(table_->notes.Path()); }
@@ -114,11 +144,13 @@ private:
 class GdalCursor : public host::IHostCursor {
 public:
     GdalCursor(const std::shared_ptr<Shared>& table, bool recycling)
-        : table_(table), open_(table->Take()), recycling_(recycling) {}
+        : table_(table), open_(table->Take()), recycling_(recycling) {
+        table->CheckTypes(open_);
+    }
     GdalCursor(const GdalCursor&) = delete;
     GdalCursor& operator=(const GdalCursor&) = delete;
     ~GdalCursor() override {
-        if (open_.dataset) table_->idle = std::move(open_);
+        if (open_.dataset) table_->GiveBack(std::move(open_));
     }
 
     host::Ref<host::IHostRow> NextRow() override {
@@ -144,7 +176,7 @@ private:
         auto open = std::move(open_);
         messages.ThrowIfFailed(table_->notes.Path());
         table_->CheckUnchanged();
-        table_->idle = std::move(open);
+        table_->GiveBack(std::move(open));
     }
 
     std::shared_ptr<Shared> table_;
@@ -192,7 +224,7 @@ std::int64_t GdalTable::LiveRecords() const {
     auto opened = shared_->Take();
     const std::int64_t count = opened.layer->GetFeatureCount();
     messages.ThrowIfFailed(shared_->notes.Path());
-    shared_->idle = std::move(opened);
+    shared_->GiveBack(std::move(opened));
     return std::max<std::int64_t>(0, count);
 }
 

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "desk/tables/PlainObjects.h"
 #include "desk/unicode/Utf8.h"
@@ -67,7 +68,7 @@ bool MakeUtf8(std::string& text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
         if (desk::NextCodePoint(text, at) == desk::kNotUtf8) {
-            valid += "\uFFFD";
+            valid += kNoUtf8;
             isValid = false;
         } else {
             valid.append(text, start, at - start);
@@ -86,8 +87,10 @@ Variant NumberWritten(std::string_view text) {
     const auto parsed = std::from_chars(text.data(), end, number);
     if (parsed.ec != std::errc() || parsed.ptr != end || !std::isfinite(number)) return Null{};
     std::array<char, 32> written{};
-    const auto shortest = std::to_chars(written.begin(), written.end(), number);
-    if (std::string_view(written.data(), shortest.ptr) != text) return Null{};
+    const auto plain =
+        std::to_chars(written.begin(), written.end(), number, std::chars_format::fixed);
+    if (plain.ec != std::errc() || std::string_view(written.data(), plain.ptr) != text)
+        return Null{};
     return desk::NumberValue(number);
 }
 
@@ -130,8 +133,10 @@ LayerFields DescribeFields(const OGRFeatureDefn& layer, bool isUntyped) {
     for (int i = 0; i < layer.GetFieldCount(); ++i) {
         const OGRFieldDefn& field = *layer.GetFieldDefn(i);
         const FieldKind kind = KindOf(field);
+        std::string name = field.GetNameRef();
+        MakeUtf8(name);
         described.fields.push_back(
-            {field.GetNameRef(), LetterOf(kind), field.GetWidth(), field.GetPrecision(), kind});
+            {std::move(name), LetterOf(kind), field.GetWidth(), field.GetPrecision(), kind});
     }
     return described;
 }

@@ -8,6 +8,9 @@
 
 namespace gis {
 
+/// Stands for a byte that is no UTF-8.
+inline constexpr char kNoUtf8[] = "\uFFFD";
+
 /// How the fields of a layer are read.
 struct LayerFields {
     /// Whether the format knows texts only, as CSV does. A text that is written exactly as a number

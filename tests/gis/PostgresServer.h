@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+namespace tests {
+
+/// A PostGIS server of its own in a temporary folder, reached by a socket in it, that ends with the
+/// test. Throws if it cannot be started: the package list has all it needs.
+class PostgresServer {
+public:
+    PostgresServer();
+    ~PostgresServer();
+    PostgresServer(const PostgresServer&) = delete;
+    PostgresServer& operator=(const PostgresServer&) = delete;
+
+    /// Such as "PG:host=/tmp/... user=postgres dbname=postgres".
+    std::string Connection() const;
+    /// Runs statements; throws if one fails.
+    void Run(const std::string& sql) const;
+    /// Ends the server as if it had crashed.
+    void Stop();
+
+private:
+    /// Runs a program of the server as a user who is not root; throws if it fails.
+    void RunProgram(const std::string& commandLine) const;
+
+    std::string folder_;
+    bool runs_ = false;
+};
+
+}  // namespace tests
