@@ -4,7 +4,8 @@ _FEATURES = """
 <p><b>Layers to list</b>: streets, parks, places: points, lines and areas of any source, with the filters
 and joins that they have in the project. <b>Name</b> is a field or an expression, the same for all layers;
 it may use <i>@layer_name</i>, and <i>attribute('town')</i> for a field that not all of them have. Under the
-advanced parameters a layer, by its name in the project, can have an expression of its own. Features without a name are left out and counted.</p>
+advanced parameters a layer, by its name in the project, can have an expression of its own. Features without
+a name are left out and counted.</p>
 <p>Features of one name are one listing, unless another value <b>tells them apart</b>, such as the town, or
 they lie farther from each other than a given distance.</p>
 """
@@ -24,14 +25,23 @@ _PROGRAM = """
 Processing, Providers, Gazetteer, or of the environment variable GAZETTEER_PROGRAM, or on the PATH.</p>
 """
 
-LISTINGS_HELP = ("<p>Looks up the features of layers on the sheets of an atlas, and makes a table with "
-                 "the fields Listing, Page, Row and Column: a record for each sheet on which a name "
-                 "occurs, or for each square.</p>" + _FEATURES + _SHEETS + _PROGRAM)
 
-INDEX_HELP = ("<p>Makes the index at the back of an atlas from the layers of its map, ready to print, "
-              "and the table of listings that it consists of.</p>" + _FEATURES + _SHEETS + """
+def _text(*parts):
+    # QGIS would begin a paragraph at the end of each line.
+    return " ".join("".join(parts).split())
+
+
+LISTINGS_HELP = _text("""
+<p>Looks up the features of layers on the sheets of an atlas, and makes a table with the fields Listing,
+Page, Row and Column: a record for each sheet on which a name occurs, or for each square.</p>
+""", _FEATURES, _SHEETS, _PROGRAM)
+
+INDEX_HELP = _text("""
+<p>Makes the index at the back of an atlas from the layers of its map, ready to print, and the table of
+listings that it consists of.</p>
+""", _FEATURES, _SHEETS, """
 <p><b>Locale</b> is the language in whose order names are sorted. <b>Settings</b> change the look of the
 index, such as <i>Listing.Title=Street</i> or <i>*.ColumnFontSymbol=DejaVu Serif,9</i>. The
 <b>document</b>, if you keep one, opens in the window gazetteer-desk, where all of that can be
 changed.</p>
-""" + _PROGRAM)
+""", _PROGRAM)

@@ -2,6 +2,7 @@
 
 import os
 import queue
+import shlex
 import shutil
 import subprocess
 import threading
@@ -34,7 +35,7 @@ def run_program(arguments, feedback, in_plain_words=lambda text: text):
 
     `in_plain_words` replaces names of temporary files in what it tells."""
     command = [find_program(), *arguments]
-    feedback.pushCommandInfo(" ".join(command))
+    feedback.pushCommandInfo(shlex.join(command))
     try:
         process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.PIPE, encoding="utf-8", errors="replace")
