@@ -8,6 +8,13 @@ from .geopackage import Layer
 LAYERS = {"places": {"name": "TEXT", "country": "TEXT", "population": "INTEGER"},
           "rivers": {"name": "TEXT"}, "lakes": {"name": "TEXT"}, "airports": {"name": "TEXT"},
           "sheets": {"page": "INTEGER", "title": "TEXT"}}
+# Names that lost letters on their way into the source.
+NAMES = {"Byk Menderes": "Büyük Menderes", "Gta lv": "Göta älv", "Klarlven": "Klarälven",
+         "Motala strm": "Motala ström", "Mio": "Miño", "Rhne": "Rhône", "Zncara": "Záncara",
+         "Embalse de Buenda": "Embalse de Buendía",
+         "Embalse de Entrepeas": "Embalse de Entrepeñas",
+         "Embalse de Garcia  de Sola": "Embalse de García de Sola", "Mritz": "Müritz",
+         "Yeren": "Øyeren"}
 
 
 def _layer(database, name, fields):
@@ -17,7 +24,8 @@ def _layer(database, name, fields):
     bounds = database.execute("SELECT min_x, min_y, max_x, max_y FROM gpkg_contents "
                               "WHERE table_name = ?", (name,)).fetchone()
     columns = ", ".join(f'"{field}"' for field in fields)
-    rows = database.execute(f'SELECT "{column}", {columns} FROM "{name}" ORDER BY rowid').fetchall()
+    rows = [(geometry, *(NAMES.get(value, value) for value in values)) for geometry, *values in
+            database.execute(f'SELECT "{column}", {columns} FROM "{name}" ORDER BY rowid')]
     return Layer(name, kind, fields, rows, bounds), reference
 
 
