@@ -2,6 +2,7 @@
 
 #include <array>
 #include <atomic>
+#include <cpl_conv.h>
 #include <cpl_string.h>
 #include <cpl_vsi.h>
 #include <filesystem>
@@ -19,9 +20,13 @@ struct Format {
     const char* options;  ///< Of the layer, divided by ";".
 };
 
-constexpr std::array kFormats = {Format{".dbf", "ESRI Shapefile", "ENCODING=UTF-8"},
-                                 Format{".gpkg", "GPKG", ""},
-                                 Format{".csv", "CSV", "STRING_QUOTING=IF_NEEDED"}};
+// The formats keep a date of change. It is always the same, so that the same rows give the same
+// bytes.
+constexpr const char* kDate = "2000-01-01T00:00:00.000Z";
+
+constexpr std::array kFormats = {
+    Format{".dbf", "ESRI Shapefile", "ENCODING=UTF-8;DBF_DATE_LAST_UPDATE=2000-01-01"},
+    Format{".gpkg", "GPKG", ""}, Format{".csv", "CSV", "STRING_QUOTING=IF_NEEDED"}};
 
 OGRFieldType TypeOf(const SourceField& field) {
     switch (field.kind) {
@@ -68,6 +73,7 @@ GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
                                 "\" cannot be written: its name ends in none of .dbf, .gpkg, "
                                 ".csv.");
     PrepareGdal();
+    CPLSetConfigOption("OGR_CURRENT_DATE", kDate);
     const GdalMessages messages;
     VSIMkdir(folder_.c_str(), 0700);
     const std::string stem = name.stem();
