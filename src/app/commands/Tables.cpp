@@ -37,6 +37,8 @@ int Locate(const Options& options) {
     std::vector<std::string> sources = {FileOf(options.located.sheets)};
     for (const auto& features : options.located.features)
         sources.push_back(FileOf(features.source));
+    if (!options.located.squareLayer.empty())
+        sources.push_back(FileOf(options.located.squareLayer));
     CheckTableOutput(options.output, sources, options.force);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
     const auto listeners = ProgressListeners();
