@@ -13,6 +13,7 @@ using TableRows = std::vector<std::vector<std::string>>;
 /// The program in a folder of its own, with layers and the rows that it makes of them.
 class GisProgram : public Program {
 public:
+    using Program::Write;
     void Write(const std::string& file, const Layer& layer) const { WriteLayer(File(file), layer); }
     /// Runs `locate` with CSV as its output, which must succeed; returns the rows with the names
     /// of the fields as the first one.

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <gdal_priv.h>
+#include <limits>
 #include <map>
 #include <memory>
 #include <ogrsf_frmts.h>
@@ -44,6 +45,15 @@ GDALDatasetUniquePtr OpenOrCreate(const std::string& path) {
     Require(dataset != nullptr, path);
     return dataset;
 }
+
+/// The text of a geometry cannot contain what is no number.
+class NoNumbers : public OGRDefaultGeometryVisitor {
+public:
+    using OGRDefaultGeometryVisitor::visit;
+    void visit(OGRPoint* point) override {
+        if (point->getX() == -999) point->setX(std::numeric_limits<double>::quiet_NaN());
+    }
+};
 
 std::unique_ptr<OGRFieldDefn> FieldOf(const std::string& text) {
     const auto colon = text.find(':');
@@ -87,6 +97,8 @@ void WriteLayer(const std::string& path, const Layer& layer) {
             Require(OGRGeometryFactory::createFromWkt(from.wkt.c_str(), system.Get(), &geometry) ==
                         OGRERR_NONE,
                     from.wkt);
+        NoNumbers visitor;
+        if (geometry != nullptr) geometry->accept(&visitor);
         feature.SetGeometryDirectly(geometry);
         Require(written->CreateFeature(&feature) == OGRERR_NONE, from.wkt);
     }

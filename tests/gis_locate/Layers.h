@@ -8,7 +8,7 @@ namespace tests {
 
 struct LayerFeature {
     std::vector<std::string> values;  ///< By field; "\0" as the only byte: null.
-    std::string wkt;                  ///< Empty: no geometry.
+    std::string wkt;                  ///< Empty: no geometry. An x of -999 is written as no number.
 };
 
 /// A layer to be written. A field may have a type behind a colon: integer, real, date, logical;

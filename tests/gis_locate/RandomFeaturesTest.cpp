@@ -1,67 +1,20 @@
-#include "gis_locate/Comparison.h"
-#include "gis_locate/GisProgram.h"
+#include <algorithm>
+#include <numeric>
+
+#include "gis_locate/Maps.h"
 
 namespace tests {
 namespace {
 
-constexpr int kRows = 5;
-constexpr int kColumns = 7;
-
-/// Features of one map in three reference systems, and what SQL reads of them.
-struct Maps {
-    explicit Maps(std::uint32_t seed) : random(seed), sheets(random.Sheets(14)) {
-        program.Write("atlas.gpkg", random.SheetLayer(sheets));
-        for (const int epsg : {4326, 25833, 0}) {
-            layers.push_back(random.Features("f" + std::to_string(epsg), 700, epsg));
-            program.Write("features.gpkg", layers.back());
-        }
-        read = ReadBySql(program.Path(), layers, RandomMap::Cells(sheets, kRows, kColumns));
-    }
-
-    /// The features of all layers, each with its number as a constant, on the sheets.
-    std::vector<std::string> Arguments(const std::vector<std::string>& more) const {
-        std::vector<std::string> arguments;
-        for (std::size_t i = 0; i < layers.size(); ++i)
-            arguments.insert(arguments.end(), {"features.gpkg/" + layers[i].name, "--set",
-                                               "Layer=" + std::to_string(i)});
-        arguments.insert(arguments.end(), {"--sheets", "atlas.gpkg", "--grid",
-                                           std::to_string(kRows) + 'x' + std::to_string(kColumns)});
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return arguments;
-    }
-
-    GisProgram program;
-    RandomMap random;
-    std::vector<RandomSheet> sheets;
-    std::vector<Layer> layers;
-    std::vector<std::vector<Extents>> read;
-};
-
-/// The key of a row is what stands behind its column, then its name.
-std::vector<LocatedListing> LocatedIn(const TableRows& rows) {
-    std::vector<LocatedListing> listings;
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-        const auto& row = rows[i];
-        std::string key;
-        for (std::size_t field = 4; field < row.size(); ++field) key += row[field] + ' ';
-        key += row[0];
-        if (listings.empty() || listings.back().key != key) listings.push_back({key, {}});
-        listings.back().places.push_back(
-            {(std::stoul(row[1]) - 2) / 3, row[2][0] - 'A', std::stoi(row[3]) - 1});
-    }
-    return listings;
-}
-
 class RandomFeatures : public testing::TestWithParam<std::uint32_t> {};
 
 TEST_P(RandomFeatures, LieWhereSqlReadsThem) {
-    const Maps maps(GetParam());
-    const auto expected = Listings(maps.read, [&](std::size_t layer, std::size_t feature) {
-        return std::to_string(layer) + ' ' + maps.layers[layer].features[feature].values[0];
-    });
+    const Maps maps(GetParam(), {4326, 25833, 0}, 700);
+    const auto expected = Listings(
+        maps.ReadGrid(), [&](auto layer, auto feature) { return maps.NameOf(layer, feature); });
     for (const char* squares : {"all", "longest", "first"}) {
         SCOPED_TRACE(squares);
-        const auto rows = maps.program.Locate(maps.Arguments({"--squares", squares}));
+        const auto rows = maps.program.Locate(maps.InGrid({"--squares", squares}));
         ASSERT_EQ(rows[0], (std::vector<std::string>{"Listing", "Page", "Row", "Column", "Layer"}));
         ExpectSame(expected, LocatedIn(rows), squares);
     }
@@ -69,6 +22,156 @@ TEST_P(RandomFeatures, LieWhereSqlReadsThem) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomFeatures, testing::Values(20240229U, 7U),
                          testing::PrintToStringParamName());
+
+/// Quadrilaterals that cover the map, whose labels are numbers from 0.
+std::vector<Cell> UnevenSquares(RandomMap& random) {
+    constexpr int kSide = 12;
+    const OGRRawPoint first = {4'480'000, 3'260'000};
+    std::vector<std::vector<OGRRawPoint>> corners(kSide + 1);
+    for (int row = 0; row <= kSide; ++row)
+        for (int column = 0; column <= kSide; ++column)
+            corners[static_cast<std::size_t>(row)].push_back(
+                {first.x + 7000 * column + random.Between(-2500, 2500),
+                 first.y - 7000 * row + random.Between(-2500, 2500)});
+    std::vector<Cell> squares;
+    for (std::size_t row = 0; row < kSide; ++row)
+        for (std::size_t column = 0; column < kSide; ++column)
+            squares.push_back({0, static_cast<int>(row), static_cast<int>(column),
+                               AreaText({corners[row][column], corners[row][column + 1],
+                                         corners[row + 1][column + 1], corners[row + 1][column]})});
+    return squares;
+}
+
+std::unique_ptr<OGRGeometry> GeometryOf(const std::string& wkt) {
+    OGRGeometry* geometry = nullptr;
+    OGRGeometryFactory::createFromWkt(wkt.c_str(), nullptr, &geometry);
+    return std::unique_ptr<OGRGeometry>(geometry);
+}
+
+/// The parts of the squares on each sheet.
+std::vector<Cell> CutToSheets(const std::vector<Cell>& squares,
+                              const std::vector<RandomSheet>& sheets) {
+    std::vector<Cell> parts;
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        const auto sheet = GeometryOf(RandomMap::Cells({sheets[i]}, 1, 1)[0].wkt);
+        for (auto part : squares) {
+            const std::unique_ptr<OGRGeometry> common(
+                sheet->Intersection(GeometryOf(part.wkt).get()));
+            if (common->IsEmpty() != 0) continue;
+            part.sheet = i;
+            OGRWktOptions options;
+            options.precision = 17;
+            part.wkt = common->exportToWkt(options);
+            parts.push_back(part);
+        }
+    }
+    return parts;
+}
+
+TEST(SquaresOfOnesOwn, AreReadAsSqlReadsThem) {
+    Maps maps(11, {0, 25833}, 400);
+    auto squares = UnevenSquares(maps.random);
+    const auto expected =
+        Listings(ReadBySql(maps.program.Path(), maps.layers, CutToSheets(squares, maps.sheets)),
+                 [&](auto layer, auto feature) { return maps.NameOf(layer, feature); });
+    Layer layer{"squares", kSheetsSystem, {"Letter", "Number:integer"}, {}};
+    std::ranges::reverse(squares);
+    for (const auto& square : squares)
+        layer.features.push_back({{std::string(1, static_cast<char>('A' + square.row)),
+                                   std::to_string(square.column + 1)},
+                                  square.wkt});
+    maps.program.Write("squares.gpkg", layer);
+    for (const char* which : {"all", "longest", "first"}) {
+        SCOPED_TRACE(which);
+        ExpectSame(expected,
+                   LocatedIn(maps.program.Locate(
+                       maps.Arguments({"--squares", which, "--squares-layer", "squares.gpkg",
+                                       "--row", "Letter", "--column", "Number"}))),
+                   which);
+    }
+}
+
+TEST(FeaturesOfOneName, AreApartByAField) {
+    const Maps maps(5, {0, 4326}, 300);
+    const auto expected = Listings(maps.ReadGrid(), [&](auto layer, auto feature) {
+        return maps.Value(layer, feature, 1) + ' ' + maps.NameOf(layer, feature);
+    });
+    ExpectSame(expected,
+               LocatedIn(maps.program.Locate(maps.InGrid({"--apart", "town", "--squares", "all"}))),
+               "all");
+}
+
+/// Numbers from 1 the clusters of boxes that are not farther apart, in order of their first box.
+std::vector<int> Clusters(const std::vector<OGREnvelope>& boxes, double distance) {
+    std::vector<int> clusters(boxes.size());
+    std::iota(clusters.begin(), clusters.end(), 0);
+    const auto isNear = [&](const OGREnvelope& one, const OGREnvelope& other) {
+        const double x = std::max({one.MinX - other.MaxX, other.MinX - one.MaxX, 0.0});
+        const double y = std::max({one.MinY - other.MaxY, other.MinY - one.MaxY, 0.0});
+        return x * x + y * y <= distance * distance;
+    };
+    for (bool isChanged = true; isChanged;) {
+        isChanged = false;
+        for (std::size_t i = 0; i < boxes.size(); ++i)
+            for (std::size_t j = 0; j < boxes.size(); ++j)
+                if (clusters[i] < clusters[j] && isNear(boxes[i], boxes[j])) {
+                    clusters[j] = clusters[i];
+                    isChanged = true;
+                }
+    }
+    auto firsts = clusters;
+    std::ranges::sort(firsts);
+    firsts.erase(std::ranges::unique(firsts).begin(), firsts.end());
+    for (int& cluster : clusters)
+        cluster = 1 + static_cast<int>(std::ranges::lower_bound(firsts, cluster) - firsts.begin());
+    return clusters;
+}
+
+TEST(FeaturesOfOneName, AreApartWhereTheyLieFarApart) {
+    constexpr double kDistance = 5000;
+    const Maps maps(3, {0}, 900);
+    const auto read = maps.ReadGrid();
+    std::map<std::string, std::vector<std::size_t>> byName;
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < read[0].size(); ++i) {
+        if (read[0][i].empty()) continue;
+        auto& features = byName[maps.Value(0, i, 0)];
+        if (features.empty()) names.push_back(maps.Value(0, i, 0));
+        features.push_back(i);
+    }
+    std::vector<ReadListing> expected;
+    for (const auto& name : names) {
+        std::vector<OGREnvelope> boxes;
+        for (const auto feature : byName[name])
+            GeometryOf(maps.layers[0].features[feature].wkt)->getEnvelope(&boxes.emplace_back());
+        const auto clusters = Clusters(boxes, kDistance);
+        std::vector<std::vector<Extents>> named(1);
+        for (const auto feature : byName[name]) named[0].push_back(read[0][feature]);
+        auto parts = Listings(named, [&](std::size_t, std::size_t i) {
+            return std::to_string(clusters[i]) + " 0 " + name;
+        });
+        expected.insert(expected.end(), parts.begin(), parts.end());
+    }
+    EXPECT_GT(expected.size(), names.size() * 3 / 2);
+    ExpectSame(expected, LocatedIn(maps.program.Locate(maps.InGrid({"--distance", "5000"}))),
+               "longest");
+}
+
+TEST(NumberOfThreads, DoesNotMatter) {
+    const Maps maps(17, {0, 25833}, 1500);
+    for (const std::string ending : {"csv", "dbf", "gpkg"}) {
+        std::string first;
+        for (const char* threads : {"1", "2", "7"}) {
+            auto arguments = maps.InGrid({"--threads", threads, "-o", "out." + ending, "--force"});
+            arguments.insert(arguments.begin(), "locate");
+            maps.program.Done(arguments);
+            const std::string bytes = maps.program.Read("out." + ending);
+            if (first.empty()) first = bytes;
+            EXPECT_GT(bytes.size(), 20'000U);
+            EXPECT_TRUE(bytes == first) << ending << ' ' << threads;
+        }
+    }
+}
 
 }  // namespace
 }  // namespace tests

@@ -102,7 +102,7 @@ Layer RandomMap::Features(const std::string& name, int count, int epsg) {
                                 : kind == 1 ? LineFeature()
                                             : AreaFeature();
         // Features of different kinds do not share a name: their extents cannot be compared.
-        const std::string number = std::to_string(Whole(1, count / 4));
+        const std::string number = std::to_string(Whole(1, count / 10));
         layer.features.push_back({{(kind == 0   ? "point "
                                     : kind == 1 ? "line "
                                                 : "area ") +

@@ -62,6 +62,8 @@ void LocateInto(const Options& options, bool isKept) {
     std::vector<std::string> sources = {FileOf(options.located.sheets)};
     for (const auto& features : options.located.features)
         sources.push_back(FileOf(features.source));
+    if (!options.located.squareLayer.empty())
+        sources.push_back(FileOf(options.located.squareLayer));
     CheckTableOutput(options.output, sources, options.force);
     CheckBookOutput(options, sources);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);

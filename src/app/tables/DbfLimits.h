@@ -7,7 +7,8 @@
 
 namespace app {
 
-/// What a dBase table cannot hold: field names of more than ten bytes, texts of more than 254.
+/// What a dBase table cannot hold: field names of more than ten bytes, texts of more than 254, and
+/// numbers with too many digits or decimals.
 class DbfLimits {
 public:
     /// Shortens the fields to what a table of the path's format holds.
@@ -19,6 +20,7 @@ public:
     std::vector<std::string> Warnings() const;
 
 private:
+    void CountRounded(std::int64_t record, double number);
     void ShortenNames(std::vector<gis::SourceField>& fields);
 
     std::string path_;
@@ -27,6 +29,8 @@ private:
     std::int64_t cutTexts_ = 0;
     std::int64_t firstRecord_ = 0;
     std::string firstText_;
+    std::int64_t roundedNumbers_ = 0;
+    std::int64_t firstRounded_ = 0;
 };
 
 }  // namespace app

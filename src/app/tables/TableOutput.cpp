@@ -15,6 +15,19 @@
 
 namespace app {
 
+namespace {
+
+/// Returns true also for the table beside the geometry of a Shapefile.
+bool IsOfSource(const std::string& path, const std::string& source) {
+    if (IsOfTable(path, source)) return true;
+    auto table = std::filesystem::path(source);
+    if (desk::FoldCase(table.extension()) != ".shp") return false;
+    return IsOfTable(path, table.replace_extension(".dbf")) ||
+           IsOfTable(path, table.replace_extension(".DBF"));
+}
+
+}  // namespace
+
 WrittenTable WriteTable(const std::string& path, const std::vector<OutputField>& fields,
                         const RowSource& rows) {
     std::vector<FieldMeasure> measures(fields.size());
@@ -48,7 +61,7 @@ void CheckTableOutput(const std::string& path, const std::vector<std::string>& s
         throw UsageError("The table \"" + path +
                          "\" cannot be written: its name must end in .dbf, .gpkg or .csv.");
     for (const auto& source : sources)
-        if (IsOfTable(path, source))
+        if (IsOfSource(path, source))
             throw UsageError("The table \"" + path +
                              "\" cannot be written: it would be made from itself.");
     std::error_code ignored;

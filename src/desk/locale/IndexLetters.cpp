@@ -28,6 +28,8 @@ icu::UnicodeString FirstLetter(const icu::UnicodeString& text) {
 IndexLetters::IndexLetters(const std::string& locale) {
     UErrorCode error = U_ZERO_ERROR;
     icu::AlphabeticIndex index(icu::Locale(locale.c_str()), error);
+    // An index in another script has Latin names, too.
+    index.addLabels(icu::Locale::getEnglish(), error);
     index_.reset(index.buildImmutableIndex(error));
     if (U_FAILURE(error) != 0)
         throw host::Failure(host::kFailureUnspecified, "IndexLetters",

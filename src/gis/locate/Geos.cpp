@@ -36,6 +36,26 @@ Geos::Geometry Geos::MakeValid(const Geometry& geometry) const {
     return Own(GEOSMakeValid_r(context_, geometry.get()));
 }
 
+Geos::Geometry Geos::Areas(Geometry geometry) const {
+    if (!geometry || IsEmpty(geometry)) return nullptr;
+    if (GEOSGeomTypeId_r(context_, geometry.get()) != GEOS_GEOMETRYCOLLECTION)
+        return GEOSGeom_getDimensions_r(context_, geometry.get()) == 2 ? std::move(geometry)
+                                                                       : nullptr;
+    std::vector<GEOSGeometry*> areas;
+    for (int i = 0; i < GEOSGetNumGeometries_r(context_, geometry.get()); ++i) {
+        const auto* const part = GEOSGetGeometryN_r(context_, geometry.get(), i);
+        // Parts that are collections themselves do not occur in what GEOS makes of areas.
+        const int type = GEOSGeomTypeId_r(context_, part);
+        if (type == GEOS_POLYGON) areas.push_back(GEOSGeom_clone_r(context_, part));
+        if (type != GEOS_MULTIPOLYGON) continue;
+        for (int j = 0; j < GEOSGetNumGeometries_r(context_, part); ++j)
+            areas.push_back(GEOSGeom_clone_r(context_, GEOSGetGeometryN_r(context_, part, j)));
+    }
+    if (areas.empty()) return nullptr;
+    return Own(GEOSGeom_createCollection_r(context_, GEOS_MULTIPOLYGON, areas.data(),
+                                           static_cast<unsigned>(areas.size())));
+}
+
 Geos::Geometry Geos::Intersection(const GEOSGeometry* one, const GEOSGeometry* other) const {
     return Own(GEOSIntersection_r(context_, one, other));
 }

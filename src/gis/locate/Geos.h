@@ -31,6 +31,8 @@ public:
     /// False for what GEOS cannot judge.
     bool IsValid(const Geometry& geometry) const;
     Geometry MakeValid(const Geometry& geometry) const;
+    /// The areas of what may also contain lines and points; null if it has none.
+    Geometry Areas(Geometry geometry) const;
     Geometry Intersection(const GEOSGeometry* one, const GEOSGeometry* other) const;
     Geometry Difference(const GEOSGeometry* one, const GEOSGeometry* other) const;
     double Area(const GEOSGeometry* geometry) const;

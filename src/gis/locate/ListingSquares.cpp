@@ -13,11 +13,30 @@ auto PlaceOf(const SheetSquare& square) {
     return std::tuple(square.sheet, square.square.row, square.square.column);
 }
 
-/// Adds up the extents of the same square. Both lists are sorted.
-void Merge(std::vector<SheetSquare>& squares, const std::vector<SheetSquare>& more) {
+double DistanceBetween(const OGREnvelope& one, const OGREnvelope& other) {
+    const double across = std::max({0.0, one.MinX - other.MaxX, other.MinX - one.MaxX});
+    const double along = std::max({0.0, one.MinY - other.MaxY, other.MinY - one.MaxY});
+    return std::hypot(across, along);
+}
+
+}  // namespace
+
+// Adding costs the logarithm of the number of squares, so that many features may share a name.
+void ListingSquares::Group::Add(const std::vector<SheetSquare>& more) {
+    if (squares.empty()) {
+        squares = more;
+        return;
+    }
+    added.insert(added.end(), more.begin(), more.end());
+    if (added.size() >= squares.size()) Merge();
+}
+
+void ListingSquares::Group::Merge() {
+    if (added.empty()) return;
+    std::ranges::stable_sort(added, {}, PlaceOf);
     std::vector<SheetSquare> merged;
-    merged.reserve(squares.size() + more.size());
-    std::ranges::merge(squares, more, std::back_inserter(merged), {}, PlaceOf, PlaceOf);
+    merged.reserve(squares.size() + added.size());
+    std::ranges::merge(squares, added, std::back_inserter(merged), {}, PlaceOf, PlaceOf);
     std::size_t kept = 0;
     for (std::size_t i = 1; i < merged.size(); ++i)
         if (PlaceOf(merged[i]) == PlaceOf(merged[kept]))
@@ -27,22 +46,15 @@ void Merge(std::vector<SheetSquare>& squares, const std::vector<SheetSquare>& mo
     merged.resize(merged.empty() ? 0 : kept + 1);
     merged.shrink_to_fit();
     squares = std::move(merged);
+    added = {};
 }
-
-double DistanceBetween(const OGREnvelope& one, const OGREnvelope& other) {
-    const double across = std::max({0.0, one.MinX - other.MaxX, other.MinX - one.MaxX});
-    const double along = std::max({0.0, one.MinY - other.MaxY, other.MinY - one.MaxY});
-    return std::hypot(across, along);
-}
-
-}  // namespace
 
 void ListingSquares::Add(std::size_t layer, const std::string& name, const std::string& apart,
                          const LocatedGeometry& located) {
     const std::string key = std::to_string(layer) + '\0' + name + '\0' + apart;
     const auto [place, isNew] = places_.try_emplace(key, named_.size());
     if (isNew) named_.push_back({{name, apart, layer, 0}, {}});
-    Merge(GroupFor(named_[place->second], located.box).squares, located.squares);
+    GroupFor(named_[place->second], located.box).Add(located.squares);
 }
 
 ListingSquares::Group& ListingSquares::GroupFor(Named& named, const OGREnvelope& box) const {
@@ -57,7 +69,7 @@ ListingSquares::Group& ListingSquares::GroupFor(Named& named, const OGREnvelope&
     };
     const auto first = std::ranges::find_if(named.groups, isNear);
     if (first == named.groups.end()) {
-        named.groups.push_back({{box}, {}});
+        named.groups.push_back({{box}, {}, {}});
         return named.groups.back();
     }
     first->boxes.push_back(box);
@@ -68,7 +80,8 @@ ListingSquares::Group& ListingSquares::GroupFor(Named& named, const OGREnvelope&
             continue;
         }
         first->boxes.insert(first->boxes.end(), other->boxes.begin(), other->boxes.end());
-        Merge(first->squares, other->squares);
+        other->Merge();
+        first->Add(other->squares);
         other = named.groups.erase(other);
     }
     return *first;
@@ -77,7 +90,8 @@ ListingSquares::Group& ListingSquares::GroupFor(Named& named, const OGREnvelope&
 void ListingSquares::MoveTo(LocateResult& result) {
     for (auto& named : named_) {
         const bool isOne = named.groups.size() == 1;
-        for (const auto& group : named.groups) {
+        for (auto& group : named.groups) {
+            group.Merge();
             result.listings.push_back(named.listing);
             named.listing.part += isOne ? 0 : 1;
             result.listings.back().part = named.listing.part;

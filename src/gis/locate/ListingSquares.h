@@ -28,6 +28,10 @@ private:
     struct Group {
         std::vector<OGREnvelope> boxes;
         std::vector<SheetSquare> squares;  ///< By sheet, row and column.
+        std::vector<SheetSquare> added;  ///< Since they were last merged, in order of the features.
+
+        void Add(const std::vector<SheetSquare>& more);
+        void Merge();
     };
     struct Named {
         LocatedListing listing;

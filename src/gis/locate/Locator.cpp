@@ -1,5 +1,6 @@
 #include "gis/locate/Locator.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -11,15 +12,40 @@
 namespace gis {
 namespace {
 
+/// Boxes in which all places lie that a grid sets on the border of its sheet.
 std::vector<OGREnvelope> BoxesOf(const Sheets& sheets) {
+    constexpr double kMargin = 1e-9;  // In parts of a sheet, which is at least a square.
     std::vector<OGREnvelope> boxes;
-    for (const auto& sheet : sheets.sheets) boxes.push_back(sheet.box);
+    for (const auto& sheet : sheets.sheets) {
+        auto& box = boxes.emplace_back(sheet.box);
+        const double margin = kMargin * std::hypot(box.MaxX - box.MinX, box.MaxY - box.MinY);
+        box.MinX -= margin;
+        box.MinY -= margin;
+        box.MaxX += margin;
+        box.MaxY += margin;
+    }
     return boxes;
 }
 
-bool IsFinite(const OGREnvelope& box) {
-    return std::isfinite(box.MinX) && std::isfinite(box.MinY) && std::isfinite(box.MaxX) &&
-           std::isfinite(box.MaxY);
+bool IsFinite(const Point& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
+/// An envelope leaves out what is no number.
+bool IsFinite(const OGRPolygon& polygon) {
+    for (const auto* const ring : polygon)
+        for (const auto& point : *ring)
+            if (!IsFinite(Point{point.getX(), point.getY()})) return false;
+    return true;
+}
+
+/// What a part of a line or an area in a square must exceed; less is rounding.
+double LeastExtent(const OwnSquare& square, int dimension) {
+    constexpr double kShare = 1e-9;  // As in a grid.
+    const double width = square.box.MaxX - square.box.MinX;
+    const double height = square.box.MaxY - square.box.MinY;
+    return dimension == 0 ? 0
+                          : kShare * (dimension == 1 ? std::hypot(width, height) : width * height);
 }
 
 std::vector<Point> PointsOf(const OGRSimpleCurve& curve) {
@@ -64,10 +90,8 @@ LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
     located.isBroken = transformation_ && geometry->transform(transformation_.get()) != OGRERR_NONE;
     geometry->getEnvelope(&located.box);
     pieces_ = {};
-    if (located.isBroken || !IsFinite(located.box) || !TakeApart(*geometry, located)) {
-        located.isBroken = true;
-        return located;
-    }
+    located.isBroken = located.isBroken || !TakeApart(*geometry, located);
+    if (located.isBroken) return located;
     if (sketchDistance_) AddThinned(*geometry, *sketchDistance_, located.sketch);
     std::vector<SquareExtent> squares;
     for (const std::size_t number : index_.Find(located.box)) {
@@ -76,7 +100,7 @@ LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
         if (sheet.grid)
             AddOnGrid(*sheet.grid, squares);
         else
-            AddInSquares(sheet.squares, squares);
+            located.isBroken = !AddInSquares(sheet.squares, squares) || located.isBroken;
         MergeSquares(squares);
         for (const auto& square : squares)
             located.squares.push_back({static_cast<std::uint32_t>(number), square});
@@ -94,10 +118,13 @@ bool Locator::TakeApart(const OGRGeometry& geometry, LocatedGeometry& located) {
         for (const auto* const part : *geometry.toGeometryCollection())
             if (!TakeApart(*part, located)) return false;
     } else if (type == wkbPoint) {
-        if (geometry.IsEmpty() == 0)
-            pieces_.points.push_back({geometry.toPoint()->getX(), geometry.toPoint()->getY()});
+        if (geometry.IsEmpty() != 0) return true;
+        pieces_.points.push_back({geometry.toPoint()->getX(), geometry.toPoint()->getY()});
+        return IsFinite(pieces_.points.back());
     } else if (OGR_GT_IsSubClassOf(type, wkbLineString) != 0) {
         pieces_.lines.push_back(PointsOf(*geometry.toLineString()));
+        return std::ranges::all_of(pieces_.lines.back(),
+                                   [](const Point& point) { return IsFinite(point); });
     } else {
         return TakeArea(geometry, located);
     }
@@ -106,13 +133,16 @@ bool Locator::TakeApart(const OGRGeometry& geometry, LocatedGeometry& located) {
 
 bool Locator::TakeArea(const OGRGeometry& polygon, LocatedGeometry& located) {
     if (polygon.IsEmpty() != 0) return true;
+    if (OGR_GT_IsSubClassOf(wkbFlatten(polygon.getGeometryType()), wkbPolygon) != 0 &&
+        !IsFinite(*polygon.toPolygon()))
+        return false;
     auto area = geos_.Copy(polygon);
     if (!area) return false;
     if (!geos_.IsValid(area)) {
-        area = geos_.MakeValid(area);
+        area = geos_.Areas(geos_.MakeValid(area));
         located.isMended = true;
     }
-    if (!area || geos_.IsEmpty(area)) return false;
+    if (!area) return false;
     pieces_.areas.push_back(std::move(area));
     return true;
 }
@@ -127,35 +157,41 @@ void Locator::AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares) {
     for (const auto& area : pieces_.areas) AddArea(geos_, grid, area.get(), squares);
 }
 
-void Locator::AddInSquares(const std::vector<OwnSquare>& own,
+bool Locator::AddInSquares(const std::vector<OwnSquare>& own,
                            std::vector<SquareExtent>& squares) const {
-    for (const Point& point : pieces_.points) Divide(PointOf(point), own, squares);
-    for (const auto& line : pieces_.lines) Divide(LineOf(line), own, squares);
+    bool isDone = true;
+    for (const Point& point : pieces_.points) isDone &= Divide(PointOf(point), own, squares);
+    for (const auto& line : pieces_.lines) isDone &= Divide(LineOf(line), own, squares);
     for (const auto& area : pieces_.areas)
-        Divide(geos_.Own(GEOSGeom_clone_r(geos_.Context(), area.get())), own, squares);
+        isDone &= Divide(geos_.Own(GEOSGeom_clone_r(geos_.Context(), area.get())), own, squares);
+    return isDone;
 }
 
-void Locator::Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
+bool Locator::Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
                      std::vector<SquareExtent>& squares) const {
-    if (!piece) return;
+    if (!piece) return false;
     const auto dimension = [&](const Geos::Geometry& geometry) {
         return GEOSGeom_getDimensions_r(geos_.Context(), geometry.get());
     };
     const int wanted = dimension(piece);
     for (const auto& square : own) {
-        if (geos_.IsEmpty(piece)) return;
+        if (geos_.IsEmpty(piece)) return true;
         OGREnvelope box;
         GEOSGeom_getExtent_r(geos_.Context(), piece.get(), &box.MinX, &box.MinY, &box.MaxX,
                              &box.MaxY);
         if (square.box.Intersects(box) == 0) continue;
         const auto area = geos_.Copy(*square.area);
         const auto inside = geos_.Intersection(piece.get(), area.get());
-        if (!inside || geos_.IsEmpty(inside) || dimension(inside) != wanted) continue;
-        squares.push_back({square.row, square.column, geos_.Extent(inside.get())});
+        if (!inside) return false;
+        if (geos_.IsEmpty(inside) || dimension(inside) != wanted) continue;
+        const double extent = geos_.Extent(inside.get());
+        if (extent > LeastExtent(square, wanted))
+            squares.push_back({square.row, square.column, extent});
         auto rest = geos_.Difference(piece.get(), area.get());
-        if (!rest) return;
+        if (!rest) return false;
         piece = std::move(rest);
     }
+    return true;
 }
 
 Geos::Geometry Locator::PointOf(const Point& point) const {

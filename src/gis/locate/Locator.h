@@ -44,9 +44,10 @@ private:
     bool TakeApart(const OGRGeometry& geometry, LocatedGeometry& located);
     bool TakeArea(const OGRGeometry& polygon, LocatedGeometry& located);
     void AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares);
-    void AddInSquares(const std::vector<OwnSquare>& own, std::vector<SquareExtent>& squares) const;
+    /// These two return false if GEOS fails.
+    bool AddInSquares(const std::vector<OwnSquare>& own, std::vector<SquareExtent>& squares) const;
     /// Gives the piece to the squares one after the other; what one has is not given to the next.
-    void Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
+    bool Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
                 std::vector<SquareExtent>& squares) const;
     Geos::Geometry PointOf(const Point& point) const;
     Geos::Geometry LineOf(const std::vector<Point>& line) const;

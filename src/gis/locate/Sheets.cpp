@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <tuple>
 #include <utility>
 
 #include "gis/locate/FeatureLayer.h"
 #include "gis/locate/Geos.h"
+#include "gis/locate/Locator.h"
 #include "host/Failure.h"
 
 namespace gis {
@@ -29,7 +31,8 @@ PageOrder OrderOf(const std::string& page) {
     double number = 0;
     const char* const end = page.data() + page.size();
     const auto parsed = std::from_chars(page.data(), end, number);
-    const bool isText = parsed.ec != std::errc() || parsed.ptr != end;
+    // "Nan" and "Inf" may be places.
+    const bool isText = parsed.ec != std::errc() || parsed.ptr != end || !std::isfinite(number);
     return {isText, isText ? 0 : number, page};
 }
 
@@ -60,6 +63,18 @@ void SetReference(Sheets& sheets, const FeatureLayer& layer) {
     }
 }
 
+/// The geometry itself or, if it is no valid area, what GEOS makes of it; null where it cannot.
+Geos::Geometry ValidArea(const Geos& geos, const OGRGeometry& geometry, bool& isMended) {
+    auto area = geos.Copy(geometry);
+    isMended = area && !geos.IsValid(area);
+    return isMended ? geos.Areas(geos.MakeValid(area)) : std::move(area);
+}
+
+std::shared_ptr<const OGRGeometry> FromGeos(const Geos& geos, const Geos::Geometry& area) {
+    return std::shared_ptr<const OGRGeometry>(
+        OGRGeometryFactory::createFromGEOS(geos.Context(), area.get()));
+}
+
 Sheet MakeSheet(const LocateJob& job, const OGRGeometry& area, const std::string& page,
                 const std::string& layer) {
     Sheet sheet;
@@ -73,11 +88,20 @@ Sheet MakeSheet(const LocateJob& job, const OGRGeometry& area, const std::string
             Fail(layer + ": the sheet of page \"" + page +
                  "\" is no rectangle, so that no grid can be laid over it.");
     }
-    // Without a grid the sheet itself is the square.
-    if (!sheet.grid)
-        sheet.squares.push_back(
-            {0, 0, std::shared_ptr<const OGRGeometry>(area.clone()), sheet.box});
     return sheet;
+}
+
+/// Sheets of one page are kept: they may be a map and its inset.
+void NoteRepeatedPages(Sheets& sheets, const std::string& layer) {
+    const auto& all = sheets.sheets;
+    for (auto first = all.begin(); first != all.end();) {
+        const auto last =
+            std::find_if(first, all.end(), [&](const Sheet& s) { return s.page != first->page; });
+        if (last - first > 1)
+            sheets.notes.push_back(layer + ": " + std::to_string(last - first) +
+                                   " sheets have the page \"" + first->page + "\".");
+        first = last;
+    }
 }
 
 std::string Numbers(const LeftOut& features) {
@@ -87,11 +111,11 @@ std::string Numbers(const LeftOut& features) {
     return numbers + (features.count > std::ssize(features.first) ? ", ..." : "");
 }
 
-void NoteLeftOut(Sheets& sheets, const std::string& layer, const LeftOut& features,
-                 const std::string& one, const std::string& many) {
+void NoteFeatures(Sheets& sheets, const std::string& layer, const LeftOut& features,
+                  const std::string& one, const std::string& many) {
     if (features.count > 0)
         sheets.notes.push_back(layer + ": " + std::to_string(features.count) + ' ' +
-                               (features.count == 1 ? one : many) + " left out (feature " +
+                               (features.count == 1 ? one : many) + " (feature " +
                                Numbers(features) + ").");
 }
 
@@ -102,6 +126,17 @@ std::int32_t LabelIndex(std::vector<std::string>& labels, const std::string& lab
     return static_cast<std::int32_t>(labels.size()) - 1;
 }
 
+/// Sorts labels as pages; returns by old index the new one.
+std::vector<std::int32_t> SortLabels(std::vector<std::string>& labels) {
+    const auto before = labels;
+    std::ranges::sort(labels, {}, OrderOf);
+    std::vector<std::int32_t> places;
+    for (const auto& label : before)
+        places.push_back(
+            static_cast<std::int32_t>(std::ranges::find(labels, label) - labels.begin()));
+    return places;
+}
+
 /// Cuts the squares to each sheet, because a square at an edge may lie on two.
 class SquareCutter {
 public:
@@ -109,7 +144,8 @@ public:
         : layer_(place),
           row_(layer_.Field(place.rowField)),
           column_(layer_.Field(place.columnField)),
-          sheets_(sheets) {
+          sheets_(sheets),
+          transformation_(TransformationTo(sheets, layer_.Reference())) {
         for (const auto& sheet : sheets.sheets)
             areas_.push_back(geos_.Copy(*sheet.squares[0].area));
         for (auto& sheet : sheets.sheets) sheet.squares.clear();
@@ -117,31 +153,63 @@ public:
 
     void Cut() {
         LeftOut others;
+        LeftOut mended;
         while (const auto& row = layer_.Next()) {
             auto* const area = row->Feature().GetGeometryRef();
-            const auto square = IsArea(area) ? geos_.Copy(*area) : Geos::Geometry();
-            if (square && geos_.IsValid(square))
+            bool isMended = false;
+            const auto square = IsArea(area) && IsTransformed(*area)
+                                    ? ValidArea(geos_, *area, isMended)
+                                    : Geos::Geometry();
+            if (square)
                 CutOne(*row, *area, square);
             else
                 others.Add(row->Feature().GetFID());
+            if (square && isMended) mended.Add(row->Feature().GetFID());
         }
-        NoteLeftOut(sheets_, layer_.Name(), others, "square that is no area was",
-                    "squares that are no areas were");
+        NoteFeatures(sheets_, layer_.Name(), others, "square that is no area was left out",
+                     "squares that are no areas were left out");
+        NoteFeatures(sheets_, layer_.Name(), mended,
+                     "square had a broken outline, which was mended",
+                     "squares had broken outlines, which were mended");
+        NoteSheetsWithout();
+        SortByLabels();
     }
 
 private:
+    bool IsTransformed(OGRGeometry& area) const {
+        const GdalMessages messages;
+        return !transformation_ || area.transform(transformation_.get()) == OGRERR_NONE;
+    }
+
+    void NoteSheetsWithout() {
+        for (const auto& sheet : sheets_.sheets)
+            if (sheet.squares.empty())
+                sheets_.notes.push_back(layer_.Name() + ": the sheet of page \"" + sheet.page +
+                                        "\" has no square.");
+    }
+
+    void SortByLabels() {
+        const auto rows = SortLabels(sheets_.rowLabels);
+        const auto columns = SortLabels(sheets_.columnLabels);
+        for (auto& sheet : sheets_.sheets)
+            for (auto& square : sheet.squares) {
+                square.row = rows[static_cast<std::size_t>(square.row)];
+                square.column = columns[static_cast<std::size_t>(square.column)];
+            }
+    }
+
     void CutOne(const FeatureRow& row, const OGRGeometry& area, const Geos::Geometry& square) {
         OGREnvelope box;
         area.getEnvelope(&box);
         for (std::size_t i = 0; i < areas_.size(); ++i) {
             auto& sheet = sheets_.sheets[i];
             if (sheet.box.Intersects(box) == 0) continue;
-            const auto piece = geos_.Intersection(areas_[i].get(), square.get());
-            if (!piece || geos_.Area(piece.get()) <= 0) continue;
+            const auto piece = geos_.Areas(geos_.Intersection(areas_[i].get(), square.get()));
+            if (!piece) continue;
             OwnSquare own;
             own.row = LabelIndex(sheets_.rowLabels, LabelOf(row.Value(row_)));
             own.column = LabelIndex(sheets_.columnLabels, LabelOf(row.Value(column_)));
-            own.area.reset(OGRGeometryFactory::createFromGEOS(geos_.Context(), piece.get()));
+            own.area = FromGeos(geos_, piece);
             own.area->getEnvelope(&own.box);
             sheet.squares.push_back(std::move(own));
         }
@@ -152,6 +220,7 @@ private:
     std::int32_t row_;
     std::int32_t column_;
     Sheets& sheets_;
+    std::unique_ptr<OGRCoordinateTransformation> transformation_;
     std::vector<Geos::Geometry> areas_;
 };
 
@@ -163,32 +232,53 @@ void LeftOut::Add(std::int64_t feature) {
     if (first.size() < kFirst) first.push_back(feature);
 }
 
-Sheets ReadSheets(const LocateJob& job) {
-    Sheets sheets;
-    FeatureLayer layer(job.sheets);
+namespace {
+
+/// Reads the sheets in the order of the layer.
+void ReadInto(Sheets& sheets, FeatureLayer& layer, const LocateJob& job) {
     const std::int32_t pageField = layer.Field(job.pageField);
-    SetReference(sheets, layer);
+    const Geos geos;
     LeftOut others;
     LeftOut withoutPage;
+    LeftOut mended;
     while (const auto& row = layer.Next()) {
         auto& feature = row->Feature();
         const auto* const area = feature.GetGeometryRef();
         const std::string page = LabelOf(row->Value(pageField));
-        if (page.empty())
+        bool isMended = false;
+        const auto valid = IsArea(area) ? ValidArea(geos, *area, isMended) : Geos::Geometry();
+        if (page.empty()) {
             withoutPage.Add(feature.GetFID());
-        else if (!IsArea(area))
+        } else if (!valid) {
             others.Add(feature.GetFID());
-        else
-            sheets.sheets.push_back(MakeSheet(job, *area, page, layer.Name()));
+        } else {
+            auto sheet = MakeSheet(job, *area, page, layer.Name());
+            // Without a grid the sheet itself is the square.
+            if (!sheet.grid) sheet.squares.push_back({0, 0, FromGeos(geos, valid), sheet.box});
+            sheets.sheets.push_back(std::move(sheet));
+            if (isMended) mended.Add(feature.GetFID());
+        }
     }
-    NoteLeftOut(sheets, layer.Name(), withoutPage, "sheet without a page was",
-                "sheets without a page were");
-    NoteLeftOut(sheets, layer.Name(), others, "sheet that is no area was",
-                "sheets that are no areas were");
+    NoteFeatures(sheets, layer.Name(), withoutPage, "sheet without a page was left out",
+                 "sheets without a page were left out");
+    NoteFeatures(sheets, layer.Name(), others, "sheet that is no area was left out",
+                 "sheets that are no areas were left out");
+    NoteFeatures(sheets, layer.Name(), mended, "sheet had a broken outline, which was mended",
+                 "sheets had broken outlines, which were mended");
+}
+
+}  // namespace
+
+Sheets ReadSheets(const LocateJob& job) {
+    Sheets sheets;
+    FeatureLayer layer(job.sheets);
+    SetReference(sheets, layer);
+    ReadInto(sheets, layer, job);
     if (sheets.sheets.empty()) Fail(layer.Name() + " has no sheet: no area with a page.");
     const auto order = [](const Sheet& sheet) { return OrderOf(sheet.page); };
     sheets.isInPageOrder = std::ranges::is_sorted(sheets.sheets, {}, order);
     std::ranges::stable_sort(sheets.sheets, {}, order);
+    NoteRepeatedPages(sheets, layer.Name());
     if (job.ownSquares) SquareCutter(*job.ownSquares, sheets).Cut();
     return sheets;
 }

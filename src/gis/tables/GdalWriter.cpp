@@ -2,12 +2,15 @@
 
 #include <array>
 #include <atomic>
+#include <charconv>
+#include <cpl_conv.h>
 #include <cpl_string.h>
 #include <cpl_vsi.h>
 #include <filesystem>
 #include <utility>
 
 #include "desk/unicode/FoldCase.h"
+#include "gis/tables/DbfBytes.h"
 #include "host/Failure.h"
 
 namespace gis {
@@ -19,14 +22,21 @@ struct Format {
     const char* options;  ///< Of the layer, divided by ";".
 };
 
-constexpr std::array kFormats = {Format{".dbf", "ESRI Shapefile", "ENCODING=UTF-8"},
-                                 Format{".gpkg", "GPKG", ""},
-                                 Format{".csv", "CSV", "STRING_QUOTING=IF_NEEDED"}};
+// The formats keep a date of change. It is always the same, so that the same rows give the same
+// bytes.
+constexpr const char* kDate = "2000-01-01T00:00:00.000Z";
+
+constexpr std::array kFormats = {
+    Format{".dbf", "ESRI Shapefile", "ENCODING=UTF-8;DBF_DATE_LAST_UPDATE=2000-01-01"},
+    Format{".gpkg", "GPKG", ""}, Format{".csv", "CSV", "STRING_QUOTING=IF_NEEDED"}};
+
+/// Digits of whole numbers of 64 bits, all of which have so many.
+constexpr std::int32_t kWholeDigits = 18;
 
 OGRFieldType TypeOf(const SourceField& field) {
     switch (field.kind) {
         case FieldKind::Number:
-            return field.decimals == 0 ? OFTInteger64 : OFTReal;
+            return field.decimals == 0 && field.length <= kWholeDigits ? OFTInteger64 : OFTReal;
         case FieldKind::Date:
             return OFTDate;
         case FieldKind::Logical:
@@ -36,8 +46,24 @@ OGRFieldType TypeOf(const SourceField& field) {
     }
 }
 
+/// Without losing a digit.
+std::string TextOf(const host::Variant& value) {
+    if (const auto* const text = std::get_if<std::string>(&value)) return *text;
+    if (const auto* const number = std::get_if<std::int32_t>(&value))
+        return std::to_string(*number);
+    if (const auto* const flag = std::get_if<bool>(&value)) return *flag ? "True" : "False";
+    std::array<char, 32> text{};
+    const auto* const real = std::get_if<double>(&value);
+    return real == nullptr
+               ? std::string()
+               : std::string(text.data(), std::to_chars(text.begin(), text.end(), *real).ptr);
+}
+
 void SetValue(OGRFeature& feature, int index, const host::Variant& value) {
-    if (const auto* const text = std::get_if<std::string>(&value))
+    const bool isNull = std::holds_alternative<host::Null>(value);
+    if (!isNull && feature.GetFieldDefnRef(index)->GetType() == OFTString)
+        feature.SetField(index, TextOf(value).c_str());
+    else if (const auto* const text = std::get_if<std::string>(&value))
         feature.SetField(index, text->c_str());
     else if (const auto* const number = std::get_if<std::int32_t>(&value))
         feature.SetField(index, *number);
@@ -68,6 +94,7 @@ GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
                                 "\" cannot be written: its name ends in none of .dbf, .gpkg, "
                                 ".csv.");
     PrepareGdal();
+    CPLSetConfigOption("OGR_CURRENT_DATE", kDate);
     const GdalMessages messages;
     VSIMkdir(folder_.c_str(), 0700);
     const std::string stem = name.stem();
@@ -90,11 +117,16 @@ GdalWriter::~GdalWriter() {
 
 void GdalWriter::AddField(const SourceField& field) {
     const GdalMessages messages;
-    OGRFieldDefn definition(field.name.c_str(), TypeOf(field));
-    if (field.kind == FieldKind::Logical) definition.SetSubType(OFSTBoolean);
-    if (field.kind == FieldKind::Text || field.kind == FieldKind::Number)
+    const std::string driver = dataset_->GetDriverName();
+    // CSV has texts only.
+    OGRFieldDefn definition(field.name.c_str(), driver == "CSV" ? OFTString : TypeOf(field));
+    if (driver == "GPKG" && field.kind == FieldKind::Logical) definition.SetSubType(OFSTBoolean);
+    if (field.kind == FieldKind::Text) definition.SetWidth(field.length);
+    if (driver == "ESRI Shapefile" && field.kind == FieldKind::Number) {
         definition.SetWidth(field.length);
-    definition.SetPrecision(field.decimals);
+        definition.SetPrecision(field.decimals);
+    }
+    if (driver == "ESRI Shapefile" && field.kind == FieldKind::Logical) definition.SetWidth(1);
     if (layer_->CreateField(&definition) != OGRERR_NONE) Fail(messages.Error());
 }
 
@@ -118,8 +150,9 @@ void GdalWriter::Finish(const Store& store) {
     const auto path = std::filesystem::path(path_);
     for (const char* const ending : {".cpg", ".dbf", ".gpkg", ".csv"}) {
         vsi_l_offset length = 0;
-        const auto* const content = VSIGetMemFileBuffer((stem + ending).c_str(), &length, FALSE);
+        auto* const content = VSIGetMemFileBuffer((stem + ending).c_str(), &length, FALSE);
         if (content == nullptr) continue;
+        if (std::string_view(ending) == ".dbf") MendDbf({content, length}, fields_);
         const bool isTable = desk::FoldCase(path.extension()) == ending;
         store(isTable ? path_ : std::filesystem::path(path).replace_extension(ending).string(),
               {reinterpret_cast<const char*>(content), length});
