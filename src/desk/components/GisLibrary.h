@@ -13,4 +13,7 @@ namespace desk {
 /// environment variable GAZETTEER_GDAL_BUILD, if there is one, is then run to make it.
 gis::GisModule& LoadGisModule(const std::string& source);
 
+/// Whether that runs no such command.
+bool HasGisModule();
+
 }  // namespace desk
