@@ -43,10 +43,10 @@ host::Ref<host::IHostTable> TableWorkspace::OpenTable(const std::string& name) {
 }
 
 host::Ref<host::IHostTable> TableWorkspace::CreateTable(const std::string& name,
-                                                      const host::Ref<host::IHostFields>&,
-                                                      const host::Ref<host::IHostIdentifier>&,
-                                                      const host::Ref<host::IHostIdentifier>&,
-                                                      const std::string&) {
+                                                        const host::Ref<host::IHostFields>&,
+                                                        const host::Ref<host::IHostIdentifier>&,
+                                                        const host::Ref<host::IHostIdentifier>&,
+                                                        const std::string&) {
     throw host::Failure(host::kFailureUnspecified, "TableWorkspace",
                         "The table " + name + " cannot be made: tables are only read here.");
 }
