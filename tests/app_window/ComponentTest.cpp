@@ -3,8 +3,8 @@
 
 #include "app_window/WindowStory.h"
 #include "desk/components/ComponentLibrary.h"
-#include "desk/components/SharedLibrary.h"
 #include "desk/components/Registrar.h"
+#include "desk/components/SharedLibrary.h"
 #include "support/Text.h"
 
 namespace {

@@ -2,8 +2,8 @@
 #include <string>
 
 #include "desk/tables/DbfTable.h"
-#include "desk/tables/TableWorkspace.h"
 #include "desk/tables/PlainObjects.h"
+#include "desk/tables/TableWorkspace.h"
 #include "host/Failure.h"
 #include "support/DbfBuilder.h"
 #include "support/TemporaryFolder.h"

@@ -6,7 +6,6 @@
 #include <iterator>
 #include <pwd.h>
 #include <stdexcept>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include "support/Output.h"

@@ -41,7 +41,10 @@ Rows WithNumbersForBooleans(Rows rows) {
 }
 
 Rows WithTimesForDates(Rows rows) {
-    for (Cells& cells : rows) cells[6] = cells[6] ? *cells[6] + " 00:00:00" : "";
+    for (Cells& cells : rows) {
+        const std::string date = cells[6].value_or("");
+        cells[6] = date.empty() ? date : date + " 00:00:00";
+    }
     return rows;
 }
 
@@ -50,7 +53,9 @@ Rows AsTexts(Rows rows) {
     rows = WithNumbersForBooleans(std::move(rows));
     for (Cells& cells : rows) {
         for (auto& cell : cells) cell = cell.value_or("");
-        std::ranges::replace(*cells[6], '-', '/');
+        std::string date = cells[6].value_or("");
+        std::ranges::replace(date, '-', '/');
+        cells[6] = date;
     }
     return rows;
 }

@@ -29,3 +29,8 @@ expect 'Page.Alignment=Right' gazetteer set index.json Page.Alignment=R
 expect 'de@collation=phonebook' gazetteer make --locale de@
 cd "$3"
 expect 'streets.dbf' gazetteer table str
+cd "$(mktemp -d)"
+touch alps.GPKG alps.json alps.txt bern.csv
+expect 'alps.GPKG' gazetteer make al
+expect 'bern.csv' gazetteer book new book.json --sheets b
+rm -r "$PWD"

@@ -23,7 +23,7 @@ namespace app {
 namespace {
 
 constexpr std::int64_t kMostPages = 1'000'000;
-constexpr std::int64_t kMostRows = 1'000'000'000;  // More than the largest dBase file has.
+constexpr std::int64_t kMostRows = 1'000'000'000;  // More than any table that is printed has.
 
 std::string CheckTitle(const std::string& title) {
     if (title.find_first_not_of(' ') != std::string::npos) return {};
@@ -155,8 +155,7 @@ void Commands::AddOutputOptions(CLI::App& command) {
 
 void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
-    make.add_option("LISTINGS", options_.listingDatabase, "Listing database, a dBase table")
-        ->required();
+    make.add_option("LISTINGS", options_.listingDatabase, "Listing database, a table")->required();
     make.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
         ->required();
     make.add_option("--document", options_.document,
@@ -171,9 +170,7 @@ void Commands::AddMake() {
 void Commands::AddEditing() {
     auto& create = Add(program_, "new", "Make a new document with the default columns", New);
     create.add_option("DOC", options_.document, "The document to write")->required();
-    create
-        .add_option("--listing-database", options_.listingDatabase,
-                    "Listing database, a dBase table")
+    create.add_option("--listing-database", options_.listingDatabase, "Listing database, a table")
         ->required();
     create.add_flag("--force", options_.force, "Replace a document that exists");
     AddNewDocumentOptions(create);
@@ -224,7 +221,7 @@ void Commands::AddPages() {
 }
 
 void Commands::AddOthers() {
-    auto& table = Add(program_, "table", "Show how a dBase table is read", Table);
+    auto& table = Add(program_, "table", "Show how a table is read", Table);
     table.add_option("FILE", options_.table, "The table")->required();
     table.add_flag("--json", options_.json, "As JSON");
     AddNumber(table, "--limit", options_.limit, {0, kMostRows}, "Show at most this many rows, {}");

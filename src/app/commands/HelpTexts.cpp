@@ -30,7 +30,9 @@ Step by step, with a document that keeps the settings:
 Exit status: 0 done, 1 it could not be done, 2 wrong usage.
 `gazetteer COMMAND --help` tells more about a command.)"},
     {"make", R"(
-The listing database is a dBase table with a field Page, and as a rule Listing, Row and Column.
+The listing database is a table with a field Page, and as a rule Listing, Row and Column: a dBase
+file or, with the package gazetteer-gdal, any other that GDAL reads, such as names.csv,
+atlas.gpkg/streets (a layer) or PG:dbname=atlas/streets (a PostGIS server).
 
 Beyond the default columns and properties, make sets what an index needs that goes to print:
   CombineWithNewLine=false  CombineFirstAndLast=false  AddStartingBreak=true
@@ -128,8 +130,8 @@ A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` s
   gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)"},
     {"table", R"(
   gazetteer table names.dbf --limit 5
-The encoding is taken from a .cpg file beside the table, else from its header. Warnings tell of
-records that are missing or damaged.)"},
+The encoding of a dBase table is taken from a .cpg file beside it, else from its header. Warnings tell
+of records that are missing or damaged.)"},
     {"import", R"(
   gazetteer import places.gpkg --listing name --page blatt --row zeile --column spalte -o names.dbf
   gazetteer import places.xlsx --layer Sheet1 --where "kind = 'town'" --keep region -o names.csv

@@ -5,8 +5,8 @@
 
 #include "app/document/Errors.h"
 #include "desk/components/ComponentLibrary.h"
-#include "desk/components/SharedLibrary.h"
 #include "desk/components/Registrar.h"
+#include "desk/components/SharedLibrary.h"
 #include "host/PropertyPages.h"
 
 namespace app {

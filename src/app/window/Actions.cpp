@@ -59,7 +59,7 @@ QAction* Actions::Add(const char* name, const char* text, const char* icon, cons
 
 void Actions::AddFileActions() {
     newDocument = Add("newDocument", "&New from Listing Table...", "document-new",
-                      "Make a document from a dBase table of listings", {QKeySequence::New});
+                      "Make a document from a table of listings", {QKeySequence::New});
     open = Add("open", "&Open...", "document-open", "Open a document", {QKeySequence::Open});
     save = Add("save", "&Save", "document-save", "Save the document", {QKeySequence::Save});
     saveAs =

@@ -8,6 +8,7 @@
 #include "app/document/Errors.h"
 #include "app/window/Dialogs.h"
 #include "app/window/WaitPointer.h"
+#include "desk/tables/TablePath.h"
 #include "desk/window/WidgetText.h"
 
 namespace app {
@@ -75,7 +76,7 @@ void Documents::Open() {
 }
 
 void Documents::Open(const QString& path) {
-    if (QFileInfo(path).suffix().compare("dbf", Qt::CaseInsensitive) == 0) return New(path);
+    if (desk::IsTablePath(desk::FromQt(path))) return New(path);
     if (!MayLeave()) return;
     try {
         const WaitPointer wait;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
@@ -14,6 +15,7 @@
 #include "app/window/PageSizeBox.h"
 #include "app/window/PathField.h"
 #include "app/window/WaitPointer.h"
+#include "desk/tables/TablePath.h"
 #include "desk/window/WidgetText.h"
 #include "model/Paths.h"
 
@@ -21,6 +23,7 @@ namespace app {
 namespace {
 
 constexpr std::int32_t kMostNamed = 16;  // Some tables have hundreds of fields.
+constexpr int kPause = 800;              // Milliseconds after which typing has ended.
 
 class NewDocumentDialog : public QDialog {
 public:
@@ -35,6 +38,7 @@ private:
     QWidget* TablePage();
     bool IsFromLayers() const;
     void ShowPage();
+    void TableChanged();
     void CheckTable();
     void CheckSize();
     void ShowUsable();
@@ -51,6 +55,7 @@ private:
     QCheckBox* ready_;
     QPushButton* create_;
     bool tableUsable_ = false;
+    QTimer checkSoon_;
 };
 
 NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
@@ -96,7 +101,9 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     form->addRow(QString(), ready_);
     form->addRow(buttons);
 
-    connect(table_, &PathField::Changed, this, &NewDocumentDialog::CheckTable);
+    checkSoon_.setSingleShot(true);
+    connect(&checkSoon_, &QTimer::timeout, this, &NewDocumentDialog::CheckTable);
+    connect(table_, &PathField::Changed, this, &NewDocumentDialog::TableChanged);
     connect(layers_, &LocatePage::Changed, this, &NewDocumentDialog::ShowUsable);
     connect(pages_, &QTabWidget::currentChanged, this, &NewDocumentDialog::ShowPage);
     connect(size_, &PageSizeBox::Changed, this, &NewDocumentDialog::CheckSize);
@@ -131,17 +138,31 @@ bool NewDocumentDialog::IsFromLayers() const {
     return pages_->currentWidget() == layers_;
 }
 
+// Asks a server only when its name is typed to the end.
+void NewDocumentDialog::TableChanged() {
+    if (!desk::TablePath{desk::FromQt(table_->Path()), {}}.IsConnection()) {
+        checkSoon_.stop();
+        return CheckTable();
+    }
+    tableUsable_ = false;
+    tableNote_->setText("A table of a server.");
+    ShowUsable();
+    checkSoon_.start(kPause);
+}
+
 // Shows the fields of the table, or why it cannot be used.
 void NewDocumentDialog::CheckTable() {
-    QString note = "A dBase table with a field Page and, as a rule, Listing, Row and Column.";
+    QString note = "A table with a field Page and, as a rule, Listing, Row and Column.";
     tableUsable_ = false;
     const QString path = table_->Path();
-    if (!path.isEmpty() && !QFileInfo(path).isFile()) {
+    const auto table = desk::FindTable(desk::FromQt(path));
+    if (!path.isEmpty() && !table.Exists()) {
         note = "There is no such file.";
     } else if (!path.isEmpty()) {
         try {
-            const auto table = gazetteer::OpenTableFile(session_.Host(), desk::FromQt(path));
-            const auto fields = table->Fields();
+            const WaitPointer wait;
+            const auto opened = gazetteer::OpenTableFile(session_.Host(), desk::FromQt(path));
+            const auto fields = opened->Fields();
             tableUsable_ = fields->FindField("Page") >= 0;
             note = (tableUsable_ ? "Fields: " : "The table has no field Page; its fields are ") +
                    desk::ToQt(FieldNames(*fields, kMostNamed)) + (tableUsable_ ? "" : ".");

@@ -56,8 +56,7 @@ int main(int argc, char** argv) {
     CLI::App program("Shows the printed index of a map book, and edits what it is made of.",
                      "gazetteer-desk");
     program.set_version_flag("--version", GAZETTEER_VERSION);
-    program.add_option("DOC", document,
-                       "Document to open, or a listing table (.dbf) to make one from");
+    program.add_option("DOC", document, "Document to open, or a listing table to make one from");
     app::AddText(program, "--locale", locale,
                  "Locale for sorting and numbers, such as is or de_DE (default: yours)");
     if (const auto status = app::Parse(program, argc, argv)) return *status;

@@ -33,8 +33,8 @@ struct ComponentLibrary::Loaded {
         void* const address = library.Find(name);
         if (address == nullptr)
             Fail(host::kFailureNotFound, "The library \"" + library.File() +
-                                             "\" is no component: it has no entry point \"" +
-                                             name + "\".");
+                                             "\" is no component: it has no entry point \"" + name +
+                                             "\".");
         return reinterpret_cast<T>(address);
     }
 
@@ -58,8 +58,8 @@ host::Ref<host::IHostObject> ComponentLibrary::CreateInstance(
     host::Ref<host::IHostClassFactory> factory;
     loaded_->createClassObject(className.c_str(), &factory);
     if (!factory)
-        Fail(host::kFailureNotFound,
-             "The component library \"" + loaded_->library.File() + "\" has no class \"" + className + "\".");
+        Fail(host::kFailureNotFound, "The component library \"" + loaded_->library.File() +
+                                         "\" has no class \"" + className + "\".");
     const auto instance =
         std::make_shared<const Instance>(Instance{loaded_, factory->CreateInstance(host)});
     return {instance, instance->object.get()};

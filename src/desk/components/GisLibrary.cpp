@@ -9,6 +9,10 @@
 namespace desk {
 namespace {
 
+std::string ModuleFile() {
+    return LibraryOfProgram("gazetteer/libgazetteer-gdal.so");
+}
+
 void Build() {
     const char* const command = std::getenv("GAZETTEER_GDAL_BUILD");
     if (command != nullptr && std::system(command) != 0)  // NOLINT(cert-env33-c): the user's own.
@@ -36,13 +40,17 @@ gis::GisModule& Load(const std::string& file) {
 gis::GisModule& LoadGisModule(const std::string& purpose) {
     static gis::GisModule* module = nullptr;
     if (module != nullptr) return *module;
-    const std::string file = LibraryOfProgram("gazetteer/libgazetteer-gdal.so");
+    const std::string file = ModuleFile();
     if (!std::filesystem::exists(file)) Build();
     if (!std::filesystem::exists(file))
         throw host::Failure(host::kFailureNotFound, "LoadGisModule",
                             purpose + " needs the package gazetteer-gdal, which is not installed.");
     module = &Load(file);
     return *module;
+}
+
+bool HasGisModule() {
+    return std::getenv("GAZETTEER_GDAL_BUILD") == nullptr || std::filesystem::exists(ModuleFile());
 }
 
 }  // namespace desk

@@ -9,8 +9,8 @@
 #include "desk/mapbook/SeriesManager.h"
 #include "desk/objects/Geometry.h"
 #include "desk/tables/TablePath.h"
-#include "desk/tables/TableWorkspace.h"
 #include "desk/tables/TableSort.h"
+#include "desk/tables/TableWorkspace.h"
 #include "host/Failure.h"
 
 namespace desk {

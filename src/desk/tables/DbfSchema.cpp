@@ -183,13 +183,14 @@ void FindEncoding(DbfSchema& schema, DBFHandle library) {
     const std::string& used = schema.decoder->Name();
     if (!unknown.empty())
         schema.notes.AddFault("the encoding named by the " + unknown +
-                    " is not known; its texts were read as " + used + ".");
+                              " is not known; its texts were read as " + used + ".");
     else if (named && texts == Texts::Utf8)
         schema.notes.AddFault("its texts look like UTF-8, but were read as " + used + ", as its " +
-                    schema.encodingFrom + " says. A .cpg file beside it can name another.");
+                              schema.encodingFrom +
+                              " says. A .cpg file beside it can name another.");
     else if (!named && texts == Texts::Other)
         schema.notes.AddFault("nothing tells the encoding of its texts; they were read as " + used +
-                    ". A .cpg file beside it can name another.");
+                              ". A .cpg file beside it can name another.");
 }
 
 void DecodeNames(DbfSchema& schema) {
@@ -225,7 +226,7 @@ void JudgeFields(DbfSchema& schema) {
     note(FieldKind::Unknown, "fields of unknown type");
     for (const std::string& name : schema.names.Repeated())
         schema.notes.AddFault("more than one field is named " + name +
-                    "; the one so written counts, else the first.");
+                              "; the one so written counts, else the first.");
 }
 
 }  // namespace

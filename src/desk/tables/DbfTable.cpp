@@ -153,7 +153,9 @@ public:
         row_->Take(reader_);
         return row_;
     }
-    void InsertRow(const host::Ref<host::IHostRow>&) override { gis::FailReadOnly(schema_->file.Path()); }
+    void InsertRow(const host::Ref<host::IHostRow>&) override {
+        gis::FailReadOnly(schema_->file.Path());
+    }
     void Flush() override {}
 
 private:

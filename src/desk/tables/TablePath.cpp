@@ -24,6 +24,11 @@ constexpr const char* kShapes = ".shp";
 /// A folder that is one database.
 constexpr const char* kDatabaseFolder = ".gdb";
 
+/// Whether the ending of a path is one of these.
+bool EndsWithOne(const fs::path& path, const std::vector<std::string>& endings) {
+    return std::ranges::find(endings, FoldCase(path.extension())) != endings.end();
+}
+
 bool IsSource(const fs::path& path) {
     std::error_code ignored;
     const auto status = fs::status(path, ignored);
@@ -77,6 +82,25 @@ bool TablePath::Exists() const {
     return IsConnection() || IsSource(source);
 }
 
+const std::vector<std::string>& TableEndings() {
+    static const std::vector<std::string> endings = {
+        kEnding, kShapes, ".gpkg", ".csv", ".tsv",    ".geojson", ".fgb", ".xlsx",
+        ".xls",  ".ods",  ".tab",  ".mif", ".sqlite", ".gml",     ".kml", kDatabaseFolder};
+    return endings;
+}
+
+bool IsContainer(const std::string& path) {
+    static const std::vector<std::string> endings = {".gpkg", ".sqlite", ".xlsx", ".xls",
+                                                     ".ods",  ".gml",    ".kml",  kDatabaseFolder};
+    return IsSource(path) && EndsWithOne(path, endings);
+}
+
+bool IsTablePath(const std::string& path) {
+    const TablePath table = FindTable(path);
+    return table.IsConnection() || (table.Exists() && !table.layer.empty()) ||
+           EndsWithOne(path, TableEndings());
+}
+
 TablePath FindTable(const std::string& path, const std::string& beside) {
     if (const TablePath given{path, {}}; given.Exists())
         return given.IsConnection() ? given : TableOf(path);
@@ -100,6 +124,10 @@ std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path, const std::st
     const std::string purpose = isDbf ? "Selecting records of " + path.Text()
                                       : "Reading " + path.Text() + ", which is no dBase table,";
     return LoadGisModule(purpose).OpenTable(path.source, path.layer, where);
+}
+
+bool OpensAtOnce(const TablePath& path) {
+    return IsDbf(path) || HasGisModule();
 }
 
 }  // namespace desk

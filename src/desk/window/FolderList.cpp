@@ -10,6 +10,10 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "desk/tables/TablePath.h"
+#include "desk/tables/TableWorkspace.h"
+#include "desk/window/WidgetText.h"
+
 namespace desk {
 
 namespace {
@@ -20,6 +24,14 @@ constexpr int kPathRole = Qt::UserRole + 1;
 constexpr int kNameColumn = 0;
 constexpr int kSizeColumn = 1;
 constexpr int kDateColumn = 2;
+
+/// Without those that a file of another name stands for: the dBase table of a shapefile is listed.
+QStringList NamePatterns() {
+    QStringList patterns;
+    for (const std::string& ending : TableEndings())
+        if (ending != ".shp") patterns << "*" + ToQt(ending);
+    return patterns;
+}
 
 QFileInfoList InOrder(QFileInfoList files) {
     QCollator collator;
@@ -67,16 +79,31 @@ bool FolderList::ShowFolder(const QString& folder) {
     if (!dir.exists() || !dir.isReadable()) return false;
     Begin({"Name", "Size", "Changed"});
     for (const QFileInfo& info : InOrder(dir.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)))
-        Add(Kind::Folder, info.fileName(), info.absoluteFilePath(), QStyle::SP_DirIcon);
-    for (const QFileInfo& info : InOrder(dir.entryInfoList({"*.dbf"}, QDir::Files))) {
-        auto* item =
-            Add(Kind::Table, info.fileName(), info.absoluteFilePath(), QStyle::SP_FileIcon);
-        item->setText(kSizeColumn, locale().formattedDataSize(info.size(), 1));
-        item->setTextAlignment(kSizeColumn, Qt::AlignRight | Qt::AlignVCenter);
-        item->setText(kDateColumn,
-                      locale().toString(info.lastModified().date(), QLocale::ShortFormat));
-    }
+        if (IsContainer(FromQt(info.absoluteFilePath())))
+            AddFile(info);
+        else
+            Add(Kind::Folder, info.fileName(), info.absoluteFilePath(), QStyle::SP_DirIcon);
+    for (const QFileInfo& info : InOrder(dir.entryInfoList(NamePatterns(), QDir::Files)))
+        AddFile(info);
     return true;
+}
+
+void FolderList::AddFile(const QFileInfo& info) {
+    const bool isContainer = IsContainer(FromQt(info.absoluteFilePath()));
+    auto* item =
+        Add(isContainer ? Kind::Container : Kind::Table, info.fileName(), info.absoluteFilePath(),
+            isContainer ? QStyle::SP_FileDialogDetailedView : QStyle::SP_FileIcon);
+    if (info.isFile()) item->setText(kSizeColumn, locale().formattedDataSize(info.size(), 1));
+    item->setTextAlignment(kSizeColumn, Qt::AlignRight | Qt::AlignVCenter);
+    item->setText(kDateColumn, locale().toString(info.lastModified().date(), QLocale::ShortFormat));
+}
+
+void FolderList::ShowLayers(const QString& container) {
+    const auto layers = TableWorkspace(FromQt(container)).Datasets(host::kDatasetTypeTable);
+    Begin({"Layer"});
+    while (const auto layer = layers->Next())
+        Add(Kind::Table, ToQt(layer->Name()), container + '/' + ToQt(layer->Name()),
+            QStyle::SP_FileIcon);
 }
 
 void FolderList::ShowPlaces(const QList<FolderPlace>& places) {

@@ -7,9 +7,10 @@
 
 namespace desk {
 
-/// Selects a dBase table, or a folder and a name in it. A table has the category "dBASE Table". A
-/// name typed in the list of folder connections gets the category "Folder Connection" and the
-/// connection selected there; in a folder it gets the category "Folder".
+/// Selects a table, or a folder and a name in it. A table has the category "dBASE Table", or
+/// "Table" if it is of another format. A name typed in the list of folder connections gets the
+/// category "Folder Connection" and the connection selected there; in a folder it gets the category
+/// "Folder".
 class ObjectDialog final : public host::IHostObjectDialog {
 public:
     /// Starts in the given folder, or in the user's home if it does not exist.

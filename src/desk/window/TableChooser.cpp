@@ -11,17 +11,20 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "desk/tables/TablePath.h"
 #include "desk/window/DialogParent.h"
 #include "desk/window/FolderList.h"
 #include "desk/window/PlacesPanel.h"
 #include "desk/window/TablePreview.h"
 #include "desk/window/WidgetText.h"
+#include "host/Failure.h"
 
 namespace desk {
 
 namespace {
 
-constexpr char kTable[] = "dBASE Table";
+constexpr char kDbfTable[] = "dBASE Table";
+constexpr char kTable[] = "Table";
 constexpr char kFolder[] = "Folder";
 constexpr char kConnection[] = "Folder Connection";
 
@@ -144,20 +147,32 @@ void TableChooser::ConnectSignals() {
 
 void TableChooser::Enter(const QString& folder) {
     const QString clean = folder.isEmpty() ? QString() : QDir::cleanPath(folder);
-    if (clean.isEmpty()) {
-        list_->ShowPlaces(places_->Places());
-    } else if (!list_->ShowFolder(clean)) {
-        ShowNote(QFileInfo(clean).isDir() ? "The folder " + clean + " cannot be read."
-                                          : "There is no folder " + clean + ".");
-        return;
-    }
+    if (!ShowContents(clean)) return;
     folder_ = clean;
-    places_->SetFolder(clean);
+    places_->SetFolder(IsContainer(FromQt(clean)) ? QFileInfo(clean).path() : clean);
     address_->setText(clean.isEmpty() ? QString(kAllPlaces) : clean);
     note_->clear();
     if (list_->topLevelItemCount() > 0)
         list_->setCurrentItem(list_->topLevelItem(0), 0, QItemSelectionModel::NoUpdate);
     ShowSelection();
+}
+
+bool TableChooser::ShowContents(const QString& folder) {
+    if (folder.isEmpty()) {
+        list_->ShowPlaces(places_->Places());
+    } else if (IsContainer(FromQt(folder))) {
+        try {
+            list_->ShowLayers(folder);
+        } catch (const host::Failure& failure) {
+            ShowNote(ToQt(failure.cause));
+            return false;
+        }
+    } else if (!list_->ShowFolder(folder)) {
+        ShowNote(QFileInfo(folder).isDir() ? "The folder " + folder + " cannot be read."
+                                           : "There is no folder " + folder + ".");
+        return false;
+    }
+    return true;
 }
 
 void TableChooser::GoUp() {
@@ -200,7 +215,9 @@ void TableChooser::ShowPreview() {
     else if (selected.size() > 1)
         preview_->ShowText(locale().toString(selected.size()) + " tables are selected.");
     else if (!typed.isEmpty() && !folder_.isEmpty() && !typed.contains('/'))
-        preview_->ShowText("There is no table named " + typed + " in this folder.");
+        preview_->ShowText("There is no table named " + typed + " here.");
+    else if (FolderList::KindOf(list_->SelectedFolder()) == FolderList::Kind::Container)
+        preview_->ShowText("Open " + list_->SelectedFolder()->text(0) + " to see its layers.");
     else
         preview_->ShowText("Select a table to see its fields.");
 }
@@ -230,10 +247,12 @@ bool TableChooser::FollowPath(const QString& path) {
     if (full == "~" || full.startsWith("~/")) full = QDir::homePath() + full.mid(1);
     full = QDir::cleanPath(QDir(folder_).absoluteFilePath(full));
     const QFileInfo info(full);
-    if (!info.isDir() && !QFileInfo(info.path()).isDir()) return false;
-    Enter(info.isDir() ? full : info.path());
-    name_->setText(info.isDir() ? QString() : info.fileName());
-    if (!info.isDir()) list_->Select(list_->TableNamed(info.fileName()));
+    const bool opens = info.isDir() || IsContainer(FromQt(full));
+    if (!opens && !QFileInfo(info.path()).isDir() && !IsContainer(FromQt(info.path())))
+        return false;
+    Enter(opens ? full : info.path());
+    name_->setText(opens ? QString() : info.fileName());
+    if (!opens) list_->Select(list_->TableNamed(info.fileName()));
     name_->setFocus();
     UpdateButtons();
     return true;
@@ -243,7 +262,8 @@ void TableChooser::AcceptTables(const QStringList& paths) {
     if (paths.isEmpty()) return;
     picked_.clear();
     for (const QString& path : paths)
-        picked_.push_back({FromQt(QDir::toNativeSeparators(path)), kTable});
+        picked_.push_back({FromQt(QDir::toNativeSeparators(path)),
+                           path.endsWith(".dbf", Qt::CaseInsensitive) ? kDbfTable : kTable});
     pickedName_ = QFileInfo(paths.front()).fileName();
     accept();
 }
@@ -251,7 +271,10 @@ void TableChooser::AcceptTables(const QStringList& paths) {
 void TableChooser::AcceptTypedName(const QString& name) {
     const QString table = list_->TableNamed(name);
     if (!table.isEmpty()) return AcceptTables({table});
+    if (IsContainer(FromQt(folder_))) return ShowNote(folder_ + " has no layer " + name + ".");
     const auto* connection = list_->SelectedFolder();
+    if (!folder_.isEmpty() && IsContainer(FromQt(folder_ + '/' + name)))
+        return Enter(folder_ + '/' + name);
     if (folder_.isEmpty() && connection == nullptr)
         return ShowNote("Select the folder connection in which " + name + " is to be.");
     const QString folder = folder_.isEmpty() ? FolderList::PathOf(connection) : folder_;

@@ -20,11 +20,11 @@ class TablePreview;
 /// The selected table, or the folder of a typed name.
 struct PickedObject {
     std::string fullName;
-    std::string category;  ///< "dBASE Table", "Folder" or "Folder Connection".
+    std::string category;  ///< "dBASE Table", "Table", "Folder" or "Folder Connection".
 };
 
-/// The dialog of ObjectDialog: folder connections, the contents of a folder, a preview of the
-/// selected table, and a name.
+/// The dialog of ObjectDialog: folder connections, the contents of a folder or a file, a preview of
+/// the selected table, and a name.
 class TableChooser : public QDialog {
 public:
     TableChooser(const QString& startFolder, bool allowMultiSelect, QWidget* parent);
@@ -41,6 +41,8 @@ private:
 
     /// Shows a folder, or the folder connections for an empty path.
     void Enter(const QString& folder);
+    /// Fills the list. Returns false, and says why, if that cannot be.
+    bool ShowContents(const QString& folder);
     void GoUp();
     void Activate(const QTreeWidgetItem* item);
     void GoToAddress();

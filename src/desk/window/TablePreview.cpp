@@ -143,7 +143,13 @@ void TablePreview::ShowTable(const QString& path) {
 }
 
 void TablePreview::Fill(const QString& path) {
-    const auto opened = OpenTable(FindTable(FromQt(path)));
+    const TablePath place = FindTable(FromQt(path));
+    if (!OpensAtOnce(place)) {
+        fields_->hide();
+        return summary_->setText(
+            "What reads this format is made when a table of it is first chosen.");
+    }
+    const auto opened = OpenTable(place);
     const auto& table = *opened;
     const auto fields = table.SourceFields();
     for (const gis::SourceField& field : fields)

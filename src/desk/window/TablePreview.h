@@ -15,7 +15,7 @@ namespace desk {
 QString TypeInWords(const gis::SourceField& field);
 QString TypeInWords(const host::IHostField& field);
 
-/// Shows the fields of a dBase table, the number of its records, and the reader's warnings.
+/// Shows the fields of a table, the number of its records, and the reader's warnings.
 class TablePreview : public QWidget {
 public:
     explicit TablePreview(QWidget* parent);
