@@ -68,6 +68,7 @@ TEST_F(SourceFaults, AreToldInOneSentence) {
         {"names.gpkg/nix", R"( has no layer "nix"; its layers are "names".)"},
         {"two.gpkg/nix", R"( has no layer "nix"; its layers are "names", "sheets".)"},
         {"two.gpkg", R"( has 2 layers ("names", "sheets"); name one of them, as in ")"},
+        {"two.gpkg/", R"( has 2 layers ("names", "sheets"); name one)"},
         {"noise.xyz", " is no table in a format that is known."},
         {"noise.gpkg", " is no table in a format that is known."},
         {"empty.csv", " is no table in a format that is known."},
@@ -77,6 +78,8 @@ TEST_F(SourceFaults, AreToldInOneSentence) {
         {"cut.xlsx", " is no table in a format that is known."},
         {"gone.gpkg/names", ""},
     };
+    EXPECT_EQ(RefusalOf("/vsizip/" + File("none.zip/a.csv")),
+              "/vsizip/" + File("none.zip/a.csv") + " is not there.");
     for (const auto& [name, sentence] : refusals) {
         SCOPED_TRACE(name);
         const std::string refusal = RefusalOf(File(name));

@@ -55,6 +55,7 @@ TablePath TableOf(const fs::path& file) {
 }
 
 std::optional<TablePath> FindAt(const fs::path& path) {
+    if (!path.has_filename() && path.has_relative_path()) return FindAt(path.parent_path());
     if (IsSource(path)) return TableOf(path);
     if (const auto file = InOtherCase(path)) return TableOf(*file);
     for (fs::path source = path.parent_path(); source.has_relative_path();

@@ -46,6 +46,9 @@ Attempt TryToOpen(const std::string& source) {
     PrepareGdal();
     const GdalMessages messages;
     Attempt attempt{OpenWith(source, false), source + " is no table in a format that is known."};
+    VSIStatBufL ignored;
+    if (source.starts_with("/vsi") && VSIStatL(source.c_str(), &ignored) != 0)
+        attempt.failure = source + " is not there.";
     // Databases with a list of their maps leave all other tables out of it.
     if (attempt.dataset && attempt.dataset->GetLayerCount() == 0)
         attempt.dataset = OpenWith(source, true);
