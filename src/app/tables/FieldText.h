@@ -9,7 +9,8 @@
 namespace app {
 
 /// The text that a record gives for a field's name or for an expression of fields, such as
-/// "[name], [town]".
+/// "[name], [town]". An expression gives an empty text where its first field is empty: what has no
+/// name has no listing.
 class FieldText {
 public:
     /// Throws UsageError that names the option if there is no such field, or the expression is not
@@ -25,9 +26,12 @@ public:
     std::string Of(const host::Ref<host::IHostRow>& row) const;
 
 private:
+    std::string OfField(const host::Ref<host::IHostRow>& row, std::int32_t field) const;
+
     std::string text_;
     std::shared_ptr<gis::SourceTable> table_;
     std::int32_t field_ = -1;
+    std::int32_t firstOfExpression_ = -1;
     host::Ref<host::IHostLocale> locale_;
     std::shared_ptr<desk::ExpressionEngine> engine_;
 };
