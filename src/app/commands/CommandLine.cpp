@@ -119,6 +119,7 @@ void Commands::AddNewDocumentOptions(CLI::App& command) {
     AddText(command, "--set", options_.assignments,
             "KEY=VALUE, as for the command set (repeatable)")
         ->expected(1)
+        ->allow_extra_args(false)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     AddSheetOptions(command);
     command.add_flag("--sample", options_.sample, "Generate a sample page only");
@@ -155,7 +156,11 @@ void Commands::AddOutputOptions(CLI::App& command) {
 
 void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
-    make.add_option("LISTINGS", options_.listingDatabase, "Listing database, a table")->required();
+    DeclareLocateForMake(make, options_);
+    make.callback([this, &make] {
+        TakeFeatures(make, options_.located);
+        chosen_ = Make;
+    });
     make.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
         ->required();
     make.add_option("--document", options_.document,
@@ -163,7 +168,6 @@ void Commands::AddMake() {
     AddNewDocumentOptions(make);
     AddNumber(make, "--columns", options_.columnGroups, {1, kMostColumnGroups},
               "Number of column groups on a page, {} (default: as many as fit)");
-    DeclareLocateForMake(make, options_);
     AddOutputOptions(make);
 }
 

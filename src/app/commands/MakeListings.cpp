@@ -2,9 +2,11 @@
 
 #include <filesystem>
 #include <stdlib.h>
+#include <string_view>
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "desk/files/Files.h"
 
 namespace app {
 namespace {
@@ -16,6 +18,8 @@ void CheckOptions(const Options& options) {
         if (!options.listings.empty())
             throw UsageError(
                 "--listings goes with --sheets: it names the table of what was found.");
+        if (options.located.features.size() > 1)
+            throw UsageError("The listings are in one table; several layers go with --sheets.");
         return;
     }
     if (!options.document.empty() && options.listings.empty())
@@ -32,31 +36,26 @@ void CheckOptions(const Options& options) {
 
 MakeListings::MakeListings(const Options& options) : options_(options) {
     CheckOptions(options);
+    const auto& features = options.located.features;
+    options_.listingDatabase = features.empty() ? std::string() : features.front().source;
     if (options.located.sheets.empty()) return;
     Options locate = options;
     locate.output = options.listings.empty() ? TemporaryTable() : options.listings;
-    locate.force = true;
+    locate.force = options.force || options.listings.empty();
     locate.located.book.clear();
-    locate.located.features.front().source = options.listingDatabase;
-    if (options.title.empty()) options_.title = fs::path(options.listingDatabase).stem();
+    if (options.title.empty()) options_.title = fs::path(options_.listingDatabase).stem();
     LocateInto(locate, !options.listings.empty());
     options_.listingDatabase = locate.output;
 }
 
-MakeListings::~MakeListings() {
-    table_.Remove();
-    encoding_.Remove();
-    std::error_code ignored;
-    if (!folder_.empty()) fs::remove(folder_, ignored);
-}
-
 std::string MakeListings::TemporaryTable() {
-    std::string pattern = (fs::temp_directory_path() / "gazetteer-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr)
-        throw CommandError("No folder for temporary files can be made in " +
+    constexpr std::string_view kEnding = ".dbf";
+    std::string table = (fs::temp_directory_path() / "gazetteer-XXXXXX").string();
+    table += kEnding;
+    const desk::Descriptor file(::mkstemps(table.data(), static_cast<int>(kEnding.size())));
+    if (!file.IsOpen())
+        throw CommandError("No temporary file can be made in " +
                            fs::temp_directory_path().string() + '.');
-    folder_ = pattern;
-    const fs::path table = fs::path(folder_) / "listings.dbf";
     table_.Take(table);
     encoding_.Take(fs::path(table).replace_extension(".cpg"));
     return table;

@@ -14,11 +14,10 @@ void LocateInto(const Options& options, bool isKept);
 /// that the options name, or into one that goes with this object.
 class MakeListings {
 public:
-    /// Throws UsageError for options that do not fit each other; otherwise as `locate`.
+    /// Throws UsageError for options that do not fit each other; otherwise what `locate` throws.
     explicit MakeListings(const Options& options);
     MakeListings(const MakeListings&) = delete;
     MakeListings& operator=(const MakeListings&) = delete;
-    ~MakeListings();
 
     /// The options with the table as listing database.
     const Options& WithTable() const { return options_; }
@@ -27,8 +26,7 @@ private:
     std::string TemporaryTable();
 
     Options options_;
-    std::string folder_;  ///< Of the table that goes; empty: none.
-    desk::TemporaryName table_;
+    desk::TemporaryName table_;  ///< Empty if the table is kept.
     desk::TemporaryName encoding_;
 };
 

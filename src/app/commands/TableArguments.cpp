@@ -1,10 +1,13 @@
 #include "app/commands/TableArguments.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <map>
 
 #include "app/document/ArgumentParser.h"
 #include "app/document/Errors.h"
+#include "desk/unicode/FoldCase.h"
 
 namespace app {
 namespace {
@@ -27,11 +30,29 @@ void AddOfSource(CLI::App& command, const char* name, const char* text) {
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+// Layers of features, each with its options behind it.
+void AddSources(CLI::App& command, const char* name, const char* text) {
+    static std::vector<std::string> ignored;
+    command.add_option(name, ignored, text)->required();
+    AddOfSource(command, "--name", "Field of the name, or an expression such as '[name], [town]'");
+    AddOfSource(command, "--where", "SQL condition on the features (default: all)");
+}
+
+// The fields of every located table, and those that tell listings apart.
+bool IsReserved(const std::string& field) {
+    constexpr std::array kReserved = {"listing", "page", "row", "column", "part", "initial"};
+    return std::ranges::find(kReserved, desk::FoldCase(field)) != kReserved.end();
+}
+
 std::pair<std::string, std::string> ParseConstant(const std::string& text) {
     const auto equals = text.find('=');
     if (equals == std::string::npos || equals == 0)
         throw UsageError("--set " + Shown(text) + ": a constant is given as FIELD=VALUE.");
-    return {text.substr(0, equals), text.substr(equals + 1)};
+    const std::string field = text.substr(0, equals);
+    if (IsReserved(field))
+        throw UsageError("--set " + Shown(text) + ": the table has a field \"" + field +
+                         "\" of its own.");
+    return {field, text.substr(equals + 1)};
 }
 
 void Apply(const std::string& option, const std::string& value, FeatureOptions& features) {
@@ -65,6 +86,8 @@ void AddSheets(CLI::App& command, LocateOptions& locate) {
         ->check(CLI::IsMember({"all", "longest", "first"}));
     AddText(command, "--apart", locate.apart,
             "Field that tells features of one name apart, such as the town");
+    command.add_flag("--initial", locate.initial,
+                     "Add the letter under which an index of the locale has the listing");
     AddNumber(command, "--distance", locate.distance, {0, kMostDistance},
               "Features of one name that lie farther apart are listings of their own; in the unit "
               "of the sheets' reference system, {}");
@@ -92,10 +115,7 @@ void DeclareImport(CLI::App& command, Options& options) {
 
 void DeclareLocate(CLI::App& command, Options& options) {
     LocateOptions& locate = options.located;
-    static std::vector<std::string> sources;
-    command.add_option("FEATURES", sources, "Layers of what is listed")->required();
-    AddOfSource(command, "--name", "Field of the name, or an expression such as '[name], [town]'");
-    AddOfSource(command, "--where", "SQL condition on the features (default: all)");
+    AddSources(command, "FEATURES", "Layers of what is listed");
     AddOfSource(command, "--set", "FIELD=VALUE, a field with the same value in each record");
     command.add_option("--sheets", locate.sheets, kSheetsHelp)->required();
     AddSheets(command, locate);
@@ -107,30 +127,34 @@ void DeclareLocate(CLI::App& command, Options& options) {
 
 void DeclareLocateForMake(CLI::App& command, Options& options) {
     LocateOptions& locate = options.located;
-    locate.features.resize(1);
+    AddSources(command, "LISTINGS",
+               "Listing database: a table, or with --sheets layers of what is listed");
     command.add_option("--sheets", locate.sheets,
                        std::string(kSheetsHelp) +
                            "; LISTINGS then has the features that are looked up on them, as "
                            "\"gazetteer locate --help\" tells");
-    AddText(command, "--name", locate.features[0].name,
-            "Their field of the name, or an expression such as '[name], [town]'");
-    AddText(command, "--where", locate.features[0].where, "SQL condition on the features");
     AddSheets(command, locate);
     command.add_option("--listings", options.listings, "Keep the table of what was found");
+    command.add_flag("--force", options.force, "Replace that table if it exists");
 }
 
 void TakeFeatures(const CLI::App& command, LocateOptions& options) {
+    // The constants of `make` are properties of the gazetteer.
+    const bool hasConstants = command.get_name() == "locate";
     options.features.clear();
     FeatureOptions common;
     std::map<const CLI::Option*, std::size_t> taken;
     for (const CLI::Option* const option : command.parse_order()) {
+        const std::string name = option->get_name();
+        const bool isSource = option->get_positional();
+        if (!isSource && name != "--name" && name != "--where" && name != "--set") continue;
+        if (name == "--set" && !hasConstants) continue;
         const std::string& value = option->results()[taken[option]++];
-        if (option->get_name() == "FEATURES") {
+        if (isSource) {
             options.features.push_back(common);
             options.features.back().source = value;
         } else {
-            Apply(option->get_name(), value,
-                  options.features.empty() ? common : options.features.back());
+            Apply(name, value, options.features.empty() ? common : options.features.back());
         }
     }
 }

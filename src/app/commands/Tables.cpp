@@ -68,7 +68,9 @@ void LocateInto(const Options& options, bool isKept) {
     CheckBookOutput(options, sources);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
     const auto listeners = ProgressListeners();
-    const LocatedTable table(options.located, locale, [&](auto read, auto features) {
+    LocateOptions locate = options.located;
+    locate.locale = locale->Name();
+    const LocatedTable table(locate, locale, [&](auto read, auto features) {
         if (!listeners.statusText) return;
         listeners.step(read, features);
         listeners.statusText(0, "Locating feature " + std::to_string(read));

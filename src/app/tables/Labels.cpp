@@ -1,5 +1,6 @@
 #include "app/tables/Labels.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <string_view>
@@ -18,6 +19,15 @@ constexpr std::size_t kMostLabels = 1000;
                      ": labels are given as A..H, 1..10 or with commas, at most 1000.");
 }
 
+void CheckDistinct(const std::string& option, const std::string& text, Labels labels) {
+    std::ranges::sort(labels);
+    if (std::ranges::find(labels, std::string()) != labels.end())
+        throw UsageError(option + ' ' + Shown(text) + ": a label is empty.");
+    if (const auto twice = std::ranges::adjacent_find(labels); twice != labels.end())
+        throw UsageError(option + ' ' + Shown(text) + ": the label \"" + *twice +
+                         "\" is there twice.");
+}
+
 std::string LabelAt(long number, bool isLetter) {
     return isLetter ? std::string(1, static_cast<char>(number)) : std::to_string(number);
 }
@@ -29,6 +39,7 @@ Labels ParseLabels(const std::string& option, const std::string& text, const std
     if (dots == std::string::npos) {
         auto labels = gazetteer::Split(text, ',');
         if (labels.size() > kMostLabels) FailLabels(option, text);
+        CheckDistinct(option, text, labels);
         return labels;
     }
     const auto end = [&](std::string_view piece) -> std::pair<long, bool> {

@@ -11,7 +11,6 @@ namespace app {
 namespace {
 
 constexpr std::int32_t kMostSquares = 1000;  // Of a row or a column of the grid.
-constexpr std::int32_t kLetters = 26;
 
 [[noreturn]] void FailGrid(const std::string& grid) {
     throw UsageError("--grid " + Shown(grid) +
@@ -28,16 +27,19 @@ std::int32_t ParseSide(const std::string& grid, std::string_view text) {
 }
 
 // Letters where they suffice, and numbers.
-std::string DefaultLabels(std::int32_t count, bool letters) {
-    if (letters && count <= kLetters)
-        return std::string("A..") + static_cast<char>('A' + count - 1);
-    return "1.." + std::to_string(count);
+Labels DefaultLabels(std::int32_t count, bool areLetters, const std::string& leftOut) {
+    auto letters = ParseLabels("--row-labels", "A..Z", leftOut);
+    if (areLetters && count <= std::ssize(letters)) {
+        letters.resize(static_cast<std::size_t>(count));
+        return letters;
+    }
+    return ParseLabels("--row-labels", "1.." + std::to_string(count));
 }
 
-Labels LabelsFor(const std::string& option, const std::string& text, const std::string& fallback,
+Labels LabelsFor(const std::string& option, const std::string& text, bool areLetters,
                  std::int32_t count, const LocateOptions& options, bool reversed) {
-    auto labels = ParseLabels(option, text.empty() ? fallback : text,
-                              text.empty() ? std::string() : options.leftOut);
+    auto labels = text.empty() ? DefaultLabels(count, areLetters, options.leftOut)
+                               : ParseLabels(option, text, options.leftOut);
     if (count > 0 && std::ssize(labels) != count)
         throw UsageError(option + ' ' + Shown(text) + ": these are " +
                          std::to_string(labels.size()) + " labels, but the grid " + options.grid +
@@ -81,10 +83,9 @@ GridLabels GridOf(const LocateOptions& options) {
             "A grid needs --grid ROWSxCOLUMNS, or the labels of both its rows and its "
             "columns.");
     }
-    return {LabelsFor("--row-labels", options.rowLabels, DefaultLabels(rows, true), rows, options,
-                      options.fromBottom),
-            LabelsFor("--column-labels", options.columnLabels, DefaultLabels(columns, false),
-                      columns, options, options.fromRight)};
+    return {LabelsFor("--row-labels", options.rowLabels, true, rows, options, options.fromBottom),
+            LabelsFor("--column-labels", options.columnLabels, false, columns, options,
+                      options.fromRight)};
 }
 
 gis::LocateJob JobOf(const LocateOptions& options, const GridLabels& grid) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <memory>
 
 #include "app/document/Errors.h"
@@ -43,9 +44,9 @@ gis::LocatedLayer LayerOf(const FeatureOptions& features, const std::string& apa
     gis::LocatedLayer layer;
     static_cast<gis::LayerOfSource&>(layer) = LayerAt(features.source);
     layer.where = features.where;
-    layer.apart = apart;
     const auto table = desk::LoadGisModule("Reading " + layer.Text())
                            .OpenTable(layer.source, layer.layer, layer.where);
+    if (!apart.empty() && table->FindField(apart) >= 0) layer.apart = apart;
     const auto text =
         std::make_shared<FieldText>("--name", NameFor(features, *table), table, locale);
     layer.listingOf = [text](const host::Ref<host::IHostRow>& row) { return text->Of(row); };
@@ -86,6 +87,10 @@ LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::I
             if (std::ranges::find(constants_, constant.first) == constants_.end())
                 constants_.push_back(constant.first);
     }
+    const bool isApart =
+        std::ranges::any_of(job.features, [](const auto& layer) { return !layer.apart.empty(); });
+    if (!options.apart.empty() && !isApart)
+        throw UsageError("--apart " + Shown(options.apart) + ": no layer has such a field.");
     job.progress = [&](std::size_t, std::int64_t read, std::int64_t count) {
         progress(read, count);
     };
@@ -94,7 +99,22 @@ LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::I
     rowLabels_ = isOwn ? result_.rowLabels : grid.rows;
     columnLabels_ = isOwn ? result_.columnLabels : grid.columns;
     if (!options_.book.empty()) CheckBook();
+    NameListings();
+    if (options_.initial) letters_.emplace(options_.locale);
     hasParts_ = std::ranges::any_of(result_.listings, [](const auto& l) { return l.part > 0; });
+}
+
+// Listings of one name in one layer are told apart by a field, and else by a number.
+void LocatedTable::NameListings() {
+    std::map<std::pair<std::size_t, std::string>, int> counts;
+    for (const auto& listing : result_.listings) ++counts[{listing.layer, listing.name}];
+    for (const auto& listing : result_.listings) {
+        std::string name = listing.name;
+        const bool isShared = counts[{listing.layer, listing.name}] > 1;
+        if (isShared && !listing.apart.empty()) name += " (" + listing.apart + ')';
+        if (listing.part > 0) name += " (" + std::to_string(listing.part) + ')';
+        names_.push_back(std::move(name));
+    }
 }
 
 std::vector<OutputField> LocatedTable::Fields() const {
@@ -102,6 +122,7 @@ std::vector<OutputField> LocatedTable::Fields() const {
     if (!rowLabels_.empty()) fields.insert(fields.end(), {{"Row"}, {"Column"}});
     if (!options_.apart.empty()) fields.push_back({options_.apart});
     if (hasParts_) fields.push_back({"Part"});
+    if (letters_) fields.push_back({"Initial"});
     for (const auto& constant : constants_) fields.push_back({constant});
     return fields;
 }
@@ -151,10 +172,11 @@ void LocatedTable::ForEach(const RowTaker& take) const {
     for (const auto& reference : result_.references) {
         const auto& listing = result_.listings[reference.listing];
         values.clear();
-        values.emplace_back(listing.name);
+        values.emplace_back(names_[reference.listing]);
         AddPlace(reference, values);
         if (!options_.apart.empty()) values.emplace_back(listing.apart);
         if (hasParts_) values.emplace_back(std::max(listing.part, 1));
+        if (letters_) values.emplace_back(letters_->LetterOf(listing.name));
         for (const auto& constant : constants_) values.push_back(Constant(listing.layer, constant));
         take(values);
     }

@@ -47,6 +47,8 @@ struct LocateOptions {
     /// column from 1, which the map book turns into pages and labels.
     std::string book;
     std::string apart;
+    bool initial = false;  ///< Adds the index letter of the listing, in a field "Initial".
+    std::string locale;    ///< ICU's name, for that letter.
     double distance = 0;
     std::int32_t threads = 0;  ///< 0: as many as the machine has.
     bool wantsSketch = false;  ///< A small map of sheets and features.

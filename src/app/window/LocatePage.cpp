@@ -73,12 +73,6 @@ QScrollArea* Scrolled(QWidget* choices, QWidget* parent) {
     return area;
 }
 
-QString NameOf(const gis::LocatedListing& listing) {
-    QString name = desk::ToQt(listing.name);
-    if (!listing.apart.empty()) name += " (" + desk::ToQt(listing.apart) + ')';
-    return name;
-}
-
 }  // namespace
 
 LocatePage::LocatePage(WindowSession& session, QWidget* parent)
@@ -267,7 +261,7 @@ void LocatePage::ShowFound() {
     for (const auto& warning : located_->Warnings()) text += '\n' + desk::ToQt(warning);
     summary_->setText(text);
     QStringList names;
-    for (const auto& listing : located_->Result().listings) names << NameOf(listing);
+    for (const auto& name : located_->Names()) names << desk::ToQt(name);
     names_->setStringList(names);
     map_->Show(located_->Result());
 }

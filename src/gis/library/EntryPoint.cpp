@@ -1,5 +1,9 @@
+#include <filesystem>
+
+#include "desk/unicode/FoldCase.h"
 #include "gis/locate/LocateFeatures.h"
 #include "gis/module/GisModule.h"
+#include "gis/tables/CsvWriter.h"
 #include "gis/tables/Dataset.h"
 #include "gis/tables/GdalTable.h"
 #include "gis/tables/GdalWriter.h"
@@ -17,6 +21,8 @@ public:
     }
     std::unique_ptr<gis::TableWriter> CreateTable(
         const std::string& path, const std::vector<gis::SourceField>& fields) override {
+        if (desk::FoldCase(std::filesystem::path(path).extension()) == ".csv")
+            return std::make_unique<gis::CsvWriter>(path, fields);
         return std::make_unique<gis::GdalWriter>(path, fields);
     }
     gis::LocateResult Locate(const gis::LocateJob& job) override {

@@ -26,7 +26,7 @@ const OGRSpatialReference* FeatureLayer::Reference() const {
     return isUnknown ? nullptr : reference;
 }
 
-std::int64_t FeatureLayer::Count() {
+std::int64_t FeatureLayer::Count() const {
     const GdalMessages messages;
     const bool isFast = open_.layer->TestCapability(OLCFastFeatureCount) != 0;
     return isFast ? std::max<std::int64_t>(0, open_.layer->GetFeatureCount()) : 0;

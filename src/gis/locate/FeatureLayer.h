@@ -41,7 +41,7 @@ public:
     /// Null if the layer has none, or tells that it is not known.
     const OGRSpatialReference* Reference() const;
     /// Number of features; 0 if the layer has to be read to know.
-    std::int64_t Count();
+    std::int64_t Count() const;
     /// Index of a field. Throws host::Failure that names the fields there are.
     std::int32_t Field(const std::string& name) const;
     /// Returns the next feature; null at the end. Throws if the source fails.

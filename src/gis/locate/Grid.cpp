@@ -8,8 +8,8 @@
 namespace gis {
 namespace {
 
-/// Relative to the rectangle's size.
-constexpr double kRectangleTolerance = 1e-6;
+/// Relative to the rectangle's size. Corners are often rounded, for example to decimetres.
+constexpr double kRectangleTolerance = 1e-3;
 /// In squares. Coordinates of a map have some 16 digits, so that rounding stays far below.
 constexpr double kOnBorder = 1e-9;
 

@@ -26,7 +26,7 @@ struct SquareExtent {
 class Grid {
 public:
     /// Takes the corners of the outline, the first one repeated at the end or not. Returns nothing
-    /// if they are not those of a rectangle (to a millionth of its size).
+    /// if they are not those of a rectangle (to a thousandth of its size).
     static std::optional<Grid> Over(const std::vector<Point>& outline, std::int32_t rows,
                                     std::int32_t columns);
 

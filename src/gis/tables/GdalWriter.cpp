@@ -1,8 +1,8 @@
 #include "gis/tables/GdalWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
-#include <charconv>
 #include <cpl_conv.h>
 #include <cpl_string.h>
 #include <cpl_vsi.h>
@@ -11,6 +11,7 @@
 
 #include "desk/unicode/FoldCase.h"
 #include "gis/tables/DbfBytes.h"
+#include "gis/tables/Values.h"
 #include "host/Failure.h"
 
 namespace gis {
@@ -46,23 +47,10 @@ OGRFieldType TypeOf(const SourceField& field) {
     }
 }
 
-/// Without losing a digit.
-std::string TextOf(const host::Variant& value) {
-    if (const auto* const text = std::get_if<std::string>(&value)) return *text;
-    if (const auto* const number = std::get_if<std::int32_t>(&value))
-        return std::to_string(*number);
-    if (const auto* const flag = std::get_if<bool>(&value)) return *flag ? "True" : "False";
-    std::array<char, 32> text{};
-    const auto* const real = std::get_if<double>(&value);
-    return real == nullptr
-               ? std::string()
-               : std::string(text.data(), std::to_chars(text.begin(), text.end(), *real).ptr);
-}
-
 void SetValue(OGRFeature& feature, int index, const host::Variant& value) {
     const bool isNull = std::holds_alternative<host::Null>(value);
     if (!isNull && feature.GetFieldDefnRef(index)->GetType() == OFTString)
-        feature.SetField(index, TextOf(value).c_str());
+        feature.SetField(index, WholeText(value).c_str());
     else if (const auto* const text = std::get_if<std::string>(&value))
         feature.SetField(index, text->c_str());
     else if (const auto* const number = std::get_if<std::int32_t>(&value))
@@ -89,10 +77,9 @@ GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
     const auto* const format = std::ranges::find(
         kFormats, ending, [](const Format& known) { return std::string(known.ending); });
     if (format == kFormats.end())
-        throw host::Failure(host::kFailureUnspecified, "GdalWriter",
-                            "The table \"" + path_ +
-                                "\" cannot be written: its name ends in none of .dbf, .gpkg, "
-                                ".csv.");
+        throw host::Failure(
+            host::kFailureUnspecified, "GdalWriter",
+            "The table \"" + path_ + "\" cannot be written: its name ends in none of .dbf, .gpkg.");
     PrepareGdal();
     CPLSetConfigOption("OGR_CURRENT_DATE", kDate);
     const GdalMessages messages;
@@ -118,8 +105,7 @@ GdalWriter::~GdalWriter() {
 void GdalWriter::AddField(const SourceField& field) {
     const GdalMessages messages;
     const std::string driver = dataset_->GetDriverName();
-    // CSV has texts only.
-    OGRFieldDefn definition(field.name.c_str(), driver == "CSV" ? OFTString : TypeOf(field));
+    OGRFieldDefn definition(field.name.c_str(), TypeOf(field));
     if (driver == "GPKG" && field.kind == FieldKind::Logical) definition.SetSubType(OFSTBoolean);
     if (field.kind == FieldKind::Text) definition.SetWidth(field.length);
     if (driver == "ESRI Shapefile" && field.kind == FieldKind::Number) {
@@ -148,7 +134,7 @@ void GdalWriter::Finish(const Store& store) {
     if (!messages.Error().empty()) Fail(messages.Error());
     const auto stem = folder_ + '/' + std::filesystem::path(path_).stem().string();
     const auto path = std::filesystem::path(path_);
-    for (const char* const ending : {".cpg", ".dbf", ".gpkg", ".csv"}) {
+    for (const char* const ending : {".cpg", ".dbf", ".gpkg"}) {
         vsi_l_offset length = 0;
         auto* const content = VSIGetMemFileBuffer((stem + ending).c_str(), &length, FALSE);
         if (content == nullptr) continue;

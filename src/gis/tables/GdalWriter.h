@@ -8,8 +8,7 @@
 
 namespace gis {
 
-/// Makes a table in the format of the path's ending: .dbf (in UTF-8, with a .cpg file), .gpkg or
-/// .csv.
+/// Makes a table in the format of the path's ending: .dbf (in UTF-8, with a .cpg file) or .gpkg.
 class GdalWriter : public TableWriter {
 public:
     /// Throws host::Failure if the ending is none of these. Names of dBase fields must have no more

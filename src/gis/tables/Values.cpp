@@ -187,4 +187,16 @@ std::int64_t FeatureNumber(const OGRFeature& feature) {
     return feature.GetFID();
 }
 
+std::string WholeText(const Variant& value) {
+    if (const auto* const text = std::get_if<std::string>(&value)) return *text;
+    if (const auto* const number = std::get_if<std::int32_t>(&value))
+        return std::to_string(*number);
+    if (const auto* const flag = std::get_if<bool>(&value)) return *flag ? "True" : "False";
+    std::array<char, 32> text{};
+    const auto* const real = std::get_if<double>(&value);
+    return real == nullptr
+               ? std::string()
+               : std::string(text.data(), std::to_chars(text.begin(), text.end(), *real).ptr);
+}
+
 }  // namespace gis

@@ -25,6 +25,9 @@ LayerFields DescribeFields(const OGRFeatureDefn& layer, bool isUntyped);
 host::Variant ReadValue(const LayerFields& fields, const OGRFeature& feature, std::size_t field,
                         TableNotes& notes);
 
+/// A value as a text that loses no digit; empty for no value.
+std::string WholeText(const host::Variant& value);
+
 /// Number of a feature for display, as a GIS shows it.
 std::int64_t FeatureNumber(const OGRFeature& feature);
 
