@@ -15,7 +15,7 @@
 namespace desk {
 namespace {
 
-/// Bytes. Records of larger tables are counted without checking for deleted ones.
+/// Bytes. Larger tables are not read through to count their records.
 constexpr qint64 kReadThrough = 64 << 20;
 
 /// Warnings shown.
@@ -34,8 +34,12 @@ QLabel* WrappedLabel(QWidget* parent) {
 QString Records(const gis::SourceTable& table) {
     const QString path = ToQt(table.Path());
     const QLocale locale;
-    if (QFileInfo(path).size() > kReadThrough)
-        return locale.toString(table.CountRows()) + " records with deleted ones";
+    if (QFileInfo(path).size() > kReadThrough) {
+        const auto rows = table.CountRows();
+        if (rows == 0) return "Many records";
+        const bool isDbf = path.endsWith(".dbf", Qt::CaseInsensitive);
+        return locale.toString(rows) + (isDbf ? " records with deleted ones" : " records");
+    }
     const auto count = table.LiveRecords();
     return locale.toString(count) + (count == 1 ? " record" : " records");
 }
