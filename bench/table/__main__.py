@@ -4,6 +4,7 @@ import argparse
 import sys
 from pathlib import Path
 
+import locate
 import machine
 import measurements
 import numbering
@@ -18,7 +19,7 @@ def options():
     parser = argparse.ArgumentParser(prog="bench", description=__doc__)
     parser.add_argument("--quick", action="store_true",
                         help="100,000 listings only, three rounds")
-    parser.add_argument("--no-peers", action="store_true", help="do not run makeindex + pdfLaTeX")
+    parser.add_argument("--no-peers", action="store_true", help="do not run makeindex + pdfLaTeX and ogr2ogr")
     parser.add_argument("--clock", choices=("wall", "cpu"), default="wall",
                         help="judge by wall time or, on a busy machine, by processor time "
                              "(default: wall)")
@@ -41,7 +42,7 @@ def bench_of(given):
 def main():
     bench = bench_of(options())
     core = machine.pin()
-    rows = [row for part in (whole, numbering, stored, measurements) for row in part.rows(bench)]
+    rows = [row for part in (whole, numbering, stored, measurements, locate) for row in part.rows(bench)]
     clock = {"wall": "Wall time", "cpu": "Processor time"}[bench.clock]
     print(machine.describe(core))
     print(f"{clock}, medians of {bench.rounds} (least–most). The programs had the core for "
