@@ -35,7 +35,7 @@ protected:
     }
     static std::string RingOnMap(const Points& points) {
         Points ring;
-        for (const auto& point : points) ring.push_back({OnMap(point).x, OnMap(point).y});
+        for (const auto& point : points) ring.emplace_back(OnMap(point).x, OnMap(point).y);
         return RingText(ring);
     }
     static std::vector<gis::Point> InGrid(const Points& points) {
@@ -44,9 +44,10 @@ protected:
         return line;
     }
     static gis::Grid TheGrid() {
-        return gis::Grid::Over({OnMap({0, 0}), OnMap({4, 0}), OnMap({4, 3}), OnMap({0, 3})}, kRows,
-                               kColumns)
-            .value();
+        const auto grid = gis::Grid::Over(
+            {OnMap({0, 0}), OnMap({4, 0}), OnMap({4, 3}), OnMap({0, 3})}, kRows, kColumns);
+        EXPECT_TRUE(grid);
+        return grid.value_or(gis::Grid());
     }
     static Squares PlacesOf(const std::vector<gis::SquareExtent>& squares) {
         Squares places;

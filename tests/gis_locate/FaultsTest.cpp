@@ -139,7 +139,8 @@ TEST(SquaresOfOnesOwn, AreCountedAndTold) {
     program.Write("places.gpkg", Places({{{"left"}, "LINESTRING (0 5, 5 5)"},
                                          {{"both"}, "POLYGON ((2 2, 8 2, 5 4, 2 2))"},
                                          {{"over"}, BoxText(0, 7, 10, 8)},
-                                         {{"gap"}, "POINT (9.5 9.5)"}}));
+                                         {{"gap"}, "POINT (9.5 9.5)"},
+                                         {{"shared"}, "LINESTRING (5 1, 5 3)"}}));
     // The last one is cut to the sheet in an area and a line.
     program.Write("squares.gpkg",
                   {"squares",
@@ -155,7 +156,8 @@ TEST(SquaresOfOnesOwn, AreCountedAndTold) {
     EXPECT_EQ(program.ReadCsv("located.csv"), (TableRows{{"Listing", "Page", "Row", "Column"},
                                                          {"both", "1", "b", "9"},
                                                          {"both", "1", "b", "10"},
-                                                         {"over", "1", "a", "9"}}));
+                                                         {"over", "1", "a", "9"},
+                                                         {"shared", "1", "b", "10"}}));
     for (const char* sentence :
          {"squares.gpkg: 1 square that is no area was left out (feature 3).",
           "squares.gpkg: 1 square had a broken outline, which was mended (feature 2).",

@@ -34,8 +34,8 @@ std::vector<LocatedListing> LocatedIn(const TableRows& rows) {
         for (std::size_t field = 4; field < row.size(); ++field) key += row[field] + ' ';
         key += row[0];
         if (listings.empty() || listings.back().key != key) listings.push_back({key, {}});
-        listings.back().places.push_back(
-            {(std::stoul(row[1]) - 2) / 3, row[2][0] - 'A', std::stoi(row[3]) - 1});
+        listings.back().places.emplace_back((std::stoul(row[1]) - 2) / 3, row[2][0] - 'A',
+                                            std::stoi(row[3]) - 1);
     }
     return listings;
 }

@@ -30,9 +30,9 @@ std::vector<Cell> UnevenSquares(RandomMap& random) {
     std::vector<std::vector<OGRRawPoint>> corners(kSide + 1);
     for (int row = 0; row <= kSide; ++row)
         for (int column = 0; column <= kSide; ++column)
-            corners[static_cast<std::size_t>(row)].push_back(
-                {first.x + 7000 * column + random.Between(-2500, 2500),
-                 first.y - 7000 * row + random.Between(-2500, 2500)});
+            corners[static_cast<std::size_t>(row)].emplace_back(
+                first.x + 7000 * column + random.Between(-2500, 2500),
+                first.y - 7000 * row + random.Between(-2500, 2500));
     std::vector<Cell> squares;
     for (std::size_t row = 0; row < kSide; ++row)
         for (std::size_t column = 0; column < kSide; ++column)
