@@ -34,9 +34,6 @@ class IndexAlgorithm(MapBookAlgorithm):
         arguments = ["make", table, "--output", pdf]
         if document:
             arguments += ["--document", document]
-        if apart := self.apart_field(values, context):
-            # Else the index would combine listings that the table tells apart.
-            arguments += ["--set", f"Listing.Expression=[Listing], [{apart}]$$DOTS"]
         arguments += index_options(self, values, context)
         if not run_program(arguments, feedback):
             return {LISTINGS: table}

@@ -61,11 +61,11 @@ TEST_F(LocateFaults, OfFeaturesAreCountedAndTold) {
                 {{"curve"}, "CIRCULARSTRING (6 2, 7 3, 8 2)"},
                 {{"loop"}, "POLYGON ((1 6, 4 6, 4 9, 1 9, 1 6, 2 7, 3 7, 2 8, 1 6))"}});
     const std::vector<std::string> sentences = {
-        "places.gpkg: 2 features left out, since they have no name (number 8, 9).",
-        "places.gpkg: 3 features left out, since they have no place (number 5, 6, 7).",
-        "places.gpkg: 3 features left out, since their geometry is broken (number 2, 3, 4).",
-        "places.gpkg: 1 feature left out, since they lie on no sheet (number 10).",
-        "places.gpkg: 2 features had a broken geometry, which was mended (number 1, 13)."};
+        "places.gpkg: 2 features without a name left out (number 8, 9).",
+        "places.gpkg: 3 features without a place left out (number 5, 6, 7).",
+        "places.gpkg: 3 features with broken geometries left out (number 2, 3, 4).",
+        "places.gpkg: 1 feature on no sheet left out (number 10).",
+        "places.gpkg: 2 features had broken geometries, which were mended (number 1, 13)."};
     Expect({"in a grid",
             Sheets({{{"1"}, square_}}),
             places,
@@ -98,7 +98,7 @@ TEST_F(LocateFaults, OfSheetsAreCountedAndTold) {
             {"atlas.gpkg: 2 sheets without a page were left out (feature 2, 3).",
              "atlas.gpkg: 2 sheets that are no areas were left out (feature 4, 5).",
              "1 sheet has no feature: page 6.",
-             "places.gpkg: 1 feature left out, since they lie on no sheet (number 1)."}});
+             "places.gpkg: 1 feature on no sheet left out (number 1)."}});
     Expect({"two sheets of one page, and numbers before texts",
             Sheets({{{"Nan"}, square_},
                     {{"10"}, square_},
@@ -121,7 +121,7 @@ TEST_F(LocateFaults, OfSheetsAreCountedAndTold) {
             {},
             {{"place", "1"}},
             {"atlas.gpkg: 1 sheet had a broken outline, which was mended (feature 1).",
-             "1 feature left out, since they lie on no sheet (number 2)."}});
+             "1 feature on no sheet left out (number 2)."}});
     Layer unknown = place;
     unknown.epsg = 0;
     Expect({"a reference system that is not known",
@@ -162,7 +162,7 @@ TEST(SquaresOfOnesOwn, AreCountedAndTold) {
          {"squares.gpkg: 1 square that is no area was left out (feature 3).",
           "squares.gpkg: 1 square had a broken outline, which was mended (feature 2).",
           "squares.gpkg: the sheet of page \"2\" has no square.",
-          "2 features left out, since they lie on no sheet (number 1, 4)."})
+          "2 features on no sheet left out (number 1, 4)."})
         EXPECT_TRUE(Contains(outcome.errors, sentence));
 }
 

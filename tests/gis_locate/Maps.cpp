@@ -32,7 +32,8 @@ std::vector<LocatedListing> LocatedIn(const TableRows& rows) {
         const auto& row = rows[i];
         std::string key;
         for (std::size_t field = 4; field < row.size(); ++field) key += row[field] + ' ';
-        key += row[0];
+        // Names that several listings share have behind them what tells these apart.
+        key += row[0].substr(0, row[0].find(" ("));
         if (listings.empty() || listings.back().key != key) listings.push_back({key, {}});
         listings.back().places.emplace_back((std::stoul(row[1]) - 2) / 3, row[2][0] - 'A',
                                             std::stoi(row[3]) - 1);

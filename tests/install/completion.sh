@@ -18,7 +18,7 @@ expect() {
 }
 expect 'draft draw' gazetteer dr
 expect 'add remove list' gazetteer column ''
-expect '--page-size' gazetteer make --pa
+expect '--page-size' gazetteer make --page-
 expect 'a3 a4 a5 b5 letter legal tabloid' gazetteer new --page-size ''
 expect 'SortColumns= SortAscending=' gazetteer set index.json Sort
 expect 'RepeatColumns= RepeatSpacing=' gazetteer make --set Rep
