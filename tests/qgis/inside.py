@@ -117,7 +117,7 @@ class InsideQgis(unittest.TestCase):
         rows = self.listings(LAYERS=[self.streets, parks], NAME="loud", APART="attribute('of_title')",
                              NAMES=["parks", "label || ', ' || @layer_name"], LAYER_FIELD="Kind")
         self.assertEqual(rows, ["LONG LANE,7,Ústí,streets", "LONG LANE,8,Ústí,streets",
-                                "ELM ST,7,Łódź,streets", "ELM ST,8,Ústí,streets",
+                                "ELM ST (Łódź),7,Łódź,streets", "ELM ST (Ústí),8,Ústí,streets",
                                 '"Grove, parks",7,,parks'])
 
     def test_squares_of_ones_own(self):
