@@ -130,7 +130,7 @@ TEST_F(Refusals, OfWhatCannotBeDone) {
         {{"book", "new", "d.json", "--sheets", "streets.dbf"}, 1, "--force"},
         {{"table", "."}, 1, ". is a folder"},
         {{"make", "empty.dbf", "-o", "o.pdf"}, 1, "no records"},
-        {{"make", "streets.dbf", "-o", "nowhere/o.pdf"}, 1, "nowhere/o.pdf"},
+        {{"make", "gone.dbf", "-o", "nowhere/o.pdf"}, 1, "there is no folder \"nowhere\""},
         {{"make", "streets.dbf", "-o", "o.pdf", "--locale", "xx_YY"}, 1, "xx_YY.\n"},
         {{"make", "streets.dbf", "-o", "o.pdf", "--locale", "enn"},
          1,

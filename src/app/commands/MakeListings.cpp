@@ -1,7 +1,7 @@
 #include "app/commands/MakeListings.h"
 
+#include <cstdlib>
 #include <filesystem>
-#include <stdlib.h>
 #include <string_view>
 
 #include "app/document/Errors.h"

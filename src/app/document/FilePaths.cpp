@@ -41,6 +41,14 @@ bool IsOfTable(const std::string& path, const std::string& table) {
     });
 }
 
+void CheckFolderOf(const std::string& path) {
+    const auto folder = std::filesystem::path(path).parent_path();
+    std::error_code ignored;
+    if (!folder.empty() && !std::filesystem::is_directory(folder, ignored))
+        throw CommandError("The file \"" + path + "\" cannot be written: there is no folder \"" +
+                           folder.string() + "\".");
+}
+
 void CheckIsDocumentOrNew(const std::string& path) {
     std::error_code ignored;
     if (!std::filesystem::exists(path, ignored) || std::filesystem::is_empty(path, ignored) ||

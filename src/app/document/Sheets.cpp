@@ -102,6 +102,7 @@ std::string NumberedPath(const std::string& path, std::int32_t page) {
 void CheckOutputName(const std::string& path) {
     if (!desk::FormatOf(path))
         throw UsageError("The output \"" + path + "\" must end in " + desk::PageEndings() + '.');
+    CheckFolderOf(path);
 }
 
 std::optional<PageRange> ParsePages(const std::string& text) {

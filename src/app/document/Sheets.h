@@ -57,7 +57,8 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
                     double dotsPerInch = kDotsPerInch);
 
-/// Throws UsageError unless the ending is that of a page format.
+/// Throws UsageError unless the ending is that of a page format, and CommandError if there is no
+/// such folder.
 void CheckOutputName(const std::string& path);
 
 }  // namespace app

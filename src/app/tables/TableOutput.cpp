@@ -64,6 +64,7 @@ void CheckTableOutput(const std::string& path, const std::vector<std::string>& s
         if (IsOfSource(path, source))
             throw UsageError("The table \"" + path +
                              "\" cannot be written: it would be made from itself.");
+    CheckFolderOf(path);
     std::error_code ignored;
     if (!force && std::filesystem::exists(path, ignored))
         throw CommandError("The table \"" + path + "\" exists already; --force replaces it.");

@@ -80,6 +80,13 @@ std::string Listed(const std::vector<std::string>& names) {
     return names.size() > kShown ? list + ", ..." : list;
 }
 
+std::string FieldsOf(const OGRFeatureDefn& layer) {
+    std::vector<std::string> names;
+    for (int i = 0; i < layer.GetFieldCount(); ++i)
+        names.emplace_back(layer.GetFieldDefn(i)->GetNameRef());
+    return Listed(names);
+}
+
 OGRLayer* LayerOf(GDALDataset& dataset, const std::string& source, const std::string& name) {
     if (!name.empty())
         if (auto* const layer = dataset.GetLayerByName(name.c_str())) return layer;
@@ -176,10 +183,15 @@ std::vector<std::string> LayerNames(const std::string& source) {
 OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
                       const std::string& where) {
     auto opened = OpenAnyLayer(source, layer);
+    if (where.empty()) return opened;
+    // A database judges the condition when it is first read.
     const GdalMessages messages;
-    if (!where.empty() && opened.layer->SetAttributeFilter(where.c_str()) != OGRERR_NONE)
-        Fail("The condition \"" + where + "\" does not suit " + source + ": " + messages.Error() +
-             '.');
+    const bool isTaken = opened.layer->SetAttributeFilter(where.c_str()) == OGRERR_NONE;
+    const OGRFeatureUniquePtr first(isTaken ? opened.layer->GetNextFeature() : nullptr);
+    if (!isTaken || !messages.Error().empty())
+        Fail("The condition \"" + where + "\" does not suit " + source + "; its fields are " +
+             FieldsOf(*opened.layer->GetLayerDefn()) + '.');
+    opened.layer->ResetReading();
     return opened;
 }
 
