@@ -118,7 +118,7 @@ class MapBookAlgorithm(QgsProcessingAlgorithm):
         arguments += ["--sheets", package.add("sheets", self._sheets, {PAGE_FIELD: self._page},
                                               feedback)]
         if self._squares:
-            arguments += ["--squares-layer", package.add("squares", self._squares, {
+            arguments += ["--cells", package.add("squares", self._squares, {
                 ROW_FIELD: self._expression(values, p.OWN_ROW, context),
                 COLUMN_FIELD: self._expression(values, p.OWN_COLUMN, context)}, feedback)]
         return None if None in arguments else arguments
@@ -133,9 +133,10 @@ class MapBookAlgorithm(QgsProcessingAlgorithm):
                              (p.LEAVE_OUT, "--leave-out")):
             if text := self.parameterAsString(values, name, context):
                 options += [option, text]
-        for name, option in ((p.FROM_BOTTOM, "--from-bottom"), (p.FROM_RIGHT, "--from-right")):
-            if self.parameterAsBool(values, name, context):
-                options.append(option)
+        bottom = self.parameterAsBool(values, p.FROM_BOTTOM, context)
+        right = self.parameterAsBool(values, p.FROM_RIGHT, context)
+        if bottom or right:
+            options += ["--origin", ("bottom" if bottom else "top") + ("-right" if right else "-left")]
         if distance := self.parameterAsDouble(values, p.DISTANCE, context):
             options += ["--distance", repr(distance)]
         if apart := self.apart_field(values, context):
@@ -143,5 +144,5 @@ class MapBookAlgorithm(QgsProcessingAlgorithm):
         return options
 
     def _number(self, values, name, context):
-        # Only one of rows and columns given: the grid has one of the other.
-        return 1 if values.get(name) is None else self.parameterAsInt(values, name, context)
+        # The program refuses a grid of which only rows or columns are given.
+        return 0 if values.get(name) is None else self.parameterAsInt(values, name, context)

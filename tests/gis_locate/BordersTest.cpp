@@ -161,7 +161,7 @@ TEST(BorderBetweenSheets, BelongsToBoth) {
                          {"point", "2", "B", "1"},
                          {"line", "1", "A", "5"},
                          {"line", "2", "A", "1"},
-                         {"touching line", "1", "B", "5"},
+                         {"touching line", "1", "B", "4"},
                          {"touching area", "2", "B", "1"},
                          {"rounded", "2", "B", "5"}}));
 }

@@ -150,9 +150,8 @@ TEST(SquaresOfOnesOwn, AreCountedAndTold) {
                     {{"b", "9"}, "POLYGON ((0 0, 5 5, 5 0, 0 5, 0 0))"},
                     {{"a", "9"}, "LINESTRING (0 0, 1 1)"},
                     {{"a", "9"}, "POLYGON ((-1 6, 9 6, 9 9, -1 9, -1 8, 0 8, 0 7, -1 7, -1 6))"}}});
-    const auto outcome =
-        program.LocateOutcome({"places.gpkg", "--sheets", "atlas.gpkg", "--squares-layer",
-                               "squares.gpkg", "--squares", "all"});
+    const auto outcome = program.LocateOutcome(
+        {"places.gpkg", "--sheets", "atlas.gpkg", "--cells", "squares.gpkg", "--squares", "all"});
     EXPECT_EQ(program.ReadCsv("located.csv"), (TableRows{{"Listing", "Page", "Row", "Column"},
                                                          {"both", "1", "b", "9"},
                                                          {"both", "1", "b", "10"},
@@ -192,8 +191,8 @@ TEST_F(LocateRefusals, AreOneSentenceAndLeaveNoFile) {
     auto kept = Locating("places.gpkg", "atlas.gpkg", "mine.csv");
     kept.pop_back();
     const std::vector<std::string> overSquares = {
-        "locate",  "places.gpkg",     "--sheets", "atlas.gpkg", "-o",  "odd.gpkg",
-        "--force", "--squares-layer", "odd.gpkg", "--row",      "page"};
+        "locate",  "places.gpkg", "--sheets", "atlas.gpkg", "-o",  "odd.gpkg",
+        "--force", "--cells",     "odd.gpkg", "--cell-row", "page"};
     const std::vector<std::tuple<std::vector<std::string>, int, const char*>> refusals = {
         {kept, 1, "The table \"mine.csv\" exists already; --force replaces it."},
         {Locating("places.gpkg", "atlas.gpkg", "places.gpkg"), 2, "made from itself"},

@@ -50,9 +50,11 @@ TEST_F(LocateOptions, NameListings) {
             {"Oak (York)", "12", "B", "1", "York"},
             {"Ash", "12", "A", "1", "York"},
             {"Oak (Ely)", "12", "A", "1", "Ely"}});
-    Expect(
-        {"town.gpkg/streets", "--distance", "4.9", "--where", "name = 'Oak'"},
-        {{"Listing", "Page", "Part"}, {"Oak (1)", "3", "1"}, {"Oak (1)", "12", "1"}, {"Oak (2)", "12", "2"}});
+    Expect({"town.gpkg/streets", "--distance", "4.9", "--where", "name = 'Oak'"},
+           {{"Listing", "Page", "Part"},
+            {"Oak (1)", "3", "1"},
+            {"Oak (1)", "12", "1"},
+            {"Oak (2)", "12", "2"}});
     Expect({"town.gpkg/streets", "--distance", "5", "--where", "name = 'Oak'"},
            {{"Listing", "Page"}, {"Oak", "3"}, {"Oak", "12"}});
 }
@@ -61,7 +63,7 @@ TEST_F(LocateOptions, LabelSquares) {
     using Labels = std::vector<std::string>;
     for (const auto& [options, row, column] :
          {std::tuple<Labels, const char*, const char*>{{"--grid", "10x2"}, "E", "1"},
-          {{"--grid", "10x2", "--from-bottom", "--from-right"}, "F", "2"},
+          {{"--grid", "10x2", "--origin", "bottom-right"}, "F", "2"},
           {{"--grid", "10x2", "--row-labels", "F..Q", "--leave-out", "IO"}, "K", "1"},
           {{"--row-labels", "1..10", "--column-labels", "west,east"}, "5", "west"},
           {{"--grid", "30x2"}, "13", "1"}}) {

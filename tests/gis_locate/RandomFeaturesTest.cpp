@@ -85,8 +85,8 @@ TEST(SquaresOfOnesOwn, AreReadAsSqlReadsThem) {
         SCOPED_TRACE(which);
         ExpectSame(expected,
                    LocatedIn(maps.program.Locate(
-                       maps.Arguments({"--squares", which, "--squares-layer", "squares.gpkg",
-                                       "--row", "Letter", "--column", "Number"}))),
+                       maps.Arguments({"--squares", which, "--cells", "squares.gpkg", "--cell-row",
+                                       "Letter", "--cell-column", "Number"}))),
                    which);
     }
 }

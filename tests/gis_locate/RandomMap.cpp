@@ -43,8 +43,12 @@ std::string Transformed(const std::string& wkt, OGRCoordinateTransformation* way
 }  // namespace
 
 OGRRawPoint RandomSheet::At(double x, double y) const {
-    const double turns = std::round(angle / 90);
-    const bool isOnItsSide = std::fmod(turns, 2) != 0;
+    // The top is the side whose middle lies highest.
+    const auto heightOfTop = [&](int quarters) {
+        return (quarters % 2 == 0 ? height : width) * std::cos(Radians(angle - 90 * quarters));
+    };
+    const int turns = std::ranges::max({0, 1, 2, 3}, {}, heightOfTop);
+    const bool isOnItsSide = turns % 2 != 0;
     const double turned = Radians(angle - 90 * turns);
     const double right = x * (isOnItsSide ? height : width);
     const double up = y * (isOnItsSide ? width : height);

@@ -100,7 +100,7 @@ cat >places.geojson <<'END'
 {"type": "Feature", "properties": {"Listing": "Žižkov", "Page": 7, "Row": 2, "Column": 3},
  "geometry": {"type": "Point", "coordinates": [14.45, 50.08]}}]}
 END
-refused 1 'need the package gazetteer-gdal, which is not installed' \
+refused 1 'needs the package gazetteer-gdal, which is not installed' \
     gazetteer make places.geojson -o places.pdf
 [ ! -e places.pdf ] || fail "a table that was not read became a file"
 # The table of a shapefile needs none.

@@ -68,7 +68,7 @@ class QgisProcess(unittest.TestCase):
                 told = gazetteer("locate", TOWN / "streets", "--set", "Kind=streets",
                                  TOWN / "parks", "--set", "Kind=parks", "--sheets",
                                  TOWN / "sheets", "--grid", "7x5", "--apart", "district",
-                                 "--squares", "all", "--from-bottom", "--from-right",
+                                 "--squares", "all", "--origin", "bottom-right",
                                  "--row-labels", "A..H", "--leave-out", "C", "--distance", "900",
                                  "-o", direct).stderr
                 self.assertEqual(records(own), records(direct))

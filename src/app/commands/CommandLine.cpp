@@ -158,6 +158,7 @@ void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
     DeclareLocateForMake(make, options_);
     make.callback([this, &make] {
+        if (options_.located.sheets.empty()) RefuseWithoutSheets(make);
         TakeFeatures(make, options_.located);
         chosen_ = Make;
     });

@@ -74,6 +74,7 @@ void CheckDocumentFile(const OpenDocument& document, const std::string& path) {
 
 int Make(const Options& given) {
     CheckOutputName(given.output);
+    if (!given.pageSize.empty()) ParsePageSize(given.pageSize);  // Before the work.
     const MakeListings listings(given);
     const Options& options = listings.WithTable();
     CommandSession session(options);

@@ -15,9 +15,6 @@ namespace fs = std::filesystem;
 
 void CheckOptions(const Options& options) {
     if (options.located.sheets.empty()) {
-        if (!options.listings.empty())
-            throw UsageError(
-                "--listings goes with --sheets: it names the table of what was found.");
         if (options.located.features.size() > 1)
             throw UsageError("The listings are in one table; several layers go with --sheets.");
         return;
@@ -42,10 +39,19 @@ MakeListings::MakeListings(const Options& options) : options_(options) {
     Options locate = options;
     locate.output = options.listings.empty() ? TemporaryTable() : options.listings;
     locate.force = options.force || options.listings.empty();
-    locate.located.book.clear();
+    locate.located.book = options.book;
+    if (!options.book.empty()) Link();
     if (options.title.empty()) options_.title = fs::path(options_.listingDatabase).stem();
     LocateInto(locate, !options.listings.empty());
     options_.listingDatabase = locate.output;
+}
+
+// The book that is written beside the table tells its pages.
+void MakeListings::Link() {
+    const std::vector<std::string> link = {
+        "LinkToMapSeries=true", "MapSeriesSectionKey=maps", "MapSeriesTemplateKey=sheet",
+        "MapSeriesFrameName=Main map", "Page.FromDatabase=false"};
+    options_.assignments.insert(options_.assignments.begin(), link.begin(), link.end());
 }
 
 std::string MakeListings::TemporaryTable() {

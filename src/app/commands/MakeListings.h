@@ -23,6 +23,7 @@ public:
     const Options& WithTable() const { return options_; }
 
 private:
+    void Link();
     std::string TemporaryTable();
 
     Options options_;

@@ -1,13 +1,10 @@
 #include "app/commands/TableArguments.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <array>
 #include <map>
 
 #include "app/document/ArgumentParser.h"
 #include "app/document/Errors.h"
-#include "desk/unicode/FoldCase.h"
 
 namespace app {
 namespace {
@@ -38,21 +35,11 @@ void AddSources(CLI::App& command, const char* name, const char* text) {
     AddOfSource(command, "--where", "SQL condition on the features (default: all)");
 }
 
-// The fields of every located table, and those that tell listings apart.
-bool IsReserved(const std::string& field) {
-    constexpr std::array kReserved = {"listing", "page", "row", "column", "part", "initial"};
-    return std::ranges::find(kReserved, desk::FoldCase(field)) != kReserved.end();
-}
-
 std::pair<std::string, std::string> ParseConstant(const std::string& text) {
     const auto equals = text.find('=');
     if (equals == std::string::npos || equals == 0)
         throw UsageError("--set " + Shown(text) + ": a constant is given as FIELD=VALUE.");
-    const std::string field = text.substr(0, equals);
-    if (IsReserved(field))
-        throw UsageError("--set " + Shown(text) + ": the table has a field \"" + field +
-                         "\" of its own.");
-    return {field, text.substr(equals + 1)};
+    return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
 void Apply(const std::string& option, const std::string& value, FeatureOptions& features) {
@@ -62,6 +49,7 @@ void Apply(const std::string& option, const std::string& value, FeatureOptions& 
 }
 
 constexpr char kSheetsHelp[] = "Layer of the map sheets";
+constexpr char kSheetsGroup[] = "With --sheets";
 
 // Options about sheets, their squares, and what is one listing.
 void AddSheets(CLI::App& command, LocateOptions& locate) {
@@ -72,12 +60,14 @@ void AddSheets(CLI::App& command, LocateOptions& locate) {
     AddText(command, "--column-labels", locate.columnLabels, "The same (default: 1..)");
     AddText(command, "--leave-out", locate.leftOut,
             "Letters that ranges of labels leave out, such as IO");
-    command.add_flag("--from-bottom", locate.fromBottom, "The first row is the lowest");
-    command.add_flag("--from-right", locate.fromRight, "The first column is at the right");
-    command.add_option("--squares-layer", locate.squareLayer,
-                       "Layer of squares of your own, instead of a grid");
-    AddText(command, "--row", locate.squareRow, "Its field of the row's label (default: row)");
-    AddText(command, "--column", locate.squareColumn,
+    command
+        .add_option("--origin", locate.origin,
+                    "Corner of the sheet from which squares are labelled: top-left, top-right, "
+                    "bottom-left, bottom-right (default: top-left)")
+        ->check(CLI::IsMember({"top-left", "top-right", "bottom-left", "bottom-right"}));
+    command.add_option("--cells", locate.cells, "Layer of squares of your own, instead of a grid");
+    AddText(command, "--cell-row", locate.cellRow, "Its field of the row's label (default: row)");
+    AddText(command, "--cell-column", locate.cellColumn,
             "Its field of the column's label (default: column)");
     command
         .add_option("--squares", locate.squares,
@@ -85,7 +75,10 @@ void AddSheets(CLI::App& command, LocateOptions& locate) {
                     "line, or the largest of an area), first (default: longest)")
         ->check(CLI::IsMember({"all", "longest", "first"}));
     AddText(command, "--apart", locate.apart,
-            "Field that tells features of one name apart, such as the town");
+            "Field that tells features of one name apart, such as the town (repeatable)")
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     command.add_flag("--initial", locate.initial,
                      "Add the letter under which an index of the locale has the listing");
     AddNumber(command, "--distance", locate.distance, {0, kMostDistance},
@@ -122,11 +115,13 @@ void DeclareLocate(CLI::App& command, Options& options) {
     command.add_option("--book", locate.book,
                        "Map book to write; the table then has the numbers of sheets, rows and "
                        "columns that a linked index turns into pages and labels");
+    command.add_flag("--json", options.json, "Print what was found and left out as JSON");
     AddOutput(command, options);
 }
 
 void DeclareLocateForMake(CLI::App& command, Options& options) {
     LocateOptions& locate = options.located;
+    const auto before = command.get_options().size();
     AddSources(command, "LISTINGS",
                "Listing database: a table, or with --sheets layers of what is listed");
     command.add_option("--sheets", locate.sheets,
@@ -135,7 +130,17 @@ void DeclareLocateForMake(CLI::App& command, Options& options) {
                            "\"gazetteer locate --help\" tells");
     AddSheets(command, locate);
     command.add_option("--listings", options.listings, "Keep the table of what was found");
-    command.add_flag("--force", options.force, "Replace that table if it exists");
+    command.add_flag("--force", options.force, "Replace that table and the map book if they exist");
+    const auto all = command.get_options();
+    for (std::size_t i = before; i < all.size(); ++i)
+        if (!all[i]->get_positional() && all[i]->get_name() != "--sheets")
+            all[i]->group(kSheetsGroup);
+}
+
+void RefuseWithoutSheets(const CLI::App& command) {
+    for (const CLI::Option* const option : command.get_options())
+        if (option->get_group() == kSheetsGroup && option->count() > 0)
+            throw UsageError(option->get_name() + " goes with --sheets.");
 }
 
 void TakeFeatures(const CLI::App& command, LocateOptions& options) {

@@ -2,6 +2,7 @@
 
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
+#include "app/commands/JsonAnswer.h"
 #include "app/commands/MakeListings.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
@@ -27,6 +28,27 @@ std::string Write(const Options& options, const auto& table) {
            " written to " + options.output + '.';
 }
 
+void WriteCounts(JsonAnswer& json, const gis::LocateResult& result) {
+    gis::LayerCounts all;
+    for (const auto& counts : result.counts) {
+        all.read += counts.read;
+        all.unnamed.count += counts.unnamed.count;
+        all.withoutGeometry.count += counts.withoutGeometry.count;
+        all.outside.count += counts.outside.count;
+        all.broken.count += counts.broken.count;
+        all.mended.count += counts.mended.count;
+    }
+    json.Member("features", all.read);
+    json.Member("unnamed", all.unnamed.count);
+    json.Member("withoutPlace", all.withoutGeometry.count);
+    json.Member("outside", all.outside.count);
+    json.Member("broken", all.broken.count);
+    json.Member("mended", all.mended.count);
+    json.Member("listings", std::ssize(result.listings));
+    json.Member("references", std::ssize(result.references));
+    json.Member("emptySheets", result.emptySheets);
+}
+
 void CheckBookOutput(const Options& options, const std::vector<std::string>& sources) {
     const std::string& book = options.located.book;
     if (book.empty()) return;
@@ -34,6 +56,7 @@ void CheckBookOutput(const Options& options, const std::vector<std::string>& sou
         if (IsOfTable(book, source))
             throw UsageError("The map book \"" + book +
                              "\" cannot be written: it would be made from itself.");
+    CheckFolderOf(book);
     if (IsSameFile(book, options.output))
         throw UsageError("The file \"" + book + "\" cannot be both the table and the map book.");
     std::error_code ignored;
@@ -62,8 +85,7 @@ void LocateInto(const Options& options, bool isKept) {
     std::vector<std::string> sources = {FileOf(options.located.sheets)};
     for (const auto& features : options.located.features)
         sources.push_back(FileOf(features.source));
-    if (!options.located.squareLayer.empty())
-        sources.push_back(FileOf(options.located.squareLayer));
+    if (!options.located.cells.empty()) sources.push_back(FileOf(options.located.cells));
     CheckTableOutput(options.output, sources, options.force);
     CheckBookOutput(options, sources);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
@@ -79,6 +101,7 @@ void LocateInto(const Options& options, bool isKept) {
     for (const auto& warning : table.Warnings()) Warn(warning);
     const auto written = Write(options, table);
     table.WriteMapBook();
+    if (options.json) StreamAnswer(1, [&](JsonAnswer& json) { WriteCounts(json, table.Result()); });
     Tell(table.Summary() + (isKept ? ' ' + written : ""));
 }
 

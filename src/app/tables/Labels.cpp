@@ -53,6 +53,8 @@ Labels ParseLabels(const std::string& option, const std::string& text, const std
     const auto [first, firstIsLetter] = end(std::string_view(text).substr(0, dots));
     const auto [last, lastIsLetter] = end(std::string_view(text).substr(dots + 2));
     if (firstIsLetter != lastIsLetter || last < first ||
+        (firstIsLetter && (std::isupper(static_cast<int>(first)) != 0) !=
+                              (std::isupper(static_cast<int>(last)) != 0)) ||
         last - first >= static_cast<long>(kMostLabels))
         FailLabels(option, text);
     Labels labels;

@@ -63,14 +63,18 @@ gis::LayerOfSource LayerAt(const std::string& path) {
 
 GridLabels GridOf(const LocateOptions& options) {
     const bool hasLabels = !options.rowLabels.empty() || !options.columnLabels.empty();
-    if (!options.squareLayer.empty()) {
+    if (!options.cells.empty()) {
         if (hasLabels || !options.grid.empty())
             throw UsageError(
-                "--squares-layer brings the labels of its squares; --grid, "
+                "--cells brings the labels of its squares; --grid, "
                 "--row-labels and --column-labels do not go with it.");
         return {};
     }
-    if (options.grid.empty() && !hasLabels) return {};
+    if (options.grid.empty() && !hasLabels) {
+        if (options.origin != "top-left" || !options.leftOut.empty())
+            throw UsageError("--origin and --leave-out go with --grid or with labels.");
+        return {};
+    }
     std::int32_t rows = 0;
     std::int32_t columns = 0;
     if (!options.grid.empty()) {
@@ -83,9 +87,10 @@ GridLabels GridOf(const LocateOptions& options) {
             "A grid needs --grid ROWSxCOLUMNS, or the labels of both its rows and its "
             "columns.");
     }
-    return {LabelsFor("--row-labels", options.rowLabels, true, rows, options, options.fromBottom),
+    return {LabelsFor("--row-labels", options.rowLabels, true, rows, options,
+                      options.origin.starts_with("bottom")),
             LabelsFor("--column-labels", options.columnLabels, false, columns, options,
-                      options.fromRight)};
+                      options.origin.ends_with("right"))};
 }
 
 gis::LocateJob JobOf(const LocateOptions& options, const GridLabels& grid) {
@@ -95,9 +100,9 @@ gis::LocateJob JobOf(const LocateOptions& options, const GridLabels& grid) {
     if (!grid.rows.empty())
         job.grid = gis::SheetGrid{static_cast<std::int32_t>(grid.rows.size()),
                                   static_cast<std::int32_t>(grid.columns.size())};
-    if (!options.squareLayer.empty())
+    if (!options.cells.empty())
         job.ownSquares =
-            gis::SquareLayer{LayerAt(options.squareLayer), options.squareRow, options.squareColumn};
+            gis::SquareLayer{LayerAt(options.cells), options.cellRow, options.cellColumn};
     job.squares = SquaresOf(options.squares);
     job.distance = options.distance;
     job.wantsSketch = options.wantsSketch;

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "app/document/Errors.h"
 #include "app/tables/BookFile.h"
@@ -39,18 +40,49 @@ std::string NameFor(const FeatureOptions& features, const gis::SourceTable& tabl
                      FieldsOf(table) + '.');
 }
 
-gis::LocatedLayer LayerOf(const FeatureOptions& features, const std::string& apart,
+gis::LocatedLayer LayerOf(const FeatureOptions& features, const std::vector<std::string>& apart,
                           const host::Ref<host::IHostLocale>& locale) {
     gis::LocatedLayer layer;
     static_cast<gis::LayerOfSource&>(layer) = LayerAt(features.source);
     layer.where = features.where;
     const auto table = desk::LoadGisModule("Reading " + layer.Text())
                            .OpenTable(layer.source, layer.layer, layer.where);
-    if (!apart.empty() && table->FindField(apart) >= 0) layer.apart = apart;
+    for (const auto& field : apart)
+        layer.apart.push_back(table->FindField(field) < 0 ? std::string() : field);
     const auto text =
         std::make_shared<FieldText>("--name", NameFor(features, *table), table, locale);
     layer.listingOf = [text](const host::Ref<host::IHostRow>& row) { return text->Of(row); };
     return layer;
+}
+
+// Layers with the same constants have their names in common.
+std::size_t GroupOf(const std::vector<FeatureOptions>& features, std::size_t layer) {
+    std::size_t group = 0;
+    while (features[group].constants != features[layer].constants) ++group;
+    return group;
+}
+
+void CheckApart(const std::vector<std::string>& apart, const gis::LocateJob& job) {
+    for (std::size_t i = 0; i < apart.size(); ++i)
+        if (std::ranges::all_of(job.features,
+                                [&](const auto& layer) { return layer.apart[i].empty(); }))
+            throw UsageError("--apart " + Shown(apart[i]) + ": no layer has such a field.");
+}
+
+// Throws for two fields of one name.
+void CheckDistinct(const std::vector<OutputField>& fields) {
+    std::set<std::string> names;
+    for (const auto& field : fields)
+        if (!names.insert(desk::FoldCase(field.name)).second)
+            throw UsageError("The table would have two fields \"" + field.name +
+                             "\"; --set and --apart must name others.");
+}
+
+std::string Joined(const std::vector<std::string>& values) {
+    std::string joined;
+    for (const auto& value : values)
+        if (!value.empty()) joined += (joined.empty() ? "" : ", ") + value;
+    return joined;
 }
 
 // The pages, in brackets, of the first few sheets.
@@ -80,38 +112,38 @@ LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::I
     : options_(options) {
     const auto grid = GridOf(options);
     auto job = JobOf(options, grid);
-    for (const auto& features : options.features) {
-        job.features.push_back(LayerOf(features, options.apart, locale));
+    for (std::size_t i = 0; i < options.features.size(); ++i) {
+        job.features.push_back(LayerOf(options.features[i], options.apart, locale));
+        job.features.back().group = GroupOf(options.features, i);
         layers_.push_back(job.features.back().Text());
-        for (const auto& constant : features.constants)
+        for (const auto& constant : options.features[i].constants)
             if (std::ranges::find(constants_, constant.first) == constants_.end())
                 constants_.push_back(constant.first);
     }
-    const bool isApart =
-        std::ranges::any_of(job.features, [](const auto& layer) { return !layer.apart.empty(); });
-    if (!options.apart.empty() && !isApart)
-        throw UsageError("--apart " + Shown(options.apart) + ": no layer has such a field.");
+    CheckApart(options.apart, job);
     job.progress = [&](std::size_t, std::int64_t read, std::int64_t count) {
         progress(read, count);
     };
     result_ = desk::LoadGisModule("Locating features").Locate(job);
-    const bool isOwn = !options.squareLayer.empty();
+    const bool isOwn = !options.cells.empty();
     rowLabels_ = isOwn ? result_.rowLabels : grid.rows;
     columnLabels_ = isOwn ? result_.columnLabels : grid.columns;
     if (!options_.book.empty()) CheckBook();
     NameListings();
     if (options_.initial) letters_.emplace(options_.locale);
     hasParts_ = std::ranges::any_of(result_.listings, [](const auto& l) { return l.part > 0; });
+    CheckDistinct(Fields());
 }
 
-// Listings of one name in one layer are told apart by a field, and else by a number.
+// Listings of one name are told apart by fields, and else by a number.
 void LocatedTable::NameListings() {
     std::map<std::pair<std::size_t, std::string>, int> counts;
-    for (const auto& listing : result_.listings) ++counts[{listing.layer, listing.name}];
+    for (const auto& listing : result_.listings) ++counts[{listing.group, listing.name}];
     for (const auto& listing : result_.listings) {
         std::string name = listing.name;
-        const bool isShared = counts[{listing.layer, listing.name}] > 1;
-        if (isShared && !listing.apart.empty()) name += " (" + listing.apart + ')';
+        const bool isShared = counts[{listing.group, listing.name}] > 1;
+        const std::string apart = Joined(listing.apart);
+        if (isShared && !apart.empty()) name += " (" + apart + ')';
         if (listing.part > 0) name += " (" + std::to_string(listing.part) + ')';
         names_.push_back(std::move(name));
     }
@@ -120,15 +152,15 @@ void LocatedTable::NameListings() {
 std::vector<OutputField> LocatedTable::Fields() const {
     std::vector<OutputField> fields = {{"Listing"}, {"Page"}};
     if (!rowLabels_.empty()) fields.insert(fields.end(), {{"Row"}, {"Column"}});
-    if (!options_.apart.empty()) fields.push_back({options_.apart});
+    for (const auto& field : options_.apart) fields.push_back({field});
     if (hasParts_) fields.push_back({"Part"});
     if (letters_) fields.push_back({"Initial"});
     for (const auto& constant : constants_) fields.push_back({constant});
     return fields;
 }
 
-host::Variant LocatedTable::Constant(std::size_t layer, const std::string& field) const {
-    for (const auto& [name, value] : options_.features[layer].constants)
+host::Variant LocatedTable::Constant(std::size_t group, const std::string& field) const {
+    for (const auto& [name, value] : options_.features[group].constants)
         if (name == field) return value;
     return std::string();
 }
@@ -174,10 +206,10 @@ void LocatedTable::ForEach(const RowTaker& take) const {
         values.clear();
         values.emplace_back(names_[reference.listing]);
         AddPlace(reference, values);
-        if (!options_.apart.empty()) values.emplace_back(listing.apart);
+        values.insert(values.end(), listing.apart.begin(), listing.apart.end());
         if (hasParts_) values.emplace_back(std::max(listing.part, 1));
         if (letters_) values.emplace_back(letters_->LetterOf(listing.name));
-        for (const auto& constant : constants_) values.push_back(Constant(listing.layer, constant));
+        for (const auto& constant : constants_) values.push_back(Constant(listing.group, constant));
         take(values);
     }
 }

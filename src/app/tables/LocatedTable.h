@@ -45,7 +45,7 @@ private:
     void CheckBook() const;
     void AddPlace(const gis::Reference& reference, Values& values) const;
     void NameListings();
-    host::Variant Constant(std::size_t layer, const std::string& field) const;
+    host::Variant Constant(std::size_t group, const std::string& field) const;
 
     LocateOptions options_;
     Labels rowLabels_;
@@ -54,7 +54,6 @@ private:
     std::vector<std::string> constants_;
     std::vector<std::string> names_;  ///< Of the listings, as they are printed.
     std::optional<desk::IndexLetters> letters_;
-    std::string apartName_;
     bool hasParts_ = false;
     gis::LocateResult result_;
 };

@@ -36,17 +36,16 @@ struct LocateOptions {
     std::string grid;           ///< "ROWSxCOLUMNS"; empty: by the labels, or none.
     std::string rowLabels;
     std::string columnLabels;
-    std::string leftOut;  ///< Letters that ranges of labels leave out.
-    bool fromBottom = false;
-    bool fromRight = false;
-    std::string squareLayer;        ///< A layer of squares instead of a grid.
-    std::string squareRow = "row";  ///< Its fields of the labels.
-    std::string squareColumn = "column";
+    std::string leftOut;              ///< Letters that ranges of labels leave out.
+    std::string origin = "top-left";  ///< Corner of the sheet from which squares are labelled.
+    std::string cells;                ///< A layer of squares instead of a grid.
+    std::string cellRow = "row";      ///< Its fields of the labels.
+    std::string cellColumn = "column";
     std::string squares = "longest";  ///< all, longest, first.
     /// Map book to write; the table then names sheets by their number and squares by row and
     /// column from 1, which the map book turns into pages and labels.
     std::string book;
-    std::string apart;
+    std::vector<std::string> apart;  ///< Fields.
     bool initial = false;  ///< Adds the index letter of the listing, in a field "Initial".
     std::string locale;    ///< ICU's name, for that letter.
     double distance = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <utility>
 
 #include "app/document/Errors.h"
@@ -26,6 +27,12 @@ bool IsOfSource(const std::string& path, const std::string& source) {
            IsOfTable(path, table.replace_extension(".DBF"));
 }
 
+/// A table of texts has one where there is no number.
+bool IsEmptyText(const host::Variant& value) {
+    const auto* const text = std::get_if<std::string>(&value);
+    return text != nullptr && text->empty();
+}
+
 }  // namespace
 
 WrittenTable WriteTable(const std::string& path, const std::vector<OutputField>& fields,
@@ -42,14 +49,19 @@ WrittenTable WriteTable(const std::string& path, const std::vector<OutputField>&
     WrittenTable written;
     rows([&](const Values& row) {
         Values fitted = row;
+        for (std::size_t i = 0; i < fitted.size(); ++i)
+            if (measured[i].kind == gis::FieldKind::Number && IsEmptyText(fitted[i]))
+                fitted[i] = host::Null{};
         limits.Apply(++written.records, fitted);
         writer->Add(fitted);
     });
-    writer->Finish([](const std::string& file, std::string_view content) {
-        desk::ReplacingFile output(file);
-        output.Write(content);
-        output.Commit();
+    std::vector<std::unique_ptr<desk::ReplacingFile>> files;
+    writer->Finish([&](const std::string& file, std::string_view content) {
+        files.push_back(std::make_unique<desk::ReplacingFile>(file));
+        files.back()->Write(content);
+        files.back()->Complete();
     });
+    for (const auto& file : files) file->Commit();
     written.warnings = limits.Warnings();
     return written;
 }
@@ -66,8 +78,12 @@ void CheckTableOutput(const std::string& path, const std::vector<std::string>& s
                              "\" cannot be written: it would be made from itself.");
     CheckFolderOf(path);
     std::error_code ignored;
-    if (!force && std::filesystem::exists(path, ignored))
+    if (!std::filesystem::exists(path, ignored)) return;
+    if (!force)
         throw CommandError("The table \"" + path + "\" exists already; --force replaces it.");
+    if (ending == ".gpkg" && !desk::LoadGisModule("Writing " + path).IsPlainTable(path))
+        throw CommandError("The file \"" + path +
+                           "\" holds a map, which is not replaced by a table.");
 }
 
 }  // namespace app

@@ -23,6 +23,7 @@
 #include "app/window/PathField.h"
 #include "app/window/SheetsMap.h"
 #include "app/window/WaitPointer.h"
+#include "desk/tables/TablePath.h"
 #include "desk/window/WidgetText.h"
 #include "support/Status.h"
 
@@ -71,6 +72,10 @@ QScrollArea* Scrolled(QWidget* choices, QWidget* parent) {
     const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     area->setMinimumWidth(choices->sizeHint().width() + bar);
     return area;
+}
+
+std::string FileOf(const LayerField& field) {
+    return desk::FindTable(desk::FromQt(field.Path())).File();
 }
 
 }  // namespace
@@ -222,14 +227,14 @@ LocateOptions LocatePage::Options() const {
                 {desk::FromQt(row->Path()), desk::FromQt(row->Field()), {}, {}});
     options.sheets = desk::FromQt(sheets_->Path());
     options.page = desk::FromQt(sheets_->Field());
-    if (rows_->value() > 0 && columns_->value() > 0) {
+    if (rows_->value() > 0 || columns_->value() > 0) {
         options.grid = std::to_string(rows_->value()) + 'x' + std::to_string(columns_->value());
         options.rowLabels = desk::FromQt(rowLabels_->text());
         options.columnLabels = desk::FromQt(columnLabels_->text());
     }
     if (leaveOut_->isChecked()) options.leftOut = "IOio";
     options.squares = desk::FromQt(squares_->currentData().toString());
-    if (apart_->currentIndex() > 0) options.apart = desk::FromQt(apart_->currentText());
+    if (apart_->currentIndex() > 0) options.apart = {desk::FromQt(apart_->currentText())};
     options.wantsSketch = true;
     return options;
 }
@@ -279,16 +284,18 @@ void LocatePage::MarkListing(int row) {
 
 std::string LocatePage::MakeTable() {
     const std::string path = desk::FromQt(table_->Path());
+    std::vector<std::string> sources = {FileOf(*sheets_)};
+    for (const auto* const row : features_) sources.push_back(FileOf(*row));
+    CheckTableOutput(path, sources, true);
     if (QFileInfo::exists(table_->Path()) &&
         QMessageBox::question(this, "New Document",
                               "The table \"" + table_->Path() + "\" exists already. Replace it?") !=
             QMessageBox::Yes)
         return {};
     if (!located_ && !Locate()) return {};
-    std::vector<std::string> sources = {desk::FromQt(sheets_->Path())};
-    for (const auto* const row : features_) sources.push_back(desk::FromQt(row->Path()));
-    CheckTableOutput(path, sources, true);
-    WriteTable(path, located_->Fields(), [&](const RowTaker& take) { located_->ForEach(take); });
+    const auto written = WriteTable(path, located_->Fields(),
+                                    [&](const RowTaker& take) { located_->ForEach(take); });
+    for (const auto& warning : written.warnings) session_.Warn("New Document", warning);
     return path;
 }
 

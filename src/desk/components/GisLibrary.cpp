@@ -43,8 +43,11 @@ gis::GisModule& LoadGisModule(const std::string& purpose) {
     const std::string file = ModuleFile();
     if (!std::filesystem::exists(file)) Build();
     if (!std::filesystem::exists(file))
-        throw host::Failure(host::kFailureNotFound, "LoadGisModule",
-                            purpose + " needs the package gazetteer-gdal, which is not installed.");
+        throw host::Failure(
+            host::kFailureNotFound, "LoadGisModule",
+            purpose +
+                " needs the package gazetteer-gdal, which is not installed (in a clone of the "
+                "source, scripts/gis builds it).");
     module = &Load(file);
     return *module;
 }

@@ -19,6 +19,7 @@ public:
                                                 const std::string& where) override {
         return std::make_shared<gis::GdalTable>(source, layer, where);
     }
+    bool IsPlainTable(const std::string& source) override { return gis::IsPlainTable(source); }
     std::unique_ptr<gis::TableWriter> CreateTable(
         const std::string& path, const std::vector<gis::SourceField>& fields) override {
         if (desk::FoldCase(std::filesystem::path(path).extension()) == ".csv")

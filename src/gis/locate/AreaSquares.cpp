@@ -26,25 +26,28 @@ struct Block {
     }
 };
 
-/// Halves the block until it is one square, or is covered, or has nothing of the area.
-void AddBlock(const Geos& geos, const GEOSGeometry* area, const Block& block,
+/// Halves the block until it is one square, or is covered, or has nothing of the area. Returns
+/// false if GEOS fails.
+bool AddBlock(const Geos& geos, const GEOSGeometry* area, const Block& block,
               std::vector<SquareExtent>& squares) {
     const auto inside =
         geos.Own(GEOSClipByRect_r(geos.Context(), area, block.column, block.row,
                                   block.column + block.columns, block.row + block.rows));
-    const double extent = inside ? geos.Area(inside.get()) : 0;
-    if (extent <= kLeastArea) return;
+    if (!inside) return false;
+    const double extent = geos.Area(inside.get());
+    if (extent <= kLeastArea) return true;
     if (block.IsSquare()) {
-        squares.push_back({block.row, block.column, extent});
+        squares.push_back({block.row, block.column, extent, 2});
     } else if (extent > block.Area() - kLeastArea) {
         for (std::int32_t row = block.row; row < block.row + block.rows; ++row)
             for (std::int32_t column = block.column; column < block.column + block.columns;
                  ++column)
-                squares.push_back({row, column, 1});
+                squares.push_back({row, column, 1, 2});
     } else {
-        AddBlock(geos, inside.get(), block.Half(false), squares);
-        AddBlock(geos, inside.get(), block.Half(true), squares);
+        return AddBlock(geos, inside.get(), block.Half(false), squares) &&
+               AddBlock(geos, inside.get(), block.Half(true), squares);
     }
+    return true;
 }
 
 int ToGrid(double* x, double* y, void* grid) {
@@ -68,7 +71,7 @@ Block Around(const Grid& grid, double left, double top, double right, double bot
 
 }  // namespace
 
-void AddArea(const Geos& geos, const Grid& grid, const GEOSGeometry* area,
+bool AddArea(const Geos& geos, const Grid& grid, const GEOSGeometry* area,
              std::vector<SquareExtent>& squares) {
     Grid copy = grid;  // GEOS wants what it does not change as changeable.
     const auto placed = geos.Own(GEOSGeom_transformXY_r(geos.Context(), area, ToGrid, &copy));
@@ -78,9 +81,9 @@ void AddArea(const Geos& geos, const Grid& grid, const GEOSGeometry* area,
     double bottom = 0;
     if (!placed ||
         GEOSGeom_getExtent_r(geos.Context(), placed.get(), &left, &top, &right, &bottom) == 0)
-        return;
+        return false;
     const Block block = Around(grid, left, top, right, bottom);
-    if (block.rows > 0 && block.columns > 0) AddBlock(geos, placed.get(), block, squares);
+    return block.rows <= 0 || block.columns <= 0 || AddBlock(geos, placed.get(), block, squares);
 }
 
 }  // namespace gis

@@ -10,10 +10,22 @@
 
 namespace gis {
 
+host::Variant FeatureRow::Value(std::int32_t index) const {
+    const auto field = static_cast<std::size_t>(index);
+    if (index < 0 || field >= fields_.fields.size())
+        throw host::Failure(host::kFailureNotFound, "FeatureRow",
+                            notes_.Path() + " has other fields than when it was opened.");
+    if (IsMisfit(misfits_, field, *feature_)) return host::Null{};
+    return ReadValue(fields_, *feature_, field, notes_);
+}
+
 FeatureLayer::FeatureLayer(const LayerOfSource& place)
-    : open_(OpenLayerOf(place.source, place.layer, place.where)),
+    : state_(desk::FileState::At(place.source)),
+      source_(place.source),
+      open_(OpenLayerOf(place.source, place.layer, place.where)),
       notes_(place.Text()),
-      fields_(DescribeFields(*open_.layer->GetLayerDefn(), IsUntyped(open_))) {
+      fields_(DescribeFields(*open_.layer->GetLayerDefn(), IsUntyped(open_))),
+      misfits_(FindMisfits(open_, fields_, notes_)) {
     open_.layer->ResetReading();
 }
 
@@ -51,12 +63,19 @@ const host::Ref<FeatureRow>& FeatureLayer::Next() {
     OGRFeatureUniquePtr feature(open_.layer->GetNextFeature());
     if (!feature) {
         messages.ThrowIfFailed(Name());
+        CheckUnchanged();
         row_ = nullptr;
         return row_;
     }
-    if (!row_) row_ = std::make_shared<FeatureRow>(fields_, notes_);
+    if (!row_) row_ = std::make_shared<FeatureRow>(fields_, misfits_, notes_);
     row_->Take(std::move(feature));
     return row_;
+}
+
+void FeatureLayer::CheckUnchanged() const {
+    if (!(desk::FileState::At(source_) == state_))
+        throw host::Failure(host::kFailureUnspecified, "FeatureLayer",
+                            Name() + " was changed by another program while it was read.");
 }
 
 std::string LabelOf(const host::Variant& value) {

@@ -92,9 +92,10 @@ std::optional<Grid> Grid::Over(const std::vector<Point>& outline, std::int32_t r
     if (!IsRectangle(corners)) return std::nullopt;
     Point right = corners[1] - corners[0];
     Point down = corners[2] - corners[1];
-    if (std::abs(right.x) * Length(down) < std::abs(down.x) * Length(right)) std::swap(right, down);
-    if (right.x < 0) right = -1 * right;
+    // Of equal ones, as in a square on its corner, the first.
+    if (std::abs(right.y) > std::abs(down.y) * (1 + kRectangleTolerance)) std::swap(right, down);
     if (down.y > 0) down = -1 * down;
+    if (Cross(right, down) > 0) right = -1 * right;
     Grid grid;
     grid.rows_ = rows;
     grid.columns_ = columns;
@@ -110,14 +111,15 @@ Point Grid::FromMap(const Point& point) const {
             OntoBorder(Dot(offset, rowStep_) / Dot(rowStep_, rowStep_))};
 }
 
-SquareExtent Grid::SquareAt(const Point& point, double extent) const {
+SquareExtent Grid::SquareAt(const Point& point, double extent, std::int32_t dimension) const {
     return {std::clamp(static_cast<std::int32_t>(std::floor(point.y)), 0, rows_ - 1),
-            std::clamp(static_cast<std::int32_t>(std::floor(point.x)), 0, columns_ - 1), extent};
+            std::clamp(static_cast<std::int32_t>(std::floor(point.x)), 0, columns_ - 1), extent,
+            dimension};
 }
 
 void Grid::AddPoint(const Point& point, std::vector<SquareExtent>& squares) const {
     if (point.x >= 0 && point.x <= columns_ && point.y >= 0 && point.y <= rows_)
-        squares.push_back(SquareAt(point, 1));
+        squares.push_back(SquareAt(point, 1, 0));
 }
 
 void Grid::AddLine(const std::vector<Point>& line, std::vector<SquareExtent>& squares) const {
@@ -141,8 +143,16 @@ void Grid::AddSegment(const Point& from, const Point& to,
     for (std::size_t i = 1; i < shares.size(); ++i) {
         const double extent = (shares[i] - shares[i - 1]) * length;
         if (extent > kOnBorder * squareSize)
-            squares.push_back(SquareAt(Between(from, to, (shares[i - 1] + shares[i]) / 2), extent));
+            squares.push_back(
+                SquareAt(Between(from, to, (shares[i - 1] + shares[i]) / 2), extent, 1));
     }
+}
+
+void SquareExtent::Add(const SquareExtent& more) {
+    if (more.dimension > dimension)
+        *this = more;
+    else if (more.dimension == dimension)
+        extent += more.extent;
 }
 
 void MergeSquares(std::vector<SquareExtent>& squares) {
@@ -151,7 +161,7 @@ void MergeSquares(std::vector<SquareExtent>& squares) {
     std::size_t kept = 0;
     for (std::size_t i = 1; i < squares.size(); ++i)
         if (squares[i].row == squares[kept].row && squares[i].column == squares[kept].column)
-            squares[kept].extent += squares[i].extent;
+            squares[kept].Add(squares[i]);
         else
             squares[++kept] = squares[i];
     if (!squares.empty()) squares.resize(kept + 1);

@@ -11,17 +11,21 @@ struct Point {
     double y = 0;
 };
 
-/// A square of a sheet, and how much of a geometry lies in it: length of lines, area of areas,
-/// number of points, in units that are the same for all squares of a sheet.
+/// A square of a sheet, and how much of a geometry lies in it: number of points (dimension 0),
+/// length of lines (1), area of areas (2), in units that are the same for all squares of a sheet.
 struct SquareExtent {
     std::int32_t row = 0;
     std::int32_t column = 0;
     double extent = 0;
+    std::int32_t dimension = 0;
+
+    /// Adds the extent of the same square. That of the higher dimension stays alone.
+    void Add(const SquareExtent& more);
 };
 
 /// A grid of equal squares over a rectangle in any rotation. In its own coordinates x counts
-/// columns from the left and y rows from the top, as the reader of the sheet sees it: the edge that
-/// is nearest to the horizontal is the top. A square owns its upper and left border; the last row
+/// columns from the left and y rows from the top, as the reader of the sheet sees it: the edge
+/// whose middle lies highest is the top. A square owns its upper and left border; the last row
 /// and column own their outer border, too. So each place of the sheet lies in one square.
 class Grid {
 public:
@@ -50,7 +54,7 @@ public:
 
 private:
     void AddSegment(const Point& from, const Point& to, std::vector<SquareExtent>& squares) const;
-    SquareExtent SquareAt(const Point& point, double extent) const;
+    SquareExtent SquareAt(const Point& point, double extent, std::int32_t dimension) const;
 
     std::int32_t rows_ = 1;
     std::int32_t columns_ = 1;

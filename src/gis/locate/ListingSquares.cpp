@@ -13,6 +13,24 @@ auto PlaceOf(const SheetSquare& square) {
     return std::tuple(square.sheet, square.square.row, square.square.column);
 }
 
+/// Returns the first of those that are as large as the largest. Equal parts of a line on both sides
+/// of a border differ by rounding.
+template <class Iterator>
+Iterator Largest(Iterator first, Iterator last) {
+    constexpr double kRounding = 1e-9;
+    const auto sizeOf = [](const SheetSquare& square) {
+        return std::pair(square.square.dimension, square.square.extent);
+    };
+    const auto most =
+        sizeOf(*std::max_element(first, last, [&](const auto& one, const auto& other) {
+            return sizeOf(one) < sizeOf(other);
+        }));
+    return std::find_if(first, last, [&](const SheetSquare& square) {
+        return square.square.dimension == most.first &&
+               square.square.extent >= most.second * (1 - kRounding);
+    });
+}
+
 double DistanceBetween(const OGREnvelope& one, const OGREnvelope& other) {
     const double across = std::max({0.0, one.MinX - other.MaxX, other.MinX - one.MaxX});
     const double along = std::max({0.0, one.MinY - other.MaxY, other.MinY - one.MaxY});
@@ -40,7 +58,7 @@ void ListingSquares::Group::Merge() {
     std::size_t kept = 0;
     for (std::size_t i = 1; i < merged.size(); ++i)
         if (PlaceOf(merged[i]) == PlaceOf(merged[kept]))
-            merged[kept].square.extent += merged[i].square.extent;
+            merged[kept].square.Add(merged[i].square);
         else
             merged[++kept] = merged[i];
     merged.resize(merged.empty() ? 0 : kept + 1);
@@ -49,11 +67,12 @@ void ListingSquares::Group::Merge() {
     added = {};
 }
 
-void ListingSquares::Add(std::size_t layer, const std::string& name, const std::string& apart,
-                         const LocatedGeometry& located) {
-    const std::string key = std::to_string(layer) + '\0' + name + '\0' + apart;
+void ListingSquares::Add(std::size_t group, const std::string& name,
+                         const std::vector<std::string>& apart, const LocatedGeometry& located) {
+    std::string key = std::to_string(group) + '\0' + name;
+    for (const auto& value : apart) key += '\0' + value;
     const auto [place, isNew] = places_.try_emplace(key, named_.size());
-    if (isNew) named_.push_back({{name, apart, layer, 0}, {}});
+    if (isNew) named_.push_back({{name, apart, group, 0}, {}});
     GroupFor(named_[place->second], located.box).Add(located.squares);
 }
 
@@ -110,10 +129,7 @@ void ListingSquares::AddReferences(LocateResult& result,
         const auto last = std::find_if(first, squares.end(), [&](const SheetSquare& square) {
             return square.sheet != first->sheet;
         });
-        const auto largest = std::max_element(first, last, [](const auto& one, const auto& other) {
-            return one.square.extent < other.square.extent;
-        });
-        const auto from = squares_ == Squares::Largest ? largest : first;
+        const auto from = squares_ == Squares::Largest ? Largest(first, last) : first;
         const auto to = squares_ == Squares::All ? last : std::next(from);
         for (auto square = from; square != to; ++square)
             result.references.push_back(

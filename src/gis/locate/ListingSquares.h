@@ -18,7 +18,7 @@ public:
     ListingSquares(Squares squares, double distance) : squares_(squares), distance_(distance) {}
 
     /// Adds a feature that lies in at least one square.
-    void Add(std::size_t layer, const std::string& name, const std::string& apart,
+    void Add(std::size_t group, const std::string& name, const std::vector<std::string>& apart,
              const LocatedGeometry& located);
     /// Writes listings and references, and forgets them.
     void MoveTo(LocateResult& result);

@@ -25,7 +25,7 @@ constexpr std::size_t kMostLines = 100'000;
 struct Feature {
     std::int64_t number = 0;
     std::string name;
-    std::string apart;
+    std::vector<std::string> apart;
     std::unique_ptr<OGRGeometry> geometry;
     LocatedGeometry located;
 };
@@ -34,8 +34,12 @@ using Batch = std::vector<Feature>;
 /// Locators that no thread uses at the moment.
 class LocatorPool {
 public:
-    LocatorPool(const Sheets& sheets, const OGRSpatialReference* reference, bool wantsSketch)
-        : sheets_(sheets), reference_(reference), wantsSketch_(wantsSketch) {}
+    /// The locators are made here, because reference systems are not for several threads.
+    LocatorPool(std::size_t count, const Sheets& sheets, const OGRSpatialReference* reference,
+                bool wantsSketch) {
+        for (std::size_t i = 0; i < count; ++i)
+            idle_.push_back(std::make_unique<Locator>(sheets, reference, wantsSketch));
+    }
 
     Batch Locate(Batch batch) {
         auto locator = Take();
@@ -49,21 +53,14 @@ public:
     }
 
 private:
+    // There are as many as threads.
     std::unique_ptr<Locator> Take() {
-        {
-            const std::scoped_lock lock(mutex_);
-            if (!idle_.empty()) {
-                auto locator = std::move(idle_.back());
-                idle_.pop_back();
-                return locator;
-            }
-        }
-        return std::make_unique<Locator>(sheets_, reference_, wantsSketch_);
+        const std::scoped_lock lock(mutex_);
+        auto locator = std::move(idle_.back());
+        idle_.pop_back();
+        return locator;
     }
 
-    const Sheets& sheets_;
-    const OGRSpatialReference* reference_;
-    bool wantsSketch_;
     std::mutex mutex_;
     std::vector<std::unique_ptr<Locator>> idle_;
 };
@@ -94,13 +91,14 @@ private:
     void Read(std::size_t number) {
         const LocatedLayer& place = job_.features[number];
         FeatureLayer layer(place);
-        const std::int32_t apart = place.apart.empty() ? -1 : layer.Field(place.apart);
+        std::vector<std::int32_t> apart;
+        for (const auto& name : place.apart) apart.push_back(name.empty() ? -1 : layer.Field(name));
         NoteReference(layer);
         const std::int64_t count = layer.Count();
-        LocatorPool pool(sheets_, layer.Reference(), job_.wantsSketch);
+        const auto threads = static_cast<std::size_t>(std::max(1, job_.threads));
+        LocatorPool pool(threads, sheets_, layer.Reference(), job_.wantsSketch);
         InOrder<Batch, Batch> order(
-            static_cast<std::size_t>(job_.threads),
-            [&](Batch batch) { return pool.Locate(std::move(batch)); },
+            threads, [&](Batch batch) { return pool.Locate(std::move(batch)); },
             [&](Batch batch) {
                 for (auto& feature : batch) Take(number, feature);
                 if (job_.progress) job_.progress(number, result_.counts[number].read, count);
@@ -111,7 +109,8 @@ private:
             Feature feature;
             feature.number = row->Feature().GetFID();
             feature.name = place.listingOf(row);
-            if (apart >= 0) feature.apart = LabelOf(row->Value(apart));
+            for (const auto field : apart)
+                feature.apart.push_back(field < 0 ? std::string() : LabelOf(row->Value(field)));
             feature.geometry.reset(row->Feature().StealGeometry());
             batch.push_back(std::move(feature));
             if (batch.size() == kBatch) order.Push(std::exchange(batch, {}));
@@ -143,7 +142,7 @@ private:
         else if (located.squares.empty())
             counts.outside.Add(feature.number);
         else
-            listings_.Add(number, feature.name, feature.apart, located);
+            listings_.Add(job_.features[number].group, feature.name, feature.apart, located);
         for (auto& line : feature.located.sketch)
             if (result_.sketch.features.size() < kMostLines)
                 result_.sketch.features.push_back(std::move(line));

@@ -97,10 +97,9 @@ LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
     for (const std::size_t number : index_.Find(located.box)) {
         const Sheet& sheet = sheets_.sheets[number];
         squares.clear();
-        if (sheet.grid)
-            AddOnGrid(*sheet.grid, squares);
-        else
-            located.isBroken = !AddInSquares(sheet.squares, squares) || located.isBroken;
+        const bool isDone =
+            sheet.grid ? AddOnGrid(*sheet.grid, squares) : AddInSquares(sheet.squares, squares);
+        located.isBroken = located.isBroken || !isDone;
         MergeSquares(squares);
         for (const auto& square : squares)
             located.squares.push_back({static_cast<std::uint32_t>(number), square});
@@ -147,14 +146,16 @@ bool Locator::TakeArea(const OGRGeometry& polygon, LocatedGeometry& located) {
     return true;
 }
 
-void Locator::AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares) {
+bool Locator::AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares) {
     for (const Point& point : pieces_.points) grid.AddPoint(grid.FromMap(point), squares);
     for (const auto& line : pieces_.lines) {
         line_.clear();
         for (const Point& point : line) line_.push_back(grid.FromMap(point));
         grid.AddLine(line_, squares);
     }
-    for (const auto& area : pieces_.areas) AddArea(geos_, grid, area.get(), squares);
+    return std::ranges::all_of(pieces_.areas, [&](const Geos::Geometry& area) {
+        return AddArea(geos_, grid, area.get(), squares);
+    });
 }
 
 bool Locator::AddInSquares(const std::vector<OwnSquare>& own,
@@ -186,7 +187,7 @@ bool Locator::Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
         if (geos_.IsEmpty(inside) || dimension(inside) != wanted) continue;
         const double extent = geos_.Extent(inside.get());
         if (extent > LeastExtent(square, wanted))
-            squares.push_back({square.row, square.column, extent});
+            squares.push_back({square.row, square.column, extent, wanted});
         auto rest = geos_.Difference(piece.get(), area.get());
         if (!rest) return false;
         piece = std::move(rest);

@@ -43,7 +43,7 @@ private:
     /// Adds the pieces of a geometry; returns false if it is broken.
     bool TakeApart(const OGRGeometry& geometry, LocatedGeometry& located);
     bool TakeArea(const OGRGeometry& polygon, LocatedGeometry& located);
-    void AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares);
+    bool AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares);
     /// These two return false if GEOS fails.
     bool AddInSquares(const std::vector<OwnSquare>& own, std::vector<SquareExtent>& squares) const;
     /// Gives the piece to the squares one after the other; what one has is not given to the next.

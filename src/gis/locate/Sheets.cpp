@@ -137,6 +137,11 @@ std::vector<std::int32_t> SortLabels(std::vector<std::string>& labels) {
     return places;
 }
 
+void AddNotes(Sheets& sheets, const FeatureLayer& layer) {
+    const auto& notes = layer.Notes().All();
+    sheets.notes.insert(sheets.notes.end(), notes.begin(), notes.end());
+}
+
 /// Cuts the squares to each sheet, because a square at an edge may lie on two.
 class SquareCutter {
 public:
@@ -166,6 +171,7 @@ public:
                 others.Add(row->Feature().GetFID());
             if (square && isMended) mended.Add(row->Feature().GetFID());
         }
+        AddNotes(sheets_, layer_);
         NoteFeatures(sheets_, layer_.Name(), others, "square that is no area was left out",
                      "squares that are no areas were left out");
         NoteFeatures(sheets_, layer_.Name(), mended,
@@ -274,6 +280,7 @@ Sheets ReadSheets(const LocateJob& job) {
     FeatureLayer layer(job.sheets);
     SetReference(sheets, layer);
     ReadInto(sheets, layer, job);
+    AddNotes(sheets, layer);
     if (sheets.sheets.empty()) Fail(layer.Name() + " has no sheet: no area with a page.");
     const auto order = [](const Sheet& sheet) { return OrderOf(sheet.page); };
     sheets.isInPageOrder = std::ranges::is_sorted(sheets.sheets, {}, order);

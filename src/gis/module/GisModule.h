@@ -30,6 +30,8 @@ public:
     virtual std::shared_ptr<SourceTable> OpenTable(const std::string& source,
                                                    const std::string& layer,
                                                    const std::string& where = {}) = 0;
+    /// Whether a source is one table without geometry, as CreateTable makes them.
+    virtual bool IsPlainTable(const std::string& source) = 0;
     /// Begins a table; the ending of the path tells the format: .dbf, .gpkg or .csv.
     virtual std::unique_ptr<TableWriter> CreateTable(const std::string& path,
                                                      const std::vector<SourceField>& fields) = 0;

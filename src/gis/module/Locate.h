@@ -24,8 +24,11 @@ struct LocatedLayer : LayerOfSource {
     /// Returns the listing of a feature from its fields. Called in the order of the features, by
     /// the thread that locates.
     std::function<std::string(const host::Ref<host::IHostRow>& feature)> listingOf;
-    /// Field whose values tell features of one name apart; empty: one listing per name.
-    std::string apart;
+    /// Fields whose values tell features of one name apart; the same number for each layer, empty
+    /// names for those that this layer does not have.
+    std::vector<std::string> apart;
+    /// Layers of one number list together what has one name.
+    std::size_t group = 0;
 };
 
 /// A grid over the rectangle of each sheet. Rows count from the top, columns from the left.
@@ -91,8 +94,8 @@ struct LocateJob {
 
 struct LocatedListing {
     std::string name;
-    std::string apart;
-    std::size_t layer = 0;  ///< Of the job's features.
+    std::vector<std::string> apart;  ///< Values of the fields that tell it apart.
+    std::size_t group = 0;           ///< Of its layers.
     /// Number of the listing among those of one name that lie apart, from 1; 0: it is the only one.
     std::int32_t part = 0;
 };

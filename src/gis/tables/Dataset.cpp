@@ -180,6 +180,13 @@ std::vector<std::string> LayerNames(const std::string& source) {
     return NamesOf(*Open(source));
 }
 
+bool IsPlainTable(const std::string& source) {
+    const auto dataset = Open(source);
+    const auto names = NamesOf(*dataset);
+    return names.size() == 1 &&
+           dataset->GetLayerByName(names.front().c_str())->GetGeomType() == wkbNone;
+}
+
 OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
                       const std::string& where) {
     auto opened = OpenAnyLayer(source, layer);

@@ -40,6 +40,9 @@ struct OpenLayer {
 /// The names of a source's layers, in its order. Throws host::Failure if it cannot be opened.
 std::vector<std::string> LayerNames(const std::string& source);
 
+/// Whether a source has one layer, and that no geometry.
+bool IsPlainTable(const std::string& source);
+
 /// Opens a layer read-only; an empty name stands for the only one. A connection may name its layer
 /// at its end ("PG:dbname=atlas/streets"). The SQL condition selects features; empty: all. Throws
 /// host::Failure with one sentence if the source cannot be opened, has no such layer, or has

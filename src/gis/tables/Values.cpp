@@ -95,7 +95,7 @@ Variant NumberWritten(std::string_view text) {
 }
 
 Variant ReadInteger(std::int64_t number) {
-    if (std::abs(number) >= kLastExactInteger) return std::to_string(number);
+    if (number >= kLastExactInteger || number <= -kLastExactInteger) return std::to_string(number);
     return desk::NumberValue(static_cast<double>(number));
 }
 
