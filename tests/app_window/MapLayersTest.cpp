@@ -1,5 +1,7 @@
 #include <QComboBox>
 #include <QListView>
+#include <QPlainTextEdit>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <filesystem>
 
@@ -27,6 +29,8 @@ public:
         Choose(dialog, "features2Layer", "parks");
         Type(dialog, "sheetsLine", town_);
         Choose(dialog, "sheetsLayer", "sheets");
+        support::Part<QSpinBox>(dialog, "gridRows").setValue(7);
+        support::Part<QSpinBox>(dialog, "gridColumns").setValue(5);
     }
     static int MarkedPixels(QWidget& dialog) {
         const QImage map = support::Part<QWidget>(dialog, "sheetsMap").grab().toImage();
@@ -46,8 +50,8 @@ TEST_F(MapLayers, BecomeAnIndex) {
         EXPECT_EQ(support::Part<QLineEdit>(dialog, "locatedLine").text().toStdString(),
                   folder_.File("streets-listings.dbf"));
         Press(dialog, "Look Up");
-        EXPECT_TRUE(Text(dialog, "locatedSummary").contains("on 8 sheets"))
-            << Text(dialog, "locatedSummary").toStdString();
+        const QString told = support::Part<QPlainTextEdit>(dialog, "locatedSummary").toPlainText();
+        EXPECT_TRUE(told.contains("on 8 sheets")) << told.toStdString();
         auto& list = support::Part<QListView>(dialog, "locatedListings");
         QStringList names = support::RowTexts(list);
         EXPECT_GT(names.size(), 60);
@@ -80,7 +84,7 @@ TEST_F(MapLayers, ThatAreWrongAreToldWhereTheyStand) {
 
         FillIn(dialog);
         Type(dialog, "rowLabels", "A..C");
-        ExpectMessage("these are 3 labels, but the grid 8x10 has 8");
+        ExpectMessage("these are 3 labels, but the grid 7x5 has 7");
         Press(dialog, "Look Up");
         Type(dialog, "rowLabels", "");
         ExpectMessage("exists already", "No");

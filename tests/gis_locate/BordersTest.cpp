@@ -138,7 +138,7 @@ TEST_P(Borders, OfASquareDoNotMatterToAreas) {
         << "a hole that is a square";
 }
 
-INSTANTIATE_TEST_SUITE_P(Angles, Borders, testing::Values(0, 17, 30.5, -44.9));
+INSTANTIATE_TEST_SUITE_P(Angles, Borders, testing::Values(0, 17, 30.5, -36));
 
 TEST(BorderBetweenSheets, BelongsToBoth) {
     const GisProgram program;

@@ -5,6 +5,7 @@
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QListView>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTreeWidget>
 
@@ -65,6 +66,8 @@ void FillLayers() {
     fill("features1", "places");
     fill("features2", "rivers");
     fill("sheets", "sheets");
+    support::Part<QSpinBox>(dialog, "gridRows").setValue(8);
+    support::Part<QSpinBox>(dialog, "gridColumns").setValue(6);
     support::Part<QAbstractButton>(dialog, "lookUp").click();
     auto& list = support::Part<QListView>(dialog, "locatedListings");
     const auto found = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, "Danube");

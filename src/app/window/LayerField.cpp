@@ -31,7 +31,7 @@ std::vector<std::string> LayersOf(const desk::TablePath& path) {
 }  // namespace
 
 LayerField::LayerField(const QString& name, const QString& fieldText, QStringList preferred,
-                       QWidget* parent)
+                       QString layerPart, QWidget* parent)
     : QWidget(parent),
       path_(new PathField(
           name, [this](const QString& present) { return ChooseSource(this, present); }, this)),
@@ -39,7 +39,8 @@ LayerField::LayerField(const QString& name, const QString& fieldText, QStringLis
       fieldText_(new QLabel(fieldText, this)),
       field_(new QComboBox(this)),
       fault_(new QLabel(this)),
-      preferred_(std::move(preferred)) {
+      preferred_(std::move(preferred)),
+      layerPart_(std::move(layerPart)) {
     layer_->setObjectName(name + "Layer");
     layer_->setAccessibleName("Layer");
     field_->setObjectName(name + "Field");
@@ -112,6 +113,8 @@ void LayerField::ReadSource() {
         const QSignalBlocker quiet(layer_);
         for (const auto& layer : layers) layer_->addItem(desk::ToQt(layer));
         layer_->setVisible(layers.size() > 1);
+        if (!layerPart_.isEmpty())
+            layer_->setCurrentIndex(std::max(0, layer_->findText(layerPart_, Qt::MatchContains)));
     } catch (const std::exception&) {
         field_->clear();
         ShowFault(desk::ToQt(CurrentSentence()));

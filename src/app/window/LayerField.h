@@ -18,8 +18,9 @@ class LayerField : public QWidget {
 
 public:
     /// The fields named here are preferred, the first one most; the text asks for the field.
+    /// A layer whose name has the given part is chosen first.
     LayerField(const QString& name, const QString& fieldText, QStringList preferred,
-               QWidget* parent);
+               QString layerPart, QWidget* parent);
 
     bool IsEmpty() const;
     bool IsUsable() const { return usable_; }
@@ -44,6 +45,7 @@ private:
     QComboBox* field_;
     QLabel* fault_;
     QStringList preferred_;
+    QString layerPart_;
     bool usable_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalBlocker>
@@ -31,6 +32,8 @@ namespace app {
 namespace {
 
 constexpr int kMostSquares = 1000;  // Of a row or a column.
+constexpr int kReportLines = 5;
+constexpr int kNameCharacters = 24;
 
 QSpinBox* Count(const char* name, int value, QWidget* parent) {
     auto* box = new QSpinBox(parent);
@@ -41,11 +44,18 @@ QSpinBox* Count(const char* name, int value, QWidget* parent) {
     return box;
 }
 
-QLineEdit* LabelsLine(const char* name, const char* example, QWidget* parent) {
+QLineEdit* LabelsLine(const char* name, QWidget* parent) {
     auto* line = new QLineEdit(parent);
     line->setObjectName(name);
-    line->setPlaceholderText(example);
     return line;
+}
+
+// What labels squares have that are given none.
+QString DefaultLabels(int count, bool areLetters) {
+    constexpr int kLetters = 26;
+    if (count == 0) return {};
+    if (areLetters && count <= kLetters) return QString("A..%1").arg(QChar('A' + count - 1));
+    return QString("1..%1").arg(count);
 }
 
 // Adds a row with a number of squares and their labels.
@@ -95,11 +105,12 @@ QWidget* LocatePage::Choices() {
     auto* rows = new QWidget(choices);
     featureRows_ = new QVBoxLayout(rows);
     featureRows_->setContentsMargins(0, 0, 0, 0);
-    sheets_ = new LayerField("sheets", "Page:", {"page", "Page", "sheet", "number"}, choices);
-    rows_ = Count("gridRows", 8, choices);
-    columns_ = Count("gridColumns", 10, choices);
-    rowLabels_ = LabelsLine("rowLabels", "A..H", choices);
-    columnLabels_ = LabelsLine("columnLabels", "1..10", choices);
+    sheets_ =
+        new LayerField("sheets", "Page:", {"page", "Page", "sheet", "number"}, "sheet", choices);
+    rows_ = Count("gridRows", 0, choices);
+    columns_ = Count("gridColumns", 0, choices);
+    rowLabels_ = LabelsLine("rowLabels", choices);
+    columnLabels_ = LabelsLine("columnLabels", choices);
     leaveOut_ = new QCheckBox("Leave out the letters &I and O", choices);
     squares_ = new QComboBox(choices);
     squares_->setObjectName("squares");
@@ -146,10 +157,11 @@ QWidget* LocatePage::Found() {
     lookUp_ = new QPushButton("&Look Up", found);
     lookUp_->setObjectName("lookUp");
     lookUp_->setAutoDefault(false);
-    summary_ = new QLabel(found);
+    summary_ = new QPlainTextEdit(found);
     summary_->setObjectName("locatedSummary");
-    summary_->setTextFormat(Qt::PlainText);
-    summary_->setWordWrap(true);
+    summary_->setAccessibleName("What was found and left out");
+    summary_->setReadOnly(true);
+    summary_->setFixedHeight(fontMetrics().lineSpacing() * kReportLines);
     names_ = new QStringListModel(this);
     listings_ = new QListView(found);
     listings_->setObjectName("locatedListings");
@@ -160,6 +172,7 @@ QWidget* LocatePage::Found() {
     sorted->sort(0);
     listings_->setModel(sorted);
     listings_->setUniformItemSizes(true);
+    listings_->setMinimumWidth(fontMetrics().averageCharWidth() * kNameCharacters);
     listings_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     map_ = new SheetsMap(found);
     auto* top = new QHBoxLayout;
@@ -183,7 +196,7 @@ QWidget* LocatePage::Found() {
 // There is always one row more than layers.
 void LocatePage::AddFeatures() {
     auto* row = new LayerField("features" + QString::number(features_.size() + 1),
-                               "Name:", {"name", "Listing"}, featureRows_->parentWidget());
+                               "Name:", {"name", "Listing"}, {}, featureRows_->parentWidget());
     features_.push_back(row);
     featureRows_->addWidget(row);
     connect(row, &LayerField::Changed, this, &LocatePage::TakeChange);
@@ -203,6 +216,8 @@ void LocatePage::TakeChange() {
         apart_->addItems(features_.front()->Fields());
         apart_->setCurrentIndex(std::max(0, apart_->findText(apart)));
     }
+    rowLabels_->setPlaceholderText(DefaultLabels(rows_->value(), true));
+    columnLabels_->setPlaceholderText(DefaultLabels(columns_->value(), false));
     if (!tableChosen_) table_->SetPath(ProposedTable());
     lookUp_->setEnabled(features_.front()->IsUsable() && sheets_->IsUsable());
     Q_EMIT Changed();
@@ -264,7 +279,7 @@ void LocatePage::LookUp() {
 void LocatePage::ShowFound() {
     QString text = desk::ToQt(located_->Summary());
     for (const auto& warning : located_->Warnings()) text += '\n' + desk::ToQt(warning);
-    summary_->setText(text);
+    summary_->setPlainText(text);
     QStringList names;
     for (const auto& name : located_->Names()) names << desk::ToQt(name);
     names_->setStringList(names);

@@ -9,9 +9,9 @@
 
 class QCheckBox;
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QListView;
+class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
 class QStringListModel;
@@ -65,7 +65,7 @@ private:
     QComboBox* apart_;
     PathField* table_;
     QPushButton* lookUp_;
-    QLabel* summary_;
+    QPlainTextEdit* summary_;
     QListView* listings_;
     QStringListModel* names_;
     SheetsMap* map_;

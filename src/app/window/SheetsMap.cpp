@@ -97,8 +97,8 @@ void SheetsMap::paintEvent(QPaintEvent*) {
     painter.drawPath(toScreen_.map(lines_));
     painter.setPen(QPen(features, kPlaceSize, Qt::SolidLine, Qt::RoundCap));
     painter.drawPoints(toScreen_.map(places_));
-    DrawMarks(painter);
     DrawSheets(painter);
+    DrawMarks(painter);
 }
 
 void SheetsMap::DrawMarks(QPainter& painter) const {
