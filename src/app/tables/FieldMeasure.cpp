@@ -26,7 +26,7 @@ void FieldMeasure::Take(const host::Variant& value) {
 
 void FieldMeasure::TakeNumber(double number) {
     std::array<char, 400> buffer{};  // The longest double has 309 digits and 17 decimals.
-    const auto end =
+    const char* const end =
         std::to_chars(buffer.begin(), buffer.end(), number, std::chars_format::fixed).ptr;
     const std::string_view text(buffer.data(), end);
     const auto point = std::min(text.find('.'), text.size());

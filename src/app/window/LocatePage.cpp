@@ -298,7 +298,7 @@ void LocatePage::MarkListing(int row) {
 }
 
 std::string LocatePage::MakeTable() {
-    const std::string path = desk::FromQt(table_->Path());
+    std::string path = desk::FromQt(table_->Path());
     std::vector<std::string> sources = {FileOf(*sheets_)};
     for (const auto* const row : features_) sources.push_back(FileOf(*row));
     CheckTableOutput(path, sources, true);
