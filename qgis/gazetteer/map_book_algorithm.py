@@ -1,5 +1,6 @@
 """What both algorithms do first: look up features on sheets, which makes the table of listings."""
 
+import os
 import tempfile
 
 from qgis.core import (QgsProcessing, QgsProcessingAlgorithm, QgsProcessingException,
@@ -8,12 +9,14 @@ from qgis.core import (QgsProcessing, QgsProcessingAlgorithm, QgsProcessingExcep
 from . import parameters as p
 from .package import TemporaryPackage
 from .program import find_program, run_program
-from .sources import source_of_atlas, source_of_layer, source_of_parameter
+from .sources import file_of, source_of_atlas, source_of_layer, source_of_parameter
 
 LISTINGS = "LISTINGS"
 # Fields of the temporary tables, and of the listings where no better name is known.
 NAME_FIELD, APART_FIELD, PAGE_FIELD = "name", "Apart", "page"
 ROW_FIELD, COLUMN_FIELD = "row", "column"
+# Of the temporary tables and of the listings.
+TAKEN_FIELDS = {NAME_FIELD, "fid", "geom", "listing", "page", "row", "column", "part", "initial"}
 
 
 class MapBookAlgorithm(QgsProcessingAlgorithm):
@@ -46,6 +49,9 @@ class MapBookAlgorithm(QgsProcessingAlgorithm):
         selected_only = self.parameterAsBool(values, p.SELECTED, context)
         layers = self.parameterAsLayerList(values, p.LAYERS, context)
         self._features = [source_of_layer(layer, selected_only) for layer in layers]
+        read = [*layers, *(self.parameterAsVectorLayer(values, name, context)
+                           for name in (p.SHEETS, p.OWN_SQUARES))]
+        self._files = {os.path.realpath(file) for file in map(file_of, read) if file}
         self._names = self._names_by_layer(values, context)
         self._sheets, self._page = self._sheets_and_page(values, context)
         self._squares = self._source(values, p.OWN_SQUARES, context)
@@ -87,6 +93,9 @@ class MapBookAlgorithm(QgsProcessingAlgorithm):
     def locate(self, values, context, feedback):
         """Writes the table of listings. Returns its path, or nothing if the user cancels."""
         output = self.parameterAsOutputLayer(values, LISTINGS, context)
+        if os.path.realpath(output) in self._files:
+            raise QgsProcessingException(
+                f"The listings cannot be written to {output}: a layer is read from it.")
         with tempfile.TemporaryDirectory() as folder:
             package = TemporaryPackage(folder, context.transformContext())
             arguments = self._write_layers(package, values, context, feedback)
@@ -100,7 +109,9 @@ class MapBookAlgorithm(QgsProcessingAlgorithm):
         """The field of the table that tells listings of one name apart, or nothing."""
         expression = self._expression(values, p.APART, context)
         field = expression.strip('"')
-        return field if field.isidentifier() else APART_FIELD if expression else ""
+        if field.isidentifier() and field.lower() not in TAKEN_FIELDS:
+            return field
+        return APART_FIELD if expression else ""
 
     def _write_layers(self, package, values, context, feedback):
         """Arguments that name the layers, which are written to the package."""

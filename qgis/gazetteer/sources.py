@@ -31,6 +31,14 @@ def title_of(layer):
     return parts.get("layerName") or layer.name()
 
 
+def file_of(layer):
+    """The file that a layer is read from; empty for one that is in none."""
+    if not layer:
+        return ""
+    parts = QgsProviderRegistry.instance().decodeUri(layer.providerType(), layer.source())
+    return parts.get("path") or ""
+
+
 def _context(layer):
     context = QgsExpressionContext(QgsExpressionContextUtils.globalProjectLayerScopes(layer))
     context.lastScope().setVariable("layer_name", title_of(layer))

@@ -123,6 +123,8 @@ class QgisProcess(unittest.TestCase):
             ("no such layer", [listings, "--NAMES=lanes,name"], {}, 'There is no layer "lanes"'),
             ("told by the program", [listings, "--ROW_LABELS=A..C"], {},
              '--row-labels A..C: these are 3 labels, but the grid 7x5 has 7.'),
+            ("over a source", [f"--LISTINGS={TOWN}"], {},
+             f"The listings cannot be written to {TOWN}: a layer is read from it."),
             ("no program", [listings], {"program": "/no/gazetteer"},
              "There is no program /no/gazetteer;")]
         for name, arguments, given, sentence in cases:

@@ -61,7 +61,9 @@ LayerField::LayerField(const QString& name, const QString& fieldText, QStringLis
     layout->addLayout(choices);
     layout->addWidget(fault_);
     setFocusProxy(path_);
-    connect(path_, &PathField::Changed, this, &LayerField::ReadSource);
+    readSoon_.setSingleShot(true);
+    connect(&readSoon_, &QTimer::timeout, this, &LayerField::ReadSource);
+    connect(path_, &PathField::Changed, this, &LayerField::TakePath);
     connect(layer_, &QComboBox::currentTextChanged, this, &LayerField::ReadFields);
     connect(field_, &QComboBox::currentTextChanged, this, &LayerField::Changed);
 }
@@ -91,6 +93,16 @@ QStringList LayerField::Fields() const {
 
 void LayerField::SetPath(const QString& path) {
     path_->SetPath(path);
+}
+
+// A server is not asked at each key.
+void LayerField::TakePath() {
+    constexpr int kPause = 800;  // Milliseconds after which typing has ended.
+    readSoon_.stop();
+    if (!desk::FindTable(desk::FromQt(Source())).IsConnection()) return ReadSource();
+    usable_ = false;
+    readSoon_.start(kPause);
+    Q_EMIT Changed();
 }
 
 // A text being typed is no source until it names one.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <string>
@@ -35,6 +36,7 @@ Q_SIGNALS:
     void Changed();
 
 private:
+    void TakePath();
     void ReadSource();
     void ReadFields();
     void ShowFault(const QString& fault);
@@ -47,6 +49,7 @@ private:
     QStringList preferred_;
     QString layerPart_;
     bool usable_ = false;
+    QTimer readSoon_;
 };
 
 }  // namespace app

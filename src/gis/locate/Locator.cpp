@@ -76,7 +76,8 @@ std::unique_ptr<OGRCoordinateTransformation> TransformationTo(
 Locator::Locator(const Sheets& sheets, const OGRSpatialReference* reference, bool wantsSketch)
     : sheets_(sheets),
       transformation_(TransformationTo(sheets, reference)),
-      index_(geos_, BoxesOf(sheets)) {
+      index_(geos_, BoxesOf(sheets)),
+      own_(sheets.sheets.size()) {
     if (wantsSketch) sketchDistance_ = SketchDistance(sheets);
 }
 
@@ -98,7 +99,7 @@ LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
         const Sheet& sheet = sheets_.sheets[number];
         squares.clear();
         const bool isDone =
-            sheet.grid ? AddOnGrid(*sheet.grid, squares) : AddInSquares(sheet.squares, squares);
+            sheet.grid ? AddOnGrid(*sheet.grid, squares) : AddInSquares(number, squares);
         located.isBroken = located.isBroken || !isDone;
         MergeSquares(squares);
         for (const auto& square : squares)
@@ -158,30 +159,35 @@ bool Locator::AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares) {
     });
 }
 
-bool Locator::AddInSquares(const std::vector<OwnSquare>& own,
-                           std::vector<SquareExtent>& squares) const {
+bool Locator::AddInSquares(std::size_t sheet, std::vector<SquareExtent>& squares) {
+    if (own_[sheet].empty())
+        for (const auto& square : sheets_.sheets[sheet].squares)
+            own_[sheet].push_back(geos_.Copy(*square.area));
     bool isDone = true;
-    for (const Point& point : pieces_.points) isDone &= Divide(PointOf(point), own, squares);
-    for (const auto& line : pieces_.lines) isDone &= Divide(LineOf(line), own, squares);
+    for (const Point& point : pieces_.points) isDone &= Divide(PointOf(point), sheet, squares);
+    for (const auto& line : pieces_.lines) isDone &= Divide(LineOf(line), sheet, squares);
     for (const auto& area : pieces_.areas)
-        isDone &= Divide(geos_.Own(GEOSGeom_clone_r(geos_.Context(), area.get())), own, squares);
+        isDone &= Divide(geos_.Own(GEOSGeom_clone_r(geos_.Context(), area.get())), sheet, squares);
     return isDone;
 }
 
-bool Locator::Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
+bool Locator::Divide(Geos::Geometry piece, std::size_t sheet,
                      std::vector<SquareExtent>& squares) const {
     if (!piece) return false;
     const auto dimension = [&](const Geos::Geometry& geometry) {
         return GEOSGeom_getDimensions_r(geos_.Context(), geometry.get());
     };
     const int wanted = dimension(piece);
-    for (const auto& square : own) {
+    const auto& own = sheets_.sheets[sheet].squares;
+    for (std::size_t i = 0; i < own.size(); ++i) {
+        const OwnSquare& square = own[i];
         if (geos_.IsEmpty(piece)) return true;
         OGREnvelope box;
         GEOSGeom_getExtent_r(geos_.Context(), piece.get(), &box.MinX, &box.MinY, &box.MaxX,
                              &box.MaxY);
         if (square.box.Intersects(box) == 0) continue;
-        const auto area = geos_.Copy(*square.area);
+        const Geos::Geometry& area = own_[sheet][i];
+        if (!area) return false;
         const auto inside = geos_.Intersection(piece.get(), area.get());
         if (!inside) return false;
         if (geos_.IsEmpty(inside) || dimension(inside) != wanted) continue;

@@ -45,10 +45,9 @@ private:
     bool TakeArea(const OGRGeometry& polygon, LocatedGeometry& located);
     bool AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares);
     /// These two return false if GEOS fails.
-    bool AddInSquares(const std::vector<OwnSquare>& own, std::vector<SquareExtent>& squares) const;
+    bool AddInSquares(std::size_t sheet, std::vector<SquareExtent>& squares);
     /// Gives the piece to the squares one after the other; what one has is not given to the next.
-    bool Divide(Geos::Geometry piece, const std::vector<OwnSquare>& own,
-                std::vector<SquareExtent>& squares) const;
+    bool Divide(Geos::Geometry piece, std::size_t sheet, std::vector<SquareExtent>& squares) const;
     Geos::Geometry PointOf(const Point& point) const;
     Geos::Geometry LineOf(const std::vector<Point>& line) const;
 
@@ -57,6 +56,7 @@ private:
     std::optional<double> sketchDistance_;
     Geos geos_;
     BoxIndex index_;
+    std::vector<std::vector<Geos::Geometry>> own_;  ///< Squares of one's own, by sheet, once used.
     Pieces pieces_;
     std::vector<Point> line_;  ///< Scratch.
 };
