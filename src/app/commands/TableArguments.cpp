@@ -18,7 +18,7 @@ void AddOutput(CLI::App& command, Options& options) {
     command.add_flag("--force", options.force, "Replace a table that exists");
 }
 
-// An option that may stand behind each source, once.
+// Adds an option that stands behind a source and belongs to it.
 void AddOfSource(CLI::App& command, const char* name, const char* text) {
     static std::vector<std::string> ignored;  // TakeFeatures reads the options themselves.
     AddText(command, name, ignored, text)

@@ -14,8 +14,8 @@ bool IsSameFile(const std::string& one, const std::string& other);
 /// Returns true if a file is a table or one that is read with it: its code page or memos.
 bool IsOfTable(const std::string& path, const std::string& table);
 
-/// Throws CommandError if the folder of a file to be written is missing, before long work is done
-/// in vain.
+/// Throws CommandError if the folder of a file to be written does not exist. Called before long
+/// work.
 void CheckFolderOf(const std::string& path);
 
 /// Throws CommandError if there is a file at the path that is no document and holds anything.

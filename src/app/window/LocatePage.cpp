@@ -16,10 +16,10 @@
 #include <QSortFilterProxyModel>
 #include <QSpinBox>
 #include <QStringListModel>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include "app/document/Errors.h"
+#include "app/window/GridControls.h"
 #include "app/window/LayerField.h"
 #include "app/window/PathField.h"
 #include "app/window/SheetsMap.h"
@@ -31,58 +31,8 @@
 namespace app {
 namespace {
 
-constexpr int kMostSquares = 1000;  // Of a row or a column.
 constexpr int kReportLines = 5;
 constexpr int kNameCharacters = 24;
-
-QSpinBox* Count(const char* name, int value, QWidget* parent) {
-    auto* box = new QSpinBox(parent);
-    box->setObjectName(name);
-    box->setRange(0, kMostSquares);
-    box->setSpecialValueText("none");
-    box->setValue(value);
-    return box;
-}
-
-QLineEdit* LabelsLine(const char* name, QWidget* parent) {
-    auto* line = new QLineEdit(parent);
-    line->setObjectName(name);
-    return line;
-}
-
-// What labels squares have that are given none.
-QString DefaultLabels(int count, bool areLetters) {
-    constexpr int kLetters = 26;
-    if (count == 0) return {};
-    if (areLetters && count <= kLetters) return QString("A..%1").arg(QChar('A' + count - 1));
-    return QString("1..%1").arg(count);
-}
-
-// Adds a row with a number of squares and their labels.
-void AddSide(QFormLayout& form, const char* text, QSpinBox* count, QLineEdit* labels) {
-    auto* name = new QLabel(text, count->parentWidget());
-    name->setBuddy(count);
-    auto* row = new QHBoxLayout;
-    row->addWidget(count);
-    row->addWidget(new QLabel("labels", count->parentWidget()));
-    row->addWidget(labels, 1);
-    form.addRow(name, row);
-}
-
-// Narrow windows scroll the choices.
-QScrollArea* Scrolled(QWidget* choices, QWidget* parent) {
-    auto* area = new QScrollArea(parent);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(choices);
-    // The page behind shows through.
-    area->viewport()->setAutoFillBackground(false);
-    choices->setAutoFillBackground(false);
-    const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    area->setMinimumWidth(choices->sizeHint().width() + bar);
-    return area;
-}
 
 std::string FileOf(const LayerField& field) {
     return desk::FindTable(desk::FromQt(field.Path())).File();
@@ -102,6 +52,13 @@ LocatePage::LocatePage(WindowSession& session, QWidget* parent)
 
 QWidget* LocatePage::Choices() {
     auto* choices = new QWidget(this);
+    MakeControls(choices);
+    LayOut(choices);
+    ConnectControls();
+    return choices;
+}
+
+void LocatePage::MakeControls(QWidget* choices) {
     auto* rows = new QWidget(choices);
     featureRows_ = new QVBoxLayout(rows);
     featureRows_->setContentsMargins(0, 0, 0, 0);
@@ -126,10 +83,12 @@ QWidget* LocatePage::Choices() {
                                                 "Tables (*.dbf *.gpkg *.csv)");
         },
         choices);
+}
 
+void LocatePage::LayOut(QWidget* choices) {
     auto* form = new QFormLayout(choices);
     form->setContentsMargins(0, 0, 0, 0);
-    form->addRow("&Features:", rows);
+    form->addRow("&Features:", featureRows_->parentWidget());
     form->addRow("&Sheets:", sheets_);
     AddSide(*form, "Grid &rows:", rows_, rowLabels_);
     AddSide(*form, "Grid &columns:", columns_, columnLabels_);
@@ -137,6 +96,9 @@ QWidget* LocatePage::Choices() {
     form->addRow("S&quares of a sheet:", squares_);
     form->addRow("&Tell apart by:", apart_);
     form->addRow("Listing &table:", table_);
+}
+
+void LocatePage::ConnectControls() {
     for (auto* const box : {rows_, columns_})
         connect(box, &QSpinBox::valueChanged, this, &LocatePage::TakeChange);
     for (auto* const line : {rowLabels_, columnLabels_})
@@ -149,7 +111,6 @@ QWidget* LocatePage::Choices() {
         tableChosen_ = table_->Path() != ProposedTable();
         Q_EMIT Changed();
     });
-    return choices;
 }
 
 QWidget* LocatePage::Found() {

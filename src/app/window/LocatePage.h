@@ -42,6 +42,9 @@ Q_SIGNALS:
 
 private:
     QWidget* Choices();
+    void MakeControls(QWidget* choices);
+    void LayOut(QWidget* choices);
+    void ConnectControls();
     QWidget* Found();
     void AddFeatures();
     void TakeChange();

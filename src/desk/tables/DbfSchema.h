@@ -26,7 +26,7 @@ struct DbfField : gis::SourceField {
     }
 };
 
-/// Everything needed to read the records of a table, and what is told of it.
+/// The header, fields and text encoding of a table, with the notes about it.
 struct DbfSchema {
     /// Opens a dBase file. Throws host::Failure with a sentence that names file and fault.
     explicit DbfSchema(const std::string& path);

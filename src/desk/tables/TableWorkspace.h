@@ -16,7 +16,7 @@ public:
     explicit TableWorkspace(std::string folder, std::string beside = {})
         : folder_(std::move(folder)), beside_(std::move(beside)) {}
 
-    /// Opens a table of the folder, whatever its format; FindTable says how it is found.
+    /// Opens a table of the folder in any format. FindTable resolves the name.
     host::Ref<host::IHostTable> OpenTable(const std::string& name) override;
     host::Ref<host::IHostTable> CreateTable(const std::string& name,
                                             const host::Ref<host::IHostFields>& fields,

@@ -7,7 +7,8 @@
 
 namespace gis {
 
-/// What is told of a table while it is read, one sentence each that begins with the table's path.
+/// Collects the notes about a table while it is read. Each is one sentence that begins with the
+/// table's path.
 class TableNotes {
 public:
     explicit TableNotes(std::string path) : path_(std::move(path)) {}

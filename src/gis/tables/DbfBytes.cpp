@@ -32,7 +32,7 @@ void MendField(std::span<unsigned char> table, std::size_t offset, std::size_t l
 }  // namespace
 
 void MendDbf(std::span<unsigned char> table, const std::vector<SourceField>& fields) {
-    std::size_t offset = 1;  // Behind the mark of deletion.
+    std::size_t offset = 1;  // The first byte is the deletion flag.
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const auto entry = table.subspan((i + 1) * kEntry, kEntry);
         const bool isLogical = fields[i].kind == FieldKind::Logical;
