@@ -47,17 +47,17 @@ void AddSide(QFormLayout& form, const char* text, QSpinBox* count, QLineEdit* la
     form.addRow(name, row);
 }
 
-QScrollArea* Scrolled(QWidget* choices, QWidget* parent) {
+QScrollArea* Scrolled(QWidget* controls, QWidget* parent) {
     auto* area = new QScrollArea(parent);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(choices);
+    area->setWidget(controls);
     // The page behind shows through.
     area->viewport()->setAutoFillBackground(false);
-    choices->setAutoFillBackground(false);
+    controls->setAutoFillBackground(false);
     const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    area->setMinimumWidth(choices->sizeHint().width() + bar);
+    area->setMinimumWidth(controls->sizeHint().width() + bar);
     return area;
 }
 
