@@ -79,6 +79,8 @@ void CVNGazetteerManager::BindSettings(const Ref<IHostGroupElement>& indexElemen
     indexElement_ = indexElement;
     properties_ = StoredGazetteerProperties(indexElement_);
     ReadSettings(*host_, *properties_, settings_);
+    settings_.typesetting =
+        StoredTypesetting(indexElement_, host_->Locale()).value_or(Typesetting());
     canDraw_ = settings_.canDrawIndex;
     check_.sectionKeys.clear();
     check_.templateKeys.clear();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/Host.h"
+#include "model/Typesetting.h"
 
 namespace gazetteer {
 
@@ -69,6 +70,9 @@ struct Settings {
     /// The verdict at the last edit, by the property page or a command.
     bool canDrawIndex = false;
     std::int32_t version = kSchemaVersion;
+
+    /// From a set of its own beside this one; ReadSettings leaves it as it is.
+    Typesetting typesetting;
 };
 
 /// Which keys are read.
