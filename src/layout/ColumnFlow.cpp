@@ -1,6 +1,7 @@
 #include "layout/ColumnFlow.h"
 
-#include "layout/RowElements.h"
+#include <utility>
+
 #include "layout/TitlesAndBreaks.h"
 #include "support/Conversions.h"
 
@@ -13,26 +14,32 @@ FrameBounds ReadFrame(const host::IHostElement& element) {
     return {bounds->TopLeft(), bounds->Width(), bounds->Height()};
 }
 
-ColumnFlow::ColumnFlow(LayoutPass& pass, const FrameBounds& frame, FlowListener& listener)
+ColumnFlow::ColumnFlow(LayoutPass& pass, FlowRows& rows, const FrameBounds& frame,
+                       FlowListener& listener)
     : pass_(pass),
+      typesetting_(pass.GetSettings().typesetting),
+      rows_(rows),
       listener_(listener),
       frame_(frame),
       hasTitle_(pass.HasTitle()),
       hasBreak_(pass.HasBreak()) {
+    pass.MirrorBetween(frame.topLeft->X(), frame.topLeft->X() + frame.width);
     StartPage();
 }
 
 ColumnFlow::Step ColumnFlow::Feed(const std::string& rowKey) {
     if (!PlaceTitle()) return Step::TitleTooHigh;
-    if (atFirstListing_ && NeedsTopMostBreak(pass_)) PlaceBreak(rowKey);
-    atFirstListing_ = false;
     if (carried_) PlaceCarried();
-    if (hasBreak_ && hasPrevious_ && RowNeedsBreak(pass_, rowKey, previousRow_)) PlaceBreak(rowKey);
+    const bool due = IsHeadingDue(rowKey);
+    const bool onTop = pageIsEmpty_ && (typesetting_.keepHeadings || !rowBefore_.empty());
+    if (onTop)
+        PlaceHeadingOnTop({rowKey, rowBefore_, due});
+    else if (due && !typesetting_.keepHeadings)
+        PlaceHeadingIfItFits(rowKey);
 
-    double width = 0;
-    const Step step = PlaceListing(rowKey, width) ? Step::GoOn : Overflow(rowKey, width);
+    const Step step = PlaceListing(rowKey, due && !onTop && typesetting_.keepHeadings);
     hasPrevious_ = true;
-    previousRow_ = rowKey;
+    rowBefore_ = rowKey;
     return step;
 }
 
@@ -42,64 +49,89 @@ void ColumnFlow::Finish() {
 
 bool ColumnFlow::PlaceTitle() {
     if (!hasTitle_ || !topOfGroup_) return true;
-    auto group = MakeTitleGroup(pass_, *pen_);
-    const double height = pass_.GetElementHeight(*group);
-    usedHeight_ += height;
+    auto title = rows_.Title(*pen_);
+    usedHeight_ += title.height;
     if (usedHeight_ > frame_.height) return false;
-    Place({Kind::Title, {}, std::move(group), height});
+    Place({Kind::Title, {}, std::move(title.group), title.height});
     topOfGroup_ = false;
     return true;
 }
 
-// A break that does not fit is dropped; it does not move with its row.
-void ColumnFlow::PlaceBreak(const std::string& rowKey) {
-    auto group = MakeBreakGroup(pass_, rowKey, *pen_, alternate_);
-    const double height = pass_.GetElementHeight(*group);
-    if (usedHeight_ + height > frame_.height) return listener_.HeadingLeftOut(rowKey);
-    usedHeight_ += height;
-    Place({Kind::Break, rowKey, std::move(group), height});
-    alternate_ = !alternate_;
+bool ColumnFlow::IsHeadingDue(const std::string& rowKey) {
+    if (std::exchange(atFirstListing_, false)) return NeedsTopMostBreak(pass_);
+    return hasBreak_ && !rowBefore_.empty() && rows_.BeginsLetter(rowKey, rowBefore_);
+}
+
+// A heading that does not fit is dropped; it does not move with its row.
+void ColumnFlow::PlaceHeadingIfItFits(const std::string& rowKey) {
+    auto heading = BuildHeading(rowKey, HeadingKind::Letter);
+    if (usedHeight_ + heading.height > GroupHeight()) return listener_.HeadingLeftOut(rowKey);
+    PlaceHeading(rowKey, std::move(heading));
+}
+
+// Over the first listing of a column group. No test of height: see PlaceCarried.
+void ColumnFlow::PlaceHeadingOnTop(const Carried& row) {
+    if (row.beginsLetter) {
+        if (typesetting_.keepHeadings)
+            PlaceHeading(row.rowKey, BuildHeading(row.rowKey, HeadingKind::Letter));
+        return;
+    }
+    const bool here = pageIsEmpty_ || typesetting_.continuedAt == kAtColumnGroup;
+    if (here && !typesetting_.continued.empty() && !row.rowBefore.empty() &&
+        rows_.HasLetter(row.rowKey))
+        PlaceHeading(row.rowKey, BuildHeading(row.rowKey, HeadingKind::Continued));
 }
 
 // No test of height: at the top of a column group a row stands even if it is higher than the frame.
 void ColumnFlow::PlaceCarried() {
-    auto group = MakeRowGroup(pass_, carriedRow_, *pen_, alternate_);
-    const double height = pass_.GetElementHeight(*group);
-    usedHeight_ += height;
-    Place({Kind::Carried, carriedRow_, std::move(group), height});
+    const Carried row = *std::exchange(carried_, std::nullopt);
+    PlaceHeadingOnTop(row);
+    auto listing = rows_.Listing(row.rowKey, *pen_, alternate_);
+    usedHeight_ += listing.height;
+    Place({Kind::Carried, row.rowKey, std::move(listing.group), listing.height});
     alternate_ = !alternate_;
-    carried_ = false;
     pageIsEmpty_ = false;
 }
 
 // The first listing of a page is placed even if it does not fit, as a carried row is: moving it on
-// would leave a page without rows.
-bool ColumnFlow::PlaceListing(const std::string& rowKey, double& width) {
-    PlacedRow row{Kind::Listing, rowKey, MakeRowGroup(pass_, rowKey, *pen_, alternate_)};
-    row.height = pass_.GetElementHeight(*row.group);
-    usedHeight_ += row.height;
-    if (usedHeight_ > frame_.height && !pageIsEmpty_) {
-        width = pass_.GetElementWidth(*row.group);
-        listener_.GroupFull(frame_.height + row.height - usedHeight_);
-        return false;
+// would leave a page without rows. A heading and its listing fit together or not at all.
+ColumnFlow::Step ColumnFlow::PlaceListing(const std::string& rowKey, bool withHeading) {
+    const double used = usedHeight_;
+    const double top = pen_->Y();
+    BuiltRow heading;
+    if (withHeading) heading = BuildHeading(rowKey, HeadingKind::Letter);
+    const bool alternate = alternate_ != (withHeading && !typesetting_.plainHeadings);
+    pen_->SetY(top - heading.height);
+    auto listing = rows_.Listing(rowKey, *pen_, alternate);
+    pen_->SetY(top);
+    const double height = heading.height + listing.height;
+    usedHeight_ += height;
+    if (usedHeight_ > GroupHeight() && !pageIsEmpty_) {
+        const double width = rows_.WidthOf(rowKey, listing);
+        listener_.GroupFull(GroupHeight() + height - usedHeight_);
+        return Overflow({rowKey, rowBefore_, withHeading}, width);
     }
-    listener_.Placing(row, hasPrevious_, previousRow_);
+    usedHeight_ = used;
+    if (withHeading) PlaceHeading(rowKey, std::move(heading));
+    usedHeight_ += listing.height;
+    PlacedRow row{Kind::Listing, rowKey, std::move(listing.group), listing.height};
+    listener_.Placing(row, hasPrevious_, hasPrevious_ ? rowBefore_ : std::string());
     Place(std::move(row));
     alternate_ = !alternate_;
     pageIsEmpty_ = false;
-    return true;
+    return Step::GoOn;
 }
 
 // One gap only counts here, however many column groups the page holds already; the pen, by
 // contrast, moves by width and gap of each.
-ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
+ColumnFlow::Step ColumnFlow::Overflow(Carried row, double width) {
     const Settings& settings = pass_.GetSettings();
-    carried_ = true;
-    carriedRow_ = rowKey;
+    carried_ = std::move(row);
     usedWidth_ += width;
     if (settings.repeatColumns && usedWidth_ + settings.repeatSpacing + width < frame_.width) {
         pen_->SetX(pen_->X() + width + settings.repeatSpacing);
         roomAtSide_ -= width + settings.repeatSpacing;
+        ++group_;
         StartGroup();
         return Step::GoOn;
     }
@@ -107,8 +139,22 @@ ColumnFlow::Step ColumnFlow::Overflow(const std::string& rowKey, double width) {
     return Step::PageFull;
 }
 
+BuiltRow ColumnFlow::BuildHeading(const std::string& rowKey, HeadingKind kind) {
+    return rows_.Heading(rowKey, kind, *pen_, alternate_ && !typesetting_.plainHeadings);
+}
+
+void ColumnFlow::PlaceHeading(const std::string& rowKey, BuiltRow heading) {
+    usedHeight_ += heading.height;
+    Place({Kind::Break, rowKey, std::move(heading.group), heading.height});
+    if (!typesetting_.plainHeadings) alternate_ = !alternate_;
+}
+
+double ColumnFlow::GroupHeight() const {
+    return group_ < groupHeights_.size() ? groupHeights_[group_] : frame_.height;
+}
+
 void ColumnFlow::Place(PlacedRow row) {
-    row.room = frame_.height - usedHeight_;
+    row.room = GroupHeight() - usedHeight_;
     row.roomAtSide = roomAtSide_;
     listener_.Placed(row);
     pen_->SetY(pen_->Y() - row.height);
@@ -124,6 +170,7 @@ void ColumnFlow::StartGroup() {
 void ColumnFlow::StartPage() {
     pen_ = host::As<host::IHostPoint>(frame_.topLeft->Copy());
     usedWidth_ = 0;
+    group_ = 0;
     roomAtSide_ = frame_.width;
     for (const LayoutColumn& column : pass_.Columns()) roomAtSide_ -= column.properties.columnWidth;
     pageIsEmpty_ = true;

@@ -17,11 +17,20 @@ LayoutColumn MakeColumn(const std::string& name, const Settings& settings,
     throw;
 }
 
+// The column whose texts decide the order of the listings; empty where none does.
+std::string PrimarySortColumn(const Settings& settings) {
+    if (!settings.sortColumns) return {};
+    const auto order = settings.columnSortOrder->AllItems();
+    for (std::size_t i = 0; i < order.names.size(); ++i)
+        if (ToBoolean(order.values[i])) return order.names[i];
+    return {};
+}
+
 }  // namespace
 
-const std::string& LayoutColumn::Cell(const std::string& rowKey, host::IHostLocale& locale) {
-    for (const Known& cell : known_)
-        if (cell.isSet && cell.rowKey == rowKey) return cell.text;
+LayoutColumn::Known& LayoutColumn::Read(const std::string& rowKey, host::IHostLocale& locale) {
+    for (Known& cell : known_)
+        if (cell.isSet && cell.rowKey == rowKey) return cell;
     Known& cell = known_[oldest_];
     try {
         cell = {rowKey, ToText(listings->Item(rowKey), locale), true};
@@ -31,7 +40,13 @@ const std::string& LayoutColumn::Cell(const std::string& rowKey, host::IHostLoca
         throw;
     }
     oldest_ = 1 - oldest_;
-    return cell.text;
+    return cell;
+}
+
+const std::string& LayoutColumn::IndexLetter(const std::string& rowKey, host::IHostLocale& locale) {
+    Known& cell = Read(rowKey, locale);
+    if (!cell.letter) cell.letter = letters->IndexLetter(cell.text);
+    return *cell.letter;
 }
 
 LayoutPass::LayoutPass(host::IHost& host, const Settings& settings, const WorkingResults& results,
@@ -48,6 +63,24 @@ LayoutPass::LayoutPass(host::IHost& host, const Settings& settings, const Workin
       bounds_(host.NewEnvelope()) {
     for (const std::string& name : NamesOf(*settings.columnDisplayOrder))
         columns_.push_back(MakeColumn(name, settings, results, host.Locale()));
+    SetIndexLetters();
+}
+
+// Only in the order of the locale has each letter its listings in one run.
+void LayoutPass::SetIndexLetters() {
+    if (settings_.typesetting.headingGroups != kByAlphabet) return;
+    auto* const letters = dynamic_cast<host::IHostIndexLetters*>(&host_.Locale());
+    const std::string primary = PrimarySortColumn(settings_);
+    for (LayoutColumn& column : columns_)
+        if (column.properties.breakColumn && column.name == primary) column.letters = letters;
+}
+
+void LayoutPass::MirrorBetween(double left, double right) {
+    const std::string& direction = settings_.typesetting.direction;
+    auto* const locale = dynamic_cast<host::IHostWritingDirection*>(&host_.Locale());
+    if (direction == kRightToLeft ||
+        (direction == kByLocale && locale != nullptr && locale->IsRightToLeft()))
+        mirror_ = left + right;
 }
 
 const host::IHostEnvelope& LayoutPass::GetElementBounds(host::IHostElement& element) try {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "host/Host.h"
+#include "host/LocaleRules.h"
 #include "layout/RowTree.h"
 #include "layout/TextFit.h"
 #include "model/ColumnProperties.h"
@@ -28,14 +30,25 @@ public:
     host::Ref<host::IHostPropertySet> listings;  ///< Row key to cell text.
 
     /// Text of a row's cell; valid until two more rows are read. Fails for a row without one.
-    const std::string& Cell(const std::string& rowKey, host::IHostLocale& locale);
+    const std::string& Cell(const std::string& rowKey, host::IHostLocale& locale) {
+        return Read(rowKey, locale).text;
+    }
+    /// The letter of a row's cell in the index of the locale, valid as long; empty for a digit or
+    /// sign. Requires letters.
+    const std::string& IndexLetter(const std::string& rowKey, host::IHostLocale& locale);
+
+    /// Where the headings of the column are letters of the locale's index; else null.
+    host::IHostIndexLetters* letters = nullptr;
 
 private:
     struct Known {
         std::string rowKey;
         std::string text;
         bool isSet = false;
+        std::optional<std::string> letter = {};
     };
+    Known& Read(const std::string& rowKey, host::IHostLocale& locale);
+
     /// The last two: of a row, and of the one before, with whose letter its own is compared.
     std::array<Known, 2> known_;
     std::size_t oldest_ = 0;
@@ -70,12 +83,21 @@ public:
     const std::vector<std::string>& BrokenColumns() const { return brokenColumns_; }
     const host::Ref<host::IHostFillSymbol>& TransparentFill() const { return transparentFill_; }
 
+    /// Lays the columns from right to left where the settings ask for it, between the edges of a
+    /// frame, in inches.
+    void MirrorBetween(double left, double right);
+    bool IsMirrored() const { return mirror_.has_value(); }
+    /// The place on the other side of the frame's middle. Requires mirrored columns.
+    double Mirrored(double x) const { return *mirror_ - x; }
+
     /// Some column shows its title.
     bool HasTitle() const;
     /// The first letters of some column decide the breaks.
     bool HasBreak() const;
 
 private:
+    void SetIndexLetters();
+
     host::IHost& host_;
     const Settings& settings_;
     const WorkingResults& results_;
@@ -87,6 +109,7 @@ private:
     host::Ref<host::IHostEnvelope> bounds_;
     std::vector<LayoutColumn> columns_;
     std::vector<std::string> brokenColumns_;
+    std::optional<double> mirror_;  ///< Sum of two places that are each other's mirror.
 };
 
 }  // namespace gazetteer

@@ -2,10 +2,14 @@
 
 #include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "layout/Balance.h"
 #include "layout/LayoutPass.h"
 #include "layout/RowElements.h"
 #include "layout/RowTree.h"
+#include "layout/SetRows.h"
 #include "layout/StoredPages.h"
 #include "listings/RepeatingText.h"
 #include "model/DefaultSymbols.h"
@@ -38,16 +42,17 @@ public:
         group_->Add(row.group);
         // A carried row is not stretched: the row before it is, even if that is in the column
         // group before.
-        if (row.kind == PlacedRow::Kind::Break || row.kind == PlacedRow::Kind::Listing)
+        if (row.kind == PlacedRow::Kind::Break || row.kind == PlacedRow::Kind::Listing) {
             lastPlaced_ = row.group;
+            lastHeight_ = row.height;
+        }
         reachesFoot_ = row.kind == PlacedRow::Kind::Listing &&
                        (atLastRowOfMany_ || pass_.GetSettings().samplePage);
         if (reachesFoot_) Stretch(row.group, row.height, row.room);
     }
 
     void GroupFull(double room) override {
-        if (lastPlaced_ && !reachesFoot_)
-            Stretch(lastPlaced_, pass_.GetElementHeight(*lastPlaced_), room);
+        if (lastPlaced_ && !reachesFoot_) Stretch(lastPlaced_, lastHeight_, room);
     }
 
 private:
@@ -59,19 +64,23 @@ private:
     LayoutPass& pass_;
     Ref<IHostGroupElement> group_;
     Ref<IHostElement> lastPlaced_;
+    double lastHeight_ = 0;
     bool reachesFoot_ = false;      // The row placed last is stretched already.
     bool atLastRowOfMany_ = false;  // The row is the page's last, and a page follows.
 };
 
 void PlaceRows(LayoutPass& pass, const Ref<IHostGroupElement>& group, const FrameBounds& frame,
-               const std::vector<std::string>& rows, std::int32_t pageNumber) {
+               const StoredPage& page, std::vector<double> groupHeights) {
     PageDrawer drawer(pass, group);
-    const bool pageFollows = pageNumber != pass.Results().pageCount;
+    const auto rows = MakeFlowRows(pass);
+    ColumnFlow flow(pass, *rows, frame, drawer);
+    flow.SetGroupHeights(std::move(groupHeights));
+    const bool pageFollows = page.number != pass.Results().pageCount;
     const std::string placing =
-        "Page " + std::to_string(pageNumber) + ": Placing listings on layout: ";
+        "Page " + std::to_string(page.number) + ": Placing listings on layout: ";
     Status status(pass.Host());
-    const std::int64_t count = std::ssize(rows);
-    FeedStoredPage(pass, frame, rows, pageNumber, drawer, [&](std::int64_t i) {
+    const std::int64_t count = std::ssize(page.rows);
+    FeedPage(flow, page, [&](std::int64_t i) {
         status.Show(placing.c_str(), i, i + 1, count);
         drawer.SetAtLastRow(pageFollows && i + 1 == count);
     });
@@ -123,11 +132,20 @@ bool DrawPage(host::IHost& host, const Settings& settings, const WorkingResults&
     RemoveMembers(*group, MembersTagged(*group, {kTitleGroupTag, kRowGroupTag, kBreakGroupTag,
                                                  kSampleLabelTag, kColumnTextTag}));
     const FrameBounds frame = ReadFrame(*group);
-    const auto page = SetUnder(*results.pageGroups, std::to_string(pageNumber));
-    if (page->Count() == 0) return false;
+    const StoredPage page = ReadStoredPage(settings, results, pageNumber);
+    if (page.rows.empty()) return false;
 
-    LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Keep);
-    PlaceRows(pass, group, frame, NamesOf(*page), pageNumber);
+    const auto newPass = [&](RowSource::Use use) {
+        return LayoutPass(host, settings, results, transparentFill, display, use);
+    };
+    std::vector<double> heights;
+    if (settings.typesetting.balanceLastPage && pageNumber == results.pageCount &&
+        !settings.samplePage) {
+        LayoutPass measuring = newPass(RowSource::Use::Measure);
+        heights = BalancedHeights(measuring, frame, page);
+    }
+    LayoutPass pass = newPass(RowSource::Use::Keep);
+    PlaceRows(pass, group, frame, page, std::move(heights));
 
     BringTitlesToFront(*group);
     if (settings.samplePage) AddSampleLabel(host, *group);

@@ -6,6 +6,7 @@
 #include "layout/ColumnFlow.h"
 #include "layout/LayoutPass.h"
 #include "layout/PlacementFindings.h"
+#include "layout/SetRows.h"
 #include "listings/FirstLast.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
@@ -59,7 +60,8 @@ std::string PlacingText(std::int32_t page) {
 
 // Feeds all listings to the flow; every overflow of the page's width closes a page.
 void PlaceListings(LayoutPass& pass, const FrameBounds& frame, PageRecorder& pages) {
-    ColumnFlow flow(pass, frame, pages);
+    const auto built = MakeFlowRows(pass);
+    ColumnFlow flow(pass, *built, frame, pages);
     flow.SetAtFirstListing();
     Status status(pass.Host());
     std::string placing;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "layout/CellStyle.h"
 #include "support/ErrorHandling.h"
 #include "support/Text.h"
 
@@ -29,18 +30,10 @@ Alignment AlignmentOf(const ColumnProperties& column, const std::string& name, d
     return {-1, column.marginLeft};
 }
 
-const Ref<host::IHostTextSymbol>& TextSymbolOf(const ColumnProperties& column, RowKind kind) {
-    if (kind == RowKind::Title) return column.titleFontSymbol;
-    if (kind == RowKind::Break) return column.breakFontSymbol;
-    return column.columnFontSymbol;
-}
-
-const Ref<host::IHostFillSymbol>& FillOf(const LayoutPass& pass, const ColumnProperties& column,
-                                         bool alternate, RowKind kind) {
-    if (kind == RowKind::Title) return column.titleBackgroundSymbol;
-    if (!column.colorBackground) return pass.TransparentFill();
-    if (!alternate || !column.alternateBackground) return column.backgroundSymbol;
-    return column.alternateBackgroundSymbol;
+// Left and right change places; justified text hangs at the right.
+std::int32_t MirroredPlacement(std::int32_t placement) {
+    if (placement == 0 || placement == 3) return 2;
+    return placement == 2 ? 0 : placement;
 }
 
 void FillText(LayoutPass& pass, host::IHostTextElement& element, std::string& text,
@@ -48,7 +41,9 @@ void FillText(LayoutPass& pass, host::IHostTextElement& element, std::string& te
               const Alignment& alignment) {
     const auto& symbol = TextSymbolOf(column, kind);
     symbol->SetVerticalPlacement(kMiddle);
-    if (alignment.placement >= 0) symbol->SetHorizontalPlacement(alignment.placement);
+    if (alignment.placement >= 0)
+        symbol->SetHorizontalPlacement(pass.IsMirrored() ? MirroredPlacement(alignment.placement)
+                                                         : alignment.placement);
     element.SetSymbol(symbol);
     std::string blank = kBlank;
     const bool hidden = kind == RowKind::Break && !column.breakHeading;
@@ -56,11 +51,13 @@ void FillText(LayoutPass& pass, host::IHostTextElement& element, std::string& te
     element.SetScaleWithPage(false);
 }
 
-void FillBackground(const CellElements& cell, const Ref<host::IHostFillSymbol>& fill,
-                    const IHostPoint& position, double width, double height) {
+void FillBackground(const LayoutPass& pass, const CellElements& cell,
+                    const Ref<host::IHostFillSymbol>& fill, const IHostPoint& position,
+                    double width, double height) {
     cell.background->SetSymbol(fill);
     cell.box->SetCoords(0, 0, width, height);
-    cell.box->Shift(position.X(), position.Y() - height);
+    const double left = pass.IsMirrored() ? pass.Mirrored(position.X() + width) : position.X();
+    cell.box->Shift(left, position.Y() - height);
     cell.background->SetGeometry(cell.box);
 }
 
@@ -79,19 +76,19 @@ void MakeRowElement(LayoutPass& pass, const CellElements& cell, std::string& tex
                     const ColumnProperties& column, bool alternate, const IHostPoint& position,
                     RowKind kind) try {
     text = ReplaceAll(std::move(text), kLastCombineToken, "");
-    const double textWidth = column.columnWidth - column.marginLeft - column.marginRight;
-    const Alignment alignment = AlignmentOf(
-        column, kind == RowKind::Title ? column.titleAlignment : column.alignment, textWidth);
+    const double textWidth = InnerWidth(column);
+    const Alignment alignment = AlignmentOf(column, AlignmentName(column, kind), textWidth);
     FillText(pass, *cell.text, text, column, kind, textWidth, alignment);
 
     const double textHeight = pass.Text().GetTextSize(*cell.text).height;
     const bool isHeading = kind == RowKind::Break && column.breakHeading;
     double cellHeight = textHeight + column.marginTop + column.marginBottom;
     if (isHeading && text != kBlank) cellHeight += column.breakSpacing;
-    FillBackground(cell, FillOf(pass, column, alternate, kind), position, column.columnWidth,
+    FillBackground(pass, cell, FillOf(pass, column, alternate, kind), position, column.columnWidth,
                    cellHeight);
 
-    cell.anchor->SetX(position.X() + alignment.anchor);
+    const double anchor = position.X() + alignment.anchor;
+    cell.anchor->SetX(pass.IsMirrored() ? pass.Mirrored(anchor) : anchor);
     cell.anchor->SetY(position.Y() - column.marginTop - textHeight / 2 -
                       (isHeading ? column.breakSpacing : 0));
     cell.text->SetGeometry(cell.anchor);

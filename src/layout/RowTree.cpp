@@ -29,6 +29,13 @@ CellElements RowSource::NewCell(host::IHost& host) {
     return elements;
 }
 
+host::Ref<host::IHostTextElement> RowSource::AddText(host::IHost& host, const CellElements& cell) {
+    auto text = host.NewTextElement();
+    nameOfText_(text.get())->SetName(kColumnTextTag);
+    cell.cell->Add(text);
+    return text;
+}
+
 RowElements RowSource::NewRow(host::IHost& host, RowKind kind, std::size_t columns) {
     RowElements row{host.NewGroupElement(), {}};
     nameOfGroup_(row.group.get())->SetName(GroupTag(kind));

@@ -58,6 +58,9 @@ public:
 
     /// A row to fill. With Use::Measure, the same one for every call of the kind.
     const RowElements& Take(host::IHost& host, RowKind kind, std::size_t columns);
+    /// Adds another text on top of a cell.
+    host::Ref<host::IHostTextElement> AddText(host::IHost& host, const CellElements& cell);
+    bool IsMeasuring() const { return use_ == Use::Measure; }
 
 private:
     /// A row of as many cells, tagged, without texts and places.

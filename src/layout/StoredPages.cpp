@@ -4,6 +4,7 @@
 
 #include "layout/PageGroups.h"
 #include "layout/PlacementFindings.h"
+#include "layout/SetRows.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
@@ -45,18 +46,28 @@ bool AreSamePages(const IHostPropertySet& left, const IHostPropertySet& right) {
 
 }  // namespace
 
-std::size_t FeedStoredPage(LayoutPass& pass, const FrameBounds& frame,
-                           const std::vector<std::string>& rows, std::int32_t pageNumber,
-                           FlowListener& listener,
-                           const std::function<void(std::int64_t)>& before) {
-    ColumnFlow flow(pass, frame, listener);
-    if (pageNumber == 1) flow.SetAtFirstListing();
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+StoredPage ReadStoredPage(const Settings& settings, const WorkingResults& results,
+                          std::int32_t number) {
+    const auto rowsOf = [&](std::int32_t page) {
+        return NamesOf(*SetUnder(*results.pageGroups, std::to_string(page)));
+    };
+    StoredPage page{number, rowsOf(number), {}};
+    const Typesetting& typesetting = settings.typesetting;
+    if (number > 1 && (typesetting.keepHeadings || !typesetting.continued.empty()))
+        if (auto before = rowsOf(number - 1); !before.empty()) page.rowBefore = before.back();
+    return page;
+}
+
+std::size_t FeedPage(ColumnFlow& flow, const StoredPage& page,
+                     const std::function<void(std::int64_t)>& before) {
+    if (page.number == 1) flow.SetAtFirstListing();
+    flow.SetRowBefore(page.rowBefore);
+    for (std::size_t i = 0; i < page.rows.size(); ++i) {
         before(static_cast<std::int64_t>(i));
-        if (flow.Feed(rows[i]) != ColumnFlow::Step::GoOn) return i;
+        if (flow.Feed(page.rows[i]) != ColumnFlow::Step::GoOn) return i;
     }
     flow.Finish();
-    return rows.size();
+    return page.rows.size();
 }
 
 // Where a new numbering gives the stored pages, its findings are theirs. Only the numbering knows
@@ -76,17 +87,17 @@ PageFindings JudgeStoredPages(host::IHost& host, const Settings& settings,
     LayoutPass pass(host, settings, results, transparentFill, display, RowSource::Use::Measure);
     PlacementFindings judge(pass, found);
     Status status(host);
-    std::int32_t number = 0;
-    for (const auto& page : results.pageGroups->AllItems().values) {
-        ++number;
-        const auto rows = RowsOf(page);
+    const auto rows = MakeFlowRows(pass);
+    for (std::int32_t number = 1; number <= results.pageGroups->Count(); ++number) {
+        const StoredPage page = ReadStoredPage(settings, results, number);
         PageJudge listener(judge, number);
-        auto placed = FeedStoredPage(pass, frame, rows, number, listener, [&](std::int64_t i) {
-            status.Show("Checking the page: listing ", i + 1, i + 1, std::ssize(rows));
+        ColumnFlow flow(pass, *rows, frame, listener);
+        auto placed = FeedPage(flow, page, [&](std::int64_t i) {
+            status.Show("Checking the page: listing ", i + 1, i + 1, std::ssize(page.rows));
         });
         judge.EndDrawing();
-        for (; placed < rows.size(); ++placed)
-            found.push_back({PageFinding::Kind::NotDrawn, number, rows[placed]});
+        for (; placed < page.rows.size(); ++placed)
+            found.push_back({PageFinding::Kind::NotDrawn, number, page.rows[placed]});
     }
     status.Clear();
     return found;

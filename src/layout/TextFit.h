@@ -26,6 +26,9 @@ public:
     std::string SplitText(std::string& text, double width,
                           const host::Ref<host::IHostTextSymbol>& symbol);
 
+    /// Whether the host finds markup in the text.
+    bool HasMarkup(const std::string& text) const { return parser_ && Plain(text) != text; }
+
     /// Whether the text fitted last has a word that is longer than a line.
     bool BrokeWord() const { return brokeWord_; }
 

@@ -1,7 +1,10 @@
 #include "layout/TitlesAndBreaks.h"
 
+#include <algorithm>
+
 #include "layout/RowElements.h"
 #include "support/ErrorHandling.h"
+#include "support/Text.h"
 
 namespace gazetteer {
 namespace {
@@ -25,42 +28,72 @@ bool IsNumeric(LayoutPass& pass, const std::string& letter) {
     return !letter.empty() && pass.Host().Locale().ParseNumber(letter).has_value();
 }
 
+// What the heading of a break column shows; empty: none.
+std::string HeadingOf(LayoutPass& pass, LayoutColumn& column, const std::string& rowKey) {
+    if (!column.letters) {
+        const std::string letter = BreakLetter(pass, column, rowKey);
+        return IsNumeric(pass, letter) ? std::string() : letter;
+    }
+    const std::string& letter = column.IndexLetter(rowKey, pass.Host().Locale());
+    return letter.empty() ? pass.GetSettings().typesetting.digitsHeading : letter;
+}
+
+bool BeginsLetter(LayoutPass& pass, LayoutColumn& column, const std::string& thisRow,
+                  const std::string& previousRow) {
+    if (column.letters) {
+        const std::string letter = HeadingOf(pass, column, thisRow);
+        return !letter.empty() && letter != HeadingOf(pass, column, previousRow);
+    }
+    const std::string letter = BreakLetter(pass, column, thisRow);
+    const std::string previous = BreakLetter(pass, column, previousRow);
+    if (letter == previous || IsNumeric(pass, letter)) return false;
+    return pass.Host().Locale().CompareText(letter, previous) != 0;
+}
+
 }  // namespace
+
+std::string TitleText(const LayoutColumn& column) {
+    const auto& properties = column.properties;
+    return properties.showTitle && !properties.title.empty() ? properties.title : kBlank;
+}
+
+std::string HeadingText(LayoutPass& pass, LayoutColumn& column, const std::string& rowKey,
+                        HeadingKind kind) {
+    if (!column.properties.breakColumn) return kBlank;
+    std::string heading = HeadingOf(pass, column, rowKey);
+    if (heading.empty()) return kBlank;
+    if (kind == HeadingKind::Letter) return heading;
+    return ReplaceAll(pass.GetSettings().typesetting.continued, kContinuedLetter, heading);
+}
 
 host::Ref<host::IHostElement> MakeTitleGroup(LayoutPass& pass,
                                              const host::IHostPoint& position) try {
-    return MakeGroup(pass, position, false, RowKind::Title,
-                     [](const LayoutColumn& column) -> std::string {
-                         const auto& properties = column.properties;
-                         if (!properties.showTitle || properties.title.empty()) return kBlank;
-                         return properties.title;
-                     });
+    return MakeGroup(pass, position, false, RowKind::Title, TitleText);
 } catch (...) {
     PassOn("MakeTitleGroup", kManagerLabel);
 }
 
 host::Ref<host::IHostElement> MakeBreakGroup(LayoutPass& pass, const std::string& rowKey,
-                                             const host::IHostPoint& position, bool alternate) try {
+                                             HeadingKind kind, const host::IHostPoint& position,
+                                             bool alternate) try {
     return MakeGroup(pass, position, alternate, RowKind::Break,
-                     [&](LayoutColumn& column) -> std::string {
-                         if (!column.properties.breakColumn) return kBlank;
-                         const std::string letter = BreakLetter(pass, column, rowKey);
-                         return letter.empty() || IsNumeric(pass, letter) ? kBlank : letter;
-                     });
+                     [&](LayoutColumn& column) { return HeadingText(pass, column, rowKey, kind); });
 } catch (...) {
     PassOn("MakeBreakGroup", kManagerLabel);
 }
 
+bool RowHasLetter(LayoutPass& pass, const std::string& rowKey) {
+    return std::ranges::any_of(pass.Columns(), [&](LayoutColumn& column) {
+        return column.properties.breakColumn && column.properties.breakHeading &&
+               !HeadingOf(pass, column, rowKey).empty();
+    });
+}
+
 bool RowNeedsBreak(LayoutPass& pass, const std::string& thisRow,
                    const std::string& previousRow) try {
-    for (LayoutColumn& column : pass.Columns()) {
-        if (!column.properties.breakColumn) continue;
-        const std::string letter = BreakLetter(pass, column, thisRow);
-        const std::string previous = BreakLetter(pass, column, previousRow);
-        if (letter == previous || IsNumeric(pass, letter)) continue;
-        if (pass.Host().Locale().CompareText(letter, previous) != 0) return true;
-    }
-    return false;
+    return std::ranges::any_of(pass.Columns(), [&](LayoutColumn& column) {
+        return column.properties.breakColumn && BeginsLetter(pass, column, thisRow, previousRow);
+    });
 } catch (...) {
     PassOn("RowNeedsBreak", kManagerLabel);
 }
@@ -70,7 +103,10 @@ bool NeedsTopMostBreak(LayoutPass& pass) try {
     for (LayoutColumn& column : pass.Columns()) {
         if (!column.properties.breakColumn) continue;
         const auto rows = NamesOf(*column.listings, 1);
-        if (!rows.empty() && !IsNumeric(pass, BreakLetter(pass, column, rows.front()))) return true;
+        if (rows.empty()) continue;
+        if (column.letters ? !HeadingOf(pass, column, rows.front()).empty()
+                           : !IsNumeric(pass, BreakLetter(pass, column, rows.front())))
+            return true;
     }
     return false;
 } catch (...) {

@@ -34,8 +34,8 @@ constexpr std::array kKeys = {
                    &Typesetting::leaderStyle,
                    {kPlainLeader, kAlignedLeader, kNoLeader}},
     TypesettingKey{"LeaderDot", String, &Typesetting::leaderDot},
-    TypesettingKey{"LeaderBlanks", Long, &Typesetting::leaderBlanks},
-    TypesettingKey{"LeaderLeast", Long, &Typesetting::leaderLeast},
+    TypesettingKey{"LeaderBlanks", Long, &Typesetting::leaderBlanks, {}, Writer::User, 20},
+    TypesettingKey{"LeaderLeast", Long, &Typesetting::leaderLeast, {}, Writer::User, 1000},
     TypesettingKey{"LineGrid", Boolean, &Typesetting::lineGrid},
     TypesettingKey{"PlainHeadings", Boolean, &Typesetting::plainHeadings},
     TypesettingKey{
@@ -118,12 +118,10 @@ void StoreTypesetting(host::IHostPropertySetFactory& host, const Ref<host::IHost
                       const std::optional<Typesetting>& typesetting) {
     const auto maker = Require<IHostPropertySet>(CorvaneProperties(element));
     if (!typesetting) return maker->RemoveItem(kTypesettingKey);
-    auto set = SetOf(*maker);
-    if (!set) {
-        set = host.NewPropertySet();
-        maker->SetItem(kTypesettingKey, Ref<host::IHostObject>(set));
-    }
+    const auto old = SetOf(*maker);
+    const auto set = old ? CopySet(host, old) : host.NewPropertySet();
     for (const TypesettingKey& key : kKeys) set->SetItem(key.name, ValueOf(key, *typesetting));
+    maker->SetItem(kTypesettingKey, Ref<host::IHostObject>(set));
 }
 
 }  // namespace gazetteer

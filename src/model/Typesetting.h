@@ -70,16 +70,13 @@ struct Typesetting {
 /// What a new printed index begins with.
 Typesetting PrintTypesetting();
 
-/// The largest number of blanks between two dots and of least dots; values beyond count as this.
-inline constexpr std::int32_t kMostLeaderBlanks = 20;
-inline constexpr std::int32_t kMostLeaderLeast = 1000;
-
 /// The stored set of an element; nothing without one. A key that is missing keeps its initial
 /// value.
 std::optional<Typesetting> StoredTypesetting(const host::Ref<host::IHostElement>& element,
                                              host::IHostLocale& locale);
 
-/// Stores the set beside the gazetteer's on an element that has this one; nothing removes it.
+/// Stores the settings beside those of the gazetteer, in a new set that keeps what a later version
+/// has added; nothing removes the set.
 void StoreTypesetting(host::IHostPropertySetFactory& host,
                       const host::Ref<host::IHostElement>& element,
                       const std::optional<Typesetting>& typesetting);

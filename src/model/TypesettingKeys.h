@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ struct TypesettingKey {
     /// The texts that a String key can have; none: any text.
     std::array<const char*, 3> choices = {};
     Writer writer = Writer::User;
+    std::int32_t most = 0;  ///< Of a Long key, which is never negative.
 
     std::span<const char* const> Choices() const;
 };

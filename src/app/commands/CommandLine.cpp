@@ -169,6 +169,8 @@ void Commands::AddMake() {
     AddNewDocumentOptions(make);
     AddNumber(make, "--columns", options_.columnGroups, {1, kMostColumnGroups},
               "Number of column groups on a page, {} (default: as many as fit)");
+    make.add_flag("--plain-rules", options_.plainRules,
+                  "Without the settings of typesetting that make begins with");
     AddOutputOptions(make);
 }
 

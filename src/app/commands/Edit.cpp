@@ -82,7 +82,7 @@ int Make(const Options& given) {
     // A document that is not saved resolves its paths from the folder of the output.
     StartNewDocument(document, options,
                      options.document.empty() ? options.output : options.document);
-    ApplyPrintDefaults(document, options.columnGroups);
+    ApplyPrintDefaults(document, options.columnGroups, options.plainRules);
     SetUpPage(document, options);
     Assign(document, options);
 

@@ -8,6 +8,7 @@
 #include "app/document/RunTexts.h"
 #include "app/document/SettingsEdit.h"
 #include "model/Settings.h"
+#include "model/TypesettingKeys.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -109,7 +110,21 @@ void WriteValue(JsonAnswer& json, const std::string& name, const host::Variant& 
     if (const auto* flag = std::get_if<bool>(&value)) return json.Member(name, *flag);
     if (const auto* number = std::get_if<double>(&value)) return json.Member(name, *number);
     if (const auto* version = std::get_if<std::int16_t>(&value)) return json.Member(name, *version);
+    if (const auto* whole = std::get_if<std::int32_t>(&value)) return json.Member(name, *whole);
     json.Member(name, ValueText(value));
+}
+
+void WriteTypesetting(JsonAnswer& json, OpenDocument& document) {
+    const auto typesetting =
+        gazetteer::StoredTypesetting(document.Gazetteer(), document.Host().Locale());
+    if (!typesetting) {
+        json.Key("typesetting");
+        return json.Null();
+    }
+    json.Object("typesetting", [&] {
+        for (const auto& key : gazetteer::TypesettingKeys())
+            WriteValue(json, key.name, gazetteer::ValueOf(key, *typesetting));
+    });
 }
 
 void WriteColumn(JsonAnswer& json, const gazetteer::Settings& settings, const std::string& name) {
@@ -203,6 +218,7 @@ int Show(const Options& options) {
                 WriteResults(json, document);
             else
                 WriteNothing(json);
+            WriteTypesetting(json, document);
             WriteFindings(json, hasPages ? session.Find() : FindingList());
         });
     else

@@ -15,8 +15,10 @@ DocumentState::Element StateOf(host::IHost& host, const host::Ref<host::IHostEle
         state.custom = host::As<host::IHostCustomProperty>(element)->CustomProperty();
     }
     if (const auto frame = host::As<host::IHostFrameElement>(element)) state.draft = frame->Draft();
-    if (gazetteer::HasGazetteerProperties(host, element))
+    if (gazetteer::HasGazetteerProperties(host, element)) {
         state.properties = gazetteer::StoredGazetteerProperties(element);
+        state.typesetting = gazetteer::StoredTypesetting(element, host.Locale());
+    }
     state.sources = StoredSources(element);
     return state;
 }
@@ -29,7 +31,10 @@ void Restore(host::IHost& host, const DocumentState::Element& state) {
         host::As<host::IHostCustomProperty>(element)->SetCustomProperty(state.custom);
     }
     if (const auto frame = host::As<host::IHostFrameElement>(element)) frame->SetDraft(state.draft);
-    if (state.properties) gazetteer::SetGazetteerProperties(host, element, state.properties);
+    if (state.properties) {
+        gazetteer::SetGazetteerProperties(host, element, state.properties);
+        gazetteer::StoreTypesetting(host, element, state.typesetting);
+    }
     StoreSources(element, state.sources);
 }
 

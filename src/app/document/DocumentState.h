@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "app/document/OpenDocument.h"
+#include "model/Typesetting.h"
 
 namespace app {
 
@@ -18,7 +20,8 @@ struct DocumentState {
         host::Ref<host::IHostTextSymbol> symbol;       ///< Null for other elements than texts.
         host::Variant custom;                          ///< Of a text; Empty for other elements.
         host::Ref<host::IHostPropertySet> properties;  ///< Null for other elements than gazetteers.
-        std::string sources;                           ///< Of the results, see ResultSources.h.
+        std::optional<gazetteer::Typesetting> typesetting;
+        std::string sources;  ///< Of the results, see ResultSources.h.
         bool draft = false;
 
         bool operator==(const Element&) const = default;

@@ -164,6 +164,22 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
     return value;
 }
 
+host::Variant ParseTypesettingValue(host::IHost& host, const gazetteer::TypesettingKey& key,
+                                    const std::string& name, const std::string& value) {
+    const auto choices = key.Choices();
+    if (!choices.empty() && std::ranges::find(choices, value) == choices.end()) {
+        std::string form = "one of";
+        for (const char* const choice : choices)
+            form += (choice == choices.front() ? " \"" : ", \"") + std::string(choice) + '"';
+        FailForm(name, value, form.c_str());
+    }
+    auto parsed = ParseValue(host, name, key.kind, value);
+    const auto* const number = std::get_if<std::int32_t>(&parsed);
+    if (number && (*number < 0 || *number > key.most))
+        FailForm(name, value, ("a whole number from 0 to " + std::to_string(key.most)).c_str());
+    return parsed;
+}
+
 std::string ValueText(const host::Variant& value) {
     if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
     if (const auto* number = std::get_if<std::int16_t>(&value)) return std::to_string(*number);

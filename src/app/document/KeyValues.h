@@ -6,6 +6,7 @@
 
 #include "host/Host.h"
 #include "model/Keys.h"
+#include "model/TypesettingKeys.h"
 
 /// KEY=VALUE assignments of the command line. Text symbols are written
 /// "FAMILY,SIZE[,bold][,italic][,#RRGGBB]" (points), colours "#RRGGBB", lengths as decimal numbers
@@ -25,6 +26,10 @@ Assignment ParseAssignment(const std::string& text);
 /// expected form. Not for sets.
 host::Variant ParseValue(host::IHost& host, const std::string& key, gazetteer::ValueKind kind,
                          const std::string& value);
+
+/// The same for a key of typesetting, with its choices and range.
+host::Variant ParseTypesettingValue(host::IHost& host, const gazetteer::TypesettingKey& key,
+                                    const std::string& name, const std::string& value);
 
 /// Returns a stored value in the form that ParseValue accepts.
 std::string ValueText(const host::Variant& value);

@@ -84,11 +84,12 @@ void StartNewDocument(OpenDocument& open, const NewDocumentOptions& options,
     if (!options.book.empty()) open.Host().NewLayoutContext()->CurrentTemplateKey();
 }
 
-void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups) {
+void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups, bool plainRules) {
     AddPageFurniture(open);
     const auto [group, gap] =
         DivideFrame(open.Gazetteer()->Geometry()->Bounds()->Width(), columnGroups);
     SettingsEdit edit(open);
+    if (!plainRules) edit.Typesetting() = gazetteer::PrintTypesetting();
     const bool hasListing = edit.Settings().columnNames->Count() > 1;
     const double reference = hasListing ? ToThousandths(std::min(0.95, group * 0.4)) : group;
     for (const char* assignment :

@@ -18,6 +18,7 @@ struct NewDocumentOptions {
     std::string title;              ///< Empty: the table's name.
     std::int32_t firstPage = 0;     ///< Number of the first sheet, from 1; 0: not given.
     std::int32_t columnGroups = 0;  ///< That fill the frame, from 1; 0: as many as fit.
+    bool plainRules = false;        ///< Without typesetting.
 };
 
 /// Starts a document with one layout page and one gazetteer frame, with the default columns of the
@@ -31,6 +32,7 @@ std::string FieldNames(const host::IHostFields& fields, std::int32_t most);
 
 /// Applies the defaults of `make` for a printable index: column groups that fill the frame, fonts
 /// and dot leaders; adds a running head and a sheet number. With 0 column groups, as many as fit.
-void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups = 0);
+/// With plain rules there is no typesetting.
+void ApplyPrintDefaults(OpenDocument& open, std::int32_t columnGroups = 0, bool plainRules = false);
 
 }  // namespace app

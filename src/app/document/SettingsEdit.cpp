@@ -10,12 +10,14 @@
 #include "model/EditRules.h"
 #include "model/KeyNames.h"
 #include "model/Keys.h"
+#include "model/TypesettingKeys.h"
 #include "support/Text.h"
 
 namespace app {
 namespace {
 
 constexpr char kMarkOff[] = ":off";
+constexpr char kTypesetting[] = "Typesetting";
 
 constexpr std::array<std::string_view, 4> kAlignments{"Left", "Center", "Right", "Justify"};
 
@@ -67,11 +69,15 @@ std::vector<std::string> ValueWarnings(const gazetteer::Settings& settings) {
 SettingsEdit::SettingsEdit(OpenDocument& open) : open_(open) {
     const auto copy = gazetteer::CopySet(open.Host(), open.Properties());
     gazetteer::ReadSettings(open.Host(), *copy, settings_);
+    typesetting_ = gazetteer::StoredTypesetting(open.Gazetteer(), open.Host().Locale());
 }
 
 void SettingsEdit::Set(const std::string& text) {
     const Assignment assignment = ParseAssignment(text);
-    if (assignment.column.empty())
+    if (assignment.column == kTypesetting ||
+        (assignment.column.empty() && assignment.key == kTypesetting))
+        SetTypesetting(assignment.column.empty() ? "" : assignment.key, assignment.value);
+    else if (assignment.column.empty())
         SetProperty(assignment.key, assignment.value);
     else
         SetColumn(assignment.column, assignment.key, assignment.value);
@@ -120,6 +126,27 @@ void SettingsEdit::SetProperty(const std::string& key, const std::string& value)
                 settings_.*field = std::get<Value>(variant);
         },
         entry->field);
+}
+
+void SettingsEdit::SetTypesetting(const std::string& key, const std::string& value) {
+    if (key.empty()) {
+        if (value != "none")
+            throw UsageError("Typesetting=" + Shown(value) +
+                             ": the value must be none; one setting is Typesetting.KEY=VALUE.");
+        typesetting_.reset();
+        return;
+    }
+    const auto* entry = gazetteer::FindTypesettingKey(key);
+    if (!entry)
+        throw UsageError("There is no typesetting property \"" + key + "\"." +
+                         Suggestion(key, UserKeys(gazetteer::TypesettingKeys())));
+    if (entry->writer == gazetteer::Writer::Run)
+        throw UsageError("The typesetting property \"" + key +
+                         "\" is kept by the gazetteer itself.");
+    const auto variant =
+        ParseTypesettingValue(open_.Host(), *entry, std::string(kTypesetting) + '.' + key, value);
+    if (!typesetting_) typesetting_.emplace();
+    gazetteer::SetValue(*entry, variant, open_.Host().Locale(), *typesetting_);
 }
 
 void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
@@ -185,6 +212,7 @@ void SettingsEdit::StoreWithoutWarnings() {
     const auto& element = open_.Gazetteer();
     const auto properties = open_.Properties();
     gazetteer::StoreEdit(host, settings_, false, *properties);
+    gazetteer::StoreTypesetting(host, element, typesetting_);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
     gazetteer::Findings reasons;
     properties->SetItem(gazetteer::keys::kCanDrawIndex, open_.CanDraw(reasons) && FitsFrame());

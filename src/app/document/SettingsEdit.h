@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "app/document/KeyValues.h"
 #include "app/document/OpenDocument.h"
 #include "model/Settings.h"
+#include "model/Typesetting.h"
 
 namespace app {
 
@@ -15,7 +17,8 @@ class SettingsEdit {
 public:
     explicit SettingsEdit(OpenDocument& open);
 
-    /// Applies one KEY=VALUE. Throws UsageError with the fault.
+    /// Applies one KEY=VALUE; "Typesetting.KEY" is one of the second set, which "Typesetting=none"
+    /// takes away. Throws UsageError with the fault.
     void Set(const std::string& text);
     /// Applies one KEY=VALUE to a column; KEY has no column name.
     void SetIn(const std::string& column, const std::string& text);
@@ -23,6 +26,8 @@ public:
     void AddColumn(const std::string& name);
 
     gazetteer::Settings& Settings() { return settings_; }
+    /// Nothing: the plain rules, and no set of them is stored.
+    std::optional<gazetteer::Typesetting>& Typesetting() { return typesetting_; }
     /// Returns the column's name as stored. Throws UsageError for an unknown column.
     std::string ColumnName(const std::string& name);
 
@@ -33,12 +38,14 @@ public:
 private:
     void SetProperty(const std::string& key, const std::string& value);
     void SetColumn(const std::string& column, const std::string& key, const std::string& value);
+    void SetTypesetting(const std::string& key, const std::string& value);
     void SetOrder(const std::string& key, const std::string& value,
                   host::Ref<host::IHostPropertySet> gazetteer::Settings::*order, bool marks);
     bool FitsFrame() const;
 
     OpenDocument& open_;
     gazetteer::Settings settings_;
+    std::optional<gazetteer::Typesetting> typesetting_;
 };
 
 }  // namespace app

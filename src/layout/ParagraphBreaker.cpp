@@ -1,0 +1,113 @@
+#include "layout/ParagraphBreaker.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "support/ErrorHandling.h"
+
+namespace gazetteer {
+namespace {
+
+constexpr char kBlank = ' ';
+constexpr std::string_view kSoftHyphen = "\u00AD";
+constexpr char kHyphen[] = "-";
+
+std::string_view WithoutBlanksBehind(std::string_view text) {
+    const auto last = text.find_last_not_of(kBlank);
+    return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+}
+
+// More of a word than a line takes, so that each line of a very long one costs the same.
+std::string_view BeginningOf(std::string_view word) {
+    constexpr std::size_t kMost = 4096;  // Bytes.
+    if (word.size() <= kMost) return word;
+    std::size_t end = kMost;
+    while (end > 0 && (word[end] & 0xC0) == 0x80) --end;  // Does not cut inside a character.
+    return word.substr(0, end);
+}
+
+// A soft hyphen is seen only where it ends a line.
+std::string AsLine(std::string_view text) {
+    text = WithoutBlanksBehind(text);
+    std::string line(text);
+    if (text.ends_with(kSoftHyphen))
+        line.replace(line.size() - kSoftHyphen.size(), kSoftHyphen.size(), kHyphen);
+    return line;
+}
+
+}  // namespace
+
+std::vector<std::string> ParagraphBreaker::Lines(std::string_view text, double firstWidth,
+                                                 double otherWidth) {
+    toreWord_ = false;
+    std::vector<std::string> lines;
+    const auto ends = LineEnds(text);
+    for (std::size_t start = 0; start < text.size();) {
+        if (text[start] == kBlank) {
+            ++start;
+            continue;
+        }
+        auto part = TakeLine(text, start, ends, lines.empty() ? firstWidth : otherWidth);
+        start += part.bytes;
+        lines.push_back(std::move(part.line));
+    }
+    if (lines.empty()) lines.emplace_back();
+    return lines;
+}
+
+// Ascending; the end of the text is the last.
+std::vector<std::size_t> ParagraphBreaker::LineEnds(std::string_view text) {
+    std::vector<std::size_t> ends;
+    if (rules_)
+        ends = rules_->LineBreaks(text);
+    else
+        for (std::size_t i = 1; i < text.size(); ++i)
+            if (text[i - 1] == kBlank && text[i] != kBlank) ends.push_back(i);
+    ends.push_back(text.size());
+    return ends;
+}
+
+ParagraphBreaker::Part ParagraphBreaker::TakeLine(std::string_view text, std::size_t start,
+                                                  const std::vector<std::size_t>& ends,
+                                                  double width) {
+    const auto first = std::ranges::upper_bound(ends, start);
+    Part taken;
+    for (auto end = first; end != ends.end(); ++end) {
+        auto line = AsLine(text.substr(start, *end - start));
+        if (!Fits(line, width)) break;
+        taken = {std::move(line), *end - start};
+    }
+    if (taken.bytes > 0) return taken;
+    return DivideWord(BeginningOf(WithoutBlanksBehind(text.substr(start, *first - start))), width);
+}
+
+ParagraphBreaker::Part ParagraphBreaker::DivideWord(std::string_view word, double width) {
+    const auto divisions = rules_ ? rules_->WordDivisions(word) : std::vector<std::size_t>();
+    for (const std::size_t at : std::views::reverse(divisions)) {
+        std::string line = std::string(word.substr(0, at)) + kHyphen;
+        if (Fits(line, width)) return {std::move(line), at};
+    }
+    return TearWord(word, width);
+}
+
+// As many characters as fit with a hyphen; one alone stands without.
+ParagraphBreaker::Part ParagraphBreaker::TearWord(std::string_view word, double width) {
+    toreWord_ = true;
+    std::vector<std::size_t> ends;  // Of the characters.
+    for (const std::size_t length : locale_.Characters(word))
+        ends.push_back((ends.empty() ? 0 : ends.back()) + length);
+    const auto torn = [&](std::size_t end) { return std::string(word.substr(0, end)) + kHyphen; };
+    // Doubling first, since a word may be much longer than the line.
+    std::size_t most = 1;
+    while (most < ends.size() && Fits(torn(ends[most - 1]), width)) most *= 2;
+    const auto end = ends.begin() + static_cast<std::ptrdiff_t>(std::min(most, ends.size()));
+    const auto fitting = std::partition_point(
+        ends.begin(), end, [&](std::size_t bytes) { return Fits(torn(bytes), width); });
+    if (fitting != ends.begin()) return {torn(*(fitting - 1)), *(fitting - 1)};
+    std::string character(word.substr(0, ends.front()));
+    if (!Fits(character, width))
+        Raise("CVNGazetteerManager.SplitText", "Column width is set too narrow for selected Font!");
+    return {std::move(character), ends.front()};
+}
+
+}  // namespace gazetteer
