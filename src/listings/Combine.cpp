@@ -1,10 +1,12 @@
 #include "listings/Combine.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "listings/ReferenceGroups.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 #include "support/Status.h"
@@ -27,7 +29,10 @@ struct RowTexts {
 class ListingBuilder {
 public:
     ListingBuilder(host::IHost& host, const Settings& settings, const host::IHostTable& indexTable)
-        : host_(host), settings_(settings), result_(host.NewPropertySet()) {
+        : host_(host),
+          settings_(settings),
+          groups_(ReferenceGroups::For(settings)),
+          result_(host.NewPropertySet()) {
         for (const std::string& name : NamesOf(*settings.columnDisplayOrder)) {
             fields_.push_back(indexTable.FindField(name));
             sets_.push_back(host.NewPropertySet());
@@ -86,6 +91,7 @@ private:
         StoreHead();
         headKey_ = std::to_string(oid);
         std::swap(head_, cells_);  // The cells are read anew for the next row.
+        if (groups_) references_ = {head_.back()};
         haveHead_ = true;
         combined_ = false;
         ++report.listings;
@@ -93,6 +99,7 @@ private:
 
     void StoreHead() {
         if (!haveHead_) return;
+        if (groups_) head_.back() = groups_->Text(references_, separator_);
         for (std::size_t i = 0; i < sets_.size(); ++i)
             sets_[i]->SetItem(headKey_, std::move(head_[i]));
     }
@@ -102,6 +109,7 @@ private:
     }
 
     void Merge() {
+        if (groups_) return references_.push_back(cells_.back());
         std::string& stored = head_.back();
         if (settings_.combineFirstAndLast) {
             combined_ = true;
@@ -115,6 +123,8 @@ private:
 
     host::IHost& host_;
     const Settings& settings_;
+    std::optional<ReferenceGroups> groups_;
+    std::vector<std::string> references_;  // Of the head, where they are grouped.
     Ref<IHostPropertySet> result_;
     std::vector<Ref<IHostPropertySet>> sets_;
     std::vector<std::int32_t> fields_;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "model/Settings.h"
+
+namespace gazetteer {
+
+/// Writes the references of one listing with each page once: "11 D-3, D-4; 12 G-5", and pages
+/// without squares as ranges: "4-6, 9".
+class ReferenceGroups {
+public:
+    /// For the column in which listings are combined; nothing if the settings do not ask for it, or
+    /// if the column's expression does not begin with the page and a separator, or the page alone.
+    static std::optional<ReferenceGroups> For(const Settings& settings);
+
+    /// The references in the order of the listing's rows, at least one. Those of one page that
+    /// follow each other are grouped. The separator stands between squares; between pages stands
+    /// "; ", or the token of a new line where the separator is one.
+    std::string Text(const std::vector<std::string>& references,
+                     const std::string& separator) const;
+
+private:
+    ReferenceGroups(std::string pageEnd, std::size_t endsBehind)
+        : pageEnd_(std::move(pageEnd)), endsBehind_(endsBehind) {}
+
+    std::pair<std::string, std::string> PageAndSquare(const std::string& reference) const;
+    static std::string Ranges(const std::vector<std::string>& pages, const std::string& separator);
+
+    std::string pageEnd_;     ///< Between page and square; empty: there are no squares.
+    std::size_t endsBehind_;  ///< How often the same stands in the expression of the square.
+};
+
+}  // namespace gazetteer
