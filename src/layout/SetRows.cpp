@@ -10,12 +10,9 @@
 namespace gazetteer {
 namespace {
 
-constexpr std::int32_t kMiddle = 1;  // Vertical placements.
-constexpr std::int32_t kBaseline = 2;
 constexpr std::size_t kKinds = 3;
 // A line may be higher than the grid by this part of it, as one with letters of another font is.
 constexpr double kTolerance = 0.3;
-constexpr double kRounding = 1e-6;
 constexpr char kBlank[] = " ";
 
 Anchor AnchorOf(const std::string& alignment) {
@@ -163,18 +160,15 @@ void SetRows::FillCell(const CellElements& elements, const Cell& cell, std::size
                        RowKind kind, double x, double top) {
     Style& style = StyleOf(column, kind);
     const ColumnProperties& properties = pass_.Columns()[column].properties;
-    const bool onBaseline = gridLine_ > 0 && kind == RowKind::Listing;
     bool first = true;
     for (std::size_t i = 0; i < cell.text.lines.size(); ++i) {
         const SetLine& line = cell.text.lines[i];
-        const double down = cell.tops[i] + (onBaseline ? Ascent(style) : line.height / 2);
+        const double down = cell.tops[i] + line.height / 2;
         for (const LinePiece& piece : line.pieces) {
             auto text = first ? elements.text : pass_.Rows().AddText(pass_.Host(), elements);
             const auto point = first ? elements.anchor : pass_.Host().NewPoint();
             first = false;
-            const auto placement = static_cast<std::int32_t>(piece.anchor);
-            text->SetSymbol(Placed(style, pass_.IsMirrored() ? 2 - placement : placement,
-                                   onBaseline ? kBaseline : kMiddle));
+            text->SetSymbol(Placed(style, piece.anchor));
             text->SetText(piece.text);
             text->SetScaleWithPage(false);
             const double place = x + properties.marginLeft + piece.place;
@@ -194,30 +188,19 @@ SetRows::Style& SetRows::StyleOf(std::size_t column, RowKind kind) {
         .first->second;
 }
 
-const host::Ref<host::IHostTextSymbol>& SetRows::Placed(Style& style, std::int32_t horizontal,
-                                                        std::int32_t vertical) {
-    auto& symbol = style.placed[vertical * 3 + horizontal];
+// In mirrored columns the start is at the right.
+const host::Ref<host::IHostTextSymbol>& SetRows::Placed(Style& style, Anchor anchor) const {
+    constexpr std::int32_t kMiddle = 1;
+    constexpr std::int32_t kRight = 2;
+    const auto side = static_cast<std::int32_t>(anchor);
+    const std::int32_t horizontal = pass_.IsMirrored() ? kRight - side : side;
+    auto& symbol = style.placed[static_cast<std::size_t>(horizontal)];
     if (!symbol) {
         symbol = host::As<host::IHostTextSymbol>(style.symbol->Copy());
         symbol->SetHorizontalPlacement(horizontal);
-        symbol->SetVerticalPlacement(vertical);
+        symbol->SetVerticalPlacement(kMiddle);
     }
     return symbol;
-}
-
-// The host tells it by the bounds of a text that hangs by its baseline.
-double SetRows::Ascent(Style& style) {
-    if (!style.ascent) {
-        const auto text = pass_.Host().NewTextElement();
-        text->SetSymbol(Placed(style, 0, kBaseline));
-        text->SetText("x");
-        const auto origin = pass_.Host().NewPoint();
-        origin->SetX(0);
-        origin->SetY(0);
-        text->SetGeometry(origin);
-        style.ascent = pass_.GetElementBounds(*text).YMax();
-    }
-    return *style.ascent;
 }
 
 // Of the first listing and of a plain text, so that one with letters of other fonts finds room.

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <array>
 #include <memory>
-#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -36,9 +36,8 @@ private:
         CellSetter setter;
         host::Ref<host::IHostTextSymbol> symbol;
         SettingRules rules;
-        std::optional<double> ascent;  ///< Of a line above its baseline, inches.
-        /// The symbol placed at the start, middle and end, for kinds of vertical placement.
-        std::unordered_map<std::int32_t, host::Ref<host::IHostTextSymbol>> placed;
+        /// The symbol placed at the left, the middle and the right.
+        std::array<host::Ref<host::IHostTextSymbol>, 3> placed;
     };
 
     /// A cell of the row that is being built. Lengths are inches.
@@ -61,9 +60,7 @@ private:
                         bool alternate, double x, double top, double height);
 
     Style& StyleOf(std::size_t column, RowKind kind);
-    const host::Ref<host::IHostTextSymbol>& Placed(Style& style, std::int32_t horizontal,
-                                                   std::int32_t vertical);
-    double Ascent(Style& style);
+    const host::Ref<host::IHostTextSymbol>& Placed(Style& style, Anchor anchor) const;
     void FindGridLine();
 
     LayoutPass& pass_;
