@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t kKinds = 3;
 // A line may be higher than the grid by this part of it, as one with letters of another font is.
 constexpr double kTolerance = 0.3;
+constexpr double kRounding = 1e-6;  // Lines; what sums of heights may be off.
 constexpr char kBlank[] = " ";
 
 Anchor AnchorOf(const std::string& alignment) {
@@ -23,8 +24,8 @@ Anchor AnchorOf(const std::string& alignment) {
 SettingRules RulesOf(const ColumnProperties& column, RowKind kind, const Typesetting& typesetting) {
     const double width = InnerWidth(column);
     // A line keeps half the width.
-    const double indent =
-        kind == RowKind::Listing ? std::clamp(typesetting.hangingIndent, 0.0, width / 2) : 0;
+    const bool indents = kind == RowKind::Listing && typesetting.hangingIndent > 0;
+    const double indent = indents ? std::min(typesetting.hangingIndent, width / 2) : 0;
     return {width, AnchorOf(AlignmentName(column, kind)), indent};
 }
 
@@ -70,7 +71,7 @@ BuiltRow SetRows::Build(RowKind kind, const host::IHostPoint& position, bool alt
                         const TextOf& textOf) try {
     double height = SetCells(kind, textOf);
     if (gridLine_ > 0) {
-        const double whole = std::ceil(height / gridLine_ - kTolerance / 2) * gridLine_;
+        const double whole = std::ceil(height / gridLine_ - kRounding) * gridLine_;
         // The rest goes above a title or heading.
         if (kind != RowKind::Listing)
             for (Cell& cell : cells_)
@@ -203,18 +204,18 @@ const host::Ref<host::IHostTextSymbol>& SetRows::Placed(Style& style, Anchor anc
     return symbol;
 }
 
-// Of the first listing and of a plain text, so that one with letters of other fonts finds room.
+// Of a plain letter and of the first listing's first word, which may be in another script.
 void SetRows::FindGridLine() {
     auto& columns = pass_.Columns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const ColumnProperties& column = columns[i].properties;
-        Style& style = StyleOf(i, RowKind::Listing);
         const auto rows = NamesOf(*columns[i].listings, 1);
-        double line = style.setter.Measure().Size("x").height;
+        std::string letters = "x";
         if (!rows.empty()) {
             const auto& text = columns[i].Cell(rows.front(), pass_.Host().Locale());
-            line = std::max(line, style.setter.Set(text, style.rules, false).lines.front().height);
+            letters += text.substr(0, text.find_first_of(" \r\n"));
         }
+        const double line = StyleOf(i, RowKind::Listing).setter.Measure().Size(letters).height;
         gridLine_ = std::max(gridLine_, line + column.marginTop + column.marginBottom);
     }
 }

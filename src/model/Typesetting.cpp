@@ -75,7 +75,12 @@ host::Variant ValueOf(const TypesettingKey& key, const Typesetting& typesetting)
 void SetValue(const TypesettingKey& key, const host::Variant& value, host::IHostLocale& locale,
               Typesetting& typesetting) {
     std::visit(
-        [&]<class T>(T Typesetting::*field) { typesetting.*field = ValueAs<T>(value, locale); },
+        [&]<class T>(T Typesetting::*field) {
+            typesetting.*field = ValueAs<T>(value, locale);
+            if constexpr (std::is_same_v<T, std::int32_t>)
+                if (key.kind == Long)
+                    typesetting.*field = std::clamp(typesetting.*field, 0, key.most);
+        },
         key.field);
 }
 
