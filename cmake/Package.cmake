@@ -25,6 +25,8 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "fonts-liberation, qt6-qpa-plugins")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS
     "fonts-dejavu-core, fonts-noto-core, fonts-noto-cjk, gazetteer-gdal (= ${PROJECT_VERSION}-1)")
+# `make` divides words of the languages whose patterns are installed.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS "hyphen-hyphenation-patterns")
 # The summary of all packages is the project's description.
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
 "The back of a map book holds an index of its places and streets, each with

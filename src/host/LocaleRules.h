@@ -13,9 +13,10 @@ namespace host {
 
 /// The letters under which an index of the locale lists its entries.
 struct IHostIndexLetters : virtual IHostObject {
-    /// The letter of a text, in capitals: A for "Ärmel" in German, CH for "Cheb" in Czech. Texts in
-    /// the order of the locale have their letters in one run each. Empty for a text that begins
-    /// with a digit or a sign, and for an empty one.
+    /// The letter of a text, in capitals, as an index of the language writes it: A for "Ärmel" in
+    /// German, CH for "Cheb" in Czech, a row of kana in Japanese. Texts in the order of CompareText
+    /// have their letters in one run each. Empty for a text that begins with what the order counts
+    /// as a digit or a sign, and for an empty one.
     virtual std::string IndexLetter(const std::string& text) = 0;
 };
 

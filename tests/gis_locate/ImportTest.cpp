@@ -160,12 +160,12 @@ TEST_F(Import, AddsTheLetterOfTheIndex) {
                    "Listing,Page\n\"Ärger\",1\nchata,2\nÖdla,3\nさくら,4\n東京,5\nЖук,6\nЁлка,7\n"
                    "12 Oaks,8\n\"\"\"The\"\" End\",9\n,10\nélan,11\nØst,12\n");
     for (const auto& [locale, letters] :
-         {std::pair<const char*, const char*>{"de", "A C O さ 東 Ж Ё # T  E O"},
-          {"sv", "Ä C Ö さ 東 Ж Ё # T  E Ö"},
-          {"cs", "A CH O さ 東 Ж Ё # T  E O"},
-          {"ja", "A C O さ 東 Ж Ё # T  E O"},
+         {std::pair<const char*, const char*>{"de", "A C O さ 東 Ж Е # T  E O"},
+          {"sv", "Ä C Ö さ 東 Ж Е # T  E Ö"},
+          {"cs", "A CH O さ 東 Ж Е # T  E O"},
+          {"ja", "A C O さ 東 Ж Е # T  E O"},
           {"ru", "A C O さ 東 Ж Е # T  E O"},
-          {"C", "A C O さ 東 Ж Ё # T  E O"}}) {
+          {"C", "A C O さ 東 Ж Е # T  E O"}}) {
         program_.Done(
             {"import", "names.csv", "--initial", "-o", "out.csv", "--force", "--locale", locale});
         std::string found;

@@ -40,7 +40,7 @@ ImportedTable::ImportedTable(const ImportOptions& options,
     if (!listing_)
         throw UsageError("--initial: " + table_->Path() +
                          " has no field \"Listing\"; --listing names the one that holds it.");
-    letters_.emplace(localeName);
+    letters_ = std::make_unique<desk::IndexLetters>(localeName);
 }
 
 void ImportedTable::Add(const std::string& option, const std::string& name,
@@ -79,7 +79,8 @@ void ImportedTable::ForEach(const RowTaker& take) const {
             values[i] = columns_[i].text.IsExpression() ? host::Variant(columns_[i].text.Of(row))
                                                         : row->Value(columns_[i].text.Field());
         if (letters_)
-            values.back() = letters_->LetterOf(gazetteer::ToText(values[*listing_], *locale_));
+            values.back() =
+                desk::InitialOf(*letters_, gazetteer::ToText(values[*listing_], *locale_));
         take(values);
     }
 }

@@ -36,7 +36,7 @@ private:
     host::Ref<host::IHostLocale> locale_;
     std::vector<Column> columns_;
     std::optional<std::size_t> listing_;
-    std::optional<desk::IndexLetters> letters_;
+    std::unique_ptr<desk::IndexLetters> letters_;
 };
 
 }  // namespace app

@@ -130,7 +130,7 @@ LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::I
     columnLabels_ = isOwn ? result_.columnLabels : grid.columns;
     if (!options_.book.empty()) CheckBook();
     NameListings();
-    if (options_.initial) letters_.emplace(options_.locale);
+    if (options_.initial) letters_ = std::make_unique<desk::IndexLetters>(options_.locale);
     hasParts_ = std::ranges::any_of(result_.listings, [](const auto& l) { return l.part > 0; });
     CheckDistinct(Fields());
 }
@@ -208,7 +208,7 @@ void LocatedTable::ForEach(const RowTaker& take) const {
         AddPlace(reference, values);
         values.insert(values.end(), listing.apart.begin(), listing.apart.end());
         if (hasParts_) values.emplace_back(std::max(listing.part, 1));
-        if (letters_) values.emplace_back(letters_->LetterOf(listing.name));
+        if (letters_) values.emplace_back(desk::InitialOf(*letters_, listing.name));
         for (const auto& constant : constants_) values.push_back(Constant(listing.group, constant));
         take(values);
     }

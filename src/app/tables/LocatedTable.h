@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -53,7 +53,7 @@ private:
     std::vector<std::string> layers_;  ///< Names of the features' layers.
     std::vector<std::string> constants_;
     std::vector<std::string> names_;  ///< Of the listings, as they are printed.
-    std::optional<desk::IndexLetters> letters_;
+    std::unique_ptr<desk::IndexLetters> letters_;
     bool hasParts_ = false;
     gis::LocateResult result_;
 };

@@ -10,6 +10,10 @@
 #include <unicode/unistr.h>
 #include <unicode/utext.h>
 
+#include "desk/locale/IndexLetters.h"
+#include "desk/locale/LineBreaks.h"
+#include "desk/locale/TextOrder.h"
+#include "desk/locale/WordDivider.h"
 #include "desk/unicode/Utf8.h"
 #include "host/Failure.h"
 
@@ -95,21 +99,6 @@ icu::Locale FindLocale(const std::string& name) {
     return *locale;
 }
 
-std::unique_ptr<icu::Collator> MakeCollator(const icu::Locale& locale) {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(locale, status));
-    if (U_SUCCESS(status)) {
-        collator->setStrength(icu::Collator::SECONDARY);
-        // Tables contain both composed and decomposed characters.
-        collator->setAttribute(UCOL_NORMALIZATION_MODE, UCOL_ON, status);
-    }
-    if (U_FAILURE(status))
-        throw host::Failure(
-            host::kFailureUnspecified, "IcuLocale",
-            std::string("ICU has no text order for the locale ") + locale.getName() + ".");
-    return collator;
-}
-
 [[noreturn]] void FailWithoutRules() {
     throw host::Failure(host::kFailureUnspecified, "IcuLocale",
                         "ICU has no rules for splitting text into characters.");
@@ -142,9 +131,11 @@ icu::StringPiece Piece(const std::string& text) {
 
 IcuLocale::IcuLocale(const std::string& name)
     : locale_(FindLocale(name)),
-      collator_(MakeCollator(locale_)),
+      collator_(TextOrder(locale_)),
       numbers_(locale_),
       characters_(MakeCharacterIterator()) {}
+
+IcuLocale::~IcuLocale() = default;
 
 int IcuLocale::CompareText(const std::string& text1, const std::string& text2) {
     UErrorCode status = U_ZERO_ERROR;
@@ -194,6 +185,21 @@ std::vector<std::size_t> IcuLocale::CharactersByRules(std::string_view text) {
     }
     utext_close(&source);
     return lengths;
+}
+
+std::string IcuLocale::IndexLetter(const std::string& text) {
+    if (!letters_) letters_ = std::make_unique<IndexLetters>(Name());
+    return letters_->LetterOf(text);
+}
+
+std::vector<std::size_t> IcuLocale::LineBreaks(std::string_view text) {
+    if (!lines_) lines_ = std::make_unique<desk::LineBreaks>(locale_);
+    return lines_->In(text);
+}
+
+std::vector<std::size_t> IcuLocale::WordDivisions(std::string_view word) {
+    if (!words_) words_ = std::make_unique<WordDivider>(locale_);
+    return words_->Divisions(word);
 }
 
 std::string IcuLocale::LanguageTag() const {

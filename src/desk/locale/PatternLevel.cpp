@@ -1,0 +1,74 @@
+#include "desk/locale/PatternLevel.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace desk {
+namespace {
+
+constexpr char kEndOfWord = '.';
+
+/// Zero behind the end, so that a shorter pattern comes first.
+unsigned char At(const std::string& letters, std::size_t depth) {
+    return depth < letters.size() ? static_cast<unsigned char>(letters[depth]) : 0;
+}
+
+}  // namespace
+
+void PatternLevel::Add(std::string_view line) {
+    // Behind a slash is how the spelling changes.
+    const std::string_view pattern = line.substr(0, line.find('/'));
+    Pattern added{{}, line};
+    std::copy_if(pattern.begin(), pattern.end(), std::back_inserter(added.letters),
+                 [](char byte) { return byte < '0' || byte > '9'; });
+    patterns_.push_back(std::move(added));
+}
+
+void PatternLevel::Sort() {
+    std::stable_sort(patterns_.begin(), patterns_.end(),
+                     [](const auto& a, const auto& b) { return a.letters < b.letters; });
+}
+
+/// Those of a range of patterns with a common beginning, of this many letters, that have the letter
+/// next.
+PatternLevel::Range PatternLevel::Narrowed(const Range& range, std::size_t depth,
+                                           char letter) const {
+    const auto wanted = static_cast<unsigned char>(letter);
+    const auto first = std::partition_point(
+        range.first, range.second, [&](const auto& p) { return At(p.letters, depth) < wanted; });
+    const auto last = std::partition_point(
+        first, range.second, [&](const auto& p) { return At(p.letters, depth) == wanted; });
+    return {first, last};
+}
+
+/// Adds the patterns of a range that end here, or one for the beginning if none does.
+void PatternLevel::Take(const Range& range, std::size_t depth,
+                        std::vector<std::string_view>& lines) {
+    auto pattern = range.first;
+    if (pattern == range.second) return;
+    do {
+        lines.push_back(pattern->line);
+    } while (++pattern != range.second && pattern->letters.size() == depth);
+}
+
+void PatternLevel::Follow(Range range, std::size_t depth, std::string_view rest,
+                          std::vector<std::string_view>& lines) const {
+    for (const char letter : rest) {
+        range = Narrowed(range, depth++, letter);
+        if (range.first == range.second) return;
+        Take(range, depth, lines);
+        Take(Narrowed(range, depth, kEndOfWord), depth + 1, lines);
+    }
+}
+
+void PatternLevel::Collect(std::string_view word, std::vector<std::string_view>& lines) const {
+    const Range all(patterns_.begin(), patterns_.end());
+    const Range atBeginning = Narrowed(all, 0, kEndOfWord);
+    for (std::size_t start = 0; start < word.size(); ++start) {
+        Follow(all, 0, word.substr(start), lines);
+        // Parts of a compound, which are words to the next level, can begin anywhere.
+        Follow(atBeginning, 1, word.substr(start), lines);
+    }
+}
+
+}  // namespace desk
