@@ -6,7 +6,7 @@ namespace support {
 namespace {
 
 host::Ref<host::IHost> NewDesk(desk::DeskOptions options) {
-    options.locale = "en_US";
+    if (options.locale.empty()) options.locale = "en_US";
     options.dialogs = std::make_shared<RecordingDialogs>();
     return std::make_shared<desk::Desk>(std::move(options));
 }
@@ -24,9 +24,10 @@ std::string TestDesk::NewTable(const std::vector<std::string>& fields, std::size
                                                  : DbfColumn{field, 'N', 6});
     DbfBuilder table(columns);
     for (const auto& row : rows) table.Row(row);
-    const std::string path = folder_.File("table" + std::to_string(++tables_) + ".dbf");
-    table.Write(path);
-    return path;
+    const std::string name = "table" + std::to_string(++tables_);
+    folder_.Write(name + ".cpg", "UTF-8");
+    table.Write(folder_.File(name + ".dbf"));
+    return folder_.File(name + ".dbf");
 }
 
 void TestDesk::UseBook(const std::string& path) {

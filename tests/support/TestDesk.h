@@ -13,7 +13,7 @@ namespace support {
 /// The real desk with real tables in a folder of its own. Nothing is faked but the dialogs.
 class TestDesk : public TestHost {
 public:
-    /// The options are taken but for locale and dialogs.
+    /// The options are taken but for the dialogs; the locale is en_US where they name none.
     explicit TestDesk(const desk::DeskOptions& options = {});
 
     desk::Desk& TheDesk() { return *desk_; }

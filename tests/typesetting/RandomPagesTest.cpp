@@ -64,10 +64,11 @@ struct RandomIndex {
                               {"Listing.ShowTitle", Number(0, 1) == 1},
                               {"Page.ShowTitle", false}});
         const auto text = font(5, 8);
+        const double above = Number(0, 3) / 100.0, below = Number(0, 3) / 100.0;
         for (const std::string column : {"Listing", "Page"})
             desk->Store(element, {{column + ".ColumnFontSymbol", text},
-                                  {column + ".MarginTop", Number(0, 3) / 100.0},
-                                  {column + ".MarginBottom", Number(0, 3) / 100.0}});
+                                  {column + ".MarginTop", above},
+                                  {column + ".MarginBottom", below}});
         settings = gazetteer::PrintTypesetting();
         if (Number(0, 2) == 0) settings.continued = "{letter} (continued)";
         if (Number(0, 1) == 0) settings.continuedAt = gazetteer::kAtColumnGroup;
@@ -88,6 +89,8 @@ struct RandomIndex {
             for (int j = Number(1, 4); j > 0; --j)
                 name += (name.empty() ? "" : " ") +
                         words[static_cast<std::size_t>(Number(0, std::ssize(words) - 1))];
+            constexpr std::size_t kField = 60;  // Bytes.
+            if (name.size() > kField) name.resize(name.find(' '));
             rows.push_back({name, "r" + std::to_string(i)});
         }
         return desk->ListingTable(rows);
