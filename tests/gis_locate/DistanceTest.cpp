@@ -58,12 +58,14 @@ Layer PartsOf(const Layer& layer) {
 TEST(Clusters, AreThoseOfASimpleReading) {
     RandomMap random(23);
     Shapes shapes;
-    for (const auto& feature : PartsOf(random.Features("f", 250, 0)).features)
+    for (const auto& feature : PartsOf(random.Features("f", 150, 0)).features)
         shapes.push_back(GeometryOf(feature.wkt));
     for (const double distance : {1.0, 100.0, 400.0, 1500.0, 60'000.0}) {
         const auto clusters = ClustersOf(shapes, distance);
         EXPECT_EQ(clusters, SimpleClusters(shapes, distance)) << distance;
-        EXPECT_EQ(*std::ranges::max_element(clusters) > 10, distance < 1000) << distance;
+        const auto last = std::ranges::max(clusters);
+        EXPECT_TRUE(distance > 1 || last > 10) << last;
+        EXPECT_TRUE(distance < 60'000 || last == 0) << last;
     }
 }
 

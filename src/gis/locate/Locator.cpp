@@ -207,20 +207,13 @@ bool Locator::AddInSquares(const Pieces& pieces, std::size_t sheet,
     if (!own) own = std::make_unique<SquareDivider>(geos_, sheets_.sheets[sheet].squares);
     bool isDone = true;
     for (const Point& point : pieces.points) isDone &= own->Divide(PointOf(point), squares);
-    for (const auto& line : pieces.lines) isDone &= own->Divide(LineOf(line), squares);
+    for (const auto& line : pieces.lines) isDone &= own->DivideLine(line, squares);
     for (const auto& area : pieces.areas) isDone &= own->Divide(geos_.Copy(area), squares);
     return isDone;
 }
 
 Geos::Geometry Locator::PointOf(const Point& point) const {
     return geos_.Own(GEOSGeom_createPointFromXY_r(geos_.Context(), point.x, point.y));
-}
-
-Geos::Geometry Locator::LineOf(const std::vector<Point>& line) const {
-    constexpr int kNone = 0;  // No heights, no measures.
-    auto* const points = GEOSCoordSeq_copyFromBuffer_r(
-        geos_.Context(), &line.front().x, static_cast<unsigned>(line.size()), kNone, kNone);
-    return geos_.Own(GEOSGeom_createLineString_r(geos_.Context(), points));
 }
 
 }  // namespace gis

@@ -69,7 +69,6 @@ private:
     bool AddOnGrid(const Pieces& pieces, const Grid& grid, std::vector<SquareExtent>& squares);
     bool AddInSquares(const Pieces& pieces, std::size_t sheet, std::vector<SquareExtent>& squares);
     Geos::Geometry PointOf(const Point& point) const;
-    Geos::Geometry LineOf(const std::vector<Point>& line) const;
 
     const Sheets& sheets_;
     std::unique_ptr<OGRCoordinateTransformation> transformation_;
