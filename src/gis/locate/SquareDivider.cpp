@@ -85,8 +85,9 @@ void SquareDivider::DivideSegment(const Point& from, const Point& to,
     left_ = {Share()};
     for (const std::size_t number : squares) {
         if (left_.empty()) return;
-        if (const auto share = convex_[number]->Clip(from, to))
-            lengths_[number] += length * TakeOut(*share, left_);
+        const auto& area = convex_[number];
+        const auto share = area ? area->Clip(from, to) : std::nullopt;
+        if (share) lengths_[number] += length * TakeOut(*share, left_);
     }
 }
 
