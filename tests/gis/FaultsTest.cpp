@@ -147,6 +147,11 @@ TEST_F(SourceFaults, OfValuesAreNotedOnce) {
             EXPECT_EQ(ours, expected) << file;
         }
     }
+    // A record that is not wanted is not judged.
+    RunSql(File("lie.gpkg"), {"UPDATE names SET Page = '12a' WHERE fid = 3"});
+    const auto some = desk::OpenTable(desk::FindTable(File("lie.gpkg")), "fid > 3 OR Page = 'x'");
+    EXPECT_EQ(RowsOf(*some, {"Page"}).size(), 5U);
+    EXPECT_EQ(some->Notes().Faults(), Notes());
     // Without the number that GDAL makes of such a text.
     RunSql(File("lie.gpkg"), {"UPDATE names SET Page = '12a' WHERE fid IN (1, 7)"});
     const Rows rows = RowsAt(File("lie.gpkg"), {"Page"});
@@ -157,10 +162,12 @@ TEST_F(SourceFaults, OfTextsAreNotedOnce) {
     const std::string file = sources_.Write("latin.csv",
                                             "Listing,Stra\xDF"
                                             "e\nK\xF6ln,a\nM\xFCnchen,b\n");
+    const std::string remedy =
+        " (a text file of Windows is converted by \"iconv -f WINDOWS-1252 -t UTF-8\")";
     const Notes expected = {
-        "the field name \"Stra\uFFFDe\" has bytes that are no UTF-8.",
-        "record 1, field Listing: \"K\uFFFDln\" has bytes that are no UTF-8. Further ones in this "
-        "field are not listed."};
+        "the field name \"Stra\uFFFDe\" has bytes that are no UTF-8" + remedy + '.',
+        "record 1, field Listing: \"K\uFFFDln\" has bytes that are no UTF-8" + remedy +
+            ". Further ones in this field are not listed."};
     const auto table = desk::OpenTable(desk::FindTable(file));
     EXPECT_EQ(Lines(RowsOf(*table, {"Listing", "Stra\uFFFDe"})),
               "K\uFFFDln | a | \nM\uFFFDnchen | b | \n");
@@ -196,6 +203,48 @@ TEST_F(SourceFaults, OfAServerThatStopsAreTold) {
     const std::string refusal = RefusalOf(atlas + "/names");
     EXPECT_TRUE(IsOneSentence(refusal));
     EXPECT_TRUE(refusal.starts_with(atlas + " cannot be read: ")) << refusal;
+}
+
+TEST_F(SourceFaults, OfAServerThatHangsAreTold) {
+    PostgresServer server;
+    server.Run(
+        "CREATE TABLE names AS SELECT 'Place ' || i AS listing, i AS page "
+        "FROM generate_series(1, 20000) AS i");
+    const std::string names = server.Connection() + "/names";
+    ::setenv("GAZETTEER_SERVER_TIMEOUT", "1", 1);
+    for (const int rows : {-1, 0, 3}) {  // Before it is read, and after so many rows.
+        SCOPED_TRACE(rows);
+        const auto table = desk::OpenTable(desk::FindTable(names));
+        const auto cursor = rows < 0 ? nullptr : table->Search(nullptr, true);
+        for (int i = 0; i < rows; ++i) EXPECT_NE(cursor->NextRow(), nullptr);
+        server.Pause();
+        const auto failure = support::FailureOf([&] {
+            const auto rest = cursor ? cursor : table->Search(nullptr, true);
+            while (rest->NextRow()) continue;
+        });
+        EXPECT_EQ(failure.description,
+                  names +
+                      " cannot be read: the server did not answer for 1 second "
+                      "(GAZETTEER_SERVER_TIMEOUT sets how long it may take).");
+        server.Resume();
+    }
+    auto table = desk::OpenTable(desk::FindTable(names));
+    auto cursor = table->Search(nullptr, true);
+    EXPECT_NE(cursor->NextRow(), nullptr);
+    server.Pause();  // Leaving it asks the server as well.
+    cursor.reset();
+    table.reset();
+    server.Resume();
+
+    // Time that the program itself takes does not count.
+    table = desk::OpenTable(desk::FindTable(names));
+    cursor = table->Search(nullptr, true);
+    for (int i = 0; i < 20000; ++i) {
+        EXPECT_NE(cursor->NextRow(), nullptr);
+        if (i == 0) ::usleep(1500000);
+    }
+    EXPECT_EQ(cursor->NextRow(), nullptr);
+    ::unsetenv("GAZETTEER_SERVER_TIMEOUT");
 }
 
 TEST_F(SourceFaults, OfAServerThatDoesNotAnswerAreTold) {

@@ -67,6 +67,22 @@ void PostgresServer::Stop() {
     RunProgram("pg_ctl -D '" + folder_ + "/data' -w -m immediate stop");
 }
 
+bool PostgresServer::IsRead() const {
+    try {
+        Run("SELECT 1 / count(*) FROM pg_stat_activity WHERE query LIKE 'FETCH%'"
+            " AND pid <> pg_backend_pid()");
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;  // Division by zero.
+    }
+}
+
+void PostgresServer::Signal(const std::string& name) const {
+    Run("COPY (SELECT pid FROM pg_stat_activity WHERE backend_type = 'client backend' AND "
+        "pid <> pg_backend_pid()) TO PROGRAM 'xargs -r kill -" +
+        name + " || true'");
+}
+
 void PostgresServer::RunProgram(const std::string& commandLine) const {
     const std::string told = folder_ + "/told";
     const std::string command = (IsRoot() ? "cd / && runuser -u postgres -- " : "") +

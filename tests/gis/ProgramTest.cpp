@@ -139,7 +139,7 @@ TEST_F(GisProgram, StopsWhereItsServerStops) {
         "length(pg_sleep(0.001)::text) AS pause FROM generate_series(1, 20000) AS i");
     const auto before = program_.Shell("ls -A");
     Child child(program_, {"make", server.Connection() + "/names", "-o", "o.pdf"});
-    ::usleep(3000000);
+    while (!server.IsRead() && !child.HasEnded()) ::usleep(100000);
     EXPECT_FALSE(child.HasEnded());
     server.Stop();
     const auto outcome = child.End();

@@ -1,9 +1,6 @@
 #include "gis/Sources.h"
 
-#include <cpl_string.h>
-#include <gdal_priv.h>
-#include <gdal_utils.h>
-#include <memory>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "desk/locale/IcuLocale.h"
@@ -27,26 +24,6 @@ constexpr char kPoints[] = R"(<OGRVRTDataSource><OGRVRTLayer name="names">
 <Field name="Founded" type="Date"/>
 <Field name="Capital" src="Bit" type="Integer" subtype="Boolean"/>
 </OGRVRTLayer></OGRVRTDataSource>)";
-
-/// Copies the layers of a source.
-void Translate(const std::string& source, const std::string& driver, const std::string& target,
-               const std::vector<std::string>& options) {
-    GDALAllRegister();
-    CPLStringList arguments;
-    for (const std::string& argument : {std::string("-f"), driver, std::string("-unsetFieldWidth")})
-        arguments.AddString(argument.c_str());
-    for (const std::string& option : options) arguments.AddString(option.c_str());
-    const std::unique_ptr<GDALVectorTranslateOptions, decltype(&GDALVectorTranslateOptionsFree)>
-        parsed(GDALVectorTranslateOptionsNew(arguments.List(), nullptr),
-               &GDALVectorTranslateOptionsFree);
-    const GDALDatasetUniquePtr opened(GDALDataset::Open(source.c_str(), GDAL_OF_VECTOR));
-    GDALDatasetH from = opened.get();
-    int faults = 0;
-    const GDALDatasetUniquePtr written(GDALDataset::FromHandle(
-        opened ? GDALVectorTranslate(target.c_str(), nullptr, 1, &from, parsed.get(), &faults)
-               : nullptr));
-    if (!written || faults != 0) throw std::runtime_error(target + " was not made of " + source);
-}
 
 }  // namespace
 
@@ -78,12 +55,15 @@ Sources::Sources() {
 
 void Sources::Copy(const std::string& driver, const std::string& target,
                    const std::vector<std::string>& options) const {
-    Translate(File("names.vrt"), driver, target, options);
+    CopyTable(File("names.vrt"), driver, target, options);
 }
 
 void CopyTable(const std::string& table, const std::string& driver, const std::string& target,
                const std::vector<std::string>& options) {
-    Translate(table, driver, target, options);
+    std::string command =
+        "ogr2ogr -unsetFieldWidth -f '" + driver + "' '" + target + "' '" + table + '\'';
+    for (const auto& option : options) command += " '" + option + '\'';
+    if (std::system(command.c_str()) != 0) throw std::runtime_error("it failed: " + command);
 }
 
 const std::vector<std::string>& FieldsOfNames() {

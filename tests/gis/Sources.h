@@ -14,7 +14,7 @@ namespace tests {
 using Cells = std::vector<std::optional<std::string>>;
 using Rows = std::vector<Cells>;
 
-/// A folder with the dBase table names.dbf, whose rows have points, and copies of it that GDAL
+/// A folder with the dBase table names.dbf, whose rows have points, and copies of it that ogr2ogr
 /// wrote.
 class Sources : public support::TemporaryFolder {
 public:

@@ -58,12 +58,9 @@ protected:
         return places;
     }
     static Squares AreaSquares(const std::string& wkt) {
-        OGRGeometry* geometry = nullptr;
-        OGRGeometryFactory::createFromWkt(wkt.c_str(), nullptr, &geometry);
-        const std::unique_ptr<OGRGeometry> owned(geometry);
         const gis::Geos geos;
         std::vector<gis::SquareExtent> squares;
-        gis::AddArea(geos, TheGrid(), geos.Copy(*owned).get(), squares);
+        gis::AddArea(geos, TheGrid(), geos.Copy(*GeometryOf(wkt)).get(), squares);
         return PlacesOf(squares);
     }
 };

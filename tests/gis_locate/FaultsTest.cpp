@@ -55,6 +55,9 @@ TEST_F(LocateFaults, OfFeaturesAreCountedAndTold) {
                 {{""}, "POINT (2 2)"},
                 {{kNull}, "POINT (2 2)"},
                 {{"outside"}, "POINT (20 20)"},
+                {{"dot"}, "LINESTRING (5 5, 5 5)"},
+                {{"touching"}, "LINESTRING (0 20, 5 10, 9 20)"},
+                {{"corner"}, BoxText(-5, -5, 0, 0)},
                 {{"mixed"},
                  "GEOMETRYCOLLECTION (POINT (8 8), LINESTRING (8 8, 9 8), "
                  "POLYGON ((8 8, 9 8, 9 9, 8 8)))"},
@@ -64,8 +67,10 @@ TEST_F(LocateFaults, OfFeaturesAreCountedAndTold) {
         "places.gpkg: 2 features without a name left out (number 8, 9).",
         "places.gpkg: 3 features without a place left out (number 5, 6, 7).",
         "places.gpkg: 3 features with broken geometries left out (number 2, 3, 4).",
+        "places.gpkg: 1 line without length left out (number 11).",
         "places.gpkg: 1 feature on no sheet left out (number 10).",
-        "places.gpkg: 2 features had broken geometries, which were mended (number 1, 13)."};
+        "places.gpkg: 2 features that only touch a sheet left out (number 12, 13).",
+        "places.gpkg: 2 features had broken geometries, which were mended (number 1, 16)."};
     Expect({"in a grid",
             Sheets({{{"1"}, square_}}),
             places,
@@ -95,8 +100,8 @@ TEST_F(LocateFaults, OfSheetsAreCountedAndTold) {
             place,
             {"--grid", "1x1"},
             {{"far", "7", "A", "1"}},
-            {"atlas.gpkg: 2 sheets without a page were left out (feature 2, 3).",
-             "atlas.gpkg: 2 sheets that are no areas were left out (feature 4, 5).",
+            {"atlas.gpkg: 2 sheets without a page were left out (number 2, 3).",
+             "atlas.gpkg: 2 sheets that are no areas were left out (number 4, 5).",
              "1 sheet has no feature: page 6.",
              "places.gpkg: 1 feature on no sheet left out (number 1)."}});
     Expect({"two sheets of one page, and numbers before texts",
@@ -120,7 +125,7 @@ TEST_F(LocateFaults, OfSheetsAreCountedAndTold) {
             place,
             {},
             {{"place", "1"}},
-            {"atlas.gpkg: 1 sheet had a broken outline, which was mended (feature 1).",
+            {"atlas.gpkg: 1 sheet had a broken outline, which was mended (number 1).",
              "1 feature on no sheet left out (number 2)."}});
     Layer unknown = place;
     unknown.epsg = 0;
@@ -158,10 +163,10 @@ TEST(SquaresOfOnesOwn, AreCountedAndTold) {
                                                          {"over", "1", "a", "9"},
                                                          {"shared", "1", "b", "10"}}));
     for (const char* sentence :
-         {"squares.gpkg: 1 square that is no area was left out (feature 3).",
-          "squares.gpkg: 1 square had a broken outline, which was mended (feature 2).",
+         {"squares.gpkg: 1 square that is no area was left out (number 3).",
+          "squares.gpkg: 1 square had a broken outline, which was mended (number 2).",
           "squares.gpkg: the sheet of page \"2\" has no square.",
-          "2 features on no sheet left out (number 1, 4)."})
+          "2 features in no square of a sheet left out (number 1, 4)."})
         EXPECT_TRUE(Contains(outcome.errors, sentence));
 }
 
@@ -178,6 +183,7 @@ protected:
                                      std::filesystem::file_size(program_.File("torn.gpkg")) / 2);
         program_.Shell("ogr2ogr streets.shp places.gpkg; cp streets.dbf kept.dbf");
         program_.Write("mine.csv", "mine\n");
+        program_.Write("mine.cpg", "1252\n");
     }
     static std::vector<std::string> Locating(const char* features, const char* sheets,
                                              const char* output) {
@@ -190,11 +196,14 @@ protected:
 TEST_F(LocateRefusals, AreOneSentenceAndLeaveNoFile) {
     auto kept = Locating("places.gpkg", "atlas.gpkg", "mine.csv");
     kept.pop_back();
+    auto keptEncoding = Locating("places.gpkg", "atlas.gpkg", "mine.dbf");
+    keptEncoding.pop_back();
     const std::vector<std::string> overSquares = {
         "locate",  "places.gpkg", "--sheets", "atlas.gpkg", "-o",  "odd.gpkg",
         "--force", "--cells",     "odd.gpkg", "--cell-row", "page"};
     const std::vector<std::tuple<std::vector<std::string>, int, const char*>> refusals = {
         {kept, 1, "The table \"mine.csv\" exists already; --force replaces it."},
+        {keptEncoding, 1, "The file \"mine.cpg\", which tells the encoding of a table"},
         {Locating("places.gpkg", "atlas.gpkg", "places.gpkg"), 2, "made from itself"},
         {Locating("places.gpkg/places", "atlas.gpkg", "./places.gpkg"), 2, "made from itself"},
         {Locating("places.gpkg", "atlas.gpkg/sheets", "atlas.gpkg"), 2, "made from itself"},

@@ -84,6 +84,7 @@ TEST_F(Import, WritesEachFormatSoThatTheSameRowsAreReadFromIt) {
     }
     EXPECT_EQ(program_.Read("out.cpg"), "UTF-8");
     // The date of change is always the same.
+    EXPECT_TRUE(Contains(program_.Read("out.gpkg"), "2000-01-01T00:00:00.000Z"));
     EXPECT_EQ(program_.Read("out.dbf").substr(1, 3), "\x64\x01\x01");
 }
 
@@ -110,6 +111,24 @@ TEST_F(Import, TellsWhatADbaseTableCannotHold) {
               "a_long_field_too", "-o", "out.csv"});
     EXPECT_EQ(Names("out.csv"),
               (Texts{"Listing", "Page", "a_long_field_name", "a_long_field_too"}));
+}
+
+TEST_F(Import, TellsWhatIsNotRead) {
+    program_.Write("times.geojson", R"({"type": "FeatureCollection", "features": [
+{"type": "Feature", "geometry": null, "properties": {"page": 1, "at": "2024-02-29T10:00:00+05:30"}},
+{"type": "Feature", "geometry": null, "properties": {"page": 2, "at": "2024-02-29T10:00:00Z"}}]})");
+    program_.Shell(
+        "ogr2ogr times.gpkg times.geojson -nln times -dialect SQLITE "
+        "-sql \"SELECT page, CAST(x'00FF' AS BLOB) AS photo FROM times\"");
+    for (const auto& [source, field, sentence] :
+         {std::tuple{"times.geojson", "at",
+                     "record 0, field at: the time zone of \"2024-02-29 10:00:00 +05:30\" is left "
+                     "out. Further ones in this field are not listed."},
+          {"times.gpkg", "photo", "times.gpkg: pictures and other bytes are not read (photo)."}}) {
+        const auto outcome =
+            program_.Done({"import", source, "--keep", field, "-o", "out.csv", "--force"});
+        EXPECT_TRUE(Contains(outcome.errors, sentence));
+    }
 }
 
 TEST_F(Import, TakesConditionsAndExpressions) {

@@ -105,6 +105,12 @@ void WriteLayer(const std::string& path, const Layer& layer) {
     Require(dataset->CommitTransaction() == OGRERR_NONE || isPlain, path);
 }
 
+std::unique_ptr<OGRGeometry> GeometryOf(const std::string& wkt) {
+    OGRGeometry* geometry = nullptr;
+    Require(OGRGeometryFactory::createFromWkt(wkt.c_str(), nullptr, &geometry) == OGRERR_NONE, wkt);
+    return std::unique_ptr<OGRGeometry>(geometry);
+}
+
 std::string PointText(double x, double y) {
     std::array<char, 80> text{};
     std::snprintf(text.data(), text.size(), "%.17g %.17g", x, y);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <ogr_geometry.h>
 #include <string>
 #include <vector>
@@ -37,6 +38,7 @@ private:
     OGRSpatialReference system_;
 };
 
+std::unique_ptr<OGRGeometry> GeometryOf(const std::string& wkt);
 /// Texts of geometries with all digits. A ring is closed by itself.
 std::string PointText(double x, double y);
 std::string PointsText(const std::vector<OGRRawPoint>& points);

@@ -50,13 +50,6 @@ TEST_F(LocateOptions, NameListings) {
             {"Oak (York)", "12", "B", "1", "York"},
             {"Ash", "12", "A", "1", "York"},
             {"Oak (Ely)", "12", "A", "1", "Ely"}});
-    Expect({"town.gpkg/streets", "--distance", "4.9", "--where", "name = 'Oak'"},
-           {{"Listing", "Page", "Part"},
-            {"Oak (1)", "3", "1"},
-            {"Oak (1)", "12", "1"},
-            {"Oak (2)", "12", "2"}});
-    Expect({"town.gpkg/streets", "--distance", "5", "--where", "name = 'Oak'"},
-           {{"Listing", "Page"}, {"Oak", "3"}, {"Oak", "12"}});
 }
 
 TEST_F(LocateOptions, LabelSquares) {

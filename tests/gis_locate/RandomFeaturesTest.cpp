@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <numeric>
 
 #include "gis_locate/Maps.h"
 
@@ -40,12 +39,6 @@ std::vector<Cell> UnevenSquares(RandomMap& random) {
                                AreaText({corners[row][column], corners[row][column + 1],
                                          corners[row + 1][column + 1], corners[row + 1][column]})});
     return squares;
-}
-
-std::unique_ptr<OGRGeometry> GeometryOf(const std::string& wkt) {
-    OGRGeometry* geometry = nullptr;
-    OGRGeometryFactory::createFromWkt(wkt.c_str(), nullptr, &geometry);
-    return std::unique_ptr<OGRGeometry>(geometry);
 }
 
 /// The parts of the squares on each sheet.
@@ -99,62 +92,6 @@ TEST(FeaturesOfOneName, AreApartByAField) {
     ExpectSame(expected,
                LocatedIn(maps.program.Locate(maps.InGrid({"--apart", "town", "--squares", "all"}))),
                "all");
-}
-
-/// Numbers from 1 the clusters of boxes that are not farther apart, in order of their first box.
-std::vector<int> Clusters(const std::vector<OGREnvelope>& boxes, double distance) {
-    std::vector<int> clusters(boxes.size());
-    std::iota(clusters.begin(), clusters.end(), 0);
-    const auto isNear = [&](const OGREnvelope& one, const OGREnvelope& other) {
-        const double x = std::max({one.MinX - other.MaxX, other.MinX - one.MaxX, 0.0});
-        const double y = std::max({one.MinY - other.MaxY, other.MinY - one.MaxY, 0.0});
-        return x * x + y * y <= distance * distance;
-    };
-    for (bool isChanged = true; isChanged;) {
-        isChanged = false;
-        for (std::size_t i = 0; i < boxes.size(); ++i)
-            for (std::size_t j = 0; j < boxes.size(); ++j)
-                if (clusters[i] < clusters[j] && isNear(boxes[i], boxes[j])) {
-                    clusters[j] = clusters[i];
-                    isChanged = true;
-                }
-    }
-    auto firsts = clusters;
-    std::ranges::sort(firsts);
-    firsts.erase(std::ranges::unique(firsts).begin(), firsts.end());
-    for (int& cluster : clusters)
-        cluster = 1 + static_cast<int>(std::ranges::lower_bound(firsts, cluster) - firsts.begin());
-    return clusters;
-}
-
-TEST(FeaturesOfOneName, AreApartWhereTheyLieFarApart) {
-    constexpr double kDistance = 5000;
-    const Maps maps(3, {0}, 900);
-    const auto read = maps.ReadGrid();
-    std::map<std::string, std::vector<std::size_t>> byName;
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < read[0].size(); ++i) {
-        if (read[0][i].empty()) continue;
-        auto& features = byName[maps.Value(0, i, 0)];
-        if (features.empty()) names.push_back(maps.Value(0, i, 0));
-        features.push_back(i);
-    }
-    std::vector<ReadListing> expected;
-    for (const auto& name : names) {
-        std::vector<OGREnvelope> boxes;
-        for (const auto feature : byName[name])
-            GeometryOf(maps.layers[0].features[feature].wkt)->getEnvelope(&boxes.emplace_back());
-        const auto clusters = Clusters(boxes, kDistance);
-        std::vector<std::vector<Extents>> named(1);
-        for (const auto feature : byName[name]) named[0].push_back(read[0][feature]);
-        auto parts = Listings(named, [&](std::size_t, std::size_t i) {
-            return std::to_string(clusters[i]) + " 0 " + name;
-        });
-        expected.insert(expected.end(), parts.begin(), parts.end());
-    }
-    EXPECT_GT(expected.size(), names.size() * 3 / 2);
-    ExpectSame(expected, LocatedIn(maps.program.Locate(maps.InGrid({"--distance", "5000"}))),
-               "longest");
 }
 
 TEST(NumberOfThreads, DoesNotMatter) {

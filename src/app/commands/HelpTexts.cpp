@@ -147,8 +147,8 @@ in any rotation, with a field of the page; those that overlap give a reference e
 the side whose middle lies highest. A square owns its upper and left border, the last row and column their
 outer border, too. A line that only touches a square is not listed under it; of squares with equal parts of
 it the upper, then the left one is taken. Features of other reference systems are transformed to that of the
-sheets. --json prints {"features": 2, "unnamed": 0, "withoutPlace": 0, "outside": 0, "broken": 0, "mended": 0,
-"listings": 2, "references": 3, "emptySheets": []}.)"},
+sheets. --json prints {"features": 2, "unnamed": 0, "withoutPlace": 0, "withoutLength": 0, "outside": 0,
+"inNoSquare": 0, "broken": 0, "mended": 0, "listings": 2, "references": 3, "emptySheets": []}.)"},
     {"book", R"(
   gazetteer book new book.json --sheets sheets.dbf --start-page 5 --row-labels A..F
 A map book tells on which page of the book a map sheet stands, and what its grid squares are called.

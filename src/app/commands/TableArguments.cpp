@@ -82,7 +82,7 @@ void AddSheets(CLI::App& command, LocateOptions& locate) {
     command.add_flag("--initial", locate.initial,
                      "Add the letter under which an index of the locale has the listing");
     AddNumber(command, "--distance", locate.distance, {0, kMostDistance},
-              "Features of one name that lie farther apart are listings of their own; in the unit "
+              "Parts of one name that lie farther apart are listings of their own; in the unit "
               "of the sheets' reference system, {}");
     AddNumber(command, "--threads", locate.threads, {1, kMostThreads},
               "Threads to work with, {} (default: one per core)");

@@ -34,14 +34,18 @@ void WriteCounts(JsonAnswer& json, const gis::LocateResult& result) {
         all.read += counts.read;
         all.unnamed.count += counts.unnamed.count;
         all.withoutGeometry.count += counts.withoutGeometry.count;
+        all.withoutLength.count += counts.withoutLength.count;
         all.outside.count += counts.outside.count;
+        all.inNoSquare.count += counts.inNoSquare.count;
         all.broken.count += counts.broken.count;
         all.mended.count += counts.mended.count;
     }
     json.Member("features", all.read);
     json.Member("unnamed", all.unnamed.count);
     json.Member("withoutPlace", all.withoutGeometry.count);
+    json.Member("withoutLength", all.withoutLength.count);
     json.Member("outside", all.outside.count);
+    json.Member("inNoSquare", all.inNoSquare.count);
     json.Member("broken", all.broken.count);
     json.Member("mended", all.mended.count);
     json.Member("listings", std::ssize(result.listings));

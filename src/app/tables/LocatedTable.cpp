@@ -94,17 +94,6 @@ std::string Listed(const std::vector<std::string>& pages) {
     return pages.size() > kShown ? list + ", ..." : list;
 }
 
-// Adds a warning that tells of one feature or of several.
-void AddFeatures(std::vector<std::string>& warnings, const std::string& layer,
-                 const gis::LeftOut& features, const std::string& one, const std::string& many) {
-    if (features.count == 0) return;
-    std::vector<std::string> numbers;
-    for (const auto number : features.first) numbers.push_back(std::to_string(number));
-    const bool isMore = features.count > std::ssize(numbers);
-    warnings.push_back(layer + ": " + Counted(features.count, one, many) + " (number " +
-                       Listed(numbers) + (isMore ? ", ...)." : ")."));
-}
-
 }  // namespace
 
 LocatedTable::LocatedTable(const LocateOptions& options, const host::Ref<host::IHostLocale>& locale,
@@ -228,14 +217,21 @@ std::vector<std::string> LocatedTable::Warnings() const {
     for (std::size_t i = 0; i < layers_.size(); ++i) {
         const auto& counts = result_.counts[i];
         const auto add = [&](const gis::LeftOut& features, const char* one, const char* many) {
-            AddFeatures(warnings, layers_[i], features, one, many);
+            features.Tell(warnings, layers_[i], one, many);
         };
         add(counts.unnamed, "feature without a name left out", "features without a name left out");
         add(counts.withoutGeometry, "feature without a place left out",
             "features without a place left out");
         add(counts.broken, "feature with a broken geometry left out",
             "features with broken geometries left out");
+        add(counts.withoutLength, "line without length left out", "lines without length left out");
         add(counts.outside, "feature on no sheet left out", "features on no sheet left out");
+        if (options_.cells.empty())
+            add(counts.inNoSquare, "feature that only touches a sheet left out",
+                "features that only touch a sheet left out");
+        else
+            add(counts.inNoSquare, "feature in no square of a sheet left out",
+                "features in no square of a sheet left out");
         add(counts.mended, "feature had a broken geometry, which was mended",
             "features had broken geometries, which were mended");
     }

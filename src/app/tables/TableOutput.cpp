@@ -78,6 +78,11 @@ void CheckTableOutput(const std::string& path, const std::vector<std::string>& s
                              "\" cannot be written: it would be made from itself.");
     CheckFolderOf(path);
     std::error_code ignored;
+    const auto encoding = std::filesystem::path(path).replace_extension(".cpg");
+    if (ending == ".dbf" && !force && std::filesystem::exists(encoding, ignored))
+        throw CommandError("The file \"" + encoding.string() +
+                           "\", which tells the encoding of a table of this name, exists already; "
+                           "--force replaces it.");
     if (!std::filesystem::exists(path, ignored)) return;
     if (!force)
         throw CommandError("The table \"" + path + "\" exists already; --force replaces it.");

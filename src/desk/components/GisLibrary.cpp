@@ -52,7 +52,7 @@ gis::GisModule& LoadGisModule(const std::string& purpose) {
     return *module;
 }
 
-bool HasGisModule() {
+bool GisModuleNeedsNoBuilding() {
     return std::getenv("GAZETTEER_GDAL_BUILD") == nullptr || std::filesystem::exists(ModuleFile());
 }
 

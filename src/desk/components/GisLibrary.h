@@ -14,7 +14,7 @@ namespace desk {
 /// environment variable GAZETTEER_GDAL_BUILD, if there is one, is then run to make it.
 gis::GisModule& LoadGisModule(const std::string& purpose);
 
-/// Whether that runs no such command.
-bool HasGisModule();
+/// Whether loading it runs no such command.
+bool GisModuleNeedsNoBuilding();
 
 }  // namespace desk

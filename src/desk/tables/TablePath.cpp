@@ -128,7 +128,7 @@ std::shared_ptr<gis::SourceTable> OpenTable(const TablePath& path, const std::st
 }
 
 bool OpensAtOnce(const TablePath& path) {
-    return IsDbf(path) || HasGisModule();
+    return IsDbf(path) || GisModuleNeedsNoBuilding();
 }
 
 }  // namespace desk

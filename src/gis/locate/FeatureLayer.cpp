@@ -1,8 +1,6 @@
 #include "gis/locate/FeatureLayer.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <string_view>
 
 #include "desk/tables/PlainObjects.h"
@@ -25,7 +23,8 @@ FeatureLayer::FeatureLayer(const LayerOfSource& place)
       open_(OpenLayerOf(place.source, place.layer, place.where)),
       notes_(place.Text()),
       fields_(DescribeFields(*open_.layer->GetLayerDefn(), IsUntyped(open_))),
-      misfits_(FindMisfits(open_, fields_, notes_)) {
+      misfits_(FindMisfits(open_, place.where, fields_, notes_)) {
+    const GdalMessages messages(open_.watch);
     open_.layer->ResetReading();
 }
 
@@ -39,7 +38,7 @@ const OGRSpatialReference* FeatureLayer::Reference() const {
 }
 
 std::int64_t FeatureLayer::Count() const {
-    const GdalMessages messages;
+    const GdalMessages messages(open_.watch);
     const bool isFast = open_.layer->TestCapability(OLCFastFeatureCount) != 0;
     return isFast ? std::max<std::int64_t>(0, open_.layer->GetFeatureCount()) : 0;
 }
@@ -59,7 +58,7 @@ std::int32_t FeatureLayer::Field(const std::string& name) const {
 }
 
 const host::Ref<FeatureRow>& FeatureLayer::Next() {
-    const GdalMessages messages;
+    const GdalMessages messages(open_.watch);
     OGRFeatureUniquePtr feature(open_.layer->GetNextFeature());
     if (!feature) {
         messages.ThrowIfFailed(Name());
@@ -78,15 +77,8 @@ void FeatureLayer::CheckUnchanged() const {
                             Name() + " was changed by another program while it was read.");
 }
 
-std::string LabelOf(const host::Variant& value) {
-    if (const auto* const text = std::get_if<std::string>(&value)) return *text;
-    if (const auto* const number = std::get_if<std::int32_t>(&value))
-        return std::to_string(*number);
-    const auto* const number = std::get_if<double>(&value);
-    if (number == nullptr) return {};
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.begin(), text.end(), *number);
-    return {text.data(), end.ptr};
+void FeatureLayer::AddNotes(std::vector<std::string>& notes) const {
+    notes.insert(notes.end(), notes_.All().begin(), notes_.All().end());
 }
 
 }  // namespace gis

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "desk/files/Files.h"
 #include "gis/module/Locate.h"
@@ -50,7 +51,8 @@ public:
     /// Returns the next feature; null at the end. Throws if the source fails or was changed since
     /// it was opened.
     const host::Ref<FeatureRow>& Next();
-    const TableNotes& Notes() const { return notes_; }
+    /// Adds the notes about what was read.
+    void AddNotes(std::vector<std::string>& notes) const;
 
 private:
     void CheckUnchanged() const;
@@ -63,8 +65,5 @@ private:
     Misfits misfits_;
     host::Ref<FeatureRow> row_;
 };
-
-/// A value as a label: the text, a number in its shortest form; empty for no value.
-std::string LabelOf(const host::Variant& value);
 
 }  // namespace gis

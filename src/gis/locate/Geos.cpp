@@ -24,6 +24,12 @@ Geos::Geometry Geos::Copy(const OGRGeometry& geometry) const {
     return Own(geometry.exportToGEOS(context_));
 }
 
+Geos::PreparedArea Geos::PrepareCopy(const OGRGeometry& area) const {
+    PreparedArea copy{Copy(area), nullptr};
+    if (copy.area) copy.prepared = Prepare(copy.area);
+    return copy;
+}
+
 bool Geos::IsEmpty(const Geometry& geometry) const {
     return GEOSisEmpty_r(context_, geometry.get()) != 0;
 }
@@ -34,6 +40,17 @@ bool Geos::IsValid(const Geometry& geometry) const {
 
 Geos::Geometry Geos::MakeValid(const Geometry& geometry) const {
     return Own(GEOSMakeValid_r(context_, geometry.get()));
+}
+
+Geos::Geometry Geos::ValidArea(const OGRGeometry& geometry, bool& isMended) const {
+    auto area = Copy(geometry);
+    isMended = area && !IsValid(area);
+    return isMended ? Areas(MakeValid(area)) : std::move(area);
+}
+
+std::unique_ptr<OGRGeometry> Geos::Shape(const Geometry& geometry) const {
+    return std::unique_ptr<OGRGeometry>(
+        OGRGeometryFactory::createFromGEOS(context_, geometry.get()));
 }
 
 Geos::Geometry Geos::Areas(Geometry geometry) const {

@@ -6,6 +6,8 @@
 #include <tuple>
 #include <utility>
 
+#include "gis/locate/Clusters.h"
+
 namespace gis {
 namespace {
 
@@ -31,16 +33,10 @@ Iterator Largest(Iterator first, Iterator last) {
     });
 }
 
-double DistanceBetween(const OGREnvelope& one, const OGREnvelope& other) {
-    const double across = std::max({0.0, one.MinX - other.MaxX, other.MinX - one.MaxX});
-    const double along = std::max({0.0, one.MinY - other.MaxY, other.MinY - one.MaxY});
-    return std::hypot(across, along);
-}
-
 }  // namespace
 
 // Adding costs the logarithm of the number of squares, so that many features may share a name.
-void ListingSquares::Group::Add(const std::vector<SheetSquare>& more) {
+void ListingSquares::Sum::Add(const std::vector<SheetSquare>& more) {
     if (squares.empty()) {
         squares = more;
         return;
@@ -49,7 +45,7 @@ void ListingSquares::Group::Add(const std::vector<SheetSquare>& more) {
     if (added.size() >= squares.size()) Merge();
 }
 
-void ListingSquares::Group::Merge() {
+void ListingSquares::Sum::Merge() {
     if (added.empty()) return;
     std::ranges::stable_sort(added, {}, PlaceOf);
     std::vector<SheetSquare> merged;
@@ -64,59 +60,48 @@ void ListingSquares::Group::Merge() {
     merged.resize(merged.empty() ? 0 : kept + 1);
     merged.shrink_to_fit();
     squares = std::move(merged);
-    added = {};
+    added = std::vector<SheetSquare>();
 }
 
 void ListingSquares::Add(std::size_t group, const std::string& name,
-                         const std::vector<std::string>& apart, const LocatedGeometry& located) {
+                         const std::vector<std::string>& apart, std::vector<LocatedPart> parts) {
     std::string key = std::to_string(group) + '\0' + name;
     for (const auto& value : apart) key += '\0' + value;
     const auto [place, isNew] = places_.try_emplace(key, named_.size());
-    if (isNew) named_.push_back({{name, apart, group, 0}, {}});
-    GroupFor(named_[place->second], located.box).Add(located.squares);
+    if (isNew) named_.push_back({{name, apart, group, 0}, {}, {}});
+    Named& named = named_[place->second];
+    if (distance_ > 0)
+        std::ranges::move(parts, std::back_inserter(named.parts));
+    else
+        for (const auto& part : parts) named.sum.Add(part.squares);
 }
 
-ListingSquares::Group& ListingSquares::GroupFor(Named& named, const OGREnvelope& box) const {
+std::vector<ListingSquares::Sum> ListingSquares::SumsOf(Named& named) const {
+    std::vector<Sum> sums;
     if (distance_ <= 0) {
-        if (named.groups.empty()) named.groups.emplace_back();
-        return named.groups.front();
-    }
-    const auto isNear = [&](const Group& group) {
-        return std::ranges::any_of(group.boxes, [&](const OGREnvelope& other) {
-            return DistanceBetween(box, other) <= distance_;
-        });
-    };
-    const auto first = std::ranges::find_if(named.groups, isNear);
-    if (first == named.groups.end()) {
-        named.groups.push_back({{box}, {}, {}});
-        return named.groups.back();
-    }
-    first->boxes.push_back(box);
-    // The feature may join groups that were apart.
-    for (auto other = std::next(first); other != named.groups.end();) {
-        if (!isNear(*other)) {
-            ++other;
-            continue;
+        sums.push_back(std::move(named.sum));
+    } else {
+        std::vector<const OGRGeometry*> shapes;
+        for (const auto& part : named.parts) shapes.push_back(part.shape.get());
+        const auto clusters = ClustersOf(shapes, distance_);
+        for (std::size_t i = 0; i < clusters.size(); ++i) {
+            if (clusters[i] == sums.size()) sums.emplace_back();
+            sums[clusters[i]].Add(named.parts[i].squares);
         }
-        first->boxes.insert(first->boxes.end(), other->boxes.begin(), other->boxes.end());
-        other->Merge();
-        first->Add(other->squares);
-        other = named.groups.erase(other);
+        named.parts = std::vector<LocatedPart>();  // Frees its memory, unlike empty braces.
     }
-    return *first;
+    for (auto& sum : sums) sum.Merge();
+    return sums;
 }
 
 void ListingSquares::MoveTo(LocateResult& result) {
     for (auto& named : named_) {
-        const bool isOne = named.groups.size() == 1;
-        for (auto& group : named.groups) {
-            group.Merge();
+        const auto sums = SumsOf(named);
+        for (std::size_t i = 0; i < sums.size(); ++i) {
             result.listings.push_back(named.listing);
-            named.listing.part += isOne ? 0 : 1;
-            result.listings.back().part = named.listing.part;
-            AddReferences(result, group.squares);
+            result.listings.back().part = sums.size() == 1 ? 0 : static_cast<std::int32_t>(i) + 1;
+            AddReferences(result, sums[i].squares);
         }
-        named.groups.clear();
     }
     named_.clear();
     places_.clear();

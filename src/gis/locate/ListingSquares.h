@@ -11,22 +11,21 @@
 namespace gis {
 
 /// Collects the squares of listings from their features, which come in order. Takes memory for the
-/// names and their squares, and for a distance also for a rectangle per feature.
+/// names and their squares, and for a distance also for the parts of the features.
 class ListingSquares {
 public:
-    /// The distance is that of the job, between the rectangles around features; 0: none.
+    /// The distance is that of the job; 0: none.
     ListingSquares(Squares squares, double distance) : squares_(squares), distance_(distance) {}
 
-    /// Adds a feature that lies in at least one square.
+    /// Adds a feature that lies in at least one square. For a distance its parts have shapes.
     void Add(std::size_t group, const std::string& name, const std::vector<std::string>& apart,
-             const LocatedGeometry& located);
+             std::vector<LocatedPart> parts);
     /// Writes listings and references, and forgets them.
     void MoveTo(LocateResult& result);
 
 private:
-    /// Features of one name that are near to each other.
-    struct Group {
-        std::vector<OGREnvelope> boxes;
+    /// The squares of what is listed together.
+    struct Sum {
         std::vector<SheetSquare> squares;  ///< By sheet, row and column.
         std::vector<SheetSquare> added;  ///< Since they were last merged, in order of the features.
 
@@ -35,9 +34,10 @@ private:
     };
     struct Named {
         LocatedListing listing;
-        std::vector<Group> groups;
+        Sum sum;
+        std::vector<LocatedPart> parts;  ///< Instead of the sum, for a distance.
     };
-    Group& GroupFor(Named& named, const OGREnvelope& box) const;
+    std::vector<Sum> SumsOf(Named& named) const;
     void AddReferences(LocateResult& result, const std::vector<SheetSquare>& squares) const;
 
     Squares squares_;

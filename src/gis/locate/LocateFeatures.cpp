@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <mutex>
 #include <utility>
 
 #include "gis/locate/FeatureLayer.h"
@@ -31,39 +30,13 @@ struct Feature {
 };
 using Batch = std::vector<Feature>;
 
-/// Locators that no thread uses at the moment.
-class LocatorPool {
-public:
-    /// The locators are made here, because reference systems are not for several threads.
-    LocatorPool(std::size_t count, const Sheets& sheets, const OGRSpatialReference* reference,
-                bool wantsSketch) {
-        for (std::size_t i = 0; i < count; ++i)
-            idle_.push_back(std::make_unique<Locator>(sheets, reference, wantsSketch));
+Batch Locate(Locator& locator, Batch batch) {
+    for (auto& feature : batch) {
+        feature.located = locator.Locate(feature.geometry.get());
+        feature.geometry.reset();
     }
-
-    Batch Locate(Batch batch) {
-        auto locator = Take();
-        for (auto& feature : batch) {
-            feature.located = locator->Locate(feature.geometry.get());
-            feature.geometry.reset();
-        }
-        const std::scoped_lock lock(mutex_);
-        idle_.push_back(std::move(locator));
-        return batch;
-    }
-
-private:
-    // There are as many as threads.
-    std::unique_ptr<Locator> Take() {
-        const std::scoped_lock lock(mutex_);
-        auto locator = std::move(idle_.back());
-        idle_.pop_back();
-        return locator;
-    }
-
-    std::mutex mutex_;
-    std::vector<std::unique_ptr<Locator>> idle_;
-};
+    return batch;
+}
 
 class Work {
 public:
@@ -96,9 +69,16 @@ private:
         NoteReference(layer);
         const std::int64_t count = layer.Count();
         const auto threads = static_cast<std::size_t>(std::max(1, job_.threads));
-        LocatorPool pool(threads, sheets_, layer.Reference(), job_.wantsSketch);
+        // Made here, because reference systems are not for several threads.
+        std::vector<std::unique_ptr<Locator>> locators;
+        for (std::size_t i = 0; i < threads; ++i)
+            locators.push_back(std::make_unique<Locator>(
+                sheets_, layer.Reference(), LocatorWishes{job_.wantsSketch, job_.distance > 0}));
         InOrder<Batch, Batch> order(
-            threads, [&](Batch batch) { return pool.Locate(std::move(batch)); },
+            threads,
+            [&](std::size_t thread, Batch batch) {
+                return Locate(*locators[thread], std::move(batch));
+            },
             [&](Batch batch) {
                 for (auto& feature : batch) Take(number, feature);
                 if (job_.progress) job_.progress(number, result_.counts[number].read, count);
@@ -110,14 +90,14 @@ private:
             feature.number = row->Feature().GetFID();
             feature.name = place.listingOf(row);
             for (const auto field : apart)
-                feature.apart.push_back(field < 0 ? std::string() : LabelOf(row->Value(field)));
+                feature.apart.push_back(field < 0 ? std::string() : WholeText(row->Value(field)));
             feature.geometry.reset(row->Feature().StealGeometry());
             batch.push_back(std::move(feature));
             if (batch.size() == kBatch) order.Push(std::exchange(batch, {}));
         }
         order.Push(std::move(batch));
         order.Finish();
-        for (const auto& note : layer.Notes().All()) result_.notes.push_back(note);
+        layer.AddNotes(result_.notes);
     }
 
     void NoteReference(const FeatureLayer& layer) {
@@ -131,7 +111,9 @@ private:
     void Take(std::size_t number, Feature& feature) {
         LayerCounts& counts = result_.counts[number];
         ++counts.read;
-        const LocatedGeometry& located = feature.located;
+        LocatedGeometry& located = feature.located;
+        for (const auto& part : located.parts)
+            for (const auto& square : part.squares) isUsed_[square.sheet] = true;
         if (located.isMended && !located.isBroken) counts.mended.Add(feature.number);
         if (feature.name.empty())
             counts.unnamed.Add(feature.number);
@@ -139,14 +121,17 @@ private:
             counts.withoutGeometry.Add(feature.number);
         else if (located.isBroken)
             counts.broken.Add(feature.number);
-        else if (located.squares.empty())
-            counts.outside.Add(feature.number);
+        else if (located.parts.empty())
+            (located.hasNoLength  ? counts.withoutLength
+             : located.meetsSheet ? counts.inNoSquare
+                                  : counts.outside)
+                .Add(feature.number);
         else
-            listings_.Add(job_.features[number].group, feature.name, feature.apart, located);
-        for (auto& line : feature.located.sketch)
+            listings_.Add(job_.features[number].group, feature.name, feature.apart,
+                          std::move(located.parts));
+        for (auto& line : located.sketch)
             if (result_.sketch.features.size() < kMostLines)
                 result_.sketch.features.push_back(std::move(line));
-        for (const auto& square : located.squares) isUsed_[square.sheet] = true;
     }
 
     const LocateJob& job_;

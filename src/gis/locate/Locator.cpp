@@ -12,19 +12,30 @@
 namespace gis {
 namespace {
 
+/// Within this of a sheet a place may lie on its border, but for rounding.
+double MarginOf(const OGREnvelope& sheet) {
+    constexpr double kMargin = 1e-9;  // In parts of a sheet, which is at least a square.
+    return kMargin * std::hypot(sheet.MaxX - sheet.MinX, sheet.MaxY - sheet.MinY);
+}
+
 /// Boxes in which all places lie that a grid sets on the border of its sheet.
 std::vector<OGREnvelope> BoxesOf(const Sheets& sheets) {
-    constexpr double kMargin = 1e-9;  // In parts of a sheet, which is at least a square.
     std::vector<OGREnvelope> boxes;
     for (const auto& sheet : sheets.sheets) {
         auto& box = boxes.emplace_back(sheet.box);
-        const double margin = kMargin * std::hypot(box.MaxX - box.MinX, box.MaxY - box.MinY);
+        const double margin = MarginOf(sheet.box);
         box.MinX -= margin;
         box.MinY -= margin;
         box.MaxX += margin;
         box.MaxY += margin;
     }
     return boxes;
+}
+
+bool IsOnePlace(const std::vector<Point>& line) {
+    return std::ranges::all_of(line, [&](const Point& point) {
+        return point.x == line.front().x && point.y == line.front().y;
+    });
 }
 
 bool IsFinite(const Point& point) {
@@ -37,15 +48,6 @@ bool IsFinite(const OGRPolygon& polygon) {
         for (const auto& point : *ring)
             if (!IsFinite(Point{point.getX(), point.getY()})) return false;
     return true;
-}
-
-/// What a part of a line or an area in a square must exceed; less is rounding.
-double LeastExtent(const OwnSquare& square, int dimension) {
-    constexpr double kShare = 1e-9;  // As in a grid.
-    const double width = square.box.MaxX - square.box.MinX;
-    const double height = square.box.MaxY - square.box.MinY;
-    return dimension == 0 ? 0
-                          : kShare * (dimension == 1 ? std::hypot(width, height) : width * height);
 }
 
 std::vector<Point> PointsOf(const OGRSimpleCurve& curve) {
@@ -73,12 +75,14 @@ std::unique_ptr<OGRCoordinateTransformation> TransformationTo(
     return transformation;
 }
 
-Locator::Locator(const Sheets& sheets, const OGRSpatialReference* reference, bool wantsSketch)
+Locator::Locator(const Sheets& sheets, const OGRSpatialReference* reference,
+                 const LocatorWishes& wishes)
     : sheets_(sheets),
       transformation_(TransformationTo(sheets, reference)),
       index_(geos_, BoxesOf(sheets)),
-      own_(sheets.sheets.size()) {
-    if (wantsSketch) sketchDistance_ = SketchDistance(sheets);
+      own_(sheets.sheets.size()),
+      wantsParts_(wishes.parts) {
+    if (wishes.sketch) sketchDistance_ = SketchDistance(sheets);
 }
 
 LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
@@ -89,23 +93,58 @@ LocatedGeometry Locator::Locate(OGRGeometry* geometry) {
     }
     const GdalMessages messages;
     located.isBroken = transformation_ && geometry->transform(transformation_.get()) != OGRERR_NONE;
-    geometry->getEnvelope(&located.box);
-    pieces_ = {};
+    pieces_.clear();
     located.isBroken = located.isBroken || !TakeApart(*geometry, located);
     if (located.isBroken) return located;
     if (sketchDistance_) AddThinned(*geometry, *sketchDistance_, located.sketch);
-    std::vector<SquareExtent> squares;
-    for (const std::size_t number : index_.Find(located.box)) {
-        const Sheet& sheet = sheets_.sheets[number];
-        squares.clear();
-        const bool isDone =
-            sheet.grid ? AddOnGrid(*sheet.grid, squares) : AddInSquares(number, squares);
-        located.isBroken = located.isBroken || !isDone;
-        MergeSquares(squares);
-        for (const auto& square : squares)
-            located.squares.push_back({static_cast<std::uint32_t>(number), square});
+    for (auto& pieces : pieces_) {
+        LocatedPart part;
+        located.isBroken |= !AddSquares(pieces, part.squares);
+        if (part.squares.empty()) continue;
+        part.shape = std::move(pieces.shape);
+        located.parts.push_back(std::move(part));
     }
+    if (located.parts.empty()) Explain(*geometry, located);
     return located;
+}
+
+void Locator::Explain(const OGRGeometry& geometry, LocatedGeometry& located) {
+    located.hasNoLength = std::ranges::all_of(pieces_, [](const Pieces& pieces) {
+        return pieces.points.empty() && pieces.areas.empty() &&
+               std::ranges::all_of(pieces.lines, IsOnePlace);
+    });
+    Geos::Geometry shape;
+    for (const auto& pieces : pieces_)
+        for (const std::size_t number : index_.Find(pieces.box)) {
+            if (!shape) shape = geos_.Copy(geometry);
+            const auto sheet = geos_.Copy(*sheets_.sheets[number].area);
+            located.meetsSheet |= shape && sheet &&
+                                  GEOSDistanceWithin_r(geos_.Context(), shape.get(), sheet.get(),
+                                                       MarginOf(sheets_.sheets[number].box)) == 1;
+        }
+}
+
+bool Locator::AddSquares(const Pieces& pieces, std::vector<SheetSquare>& squares) {
+    bool isDone = true;
+    for (const std::size_t number : index_.Find(pieces.box)) {
+        const Sheet& sheet = sheets_.sheets[number];
+        std::vector<SquareExtent> found;
+        isDone &= sheet.grid ? AddOnGrid(pieces, *sheet.grid, found)
+                             : AddInSquares(pieces, number, found);
+        MergeSquares(found);
+        for (const auto& square : found)
+            squares.push_back({static_cast<std::uint32_t>(number), square});
+    }
+    return isDone;
+}
+
+Locator::Pieces& Locator::PiecesFor(const OGRGeometry& single) {
+    if (pieces_.empty() || wantsParts_) pieces_.emplace_back();
+    OGREnvelope box;
+    single.getEnvelope(&box);
+    pieces_.back().box.Merge(box);
+    if (wantsParts_) pieces_.back().shape.reset(single.clone());
+    return pieces_.back();
 }
 
 bool Locator::TakeApart(const OGRGeometry& geometry, LocatedGeometry& located) {
@@ -119,11 +158,14 @@ bool Locator::TakeApart(const OGRGeometry& geometry, LocatedGeometry& located) {
             if (!TakeApart(*part, located)) return false;
     } else if (type == wkbPoint) {
         if (geometry.IsEmpty() != 0) return true;
-        pieces_.points.push_back({geometry.toPoint()->getX(), geometry.toPoint()->getY()});
-        return IsFinite(pieces_.points.back());
+        auto& points = PiecesFor(geometry).points;
+        points.push_back({geometry.toPoint()->getX(), geometry.toPoint()->getY()});
+        return IsFinite(points.back());
     } else if (OGR_GT_IsSubClassOf(type, wkbLineString) != 0) {
-        pieces_.lines.push_back(PointsOf(*geometry.toLineString()));
-        return std::ranges::all_of(pieces_.lines.back(),
+        if (geometry.IsEmpty() != 0) return true;
+        auto& lines = PiecesFor(geometry).lines;
+        lines.push_back(PointsOf(*geometry.toLineString()));
+        return std::ranges::all_of(lines.back(),
                                    [](const Point& point) { return IsFinite(point); });
     } else {
         return TakeArea(geometry, located);
@@ -136,82 +178,42 @@ bool Locator::TakeArea(const OGRGeometry& polygon, LocatedGeometry& located) {
     if (OGR_GT_IsSubClassOf(wkbFlatten(polygon.getGeometryType()), wkbPolygon) != 0 &&
         !IsFinite(*polygon.toPolygon()))
         return false;
-    auto area = geos_.Copy(polygon);
+    bool isMended = false;
+    auto area = geos_.ValidArea(polygon, isMended);
+    located.isMended |= isMended;
     if (!area) return false;
-    if (!geos_.IsValid(area)) {
-        area = geos_.Areas(geos_.MakeValid(area));
-        located.isMended = true;
-    }
-    if (!area) return false;
-    pieces_.areas.push_back(std::move(area));
+    auto& pieces = PiecesFor(polygon);
+    if (wantsParts_ && isMended) pieces.shape = geos_.Shape(area);
+    pieces.areas.push_back(std::move(area));
     return true;
 }
 
-bool Locator::AddOnGrid(const Grid& grid, std::vector<SquareExtent>& squares) {
-    for (const Point& point : pieces_.points) grid.AddPoint(grid.FromMap(point), squares);
-    for (const auto& line : pieces_.lines) {
+bool Locator::AddOnGrid(const Pieces& pieces, const Grid& grid,
+                        std::vector<SquareExtent>& squares) {
+    for (const Point& point : pieces.points) grid.AddPoint(grid.FromMap(point), squares);
+    for (const auto& line : pieces.lines) {
         line_.clear();
         for (const Point& point : line) line_.push_back(grid.FromMap(point));
         grid.AddLine(line_, squares);
     }
-    return std::ranges::all_of(pieces_.areas, [&](const Geos::Geometry& area) {
+    return std::ranges::all_of(pieces.areas, [&](const Geos::Geometry& area) {
         return AddArea(geos_, grid, area.get(), squares);
     });
 }
 
-bool Locator::AddInSquares(std::size_t sheet, std::vector<SquareExtent>& squares) {
-    if (own_[sheet].empty())
-        for (const auto& square : sheets_.sheets[sheet].squares)
-            own_[sheet].push_back(geos_.Copy(*square.area));
+bool Locator::AddInSquares(const Pieces& pieces, std::size_t sheet,
+                           std::vector<SquareExtent>& squares) {
+    auto& own = own_[sheet];
+    if (!own) own = std::make_unique<SquareDivider>(geos_, sheets_.sheets[sheet].squares);
     bool isDone = true;
-    for (const Point& point : pieces_.points) isDone &= Divide(PointOf(point), sheet, squares);
-    for (const auto& line : pieces_.lines) isDone &= Divide(LineOf(line), sheet, squares);
-    for (const auto& area : pieces_.areas)
-        isDone &= Divide(geos_.Own(GEOSGeom_clone_r(geos_.Context(), area.get())), sheet, squares);
+    for (const Point& point : pieces.points) isDone &= own->Divide(PointOf(point), squares);
+    for (const auto& line : pieces.lines) isDone &= own->DivideLine(line, squares);
+    for (const auto& area : pieces.areas) isDone &= own->Divide(geos_.Copy(area), squares);
     return isDone;
-}
-
-bool Locator::Divide(Geos::Geometry piece, std::size_t sheet,
-                     std::vector<SquareExtent>& squares) const {
-    if (!piece) return false;
-    const auto dimension = [&](const Geos::Geometry& geometry) {
-        return GEOSGeom_getDimensions_r(geos_.Context(), geometry.get());
-    };
-    const int wanted = dimension(piece);
-    const auto& own = sheets_.sheets[sheet].squares;
-    for (std::size_t i = 0; i < own.size(); ++i) {
-        const OwnSquare& square = own[i];
-        if (geos_.IsEmpty(piece)) return true;
-        OGREnvelope box;
-        GEOSGeom_getExtent_r(geos_.Context(), piece.get(), &box.MinX, &box.MinY, &box.MaxX,
-                             &box.MaxY);
-        if (square.box.Intersects(box) == 0) continue;
-        const Geos::Geometry& area = own_[sheet][i];
-        if (!area) return false;
-        const auto inside = geos_.Intersection(piece.get(), area.get());
-        if (!inside) return false;
-        if (geos_.IsEmpty(inside) || dimension(inside) != wanted) continue;
-        const double extent = geos_.Extent(inside.get());
-        if (extent > LeastExtent(square, wanted))
-            squares.push_back({square.row, square.column, extent, wanted});
-        auto rest = geos_.Difference(piece.get(), area.get());
-        if (!rest) return false;
-        piece = std::move(rest);
-    }
-    return true;
 }
 
 Geos::Geometry Locator::PointOf(const Point& point) const {
     return geos_.Own(GEOSGeom_createPointFromXY_r(geos_.Context(), point.x, point.y));
-}
-
-Geos::Geometry Locator::LineOf(const std::vector<Point>& line) const {
-    const OGRLineString copy = [&] {
-        OGRLineString string;
-        for (const Point& point : line) string.addPoint(point.x, point.y);
-        return string;
-    }();
-    return geos_.Copy(copy);
 }
 
 }  // namespace gis

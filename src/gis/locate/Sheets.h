@@ -23,6 +23,7 @@ struct OwnSquare {
 /// A map sheet: a grid over its rectangle, or polygons, of which the first at a place owns it.
 struct Sheet {
     std::string page;
+    std::shared_ptr<const OGRGeometry> area;
     OGREnvelope box;
     std::optional<Grid> grid;
     std::vector<OwnSquare> squares;
@@ -38,6 +39,10 @@ struct Sheets {
     std::vector<std::string> columnLabels;
     std::vector<std::string> notes;
 };
+
+inline bool IsArea(const OGRGeometry* geometry) {
+    return geometry != nullptr && geometry->IsEmpty() == 0 && geometry->getDimension() == 2;
+}
 
 /// Reads the sheets of a job, and its squares. Throws host::Failure if there is no sheet, a field
 /// is missing, or a sheet with a grid is no rectangle.

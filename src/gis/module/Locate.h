@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "gis/module/LeftOut.h"
 #include "host/Tables.h"
 
 namespace gis {
@@ -82,8 +83,8 @@ struct LocateJob {
     std::optional<SheetGrid> grid;
     std::optional<SquareLayer> ownSquares;  ///< Not together with a grid.
     Squares squares = Squares::Largest;
-    /// Features of one name that lie farther apart are listings of their own; in the unit of the
-    /// sheets' reference system. 0: however far.
+    /// Parts of features of one name that lie farther apart are listings of their own; in the unit
+    /// of the sheets' reference system. 0: however far.
     double distance = 0;
     std::int32_t threads = 1;
     bool wantsSketch = false;
@@ -109,21 +110,15 @@ struct Reference {
     std::int32_t column = 0;
 };
 
-/// How many features were left out for one reason, and the numbers of the first few.
-struct LeftOut {
-    std::int64_t count = 0;
-    std::vector<std::int64_t> first;
-
-    void Add(std::int64_t feature);
-};
-
 struct LayerCounts {
     std::int64_t read = 0;
     LeftOut unnamed;
     LeftOut withoutGeometry;
-    LeftOut outside;  ///< On no sheet, or in no square of one.
-    LeftOut broken;   ///< Geometries that could not be mended or transformed.
-    LeftOut mended;   ///< Not left out.
+    LeftOut withoutLength;  ///< Lines of one place.
+    LeftOut outside;        ///< On no sheet.
+    LeftOut inNoSquare;     ///< They touch a sheet, or lie between squares of one's own.
+    LeftOut broken;         ///< Geometries that could not be mended or transformed.
+    LeftOut mended;         ///< Not left out.
 };
 
 struct LocateResult {

@@ -30,8 +30,8 @@ std::string InOneLine(std::string text) {
 }
 
 struct Attempt {
-    GDALDatasetUniquePtr dataset;  ///< Null if it failed.
-    std::string failure;           ///< One sentence.
+    OpenLayer opened;     ///< Without a layer; its dataset is null if it failed.
+    std::string failure;  ///< One sentence.
 };
 
 GDALDatasetUniquePtr OpenWith(const std::string& source, bool listsAllTables) {
@@ -44,23 +44,26 @@ GDALDatasetUniquePtr OpenWith(const std::string& source, bool listsAllTables) {
 
 Attempt TryToOpen(const std::string& source) {
     PrepareGdal();
-    const GdalMessages messages;
-    Attempt attempt{OpenWith(source, false), source + " is no table in a format that is known."};
+    Attempt attempt{{}, source + " is no table in a format that is known."};
+    auto& opened = attempt.opened;
+    opened.watch = ServerWatch::For(source);
+    const GdalMessages messages(opened.watch);
+    opened.dataset = OpenWith(source, false);
     VSIStatBufL ignored;
     if (source.starts_with("/vsi") && VSIStatL(source.c_str(), &ignored) != 0)
         attempt.failure = source + " is not there.";
     // Databases with a list of their maps leave all other tables out of it.
-    if (attempt.dataset && attempt.dataset->GetLayerCount() == 0)
-        attempt.dataset = OpenWith(source, true);
+    if (opened.dataset && opened.dataset->GetLayerCount() == 0)
+        opened.dataset = OpenWith(source, true);
     if (!messages.Error().empty())
         attempt.failure = source + " cannot be read: " + messages.Error() + '.';
     return attempt;
 }
 
-GDALDatasetUniquePtr Open(const std::string& source) {
+OpenLayer Open(const std::string& source) {
     auto attempt = TryToOpen(source);
-    if (!attempt.dataset) Fail(attempt.failure);
-    return std::move(attempt.dataset);
+    if (!attempt.opened.dataset) Fail(attempt.failure);
+    return std::move(attempt.opened);
 }
 
 /// Without those that belong to the format.
@@ -101,9 +104,17 @@ OGRLayer* LayerOf(GDALDataset& dataset, const std::string& source, const std::st
     return dataset.GetLayerByName(names.front().c_str());
 }
 
-OpenLayer Chosen(GDALDatasetUniquePtr dataset, const std::string& source, const std::string& name) {
-    auto* const layer = LayerOf(*dataset, source, name);
-    return {std::move(dataset), layer};
+void FailIfSilent(const ServerCall& call, const std::string& source) {
+    if (const auto fault = call.Fault(); !fault.empty())
+        Fail(source + " cannot be read: " + fault + '.');
+}
+
+OpenLayer Chosen(OpenLayer opened, const std::string& source, const std::string& name) {
+    const ServerCall call(opened.watch);
+    opened.layer = LayerOf(*opened.dataset, source, name);
+    opened.layer->GetLayerDefn();  // Asks a server for the fields.
+    FailIfSilent(call, source);
+    return opened;
 }
 
 enum class LastSlash { InSource, BeforeLayer, Either };
@@ -130,10 +141,10 @@ OpenLayer OpenAnyLayer(const std::string& source, const std::string& layer) {
     const std::string last = source.substr(slash + 1);
     if (kind == LastSlash::BeforeLayer) return Chosen(Open(shorter), shorter, last);
     auto whole = TryToOpen(source);
-    if (whole.dataset) return Chosen(std::move(whole.dataset), source, layer);
+    if (whole.opened.dataset) return Chosen(std::move(whole.opened), source, layer);
     auto part = TryToOpen(shorter);
-    if (!part.dataset) Fail(whole.failure);
-    return Chosen(std::move(part.dataset), shorter, last);
+    if (!part.opened.dataset) Fail(whole.failure);
+    return Chosen(std::move(part.opened), shorter, last);
 }
 
 }  // namespace
@@ -151,13 +162,18 @@ void PrepareGdal() {
     static_cast<void>(prepared);
 }
 
-GdalMessages::GdalMessages() {
+GdalMessages::GdalMessages(std::shared_ptr<ServerWatch> watch) : call_(std::move(watch)) {
     CPLErrorReset();
     CPLPushErrorHandlerEx(Report, this);
 }
 
 GdalMessages::~GdalMessages() {
     CPLPopErrorHandler();
+}
+
+std::string GdalMessages::Error() const {
+    const std::string fault = call_.Fault();
+    return fault.empty() ? error_ : fault;
 }
 
 void GdalMessages::Report(CPLErr kind, CPLErrorNum, const char* text) {
@@ -173,18 +189,35 @@ std::vector<std::string> GdalMessages::TakeWarnings() {
 }
 
 void GdalMessages::ThrowIfFailed(const std::string& source) const {
-    if (!error_.empty()) Fail(source + " cannot be read: " + error_ + '.');
+    if (const auto error = Error(); !error.empty())
+        Fail(source + " cannot be read: " + error + '.');
+}
+
+OpenLayer& OpenLayer::operator=(OpenLayer&& other) noexcept {
+    Close();
+    watch = std::move(other.watch);
+    dataset = std::move(other.dataset);
+    layer = std::exchange(other.layer, nullptr);
+    return *this;
+}
+
+void OpenLayer::Close() {
+    if (!dataset) return;
+    const GdalMessages messages(watch);
+    dataset.reset();
 }
 
 std::vector<std::string> LayerNames(const std::string& source) {
-    return NamesOf(*Open(source));
+    const auto opened = Open(source);
+    const ServerCall call(opened.watch);
+    return NamesOf(*opened.dataset);
 }
 
 bool IsPlainTable(const std::string& source) {
-    const auto dataset = Open(source);
-    const auto names = NamesOf(*dataset);
+    const auto opened = Open(source);
+    const auto names = NamesOf(*opened.dataset);
     return names.size() == 1 &&
-           dataset->GetLayerByName(names.front().c_str())->GetGeomType() == wkbNone;
+           opened.dataset->GetLayerByName(names.front().c_str())->GetGeomType() == wkbNone;
 }
 
 OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
@@ -192,9 +225,10 @@ OpenLayer OpenLayerOf(const std::string& source, const std::string& layer,
     auto opened = OpenAnyLayer(source, layer);
     if (where.empty()) return opened;
     // A database judges the condition when it is first read.
-    const GdalMessages messages;
+    const GdalMessages messages(opened.watch);
     const bool isTaken = opened.layer->SetAttributeFilter(where.c_str()) == OGRERR_NONE;
     const OGRFeatureUniquePtr first(isTaken ? opened.layer->GetNextFeature() : nullptr);
+    FailIfSilent(ServerCall(opened.watch), source);
     if (!isTaken || !messages.Error().empty())
         Fail("The condition \"" + where + "\" does not suit " + source + "; its fields are " +
              FieldsOf(*opened.layer->GetLayerDefn()) + '.');

@@ -1,25 +1,29 @@
 #pragma once
 
 #include <gdal_priv.h>
+#include <memory>
 #include <ogrsf_frmts.h>
 #include <string>
 #include <vector>
+
+#include "gis/tables/ServerWatch.h"
 
 namespace gis {
 
 /// Registers GDAL's formats, with the ways to read that suit a table of texts.
 void PrepareGdal();
 
-/// Collects what GDAL reports on this thread while the object exists.
+/// Collects what GDAL reports on this thread while the object exists. A server that GDAL waits for
+/// meanwhile is watched.
 class GdalMessages {
 public:
-    GdalMessages();
+    explicit GdalMessages(std::shared_ptr<ServerWatch> watch = nullptr);
     GdalMessages(const GdalMessages&) = delete;
     GdalMessages& operator=(const GdalMessages&) = delete;
     ~GdalMessages();
 
     /// The first error, without a full stop; empty if there was none.
-    const std::string& Error() const { return error_; }
+    std::string Error() const;
     /// Returns the warnings since the last call, as sentences.
     std::vector<std::string> TakeWarnings();
     /// Throws host::Failure with the error, if there was one.
@@ -28,11 +32,21 @@ public:
 private:
     static void Report(CPLErr kind, CPLErrorNum number, const char* text);
 
+    ServerCall call_;
     std::string error_;
     std::vector<std::string> warnings_;
 };
 
 struct OpenLayer {
+    OpenLayer() = default;
+    OpenLayer(OpenLayer&&) = default;
+    OpenLayer& operator=(OpenLayer&& other) noexcept;
+    ~OpenLayer() { Close(); }
+
+    /// A server is told.
+    void Close();
+
+    std::shared_ptr<ServerWatch> watch;  ///< Null for a source that is no server.
     GDALDatasetUniquePtr dataset;
     OGRLayer* layer = nullptr;
 };

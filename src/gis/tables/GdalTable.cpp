@@ -55,9 +55,14 @@ struct GdalTable::Shared {
         for (const auto& name : names.Repeated())
             notes.AddFault("more than one field is named " + name +
                            "; the one so written counts, else the first.");
+        std::string bytes;
+        for (const auto& field : fields.fields)
+            if (field.kind == FieldKind::Memo) bytes += (bytes.empty() ? "" : ", ") + field.name;
+        if (!bytes.empty())
+            notes.AddRemark("pictures and other bytes are not read (" + bytes + ").");
         for (const auto& name : fieldNames)
             if (name.find(kNoUtf8) != std::string::npos)
-                notes.AddFault("the field name \"" + name + "\" has bytes that are no UTF-8.");
+                notes.AddFault("the field name \"" + name + "\" has " + kHasNoUtf8 + '.');
     }
 
     /// Opens the layer again, unless it is open and no cursor reads it.
@@ -78,7 +83,7 @@ struct GdalTable::Shared {
 
     /// Keeps what was taken for the next reading. On a server this ends a query.
     void GiveBack(OpenLayer opened) {
-        const GdalMessages messages;
+        const GdalMessages messages(opened.watch);
         opened.layer->ResetReading();
         idle = std::move(opened);
     }
@@ -86,7 +91,7 @@ struct GdalTable::Shared {
     /// Looks for values of other types than the fields have, once.
     void CheckTypes(OpenLayer& opened) {
         if (std::exchange(typesAreChecked, true)) return;
-        misfits = FindMisfits(opened, fields, notes);
+        misfits = FindMisfits(opened, where, fields, notes);
     }
 
     void CheckUnchanged() const {
@@ -130,7 +135,7 @@ public:
     }
     void SetValue(std::int32_t, host::Variant) override { FailReadOnly(table_->notes.Path()); }
     std::int32_t OID() const override {
-        const std::int64_t number = FeatureNumber(*feature_);
+        const std::int64_t number = feature_->GetFID();
         return number > std::numeric_limits<std::int32_t>::max()
                    ? -1
                    : static_cast<std::int32_t>(number);
@@ -155,7 +160,7 @@ public:
 
     host::Ref<host::IHostRow> NextRow() override {
         if (!open_.dataset) return nullptr;
-        GdalMessages messages;
+        GdalMessages messages(open_.watch);
         OGRFeatureUniquePtr feature(open_.layer->GetNextFeature());
         AddWarnings(messages, table_->notes);
         if (!feature) {
@@ -205,8 +210,8 @@ host::Ref<host::IHostCursor> GdalTable::Search(const host::Ref<host::IHostQueryF
 }
 
 std::int64_t GdalTable::CountRows() const {
-    GdalMessages messages;
     const auto& idle = shared_->idle;
+    const GdalMessages messages(idle ? idle->watch : nullptr);
     const bool isFast = idle && idle->layer->TestCapability(OLCFastFeatureCount) != 0;
     return isFast ? std::max<std::int64_t>(0, idle->layer->GetFeatureCount()) : 0;
 }
@@ -220,8 +225,8 @@ std::string GdalTable::EncodingFrom() const {
 }
 
 std::int64_t GdalTable::LiveRecords() const {
-    GdalMessages messages;
     auto opened = shared_->Take();
+    const GdalMessages messages(opened.watch);
     const std::int64_t count = opened.layer->GetFeatureCount();
     messages.ThrowIfFailed(shared_->notes.Path());
     shared_->GiveBack(std::move(opened));

@@ -23,13 +23,15 @@ struct Format {
     const char* options;  ///< Of the layer, divided by ";".
 };
 
-// The formats keep a date of change. It is always the same, so that the same rows give the same
-// bytes.
-constexpr const char* kDate = "2000-01-01T00:00:00.000Z";
+/// The formats keep a date of change. While this exists it is always the same on this thread, so
+/// that the same rows give the same bytes.
+class SameDate {
+    CPLConfigOptionSetter date_{"OGR_CURRENT_DATE", "2000-01-01T00:00:00.000Z", false};
+};
 
 constexpr std::array kFormats = {
     Format{".dbf", "ESRI Shapefile", "ENCODING=UTF-8;DBF_DATE_LAST_UPDATE=2000-01-01"},
-    Format{".gpkg", "GPKG", ""}, Format{".csv", "CSV", "STRING_QUOTING=IF_NEEDED"}};
+    Format{".gpkg", "GPKG", ""}};
 
 /// Digits of whole numbers of 64 bits, all of which have so many.
 constexpr std::int32_t kWholeDigits = 18;
@@ -63,15 +65,20 @@ void SetValue(OGRFeature& feature, int index, const host::Variant& value) {
         feature.SetFieldNull(index);
 }
 
-std::string NewFolder() {
-    static std::atomic<int> count = 0;
-    return "/vsimem/gazetteer-" + std::to_string(++count);
-}
-
 }  // namespace
 
+GdalWriter::Folder::Folder() {
+    static std::atomic<int> count = 0;
+    path = "/vsimem/gazetteer-" + std::to_string(++count);
+    VSIMkdir(path.c_str(), 0700);
+}
+
+GdalWriter::Folder::~Folder() {
+    VSIRmdirRecursive(path.c_str());
+}
+
 GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
-    : path_(std::move(path)), folder_(NewFolder()), fields_(std::move(fields)) {
+    : path_(std::move(path)), fields_(std::move(fields)) {
     const auto name = std::filesystem::path(path_);
     const std::string ending = desk::FoldCase(name.extension());
     const auto* const format = std::ranges::find(
@@ -81,12 +88,11 @@ GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
             host::kFailureUnspecified, "GdalWriter",
             "The table \"" + path_ + "\" cannot be written: its name ends in none of .dbf, .gpkg.");
     PrepareGdal();
-    CPLSetConfigOption("OGR_CURRENT_DATE", kDate);
+    const SameDate date;
     const GdalMessages messages;
-    VSIMkdir(folder_.c_str(), 0700);
     const std::string stem = name.stem();
     auto* const driver = GetGDALDriverManager()->GetDriverByName(format->driver);
-    const std::string file = folder_ + '/' + stem + format->ending;
+    const std::string file = folder_.path + '/' + stem + format->ending;
     dataset_.reset(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
     if (!dataset_) Fail(messages.Error());
     CPLStringList options(CSLTokenizeString2(format->options, ";", 0));
@@ -99,7 +105,6 @@ GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
 GdalWriter::~GdalWriter() {
     const GdalMessages messages;
     dataset_.reset();
-    VSIRmdirRecursive(folder_.c_str());
 }
 
 void GdalWriter::AddField(const SourceField& field) {
@@ -128,11 +133,12 @@ void GdalWriter::Add(const std::vector<host::Variant>& values) {
 }
 
 void GdalWriter::Finish(const Store& store) {
+    const SameDate date;
     const GdalMessages messages;
     dataset_->CommitTransaction();
     dataset_.reset();
     if (!messages.Error().empty()) Fail(messages.Error());
-    const auto stem = folder_ + '/' + std::filesystem::path(path_).stem().string();
+    const auto stem = folder_.path + '/' + std::filesystem::path(path_).stem().string();
     const auto path = std::filesystem::path(path_);
     for (const char* const ending : {".cpg", ".dbf", ".gpkg"}) {
         vsi_l_offset length = 0;

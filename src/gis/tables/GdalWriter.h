@@ -20,11 +20,19 @@ public:
     void Finish(const Store& store) override;
 
 private:
+    /// A folder in memory, where the files are made.
+    struct Folder {
+        Folder();
+        Folder(const Folder&) = delete;
+        Folder& operator=(const Folder&) = delete;
+        ~Folder();
+        std::string path;
+    };
     [[noreturn]] void Fail(const std::string& fault) const;
     void AddField(const SourceField& field);
 
     std::string path_;
-    std::string folder_;  ///< Where the files are made, in memory.
+    Folder folder_;
     std::vector<SourceField> fields_;
     GDALDatasetUniquePtr dataset_;
     OGRLayer* layer_ = nullptr;

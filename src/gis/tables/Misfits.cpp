@@ -63,8 +63,13 @@ std::string TableOf(OGRLayer& layer) {
 
 class Search {
 public:
-    Search(OpenLayer& opened, const LayerFields& fields, TableNotes& notes)
-        : opened_(opened), fields_(fields), notes_(notes), table_(TableOf(*opened.layer)) {}
+    Search(OpenLayer& opened, const std::string& where, const LayerFields& fields,
+           TableNotes& notes)
+        : opened_(opened),
+          fields_(fields),
+          notes_(notes),
+          from_(" FROM " + TableOf(*opened.layer) + " WHERE " +
+                (where.empty() ? "TRUE" : '(' + where + ')')) {}
 
     Misfits Find() {
         const auto& layer = *opened_.layer->GetLayerDefn();
@@ -77,7 +82,7 @@ public:
             counted.push_back(static_cast<std::size_t>(i));
         }
         if (counted.empty()) return {};
-        Query query(*opened_.dataset, counts + " FROM " + table_);
+        Query query(*opened_.dataset, counts + from_);
         const auto found = query.Next();
         for (std::size_t i = 0; found && i < counted.size(); ++i)
             if (found->GetFieldAsDouble(static_cast<int>(i)) > 0) FindIn(counted[i]);
@@ -92,8 +97,8 @@ private:
         const std::string text =
             "substr(CAST(" + Quoted(definition.GetNameRef()) + " AS TEXT), 1, 40)";
         Query query(*opened_.dataset, "SELECT " + (key.empty() ? "-1" : Quoted(key) + " + 0") +
-                                          " AS number, " + text + " AS text FROM " + table_ +
-                                          " WHERE " + ConditionOf(definition));
+                                          " AS number, " + text + " AS text" + from_ + " AND " +
+                                          ConditionOf(definition));
         misfits_.resize(fields_.fields.size());
         while (const auto row = query.Next()) {
             const GIntBig feature = row->GetFieldAsInteger64("number");
@@ -108,16 +113,17 @@ private:
     OpenLayer& opened_;
     const LayerFields& fields_;
     TableNotes& notes_;
-    std::string table_;
+    std::string from_;  ///< With the condition on the records.
     Misfits misfits_;
 };
 
 }  // namespace
 
-Misfits FindMisfits(OpenLayer& opened, const LayerFields& fields, TableNotes& notes) {
+Misfits FindMisfits(OpenLayer& opened, const std::string& where, const LayerFields& fields,
+                    TableNotes& notes) {
     if (!IsSqlite(opened)) return {};
     const GdalMessages messages;
-    Misfits misfits = Search(opened, fields, notes).Find();
+    Misfits misfits = Search(opened, where, fields, notes).Find();
     messages.ThrowIfFailed(notes.Path());
     return misfits;
 }

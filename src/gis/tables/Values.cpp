@@ -99,7 +99,20 @@ Variant ReadInteger(std::int64_t number) {
     return desk::NumberValue(static_cast<double>(number));
 }
 
-std::string ReadTime(const OGRFeature& feature, int index, OGRFieldType type) {
+/// GDAL's number of a time zone: 0 and 1 for none, else 100 and the quarters of an hour from UTC.
+std::string ZoneText(int zone) {
+    constexpr int kUtc = 100;
+    if (zone <= 1) return {};
+    if (zone == kUtc) return "UTC";
+    const int minutes = std::abs(zone - kUtc) * 15;
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%c%02d:%02d", zone < kUtc ? '-' : '+', minutes / 60,
+                  minutes % 60);
+    return text.data();
+}
+
+std::string ReadTime(const OGRFeature& feature, int index, OGRFieldType type,
+                     std::string& zoneText) {
     int year = 0;
     int month = 0;
     int day = 0;
@@ -108,6 +121,7 @@ std::string ReadTime(const OGRFeature& feature, int index, OGRFieldType type) {
     float second = 0;
     int zone = 0;
     feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &second, &zone);
+    zoneText = ZoneText(zone);
     std::array<char, 32> date{};
     std::array<char, 32> time{};
     std::snprintf(date.data(), date.size(), "%04d-%02d-%02d", year, month, day);
@@ -147,7 +161,7 @@ Variant ReadValue(const LayerFields& fields, const OGRFeature& feature, std::siz
     const OGRFieldType type = feature.GetFieldDefnRef(index)->GetType();
     const FieldKind kind = fields.fields[field].kind;
     const auto note = [&](const std::string& fault) {
-        notes.AddFaultyValue(field, fields.fields[field].name, FeatureNumber(feature), fault);
+        notes.AddFaultyValue(field, fields.fields[field].name, feature.GetFID(), fault);
     };
     if (kind == FieldKind::Memo) return Null{};
     if (!feature.IsFieldSetAndNotNull(index))
@@ -166,8 +180,12 @@ Variant ReadValue(const LayerFields& fields, const OGRFeature& feature, std::siz
         }
         case OFTDate:
         case OFTTime:
-        case OFTDateTime:
-            return ReadTime(feature, index, type);
+        case OFTDateTime: {
+            std::string zone;
+            std::string time = ReadTime(feature, index, type, zone);
+            if (!zone.empty()) note("the time zone of \"" + time + ' ' + zone + "\" is left out");
+            return time;
+        }
         case OFTIntegerList:
         case OFTInteger64List:
         case OFTRealList:
@@ -177,14 +195,10 @@ Variant ReadValue(const LayerFields& fields, const OGRFeature& feature, std::siz
             break;
     }
     std::string text = Trimmed(feature.GetFieldAsString(index));
-    if (!MakeUtf8(text)) note("\"" + text + "\" has bytes that are no UTF-8");
+    if (!MakeUtf8(text)) note("\"" + text + "\" has " + kHasNoUtf8);
     if (!fields.isUntyped) return text;
     const Variant number = NumberWritten(text);
     return std::holds_alternative<Null>(number) ? Variant(text) : number;
-}
-
-std::int64_t FeatureNumber(const OGRFeature& feature) {
-    return feature.GetFID();
 }
 
 std::string WholeText(const Variant& value) {

@@ -11,6 +11,11 @@ namespace gis {
 /// Stands for a byte that is no UTF-8.
 inline constexpr char kNoUtf8[] = "\uFFFD";
 
+/// What is wrong with a text of such bytes, and what helps.
+inline constexpr char kHasNoUtf8[] =
+    "bytes that are no UTF-8 (a text file of Windows is converted by \"iconv -f WINDOWS-1252 -t "
+    "UTF-8\")";
+
 /// How the fields of a layer are read.
 struct LayerFields {
     /// Whether the format knows texts only, as CSV does. A text that is written exactly as a number
@@ -27,8 +32,5 @@ host::Variant ReadValue(const LayerFields& fields, const OGRFeature& feature, st
 
 /// A value as a text that loses no digit; empty for no value.
 std::string WholeText(const host::Variant& value);
-
-/// Number of a feature for display, as a GIS shows it.
-std::int64_t FeatureNumber(const OGRFeature& feature);
 
 }  // namespace gis
