@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
+#include <set>
 
 #include "app/Program.h"
 #include "desk/locale/IcuLocale.h"
+#include "support/NamesOf.h"
 #include "support/Text.h"
 
 /// The printed index of names in many alphabets.
@@ -35,7 +37,7 @@ Lines PrintedLines(const Program& program, const std::string& pdf) {
     Lines lines;
     for (const std::string& line : Split(all, '\n')) {
         if (line == "Listing Page") break;  // The title row is printed after the rows.
-        lines.push_back(line.substr(0, line.find("..")));
+        lines.push_back(gazetteer::WithoutOuterBlanks(line.substr(0, line.find(".."))));
     }
     return lines;
 }
@@ -46,43 +48,116 @@ Lines MakeTall(const std::string& table, const std::string& locale) {
             table + ".json", "--locale",     locale, "--page-size",  "3x60"};
 }
 
-bool IsHeading(const std::string& line) {
-    return std::ranges::count_if(line, [](char c) { return (c & 0xC0) != 0x80; }) == 1;
-}
-
-// By locale: headings and names, as the language's own dictionaries order them.
+// By locale: names as the language's own dictionaries order them, and headings, marked by "#", as
+// its indexes have them.
 const std::pair<const char*, const char*> kAlphabets[] = {
     // A letter with an accent is a letter of its own; thorn, ae and o with dots end the alphabet.
     {"is_IS.UTF-8",
-     "A|Aðaldalur|Akranes|Á|Árbær|D|Dalvík|Dýrafjörður|Ð|Ðala|E|Eiðar|I|Ingólfshöfði|Í|Ísafjörður|"
-     "O|Oddi|Ó|Ólafsvík|Y|Ystad|Ý|Ýdalir|Z|Zetland|Þ|Þingvellir|Æ|Ærlækur|Ö|Ölfus"},
+     "#A|Aðaldalur|Akranes|#Á|Árbær|#D|Dalvík|Dýrafjörður|#Ð|Ðala|#E|Eiðar|#I|Ingólfshöfði|#Í|"
+     "Ísafjörður|#O|Oddi|#Ó|Ólafsvík|#Y|Ystad|#Ý|Ýdalir|#Z|Zetland|#Þ|Þingvellir|#Æ|Ærlækur|#Ö|"
+     "Ölfus"},
     // Accents only decide between names that are the same without them, but n with tilde is a
     // letter.
     {"es",
-     "Á|Álava|A|Alicante|Á|Ávila|A|Avilés|C|Chinchón|Cuenca|L|Llanes|Logroño|Lugo|"
-     "N|Nájera|Navarra|Nuevo|Ñ|Ñora|Ñuñoa|O|Oviedo"},
-    // Ch is a letter behind h, and its heading the first character, C.
+     "#A|Álava|Alicante|Ávila|Avilés|#C|Chinchón|Cuenca|#L|Llanes|Logroño|Lugo|"
+     "#N|Nájera|Navarra|Nuevo|#Ñ|Ñora|Ñuñoa|#O|Oviedo"},
+    // Ch is a letter behind h.
     {"cs",
-     "C|Cvikov|Č|Čáslav|Česká Lípa|H|Hodonín|C|Cheb|Chrudim|I|Ivančice|R|Rychnov|Ř|Řevnice|"
-     "S|Sušice|Š|Šumperk|U|Uherský Brod|Ú|Úštěk|Z|Zlín|Ž|Žatec"},
+     "#C|Cvikov|#Č|Čáslav|Česká Lípa|#H|Hodonín|#CH|Cheb|Chrudim|#I|Ivančice|#R|Rychnov|#Ř|Řevnice|"
+     "#S|Sušice|#Š|Šumperk|#U|Uherský Brod|Úštěk|#Z|Zlín|#Ž|Žatec"},
     {"de@collation=phonebook",
-     "A|Adorf|Aerzen|Ä|Ärzen|A|Afdingen|Azendorf|O|Oderberg|Ö|Öhringen|"
-     "S|Straße|Strassen|Ü|Übach|U|Uelzen"},
-    {"de-u-co-phonebk", "A|Aerzen|Ä|Ärzen|A|Afdingen"},
+     "#A|Adorf|Aerzen|Ärzen|Afdingen|Azendorf|#O|Oderberg|Öhringen|#S|Straße|Strassen|#U|Übach|"
+     "Uelzen"},
+    {"de-u-co-phonebk", "#A|Aerzen|Ärzen|Afdingen"},
     // I with and without a dot are two letters.
-    {"tr", "C|Cizre|Ç|Çorum|I|Isparta|İ|İstanbul|izmir|S|Sivas|Ş|Şişli"},
-    {"sr_RS.UTF-8@latin", "Č|Čačak|D|Dunav|Džep|Đ|Đurđevo|L|Lučani|Ljig|N|Niš|Njeguši"},
+    {"tr", "#C|Cizre|#Ç|Çorum|#I|Isparta|#İ|İstanbul|izmir|#S|Sivas|#Ş|Şişli"},
+    {"sr_RS.UTF-8@latin",
+     "#Č|Čačak|#D|Dunav|#DŽ|Džep|#Đ|Đurđevo|#L|Lučani|#LJ|Ljig|#N|Niš|#NJ|Njeguši"},
 };
 
 TEST(Order, IsThatOfTheAlphabet) {
     const Program program;
     for (const auto& [locale, printed] : kAlphabets) {
-        const Lines lines = Split(printed, '|');
+        Lines lines = Split(printed, '|');
         Lines names = lines;
-        std::erase_if(names, IsHeading);
+        std::erase_if(names, [](const auto& line) { return line.starts_with('#'); });
+        for (auto& line : lines) line.erase(0, line.starts_with('#') ? 1 : 0);
         WriteNames(program, "names", names);
         program.Done(MakeTall("names", locale));
         EXPECT_EQ(PrintedLines(program, "names.pdf"), lines) << locale;
+    }
+}
+
+// By the plain rules a heading stands where the first character changes.
+TEST(Order, OfPlainRulesHasTheFirstCharacterAsHeading) {
+    const Program program;
+    WriteNames(program, "names", {"Ávila", "Alicante", "Álava", "Avilés", "Burgos", "delta"});
+    Lines make = MakeTall("names", "es");
+    make.emplace_back("--plain-rules");
+    program.Done(make);
+    EXPECT_EQ(PrintedLines(program, "names.pdf"),
+              Split("Á|Álava|A|Alicante|Á|Ávila|A|Avilés|B|Burgos|d|delta", '|'));
+}
+
+/// The texts of the rows of page 1: name or heading, with what the row is.
+std::vector<std::pair<bool, std::string>> DrawnRows(const Program& program,
+                                                    const std::string& document) {
+    std::vector<std::pair<bool, std::string>> rows;
+    const auto page = program.Done({"draw", document, "--page", "1", "--json"}).Json();
+    for (const auto& row : page["members"]) {
+        if (row["tag"] == "TITLEGROUP") continue;
+        std::string text;
+        for (const auto& piece : row["members"][0]["members"]) {
+            if (!piece.contains("text")) continue;
+            const std::string part = piece["text"];
+            if (part.find_first_not_of('.') != std::string::npos) text += part;
+        }
+        rows.emplace_back(row["tag"] == "BREAKGROUP", text);
+    }
+    return rows;
+}
+
+// Two hundred towns of each, on one long sheet: one heading a letter, and each name under its own.
+TEST(Order, EachLetterOfTwelveLocalesHasOneHeading) {
+    const Program program;
+    for (const auto& [locale, file] : {std::pair{"de", "de"},
+                                       {"de@collation=phonebook", "de"},
+                                       {"cs", "cs"},
+                                       {"sk", "sk"},
+                                       {"nb", "nb"},
+                                       {"sv", "sv"},
+                                       {"es@collation=traditional", "es"},
+                                       {"hu", "hu"},
+                                       {"tr", "tr"},
+                                       {"el", "el"},
+                                       {"ja", "ja"},
+                                       {"ko", "ko"},
+                                       {"ar", "ar"}}) {
+        SCOPED_TRACE(locale);
+        const Lines names = support::NamesOf(file);
+        ASSERT_EQ(names.size(), 200U);
+        WriteNames(program, "names", names);
+        Lines make = MakeTall("names", locale);
+        make.insert(make.end(),
+                    {"--set", "Listing.ColumnWidth=1.5", "--set", "Page.ColumnWidth=0.5"});
+        program.Done(make);
+        desk::IcuLocale letters(locale);
+        std::set<std::string> headings;
+        std::size_t listings = 0;
+        std::string heading, last;
+        for (const auto& [isHeading, text] : DrawnRows(program, "names.json")) {
+            if (isHeading) {
+                heading = text;
+                EXPECT_TRUE(headings.insert(text).second) << text << " again";
+                continue;
+            }
+            ++listings;
+            EXPECT_EQ(letters.IndexLetter(text), heading) << text;
+            EXPECT_LE(letters.CompareText(last, text), 0) << last << " before " << text;
+            last = text;
+        }
+        EXPECT_EQ(listings, names.size());
+        EXPECT_GT(headings.size(), 7U);
     }
 }
 
@@ -161,22 +236,23 @@ Lines Letters(const std::string& text) {
 TEST(Scripts, WrapBetweenCharacters) {
     const Program program;
     WriteNames(program, "names", kNames);
-    const auto made = program.Done(MakeTall("names", "en"));
-    // Where words have no blanks between them, the hyphens are told.
-    EXPECT_EQ(made.errors.find("warning", made.errors.rfind("is broken.")), std::string::npos)
-        << made.errors;
-    Lines texts;
-    const auto page = program.Done({"draw", "names.json", "--page", "1", "--json"}).Json();
-    for (const auto& row : page["members"])
-        if (row["tag"] == "ROWGROUP") texts.push_back(row["members"][0]["members"][1]["text"]);
-    ASSERT_EQ(texts.size(), kNames.size());
-    std::size_t wrapped = 0;
-    for (const auto& name : kNames) {
-        const auto found = std::ranges::find(texts, Letters(name), Letters);
-        ASSERT_NE(found, texts.end()) << name << " was torn or lost";
-        wrapped += found->find('\n') != std::string::npos ? 1 : 0;
+    for (const bool plain : {true, false}) {
+        SCOPED_TRACE(plain ? "plain" : "typeset");
+        Lines make = MakeTall("names", "en");
+        if (plain) make.emplace_back("--plain-rules");
+        const auto made = program.Done(make);
+        // Where words have no blanks between them, the hyphens are told.
+        EXPECT_EQ(made.errors.find("warning", made.errors.rfind("is broken.") + 1),
+                  std::string::npos)
+            << made.errors;
+        Lines texts;
+        for (const auto& [isHeading, text] : DrawnRows(program, "names.json"))
+            if (!isHeading) texts.push_back(text);
+        ASSERT_EQ(texts.size(), kNames.size());
+        for (const auto& name : kNames)
+            EXPECT_NE(std::ranges::find(texts, Letters(name), Letters), texts.end())
+                << name << " was torn or lost";
     }
-    EXPECT_EQ(wrapped, kNames.size() - 2);
 }
 
 TEST(Scripts, CharactersThatNoFontHasAreTold) {
