@@ -4,6 +4,7 @@
 
 #include "model/KeyNames.h"
 #include "model/Keys.h"
+#include "model/TypesettingKeys.h"
 
 namespace app {
 namespace {
@@ -71,6 +72,8 @@ columns. The value is all that follows the first =, blanks included.
   gazetteer set index.json '*.BackgroundSymbol=#F4F4F4' Page.Alignment=Right
   gazetteer set index.json ColumnDisplayOrder=Listing,Page ColumnSortOrder=Listing,Page:off
   gazetteer set index.json 'Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN'
+  gazetteer set index.json Typesetting.KeepHeadings=true 'Typesetting.Continued={letter} (continued)'
+Typesetting=none brings back the plain rules.
 An expression is text with [Field], $$PAGE_NUMBER, $$ROW, $$COLUMN, $$DOTS and $$NEWLINE.
 Any change drops stored results. `gazetteer column list DOC` shows the values of all columns.
 DefaultPage is the page that the window shows first; it changes no number. The number printed on the
@@ -162,7 +165,7 @@ looked for as ../lib/gazetteer/libCVNGazetteer.so beside the program, and loaded
 alone. The list of what is entered is gazetteer-desk/components.json in your data folder.)"},
 };
 
-const char* FormOf(std::string_view key, ValueKind kind) {
+std::string FormOf(std::string_view key, ValueKind kind) {
     if (key == gazetteer::keys::kAlignment || key == gazetteer::keys::kTitleAlignment)
         return "Left, Center, Right, Justify";
     switch (kind) {
@@ -185,6 +188,18 @@ const char* FormOf(std::string_view key, ValueKind kind) {
     return "text";
 }
 
+std::string FormOf(const gazetteer::TypesettingKey& key) {
+    if (key.most > 0) return "whole number from 0 to " + std::to_string(key.most);
+    std::string form;
+    for (const char* const choice : key.Choices())
+        form += (form.empty() ? "" : ", ") + std::string(choice);
+    return form.empty() ? FormOf(key.name, key.kind) : form;
+}
+
+std::string FormOf(const auto& key) {
+    return FormOf(key.name, key.kind);
+}
+
 // Returns the keys that a user may set, one per line, with the form of their values.
 std::string Lines(const auto& table) {
     constexpr std::size_t kFormsFrom = 29;
@@ -193,7 +208,7 @@ std::string Lines(const auto& table) {
         if (key.writer == gazetteer::Writer::Run) continue;
         std::string line = std::string("\n  ") + key.name;
         line.resize(std::max(line.size() + 1, kFormsFrom), ' ');
-        text += line + FormOf(key.name, key.kind);
+        text += line + FormOf(key);
     }
     return text;
 }
@@ -205,7 +220,8 @@ std::string HelpText(std::string_view command) {
     if (row == std::end(kTexts)) return {};
     if (command != "set") return row->text;
     return std::string(row->text) + "\nProperties:" + Lines(gazetteer::PropertyKeys()) +
-           "\n\nProperties of a column:" + Lines(gazetteer::ColumnKeys());
+           "\n\nProperties of a column:" + Lines(gazetteer::ColumnKeys()) +
+           "\n\nProperties of typesetting:" + Lines(gazetteer::TypesettingKeys());
 }
 
 }  // namespace app
