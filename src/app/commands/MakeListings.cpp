@@ -6,6 +6,7 @@
 
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/tables/BookFile.h"
 #include "desk/files/Files.h"
 
 namespace app {
@@ -48,9 +49,7 @@ MakeListings::MakeListings(const Options& options) : options_(options) {
 
 // The book that is written beside the table tells its pages.
 void MakeListings::Link() {
-    const std::vector<std::string> link = {
-        "LinkToMapSeries=true", "MapSeriesSectionKey=maps", "MapSeriesTemplateKey=sheet",
-        "MapSeriesFrameName=Main map", "Page.FromDatabase=false"};
+    const auto link = LinkToWrittenBook();
     options_.assignments.insert(options_.assignments.begin(), link.begin(), link.end());
 }
 

@@ -5,6 +5,7 @@
 
 #include "app/document/ArgumentParser.h"
 #include "app/document/Errors.h"
+#include "app/tables/Constants.h"
 
 namespace app {
 namespace {
@@ -33,13 +34,6 @@ void AddSources(CLI::App& command, const char* name, const char* text) {
     command.add_option(name, ignored, text)->required();
     AddOfSource(command, "--name", "Field of the name, or an expression such as '[name], [town]'");
     AddOfSource(command, "--where", "SQL condition on the features (default: all)");
-}
-
-std::pair<std::string, std::string> ParseConstant(const std::string& text) {
-    const auto equals = text.find('=');
-    if (equals == std::string::npos || equals == 0)
-        throw UsageError("--set " + Shown(text) + ": a constant is given as FIELD=VALUE.");
-    return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
 void Apply(const std::string& option, const std::string& value, FeatureOptions& features) {

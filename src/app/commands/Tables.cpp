@@ -1,11 +1,8 @@
-#include <filesystem>
-
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
 #include "app/commands/JsonAnswer.h"
 #include "app/commands/MakeListings.h"
-#include "app/document/Errors.h"
-#include "app/document/FilePaths.h"
+#include "app/tables/BookFile.h"
 #include "app/tables/ImportedTable.h"
 #include "app/tables/LocatedTable.h"
 #include "desk/locale/IcuLocale.h"
@@ -53,21 +50,6 @@ void WriteCounts(JsonAnswer& json, const gis::LocateResult& result) {
     json.Member("emptySheets", result.emptySheets);
 }
 
-void CheckBookOutput(const Options& options, const std::vector<std::string>& sources) {
-    const std::string& book = options.located.book;
-    if (book.empty()) return;
-    for (const auto& source : sources)
-        if (IsOfTable(book, source))
-            throw UsageError("The map book \"" + book +
-                             "\" cannot be written: it would be made from itself.");
-    CheckFolderOf(book);
-    if (IsSameFile(book, options.output))
-        throw UsageError("The file \"" + book + "\" cannot be both the table and the map book.");
-    std::error_code ignored;
-    if (!options.force && std::filesystem::exists(book, ignored))
-        throw CommandError("The map book \"" + book + "\" exists already; --force replaces it.");
-}
-
 }  // namespace
 
 int Import(const Options& options) {
@@ -91,7 +73,7 @@ void LocateInto(const Options& options, bool isKept) {
         sources.push_back(FileOf(features.source));
     if (!options.located.cells.empty()) sources.push_back(FileOf(options.located.cells));
     CheckTableOutput(options.output, sources, options.force);
-    CheckBookOutput(options, sources);
+    CheckBookOutput(options.located.book, options.output, sources, options.force);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);
     const auto listeners = ProgressListeners();
     LocateOptions locate = options.located;

@@ -2,12 +2,23 @@
 
 #include <filesystem>
 
+#include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
 #include "desk/files/Files.h"
 #include "desk/json/JsonWriter.h"
 #include "desk/tables/TablePath.h"
 
 namespace app {
 namespace {
+
+struct KeyAndName {
+    const char* key;
+    const char* name;
+};
+
+constexpr KeyAndName kMaps = {"maps", "Maps"};
+constexpr KeyAndName kSheet = {"sheet", "Map sheet"};
+constexpr const char* kMapFrame = "Main map";
 
 void WriteTexts(desk::JsonWriter& json, std::string_view key, const Labels& texts) {
     json.Key(key);
@@ -39,11 +50,6 @@ void WriteSeries(desk::JsonWriter& json, const BookPlan& plan) {
     json.EndArray();
     json.EndObject();
 }
-
-struct KeyAndName {
-    const char* key;
-    const char* name;
-};
 
 void WriteKeyAndName(desk::JsonWriter& json, const KeyAndName& names) {
     json.BeginObject();
@@ -87,14 +93,13 @@ std::string BookText(const BookPlan& plan) {
     json.Member("key", std::string("atlas"));
     json.Key("sections");
     json.BeginArray();
-    WriteSection(json, {"maps", "Maps"}, plan.startPage, {"sheet", "Map sheet"},
-                 SheetPages(plan.sheetCount), [&] {
-                     json.BeginObject();
-                     json.Member("kind", std::string("mapFrame"));
-                     json.Member("name", std::string("Main map"));
-                     WriteSeries(json, plan);
-                     json.EndObject();
-                 });
+    WriteSection(json, kMaps, plan.startPage, kSheet, SheetPages(plan.sheetCount), [&] {
+        json.BeginObject();
+        json.Member("kind", std::string("mapFrame"));
+        json.Member("name", std::string(kMapFrame));
+        WriteSeries(json, plan);
+        json.EndObject();
+    });
     WriteSection(json, {"back", "Index"}, plan.startPage + plan.sheetCount, {"index", "Gazetteer"},
                  {"index$1"}, [] {});
     json.EndArray();
@@ -107,8 +112,29 @@ std::string BookText(const BookPlan& plan) {
 
 }  // namespace
 
+void CheckBookOutput(const std::string& book, const std::string& table,
+                     const std::vector<std::string>& sources, bool force) {
+    if (book.empty()) return;
+    for (const auto& source : sources)
+        if (IsOfTable(book, source))
+            throw UsageError("The map book \"" + book +
+                             "\" cannot be written: it would be made from itself.");
+    CheckFolderOf(book);
+    if (IsSameFile(book, table))
+        throw UsageError("The file \"" + book + "\" cannot be both the table and the map book.");
+    std::error_code ignored;
+    if (!force && std::filesystem::exists(book, ignored))
+        throw CommandError("The map book \"" + book + "\" exists already; --force replaces it.");
+}
+
 void WriteBook(const BookPlan& plan) {
     desk::ReplaceFile(plan.book, BookText(plan));
+}
+
+std::vector<std::string> LinkToWrittenBook() {
+    return {"LinkToMapSeries=true", std::string("MapSeriesSectionKey=") + kMaps.key,
+            std::string("MapSeriesTemplateKey=") + kSheet.key,
+            std::string("MapSeriesFrameName=") + kMapFrame, "Page.FromDatabase=false"};
 }
 
 }  // namespace app

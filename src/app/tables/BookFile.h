@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "app/tables/Labels.h"
 
@@ -17,7 +18,16 @@ struct BookPlan {
     Labels columns;
 };
 
+/// Throws UsageError if the file would overwrite a source or the table of listings, and
+/// CommandError if it exists already and force is not given. Does nothing for an empty path.
+void CheckBookOutput(const std::string& book, const std::string& table,
+                     const std::vector<std::string>& sources, bool force);
+
 /// Writes the map book file. Throws host::Failure if it cannot.
 void WriteBook(const BookPlan& plan);
+
+/// Returns the settings, KEY=VALUE, of a gazetteer whose table has the numbers of sheets, rows and
+/// columns, so that a book written by WriteBook tells its pages and labels.
+std::vector<std::string> LinkToWrittenBook();
 
 }  // namespace app

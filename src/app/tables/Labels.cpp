@@ -64,4 +64,11 @@ Labels ParseLabels(const std::string& option, const std::string& text, const std
     return labels;
 }
 
+std::string DefaultLabels(std::int32_t count, bool areLetters, const std::string& leftOut) {
+    if (count < 1) return {};
+    const auto letters = areLetters ? ParseLabels({}, "A..Z", leftOut) : Labels();
+    if (count > std::ssize(letters)) return "1.." + std::to_string(count);
+    return letters.front() + ".." + letters[static_cast<std::size_t>(count) - 1];
+}
+
 }  // namespace app

@@ -26,20 +26,11 @@ std::int32_t ParseSide(const std::string& grid, std::string_view text) {
     return number;
 }
 
-// Letters where they suffice, and numbers.
-Labels DefaultLabels(std::int32_t count, bool areLetters, const std::string& leftOut) {
-    auto letters = ParseLabels("--row-labels", "A..Z", leftOut);
-    if (areLetters && count <= std::ssize(letters)) {
-        letters.resize(static_cast<std::size_t>(count));
-        return letters;
-    }
-    return ParseLabels("--row-labels", "1.." + std::to_string(count));
-}
-
 Labels LabelsFor(const std::string& option, const std::string& text, bool areLetters,
                  std::int32_t count, const LocateOptions& options, bool reversed) {
-    auto labels = text.empty() ? DefaultLabels(count, areLetters, options.leftOut)
-                               : ParseLabels(option, text, options.leftOut);
+    auto labels =
+        ParseLabels(option, text.empty() ? DefaultLabels(count, areLetters, options.leftOut) : text,
+                    options.leftOut);
     if (count > 0 && std::ssize(labels) != count)
         throw UsageError(option + ' ' + Shown(text) + ": these are " +
                          std::to_string(labels.size()) + " labels, but the grid " + options.grid +

@@ -10,11 +10,12 @@
 
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
+#include "app/tables/BookFile.h"
 #include "app/window/Dialogs.h"
-#include "app/window/LocatePage.h"
 #include "app/window/PageSizeBox.h"
 #include "app/window/PathField.h"
 #include "app/window/WaitPointer.h"
+#include "app/window/layers/LocatePage.h"
 #include "desk/tables/TablePath.h"
 #include "desk/window/WidgetText.h"
 #include "model/Paths.h"
@@ -24,6 +25,24 @@ namespace {
 
 constexpr std::int32_t kMostNamed = 16;  // Some tables have hundreds of fields.
 constexpr int kPause = 800;              // Milliseconds after which typing has ended.
+
+void TakeLocated(const LocatedFiles& located, NewDocumentOptions& options) {
+    options.listingDatabase = located.table;
+    if (located.book.empty()) return;
+    options.book = located.book;
+    options.assignments = LinkToWrittenBook();
+}
+
+/// Pages of which only the one on show takes part in the size.
+class SourcePages : public QTabWidget {
+public:
+    using QTabWidget::QTabWidget;
+    QSize sizeHint() const override {
+        // That of QTabWidget is the largest of all pages.
+        const QSize more = currentWidget()->sizeHint() - currentWidget()->minimumSizeHint();
+        return minimumSizeHint() + more.expandedTo({0, 0});
+    }
+};
 
 class NewDocumentDialog : public QDialog {
 public:
@@ -64,7 +83,7 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
       table_(new PathField(
           "table", [this](const QString&) { return ChooseTable(); }, this)),
       tableNote_(new QLabel(this)),
-      pages_(new QTabWidget(this)),
+      pages_(new SourcePages(this)),
       layers_(new LocatePage(session, this)),
       book_(new PathField(
           "book", [this](const QString& present) { return ChooseBook(present); }, this)),
@@ -184,6 +203,7 @@ void NewDocumentDialog::CheckSize() {
 void NewDocumentDialog::ShowUsable() {
     const bool isUsable = IsFromLayers() ? layers_->IsUsable() : tableUsable_;
     create_->setEnabled(isUsable && sizeNote_->text().isEmpty());
+    book_->setEnabled(!IsFromLayers() || !layers_->WritesBook());
 }
 
 NewDocumentOptions NewDocumentDialog::Options() const {
@@ -199,10 +219,14 @@ void NewDocumentDialog::accept() {
     if (!create_->isEnabled()) return;
     try {
         auto options = Options();
-        if (IsFromLayers()) options.listingDatabase = layers_->MakeTable();
-        if (options.listingDatabase.empty()) return;
+        LocatedFiles located;
+        if (IsFromLayers()) {
+            located = layers_->Write();
+            if (located.table.empty()) return;
+            TakeLocated(located, options);
+        }
         const WaitPointer wait;
-        session_.StartNew(options, ready_->isChecked());
+        session_.StartNew(options, ready_->isChecked(), located.notices);
     } catch (const RunCancelled&) {
         return;
     } catch (const std::exception&) {

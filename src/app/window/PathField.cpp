@@ -18,6 +18,7 @@ PathField::PathField(const QString& name, Chooser chooser, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(line_, 1);
     layout->addWidget(browse);
+    setFocusPolicy(Qt::TabFocus);  // Else its label's key does nothing.
     setFocusProxy(line_);
     connect(line_, &QLineEdit::textChanged, this, &PathField::Changed);
     connect(browse, &QPushButton::clicked, this, [this, chooser = std::move(chooser)] {

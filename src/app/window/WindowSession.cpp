@@ -7,6 +7,7 @@
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/PageFurniture.h"
+#include "app/document/SettingsEdit.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -14,6 +15,13 @@ namespace {
 
 host::IHostFrameElement& FrameStateOf(const host::Ref<host::IHostGroupElement>& element) {
     return *host::As<host::IHostFrameElement>(element);
+}
+
+void Assign(OpenDocument& document, const std::vector<std::string>& assignments) {
+    if (assignments.empty()) return;
+    SettingsEdit edit(document);
+    for (const auto& assignment : assignments) edit.Set(assignment);
+    edit.StoreWithoutWarnings();
 }
 
 }  // namespace
@@ -31,14 +39,16 @@ void WindowSession::Open(const std::string& path) {
     if (!done) throw RunCancelled{};
 }
 
-void WindowSession::StartNew(const NewDocumentOptions& options, bool forPrint) {
+void WindowSession::StartNew(const NewDocumentOptions& options, bool forPrint,
+                             const std::vector<std::string>& notices) {
     const auto start = [&] {
         auto before = document_.Present();
-        const auto noticesBefore = std::exchange(notices_, {});
+        const auto noticesBefore = std::exchange(notices_, notices);
         try {
             std::filesystem::path place = FullPath(options.listingDatabase);
             StartNewDocument(document_, options, place.replace_extension(".json"));
             if (forPrint) ApplyPrintDefaults(document_);
+            Assign(document_, options.assignments);
         } catch (...) {
             document_.Restore(std::move(before));
             notices_ = noticesBefore;

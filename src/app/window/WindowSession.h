@@ -29,9 +29,11 @@ public:
     /// Reads a document and draws it. If it throws, the current document is kept. Throws
     /// RunCancelled, as StartNew does, if the user cancels the run.
     void Open(const std::string& path);
-    /// Creates a document, not on disk yet; `forPrint` applies the print defaults of `make`. If it
-    /// throws, the current document is kept.
-    void StartNew(const NewDocumentOptions& options, bool forPrint);
+    /// Creates a document, not on disk yet; `forPrint` applies the print defaults of `make`. The
+    /// notices of what was made for it stand before its own. If it throws, the current document is
+    /// kept.
+    void StartNew(const NewDocumentOptions& options, bool forPrint,
+                  const std::vector<std::string>& notices = {});
     /// Saves the document to its path. Throws and changes nothing if that fails or another program
     /// has changed the file since it was read or saved.
     void Save();

@@ -1,4 +1,4 @@
-#include "app/window/SheetsMap.h"
+#include "app/window/layers/SheetsMap.h"
 
 #include <QMouseEvent>
 #include <QPainter>
