@@ -73,6 +73,9 @@ TEST_F(MapLayers, BecomeAnIndex) {
         FillInDialog(dialog);
         EXPECT_EQ(support::Part<QLineEdit>(dialog, "locatedLine").text().toStdString(),
                   folder_.File("streets-listings.dbf"));
+        Type(dialog, "features1Line", town_ + "/streets");
+        EXPECT_EQ(support::Part<QLineEdit>(dialog, "locatedLine").text().toStdString(),
+                  folder_.File("streets-listings.dbf"));
         Press(dialog, "Look Up");
         const QString told = support::Part<QPlainTextEdit>(dialog, "locatedSummary").toPlainText();
         EXPECT_TRUE(told.contains("on 8 sheets")) << told.toStdString();
@@ -202,6 +205,14 @@ TEST_F(MapLayers, HaveChoicesThatAreHiddenUntilTheyAreSet) {
     EXPECT_EQ(more.text(), "More (1 set)");
     Type(page, "features1Where", "");
     EXPECT_EQ(more.text(), "More");
+
+    // They are scrolled to where the page is low.
+    page.resize(900, 300);
+    page.show();
+    support::Part<QToolButton>(page, "moreChoices").click();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return !support::Part<QLineEdit>(page, "writtenBookLine").visibleRegion().isEmpty();
+    }));
 }
 
 TEST_F(MapLayers, HaveRoomThatATableDoesNotNeed) {

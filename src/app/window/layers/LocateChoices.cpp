@@ -142,9 +142,10 @@ void LocateChoices::ListFields() {
 QString LocateChoices::ProposedTable() const {
     const LayerField& first = features_.front()->Layer();
     if (first.IsEmpty()) return {};
-    const QFileInfo source(first.Source());
-    const QString folder = source.path() == "." ? QString() : source.path() + '/';
-    return folder + QFileInfo(first.Path()).completeBaseName() + "-listings.dbf";
+    const std::string file = first.File();
+    const QString path = file.empty() ? "." : QFileInfo(desk::ToQt(file)).path();
+    return (path == "." ? QString() : path + '/') + QFileInfo(first.Path()).completeBaseName() +
+           "-listings.dbf";
 }
 
 bool LocateChoices::CanLocate() const {
