@@ -136,7 +136,24 @@ xdotool windowfocus --sync "$window" key ctrl+d
 await 'index.json\*' >/dev/null
 xdotool key ctrl+z
 await 'index.json[^*]*$' >/dev/null
-xdotool key F1
+# From the layers of a map to an index.
+cp "$documents/examples/town.gpkg" .
+xdotool key ctrl+n
+dialog=$(await 'New Document')
+xdotool windowfocus --sync "$dialog" key alt+y
+# fill KEY TEXT: types a text into the box of that key.
+fill() {
+    xdotool key "$1" ctrl+a
+    xdotool type --delay 20 "$2"
+}
+fill alt+f town.gpkg/streets
+fill alt+s town.gpkg/sheets
+fill alt+g 7
+fill alt+c 5
+xdotool key Return
+await 'streets-listings' >/dev/null
+gazetteer table streets-listings.dbf | grep -P '^Am Markt\t6\tF\t3' >/dev/null
+xdotool windowfocus --sync "$window" key F1
 await 'Manual' >/dev/null
 grep -q '/usr/lib/gazetteer/libCVNGazetteer.so' "$HOME/.local/share/gazetteer-desk/components.json"
 ! grep -i 'error\|warning' told || fail "the window complained"
