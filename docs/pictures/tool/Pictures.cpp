@@ -5,6 +5,7 @@
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTreeWidget>
@@ -76,8 +77,24 @@ void FillLayers() {
     list.scrollTo(found.front(), QAbstractItemView::PositionAtCenter);
 }
 
+// The choices that are seldom needed.
+void FillMoreLayers() {
+    FillLayers();
+    auto& dialog = *QApplication::activeModalWidget();
+    support::Part<QComboBox>(dialog, "features2Field").setEditText("[name] (river)");
+    support::Part<QLineEdit>(dialog, "features1Where").setText("population > 100000");
+    support::Part<QPlainTextEdit>(dialog, "features1Constants").setPlainText("Kind=place");
+    support::Part<QComboBox>(dialog, "origin").setCurrentIndex(2);
+    support::Part<QLineEdit>(dialog, "writtenBookLine").setText("europe-book.json");
+}
+
 void ShowLayers(MainWindow& window) {
     QTimer::singleShot(50, FillLayers);
+    Trigger("newDocument")(window);
+}
+
+void ShowMoreLayers(MainWindow& window) {
+    QTimer::singleShot(50, FillMoreLayers);
     Trigger("newDocument")(window);
 }
 
@@ -109,6 +126,7 @@ const Picture kPictures[] = {
     {"new-document", [](MainWindow& window) { window.Open("czechia-slovakia.dbf"); }},
     {"choose-table", Trigger("newDocument"), "tableBrowse"},
     {"map-layers", ShowLayers},
+    {"map-layers-more", ShowMoreLayers},
     {"window", OpenDocument},
     {"findings", ShowFindings},
     {"page-setup",
