@@ -16,6 +16,7 @@
 #include "host/Host.h"
 #include "manager/CVNGazetteerManager.h"
 #include "page/GazetteerPropertyPage.h"
+#include "page/typesetting/TypesettingPropertyPage.h"
 #include "support/CategoryInstall.h"
 #include "support/ErrorHandling.h"
 
@@ -65,6 +66,7 @@ struct PublicClass {
 
 constexpr std::array kClasses{
     PublicClass{"CVNGazetteer.GazetteerPropertyPage", MakeWithHost<GazetteerPropertyPage>},
+    PublicClass{"CVNGazetteer.TypesettingPropertyPage", MakeWithHost<TypesettingPropertyPage>},
     PublicClass{"CVNGazetteer.CVNGazetteerManager", MakeWithHost<CVNGazetteerManager>},
     PublicClass{"CVNGazetteer.CategoryInstall", MakeCategoryInstall},
     PublicClass{"CVNGazetteer.CategoryIDs", MakeWithHost<CategoryIDs>},
