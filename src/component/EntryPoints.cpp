@@ -16,9 +16,9 @@
 #include "host/Host.h"
 #include "manager/CVNGazetteerManager.h"
 #include "page/GazetteerPropertyPage.h"
-#include "page/typesetting/TypesettingPropertyPage.h"
 #include "support/CategoryInstall.h"
 #include "support/ErrorHandling.h"
+#include "typesetting/TypesettingPropertyPage.h"
 
 namespace gazetteer {
 namespace {

@@ -120,8 +120,8 @@ TEST(ComponentFile, ThatIsNoneIsRefused) {
 }
 
 TEST(ComponentFile, ShowsItsEntryPointsAlone) {
-    const auto names =
-        support::Output("nm -D --defined-only '" COMPONENT_FILE "' | cut -d ' ' -f 3");
+    const auto names = support::Output("nm -D --defined-only --extern-only '" COMPONENT_FILE
+                                       "' | cut -d ' ' -f 3");
     EXPECT_EQ(names,
               "ComponentCanUnload\nComponentCreateClassObject\nComponentRegister\n"
               "ComponentUnregister\n");

@@ -17,9 +17,9 @@
 
 #include "page/SymbolPreview.h"
 #include "page/frmGazetteerPropertyPage.h"
-#include "page/typesetting/TypesettingForm.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
+#include "typesetting/TypesettingForm.h"
 
 namespace page_test {
 namespace {

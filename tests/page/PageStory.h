@@ -19,10 +19,10 @@
 #include "model/Keys.h"
 #include "page/GazetteerPropertyPage.h"
 #include "page/frmGazetteerPropertyPage.h"
-#include "page/typesetting/TypesettingPropertyPage.h"
 #include "support/SetDump.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
+#include "typesetting/TypesettingPropertyPage.h"
 
 namespace page_test {
 

@@ -8,8 +8,8 @@
 #include "model/Typesetting.h"
 #include "model/TypesettingKeys.h"
 #include "page/PageStory.h"
-#include "page/sample/SampleIndex.h"
-#include "page/typesetting/TypesettingForm.h"
+#include "sample/SampleIndex.h"
+#include "typesetting/TypesettingForm.h"
 
 namespace page_test {
 namespace {
@@ -222,7 +222,8 @@ TEST_F(Typeset, ThePictureShowsWhatEachSettingDoes) {
         {"LeaderLeast", std::int32_t{9}},
         {"LineGrid", false},
         {"PlainHeadings", false},
-        {"Direction", gazetteer::kRightToLeft}};
+        {"Direction", gazetteer::kRightToLeft},
+        {"GroupReferences", true}};
     const std::string before = dump(base);
     EXPECT_NE(dump(Typesetting()), before);
     for (const auto& [name, value] : cases) {

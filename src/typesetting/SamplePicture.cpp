@@ -1,11 +1,11 @@
-#include "page/typesetting/SamplePicture.h"
+#include "typesetting/SamplePicture.h"
 
 #include <QPainter>
 #include <algorithm>
 #include <utility>
 
 #include "page/ControlValues.h"
-#include "page/sample/ElementPicture.h"
+#include "sample/ElementPicture.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
@@ -40,6 +40,7 @@ SamplePicture::SamplePicture(host::Ref<host::IHost> host, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName("Sample index");
     setAccessibleDescription("Two pages of a sample index with these settings");
+    setToolTip("A sample index with these settings");
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);

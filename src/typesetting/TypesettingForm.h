@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "page/StoredEdits.h"
-#include "page/typesetting/KeyControl.h"
-#include "page/typesetting/SamplePicture.h"
+#include "typesetting/KeyControl.h"
+#include "typesetting/SamplePicture.h"
 
 namespace gazetteer {
 

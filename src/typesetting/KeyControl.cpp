@@ -1,4 +1,4 @@
-#include "page/typesetting/KeyControl.h"
+#include "typesetting/KeyControl.h"
 
 #include <QCheckBox>
 #include <QComboBox>

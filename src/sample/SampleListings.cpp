@@ -1,4 +1,4 @@
-#include "page/sample/SampleListings.h"
+#include "sample/SampleListings.h"
 
 #include "model/ColumnProperties.h"
 #include "model/DefaultSymbols.h"
@@ -7,31 +7,19 @@ namespace gazetteer {
 namespace {
 
 constexpr SampleListing kListings[] = {
-    {"1st Avenue", "3 B-2"},
-    {"23rd Street", "3 C-4"},
-    {"Abbey Road", "4 D-1"},
-    {"Ash Grove", "4 A-6"},
-    {"Ägir Lane", "7 E-3"},
-    {"al-Andalus Square", "5 B-5"},
-    {"Baker Street", "4 C-2"},
-    {"Botanical Gardens and Arboretum", "8 F-1"},
-    {"Bridge Street", "6 D-3"},
-    {"Bridge Street", "6 D-4"},
-    {"Bridge Street", "9 G-5"},
-    {"Canal Street", "6 B-1"},
-    {"Castle-on-the-Water Embankment", "7 C-5"},
-    {"Cedar Court", "5 F-2"},
-    {"Chapel Hill", "8 A-4"},
-    {"Chestnut Avenue", "8 E-6"},
-    {"Church Lane", "4 B-3"},
-    {"Commissioners Boulevard", "9 D-2"},
-    {"Cooper Street", "6 A-2"},
-    {"Crown Yard", "3 F-4"},
-    {"Dock Road", "9 B-6"},
-    {"Dover Street", "7 A-1"},
-    {"Elm Street", "5 C-3"},
-    {"Émile Zola Square", "6 F-5"},
-    {"Fair View", "8 C-2"},
+    {"1st Avenue", "3\u00A0B-2"},    {"23rd Street", "3\u00A0C-4"},
+    {"Abbey Road", "4\u00A0D-1"},    {"Ash Grove", "4\u00A0A-6"},
+    {"Ägir Lane", "7\u00A0E-3"},     {"al-Andalus Square", "5\u00A0B-5"},
+    {"Baker Street", "4\u00A0C-2"},  {"Botanical Gardens and Arboretum", "8\u00A0F-1"},
+    {"Bridge Street", "6\u00A0D-3"}, {"Bridge Street", "6\u00A0D-4"},
+    {"Bridge Street", "9\u00A0G-5"}, {"Canal Street", "6\u00A0B-1"},
+    {"Castle Hill", "7\u00A0C-5"},   {"Cedar Court", "5\u00A0F-2"},
+    {"Chapel Hill", "8\u00A0A-4"},   {"Chestnut Avenue", "8\u00A0E-6"},
+    {"Church Lane", "4\u00A0B-3"},   {"Cockermouth-on-the-Water Road", "9\u00A0D-2"},
+    {"Cooper Street", "6\u00A0A-2"}, {"Crown Yard", "3\u00A0F-4"},
+    {"Dock Road", "9\u00A0B-6"},     {"Dover Street", "7\u00A0A-1"},
+    {"Elm Street", "5\u00A0C-3"},    {"Émile Zola Square", "6\u00A0F-5"},
+    {"Fair View", "8\u00A0C-2"},
 };
 
 constexpr double kPoints = 7;
@@ -77,7 +65,9 @@ Settings SampleSettings(host::IHost& host) {
     ColumnProperties listing = SampleColumn(host, 0.93);
     listing.breakColumn = listing.breakHeading = true;
     AddColumn(host, settings, "Listing", listing);
-    AddColumn(host, settings, "Page", SampleColumn(host, 0.48));
+    ColumnProperties page = SampleColumn(host, 0.48);
+    page.expression = "$$PAGE_NUMBER\u00A0$$ROW-$$COLUMN";
+    AddColumn(host, settings, "Page", page);
     return settings;
 }
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 #include <span>
 
-#include "page/typesetting/KeyControl.h"
+#include "typesetting/KeyControl.h"
 
 namespace gazetteer {
 

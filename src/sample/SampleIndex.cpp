@@ -1,4 +1,4 @@
-#include "page/sample/SampleIndex.h"
+#include "sample/SampleIndex.h"
 
 #include <algorithm>
 #include <string>
@@ -9,7 +9,7 @@
 #include "listings/Combine.h"
 #include "listings/IndexTable.h"
 #include "model/DefaultSymbols.h"
-#include "page/sample/SampleListings.h"
+#include "sample/SampleListings.h"
 #include "support/Conversions.h"
 
 namespace gazetteer {

@@ -1,4 +1,4 @@
-#include "page/typesetting/TypesettingForm.h"
+#include "typesetting/TypesettingForm.h"
 
 #include <QEvent>
 #include <QFontInfo>
@@ -12,9 +12,9 @@
 
 #include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
-#include "page/typesetting/TypesettingLayout.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
+#include "typesetting/TypesettingLayout.h"
 
 namespace gazetteer {
 namespace {
@@ -26,6 +26,14 @@ constexpr int kLinesAround = 7;     // Lines of the sheet around it.
 // Vertical distances on a low screen, in pixels.
 constexpr int kDenseSpacing = 2;
 constexpr int kDenseMargin = 4;
+
+void MakeDense(QFormLayout& form) {
+    form.setVerticalSpacing(kDenseSpacing);
+    QMargins margins = form.contentsMargins();
+    margins.setTop(kDenseMargin);
+    margins.setBottom(kDenseMargin);
+    form.setContentsMargins(margins);
+}
 
 }  // namespace
 
@@ -80,35 +88,28 @@ void Form::Arrange() {
     boxes_ = NewSettingBoxes(controls_, this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(rules);
-    layout->addWidget(picture_, 1);
+    layout->addWidget(picture_);
     layout->addWidget(boxes_);
+    layout->addStretch(1);
     FitToScreen();
 }
 
 // On a low screen rows stand closer, and the picture gives way.
 void Form::FitToScreen() {
-    const auto size = [this] {
-        const int width = std::max(layout()->totalMinimumSize().width(),
-                                   kFontSizesWide * QFontInfo(font()).pixelSize());
-        return QSize(width, layout()->totalHeightForWidth(width));
-    };
     const int room =
         screen()->availableSize().height() - fontMetrics().lineSpacing() * kLinesAround;
-    QSize best = size();
-    if (best.height() > room) {
-        for (auto* form : findChildren<QFormLayout*>()) {
-            form->setVerticalSpacing(kDenseSpacing);
-            auto margins = form->contentsMargins();
-            margins.setTop(kDenseMargin);
-            margins.setBottom(kDenseMargin);
-            form->setContentsMargins(margins);
-        }
-        best = size();
-    }
-    const int least = layout()->totalMinimumSize().height();
-    best.setHeight(std::max(least, std::min(best.height(), room)));
-    setMinimumSize(QSize(best.width(), least));
-    resize(best);
+    const int usual = kFontSizesWide * QFontInfo(font()).pixelSize();
+    picture_->setMaximumHeight(QWIDGETSIZE_MAX);
+    // They are not told of a new font before the form is.
+    for (auto* inner : findChildren<QLayout*>()) inner->invalidate();
+    if (layout()->totalHeightForWidth(usual) > room)
+        for (auto* form : findChildren<QFormLayout*>()) MakeDense(*form);
+    const QSize least = layout()->totalMinimumSize();
+    const int rest = least.height() - picture_->minimumSizeHint().height();
+    picture_->setMaximumHeight(std::max(picture_->minimumSizeHint().height(), room - rest));
+    const int width = std::max(least.width(), usual);
+    setMinimumSize(width, least.height());
+    resize(width, std::max(least.height(), layout()->totalHeightForWidth(width)));
 }
 
 void Form::changeEvent(QEvent* event) {

@@ -1,12 +1,12 @@
-#include "page/typesetting/TypesettingPropertyPage.h"
+#include "typesetting/TypesettingPropertyPage.h"
 
 #include <QApplication>
 #include <utility>
 
 #include "page/StoredEdits.h"
-#include "page/typesetting/TypesettingForm.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
+#include "typesetting/TypesettingForm.h"
 
 namespace gazetteer {
 namespace {

@@ -1,4 +1,4 @@
-#include "page/typesetting/TypesettingTexts.h"
+#include "typesetting/TypesettingTexts.h"
 
 namespace gazetteer {
 namespace {
@@ -26,19 +26,20 @@ constexpr SettingText kTexts[] = {
     {.key = "DigitsHeading",
      .group = Headings,
      .label = "Over &digits and signs:",
-     .toolTip = "The heading over listings that begin with a digit or a sign, such as 1st Avenue.",
+     .toolTip = "The heading over listings that begin with a digit or a sign, for example 0–9.",
      .subject = Subject::Headings,
-     .words = {"none; for example 0–9"},
+     .words = {"none"},
      .isUsed = HasLetters},
     {.key = "Continued",
      .group = Headings,
-     .label = "On &going on:",
-     .toolTip = "Stands over a page that begins inside a letter. {letter} stands for the letter.",
+     .label = "Where a letter &goes on:",
+     .toolTip = "Stands over a page that begins inside a letter, for example {letter} (continued): "
+                "{letter} stands for the letter.",
      .subject = Subject::Headings,
-     .words = {"none; for example {letter} (continued)"}},
+     .words = {"none"}},
     {.key = "ContinuedAt",
      .group = Headings,
-     .label = "R&epeated on each:",
+     .label = "R&epeat it on each:",
      .toolTip = "Whether that heading stands over each page only, or over each group of columns.",
      .subject = Subject::Headings,
      .words = {"page", "column group"},

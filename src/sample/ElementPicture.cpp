@@ -1,4 +1,4 @@
-#include "page/sample/ElementPicture.h"
+#include "sample/ElementPicture.h"
 
 #include "support/Conversions.h"
 

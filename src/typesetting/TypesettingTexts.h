@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "model/Typesetting.h"
-#include "page/sample/SampleIndex.h"
+#include "sample/SampleIndex.h"
 
 /// What the page says of each setting, and where its control stands.
 namespace gazetteer {

@@ -5,7 +5,7 @@
 #include "host/Host.h"
 #include "model/Settings.h"
 #include "model/Typesetting.h"
-#include "page/sample/QuietHost.h"
+#include "sample/QuietHost.h"
 
 namespace gazetteer {
 

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "model/TypesettingKeys.h"
-#include "page/typesetting/TypesettingTexts.h"
+#include "typesetting/TypesettingTexts.h"
 
 namespace gazetteer {
 

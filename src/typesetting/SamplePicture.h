@@ -4,7 +4,7 @@
 #include <QImage>
 #include <memory>
 
-#include "page/sample/SampleIndex.h"
+#include "sample/SampleIndex.h"
 
 namespace gazetteer {
 
