@@ -18,6 +18,7 @@
 #include "page/GazetteerPropertyPage.h"
 #include "support/CategoryInstall.h"
 #include "support/ErrorHandling.h"
+#include "typesetting/TypesettingPropertyPage.h"
 
 namespace gazetteer {
 namespace {
@@ -65,6 +66,7 @@ struct PublicClass {
 
 constexpr std::array kClasses{
     PublicClass{"CVNGazetteer.GazetteerPropertyPage", MakeWithHost<GazetteerPropertyPage>},
+    PublicClass{"CVNGazetteer.TypesettingPropertyPage", MakeWithHost<TypesettingPropertyPage>},
     PublicClass{"CVNGazetteer.CVNGazetteerManager", MakeWithHost<CVNGazetteerManager>},
     PublicClass{"CVNGazetteer.CategoryInstall", MakeCategoryInstall},
     PublicClass{"CVNGazetteer.CategoryIDs", MakeWithHost<CategoryIDs>},

@@ -128,6 +128,20 @@ void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
     WriteSettings(stored, properties);
 }
 
+// The results, which may be large, are not copied first.
+Ref<IHostPropertySet> WithoutResults(host::IHostPropertySetFactory& host,
+                                     const IHostPropertySet& properties) {
+    const auto items = properties.AllItems();
+    auto set = host.NewPropertySet();
+    for (std::size_t i = 0; i < items.names.size(); ++i)
+        set->SetItem(items.names[i], items.values[i]);
+    set->SetItem(keys::kHaveSavedListings, false);
+    for (const char* const key : {keys::kSavedListings, keys::kPageGroups, keys::kPageFirstListings,
+                                  keys::kPageLastListings})
+        set->SetItem(key, Ref<IHostObject>(host.NewPropertySet()));
+    return CopySet(host, set);
+}
+
 bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth) {
     double total = 0;
     for (const std::string& name : NamesOf(*settings.columnNames))

@@ -58,6 +58,10 @@ host::Ref<host::IHostPropertySet> Reordered(host::IHostPropertySetFactory& host,
 void StoreEdit(host::IHost& host, Settings& settings, bool canDrawIndex,
                host::IHostPropertySet& properties);
 
+/// A deep copy of a stored set without the results of a run.
+host::Ref<host::IHostPropertySet> WithoutResults(host::IHostPropertySetFactory& host,
+                                                 const host::IHostPropertySet& properties);
+
 /// One column group must fit the frame: the sum of the column widths, in inches and in the order of
 /// definition, is at most the frame's width.
 bool ColumnsFitFrame(host::IHostLocale& locale, const Settings& settings, double frameWidth);

@@ -2,16 +2,11 @@
 
 #include <QLineEdit>
 #include <array>
-#include <limits>
-#include <optional>
 #include <type_traits>
 
-#include "host/Failure.h"
-#include "model/Keys.h"
 #include "page/ControlValues.h"
 #include "page/NumberMark.h"
-#include "support/Conversions.h"
-#include "support/Text.h"
+#include "page/NumberTexts.h"
 
 namespace gazetteer {
 namespace {
@@ -87,20 +82,6 @@ void FillControl(const QWidget& form, host::IHostLocale& locale, const char* con
         ShowText(form, control, value);
 }
 
-// Returns nothing for a text that is not a number of the type. Ignores blanks around a number.
-template <class T>
-std::optional<T> NumberIn(std::string text, host::IHostLocale& locale) {
-    text = WithoutOuterBlanks(text);
-    const auto number = locale.ParseNumber(text);
-    if (!number) return std::nullopt;
-    if (std::is_same_v<T, double> && !IsLength(*number)) return std::nullopt;
-    try {
-        return ValueAs<T>(*number, locale);
-    } catch (const host::Failure&) {
-        return std::nullopt;  // Outside the range of the type.
-    }
-}
-
 template <class T>
 T ReadControl(const QWidget& form, host::IHostLocale& locale, const char* control,
               const T& byDefault) {
@@ -112,33 +93,12 @@ T ReadControl(const QWidget& form, host::IHostLocale& locale, const char* contro
         return ShownText(form, control);
 }
 
-// Shows the decimal sign of the locale.
-constexpr double kExample = 0.25;
-
-std::string RangeSentence(double byDefault, host::IHostLocale& locale) {
-    return "Type a number such as " + locale.FormatNumber(kExample) + ", from " +
-           locale.FormatNumber(-kLongest) + " to " + locale.FormatNumber(kLongest) +
-           " (inches); until then " + locale.FormatNumber(byDefault) + " is used.";
-}
-
-std::string RangeSentence(std::int32_t byDefault, host::IHostLocale& locale) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return "Type a page number up to " + std::to_string(Limits::max()) + "; until then page " +
-           locale.FormatNumber(byDefault) + " is used.";
-}
-
 template <class T>
 void MarkWrongNumbers(QWidget& form, host::IHost& host, const char* control, const T& byDefault) {
     if constexpr (kIsNumber<T>) {
         auto& box = dynamic_cast<QLineEdit&>(ControlNamed(form, control));
         const QString sentence = ToQt(RangeSentence(byDefault, host.Locale()));
-        new NumberMark(box, form, sentence, [&host](const QString& text) {
-            try {
-                return NumberIn<T>(FromQt(text), host.Locale()).has_value();
-            } catch (const host::Failure&) {
-                return true;  // Reading the box tells why it cannot be judged.
-            }
-        });
+        new NumberMark(box, form, sentence, NumberTest<T>(host));
     }
 }
 

@@ -3,29 +3,14 @@
 #include <QApplication>
 #include <utility>
 
-#include "manager/CVNGazetteerManager.h"
 #include "model/EditRules.h"
 #include "model/GeneralFunctions.h"
+#include "page/StoredEdits.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/Conversions.h"
 #include "support/ErrorHandling.h"
 
 namespace gazetteer {
-namespace {
-
-// Skips commands that the host does not have.
-void RunRefreshCommands(host::IHost& host) {
-    const auto identifier = host.NewIdentifier();
-    const auto application = host.NewApplication();
-    for (const char* name : {"CVNLayoutsCmds.RefreshLayout", "CVNLayoutsCmds.RefreshTOC"}) {
-        identifier->SetValue(name);
-        const auto bars = application->Document()->CommandBars();
-        if (const auto command = bars->Find(identifier, false, false)) command->Execute();
-    }
-}
-
-}  // namespace
-
 GazetteerPropertyPage::GazetteerPropertyPage(host::Ref<host::IHost> host) : host_(std::move(host)) {
     try {
         if (qApp == nullptr)
@@ -95,18 +80,8 @@ void GazetteerPropertyPage::UnloadForm() {
     form_->setParent(nullptr);
 }
 
-host::Ref<host::IHostGroupElement> GazetteerPropertyPage::GazetteerIn(
-    const host::Ref<host::IHostObject>& object) {
-    const auto group = host::As<host::IHostGroupElement>(object);
-    return group && HasGazetteerProperties(*host_, group) ? group : nullptr;
-}
-
 bool GazetteerPropertyPage::Applies(const host::Ref<host::IHostObjectSet>& objects) try {
-    const auto set = Require<host::IHostObjectSet>(objects);
-    set->Reset();
-    for (auto object = set->Next(); object; object = set->Next())
-        if (GazetteerIn(object)) return true;
-    return false;
+    return HasGazetteer(*host_, *Require<host::IHostObjectSet>(objects));
 } catch (...) {
     ShowAtTop("IComPropertyPage_Applies");
     return false;
@@ -114,13 +89,9 @@ bool GazetteerPropertyPage::Applies(const host::Ref<host::IHostObjectSet>& objec
 
 // If there are several gazetteers, the last one is edited.
 void GazetteerPropertyPage::SetObjects(const host::Ref<host::IHostObjectSet>& objects) try {
-    const auto set = Require<host::IHostObjectSet>(objects);
-    set->Reset();
-    for (auto object = set->Next(); object; object = set->Next()) {
-        const auto element = GazetteerIn(object);
-        if (!element) continue;
-        stored_ = GetGazetteerProperties(*host_, element);
-        element_ = element;
+    if (const auto last = LastGazetteer(*host_, *Require<host::IHostObjectSet>(objects))) {
+        stored_ = GetGazetteerProperties(*host_, last);
+        element_ = last;
     }
     // A form that is already shown is filled again.
     const bool shown = Form().IsFilled();
@@ -149,18 +120,8 @@ void GazetteerPropertyPage::Hide() try {
 void GazetteerPropertyPage::Apply() try {
     const auto working = Require<host::IHostPropertySet>(Form().GazetteerProperties());
     SetGazetteerProperties(*host_, element_, CopySet(*host_, working));
-    CVNGazetteerManager manager(host_);
-    manager.SetIndexElement(element_);
-    if (manager.CanDrawIndex(element_)) {
-        if (Require<host::IHostFrameElement>(element_)->Draft()) manager.DraftMode();
-    } else {
-        manager.DraftMode();
-        Require<host::IHostFrameElement>(element_)->SetDraft(true);
-        host_->Dialogs().MessageBox({.title = "Properties Incomplete",
-                                     .text = "Gazetteer can not be drawn with current properties.",
-                                     .style = host::kInformationOk});
-    }
-    RunRefreshCommands(*host_);
+    StoreEditsBeside(Form());
+    DrawStoredEdits(host_, element_);
 } catch (...) {
     ShowAtTop("IComPropertyPage_Apply");
 }

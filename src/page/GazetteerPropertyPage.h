@@ -39,7 +39,6 @@ public:
 
 private:
     frmGazetteerPropertyPage& Form();
-    host::Ref<host::IHostGroupElement> GazetteerIn(const host::Ref<host::IHostObject>& object);
     void UnloadForm();
     void ShowAtTop(const char* operation) noexcept;
 

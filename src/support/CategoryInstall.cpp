@@ -7,7 +7,9 @@
 namespace gazetteer {
 namespace {
 
-constexpr char kPropertyPageClass[] = "CVNGazetteer.GazetteerPropertyPage";
+// In the order of their tabs.
+constexpr const char* kPropertyPageClasses[] = {"CVNGazetteer.GazetteerPropertyPage",
+                                                "CVNGazetteer.TypesettingPropertyPage"};
 
 }  // namespace
 
@@ -42,8 +44,9 @@ void CategoryInstall::Enter(bool install) {
     const std::string file = folder_ + '\\' + baseName_ + ".dll";
     const auto registrar = host_->NewComponentRegistrar();
     CategoryIDs categories(host_);
-    registrar->RegisterComponent(file, categories.MakeUID(kPropertyPageClass),
-                                 categories.ElementPropertyPages(), install);
+    for (const char* const page : kPropertyPageClasses)
+        registrar->RegisterComponent(file, categories.MakeUID(page),
+                                     categories.ElementPropertyPages(), install);
 }
 
 }  // namespace gazetteer

@@ -7,8 +7,8 @@
 
 namespace gazetteer {
 
-/// Enters the property page under the host's category of element property pages, or takes it out.
-/// It may run unattended: it shows no dialog and does not throw.
+/// Enters the property pages under the host's category of element property pages, or takes them
+/// out. It may run unattended: it shows no dialog and does not throw.
 struct ICategoryInstall : virtual host::IHostObject {
     /// The description of the last Install's failure; empty after success.
     virtual std::string ErrorMessage() const = 0;

@@ -1,10 +1,12 @@
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTabWidget>
 
 #include "app_window/WindowStory.h"
 #include "desk/components/ComponentLibrary.h"
 #include "desk/components/Registrar.h"
 #include "desk/components/SharedLibrary.h"
+#include "model/Typesetting.h"
 #include "support/Text.h"
 
 namespace {
@@ -22,6 +24,7 @@ public:
 };
 
 TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
+    const QStringList pages{"Gazetteer", "Typesetting"};
     QStringList tabs;
     const Answer look = [&](QWidget& sheet) {
         tabs.clear();
@@ -29,25 +32,30 @@ TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
         for (int i = 0; row != nullptr && i < row->count(); ++i) tabs << row->tabText(i);
     };
     InSheet(look);
-    EXPECT_EQ(tabs, QStringList("Gazetteer")) << "at the first start";
+    EXPECT_EQ(tabs, pages) << "at the first start";
     for (const bool installed : {false, true, false, true}) {
         Register(installed);
         InSheet(look);
-        EXPECT_EQ(tabs, installed ? QStringList("Gazetteer") : QStringList());
+        EXPECT_EQ(tabs, installed ? pages : QStringList());
     }
     // That of another version, which is gone, makes way.
     const char* const list = "data/gazetteer-desk/components.json";
     folder_.Write(list, gazetteer::ReplaceAll(folder_.Read(list), "lib/gazetteer", "lib/old"));
     InSheet(look);
-    EXPECT_EQ(tabs, QStringList("Gazetteer"));
-    EXPECT_FALSE(window_->isWindowModified());
-
-    // Another that is missed is told in one message, and the sheet still opens.
+    EXPECT_EQ(tabs, pages);
     const auto id = [&](const char* value) {
         auto made = Session().Host().NewIdentifier();
         made->SetValue(value);
         return made;
     };
+    // So does a list of one that had fewer pages.
+    Session().Host().NewComponentRegistrar()->RegisterComponent(
+        "", id("CVNGazetteer.TypesettingPropertyPage"), id(host::kElementPropertyPages), false);
+    InSheet(look);
+    EXPECT_EQ(tabs, pages);
+    EXPECT_FALSE(window_->isWindowModified());
+
+    // Another that is missed is told in one message, and the sheet still opens.
     const auto file = folder_.Write("gone.so", "");
     Session().Host().NewComponentRegistrar()->RegisterComponent(
         file, id("Some.Page"), id(host::kElementPropertyPages), true);
@@ -55,7 +63,7 @@ TEST_F(Component, IsFoundOnlyWhileItIsRegistered) {
     tabs.clear();
     ExpectMessage("gone.so", "OK", [&](QWidget& sheet) { ActAndPress(sheet, look, "Cancel"); });
     Do("properties");
-    EXPECT_EQ(tabs, QStringList("Gazetteer"));
+    EXPECT_EQ(tabs, pages);
 }
 
 TEST_F(Component, AnAppliedEditIsDrawnOnThePageOnShow) {
@@ -100,6 +108,37 @@ TEST_F(Component, AnAppliedEditIsDrawnOnThePageOnShow) {
     Open(folder_.File("names.json"));
     EXPECT_EQ(DrawnListings().front(), "Alpha 0001");
     EXPECT_FALSE(Action("redo").isEnabled()) << "another document has no history";
+}
+
+// A new document of the window has the usual settings, which a step back brings again.
+TEST_F(Component, TypesettingIsStoredWithStepsBackAndForth) {
+    Register(true);
+    const auto stored = [this] {
+        return gazetteer::StoredTypesetting(Session().Document().Gazetteer(),
+                                            Session().Host().Locale());
+    };
+    EXPECT_EQ(stored(), gazetteer::PrintTypesetting());
+    const auto before = DrawnListings();
+    gazetteer::Typesetting edited = gazetteer::PrintTypesetting();
+    edited.leaderLeast = 7;
+    InSheet(
+        [](QWidget& sheet) {
+            sheet.findChild<QTabWidget*>()->setCurrentIndex(1);
+            support::Part<QSpinBox>(sheet, "LeaderLeast").setValue(7);
+            Press(sheet, "Apply");
+            support::Part<QAbstractButton>(sheet, "plainRules").click();
+        },
+        "OK");
+    EXPECT_EQ(stored(), std::nullopt);
+    for (const auto& [action, expected] :
+         {std::pair<const char*, std::optional<gazetteer::Typesetting>>{"undo", edited},
+          {"undo", gazetteer::PrintTypesetting()},
+          {"redo", edited},
+          {"redo", std::nullopt}}) {
+        Do(action);
+        EXPECT_EQ(stored(), expected) << action;
+        EXPECT_EQ(DrawnListings(), before) << action;
+    }
 }
 
 }  // namespace

@@ -48,7 +48,14 @@ TEST_F(Component, EntersItsOwnFileWithTheDesk) {
     const desk::Registrar registrar(desk::ComponentsFile());
     library_.Register(desk_.HostRef(), true);
     const auto entries = registrar.Entries(host::kElementPropertyPages);
-    EXPECT_EQ(entries.at(0).file, COMPONENT_FILE);
+    std::vector<std::string> pages;
+    for (const auto& entry : entries) {
+        EXPECT_EQ(entry.file, COMPONENT_FILE);
+        pages.push_back(entry.classId);
+        EXPECT_TRUE(Create<host::IComPropertyPage>(entry.classId.c_str())) << entry.classId;
+    }
+    EXPECT_EQ(pages, (std::vector<std::string>{"CVNGazetteer.GazetteerPropertyPage",
+                                               "CVNGazetteer.TypesettingPropertyPage"}));
 
     const auto installer = Create<gazetteer::ICategoryInstall>("CVNGazetteer.CategoryInstall");
     data.Write("gazetteer-desk/components.json", "{");
@@ -62,6 +69,8 @@ TEST_F(Component, EntersItsOwnFileWithTheDesk) {
     EXPECT_EQ(installer->Install(true), 0);
     EXPECT_EQ(installer->ErrorMessage(), "") << "the last failure only";
     EXPECT_EQ(registrar.Entries(host::kElementPropertyPages), entries);
+    EXPECT_EQ(installer->Install(false), 0);
+    EXPECT_TRUE(registrar.Entries(host::kElementPropertyPages).empty());
     ::unsetenv("XDG_DATA_HOME");
 }
 
@@ -75,8 +84,9 @@ TEST(ComponentFile, StaysLoadedAsLongAsAnythingOfItIsUsed) {
     support::TestDesk desk;
     host::Ref<host::IHostObject> object;
     for (const char* name :
-         {"CVNGazetteer.GazetteerPropertyPage", "CVNGazetteer.CVNGazetteerManager",
-          "CVNGazetteer.CategoryInstall", "CVNGazetteer.CategoryIDs"}) {
+         {"CVNGazetteer.GazetteerPropertyPage", "CVNGazetteer.TypesettingPropertyPage",
+          "CVNGazetteer.CVNGazetteerManager", "CVNGazetteer.CategoryInstall",
+          "CVNGazetteer.CategoryIDs"}) {
         EXPECT_FALSE(IsLoaded());
         {
             const desk::ComponentLibrary library(COMPONENT_FILE);
@@ -110,8 +120,8 @@ TEST(ComponentFile, ThatIsNoneIsRefused) {
 }
 
 TEST(ComponentFile, ShowsItsEntryPointsAlone) {
-    const auto names =
-        support::Output("nm -D --defined-only '" COMPONENT_FILE "' | cut -d ' ' -f 3");
+    const auto names = support::Output("nm -D --defined-only --extern-only '" COMPONENT_FILE
+                                       "' | cut -d ' ' -f 3");
     EXPECT_EQ(names,
               "ComponentCanUnload\nComponentCreateClassObject\nComponentRegister\n"
               "ComponentUnregister\n");

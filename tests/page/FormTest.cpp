@@ -12,12 +12,14 @@
 #include <QStyleFactory>
 #include <QTabBar>
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "page/SymbolPreview.h"
 #include "page/frmGazetteerPropertyPage.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
+#include "typesetting/TypesettingForm.h"
 
 namespace page_test {
 namespace {
@@ -38,6 +40,21 @@ bool IsBefore(const QRect& one, const QRect& other) {
     return inOneLine ? one.x() < other.x() : one.y() < other.y();
 }
 
+QRect PlaceIn(const QWidget& form, const QWidget& control) {
+    return {control.mapTo(&form, QPoint()), control.size()};
+}
+
+/// What is on show: labels, buttons and fields, but not their parts.
+std::vector<const QWidget*> ShownOn(const QWidget& form) {
+    std::vector<const QWidget*> shown;
+    for (const auto* widget : form.findChildren<const QWidget*>())
+        if (widget->isVisible() && !widget->objectName().startsWith("qt_") &&
+            (!widget->objectName().isEmpty() || IsOneOf<QLabel>(*widget)) &&
+            (IsField(*widget) || IsOneOf<QLabel, QAbstractButton>(*widget)))
+            shown.push_back(widget);
+    return shown;
+}
+
 class Form : public testing::Test {
 public:
     Form() {
@@ -49,9 +66,7 @@ public:
     T& Control(const char* name) {
         return support::Part<T>(form_, name);
     }
-    QRect PlaceOf(const QWidget& control) const {
-        return {control.mapTo(&form_, QPoint()), control.size()};
-    }
+    QRect PlaceOf(const QWidget& control) const { return PlaceIn(form_, control); }
     /// Looks at the form with each tab on show, those of the column among them.
     void OnEachTab(const std::function<void()>& look) {
         auto& outer = Control<QTabWidget>("SSTabGazetteerProperties");
@@ -66,16 +81,7 @@ public:
             }
         }
     }
-    /// What is on show: labels, buttons and fields, but not their parts.
-    std::vector<const QWidget*> Shown() const {
-        std::vector<const QWidget*> shown;
-        for (const auto* widget : form_.findChildren<const QWidget*>())
-            if (widget->isVisible() && !widget->objectName().isEmpty() &&
-                !widget->objectName().startsWith("qt_") &&
-                (IsField(*widget) || IsOneOf<QLabel, QAbstractButton>(*widget)))
-                shown.push_back(widget);
-        return shown;
-    }
+    std::vector<const QWidget*> Shown() const { return ShownOn(form_); }
 
     support::TestDesk desk_;
     gazetteer::frmGazetteerPropertyPage form_{desk_.HostRef()};
@@ -163,15 +169,18 @@ constexpr double kDefaultPoints = 9;
 
 class FormSize : public Form, public testing::WithParamInterface<Look> {
 public:
-    FormSize() {
+    FormSize() { Give(form_); }
+
+    /// The look of the test.
+    void Give(QWidget& form) {
         const auto& [style, family, size, room] = GetParam();
         style_.reset(QStyleFactory::create(QString::fromStdString(style)));
-        form_.setStyle(style_.get());
-        for (QWidget* part : form_.findChildren<QWidget*>()) part->setStyle(style_.get());
+        form.setStyle(style_.get());
+        for (QWidget* part : form.findChildren<QWidget*>()) part->setStyle(style_.get());
         QFont font(QString::fromStdString(family));
         font.setPointSizeF(kDefaultPoints * size);
         font.setLetterSpacing(QFont::PercentageSpacing, 100 * room);
-        form_.setFont(font);
+        form.setFont(font);
         QApplication::processEvents();
     }
 
@@ -224,6 +233,38 @@ TEST_P(FormSize, NothingIsCutOff) {
         }
         EXPECT_TRUE(tabs->rect().contains(bar.geometry()));
     }
+}
+
+// A mnemonic leads to one control.
+TEST_P(FormSize, TheOtherPageIsSeenWholeAndEachControlHasALetter) {
+    gazetteer::TypesettingForm form(desk_.HostRef());
+    form.show();
+    Give(form);
+    std::map<QChar, QString> letters;
+    const auto shown = ShownOn(form);
+    for (const QWidget* control : shown) {
+        const auto* label = qobject_cast<const QLabel*>(control);
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        const QString text = label ? label->text() : button ? button->text() : QString();
+        SCOPED_TRACE((control->objectName() + text).toStdString());
+        EXPECT_TRUE(ShowsItsText(*control));
+        EXPECT_TRUE(IsWhollyOnItsPage(*control));
+        for (const QWidget* other : shown)
+            EXPECT_TRUE(other == control ||
+                        !PlaceIn(form, *control).intersects(PlaceIn(form, *other)));
+        EXPECT_TRUE(label || button || !control->accessibleName().isEmpty());
+        if (text.isEmpty()) continue;
+        const auto mark = text.indexOf('&');
+        ASSERT_GE(mark, 0);
+        const QChar letter = text[mark + 1].toLower();
+        EXPECT_EQ(letters[letter], QString()) << letter.toLatin1();
+        letters[letter] = text;
+    }
+    EXPECT_GT(letters.size(), 15U);
+    const auto& picture = support::Part<QWidget>(form, "samplePicture");
+    EXPECT_GE(picture.height(), picture.minimumSizeHint().height());
+    if (std::get<2>(GetParam()) > 1) return;
+    EXPECT_LE(form.height(), form.screen()->availableSize().height() - 110);
 }
 
 INSTANTIATE_TEST_SUITE_P(Looks, FormSize,

@@ -22,6 +22,7 @@
 #include "support/SetDump.h"
 #include "support/TestDesk.h"
 #include "support/Widgets.h"
+#include "typesetting/TypesettingPropertyPage.h"
 
 namespace page_test {
 
@@ -30,12 +31,13 @@ using support::Dump;
 using support::ObjectsIn;
 using support::TestDesk;
 
-/// A user at the property page of one gazetteer: the real page in the real sheet on the real desk,
-/// with the desk's own object, symbol and expression dialogs. Message boxes are recorded.
+/// A user at the property pages of one gazetteer: the real pages in the real sheet on the real
+/// desk, with the desk's own object, symbol and expression dialogs. Message boxes are recorded.
 class PageStory : public testing::Test {
 public:
     PageStory() : desk_(WindowOptions(*this)) {
         desk_.TheDesk().Commands().Add("CVNLayoutsCmds.RefreshLayout", [this] {
+            ++refreshes_;
             gazetteer::CVNGazetteerManager manager(desk_.HostRef());
             manager.SetIndexElement(element_);
             if (manager.CanDraw() && !IsDraft())
@@ -58,7 +60,8 @@ public:
         CloseSheet();
         page_ = std::make_shared<gazetteer::GazetteerPropertyPage>(desk_.HostRef());
         sheet_ = std::make_unique<desk::PropertySheet>(
-            std::vector<host::Ref<host::IComPropertyPage>>{page_},
+            std::vector<host::Ref<host::IComPropertyPage>>{
+                page_, std::make_shared<gazetteer::TypesettingPropertyPage>(desk_.HostRef())},
             std::make_shared<desk::ObjectSet>(std::vector<host::Ref<host::IHostObject>>{element_}),
             nullptr);
         sheet_->show();
@@ -76,6 +79,7 @@ public:
     }
     gazetteer::frmGazetteerPropertyPage& Form() const { return *form_; }
     gazetteer::GazetteerPropertyPage& Page() const { return *page_; }
+    desk::PropertySheet& Sheet() const { return *sheet_; }
     template <class T = QWidget>
     T& Control(const char* name) const {
         return support::Part<T>(Form(), name);
@@ -174,6 +178,9 @@ public:
 
     support::TestDesk desk_;
     support::TestDesk::Group element_;
+    int refreshes_ = 0;   ///< Runs of the command that draws the layout anew.
+    int redraws_ = 0;     ///< Of the view.
+    std::string status_;  ///< Texts of the status bar.
 
 private:
     static desk::DeskOptions WindowOptions(PageStory& story) {
@@ -184,6 +191,10 @@ private:
         };
         options.window.newSymbolDialog = [&story, parent] {
             return std::make_shared<desk::SymbolDialog>(story.desk_.Host(), parent);
+        };
+        options.listeners.refresh = [&story] { ++story.redraws_; };
+        options.listeners.statusText = [&story](std::int32_t, const std::string& text) {
+            story.status_ += text;
         };
         options.expressionEditor = desk::ExpressionEditor(parent, "en_US");
         return options;

@@ -11,6 +11,7 @@
 #include <QTreeWidget>
 
 #include "Taker.h"
+#include "app/document/SettingsEdit.h"
 #include "app/window/PageView.h"
 #include "app/window/RunDialog.h"
 #include "desk/components/ComponentLibrary.h"
@@ -44,8 +45,16 @@ void Search(MainWindow& window) {
     window.findChild<QLineEdit*>("pageFilter")->setText("nad lab");
 }
 
-// The list of findings, with the first one marked on its page.
+void SetTypesetting(MainWindow& window, const std::optional<gazetteer::Typesetting>& typesetting) {
+    app::SettingsEdit edit(window.TheSession().Document());
+    edit.Typesetting() = typesetting;
+    edit.StoreWithoutWarnings();
+    Trigger("refresh")(window);
+}
+
+// The list of findings, with the first one marked on its page. The plain rules leave some.
 void ShowFindings(MainWindow& window) {
+    SetTypesetting(window, std::nullopt);
     window.findChild<QAbstractButton*>("showFindings")->click();
     auto* const list = window.findChild<QTreeWidget*>("findingList");
     list->setCurrentItem(list->topLevelItem(0)->child(0));
@@ -53,6 +62,7 @@ void ShowFindings(MainWindow& window) {
 
 void HideFindings(MainWindow& window) {
     window.findChild<QDockWidget*>("findingsDock")->close();
+    SetTypesetting(window, gazetteer::PrintTypesetting());
 }
 
 // Two layers on the sheets of an atlas, with a river that runs over several.

@@ -34,11 +34,10 @@ void RegisterNewComponent(const std::shared_ptr<desk::Desk>& desk) {
     if (!fs::exists(own)) return;
     const std::string list = desk::ComponentsFile();
     const auto entries = desk::Registrar(list).Entries(host::kElementPropertyPages);
-    const bool isOther = std::ranges::any_of(entries, [&](const desk::ComponentEntry& entry) {
-        const fs::path file = entry.file;
-        return file != own && file.filename() == own.filename();
+    const bool isEntered = std::ranges::any_of(entries, [&](const desk::ComponentEntry& entry) {
+        return fs::path(entry.file).filename() == own.filename();
     });
-    if (isOther || !fs::exists(list)) RegisterOwnComponent(desk, true);
+    if (isEntered || !fs::exists(list)) RegisterOwnComponent(desk, true);
 }
 
 }  // namespace app

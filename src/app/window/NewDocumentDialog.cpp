@@ -102,7 +102,8 @@ NewDocumentDialog::NewDocumentDialog(WindowSession& session, QWidget* parent)
     ready_->setObjectName("readyToPrint");
     ready_->setChecked(true);
     ready_->setToolTip(
-        "Set small type with dot leaders in as many columns as fit, a running head and the sheet's "
+        "Set small type with dot leaders in as many columns as fit, headings of the alphabet's "
+        "letters that stay with their listings, lines on one grid, a running head and the sheet's "
         "number");
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     create_ = buttons->addButton("Create", QDialogButtonBox::AcceptRole);

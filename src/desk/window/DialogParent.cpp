@@ -8,8 +8,8 @@ namespace desk {
 
 namespace {
 
-/// Pixels left free around a window, for its frame and the desktop's panels.
-constexpr int kRoomAround = 60;
+/// Pixels left free around a window, for its frame.
+constexpr int kRoomAround = 40;
 
 }  // namespace
 

@@ -24,6 +24,9 @@
 namespace desk {
 namespace {
 
+// Around tabs and buttons, in pixels: little, since pages are high and screens low.
+constexpr int kMargin = 6;
+
 class PageSite final : public host::IHostPageSite {
 public:
     explicit PageSite(std::function<void()> changed) : changed_(std::move(changed)) {}
@@ -168,6 +171,8 @@ void PropertySheet::AddPage(const host::Ref<host::IComPropertyPage>& page) {
 
 void PropertySheet::LayOut() {
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setSpacing(kMargin);
     if (pages_.empty()) {
         auto* nothing = new QLabel("No property page applies to the selected element.", this);
         nothing->setAlignment(Qt::AlignCenter);
