@@ -34,11 +34,12 @@ std::string InWordsOfPage(std::string sentence) {
 }
 
 std::string WithoutFolders(std::string text, const std::vector<std::string>& files) {
-    for (const std::filesystem::path file : files) {
-        const bool isAmbiguous = std::ranges::any_of(files, [&](const std::filesystem::path other) {
-            return other != file && other.filename() == file.filename();
+    for (const auto& path : files) {
+        const std::filesystem::path file = path;
+        const bool isAmbiguous = std::ranges::any_of(files, [&](const std::string& other) {
+            return other != path && std::filesystem::path(other).filename() == file.filename();
         });
-        if (!isAmbiguous && file.has_parent_path()) Replace(text, file, file.filename());
+        if (!isAmbiguous && file.has_parent_path()) Replace(text, path, file.filename());
     }
     return text;
 }
