@@ -14,7 +14,8 @@ protected:
         support::WriteFindingTables(program_);
         for (const char* name : {"long", "odd", "pageless", "rowless", "cut"})
             program_.Done({"make", name + std::string(".dbf"), "-o", "o.pdf", "--document",
-                           name + std::string(".json"), "--page-size", support::kFindingPage});
+                           name + std::string(".json"), "--page-size", support::kFindingPage,
+                           "--plain-rules"});
         support::TakeFields(program_);
     }
     json Checked(const std::string& document) const {
@@ -64,7 +65,7 @@ TEST_F(Findings, LengthsHaveTheUnitOfTheLocale) {
 
 TEST_F(Findings, AreToldFiveOfAKindAndCounted) {
     const auto made = program_.Done({"make", "long.dbf", "-o", "o.pdf", "--sample", "--page-size",
-                                     "5x4", "--document", "d.json"});
+                                     "5x4", "--document", "d.json", "--plain-rules"});
     EXPECT_TRUE(Contains(made.errors, "in all, 106 listings found no place on a page."));
     std::size_t told = 0;
     for (std::size_t at = 0; (at = made.errors.find(" found no place", at)) != std::string::npos;

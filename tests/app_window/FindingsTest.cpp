@@ -30,6 +30,7 @@ public:
         const std::string path = folder_.File(document + ".json");
         Session().SaveTo(path);
         support::TakeFields(folder_);
+        Set({"Typesetting=none"});  // Headings find no room by the plain rules alone.
         Set(settings);
         Session().Save();
         Open(path);
