@@ -3,7 +3,6 @@
 #include <QEvent>
 #include <QFontInfo>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
@@ -28,11 +27,13 @@ constexpr int kLinesAround = 7;     // Lines of the sheet around it.
 constexpr int kDenseSpacing = 2;
 constexpr int kDenseMargin = 4;
 
-// Layouts and boxes keep their sizes over a change of a layout inside, and are not told of a new
-// font before the form is.
+// Layouts and what holds them keep their sizes over a change of a layout inside, and are not told
+// of a new font before the form is.
 void Remeasure(const QWidget& form) {
-    for (auto* inner : form.findChildren<QLayout*>()) inner->invalidate();
-    for (auto* box : form.findChildren<QGroupBox*>()) box->updateGeometry();
+    for (auto* inner : form.findChildren<QLayout*>()) {
+        inner->invalidate();
+        inner->parentWidget()->updateGeometry();
+    }
 }
 
 void MakeDense(QFormLayout& form) {
