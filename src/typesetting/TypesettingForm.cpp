@@ -27,6 +27,15 @@ constexpr int kLinesAround = 7;     // Lines of the sheet around it.
 constexpr int kDenseSpacing = 2;
 constexpr int kDenseMargin = 4;
 
+// Layouts and what holds them keep their sizes over a change of a layout inside, and are not told
+// of a new font before the form is.
+void Remeasure(const QWidget& form) {
+    for (auto* inner : form.findChildren<QLayout*>()) {
+        inner->invalidate();
+        inner->parentWidget()->updateGeometry();
+    }
+}
+
 void MakeDense(QFormLayout& form) {
     form.setVerticalSpacing(kDenseSpacing);
     QMargins margins = form.contentsMargins();
@@ -100,16 +109,19 @@ void Form::FitToScreen() {
         screen()->availableSize().height() - fontMetrics().lineSpacing() * kLinesAround;
     const int usual = kFontSizesWide * QFontInfo(font()).pixelSize();
     picture_->setMaximumHeight(QWIDGETSIZE_MAX);
-    // They are not told of a new font before the form is.
-    for (auto* inner : findChildren<QLayout*>()) inner->invalidate();
-    if (layout()->totalHeightForWidth(usual) > room)
+    Remeasure(*this);
+    if (layout()->totalHeightForWidth(usual) > room) {
         for (auto* form : findChildren<QFormLayout*>()) MakeDense(*form);
+        Remeasure(*this);
+    }
     const QSize least = layout()->totalMinimumSize();
-    const int rest = least.height() - picture_->minimumSizeHint().height();
-    picture_->setMaximumHeight(std::max(picture_->minimumSizeHint().height(), room - rest));
     const int width = std::max(least.width(), usual);
+    const int lowest = picture_->minimumSizeHint().height();
+    picture_->setMaximumHeight(lowest);
+    const int left = room - layout()->totalHeightForWidth(width);
+    picture_->setMaximumHeight(lowest + std::max(0, left));
     setMinimumSize(width, least.height());
-    resize(width, std::max(least.height(), layout()->totalHeightForWidth(width)));
+    resize(width, layout()->totalHeightForWidth(width));
 }
 
 void Form::changeEvent(QEvent* event) {
