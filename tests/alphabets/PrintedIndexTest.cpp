@@ -71,8 +71,7 @@ const std::pair<const char*, const char*> kAlphabets[] = {
     {"de-u-co-phonebk", "#A|Aerzen|Ärzen|Afdingen"},
     // I with and without a dot are two letters.
     {"tr", "#C|Cizre|#Ç|Çorum|#I|Isparta|#İ|İstanbul|izmir|#S|Sivas|#Ş|Şişli"},
-    {"sr_RS.UTF-8@latin",
-     "#Č|Čačak|#D|Dunav|#DŽ|Džep|#Đ|Đurđevo|#L|Lučani|#LJ|Ljig|#N|Niš|#NJ|Njeguši"},
+    {"hr_HR.UTF-8", "#Č|Čačak|#D|Dunav|#DŽ|Džep|#Đ|Đurđevo|#L|Lučani|#LJ|Ljig|#N|Niš|#NJ|Njeguši"},
 };
 
 TEST(Order, IsThatOfTheAlphabet) {
@@ -153,8 +152,10 @@ TEST(Order, EachLetterOfTwelveLocalesHasOneHeading) {
             }
             ++listings;
             EXPECT_EQ(letters.IndexLetter(text), heading) << text;
-            EXPECT_LE(letters.CompareText(last, text), 0) << last << " before " << text;
-            last = text;
+            // Names are sorted word by word.
+            std::string word = text.substr(0, text.find(' '));
+            EXPECT_LE(letters.CompareText(last, word), 0) << last << " before " << text;
+            last = std::move(word);
         }
         EXPECT_EQ(listings, names.size());
         EXPECT_GT(headings.size(), 7U);

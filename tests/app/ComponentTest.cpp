@@ -38,7 +38,7 @@ TEST(Component, IsEnteredAndTakenOut) {
         EXPECT_EQ(outcome.output + outcome.errors, "");
         const auto list =
             nlohmann::json::parse(program.Read("data/gazetteer-desk/components.json"));
-        EXPECT_EQ(list["components"].size(), install ? 1U : 0U);
+        EXPECT_EQ(list["components"].size(), install ? 2U : 0U);
         for (const auto& entry : list["components"]) EXPECT_EQ(entry["file"], GAZETTEER_COMPONENT);
     }
 }

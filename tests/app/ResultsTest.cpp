@@ -28,7 +28,7 @@ TEST_F(Results, ShowTellsPagesAndListings) {
         "listings": [
          {"row": "2", "cells": {"Listing": "Abbey Road", "Page": "4 1-2$$NEWLINE9 3-1"}},
          {"row": "1", "cells": {"Listing": "Main St", "Page": "6 2-3"}}],
-        "findings": []})"));
+        "typesetting": null, "findings": []})"));
     EXPECT_TRUE(Contains(shown.errors,
                          "4 records: 2 listings, 1 duplicate dropped, 1 reference "
                          "combined, 1 page."));
@@ -37,7 +37,7 @@ TEST_F(Results, ShowTellsPagesAndListings) {
 
 TEST_F(Results, ShowKeepsItsShapeWithoutPages) {
     const auto nothing = json::parse(R"({"drawable": false, "defaultPage": 0, "pageCount": 0,
-        "columns": [], "pages": [], "listings": [], "findings": []})");
+        "columns": [], "pages": [], "listings": [], "typesetting": null, "findings": []})");
     program_.Done({"set", "d.json", "Listing.Expression=[Nowhere]"});
     program_.Done({"new", "low.json", "--listing-database", "streets.dbf", "--frame", "1,1,5,0.1"});
     program_.Write("bare.json", R"({"format":"desk document","version":1,"title":"t",
