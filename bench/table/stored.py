@@ -36,6 +36,7 @@ def page(bench, document, size):
     stages = {
         "BM_2_FirstPage": "the page alone, the first one (fonts are found)",
         "BM_3_OtherPages": "the page alone, further ones",
+        "BM_4_LastPage": "the last page alone",
     }
     yield from of_program(bench, "bench_page", {"GAZETTEER_BENCH_DOCUMENT": str(document)}, stages,
                           PAGE, size)

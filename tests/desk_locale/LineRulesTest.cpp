@@ -83,7 +83,7 @@ TEST(LineRules, PatternsKeepWhatTheirFileSays) {
     const support::TemporaryFolder folder;
     for (const auto& [file, marked] : files) {
         folder.Write("hyph_cs.dic", file);
-        const WordDivider divider(icu::Locale("cs"), folder.Path());
+        WordDivider divider(icu::Locale("cs"), folder.Path());
         const std::string word = Without(marked, '=');
         EXPECT_EQ(Marked(word, divider.Divisions(word), '='), marked) << file;
     }
@@ -137,7 +137,7 @@ TEST(LineRules, FewPatternsDivideAsTheWholeFileDoes) {
                      [](char byte) { return byte >= 'a' && byte <= 'z'; });
         if (!letters.empty()) parts.push_back(letters);
     }
-    const WordDivider divider(icu::Locale("en"));
+    WordDivider divider(icu::Locale("en"));
     std::mt19937 random(20240229);
     for (int i = 0; i < 500; ++i) {
         const std::string word = RandomWord(parts, random);

@@ -65,31 +65,39 @@ WordDivider::WordDivider(const icu::Locale& locale, const std::filesystem::path&
     patterns_ = std::move(patterns);
 }
 
-std::vector<std::size_t> WordDivider::Divisions(std::string_view text) const {
+std::vector<std::size_t> WordDivider::Divisions(std::string_view text) {
     std::vector<std::size_t> divisions;
     if (!patterns_) return divisions;
     for (const Word& word : WordsOf(text)) Divide(word, divisions);
     return divisions;
 }
 
-void WordDivider::Divide(const Word& word, std::vector<std::size_t>& divisions) const {
+void WordDivider::Divide(const Word& word, std::vector<std::size_t>& divisions) {
     if (word.size() > kLongestWord) return;
     const std::string text = Encoded(word);
     if (text.empty()) return;
-    const Dictionary dictionary = ReadDictionary(patterns_->For(text));
-    if (!dictionary) return;
+    constexpr std::size_t kMostWords = 10000;
+    if (known_.size() == kMostWords) known_.clear();
+    const auto [known, isNew] = known_.try_emplace(text);
+    if (isNew) known->second = PlacesIn(text, word.size());
+    for (const std::size_t letter : known->second) divisions.push_back(word[letter + 1].start);
+}
 
+WordDivider::Places WordDivider::PlacesIn(const std::string& text, std::size_t letters) const {
+    const Dictionary dictionary = ReadDictionary(patterns_->For(text));
+    if (!dictionary) return {};
     constexpr std::size_t kMore = 5;  // What libhyphen asks for behind the word.
     std::string marks(text.size() + kMore, '\0');
     Spellings spellings(text.size());
     if (hnj_hyphen_hyphenate2(dictionary.get(), text.c_str(), static_cast<int>(text.size()),
                               marks.data(), nullptr, &spellings.texts, &spellings.places,
                               &spellings.lengths) != 0)
-        return;
+        return {};
     // An odd mark at a letter lets the word be divided behind it.
-    for (std::size_t i = 0; i + 1 < word.size(); ++i)
-        if ((marks[i] & 1) != 0 && !spellings.IsChangedAt(i))
-            divisions.push_back(word[i + 1].start);
+    Places places;
+    for (std::size_t i = 0; i + 1 < letters; ++i)
+        if ((marks[i] & 1) != 0 && !spellings.IsChangedAt(i)) places.push_back(i);
+    return places;
 }
 
 /// The word in the patterns' encoding; empty if that lacks one of its letters.
