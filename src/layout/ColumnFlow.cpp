@@ -84,7 +84,8 @@ void ColumnFlow::PlaceHeadingOnTop(const Carried& row) {
 
 // No test of height: at the top of a column group a row stands even if it is higher than the frame.
 void ColumnFlow::PlaceCarried() {
-    const Carried row = *std::exchange(carried_, std::nullopt);
+    const Carried row = carried_.value_or(Carried());
+    carried_.reset();
     PlaceHeadingOnTop(row);
     auto listing = rows_.Listing(row.rowKey, *pen_, alternate_);
     usedHeight_ += listing.height;

@@ -88,7 +88,7 @@ public:
     void MirrorBetween(double left, double right);
     bool IsMirrored() const { return mirror_.has_value(); }
     /// The place on the other side of the frame's middle. Requires mirrored columns.
-    double Mirrored(double x) const { return *mirror_ - x; }
+    double Mirrored(double x) const { return mirror_.value_or(0) - x; }
 
     /// Some column shows its title.
     bool HasTitle() const;
