@@ -25,27 +25,26 @@ MANY = [f"{name},{page},{page % 7 + 1},{page % 9 + 1}" for page, name in enumera
     "Abbey Alder Amber Ash Bay Beech Birch Brook Cedar Cherry Church Cliff Dale Deer Dove Elm "
     "Fern Fir Glen Grove".split(), 1)]
 
-WIDE = "Listing.ColumnWidth=1.15,Page.ColumnWidth=0.45"
 # Name of the picture, listings, page size in inches, page, locale, what both have, without, with.
 PICTURES = [
     ("heading-groups", CZECH, "3.5x2.1", 1, "cs", "", "HeadingGroups=first character", ""),
-    ("keep-headings", CZECH[:3] + CZECH[12:] + MANY[:4], "3.5x1.3", 1, "cs", "",
+    ("keep-headings", MANY, "3.5x1.28", 1, "en", "",
      "KeepHeadings=false", ""),
-    ("continued", MANY[:8] + CZECH[12:], "3.5x1.25", 2, "cs", "", "",
+    ("continued", MANY, "3.5x0.95", 2, "en", "", "",
      "Continued={letter} (continued)"),
-    ("plain-headings", MANY, "3.5x2.1", 1, "en",
+    ("plain-headings", MANY, "3.5x1.6", 1, "en",
      "*.AlternateBackground=true,*.AlternateBackgroundSymbol=#DDE6F2,*.BackgroundSymbol=#FFFFFF,"
      "*.ColorBackground=true", "PlainHeadings=false", ""),
     ("hanging-indent", LONG, "1.9x2.4", 1, "de", "", "HangingIndent=0", ""),
     ("break-opportunities", LONG, "1.6x2.9", 1, "de",
      "Listing.ColumnWidth=0.8,Page.ColumnWidth=0.4", "BreakOpportunities=false", ""),
     ("reference-line", LONG, "1.9x2.4", 1, "de", "", "ReferenceLine=false", ""),
-    ("line-grid", LONG + MANY[:8], "3.5x2.3", 1, "de", "", "LineGrid=false", ""),
+    ("line-grid", LONG + MANY[:12], "3.5x2.3", 1, "de", "", "LineGrid=false", ""),
     ("leader-style", LONG, "1.9x2.4", 1, "de", "", "LeaderStyle=plain", ""),
     ("leader-blanks", MANY[:9], "1.9x2", 1, "en", "", "", "LeaderBlanks=2"),
     ("group-references", STREETS, "2.6x1.4", 1, "en",
      "Listing.ColumnWidth=1,Page.ColumnWidth=1.2", "", "GroupReferences=true"),
-    ("balance-last-page", MANY, "3.5x2.3", 1, "en", "", "BalanceLastPage=false", ""),
+    ("balance-last-page", MANY[:12], "3.5x2.1", 1, "en", "", "BalanceLastPage=false", ""),
     ("direction", ARABIC, "1.9x2.2", 1, "ar", "*.ColumnFontSymbol=Noto Naskh Arabic,8",
      "Direction=left to right", ""),
 ]
@@ -71,7 +70,8 @@ def draw(program: str, folder: Path, picture: tuple, setting: str, file: str) ->
     subprocess.run(
         [program, "make", table, "-o", folder / file, "--page-size", size, "--locale", locale,
          "--frame", f"0.1,0.1,{width - 0.2:.2f},{height - 0.2:.2f}", "--head", "",
-         "--sheet-number", "false", "--dpi", "150", *assign("*.ShowTitle=false"), *assign(common),
+         "--sheet-number", "false", "--dpi", "150", "--columns", "2" if width > 3 else "1",
+         *assign("*.ShowTitle=false"), *assign(common),
          *(["--set", "Typesetting." + setting] if setting else [])],
         check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     numbered = sorted(folder.glob(Path(file).stem + "-*.png"))
