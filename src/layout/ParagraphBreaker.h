@@ -32,7 +32,7 @@ private:
     };
 
     std::vector<std::size_t> LineEnds(std::string_view text);
-    Part TakeLine(std::string_view rest, std::size_t start, const std::vector<std::size_t>& ends,
+    Part TakeLine(std::string_view text, std::size_t start, const std::vector<std::size_t>& ends,
                   double width);
     Part DivideWord(std::string_view word, double width);
     Part TearWord(std::string_view word, double width);

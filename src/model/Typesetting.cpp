@@ -53,7 +53,7 @@ Ref<IHostPropertySet> SetOf(const IHostPropertySet& maker) {
 }  // namespace
 
 std::span<const char* const> TypesettingKey::Choices() const {
-    const auto end = std::ranges::find(choices, nullptr);
+    const auto* const end = std::ranges::find(choices, nullptr);
     return {choices.begin(), static_cast<std::size_t>(end - choices.begin())};
 }
 
@@ -62,7 +62,7 @@ std::span<const TypesettingKey> TypesettingKeys() {
 }
 
 const TypesettingKey* FindTypesettingKey(std::string_view name) {
-    const auto found =
+    const auto* const found =
         std::ranges::find(kKeys, name, [](const auto& key) { return std::string_view(key.name); });
     return found == kKeys.end() ? nullptr : &*found;
 }
