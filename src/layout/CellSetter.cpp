@@ -15,12 +15,6 @@ constexpr double kRounding = 1e-6;  // Inches; what sums of widths may be off.
 // More dots than a sheet of 200 inches takes in half-point type.
 constexpr double kMostDots = 200'000;
 
-std::string_view WithoutBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // Where a text of this width begins, from the start of the cell.
 double PlaceOf(Anchor anchor, double width) {
     if (anchor == Anchor::Start) return 0;
@@ -77,7 +71,7 @@ void CellSetter::SetParagraph(std::string_view paragraph, const SettingRules& ru
     if (leader == std::string_view::npos) return AddLines(std::string(paragraph), rules, set);
     const std::string head = ReplaceAll(std::string(paragraph.substr(0, leader)), kDotsToken, "");
     const auto tail = paragraph.substr(leader + std::size(kDotsToken) - 1);
-    SetLeader(head, WithoutBlanks(tail), rules, withDots, set);
+    SetLeader(head, WithoutOuterBlanks(std::string(tail)), rules, withDots, set);
     set.endsInLeader = tail.empty();
 }
 
@@ -96,25 +90,24 @@ void CellSetter::AddLines(const std::string& text, const SettingRules& rules, Se
 }
 
 // Text, dots, and what follows them at the end of the same line, or of the next.
-void CellSetter::SetLeader(const std::string& head, std::string_view tail,
+void CellSetter::SetLeader(const std::string& head, const std::string& tail,
                            const SettingRules& rules, bool withDots, SetText& set) {
     SettingRules atStart = rules;
     atStart.anchor = Anchor::Start;
-    AddLines(std::string(WithoutBlanks(head)), atStart, set);
-    const std::string tailText(tail);
-    const double tailWidth = tail.empty() ? 0 : measure_.Width(tailText);
+    AddLines(WithoutOuterBlanks(head), atStart, set);
+    const double tailWidth = tail.empty() ? 0 : measure_.Width(tail);
     const LinePiece& last = set.lines.back().pieces.back();
     double from = last.place + (last.text.empty() ? 0 : measure_.Width(last.text) + Gap());
     if (!tail.empty() && from + tailWidth > rules.width) {
-        if (rules.indent + tailWidth > rules.width) return AddLines(tailText, atStart, set);
-        set.lines.push_back({{}, measure_.Size(tailText).height});
+        if (rules.indent + tailWidth > rules.width) return AddLines(tail, atStart, set);
+        set.lines.push_back({{}, measure_.Size(tail).height});
         from = rules.indent;
     }
     SetLine& line = set.lines.back();
     if (withDots && typesetting_.leaderStyle == kPlainLeader)
-        return FillLine(line, tailText, rules.width);
+        return FillLine(line, tail, rules.width);
     if (withDots) AddDots(line, from, tailWidth, rules.width);
-    if (!tail.empty()) line.pieces.push_back({tailText, Anchor::End, rules.width});
+    if (!tail.empty()) line.pieces.push_back({tail, Anchor::End, rules.width});
 }
 
 // In one piece, as the plain rules have it.

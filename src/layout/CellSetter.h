@@ -59,7 +59,7 @@ public:
 private:
     void SetParagraph(std::string_view paragraph, const SettingRules& rules, bool withDots,
                       SetText& set);
-    void SetLeader(const std::string& head, std::string_view tail, const SettingRules& rules,
+    void SetLeader(const std::string& head, const std::string& tail, const SettingRules& rules,
                    bool withDots, SetText& set);
     void AddLines(const std::string& text, const SettingRules& rules, SetText& set);
     void FillLine(SetLine& line, const std::string& tail, double width);

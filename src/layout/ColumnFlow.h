@@ -76,8 +76,6 @@ public:
 
     /// Column groups begun on the present page.
     std::size_t Groups() const { return group_ + 1; }
-    /// Of the present column group, inches.
-    double UsedHeight() const { return usedHeight_; }
 
 private:
     /// A row on its way to the next column group.

@@ -23,11 +23,6 @@ std::optional<std::string_view> BehindPage(std::string_view expression) {
     return std::nullopt;
 }
 
-std::string_view WithoutBlanksBefore(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string_view() : text.substr(first);
-}
-
 std::optional<std::int64_t> WholeNumber(const std::string& text) {
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -45,7 +40,8 @@ std::optional<ReferenceGroups> ReferenceGroups::For(const Settings& settings) {
     const auto stored = column->Item(keys::kExpression);
     const auto* const text = std::get_if<std::string>(&stored);
     if (!text) return std::nullopt;
-    const auto rest = BehindPage(WithoutBlanksBefore(*text));
+    const std::string expression = WithoutOuterBlanks(*text);
+    const auto rest = BehindPage(expression);
     if (!rest) return std::nullopt;
     const auto squareStart = std::min(rest->find("$$"), rest->find('['));
     if (squareStart == std::string_view::npos)

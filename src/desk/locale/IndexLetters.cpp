@@ -95,8 +95,9 @@ bool IndexLetters::ListsIdeographsBySound() const {
     return script == USCRIPT_LATIN || script == USCRIPT_BOPOMOFO;
 }
 
-/// Names in the letters of the sounds come in a run of their own behind the ideographs, under other
-/// headings: wide capitals, or the name of the alphabet.
+/// Returns the heading in an index that lists ideographs by their sound, in Latin letters or in
+/// Bopomofo. The order puts names that are written in these letters behind all ideographs, so they
+/// get other headings: full-width capitals, or ㄅㄆㄇ.
 icu::UnicodeString IndexLetters::InIndexBySound(const icu::UnicodeString& text,
                                                 const icu::UnicodeString& letter) const {
     if (u_hasBinaryProperty(others_.FirstOf(text), UCHAR_IDEOGRAPHIC) != 0) return letter;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr char kEndOfWord = '.';
 
-/// Zero behind the end, so that a shorter pattern comes first.
+/// Returns 0 beyond the end, which sorts a shorter pattern first.
 unsigned char At(const std::string& letters, std::size_t depth) {
     return depth < letters.size() ? static_cast<unsigned char>(letters[depth]) : 0;
 }

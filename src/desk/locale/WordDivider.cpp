@@ -86,7 +86,7 @@ void WordDivider::Divide(const Word& word, std::vector<std::size_t>& divisions) 
 WordDivider::Places WordDivider::PlacesIn(const std::string& text, std::size_t letters) const {
     const Dictionary dictionary = ReadDictionary(patterns_->For(text));
     if (!dictionary) return {};
-    constexpr std::size_t kMore = 5;  // What libhyphen asks for behind the word.
+    constexpr std::size_t kMore = 5;  // Bytes that libhyphen needs beyond the word's length.
     std::string marks(text.size() + kMore, '\0');
     Spellings spellings(text.size());
     if (hnj_hyphen_hyphenate2(dictionary.get(), text.c_str(), static_cast<int>(text.size()),

@@ -21,7 +21,7 @@ class PathField;
 class SquareChoices;
 
 /// The choices from which listings are made of map layers: features, sheets, their squares, what is
-/// one listing, and the files to write. Those that are seldom needed stand behind "More".
+/// one listing, and the files to write. The button "More" shows the less common ones.
 class LocateChoices : public QWidget {
     Q_OBJECT
 

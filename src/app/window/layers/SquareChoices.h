@@ -25,7 +25,7 @@ public:
     explicit SquareChoices(QWidget* parent);
 
     void AddTo(QFormLayout& form) const;
-    /// Adds those that are seldom needed.
+    /// Adds the less common ones.
     void AddMoreTo(QFormLayout& form, Disclosure& more) const;
     /// How many of the latter are set.
     int MoreSet() const;
