@@ -148,8 +148,12 @@ void Commands::AddSheetOptions(CLI::App& command) {
 }
 
 void Commands::AddOutputOptions(CLI::App& command) {
-    AddNumber(command, "--dpi", options_.dotsPerInch, {10, 1200},
+    AddNumber(command, "--dpi", options_.written.dotsPerInch, {10, 1200},
               "Resolution of PNG images in dots per inch, {} (default: 150)");
+    command.add_flag(
+        "!--no-tags", options_.written.tags,
+        "Leave the structure of the index out of a PDF: smaller, but not for archives, "
+        "and silent to a screen reader");
     command.add_flag("--strict", options_.strict,
                      "Write no file where anything would be wrong in print");
 }

@@ -6,6 +6,7 @@
 
 #include "app/commands/CommandSession.h"
 #include "app/document/NewDocument.h"
+#include "app/document/Sheets.h"
 #include "app/tables/TableOptions.h"
 
 namespace app {
@@ -29,8 +30,8 @@ struct Options : CommonOptions, NewDocumentOptions {
     std::string listings;  ///< Table that make keeps of what it has located; empty: none.
     ImportOptions imported;
     LocateOptions located;
-    double dotsPerInch = 150;  ///< Of PNG images.
-    std::int64_t limit = -1;   ///< Maximum number of rows shown; negative: all.
+    SheetOutput written;
+    std::int64_t limit = -1;  ///< Maximum number of rows shown; negative: all.
     bool json = false;
     bool force = false;
     bool strict = false;

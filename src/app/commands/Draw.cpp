@@ -122,7 +122,7 @@ int Draw(const Options& options) {
     LabelSheet(document, options.page);
 
     if (!options.output.empty())
-        WriteDrawnPage(document, options.output, options.page, options.dotsPerInch);
+        WriteDrawnPage(document, options.output, options.page, options.written);
     if (options.json) PrintTree(document, options.page);
     if (options.output.empty() && !options.json) document.Save();
     return kDone;

@@ -95,7 +95,7 @@ int Make(const Options& given) {
     session.CheckFindings(std::nullopt, options.strict);
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
-    WriteSheets(document, options.output, pages, {}, options.dotsPerInch);
+    WriteSheets(document, options.output, pages, {}, options.written);
     ClearProgress();
     return kDone;
 }

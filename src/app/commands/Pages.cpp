@@ -53,7 +53,7 @@ int Export(const Options& options) {
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
     session.CheckFindings(asked, options.strict);
-    WriteSheets(document, options.output, pages, {}, options.dotsPerInch);
+    WriteSheets(document, options.output, pages, {}, options.written);
     ClearProgress();
     return kDone;
 }

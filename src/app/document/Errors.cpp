@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 
 namespace app {
 namespace {
@@ -27,7 +27,7 @@ std::string Printable(std::string_view text) {
     std::string printable;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
-        const char32_t character = desk::NextCodePoint(text, at);
+        const char32_t character = characters::NextCodePoint(text, at);
         const bool isControl = character < ' ' || (character >= 0x7F && character < 0xA0);
         if (isControl && character != '\n' && character != '\t')
             printable += "\uFFFD";

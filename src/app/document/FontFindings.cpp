@@ -5,7 +5,7 @@
 #include "app/document/FindFindings.h"
 #include "app/document/ListingPlaces.h"
 #include "app/document/RunTexts.h"
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 #include "layout/PageDrawing.h"
 #include "model/ColumnProperties.h"
 #include "support/Conversions.h"
@@ -99,7 +99,7 @@ const Finding* PrintedTexts::PlaceOfFamily(const std::string& family) const {
 template <class Take>
 void Look(const std::string& text, const std::set<char32_t>& characters, const Take& take) {
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t character = desk::NextCodePoint(text, at);
+        const char32_t character = characters::NextCodePoint(text, at);
         if (character >= 0x80 && characters.contains(character)) take(character);
     }
 }

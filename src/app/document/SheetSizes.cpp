@@ -8,8 +8,8 @@
 #include "app/document/Errors.h"
 #include "app/document/KeyValues.h"
 #include "app/document/Suggestion.h"
+#include "characters/FoldCase.h"
 #include "desk/documents/Document.h"
-#include "desk/unicode/FoldCase.h"
 #include "support/Text.h"
 
 namespace app {
@@ -81,7 +81,7 @@ std::span<const SheetFormat> SheetFormats() {
 }
 
 PageSize ParsePageSize(const std::string& text) {
-    std::string size = desk::FoldCase(text);
+    std::string size = characters::FoldCase(text);
     std::erase(size, ' ');
     for (const auto& format : kFormats)
         if (format.name == size) return format.size;

@@ -7,6 +7,7 @@
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/PageFurniture.h"
+#include "app/document/SheetMeanings.h"
 #include "desk/drawing/ElementPainter.h"
 #include "desk/drawing/PageWriter.h"
 #include "layout/RowElements.h"
@@ -44,10 +45,11 @@ std::vector<desk::Bookmark> HeadingsOf(OpenDocument& open) {
     return headings;
 }
 
-void WriteSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page) {
+void WriteSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page,
+                SheetMeanings* meanings) {
     const auto& document = open.TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
-    PaintSheet(open, writer.Sheet(), page);
+    PaintSheet(open, writer.Sheet(), page, meanings);
     const auto name = open.Manager().PageName(page);
     writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())),
                    HeadingsOf(open));
@@ -63,16 +65,24 @@ std::int64_t NumberOf(OpenDocument& open, std::int32_t page) {
 }
 
 std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::string& path,
-                                             std::int32_t firstPage, double dotsPerInch) {
+                                             std::int32_t firstPage, const SheetOutput& output) {
     return desk::OpenPageWriter(path, {.title = open.TheDesk().CurrentDocument().title,
-                                       .dotsPerInch = dotsPerInch,
+                                       .dotsPerInch = output.dotsPerInch,
                                        .language = open.TheDesk().LanguageTag(),
-                                       .firstNumber = NumberOf(open, firstPage)});
+                                       .firstNumber = NumberOf(open, firstPage),
+                                       .tags = output.tags});
 }
 
 bool HoldsManySheets(const std::string& path) {
     const auto* format = desk::FormatOf(path);
     return format && format->manySheets;
+}
+
+// Returns null for a format that keeps no meanings.
+std::unique_ptr<SheetMeanings> MeaningsFor(OpenDocument& open, const std::string& path,
+                                           const SheetOutput& output) {
+    if (!output.tags || !HoldsManySheets(path)) return nullptr;
+    return std::make_unique<SheetMeanings>(open);
 }
 
 // Raises the limit of open files to the hard limit of the process.
@@ -85,9 +95,10 @@ void AllowManyFiles() {
 
 }  // namespace
 
-void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page) {
+void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page,
+                desk::TextReader* reader) {
     LabelSheet(open, page);
-    desk::ElementPainter painter(*open.TheDesk().Text());
+    desk::ElementPainter painter(*open.TheDesk().Text(), reader);
     for (const auto& element : open.TheDesk().CurrentDocument().elements)
         painter.Paint(canvas, element);
 }
@@ -153,17 +164,17 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 }
 
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
-                 const SheetListener& before, double dotsPerInch) {
+                 const SheetListener& before, const SheetOutput& output) {
     const bool one = HoldsManySheets(path);
+    const auto meanings = MeaningsFor(open, path, output);
     if (!one) AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> files;
     for (std::int32_t page = pages.first; page <= pages.last; ++page) {
         if (!one || files.empty())
-            files.push_back(
-                OpenWriter(open, one ? path : NumberedPath(path, page), page, dotsPerInch));
+            files.push_back(OpenWriter(open, one ? path : NumberedPath(path, page), page, output));
         if (before) before(page);
         DrawPage(open, page);
-        WriteSheet(open, *files.back(), page);
+        WriteSheet(open, *files.back(), page, meanings.get());
         if (!one || page == pages.last) files.back()->Complete();
     }
     // Only now, so that a failure leaves the files of an earlier export unchanged.
@@ -171,9 +182,10 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
 }
 
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
-                    double dotsPerInch) {
-    const auto writer = OpenWriter(open, path, page, dotsPerInch);
-    WriteSheet(open, *writer, page);
+                    const SheetOutput& output) {
+    const auto meanings = MeaningsFor(open, path, output);
+    const auto writer = OpenWriter(open, path, page, output);
+    WriteSheet(open, *writer, page, meanings.get());
     writer->Finish();
 }
 

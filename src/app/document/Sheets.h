@@ -7,6 +7,7 @@
 
 #include "app/document/OpenDocument.h"
 #include "desk/drawing/Canvas.h"
+#include "desk/drawing/TextReader.h"
 
 namespace app {
 
@@ -27,11 +28,15 @@ void CheckPage(std::int32_t page, std::int32_t pageCount);
 void DrawPage(OpenDocument& open, std::int32_t page);
 
 /// Paints the sheet with the page that the document shows now. The canvas has its origin at the
-/// sheet's lower left corner.
-void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page);
+/// sheet's lower left corner. The reader, which may be null, tells what texts mean.
+void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page,
+                desk::TextReader* reader = nullptr);
 
-/// Resolution of PNG images.
-inline constexpr double kDotsPerInch = 150;
+/// How sheets are written.
+struct SheetOutput {
+    double dotsPerInch = 150;  ///< Of PNG images.
+    bool tags = true;          ///< A PDF tells the structure and meaning of its texts.
+};
 
 /// Called before each page is drawn. An exception from it cancels the export.
 using SheetListener = std::function<void(std::int32_t page)>;
@@ -40,7 +45,7 @@ using SheetListener = std::function<void(std::int32_t page)>;
 /// one PDF with bookmarks, or images numbered -1, -2, ... before the ending. After a failure all
 /// files are unchanged.
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
-                 const SheetListener& before = {}, double dotsPerInch = kDotsPerInch);
+                 const SheetListener& before = {}, const SheetOutput& output = {});
 
 /// Returns the file name of a page, for formats with one file per page.
 std::string NumberedPath(const std::string& path, std::int32_t page);
@@ -55,7 +60,7 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 
 /// Writes the sheet with the page that the document shows now.
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
-                    double dotsPerInch = kDotsPerInch);
+                    const SheetOutput& output = {});
 
 /// Throws UsageError unless the ending is that of a page format, and CommandError if there is no
 /// such folder.

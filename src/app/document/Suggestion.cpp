@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "desk/unicode/FoldCase.h"
+#include "characters/FoldCase.h"
 
 namespace app {
 namespace {
@@ -32,12 +32,12 @@ std::size_t EditDistance(std::string_view one, std::string_view other) {
 std::string Nearest(std::string_view misspelt, const std::vector<std::string>& known) {
     constexpr std::size_t kLongest = 64;  // Bytes; keys and options are shorter.
     if (misspelt.size() > kLongest) return {};
-    const std::string wanted = desk::FoldCase(std::string(misspelt));
+    const std::string wanted = characters::FoldCase(std::string(misspelt));
     std::size_t nearest = 1 + std::max<std::size_t>(1, wanted.size() / 4);
     std::size_t longest = 0;
     std::string found;
     for (const std::string& word : known) {
-        const std::string folded = desk::FoldCase(word);
+        const std::string folded = characters::FoldCase(word);
         const std::size_t distance = EditDistance(wanted, folded);
         const auto common =
             static_cast<std::size_t>(std::ranges::mismatch(wanted, folded).in1 - wanted.begin());

@@ -8,8 +8,8 @@
 #include "app/document/NewDocument.h"
 #include "app/document/RunTexts.h"
 #include "app/document/Tokens.h"
+#include "characters/Utf8.h"
 #include "desk/expressions/ExpressionEngine.h"
-#include "desk/unicode/Utf8.h"
 #include "listings/PageCorrection.h"
 #include "model/KeyNames.h"
 #include "model/Results.h"
@@ -97,7 +97,7 @@ bool IsBlank(char32_t character) {
 bool PrintsNothing(const std::string& stored) {
     const std::string text = WithoutTokens(stored);
     for (std::size_t at = 0; at < text.size();)
-        if (!IsBlank(desk::NextCodePoint(text, at))) return false;
+        if (!IsBlank(characters::NextCodePoint(text, at))) return false;
     return true;
 }
 

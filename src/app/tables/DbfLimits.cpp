@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "app/document/Errors.h"
-#include "desk/unicode/FoldCase.h"
-#include "desk/unicode/Utf8.h"
+#include "characters/FoldCase.h"
+#include "characters/Utf8.h"
 
 namespace app {
 namespace {
@@ -20,13 +20,13 @@ constexpr double kLeastExact = 1e-6;
 
 void CutTo(std::string& text, std::size_t bytes) {
     if (text.size() > bytes)
-        text.resize(desk::WholeCharacters(std::string_view(text).substr(0, bytes)));
+        text.resize(characters::WholeCharacters(std::string_view(text).substr(0, bytes)));
 }
 
 }  // namespace
 
 DbfLimits::DbfLimits(const std::string& path, std::vector<gis::SourceField>& fields)
-    : path_(path), isDbf_(desk::FoldCase(std::filesystem::path(path).extension()) == ".dbf") {
+    : path_(path), isDbf_(characters::FoldCase(std::filesystem::path(path).extension()) == ".dbf") {
     if (!isDbf_) return;
     ShortenNames(fields);
     for (auto& field : fields) {
@@ -44,13 +44,13 @@ void DbfLimits::ShortenNames(std::vector<gis::SourceField>& fields) {
     for (auto& field : fields) {
         const std::string whole = field.name;
         CutTo(field.name, kMostNameBytes);
-        for (int number = 2; std::ranges::find(taken, desk::FoldCase(field.name)) != taken.end();
-             ++number) {
+        for (int number = 2;
+             std::ranges::find(taken, characters::FoldCase(field.name)) != taken.end(); ++number) {
             const std::string end = '_' + std::to_string(number);
             CutTo(field.name, kMostNameBytes - end.size());
             field.name += end;
         }
-        taken.push_back(desk::FoldCase(field.name));
+        taken.push_back(characters::FoldCase(field.name));
         if (field.name != whole)
             warnings_.push_back("the field \"" + whole + "\" is named \"" + field.name + "\" in " +
                                 path_ + ", where names have ten bytes.");

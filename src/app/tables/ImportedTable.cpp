@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "app/document/Errors.h"
+#include "characters/FoldCase.h"
 #include "desk/tables/TablePath.h"
-#include "desk/unicode/FoldCase.h"
 #include "support/Conversions.h"
 
 namespace app {
@@ -55,10 +55,11 @@ void ImportedTable::Add(const std::string& option, const std::string& name,
         if (option == "--keep") output.name = field.name;
     }
     const bool isTaken = std::ranges::any_of(columns_, [&](const Column& column) {
-        return desk::FoldCase(column.output.name) == desk::FoldCase(output.name);
+        return characters::FoldCase(column.output.name) == characters::FoldCase(output.name);
     });
     if (isTaken) {
-        if (option == "--keep" && desk::FoldCase(name) == desk::FoldCase(output.name)) return;
+        if (option == "--keep" && characters::FoldCase(name) == characters::FoldCase(output.name))
+            return;
         throw UsageError(option + ": the table would have two fields \"" + output.name + "\".");
     }
     columns_.push_back({std::move(output), std::move(text)});

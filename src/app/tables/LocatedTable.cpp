@@ -10,8 +10,8 @@
 #include "app/tables/BookFile.h"
 #include "app/tables/FieldText.h"
 #include "app/tables/LocateJob.h"
+#include "characters/FoldCase.h"
 #include "desk/components/GisLibrary.h"
-#include "desk/unicode/FoldCase.h"
 
 namespace app {
 namespace {
@@ -73,7 +73,7 @@ void CheckApart(const std::vector<std::string>& apart, const gis::LocateJob& job
 void CheckDistinct(const std::vector<OutputField>& fields) {
     std::set<std::string> names;
     for (const auto& field : fields)
-        if (!names.insert(desk::FoldCase(field.name)).second)
+        if (!names.insert(characters::FoldCase(field.name)).second)
             throw UsageError("The table would have two fields \"" + field.name +
                              "\"; --set and --apart must name others.");
 }

@@ -10,9 +10,9 @@
 #include "app/document/FilePaths.h"
 #include "app/tables/DbfLimits.h"
 #include "app/tables/FieldMeasure.h"
+#include "characters/FoldCase.h"
 #include "desk/components/GisLibrary.h"
 #include "desk/files/ReplacingFile.h"
-#include "desk/unicode/FoldCase.h"
 
 namespace app {
 
@@ -22,7 +22,7 @@ namespace {
 bool IsOfSource(const std::string& path, const std::string& source) {
     if (IsOfTable(path, source)) return true;
     auto table = std::filesystem::path(source);
-    if (desk::FoldCase(table.extension()) != ".shp") return false;
+    if (characters::FoldCase(table.extension()) != ".shp") return false;
     return IsOfTable(path, table.replace_extension(".dbf")) ||
            IsOfTable(path, table.replace_extension(".DBF"));
 }
@@ -68,7 +68,7 @@ WrittenTable WriteTable(const std::string& path, const std::vector<OutputField>&
 
 void CheckTableOutput(const std::string& path, const std::vector<std::string>& sources,
                       bool force) {
-    const std::string ending = desk::FoldCase(std::filesystem::path(path).extension());
+    const std::string ending = characters::FoldCase(std::filesystem::path(path).extension());
     if (ending != ".dbf" && ending != ".gpkg" && ending != ".csv")
         throw UsageError("The table \"" + path +
                          "\" cannot be written: its name must end in .dbf, .gpkg or .csv.");

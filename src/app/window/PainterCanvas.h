@@ -21,6 +21,8 @@ public:
     void Fill(std::span<const desk::PaintBox> boxes, std::uint32_t color) override;
     void Stroke(const desk::PaintOutline& outline) override;
     void SetTextColor(std::uint32_t color) override;
+    void SetMeaning(const pdf::Meaning&) override {}
+    void BeginLine() override {}
     void Show(PangoFont* font, const desk::GlyphLine& line,
               const desk::Baseline& baseline) override;
     void FinishGlyphs() override {}

@@ -5,6 +5,7 @@
 
 #include "desk/devices/CairoShapes.h"
 #include "desk/text/CairoGlyphs.h"
+#include "pdf/structure/Meaning.h"
 
 namespace desk {
 
@@ -16,6 +17,10 @@ public:
     virtual void Stroke(const PaintOutline& outline) = 0;
     /// Sets the colour of the following glyphs.
     virtual void SetTextColor(std::uint32_t color) = 0;
+    /// Sets what the following glyphs mean, for formats that keep it.
+    virtual void SetMeaning(const pdf::Meaning& meaning) = 0;
+    /// The following glyphs are a line or a text of their own.
+    virtual void BeginLine() = 0;
 };
 
 /// Paints with cairo, on a context with one unit per point, Y downward.
@@ -28,6 +33,8 @@ public:
     }
     void Stroke(const PaintOutline& outline) override { StrokeOutline(context_, outline); }
     void SetTextColor(std::uint32_t color) override { UseColor(context_, color); }
+    void SetMeaning(const pdf::Meaning&) override {}
+    void BeginLine() override {}
     void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) override {
         glyphs_.Show(font, line, baseline);
     }

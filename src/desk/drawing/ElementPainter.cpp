@@ -101,7 +101,8 @@ FillStyle ReadStyle(const host::IHostFillSymbol& symbol) {
 
 class Pass {
 public:
-    Pass(Canvas& canvas, TextEngine& engine) : engine_(engine), queue_(canvas, engine) {}
+    Pass(Canvas& canvas, TextEngine& engine, TextReader* reader)
+        : engine_(engine), reader_(reader), queue_(canvas, engine) {}
 
     void Paint(const host::IHostElement& element);
     void Finish() { queue_.Flush(); }
@@ -114,6 +115,7 @@ private:
     void PaintPlaceholder(const host::IHostGroupElement& group);
 
     TextEngine& engine_;
+    TextReader* reader_;
     PaintQueue queue_;
     StyleCache<host::IHostTextSymbol, TextStyle> textStyles_;
     StyleCache<host::IHostFillSymbol, FillStyle> fillStyles_;
@@ -151,7 +153,7 @@ void Pass::PaintText(const host::IHostTextElement& element) {
     const std::string text = element.Text();
     queue_.Draw(PlacedText{style.font, text, style.placement, point->X() * kPointsPerInch,
                            -point->Y() * kPointsPerInch},
-                *style.color);
+                *style.color, reader_ ? reader_->Read(element, text) : std::span<const TextPart>());
 }
 
 void Pass::PaintFilled(const host::IHostFilledElement& element) {
@@ -182,8 +184,10 @@ void Pass::PaintMapFrame(const host::IHostMapFrame& frame) {
 void Pass::PaintGroup(const host::IHostGroupElement& group) {
     const auto* const state = asFrame_(&group);
     if (state && state->Draft()) return PaintPlaceholder(group);
+    if (reader_) reader_->Enter(group);
     for (std::int32_t i = 0; i < group.Count(); ++i)
         if (const auto member = group.Item(i)) Paint(*member);
+    if (reader_) reader_->Leave();
 }
 
 /// Draws a crossed frame for a group in draft state.
@@ -196,7 +200,7 @@ void Pass::PaintPlaceholder(const host::IHostGroupElement& group) {
 
 void ElementPainter::Paint(Canvas& canvas, const host::Ref<host::IHostElement>& element) {
     if (!element) return;
-    Pass pass(canvas, engine_);
+    Pass pass(canvas, engine_, reader_);
     pass.Paint(*element);
     pass.Finish();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/drawing/Canvas.h"
+#include "desk/drawing/TextReader.h"
 #include "desk/text/TextEngine.h"
 #include "host/Elements.h"
 
@@ -11,7 +12,9 @@ namespace desk {
 /// members. Elements without geometry or of another kind are skipped.
 class ElementPainter {
 public:
-    explicit ElementPainter(TextEngine& engine) : engine_(engine) {}
+    /// The reader, which may be null, tells what texts mean.
+    explicit ElementPainter(TextEngine& engine, TextReader* reader = nullptr)
+        : engine_(engine), reader_(reader) {}
 
     /// The canvas has its origin at the sheet's lower left corner. Elements are in inches, Y
     /// upward.
@@ -19,6 +22,7 @@ public:
 
 private:
     TextEngine& engine_;
+    TextReader* reader_;
 };
 
 }  // namespace desk

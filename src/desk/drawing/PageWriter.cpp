@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "characters/FoldCase.h"
 #include "desk/drawing/Writers.h"
-#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -39,7 +39,8 @@ std::span<const PageFormat> PageFormats() {
 
 const PageFormat* FormatOf(const std::string& path) {
     const auto formats = PageFormats();
-    const std::string ending = FoldCase(std::filesystem::path(path).extension().string());
+    const std::string ending =
+        characters::FoldCase(std::filesystem::path(path).extension().string());
     const auto format = std::ranges::find(formats, ending, &PageFormat::ending);
     return format == formats.end() ? nullptr : &*format;
 }

@@ -71,6 +71,7 @@ struct PageWriterOptions {
     double dotsPerInch = 150;      ///< Resolution, for PNG.
     std::string language = {};     ///< Of the texts, as in "de-AT", for PDF; empty: not known.
     std::int64_t firstNumber = 1;  ///< Printed on the first sheet, for the page labels of a PDF.
+    bool tags = true;              ///< A PDF tells the structure and meaning of its texts.
 };
 
 struct PageFormat {

@@ -71,14 +71,19 @@ void PaintQueue::Fill(const PaintBox& box, std::uint32_t color) {
     Add(PlaceFor(box, color).boxes, box);
 }
 
-void PaintQueue::Draw(const PlacedText& text, std::uint32_t color) {
-    const std::size_t first = texts_.LineCount();
+void PaintQueue::Draw(const PlacedText& text, std::uint32_t color,
+                      std::span<const TextPart> parts) {
+    const std::size_t firstLine = texts_.LineCount();
     const TextBox box = engine_.Set(text, texts_);
     inkBounds_.Add({text.x + box.left, text.y + box.top, text.x + box.right, text.y + box.bottom});
     auto* last = drawings_.empty() ? nullptr : std::get_if<ColoredTexts>(&drawings_.back());
-    if (!last || last->color != color)
-        last = &std::get<ColoredTexts>(drawings_.emplace_back(ColoredTexts{color, first, first}));
-    last->end = texts_.LineCount();
+    const bool isRead = !parts.empty();
+    const std::size_t first = isRead ? readTexts_.Count() : firstLine;
+    if (isRead) readTexts_.Add(text.text, parts, firstLine, texts_.LineCount());
+    if (!last || last->color != color || last->areRead != isRead)
+        last = &std::get<ColoredTexts>(
+            drawings_.emplace_back(ColoredTexts{color, first, first, isRead}));
+    last->end = isRead ? readTexts_.Count() : texts_.LineCount();
 }
 
 void PaintQueue::Draw(const PaintOutline& outline) {
@@ -93,6 +98,7 @@ void PaintQueue::Flush() {
     fills_.clear();
     drawings_.clear();
     texts_.Clear();
+    readTexts_.Clear();
     inkBounds_.Clear();
 }
 
@@ -112,6 +118,8 @@ PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, std::uint32_
 
 void PaintQueue::Paint(const ColoredTexts& texts) {
     canvas_.SetTextColor(texts.color);
+    if (texts.areRead) return readTexts_.Show(canvas_, texts_, texts.first, texts.end);
+    canvas_.SetMeaning({pdf::Role::Paragraph});
     texts_.Show(canvas_, texts.first, texts.end);
 }
 

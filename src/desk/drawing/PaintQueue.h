@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "desk/drawing/Canvas.h"
+#include "desk/drawing/ReadTexts.h"
 #include "desk/text/PlacedGlyphs.h"
 #include "desk/text/TextEngine.h"
 
@@ -36,7 +37,8 @@ public:
 
     // Colours are 0xBBGGRR.
     void Fill(const PaintBox& box, std::uint32_t color);
-    void Draw(const PlacedText& text, std::uint32_t color);
+    /// The parts tell what the text means; without any it has no meaning of its own.
+    void Draw(const PlacedText& text, std::uint32_t color, std::span<const TextPart> parts = {});
     void Draw(const PaintOutline& outline);
 
     void Flush();
@@ -48,7 +50,8 @@ private:
     };
     struct ColoredTexts {
         std::uint32_t color;
-        std::size_t first, end;  ///< Range of lines in texts_.
+        std::size_t first, end;  ///< Range of lines in texts_, or of texts in readTexts_.
+        bool areRead;
     };
 
     ColoredBoxes& PlaceFor(const PaintBox& box, std::uint32_t color);
@@ -61,6 +64,7 @@ private:
     std::vector<ColoredBoxes> fills_;
     std::vector<std::variant<ColoredTexts, PaintOutline>> drawings_;
     PlacedGlyphs texts_;
+    ReadTexts readTexts_;
     InkBounds inkBounds_;  ///< Bounds of drawings_.
 };
 

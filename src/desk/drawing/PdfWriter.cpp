@@ -1,71 +1,79 @@
 #include <vector>
 
 #include "desk/drawing/Writers.h"
-#include "desk/drawing/pdf/Bookmarks.h"
-#include "desk/drawing/pdf/Metadata.h"
-#include "desk/drawing/pdf/PageContent.h"
-#include "desk/drawing/pdf/Syntax.h"
+#include "host/Failure.h"
+#include "pdf/document/Document.h"
 
 namespace desk {
 namespace {
 
-using pdf::Reference;
+/// Paints on a page of a PDF file.
+class PdfCanvas final : public Canvas {
+public:
+    explicit PdfCanvas(pdf::PageContent& page) : page_(page) {}
 
-class PdfWriter final : public PageWriter {
+    void Fill(std::span<const PaintBox> boxes, std::uint32_t color) override {
+        boxes_.clear();
+        for (const PaintBox& box : boxes) boxes_.push_back(BoxOf(box));
+        page_.Fill(boxes_, color);
+    }
+    void Stroke(const PaintOutline& outline) override {
+        page_.Stroke({BoxOf(outline.box), outline.color, outline.crossed, kLineWidth});
+    }
+    void SetTextColor(std::uint32_t color) override { page_.SetTextColor(color); }
+    void SetMeaning(const pdf::Meaning& meaning) override { page_.SetMeaning(meaning); }
+    void BeginLine() override { page_.BeginLine(); }
+    void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) override {
+        page_.Show(font, line, baseline);
+    }
+    void FinishGlyphs() override {}
+
+private:
+    static pdf::Box BoxOf(const PaintBox& box) {
+        return {box.left, box.top, box.right, box.bottom};
+    }
+
+    pdf::PageContent& page_;
+    std::vector<pdf::Box> boxes_;  ///< Scratch.
+};
+
+class PdfWriter final : public PageWriter, private pdf::Output {
 public:
     PdfWriter(const std::string& path, const PageWriterOptions& options)
         : PageWriter(path, Sheets::Many),
-          options_(options),
-          objects_(File()),
-          fonts_(objects_),
-          bookmarks_(objects_),
-          catalog_(objects_.NewObject()),
-          pageTree_(objects_.NewObject()) {}
+          document_(*this, {options.title, "gazetteer", options.language, options.firstNumber,
+                            options.tags}) {}
 
 private:
+    void Write(std::string_view bytes) override {
+        if (!File().Write(bytes)) File().Check();
+    }
     Canvas& BeginSheet(double width, double height) override {
-        width_ = width;
         height_ = height;
-        content_ = std::make_unique<pdf::PageContent>(fonts_);
-        return *content_;
+        canvas_ = std::make_unique<PdfCanvas>(document_.BeginPage(width, height));
+        return *canvas_;
     }
     void EndSheet(const std::string& title, std::span<const Bookmark> places) override;
     void Close() override;
 
-    PageWriterOptions options_;
-    pdf::ObjectFile objects_;
-    pdf::FontSet fonts_;
-    pdf::Bookmarks bookmarks_;
-    int catalog_;
-    int pageTree_;
-    std::vector<int> pages_;  ///< Object numbers of the pages.
-    std::unique_ptr<pdf::PageContent> content_;
-    double width_ = 0, height_ = 0;  ///< Of the sheet, in points.
+    pdf::Document document_;
+    std::unique_ptr<PdfCanvas> canvas_;
+    double height_ = 0;  ///< Of the sheet, in points.
 };
 
-void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> places) {
-    const int content = objects_.WriteStream("", content_->Take());
-    pages_.push_back(objects_.WriteObject(
-        "<</Type/Page/Parent " + Reference(pageTree_) + "/MediaBox[0 0 " + pdf::Number(width_) +
-        ' ' + pdf::Number(height_) + "]/Contents " + Reference(content) + ">>"));
-    if (!title.empty()) bookmarks_.Add({title, height_ / kPointsPerInch}, places, pages_.back());
+[[noreturn]] void PassOn(const pdf::Error& error) {
+    throw host::Failure(host::kFailureUnspecified, "PdfWriter", error.what());
 }
 
-void PdfWriter::Close() {
-    std::string tree = "<</Type/Pages/Resources<</Font<<" + fonts_.Write() + ">>>>/Count " +
-                       std::to_string(pages_.size()) + "/Kids[";
-    for (const int page : pages_) tree += Reference(page) + ' ';
-    objects_.WriteObject(pageTree_, tree + "]>>");
-    std::string catalog = "<</Type/Catalog/Pages " + Reference(pageTree_);
-    if (const int outline = bookmarks_.Write(); outline != 0)
-        catalog += "/Outlines " + Reference(outline);
-    catalog += "/Metadata " + Reference(pdf::WriteXmp(objects_, options_.title));
-    if (!options_.language.empty()) catalog += "/Lang" + pdf::TextString(options_.language);
-    if (options_.firstNumber != 1)
-        catalog +=
-            "/PageLabels<</Nums[0<</S/D/St " + std::to_string(options_.firstNumber) + ">>]>>";
-    objects_.WriteObject(catalog_, catalog + ">>");
-    objects_.Finish(catalog_, pdf::WriteInfo(objects_, options_.title));
+void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> places) {
+    std::vector<pdf::Bookmark> marks;
+    for (const Bookmark& place : places)
+        marks.push_back({place.title, place.height * kPointsPerInch});
+    document_.EndPage({title, height_}, marks);
+}
+
+void PdfWriter::Close() try { document_.Finish(); } catch (const pdf::Error& error) {
+    PassOn(error);
 }
 
 }  // namespace

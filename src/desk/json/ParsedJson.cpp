@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 
 namespace desk {
 
@@ -89,7 +89,7 @@ private:
     bool Text() {
         for (;;) {
             if (static_cast<unsigned char>(Peek()) >= 0x80) {
-                if (NextCodePoint(text_, at_) == kNotUtf8) return false;
+                if (characters::NextCodePoint(text_, at_) == characters::kNotUtf8) return false;
                 continue;
             }
             const char letter = Take();

@@ -10,11 +10,11 @@
 #include <unicode/unistr.h>
 #include <unicode/utext.h>
 
+#include "characters/Utf8.h"
 #include "desk/locale/IndexLetters.h"
 #include "desk/locale/LineBreaks.h"
 #include "desk/locale/TextOrder.h"
 #include "desk/locale/WordDivider.h"
-#include "desk/unicode/Utf8.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -117,7 +117,7 @@ std::unique_ptr<icu::BreakIterator> MakeCharacterIterator() {
 bool SimpleLengths(std::string_view text, std::vector<std::size_t>& lengths) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
-        if (NextCodePoint(text, at) >= 0x300) return false;
+        if (characters::NextCodePoint(text, at) >= 0x300) return false;
         lengths.push_back(at - start);
     }
     return true;

@@ -6,10 +6,10 @@
 #include <unicode/ucol.h>
 #include <unicode/uiter.h>
 
+#include "characters/Utf8.h"
 #include "desk/locale/LetterPrefix.h"
 #include "desk/locale/LocaleIndex.h"
 #include "desk/locale/TextOrder.h"
-#include "desk/unicode/Utf8.h"
 
 namespace desk {
 namespace {
@@ -112,8 +112,8 @@ icu::UnicodeString IndexLetters::InIndexBySound(const icu::UnicodeString& text,
 std::string InitialOf(IndexLetters& letters, const std::string& text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
-        const char32_t character = NextCodePoint(text, at);
-        if (character == kNotUtf8) continue;
+        const char32_t character = characters::NextCodePoint(text, at);
+        if (character == characters::kNotUtf8) continue;
         if (u_isdigit(static_cast<UChar32>(character)) != 0) break;
         if (u_isalpha(static_cast<UChar32>(character)) == 0) continue;
         std::string letter = letters.LetterOf(start == 0 ? text : text.substr(start));

@@ -2,7 +2,7 @@
 
 #include <unicode/uchar.h>
 
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 
 namespace desk {
 namespace {
@@ -11,7 +11,7 @@ constexpr char32_t kAsciiEnd = 0x80;
 
 /// Whether a combining mark, or a character composed so, could join the letter before it.
 bool CanJoin(char32_t character) {
-    if (character < kAsciiEnd || character == kNotUtf8) return false;
+    if (character < kAsciiEnd || character == characters::kNotUtf8) return false;
     return u_getIntPropertyValue(static_cast<UChar32>(character),
                                  UCHAR_LEAD_CANONICAL_COMBINING_CLASS) != 0;
 }
@@ -31,13 +31,13 @@ bool CanBeginPrefix(char32_t character) {
 
 std::size_t LetterPrefix(std::string_view text) {
     std::size_t end = 0;
-    if (text.empty() || !CanBeginPrefix(NextCodePoint(text, end))) return 0;
+    if (text.empty() || !CanBeginPrefix(characters::NextCodePoint(text, end))) return 0;
     for (int taken = 1; taken < kLongestLetter; ++taken) {
         if (end == text.size()) return end;
-        NextCodePoint(text, end);
+        characters::NextCodePoint(text, end);
     }
     std::size_t behind = end;
-    return end < text.size() && CanJoin(NextCodePoint(text, behind)) ? 0 : end;
+    return end < text.size() && CanJoin(characters::NextCodePoint(text, behind)) ? 0 : end;
 }
 
 }  // namespace desk

@@ -8,7 +8,7 @@
 #include <unicode/dcfmtsym.h>
 #include <unicode/uchar.h>
 
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -95,7 +95,7 @@ std::optional<double> NumberText::Parse(std::string_view text) const {
     char previous = '\0';
     bool whole = true;  // No decimal sign or exponent so far.
     for (std::size_t at = 0; at < text.size();) {
-        const char part = Classify(NextCodePoint(text, at));
+        const char part = Classify(characters::NextCodePoint(text, at));
         if (part == '\0') return std::nullopt;
         if (part == kGroup && !(IsDigit(previous) && whole)) return std::nullopt;
         if (previous == kGroup && !IsDigit(part)) return std::nullopt;

@@ -3,7 +3,7 @@
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 
 namespace desk {
 namespace {
@@ -12,7 +12,7 @@ constexpr char32_t kApostrophe = U'\'';
 constexpr char32_t kRightQuote = 0x2019;
 
 bool IsWordCharacter(char32_t character) {
-    if (character == kNotUtf8) return false;
+    if (character == characters::kNotUtf8) return false;
     const auto point = static_cast<UChar32>(character);
     return u_isalpha(point) != 0 || (U_GET_GC_MASK(point) & U_GC_M_MASK) != 0;
 }
@@ -46,10 +46,10 @@ std::vector<Word> WordsOf(std::string_view text) {
     bool isInWord = false;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
-        const char32_t character = NextCodePoint(text, at);
+        const char32_t character = characters::NextCodePoint(text, at);
         std::size_t behind = at;
         const bool joins = isInWord && IsApostrophe(character) && at < text.size() &&
-                           IsWordCharacter(NextCodePoint(text, behind));
+                           IsWordCharacter(characters::NextCodePoint(text, behind));
         const bool wasInWord = isInWord;
         isInWord = joins || IsWordCharacter(character);
         if (!isInWord) continue;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "desk/unicode/FoldCase.h"
+#include "characters/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -59,7 +59,7 @@ std::size_t Fields::Position(std::int32_t index) const {
 FieldNames::FieldNames(const std::vector<std::string>& names) : names_(names) {
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto [place, isNew] =
-            folded_.emplace(FoldCase(names[i]), static_cast<std::int32_t>(i));
+            folded_.emplace(characters::FoldCase(names[i]), static_cast<std::int32_t>(i));
         if (isNew) continue;
         const std::string& first = names[static_cast<std::size_t>(place->second)];
         if (std::find(repeated_.begin(), repeated_.end(), first) == repeated_.end())
@@ -70,7 +70,7 @@ FieldNames::FieldNames(const std::vector<std::string>& names) : names_(names) {
 std::int32_t FieldNames::Find(const std::string& name) const {
     const auto exact = std::find(names_.begin(), names_.end(), name);
     if (exact != names_.end()) return static_cast<std::int32_t>(exact - names_.begin());
-    const auto place = folded_.find(FoldCase(name));
+    const auto place = folded_.find(characters::FoldCase(name));
     return place == folded_.end() ? -1 : place->second;
 }
 

@@ -5,8 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "characters/FoldCase.h"
 #include "desk/tables/PlainObjects.h"
-#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -125,9 +125,10 @@ private:
 using TableList = std::vector<host::Ref<ScratchTable>>;
 
 TableList::iterator FindTable(TableList& tables, const std::string& name) {
-    const std::string wanted = FoldCase(name);
-    return std::find_if(tables.begin(), tables.end(),
-                        [&](const auto& table) { return FoldCase(table->Name()) == wanted; });
+    const std::string wanted = characters::FoldCase(name);
+    return std::find_if(tables.begin(), tables.end(), [&](const auto& table) {
+        return characters::FoldCase(table->Name()) == wanted;
+    });
 }
 
 class ScratchDataset : public host::IHostDataset {

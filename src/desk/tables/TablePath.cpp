@@ -4,13 +4,13 @@
 #include <filesystem>
 #include <optional>
 
+#include "characters/FoldCase.h"
 #include "desk/components/GisLibrary.h"
 #include "desk/files/Files.h"
 #include "desk/tables/DbfHeader.h"
 #include "desk/tables/DbfTable.h"
 #include "desk/tables/FilesOfFolder.h"
 #include "desk/tables/RecordFile.h"
-#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -26,14 +26,14 @@ constexpr const char* kDatabaseFolder = ".gdb";
 
 /// Whether the ending of a path is one of these.
 bool EndsWithOne(const fs::path& path, const std::vector<std::string>& endings) {
-    return std::ranges::find(endings, FoldCase(path.extension())) != endings.end();
+    return std::ranges::find(endings, characters::FoldCase(path.extension())) != endings.end();
 }
 
 bool IsSource(const fs::path& path) {
     std::error_code ignored;
     const auto status = fs::status(path, ignored);
     return fs::exists(status) &&
-           (!fs::is_directory(status) || FoldCase(path.extension()) == kDatabaseFolder);
+           (!fs::is_directory(status) || characters::FoldCase(path.extension()) == kDatabaseFolder);
 }
 
 /// Returns the file in another case of its ending, or with the ending of dBase.
@@ -41,14 +41,14 @@ std::optional<fs::path> InOtherCase(fs::path wanted) {
     if (!wanted.has_extension()) wanted += kEnding;
     for (const fs::path& file : FilesOfFolder(wanted.parent_path()))
         if (file.stem() == wanted.stem() &&
-            FoldCase(file.extension()) == FoldCase(wanted.extension()))
+            characters::FoldCase(file.extension()) == characters::FoldCase(wanted.extension()))
             return wanted.parent_path() / file;
     return std::nullopt;
 }
 
 /// The table of a file, which need not be the file itself.
 TablePath TableOf(const fs::path& file) {
-    if (FoldCase(file.extension()) == kShapes)
+    if (characters::FoldCase(file.extension()) == kShapes)
         if (const auto table = InOtherCase(fs::path(file).replace_extension(kEnding)))
             return {*table, {}};
     return {file, {}};
@@ -69,7 +69,8 @@ std::optional<TablePath> FindAt(const fs::path& path) {
 
 bool IsDbf(const TablePath& path) {
     if (path.IsConnection() || !path.layer.empty()) return false;
-    if (!path.Exists() || FoldCase(fs::path(path.source).extension()) == kEnding) return true;
+    if (!path.Exists() || characters::FoldCase(fs::path(path.source).extension()) == kEnding)
+        return true;
     return !fs::is_directory(path.source) && IsDbf(RecordFile(path.source));
 }
 

@@ -4,11 +4,11 @@
 #include <utility>
 #include <vector>
 
+#include "characters/FoldCase.h"
 #include "desk/components/GisLibrary.h"
 #include "desk/tables/FilesOfFolder.h"
 #include "desk/tables/PlainObjects.h"
 #include "desk/tables/TablePath.h"
-#include "desk/unicode/FoldCase.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -63,7 +63,7 @@ std::vector<std::string> TableWorkspace::TableNames() const {
     if (!IsFolder(folder_)) return LoadGisModule("Reading " + folder_).Layers(folder_);
     std::vector<std::string> names;
     for (const fs::path& file : FilesOfFolder(folder_))
-        if (FoldCase(file.extension()) == ".dbf") names.push_back(file);
+        if (characters::FoldCase(file.extension()) == ".dbf") names.push_back(file);
     return names;
 }
 

@@ -6,7 +6,7 @@
 #include <pango/pangocairo.h>
 #include <string_view>
 
-#include "desk/unicode/FoldCase.h"
+#include "characters/FoldCase.h"
 #include "host/Failure.h"
 #include "host/Geometry.h"
 
@@ -59,7 +59,7 @@ FontDescriptionHandle Describe(const FontSpec& spec) {
 bool IsGenericFamily(const std::string& family) {
     static constexpr std::array<std::string_view, 7> kGeneric = {
         "", "sans", "sans-serif", "serif", "monospace", "mono", "system-ui"};
-    return std::ranges::find(kGeneric, FoldCase(family)) != kGeneric.end();
+    return std::ranges::find(kGeneric, characters::FoldCase(family)) != kGeneric.end();
 }
 
 bool IsInstalled(const std::string& family) {

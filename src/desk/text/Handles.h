@@ -6,15 +6,11 @@
 #include <memory>
 #include <pango/pango.h>
 
+#include "glyphs/Releaser.h"
+
 namespace desk {
 
-template <auto Release>
-struct Releaser {
-    template <class T>
-    void operator()(T* object) const {
-        Release(object);
-    }
-};
+using glyphs::Releaser;
 
 template <class T>
 using GObjectHandle = std::unique_ptr<T, Releaser<g_object_unref>>;

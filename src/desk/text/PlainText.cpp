@@ -2,7 +2,7 @@
 
 #include <glib.h>
 
-#include "desk/unicode/Utf8.h"
+#include "characters/Utf8.h"
 
 namespace desk {
 namespace {
@@ -68,7 +68,7 @@ PlainClass PlainScript(std::string_view text, const PlainClasses& classes) {
     auto any = static_cast<unsigned>(PlainClass::Common);
     unsigned all = any;
     for (std::size_t place = 0; place < text.size();) {
-        const char32_t character = NextCodePoint(text, place);
+        const char32_t character = characters::NextCodePoint(text, place);
         if (character >= kPlainTextLimit) return PlainClass::None;
         const auto bits = static_cast<unsigned>(classes[character]);
         any |= bits;

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "desk/text/GlyphLine.h"
+#include "desk/text/GlyphStore.h"
 #include "desk/text/PlainText.h"
 
 namespace desk {

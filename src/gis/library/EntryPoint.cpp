@@ -1,6 +1,6 @@
 #include <filesystem>
 
-#include "desk/unicode/FoldCase.h"
+#include "characters/FoldCase.h"
 #include "gis/locate/LocateFeatures.h"
 #include "gis/module/GisModule.h"
 #include "gis/tables/CsvWriter.h"
@@ -22,7 +22,7 @@ public:
     bool IsPlainTable(const std::string& source) override { return gis::IsPlainTable(source); }
     std::unique_ptr<gis::TableWriter> CreateTable(
         const std::string& path, const std::vector<gis::SourceField>& fields) override {
-        if (desk::FoldCase(std::filesystem::path(path).extension()) == ".csv")
+        if (characters::FoldCase(std::filesystem::path(path).extension()) == ".csv")
             return std::make_unique<gis::CsvWriter>(path, fields);
         return std::make_unique<gis::GdalWriter>(path, fields);
     }

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "desk/unicode/FoldCase.h"
+#include "characters/FoldCase.h"
 #include "gis/tables/DbfBytes.h"
 #include "gis/tables/Values.h"
 #include "host/Failure.h"
@@ -80,7 +80,7 @@ GdalWriter::Folder::~Folder() {
 GdalWriter::GdalWriter(std::string path, std::vector<SourceField> fields)
     : path_(std::move(path)), fields_(std::move(fields)) {
     const auto name = std::filesystem::path(path_);
-    const std::string ending = desk::FoldCase(name.extension());
+    const std::string ending = characters::FoldCase(name.extension());
     const auto* const format = std::ranges::find(
         kFormats, ending, [](const Format& known) { return std::string(known.ending); });
     if (format == kFormats.end())
@@ -145,7 +145,7 @@ void GdalWriter::Finish(const Store& store) {
         auto* const content = VSIGetMemFileBuffer((stem + ending).c_str(), &length, FALSE);
         if (content == nullptr) continue;
         if (std::string_view(ending) == ".dbf") MendDbf({content, length}, fields_);
-        const bool isTable = desk::FoldCase(path.extension()) == ending;
+        const bool isTable = characters::FoldCase(path.extension()) == ending;
         store(isTable ? path_ : std::filesystem::path(path).replace_extension(ending).string(),
               {reinterpret_cast<const char*>(content), length});
     }

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "characters/Utf8.h"
 #include "desk/tables/PlainObjects.h"
-#include "desk/unicode/Utf8.h"
 
 namespace gis {
 namespace {
@@ -67,7 +67,7 @@ bool MakeUtf8(std::string& text) {
     bool isValid = true;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
-        if (desk::NextCodePoint(text, at) == desk::kNotUtf8) {
+        if (characters::NextCodePoint(text, at) == characters::kNotUtf8) {
             valid += kNoUtf8;
             isValid = false;
         } else {

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/document/OpenDocument.h"
+#include "desk/drawing/TextReader.h"
+#include "desk/locale/ScriptLanguages.h"
+#include "host/KnownCast.h"
+
+namespace app {
+
+/// Tells what the texts of sheets mean, one sheet after another: headings, names of listings,
+/// references, leaders, and what belongs to the sheet alone. It reads the tags of a drawn page and
+/// the settings of the gazetteer.
+class SheetMeanings final : public desk::TextReader {
+public:
+    /// For the bound gazetteer, with its present settings.
+    explicit SheetMeanings(OpenDocument& open);
+
+    void Enter(const host::IHostGroupElement& group) override;
+    void Leave() override;
+    std::span<const desk::TextPart> Read(const host::IHostTextElement& element,
+                                         std::string_view text) override;
+
+private:
+    enum class Row : std::uint8_t { None, Title, Heading, Listing };
+
+    /// What a column's texts are, before and behind a leader.
+    struct Column {
+        bool hasLeader = false;
+        pdf::Role before = pdf::Role::Name;
+        pdf::Role behind = pdf::Role::Name;
+    };
+    static Column ReadColumn(const std::string& expression);
+
+    void BeginRow(Row row, const host::IHostGroupElement& group);
+    bool HasName(const host::IHostGroupElement& row) const;
+    void AddSheetText(const host::IHostTextElement& element);
+    void AddHeading(std::string_view text);
+    void AddListingText(std::string_view text);
+    void Add(pdf::Role role, std::string_view text, std::size_t end);
+
+    std::vector<Column> columns_;
+    std::string leader_;     ///< The characters of leaders that are texts of their own.
+    std::string continued_;  ///< Text of a heading that goes on.
+    desk::ScriptLanguages languages_;
+    host::KnownCast<const host::IHostElementName> asNamed_;
+
+    std::size_t depth_ = 0;     ///< Of groups.
+    std::size_t rowDepth_ = 0;  ///< Depth inside the row.
+    Row row_ = Row::None;
+    std::size_t column_ = 0;       ///< Cells of the row that were entered.
+    bool isBehindLeader_ = false;  ///< In the cell.
+    std::uint64_t listing_ = 0;
+    std::string heading_;  ///< The last one.
+    std::vector<desk::TextPart> parts_;
+};
+
+}  // namespace app

@@ -1,0 +1,141 @@
+#include "pdf/content/PageContent.h"
+
+#include "pdf/file/Syntax.h"
+
+namespace pdf {
+namespace {
+
+/// Decimals of box edges, in points.
+constexpr int kEdgeDecimals = 3;
+
+std::int64_t Edge(double points) {
+    return Scaled(points, kEdgeDecimals);
+}
+
+/// Appends a colour and one of the operators that set it. Neutral colours are written as grey, so
+/// that a press prints black text with black ink alone.
+void AppendColor(std::string& out, std::uint32_t color, const char* ofGrey, const char* ofRgb) {
+    const auto append = [&](unsigned shift) {
+        AppendNumber(out, ((color >> shift) & 0xFF) / 255.0);
+        out += ' ';
+    };
+    const bool isGrey = color == (color & 0xFF) * 0x010101;
+    for (const unsigned shift : {0U, 8U, 16U})
+        if (shift == 0 || !isGrey) append(shift);
+    out += isGrey ? ofGrey : ofRgb;
+}
+
+void AppendEdges(std::string& out, std::int64_t first, std::int64_t second) {
+    AppendScaled(out, first, kEdgeDecimals);
+    out += ' ';
+    AppendScaled(out, second, kEdgeDecimals);
+    out += ' ';
+}
+
+}  // namespace
+
+void PageContent::Fill(std::span<const Box> boxes, std::uint32_t color) {
+    BeginShapes();
+    UseFillColor(color);
+    for (const Box& box : boxes) AppendBox(box);
+    out_ += "f\n";
+}
+
+void PageContent::Stroke(const Outline& outline) {
+    BeginShapes();
+    UseStroke(outline);
+    const Box& box = outline.box;
+    AppendBox(box);
+    if (outline.crossed) {
+        AppendEdges(out_, Edge(box.left), -Edge(box.top));
+        out_ += "m ";
+        AppendEdges(out_, Edge(box.right), -Edge(box.bottom));
+        out_ += "l ";
+        AppendEdges(out_, Edge(box.left), -Edge(box.bottom));
+        out_ += "m ";
+        AppendEdges(out_, Edge(box.right), -Edge(box.top));
+        out_ += "l ";
+    }
+    out_ += "S\n";
+}
+
+// Computes sizes from rounded edges, so that adjacent boxes still meet.
+void PageContent::AppendBox(const Box& box) {
+    AppendEdges(out_, Edge(box.left), -Edge(box.bottom));
+    AppendEdges(out_, Edge(box.right) - Edge(box.left), Edge(box.bottom) - Edge(box.top));
+    out_ += "re\n";
+}
+
+void PageContent::UseFillColor(std::uint32_t color) {
+    if (color == fillColor_) return;
+    fillColor_ = color;
+    AppendColor(out_, color, "g\n", "rg\n");
+}
+
+void PageContent::UseStroke(const Outline& outline) {
+    if (outline.width != lineWidth_) {
+        lineWidth_ = outline.width;
+        AppendNumber(out_, lineWidth_);
+        out_ += " w\n";
+    }
+    if (outline.color == strokeColor_) return;
+    strokeColor_ = outline.color;
+    AppendColor(out_, outline.color, "G\n", "RG\n");
+}
+
+void PageContent::Show(PangoFont* font, const glyphs::GlyphLine& line,
+                       const glyphs::Baseline& baseline) {
+    if (line.glyphs.empty()) return;
+    const FontUse& use = fonts_.Use(font);
+    if (structure_) MarkText(use);
+    inText_ = true;
+    beginsLine_ = false;
+    needsBlank_ = !line.text.ends_with(' ') && !line.text.ends_with('-');
+    texts_.Show(use, line, baseline);
+}
+
+/// A mark that begins in a text object ends in it.
+void PageContent::MarkText(const FontUse& font) {
+    if (marked_ && inText_ && *marked_ == meaning_) {
+        if (beginsLine_ && needsBlank_) texts_.AddBlank(font);
+        return;
+    }
+    EndMark();
+    texts_.Begin();
+    marked_ = meaning_;
+    if (meaning_.role == Role::Decoration) {
+        out_ += "/Artifact<</Type/Layout>>BDC\n";
+    } else if (meaning_.role == Role::PageMatter) {
+        out_ += "/Artifact<</Type/Pagination>>BDC\n";
+    } else {
+        out_ += '/';
+        out_ += StructureTree::TagOf(meaning_.role);
+        out_ += "<</MCID ";
+        AppendInteger(out_, structure_->Add(meaning_));
+        out_ += ">>BDC\n";
+    }
+}
+
+void PageContent::EndMark() {
+    if (marked_) out_ += "EMC\n";
+    marked_.reset();
+}
+
+void PageContent::BeginShapes() {
+    if (inText_) {
+        EndMark();
+        texts_.End();
+        inText_ = false;
+    }
+    if (!structure_ || marked_) return;
+    marked_ = Meaning{Role::Decoration};
+    out_ += "/Artifact<</Type/Layout>>BDC\n";
+}
+
+std::string PageContent::Take() {
+    EndMark();
+    texts_.End();
+    return std::move(out_);
+}
+
+}  // namespace pdf

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace pdf {
+
+/// Points, Y downward.
+struct Box {
+    double left = 0, top = 0, right = 0, bottom = 0;
+};
+
+/// The edges of a box, and also its diagonals if it is crossed.
+struct Outline {
+    Box box;
+    std::uint32_t color = 0;  ///< 0xBBGGRR.
+    bool crossed = false;
+    double width = 0.5;  ///< Of the lines, in points.
+};
+
+}  // namespace pdf

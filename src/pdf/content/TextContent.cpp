@@ -1,0 +1,214 @@
+#include "pdf/content/TextContent.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "pdf/file/Syntax.h"
+
+namespace pdf {
+
+using glyphs::Baseline;
+using glyphs::Glyph;
+using glyphs::GlyphLine;
+using glyphs::Points;
+
+namespace {
+
+/// Positions of strings are written with this number of decimals, in points. The horizontal
+/// rounding error is corrected in the following glyphs.
+constexpr int kPlaceDecimals = 2;
+constexpr double kPlacesPerPoint = 100;
+
+bool IsUpright(const FontUse& font, const Baseline& baseline) {
+    return baseline.angle == 0 && font.across == 1 && font.slant == 0;
+}
+
+/// The unit of pen moves: a thousandth of the font size, divided by ten until it is within the
+/// tolerance. Each division needs one more decimal.
+struct SmallestMove {
+    explicit SmallestMove(double thousandth) : points(thousandth) {
+        for (; points > TextContent::kPlaceTolerance; points /= 10) ++decimals;
+    }
+    double points;
+    int decimals = 0;
+};
+
+/// Returns the number of leading glyphs that represent one text together.
+std::size_t ClusterSize(std::span<const Glyph> glyphs) {
+    std::size_t size = 1;
+    while (size < glyphs.size() && glyphs[size].bytes == 0) ++size;
+    return size;
+}
+
+}  // namespace
+
+void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
+    Begin();
+    Pen pen{font, baseline};
+    pen.thousandth = font.points * font.across / 1000;
+    const SmallestMove move(pen.thousandth);
+    pen.move = move.points;
+    pen.decimals = move.decimals;
+    std::string_view text = line.text;
+    for (auto glyphs = line.glyphs; !glyphs.empty();) {
+        const std::size_t cluster = ClusterSize(glyphs);
+        const std::string_view told = text.substr(0, glyphs[0].bytes);
+        text.remove_prefix(std::size_t{glyphs[0].bytes} * glyphs[0].count);
+        ShowCluster(pen, glyphs.first(cluster), told);
+        glyphs = glyphs.subspan(cluster);
+    }
+    CloseString(pen);
+}
+
+/// Marks several glyphs of one text with ActualText. For readers that do not support it, the first
+/// glyph has the whole text.
+void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
+    if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
+    CloseString(pen);
+    out_ += "/Span<</ActualText" + TextString(text) + ">>BDC\n";
+    for (const Glyph& glyph : glyphs) ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : "");
+    CloseString(pen);
+    out_ += "EMC\n";
+}
+
+void TextContent::AddBlank(const FontUse& font) {
+    if (font.blank == 0) return;
+    const auto place = font.face->Find(font.blank, " ");
+    UseFont(*place.subset, font.points);
+    out_ += '(';
+    place.entry->code.AppendTo(out_);
+    out_ += ")Tj\n";
+}
+
+void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text) {
+    const CodeTable::Entry* entry = nullptr;
+    if (pen.open && glyph.y == pen.y) entry = pen.subset->codes.Find(glyph.id, text);
+    if (!entry) {
+        const bool known = (glyph.id & PANGO_GLYPH_UNKNOWN_FLAG) == 0;
+        const auto place = (known ? pen.font.face : pen.font.boxes)->Find(glyph.id, text);
+        entry = place.entry;
+        if (!pen.open || glyph.y != pen.y || place.subset != pen.subset) {
+            CloseString(pen);
+            pen.subset = place.subset;
+            OpenString(pen, glyph);
+        }
+    }
+    const double off = Points(glyph.x) - pen.x;
+    if (std::abs(off) > kPlaceTolerance) Move(pen, off);
+    entry->code.AppendTo(out_);
+    pen.x += entry->width * pen.thousandth;
+    if (glyph.count > 1) Repeat(pen, glyph, *entry);
+}
+
+/// Writes the repeated glyphs of a leader. Because widths are whole, a leader would end too early
+/// or too late. It is divided into parts; in the middle of each, the pen is moved so that the last
+/// glyph of the part is at its place. Most leaders need one move.
+void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& entry) {
+    const double step = Points(glyph.step);
+    const double advance = entry.width * pen.thousandth;
+    unsigned done = 1;
+    const auto offAt = [&](unsigned index) {  // Distance of a glyph from its place if the pen is
+                                              // not moved.
+        return Points(glyph.x) + index * step - pen.x - (index - done) * advance;
+    };
+    const auto writeUpTo = [&](unsigned index) {
+        for (unsigned i = done; i < index; ++i) entry.code.AppendTo(out_);
+        pen.x += (index - done) * advance;
+        done = index;
+    };
+    const double off = std::abs(offAt(glyph.count - 1));
+    const auto parts =
+        off > kPlaceTolerance ? static_cast<unsigned>(std::ceil(off / (2 * kLeaderTolerance))) : 0U;
+    for (unsigned part = 0; part < parts; ++part) {
+        writeUpTo(std::max(done, (2 * part + 1) * glyph.count / (2 * parts)));
+        Move(pen, offAt((part + 1) * glyph.count / parts - 1));
+    }
+    writeUpTo(glyph.count);
+}
+
+void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
+    UseFont(*pen.subset, pen.font.points);
+    pen.x = Points(glyph.x);
+    pen.y = glyph.y;
+    const Baseline place = Along(pen.baseline, pen.x, Points(glyph.y));
+    if (IsUpright(pen.font, pen.baseline))
+        PlaceUpright(pen, place.x, -place.y);
+    else
+        PlaceShaped(pen, place.x, -place.y);
+    pen.start = out_.size();
+    pen.moved = false;
+    pen.open = true;
+    out_ += " (";
+}
+
+// A string without moves needs no array; otherwise the blank before it becomes the bracket.
+void TextContent::CloseString(Pen& pen) {
+    if (!pen.open) return;
+    pen.open = false;
+    if (pen.moved) out_[pen.start] = '[';
+    out_ += pen.moved ? ")]TJ\n" : ")Tj\n";
+}
+
+void TextContent::Move(Pen& pen, double distance) {
+    const auto steps = static_cast<std::int64_t>(std::llround(distance / pen.move));
+    out_ += ')';
+    AppendScaled(out_, -steps, pen.decimals);
+    out_ += '(';
+    pen.x += static_cast<double>(steps) * pen.move;
+    pen.moved = true;
+}
+
+void TextContent::UseFont(const Subset& subset, double points) {
+    if (subset.name == fontName_ && points == fontPoints_) return;
+    fontName_ = subset.name;
+    fontPoints_ = points;
+    out_ += "/F";
+    AppendInteger(out_, subset.name);
+    out_ += ' ';
+    AppendNumber(out_, points);
+    out_ += " Tf\n";
+}
+
+void TextContent::PlaceUpright(Pen& pen, double x, double y) {
+    const std::int64_t placeX = Scaled(x, kPlaceDecimals);
+    const std::int64_t placeY = Scaled(y, kPlaceDecimals);
+    if (!upright_) out_ += "1 0 0 1 ";
+    AppendScaled(out_, upright_ ? placeX - lineX_ : placeX, kPlaceDecimals);
+    out_ += ' ';
+    AppendScaled(out_, upright_ ? placeY - lineY_ : placeY, kPlaceDecimals);
+    out_ += upright_ ? " Td" : " Tm";
+    upright_ = true;
+    lineX_ = placeX;
+    lineY_ = placeY;
+    pen.x += static_cast<double>(placeX) / kPlacesPerPoint - x;
+}
+
+void TextContent::PlaceShaped(const Pen& pen, double x, double y) {
+    const double radians = pen.baseline.angle * std::numbers::pi / 180;
+    const double c = std::cos(radians);
+    const double s = std::sin(radians);
+    const FontUse& font = pen.font;
+    for (const double entry :
+         {font.across * c, font.across * s, font.slant * c - s, font.slant * s + c, x, y}) {
+        AppendNumber(out_, entry);
+        out_ += ' ';
+    }
+    out_ += "Tm";
+    upright_ = false;
+}
+
+void TextContent::Begin() {
+    if (inTexts_) return;
+    out_ += "BT\n";
+    inTexts_ = true;
+    upright_ = true;
+    lineX_ = 0;
+    lineY_ = 0;
+}
+
+void TextContent::End() {
+    if (inTexts_) out_ += "ET\n";
+    inTexts_ = false;
+}
+
+}  // namespace pdf

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "glyphs/GlyphLine.h"
+#include "pdf/fonts/FontSet.h"
+
+namespace pdf {
+
+/// Writes the texts of a page. Each glyph is within kPlaceTolerance of its place, and within
+/// kLeaderTolerance inside a leader, although many PDF readers support only whole widths
+/// (thousandths of the font size).
+class TextContent {
+public:
+    // Points. One dot at 2400 dots per inch is 0.03 points.
+    static constexpr double kPlaceTolerance = 0.01;
+    static constexpr double kLeaderTolerance = 0.03;
+
+    explicit TextContent(std::string& out) : out_(out) {}
+
+    void Show(const FontUse& font, const glyphs::GlyphLine& line, const glyphs::Baseline& baseline);
+
+    /// Adds a blank behind the last string, which parts it from the next one for those who hear it.
+    void AddBlank(const FontUse& font);
+
+    /// Begins a text object, if there is none.
+    void Begin();
+    /// Ends the text object, so that other content can follow.
+    void End();
+
+private:
+    struct Pen {
+        const FontUse& font;
+        const glyphs::Baseline& baseline;
+        const Subset* subset = nullptr;
+        double thousandth = 0;  ///< A thousandth of the font size, in points.
+        double move = 0;        ///< Smallest move, in points.
+        int decimals = 0;       ///< Decimals of a move.
+        double x = 0;           ///< Points from the left end of the baseline.
+        int y = 0;              ///< As glyphs::Glyph::y.
+        bool open = false;      ///< A string is open.
+        std::size_t start = 0;  ///< Offset of the open string in out_.
+        bool moved = false;     ///< The open string contains moves.
+    };
+
+    void ShowCluster(Pen& pen, std::span<const glyphs::Glyph> glyphs, std::string_view text);
+    void ShowGlyph(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
+    void Repeat(Pen& pen, const glyphs::Glyph& glyph, const CodeTable::Entry& entry);
+    void OpenString(Pen& pen, const glyphs::Glyph& glyph);
+    void CloseString(Pen& pen);
+    void Move(Pen& pen, double distance);
+    void UseFont(const Subset& subset, double points);
+    void PlaceUpright(Pen& pen, double x, double y);
+    void PlaceShaped(const Pen& pen, double x, double y);
+
+    std::string& out_;
+    bool inTexts_ = false;
+    int fontName_ = -1;
+    double fontPoints_ = 0;
+    bool upright_ = true;                 ///< Texts are parallel to the page.
+    std::int64_t lineX_ = 0, lineY_ = 0;  ///< Start of the last string, in units of a position.
+};
+
+}  // namespace pdf

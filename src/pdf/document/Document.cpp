@@ -1,0 +1,71 @@
+#include "pdf/document/Document.h"
+
+#include <utility>
+
+#include "pdf/document/OutputIntent.h"
+#include "pdf/file/Metadata.h"
+#include "pdf/file/Syntax.h"
+
+namespace pdf {
+
+Document::Document(Output& output, Options options)
+    : options_(std::move(options)),
+      objects_(output),
+      fonts_(objects_),
+      bookmarks_(objects_),
+      catalog_(objects_.NewObject()),
+      pageTree_(objects_.NewObject()),
+      structure_(options_.tags ? std::make_unique<StructureTree>(objects_) : nullptr) {}
+
+PageContent& Document::BeginPage(double width, double height) {
+    width_ = width;
+    height_ = height;
+    pages_.push_back(objects_.NewObject());
+    if (structure_) structure_->BeginPage(pages_.back());
+    content_ = std::make_unique<PageContent>(fonts_, structure_.get());
+    return *content_;
+}
+
+void Document::EndPage(const Bookmark& page, std::span<const Bookmark> places) {
+    const int content = objects_.WriteStream("", content_->Take());
+    std::string body = "<</Type/Page/Parent " + Reference(pageTree_) + "/MediaBox[0 0 " +
+                       Number(width_) + ' ' + Number(height_) + "]/Contents " + Reference(content);
+    if (const int key = structure_ ? structure_->EndPage() : -1; key >= 0)
+        body += "/StructParents " + std::to_string(key);
+    objects_.WriteObject(pages_.back(), body + ">>");
+    if (!page.title.empty()) bookmarks_.Add(page, places, pages_.back());
+}
+
+void Document::Finish() {
+    std::string tree = "<</Type/Pages/Resources<</Font<<" + fonts_.Write() + ">>>>/Count " +
+                       std::to_string(pages_.size()) + "/Kids[";
+    for (const int page : pages_) tree += Reference(page) + ' ';
+    objects_.WriteObject(pageTree_, tree + "]>>");
+    const About about{options_.title, options_.program, ClaimsOf()};
+    objects_.WriteObject(catalog_, Catalog(about));
+    objects_.Finish(catalog_, WriteInfo(objects_, about));
+}
+
+Claims Document::ClaimsOf() const {
+    if (!structure_) return Claims::None;
+    return options_.language.empty() ? Claims::Archive : Claims::ArchiveAndAccess;
+}
+
+std::string Document::Catalog(const About& about) {
+    std::string catalog = "<</Type/Catalog/Pages " + Reference(pageTree_);
+    if (const int outline = bookmarks_.Write(); outline != 0)
+        catalog += "/Outlines " + Reference(outline);
+    if (structure_)
+        catalog += "/StructTreeRoot " + Reference(structure_->Write()) +
+                   "/MarkInfo<</Marked true>>/ViewerPreferences<</DisplayDocTitle "
+                   "true>>/OutputIntents[" +
+                   Reference(WriteScreenIntent(objects_)) + ']';
+    catalog += "/Metadata " + Reference(WriteXmp(objects_, about));
+    if (!options_.language.empty()) catalog += "/Lang" + TextString(options_.language);
+    if (structure_ || options_.firstNumber != 1)
+        catalog +=
+            "/PageLabels<</Nums[0<</S/D/St " + std::to_string(options_.firstNumber) + ">>]>>";
+    return catalog + ">>";
+}
+
+}  // namespace pdf

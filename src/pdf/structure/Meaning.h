@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace pdf {
+
+/// What a text is to someone who hears or searches the file.
+enum class Role : std::uint8_t {
+    Decoration,  ///< Nothing: leaders, backgrounds, frames.
+    PageMatter,  ///< Belongs to the sheet: running heads, page numbers, titles of columns.
+    Paragraph,   ///< Text that is no part of the index.
+    Heading,     ///< Of the listings that follow.
+    Name,        ///< What a listing is about.
+    Reference,   ///< Where it is found.
+};
+
+/// What the texts that follow mean.
+struct Meaning {
+    Role role = Role::Paragraph;
+    /// Of names and references: those of one number that follow each other, on whatever pages, are
+    /// one item of the list.
+    std::uint64_t listing = 0;
+    /// As in "de-AT", where it differs from that of the document; else empty.
+    std::string_view language = {};
+
+    bool operator==(const Meaning&) const = default;
+};
+
+}  // namespace pdf

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "pdf/file/ObjectFile.h"
+
+namespace pdf {
+
+/// Leads from the content of pages back to the elements of the structure.
+class ParentTree {
+public:
+    explicit ParentTree(ObjectFile& file) : file_(file) {}
+
+    /// Adds the elements that own a page's marked content, by its numbers. Returns the page's key.
+    int AddPage(const std::vector<int>& elements);
+
+    /// Writes the tree and returns its object number.
+    int Write();
+
+    /// The key that the next entry gets.
+    int NextKey() const { return static_cast<int>(entries_.size()); }
+
+private:
+    std::string Leaf(std::size_t first, std::size_t end) const;
+
+    ObjectFile& file_;
+    std::vector<int> entries_;  ///< Object numbers by key.
+};
+
+}  // namespace pdf

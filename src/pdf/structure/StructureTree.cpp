@@ -1,0 +1,175 @@
+#include "pdf/structure/StructureTree.h"
+
+#include "pdf/file/Syntax.h"
+
+namespace pdf {
+namespace {
+
+/// Digits for numbers of marked content, so that the elements of listings have the same length.
+constexpr std::size_t kMarkDigits = 4;
+
+void AppendMark(std::string& out, int mark) {
+    const std::string digits = std::to_string(mark);
+    out.append(digits.size() < kMarkDigits ? kMarkDigits - digits.size() : 1, ' ');
+    out += digits;
+}
+
+}  // namespace
+
+StructureTree::StructureTree(ObjectFile& file)
+    : file_(file),
+      parents_(file),
+      items_(file),
+      bodies_(file),
+      references_(file),
+      root_(file.NewObject()),
+      document_(file.NewObject()),
+      index_(file.NewObject()) {
+    documentKids_.push_back(index_);
+}
+
+void StructureTree::BeginPage(int page) {
+    page_ = page;
+    marks_.clear();
+}
+
+int StructureTree::EndPage() {
+    return marks_.empty() ? -1 : parents_.AddPage(marks_);
+}
+
+std::string_view StructureTree::TagOf(Role role) {
+    switch (role) {
+        case Role::Heading:
+            return "H1";
+        case Role::Name:
+            return "LBody";
+        case Role::Reference:
+            return "Reference";
+        default:
+            return "P";
+    }
+}
+
+int StructureTree::Add(const Meaning& meaning) {
+    if (meaning.role == Role::Heading) return AddHeading(meaning);
+    if (meaning.role == Role::Paragraph) return AddParagraph(meaning);
+    return AddToListing(meaning);
+}
+
+int StructureTree::Mark(int element) {
+    marks_.push_back(element);
+    return static_cast<int>(marks_.size()) - 1;
+}
+
+void StructureTree::Open(Element& element, std::string_view language) {
+    element.object = file_.NewObject();
+    element.page = page_;
+    element.kids.clear();
+    element.language = language;
+}
+
+/// Content of another page than the element's first names its page.
+void StructureTree::AddPiece(Element& element, int mark) const {
+    if (element.page == page_) return AppendMark(element.kids, mark);
+    element.kids += "<</Type/MCR/Pg " + Reference(page_) + "/MCID " + std::to_string(mark) + ">>";
+}
+
+std::string StructureTree::Body(const Element& element, const char* type, int parent) const {
+    std::string body = "<</S/";
+    body += type;
+    body += "/P";
+    AppendAlignedReference(body, parent);
+    body += "/Pg";
+    AppendAlignedReference(body, element.page);
+    if (!element.language.empty()) body += "/Lang" + TextString(element.language);
+    return body + "/K[" + element.kids + "]>>";
+}
+
+int StructureTree::AddHeading(const Meaning& meaning) {
+    CloseList();
+    Element heading;
+    Open(heading, meaning.language);
+    const int mark = Mark(heading.object);
+    AddPiece(heading, mark);
+    file_.WriteObject(heading.object, Body(heading, "H1", index_));
+    indexKids_.push_back(heading.object);
+    return mark;
+}
+
+int StructureTree::AddParagraph(const Meaning& meaning) {
+    Element paragraph;
+    Open(paragraph, meaning.language);
+    const int mark = Mark(paragraph.object);
+    AddPiece(paragraph, mark);
+    file_.WriteObject(paragraph.object, Body(paragraph, "P", document_));
+    documentKids_.push_back(paragraph.object);
+    return mark;
+}
+
+int StructureTree::AddToListing(const Meaning& meaning) {
+    if (item_ == 0 || meaning.listing != listing_) BeginListing(meaning);
+    const bool isReference = meaning.role == Role::Reference;
+    if (isReference && reference_.object == 0) {
+        Open(reference_, meaning.language);
+        AppendAlignedReference(body_.kids, reference_.object);
+    }
+    if (!isReference) CloseReference();
+    Element& element = isReference ? reference_ : body_;
+    const int mark = Mark(element.object);
+    AddPiece(element, mark);
+    return mark;
+}
+
+void StructureTree::BeginListing(const Meaning& meaning) {
+    CloseListing();
+    if (list_ == 0) {
+        list_ = file_.NewObject();
+        indexKids_.push_back(list_);
+    }
+    listing_ = meaning.listing;
+    item_ = file_.NewObject();
+    listKids_.push_back(item_);
+    Open(body_, meaning.role == Role::Name ? meaning.language : "");
+}
+
+void StructureTree::CloseReference() {
+    if (reference_.object == 0) return;
+    references_.Write(reference_.object, Body(reference_, "Reference", body_.object));
+    reference_.object = 0;
+}
+
+void StructureTree::CloseListing() {
+    if (item_ == 0) return;
+    CloseReference();
+    bodies_.Write(body_.object, Body(body_, "LBody", item_));
+    std::string item = "<</S/LI/P";
+    AppendAlignedReference(item, list_);
+    item += "/K";
+    AppendAlignedReference(item, body_.object);
+    items_.Write(item_, item + ">>");
+    item_ = 0;
+}
+
+void StructureTree::CloseList() {
+    CloseListing();
+    if (list_ == 0) return;
+    WriteReferences(file_, list_,
+                    "<</S/L/A<</O/List/ListNumbering/None>>/P " + Reference(index_) + "/K",
+                    listKids_, ">>");
+    list_ = 0;
+    listKids_.clear();
+}
+
+int StructureTree::Write() {
+    CloseList();
+    for (ObjectRows* rows : {&items_, &bodies_, &references_}) rows->Flush();
+    WriteReferences(file_, index_, "<</S/Index/P " + Reference(document_) + "/K", indexKids_, ">>");
+    WriteReferences(file_, document_, "<</S/Document/P " + Reference(root_) + "/K", documentKids_,
+                    ">>");
+    file_.WriteObject(root_, "<</Type/StructTreeRoot/K " + Reference(document_) + "/ParentTree " +
+                                 Reference(parents_.Write()) + "/ParentTreeNextKey " +
+                                 std::to_string(parents_.NextKey()) + ">>");
+    return root_;
+}
+
+}  // namespace pdf

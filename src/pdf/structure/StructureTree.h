@@ -1,0 +1,79 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "pdf/file/ObjectRows.h"
+#include "pdf/structure/Meaning.h"
+#include "pdf/structure/ParentTree.h"
+
+namespace pdf {
+
+/// Builds the logical structure of a file from its texts in reading order:
+///
+///   Document
+///     Index
+///       H1, L, H1, L ...   headings, and the listings behind each
+///         LI, LBody        a listing, its name as content
+///           Reference
+///     P ...                texts that are no part of the index
+///
+/// Elements are written as soon as they are complete; of a listing nothing stays in memory but the
+/// number of its item.
+class StructureTree {
+public:
+    explicit StructureTree(ObjectFile& file);
+
+    /// Starts a page, which is the object of that number.
+    void BeginPage(int page);
+
+    /// Adds content of the page. Returns the number that marks it. Only for roles that are content.
+    int Add(const Meaning& meaning);
+
+    /// Ends the page. Returns its key in the parent tree; -1 for a page without content.
+    int EndPage();
+
+    /// Writes what is left. Returns the object number of the root.
+    int Write();
+
+    /// The tag of a role's content.
+    static std::string_view TagOf(Role role);
+
+private:
+    /// An element of which pieces of content may still come.
+    struct Element {
+        int object = 0;    ///< 0: there is none.
+        int page = 0;      ///< Object number of the page of its first piece.
+        std::string kids;  ///< As the file has them.
+        std::string language;
+    };
+
+    int Mark(int element);
+    void Open(Element& element, std::string_view language);
+    void AddPiece(Element& element, int mark) const;
+    void Close(Element& element, const char* type, int parent);
+    int AddHeading(const Meaning& meaning);
+    int AddParagraph(const Meaning& meaning);
+    int AddToListing(const Meaning& meaning);
+    void BeginListing(const Meaning& meaning);
+    void CloseReference();
+    void CloseListing();
+    void CloseList();
+    std::string Body(const Element& element, const char* type, int parent) const;
+
+    ObjectFile& file_;
+    ParentTree parents_;
+    ObjectRows items_, bodies_, references_;
+    int root_, document_, index_;
+    std::vector<int> documentKids_, indexKids_;
+
+    int page_ = 0;
+    std::vector<int> marks_;  ///< The element of each piece of content of the page.
+
+    std::uint64_t listing_ = 0;
+    int list_ = 0, item_ = 0;  ///< Object numbers; 0 where none is open.
+    std::vector<int> listKids_;
+    Element body_, reference_;
+};
+
+}  // namespace pdf
