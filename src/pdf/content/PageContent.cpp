@@ -8,6 +8,9 @@ namespace {
 /// Decimals of box edges, in points.
 constexpr int kEdgeDecimals = 3;
 
+/// Begins what means nothing.
+constexpr char kArtifact[] = "/Artifact BMC\n";
+
 std::int64_t Edge(double points) {
     return Scaled(points, kEdgeDecimals);
 }
@@ -103,17 +106,15 @@ void PageContent::MarkText(const FontUse& font) {
     EndMark();
     texts_.Begin();
     marked_ = meaning_;
-    if (meaning_.role == Role::Decoration) {
-        out_ += "/Artifact<</Type/Layout>>BDC\n";
-    } else if (meaning_.role == Role::PageMatter) {
-        out_ += "/Artifact<</Type/Pagination>>BDC\n";
-    } else {
-        out_ += '/';
-        out_ += StructureTree::TagOf(meaning_.role);
-        out_ += "<</MCID ";
-        AppendInteger(out_, structure_->Add(meaning_));
-        out_ += ">>BDC\n";
+    std::string mark = kArtifact;
+    if (meaning_.role == Role::PageMatter) {
+        mark = "/Artifact<</Type/Pagination>>BDC\n";
+    } else if (meaning_.role != Role::Decoration) {
+        mark = "/P<</MCID ";
+        AppendInteger(mark, structure_->Add(meaning_));
+        mark += ">>BDC\n";
     }
+    texts_.MarkNext(std::move(mark));
 }
 
 void PageContent::EndMark() {
@@ -129,7 +130,7 @@ void PageContent::BeginShapes() {
     }
     if (!structure_ || marked_) return;
     marked_ = Meaning{Role::Decoration};
-    out_ += "/Artifact<</Type/Layout>>BDC\n";
+    out_ += kArtifact;
 }
 
 std::string PageContent::Take() {

@@ -65,6 +65,7 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
     if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
     CloseString(pen);
+    WriteMark();
     out_ += "/Span<</ActualText" + TextString(text) + ">>BDC\n";
     for (const Glyph& glyph : glyphs) ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : "");
     CloseString(pen);
@@ -135,6 +136,10 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
         PlaceUpright(pen, place.x, -place.y);
     else
         PlaceShaped(pen, place.x, -place.y);
+    if (!mark_.empty()) {
+        out_ += '\n';
+        WriteMark();
+    }
     pen.start = out_.size();
     pen.moved = false;
     pen.open = true;
@@ -142,6 +147,11 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
 }
 
 // A string without moves needs no array; otherwise the blank before it becomes the bracket.
+void TextContent::WriteMark() {
+    out_ += mark_;
+    mark_.clear();
+}
+
 void TextContent::CloseString(Pen& pen) {
     if (!pen.open) return;
     pen.open = false;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "glyphs/GlyphLine.h"
 #include "pdf/fonts/FontSet.h"
@@ -21,6 +22,9 @@ public:
 
     void Show(const FontUse& font, const glyphs::GlyphLine& line, const glyphs::Baseline& baseline);
 
+    /// Writes a mark right before the next text. Behind the place of a text it compresses better
+    /// than before it.
+    void MarkNext(std::string mark) { mark_ = std::move(mark); }
     /// Adds a blank behind the last string, which parts it from the next one for those who hear it.
     void AddBlank(const FontUse& font);
 
@@ -47,6 +51,7 @@ private:
     void ShowCluster(Pen& pen, std::span<const glyphs::Glyph> glyphs, std::string_view text);
     void ShowGlyph(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void Repeat(Pen& pen, const glyphs::Glyph& glyph, const CodeTable::Entry& entry);
+    void WriteMark();
     void OpenString(Pen& pen, const glyphs::Glyph& glyph);
     void CloseString(Pen& pen);
     void Move(Pen& pen, double distance);
@@ -55,6 +60,7 @@ private:
     void PlaceShaped(const Pen& pen, double x, double y);
 
     std::string& out_;
+    std::string mark_;  ///< To be written before the next text.
     bool inTexts_ = false;
     int fontName_ = -1;
     double fontPoints_ = 0;

@@ -37,9 +37,10 @@ ObjectFile::ObjectFile(Output& output)
     Write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
 }
 
-int ObjectFile::NewObject() {
-    places_.emplace_back();
-    return static_cast<int>(places_.size()) - 1;
+int ObjectFile::NewObjects(int count) {
+    const auto first = places_.size();
+    places_.resize(first + static_cast<std::size_t>(count));
+    return static_cast<int>(first);
 }
 
 void ObjectFile::WriteObject(int number, std::string_view body) {
@@ -122,12 +123,12 @@ void ObjectFile::WriteRows(int number, std::string_view entries, std::string_vie
 }
 
 std::string ObjectFile::Places(int offsetBytes) const {
-    constexpr int kOffset = 1;  // Kinds of place, as numbered by PDF.
+    constexpr int kUnused = 0;  // Kinds of place, as numbered by PDF.
+    constexpr int kOffset = 1;
     constexpr int kPacked = 2;
     std::string table;
-    for (std::size_t number = 0; number < places_.size(); ++number) {
-        const Place& place = places_[number];
-        AppendBigEndian(table, number == 0 ? 0 : place.packed ? kPacked : kOffset, 1);
+    for (const Place& place : places_) {
+        AppendBigEndian(table, place.packed ? kPacked : place.where == 0 ? kUnused : kOffset, 1);
         AppendBigEndian(table, place.where, offsetBytes);
         AppendBigEndian(table, place.index, 2);
     }

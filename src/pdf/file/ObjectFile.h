@@ -21,7 +21,9 @@ public:
     explicit ObjectFile(Output& output);
 
     /// Reserves a number for an object that must be written later.
-    int NewObject();
+    int NewObject() { return NewObjects(1); }
+    /// Reserves numbers that follow each other, and returns the first. Some may stay unused.
+    int NewObjects(int count);
 
     void WriteObject(int number, std::string_view body);
     /// Writes a compressed stream with dictionary entries other than its length and filter.

@@ -5,11 +5,15 @@
 namespace pdf {
 namespace {
 
-constexpr std::size_t kRow = 75;  ///< Bytes; fits the usual element of a structure.
-constexpr std::size_t kPair =
-    15;  ///< Bytes of a number and a place in a stream's head; divides kRow.
-constexpr std::size_t kMostRows = 1000;
+constexpr std::size_t kPair = 20;       ///< Bytes of a number and a place in a stream's head.
 constexpr std::size_t kReference = 12;  ///< Bytes; PDF/A allows numbers of seven digits.
+constexpr int kBlock = 2000;            ///< Numbers taken at once.
+
+/// Limits of a stream, which a reader decompresses to read one object.
+/// @{
+constexpr std::size_t kMostObjects = 2000;
+constexpr std::size_t kMostBytes = 200'000;
+/// @}
 
 void PadTo(std::string& out, std::size_t multiple) {
     out.append((multiple - out.size() % multiple) % multiple, ' ');
@@ -25,47 +29,48 @@ void AppendPair(std::string& head, int number, std::size_t place) {
 
 }  // namespace
 
+int ObjectRows::NewObject() {
+    if (nextNumber_ == endNumber_) {
+        nextNumber_ = file_.NewObjects(kBlock);
+        endNumber_ = nextNumber_ + kBlock;
+    }
+    return nextNumber_++;
+}
+
 void ObjectRows::Write(int number, std::string_view body) {
-    if (body.size() >= kRow) return file_.WriteObject(number, body);
     numbers_.push_back(number);
+    AppendPair(head_, number, rows_.size());
     rows_ += body;
-    PadTo(rows_, kRow);
-    if (numbers_.size() == kMostRows) Flush();
+    PadTo(rows_, row_);
+    if (numbers_.size() == kMostObjects || rows_.size() > kMostBytes) Flush();
 }
 
 void ObjectRows::Flush() {
     if (numbers_.empty()) return;
-    std::string data;
-    for (std::size_t i = 0; i < numbers_.size(); ++i) AppendPair(data, numbers_[i], i * kRow);
-    PadTo(data, kRow);
-    const std::size_t first = data.size();
-    data += rows_;
-    file_.WritePackedRows(numbers_, first, data, kRow);
+    PadTo(head_, row_);
+    const std::size_t first = head_.size();
+    head_ += rows_;
+    file_.WritePackedRows(numbers_, first, head_, row_);
     numbers_.clear();
+    head_.clear();
     rows_.clear();
 }
 
-void AppendAlignedReference(std::string& out, int object) {
+void AppendAligned(std::string& out, int object) {
     const std::string reference = Reference(object);
     if (reference.size() < kReference) out.append(kReference - reference.size(), ' ');
     out += reference;
 }
 
-int WriteReferences(ObjectFile& file, int number, std::string_view before,
-                    const std::vector<int>& objects, std::string_view after) {
-    if (number == 0) number = file.NewObject();
-    std::string data = std::to_string(number) + " 0 ";
-    PadTo(data, kReference);
-    const std::size_t first = data.size();
-    data += before;
-    data += '[';
-    PadTo(data, kReference);
-    for (const int object : objects) AppendAlignedReference(data, object);
-    data += ']';
-    data += after;
-    PadTo(data, kReference);
-    file.WritePackedRows({number}, first, data, kReference);
-    return number;
+std::string AlignedArray(std::string_view before, const std::vector<int>& objects,
+                         std::string_view after) {
+    std::string array(before);
+    array += '[';
+    PadTo(array, kReference);
+    for (const int object : objects) AppendAligned(array, object);
+    array += ']';
+    array += after;
+    return array;
 }
 
 }  // namespace pdf

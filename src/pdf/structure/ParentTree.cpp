@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "pdf/file/ObjectRows.h"
 #include "pdf/file/Syntax.h"
 
 namespace pdf {
@@ -14,7 +13,8 @@ constexpr std::size_t kLeaf = 64;
 }  // namespace
 
 int ParentTree::AddPage(const std::vector<int>& elements) {
-    entries_.push_back(WriteReferences(file_, 0, "", elements, ""));
+    entries_.push_back(file_.NewObject());
+    arrays_.Write(entries_.back(), AlignedArray("", elements, ""));
     return NextKey() - 1;
 }
 

@@ -3,14 +3,14 @@
 #include <string>
 #include <vector>
 
-#include "pdf/file/ObjectFile.h"
+#include "pdf/file/ObjectRows.h"
 
 namespace pdf {
 
 /// Leads from the content of pages back to the elements of the structure.
 class ParentTree {
 public:
-    explicit ParentTree(ObjectFile& file) : file_(file) {}
+    ParentTree(ObjectFile& file, ObjectRows& arrays) : file_(file), arrays_(arrays) {}
 
     /// Adds the elements that own a page's marked content, by its numbers. Returns the page's key.
     int AddPage(const std::vector<int>& elements);
@@ -25,6 +25,7 @@ private:
     std::string Leaf(std::size_t first, std::size_t end) const;
 
     ObjectFile& file_;
+    ObjectRows& arrays_;
     std::vector<int> entries_;  ///< Object numbers by key.
 };
 

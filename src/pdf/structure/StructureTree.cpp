@@ -5,6 +5,14 @@
 namespace pdf {
 namespace {
 
+/// Bytes of the usual elements, and of five references.
+/// @{
+constexpr std::size_t kItemRow = 40;
+constexpr std::size_t kBodyRow = 80;
+constexpr std::size_t kReferenceRow = 60;
+constexpr std::size_t kArrayRow = 60;
+/// @}
+
 /// Digits for numbers of marked content, so that the elements of listings have the same length.
 constexpr std::size_t kMarkDigits = 4;
 
@@ -18,10 +26,11 @@ void AppendMark(std::string& out, int mark) {
 
 StructureTree::StructureTree(ObjectFile& file)
     : file_(file),
-      parents_(file),
-      items_(file),
-      bodies_(file),
-      references_(file),
+      items_(file, kItemRow),
+      bodies_(file, kBodyRow),
+      references_(file, kReferenceRow),
+      arrays_(file, kArrayRow),
+      parents_(file, arrays_),
       root_(file.NewObject()),
       document_(file.NewObject()),
       index_(file.NewObject()) {
@@ -37,19 +46,6 @@ int StructureTree::EndPage() {
     return marks_.empty() ? -1 : parents_.AddPage(marks_);
 }
 
-std::string_view StructureTree::TagOf(Role role) {
-    switch (role) {
-        case Role::Heading:
-            return "H1";
-        case Role::Name:
-            return "LBody";
-        case Role::Reference:
-            return "Reference";
-        default:
-            return "P";
-    }
-}
-
 int StructureTree::Add(const Meaning& meaning) {
     if (meaning.role == Role::Heading) return AddHeading(meaning);
     if (meaning.role == Role::Paragraph) return AddParagraph(meaning);
@@ -61,8 +57,8 @@ int StructureTree::Mark(int element) {
     return static_cast<int>(marks_.size()) - 1;
 }
 
-void StructureTree::Open(Element& element, std::string_view language) {
-    element.object = file_.NewObject();
+void StructureTree::Open(Element& element, int object, std::string_view language) const {
+    element.object = object;
     element.page = page_;
     element.kids.clear();
     element.language = language;
@@ -78,9 +74,9 @@ std::string StructureTree::Body(const Element& element, const char* type, int pa
     std::string body = "<</S/";
     body += type;
     body += "/P";
-    AppendAlignedReference(body, parent);
+    AppendAligned(body, parent);
     body += "/Pg";
-    AppendAlignedReference(body, element.page);
+    AppendAligned(body, element.page);
     if (!element.language.empty()) body += "/Lang" + TextString(element.language);
     return body + "/K[" + element.kids + "]>>";
 }
@@ -88,7 +84,7 @@ std::string StructureTree::Body(const Element& element, const char* type, int pa
 int StructureTree::AddHeading(const Meaning& meaning) {
     CloseList();
     Element heading;
-    Open(heading, meaning.language);
+    Open(heading, file_.NewObject(), meaning.language);
     const int mark = Mark(heading.object);
     AddPiece(heading, mark);
     file_.WriteObject(heading.object, Body(heading, "H1", index_));
@@ -98,7 +94,7 @@ int StructureTree::AddHeading(const Meaning& meaning) {
 
 int StructureTree::AddParagraph(const Meaning& meaning) {
     Element paragraph;
-    Open(paragraph, meaning.language);
+    Open(paragraph, file_.NewObject(), meaning.language);
     const int mark = Mark(paragraph.object);
     AddPiece(paragraph, mark);
     file_.WriteObject(paragraph.object, Body(paragraph, "P", document_));
@@ -110,8 +106,8 @@ int StructureTree::AddToListing(const Meaning& meaning) {
     if (item_ == 0 || meaning.listing != listing_) BeginListing(meaning);
     const bool isReference = meaning.role == Role::Reference;
     if (isReference && reference_.object == 0) {
-        Open(reference_, meaning.language);
-        AppendAlignedReference(body_.kids, reference_.object);
+        Open(reference_, references_.NewObject(), meaning.language);
+        AppendAligned(body_.kids, reference_.object);
     }
     if (!isReference) CloseReference();
     Element& element = isReference ? reference_ : body_;
@@ -127,9 +123,9 @@ void StructureTree::BeginListing(const Meaning& meaning) {
         indexKids_.push_back(list_);
     }
     listing_ = meaning.listing;
-    item_ = file_.NewObject();
+    item_ = items_.NewObject();
     listKids_.push_back(item_);
-    Open(body_, meaning.role == Role::Name ? meaning.language : "");
+    Open(body_, bodies_.NewObject(), meaning.role == Role::Name ? meaning.language : "");
 }
 
 void StructureTree::CloseReference() {
@@ -143,9 +139,9 @@ void StructureTree::CloseListing() {
     CloseReference();
     bodies_.Write(body_.object, Body(body_, "LBody", item_));
     std::string item = "<</S/LI/P";
-    AppendAlignedReference(item, list_);
+    AppendAligned(item, list_);
     item += "/K";
-    AppendAlignedReference(item, body_.object);
+    AppendAligned(item, body_.object);
     items_.Write(item_, item + ">>");
     item_ = 0;
 }
@@ -153,9 +149,9 @@ void StructureTree::CloseListing() {
 void StructureTree::CloseList() {
     CloseListing();
     if (list_ == 0) return;
-    WriteReferences(file_, list_,
-                    "<</S/L/A<</O/List/ListNumbering/None>>/P " + Reference(index_) + "/K",
-                    listKids_, ">>");
+    arrays_.Write(
+        list_, AlignedArray("<</S/L/A<</O/List/ListNumbering/None>>/P " + Reference(index_) + "/K",
+                            listKids_, ">>"));
     list_ = 0;
     listKids_.clear();
 }
@@ -163,11 +159,14 @@ void StructureTree::CloseList() {
 int StructureTree::Write() {
     CloseList();
     for (ObjectRows* rows : {&items_, &bodies_, &references_}) rows->Flush();
-    WriteReferences(file_, index_, "<</S/Index/P " + Reference(document_) + "/K", indexKids_, ">>");
-    WriteReferences(file_, document_, "<</S/Document/P " + Reference(root_) + "/K", documentKids_,
-                    ">>");
+    arrays_.Write(index_,
+                  AlignedArray("<</S/Index/P " + Reference(document_) + "/K", indexKids_, ">>"));
+    arrays_.Write(document_,
+                  AlignedArray("<</S/Document/P " + Reference(root_) + "/K", documentKids_, ">>"));
+    const int parents = parents_.Write();
+    arrays_.Flush();
     file_.WriteObject(root_, "<</Type/StructTreeRoot/K " + Reference(document_) + "/ParentTree " +
-                                 Reference(parents_.Write()) + "/ParentTreeNextKey " +
+                                 Reference(parents) + "/ParentTreeNextKey " +
                                  std::to_string(parents_.NextKey()) + ">>");
     return root_;
 }

@@ -36,9 +36,6 @@ public:
     /// Writes what is left. Returns the object number of the root.
     int Write();
 
-    /// The tag of a role's content.
-    static std::string_view TagOf(Role role);
-
 private:
     /// An element of which pieces of content may still come.
     struct Element {
@@ -49,7 +46,7 @@ private:
     };
 
     int Mark(int element);
-    void Open(Element& element, std::string_view language);
+    void Open(Element& element, int object, std::string_view language) const;
     void AddPiece(Element& element, int mark) const;
     void Close(Element& element, const char* type, int parent);
     int AddHeading(const Meaning& meaning);
@@ -62,8 +59,8 @@ private:
     std::string Body(const Element& element, const char* type, int parent) const;
 
     ObjectFile& file_;
+    ObjectRows items_, bodies_, references_, arrays_;
     ParentTree parents_;
-    ObjectRows items_, bodies_, references_;
     int root_, document_, index_;
     std::vector<int> documentKids_, indexKids_;
 
