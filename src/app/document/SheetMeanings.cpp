@@ -97,7 +97,7 @@ void SheetMeanings::BeginRow(Row row, const host::IHostGroupElement& group) {
     row_ = row;
     rowDepth_ = 0;
     column_ = 0;
-    if (row == Row::Listing && HasName(group)) ++listing_;
+    if (row == Row::Listing && HasName(group)) ++item_;
 }
 
 bool SheetMeanings::HasName(const host::IHostGroupElement& row) const {
@@ -132,6 +132,7 @@ void SheetMeanings::AddSheetText(const host::IHostTextElement& element) {
     const bool isLabel = tag == kHeadTag || tag == kNumberTag;
     const bool isSample = tag == gazetteer::kSampleLabelTag;
     const std::string text = element.Text();
+    ++item_;
     Add(isLabel    ? Role::PageMatter
         : isSample ? Role::Decoration
                    : Role::Paragraph,
@@ -143,7 +144,10 @@ void SheetMeanings::AddHeading(std::string_view text) {
     const bool goesOn =
         !continued_.empty() && !heading_.empty() &&
         text == gazetteer::ReplaceAll(continued_, gazetteer::kContinuedLetter, heading_);
-    if (!goesOn) heading_ = text;
+    if (!goesOn) {
+        heading_ = text;
+        ++item_;
+    }
     Add(goesOn ? Role::PageMatter : Role::Heading, text, text.size());
 }
 
@@ -164,7 +168,7 @@ void SheetMeanings::AddListingText(std::string_view text) {
 }
 
 void SheetMeanings::Add(Role role, std::string_view text, std::size_t end) {
-    parts_.push_back({{role, listing_, languages_.Of(text)}, end});
+    parts_.push_back({{role, item_, languages_.Of(text)}, end});
 }
 
 }  // namespace app

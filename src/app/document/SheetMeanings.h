@@ -53,7 +53,7 @@ private:
     Row row_ = Row::None;
     std::size_t column_ = 0;       ///< Cells of the row that were entered.
     bool isBehindLeader_ = false;  ///< In the cell.
-    std::uint64_t listing_ = 0;
+    std::uint64_t item_ = 0;
     std::string heading_;  ///< The last one.
     std::vector<desk::TextPart> parts_;
 };

@@ -22,7 +22,7 @@ public:
     void Stroke(const desk::PaintOutline& outline) override;
     void SetTextColor(std::uint32_t color) override;
     void SetMeaning(const pdf::Meaning&) override {}
-    void BeginLine() override {}
+    void PartWords() override {}
     void Show(PangoFont* font, const desk::GlyphLine& line,
               const desk::Baseline& baseline) override;
     void FinishGlyphs() override {}

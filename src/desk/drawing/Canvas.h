@@ -19,8 +19,8 @@ public:
     virtual void SetTextColor(std::uint32_t color) = 0;
     /// Sets what the following glyphs mean, for formats that keep it.
     virtual void SetMeaning(const pdf::Meaning& meaning) = 0;
-    /// The following glyphs are a line or a text of their own.
-    virtual void BeginLine() = 0;
+    /// The following glyphs do not go on with the last word.
+    virtual void PartWords() = 0;
 };
 
 /// Paints with cairo, on a context with one unit per point, Y downward.
@@ -34,7 +34,7 @@ public:
     void Stroke(const PaintOutline& outline) override { StrokeOutline(context_, outline); }
     void SetTextColor(std::uint32_t color) override { UseColor(context_, color); }
     void SetMeaning(const pdf::Meaning&) override {}
-    void BeginLine() override {}
+    void PartWords() override {}
     void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) override {
         glyphs_.Show(font, line, baseline);
     }

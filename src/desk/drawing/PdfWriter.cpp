@@ -22,7 +22,7 @@ public:
     }
     void SetTextColor(std::uint32_t color) override { page_.SetTextColor(color); }
     void SetMeaning(const pdf::Meaning& meaning) override { page_.SetMeaning(meaning); }
-    void BeginLine() override { page_.BeginLine(); }
+    void PartWords() override { page_.PartWords(); }
     void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) override {
         page_.Show(font, line, baseline);
     }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "characters/WordParts.h"
+
 namespace desk {
 namespace {
 
@@ -11,29 +13,16 @@ public:
     PartedLines(Canvas& canvas, std::string_view text, std::span<const TextPart> parts)
         : canvas_(canvas), text_(text), parts_(parts) {}
 
-    void Show(const PlacedGlyphs::Line& line) {
-        if (SkipLineEnds() || at_ == 0) canvas_.BeginLine();
-        const std::string_view shown = line.glyphs.text;
-        // Glyphs of a line to the left, or of both directions, do not stand in the order of the
-        // text.
-        const bool inOrder = text_.substr(at_, shown.size()) == shown;
-        auto glyphs = line.glyphs.glyphs;
-        std::size_t byte = 0;
-        while (!glyphs.empty()) {
-            const TextPart& part = PartOf(glyphs[0], byte, inOrder);
-            const std::size_t start = byte;
-            std::size_t count = 0;
-            do {
-                byte += std::size_t{glyphs[count].bytes} * glyphs[count].count;
-                ++count;
-            } while (count < glyphs.size() &&
-                     (glyphs[count].bytes == 0 || &PartOf(glyphs[count], byte, inOrder) == &part));
-            canvas_.SetMeaning(part.meaning);
-            canvas_.Show(line.font, {glyphs.first(count), shown.substr(start, byte - start)},
-                         line.baseline);
-            glyphs = glyphs.subspan(count);
-        }
-        at_ += shown.size();
+    /// The text before is that of the last line that was shown on the canvas.
+    void Show(const PlacedGlyphs::Line& line, std::string_view& before) {
+        if (SkipLineEnds() || at_ == 0) PartWords(before);
+        const std::size_t size = line.glyphs.text.size();
+        before = text_.substr(at_, size);
+        if (before == line.glyphs.text)
+            ShowInOrder(line);
+        else
+            ShowOutOfOrder(line);
+        at_ += size;
     }
 
 private:
@@ -42,16 +31,59 @@ private:
         while (at_ < text_.size() && (text_[at_] == '\r' || text_[at_] == '\n')) ++at_;
         return at_ > start;
     }
+    void PartWords(std::string_view before) {
+        if (characters::LineEndPartsWords(before, text_.substr(at_))) canvas_.PartWords();
+    }
 
-    /// Returns the part that has the last byte of a glyph. Out of order only a leader is told from
-    /// the rest.
-    const TextPart& PartOf(const Glyph& glyph, std::size_t byte, bool inOrder) const {
-        if (inOrder) return PartAt(at_ + byte + std::size_t{glyph.bytes} * glyph.count - 1);
-        const bool leads = glyph.count > 1;
-        const auto found = std::ranges::find_if(parts_, [&](const TextPart& part) {
-            return part.end > at_ && (part.meaning.role == pdf::Role::Decoration) == leads;
+    void ShowInOrder(const PlacedGlyphs::Line& line) {
+        ShowParts(line, [this](const Glyph& glyph, std::size_t byte) -> const TextPart& {
+            return PartAt(at_ + byte + std::size_t{glyph.bytes} * glyph.count - 1);
         });
-        return found == parts_.end() ? parts_.back() : *found;
+    }
+
+    /// In a line to the left, or of both directions, only a leader is told from the rest.
+    void ShowOutOfOrder(const PlacedGlyphs::Line& line) {
+        ShowParts(
+            line,
+            [this](const Glyph& glyph, std::size_t) -> const TextPart& {
+                const bool leads = glyph.count > 1;
+                const auto found = std::ranges::find_if(parts_, [&](const TextPart& part) {
+                    return part.end > at_ && (part.meaning.role == pdf::Role::Decoration) == leads;
+                });
+                return found == parts_.end() ? parts_.back() : *found;
+            },
+            line.glyphs.text.size());
+    }
+
+    /// Shows the glyphs of each part together. Where the glyphs stand out of order, the parts of so
+    /// many bytes of text are told beside them.
+    template <class PartOf>
+    void ShowParts(const PlacedGlyphs::Line& line, const PartOf& partOf, std::size_t told = 0) {
+        const std::string_view shown = line.glyphs.text;
+        auto glyphs = line.glyphs.glyphs;
+        for (std::size_t byte = 0; !glyphs.empty();) {
+            const TextPart& part = partOf(glyphs[0], byte);
+            const std::size_t start = byte;
+            std::size_t count = 0;
+            do {
+                byte += std::size_t{glyphs[count].bytes} * glyphs[count].count;
+                ++count;
+            } while (count < glyphs.size() &&
+                     (glyphs[count].bytes == 0 || &partOf(glyphs[count], byte) == &part));
+            pdf::Meaning meaning = part.meaning;
+            if (told > 0) meaning.actualText = TextOf(part, told);
+            canvas_.SetMeaning(meaning);
+            canvas_.Show(line.font, {glyphs.first(count), shown.substr(start, byte - start)},
+                         line.baseline);
+            glyphs = glyphs.subspan(count);
+        }
+    }
+
+    /// Returns what a part has of the next bytes.
+    std::string_view TextOf(const TextPart& part, std::size_t size) const {
+        const std::size_t start = std::max(&part == parts_.data() ? 0 : (&part - 1)->end, at_);
+        const std::size_t end = std::min(part.end, at_ + size);
+        return start < end ? text_.substr(start, end - start) : std::string_view();
     }
     const TextPart& PartAt(std::size_t place) const {
         const auto found =
@@ -78,12 +110,14 @@ void ReadTexts::Add(std::string_view text, std::span<const TextPart> parts, std:
 
 void ReadTexts::Show(Canvas& canvas, const PlacedGlyphs& lines, std::size_t first,
                      std::size_t end) const {
+    std::string_view before;
     for (const Text& text : std::span(texts_).subspan(first, end - first)) {
         const std::string_view bytes = bytes_;
         PartedLines parted(
             canvas, bytes.substr(text.firstByte, text.endByte - text.firstByte),
             std::span(parts_).subspan(text.firstPart, text.endPart - text.firstPart));
-        for (std::size_t i = text.firstLine; i < text.endLine; ++i) parted.Show(lines.At(i));
+        for (std::size_t i = text.firstLine; i < text.endLine; ++i)
+            parted.Show(lines.At(i), before);
     }
     canvas.FinishGlyphs();
 }

@@ -91,45 +91,42 @@ void PageContent::Show(PangoFont* font, const glyphs::GlyphLine& line,
     if (line.glyphs.empty()) return;
     const FontUse& use = fonts_.Use(font);
     if (structure_) MarkText(use);
-    inText_ = true;
-    beginsLine_ = false;
-    needsBlank_ = !line.text.ends_with(' ') && !line.text.ends_with('-');
+    partsWords_ = false;
     texts_.Show(use, line, baseline);
 }
 
-/// A mark that begins in a text object ends in it.
+/// Marks begin and end inside a text object.
 void PageContent::MarkText(const FontUse& font) {
-    if (marked_ && inText_ && *marked_ == meaning_) {
-        if (beginsLine_ && needsBlank_) texts_.AddBlank(font);
+    if (textMark_ && *textMark_ == meaning_) {
+        if (partsWords_) texts_.AddBlank(font);
         return;
     }
     EndMark();
-    texts_.Begin();
-    marked_ = meaning_;
-    std::string mark = kArtifact;
-    if (meaning_.role == Role::PageMatter) {
-        mark = "/Artifact<</Type/Pagination>>BDC\n";
-    } else if (meaning_.role != Role::Decoration) {
-        mark = "/P<</MCID ";
-        AppendInteger(mark, structure_->Add(meaning_));
-        mark += ">>BDC\n";
-    }
-    texts_.MarkNext(std::move(mark));
+    textMark_ = meaning_;
+    texts_.MarkNext();
+}
+
+std::string PageContent::NextMark(std::string_view actualText) {
+    if (meaning_.role == Role::Decoration) return kArtifact;
+    if (meaning_.role == Role::PageMatter) return "/Artifact<</Type/Pagination>>BDC\n";
+    std::string mark = actualText.empty() ? "/P<</MCID " : "/Span<</MCID ";
+    AppendInteger(mark, structure_->Add(meaning_));
+    if (!actualText.empty()) mark += "/ActualText" + TextString(actualText);
+    return mark + ">>BDC\n";
 }
 
 void PageContent::EndMark() {
-    if (marked_) out_ += "EMC\n";
-    marked_.reset();
+    texts_.EndMark();
+    textMark_.reset();
+    if (marksShapes_) out_ += "EMC\n";
+    marksShapes_ = false;
 }
 
 void PageContent::BeginShapes() {
-    if (inText_) {
-        EndMark();
-        texts_.End();
-        inText_ = false;
-    }
-    if (!structure_ || marked_) return;
-    marked_ = Meaning{Role::Decoration};
+    if (textMark_) EndMark();
+    texts_.End();
+    if (!structure_ || marksShapes_) return;
+    marksShapes_ = true;
     out_ += kArtifact;
 }
 

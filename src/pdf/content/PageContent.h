@@ -12,10 +12,11 @@ namespace pdf {
 
 /// Collects the content stream of a page. The origin is the lower left corner of the page. With a
 /// structure, texts are marked as content of its elements, or as artifacts, as are all shapes.
-class PageContent {
+class PageContent : private Marker {
 public:
     /// The structure may be null.
-    PageContent(FontSet& fonts, StructureTree* structure) : fonts_(fonts), structure_(structure) {}
+    PageContent(FontSet& fonts, StructureTree* structure)
+        : fonts_(fonts), structure_(structure), texts_(out_, structure ? this : nullptr) {}
 
     /// Colours are 0xBBGGRR.
     void Fill(std::span<const Box> boxes, std::uint32_t color);
@@ -25,9 +26,9 @@ public:
     /// Sets the meaning of the following texts. Those of the same meaning that follow each other
     /// are one piece of content.
     void SetMeaning(const Meaning& meaning) { meaning_ = meaning; }
-    /// The next text begins a line, or is another one than the last. Inside a piece of content a
-    /// blank parts them.
-    void BeginLine() { beginsLine_ = true; }
+    /// The next text does not go on with the last word. Inside a piece of content a blank parts
+    /// them.
+    void PartWords() { partsWords_ = true; }
     void Show(PangoFont* font, const glyphs::GlyphLine& line, const glyphs::Baseline& baseline);
 
     /// Returns the content so far and clears it.
@@ -40,19 +41,19 @@ private:
     void BeginShapes();
     void MarkText(const FontUse& font);
     void EndMark();
+    std::string NextMark(std::string_view actualText) override;
 
     FontSet& fonts_;
     StructureTree* structure_;
     std::string out_;
-    TextContent texts_{out_};
+    TextContent texts_;
     std::uint32_t fillColor_ = 0;  ///< PDF's initial colour of a page is black.
     std::optional<std::uint32_t> strokeColor_;
     double lineWidth_ = 1;  ///< PDF's initial width.
     Meaning meaning_;
-    bool inText_ = false;  ///< Text is being shown, not shapes.
-    bool beginsLine_ = false;
-    bool needsBlank_ = false;        ///< The last text ends in a word.
-    std::optional<Meaning> marked_;  ///< Of the open mark.
+    bool partsWords_ = false;
+    std::optional<Meaning> textMark_;  ///< Meaning of the marked text.
+    bool marksShapes_ = false;
 };
 
 }  // namespace pdf

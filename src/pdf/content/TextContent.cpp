@@ -61,15 +61,20 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
 }
 
 /// Marks several glyphs of one text with ActualText. For readers that do not support it, the first
-/// glyph has the whole text.
+/// glyph has the whole text, and the others have a character that shows nothing.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
     if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
+    constexpr char kNothing[] = "\u2060";  // WORD JOINER.
     CloseString(pen);
-    WriteMark();
-    out_ += "/Span<</ActualText" + TextString(text) + ">>BDC\n";
-    for (const Glyph& glyph : glyphs) ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : "");
+    const bool isMarked = isMarked_ || markNext_;
+    EndMark();
+    out_ +=
+        isMarked ? marker_->NextMark(text) : "/Span<</ActualText" + TextString(text) + ">>BDC\n";
+    for (const Glyph& glyph : glyphs)
+        ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : kNothing);
     CloseString(pen);
     out_ += "EMC\n";
+    markNext_ = isMarked;
 }
 
 void TextContent::AddBlank(const FontUse& font) {
@@ -136,10 +141,7 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
         PlaceUpright(pen, place.x, -place.y);
     else
         PlaceShaped(pen, place.x, -place.y);
-    if (!mark_.empty()) {
-        out_ += '\n';
-        WriteMark();
-    }
+    if (markNext_) WriteMark();
     pen.start = out_.size();
     pen.moved = false;
     pen.open = true;
@@ -148,8 +150,16 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
 
 // A string without moves needs no array; otherwise the blank before it becomes the bracket.
 void TextContent::WriteMark() {
-    out_ += mark_;
-    mark_.clear();
+    out_ += '\n';
+    out_ += marker_->NextMark({});
+    markNext_ = false;
+    isMarked_ = true;
+}
+
+void TextContent::EndMark() {
+    if (isMarked_) out_ += "EMC\n";
+    isMarked_ = false;
+    markNext_ = false;
 }
 
 void TextContent::CloseString(Pen& pen) {

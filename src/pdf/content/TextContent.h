@@ -2,12 +2,20 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "glyphs/GlyphLine.h"
 #include "pdf/fonts/FontSet.h"
 
 namespace pdf {
+
+/// Tells the marks of texts.
+class Marker {
+public:
+    virtual ~Marker() = default;
+    /// Returns the operator that begins the next piece of content. A text that the glyphs do not
+    /// tell themselves is told by the mark.
+    virtual std::string NextMark(std::string_view actualText) = 0;
+};
 
 /// Writes the texts of a page. Each glyph is within kPlaceTolerance of its place, and within
 /// kLeaderTolerance inside a leader, although many PDF readers support only whole widths
@@ -18,13 +26,15 @@ public:
     static constexpr double kPlaceTolerance = 0.01;
     static constexpr double kLeaderTolerance = 0.03;
 
-    explicit TextContent(std::string& out) : out_(out) {}
+    /// The marker is null where nothing is marked.
+    TextContent(std::string& out, Marker* marker) : out_(out), marker_(marker) {}
 
     void Show(const FontUse& font, const glyphs::GlyphLine& line, const glyphs::Baseline& baseline);
 
-    /// Writes a mark right before the next text. Behind the place of a text it compresses better
-    /// than before it.
-    void MarkNext(std::string mark) { mark_ = std::move(mark); }
+    /// Marks the text that follows. The mark stands right before it: behind the place of the text
+    /// it compresses better than before it. Requires a marker.
+    void MarkNext() { markNext_ = true; }
+    void EndMark();
     /// Adds a blank behind the last string, which parts it from the next one for those who hear it.
     void AddBlank(const FontUse& font);
 
@@ -60,7 +70,9 @@ private:
     void PlaceShaped(const Pen& pen, double x, double y);
 
     std::string& out_;
-    std::string mark_;  ///< To be written before the next text.
+    Marker* marker_;
+    bool markNext_ = false;
+    bool isMarked_ = false;
     bool inTexts_ = false;
     int fontName_ = -1;
     double fontPoints_ = 0;

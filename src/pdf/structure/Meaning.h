@@ -18,11 +18,13 @@ enum class Role : std::uint8_t {
 /// What the texts that follow mean.
 struct Meaning {
     Role role = Role::Paragraph;
-    /// Of names and references: those of one number that follow each other, on whatever pages, are
-    /// one item of the list.
-    std::uint64_t listing = 0;
+    /// Texts of one number that follow each other, on whatever pages, are one heading or paragraph;
+    /// names and references of one number are one listing.
+    std::uint64_t item = 0;
     /// As in "de-AT", where it differs from that of the document; else empty.
     std::string_view language = {};
+    /// The text as it is read, where its glyphs stand in another order; else empty.
+    std::string_view actualText = {};
 
     bool operator==(const Meaning&) const = default;
 };

@@ -52,22 +52,38 @@ int StructureTree::Add(const Meaning& meaning) {
     return AddToListing(meaning);
 }
 
-int StructureTree::Mark(int element) {
-    marks_.push_back(element);
-    return static_cast<int>(marks_.size()) - 1;
-}
-
-void StructureTree::Open(Element& element, int object, std::string_view language) const {
+void StructureTree::Open(Element& element, int object, const Meaning& meaning) const {
     element.object = object;
+    element.item = meaning.item;
     element.page = page_;
     element.kids.clear();
-    element.language = language;
+    element.language = meaning.language;
+}
+
+/// Adds content to an element. Returns its mark.
+int StructureTree::AddPiece(Element& element, const Meaning& meaning) {
+    const auto mark = static_cast<int>(marks_.size());
+    if (meaning.actualText.empty()) {
+        marks_.push_back(element.object);
+        AddMark(element, mark);
+    } else {
+        marks_.push_back(AddSpan(element, meaning.actualText));
+        AppendAligned(element.kids, marks_.back());
+    }
+    return mark;
 }
 
 /// Content of another page than the element's first names its page.
-void StructureTree::AddPiece(Element& element, int mark) const {
+void StructureTree::AddMark(Element& element, int mark) const {
     if (element.page == page_) return AppendMark(element.kids, mark);
     element.kids += "<</Type/MCR/Pg " + Reference(page_) + "/MCID " + std::to_string(mark) + ">>";
+}
+
+/// Writes an element for the next mark, which tells its text. Returns its object number.
+int StructureTree::AddSpan(const Element& element, std::string_view actualText) {
+    return file_.WriteObject("<</S/Span/P " + Reference(element.object) + "/Pg " +
+                             Reference(page_) + "/ActualText" + TextString(actualText) + "/K " +
+                             std::to_string(marks_.size()) + ">>");
 }
 
 std::string StructureTree::Body(const Element& element, const char* type, int parent) const {
@@ -82,38 +98,48 @@ std::string StructureTree::Body(const Element& element, const char* type, int pa
 }
 
 int StructureTree::AddHeading(const Meaning& meaning) {
-    CloseList();
-    Element heading;
-    Open(heading, file_.NewObject(), meaning.language);
-    const int mark = Mark(heading.object);
-    AddPiece(heading, mark);
-    file_.WriteObject(heading.object, Body(heading, "H1", index_));
-    indexKids_.push_back(heading.object);
-    return mark;
+    if (heading_.object == 0 || heading_.item != meaning.item) {
+        CloseHeading();
+        CloseList();
+        Open(heading_, file_.NewObject(), meaning);
+        indexKids_.push_back(heading_.object);
+    }
+    return AddPiece(heading_, meaning);
+}
+
+void StructureTree::CloseHeading() {
+    if (heading_.object == 0) return;
+    file_.WriteObject(heading_.object, Body(heading_, "H1", index_));
+    heading_.object = 0;
 }
 
 int StructureTree::AddParagraph(const Meaning& meaning) {
-    Element paragraph;
-    Open(paragraph, file_.NewObject(), meaning.language);
-    const int mark = Mark(paragraph.object);
-    AddPiece(paragraph, mark);
-    file_.WriteObject(paragraph.object, Body(paragraph, "P", document_));
-    documentKids_.push_back(paragraph.object);
-    return mark;
+    if (paragraph_.object == 0 || paragraph_.item != meaning.item) {
+        CloseParagraph();
+        Open(paragraph_, file_.NewObject(), meaning);
+        documentKids_.push_back(paragraph_.object);
+    }
+    return AddPiece(paragraph_, meaning);
+}
+
+void StructureTree::CloseParagraph() {
+    if (paragraph_.object == 0) return;
+    file_.WriteObject(paragraph_.object, Body(paragraph_, "P", document_));
+    paragraph_.object = 0;
 }
 
 int StructureTree::AddToListing(const Meaning& meaning) {
-    if (item_ == 0 || meaning.listing != listing_) BeginListing(meaning);
-    const bool isReference = meaning.role == Role::Reference;
-    if (isReference && reference_.object == 0) {
-        Open(reference_, references_.NewObject(), meaning.language);
+    CloseHeading();
+    if (item_ == 0 || meaning.item != body_.item) BeginListing(meaning);
+    if (meaning.role != Role::Reference) {
+        CloseReference();
+        return AddPiece(body_, meaning);
+    }
+    if (reference_.object == 0) {
+        Open(reference_, references_.NewObject(), meaning);
         AppendAligned(body_.kids, reference_.object);
     }
-    if (!isReference) CloseReference();
-    Element& element = isReference ? reference_ : body_;
-    const int mark = Mark(element.object);
-    AddPiece(element, mark);
-    return mark;
+    return AddPiece(reference_, meaning);
 }
 
 void StructureTree::BeginListing(const Meaning& meaning) {
@@ -122,10 +148,10 @@ void StructureTree::BeginListing(const Meaning& meaning) {
         list_ = file_.NewObject();
         indexKids_.push_back(list_);
     }
-    listing_ = meaning.listing;
     item_ = items_.NewObject();
     listKids_.push_back(item_);
-    Open(body_, bodies_.NewObject(), meaning.role == Role::Name ? meaning.language : "");
+    Open(body_, bodies_.NewObject(), meaning);
+    if (meaning.role != Role::Name) body_.language.clear();
 }
 
 void StructureTree::CloseReference() {
@@ -157,6 +183,8 @@ void StructureTree::CloseList() {
 }
 
 int StructureTree::Write() {
+    CloseHeading();
+    CloseParagraph();
     CloseList();
     for (ObjectRows* rows : {&items_, &bodies_, &references_}) rows->Flush();
     arrays_.Write(index_,

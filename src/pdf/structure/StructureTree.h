@@ -39,24 +39,28 @@ public:
 private:
     /// An element of which pieces of content may still come.
     struct Element {
-        int object = 0;    ///< 0: there is none.
+        int object = 0;  ///< 0: none is open.
+        std::uint64_t item = 0;
         int page = 0;      ///< Object number of the page of its first piece.
         std::string kids;  ///< As the file has them.
         std::string language;
     };
 
-    int Mark(int element);
-    void Open(Element& element, int object, std::string_view language) const;
-    void AddPiece(Element& element, int mark) const;
-    void Close(Element& element, const char* type, int parent);
+    int AddPiece(Element& element, const Meaning& meaning);
+    void Open(Element& element, int object, const Meaning& meaning) const;
+    int AddSpan(const Element& element, std::string_view actualText);
+    void AddMark(Element& element, int mark) const;
+    std::string Body(const Element& element, const char* type, int parent) const;
+
     int AddHeading(const Meaning& meaning);
+    void CloseHeading();
     int AddParagraph(const Meaning& meaning);
+    void CloseParagraph();
     int AddToListing(const Meaning& meaning);
     void BeginListing(const Meaning& meaning);
     void CloseReference();
     void CloseListing();
     void CloseList();
-    std::string Body(const Element& element, const char* type, int parent) const;
 
     ObjectFile& file_;
     ObjectRows items_, bodies_, references_, arrays_;
@@ -67,10 +71,10 @@ private:
     int page_ = 0;
     std::vector<int> marks_;  ///< The element of each piece of content of the page.
 
-    std::uint64_t listing_ = 0;
-    int list_ = 0, item_ = 0;  ///< Object numbers; 0 where none is open.
+    Element heading_, paragraph_;
+    int list_ = 0, item_ = 0;  ///< Object numbers; 0: none is open.
     std::vector<int> listKids_;
-    Element body_, reference_;
+    Element body_, reference_;  ///< Of the item.
 };
 
 }  // namespace pdf

@@ -1,0 +1,34 @@
+#include "characters/WordParts.h"
+
+#include <unicode/uchar.h>
+
+#include "characters/Utf8.h"
+
+namespace characters {
+namespace {
+
+bool IsWrittenWithoutBlanks(UChar32 character) {
+    const auto breaks = u_getIntPropertyValue(character, UCHAR_LINE_BREAK);
+    return breaks == U_LB_IDEOGRAPHIC || breaks == U_LB_COMPLEX_CONTEXT ||
+           breaks == U_LB_CONDITIONAL_JAPANESE_STARTER || breaks == U_LB_CLOSE_PUNCTUATION;
+}
+
+UChar32 LastOf(std::string_view text) {
+    std::size_t start = text.size() - 1;
+    while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0) == 0x80) --start;
+    return static_cast<UChar32>(NextCodePoint(text, start));
+}
+
+}  // namespace
+
+bool LineEndPartsWords(std::string_view before, std::string_view after) {
+    if (before.empty() || after.empty() || before.back() == ' ' || before.back() == '-' ||
+        after.front() == ' ')
+        return false;
+    std::size_t at = 0;
+    const char32_t first = NextCodePoint(after, at);
+    return !(IsWrittenWithoutBlanks(LastOf(before)) &&
+             IsWrittenWithoutBlanks(static_cast<UChar32>(first)));
+}
+
+}  // namespace characters
