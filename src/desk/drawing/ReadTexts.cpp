@@ -8,93 +8,97 @@ namespace desk {
 namespace {
 
 /// Shows the lines of one text, part by part.
-class PartedLines {
+class PartedText {
 public:
-    PartedLines(Canvas& canvas, std::string_view text, std::span<const TextPart> parts)
+    PartedText(Canvas& canvas, std::string_view text, std::span<const TextPart> parts)
         : canvas_(canvas), text_(text), parts_(parts) {}
 
-    /// The text before is that of the last line that was shown on the canvas.
-    void Show(const PlacedGlyphs::Line& line, std::string_view& before) {
-        if (SkipLineEnds() || at_ == 0) PartWords(before);
-        const std::size_t size = line.glyphs.text.size();
-        before = text_.substr(at_, size);
-        if (before == line.glyphs.text)
-            ShowInOrder(line);
-        else
-            ShowOutOfOrder(line);
-        at_ += size;
-    }
-
-private:
-    bool SkipLineEnds() {
-        const std::size_t start = at_;
-        while (at_ < text_.size() && (text_[at_] == '\r' || text_[at_] == '\n')) ++at_;
-        return at_ > start;
-    }
-    void PartWords(std::string_view before) {
-        if (characters::LineEndPartsWords(before, text_.substr(at_))) canvas_.PartWords();
-    }
-
-    void ShowInOrder(const PlacedGlyphs::Line& line) {
-        ShowParts(line, [this](const Glyph& glyph, std::size_t byte) -> const TextPart& {
-            return PartAt(at_ + byte + std::size_t{glyph.bytes} * glyph.count - 1);
-        });
-    }
-
-    /// In a line to the left, or of both directions, only a leader is told from the rest.
-    void ShowOutOfOrder(const PlacedGlyphs::Line& line) {
-        ShowParts(
-            line,
-            [this](const Glyph& glyph, std::size_t) -> const TextPart& {
-                const bool leads = glyph.count > 1;
-                const auto found = std::ranges::find_if(parts_, [&](const TextPart& part) {
-                    return part.end > at_ && (part.meaning.role == pdf::Role::Decoration) == leads;
-                });
-                return found == parts_.end() ? parts_.back() : *found;
-            },
-            line.glyphs.text.size());
-    }
-
-    /// Shows the glyphs of each part together. Where the glyphs stand out of order, the parts of so
-    /// many bytes of text are told beside them.
-    template <class PartOf>
-    void ShowParts(const PlacedGlyphs::Line& line, const PartOf& partOf, std::size_t told = 0) {
-        const std::string_view shown = line.glyphs.text;
-        auto glyphs = line.glyphs.glyphs;
-        for (std::size_t byte = 0; !glyphs.empty();) {
-            const TextPart& part = partOf(glyphs[0], byte);
-            const std::size_t start = byte;
-            std::size_t count = 0;
-            do {
-                byte += std::size_t{glyphs[count].bytes} * glyphs[count].count;
-                ++count;
-            } while (count < glyphs.size() &&
-                     (glyphs[count].bytes == 0 || &partOf(glyphs[count], byte) == &part));
-            pdf::Meaning meaning = part.meaning;
-            if (told > 0) meaning.actualText = TextOf(part, told);
-            canvas_.SetMeaning(meaning);
-            canvas_.Show(line.font, {glyphs.first(count), shown.substr(start, byte - start)},
-                         line.baseline);
-            glyphs = glyphs.subspan(count);
+    /// Shows collected lines from first to end, exclusive. A line of the text may be several of
+    /// these, one for each font. The text before is that of the last line on the canvas.
+    void Show(const PlacedGlyphs& lines, std::size_t first, std::size_t end,
+              std::string_view& before) {
+        while (first < end) {
+            NextLine(before);
+            const std::size_t last = EndOfLine(lines, first, end);
+            for (; first < last; ++first) ShowParts(lines.At(first));
+            before = line_;
         }
     }
 
-    /// Returns what a part has of the next bytes.
-    std::string_view TextOf(const TextPart& part, std::size_t size) const {
-        const std::size_t start = std::max(&part == parts_.data() ? 0 : (&part - 1)->end, at_);
-        const std::size_t end = std::min(part.end, at_ + size);
-        return start < end ? text_.substr(start, end - start) : std::string_view();
+private:
+    void NextLine(std::string_view before) {
+        const bool begins = at_ == 0 || text_[at_ - 1] != '\n';
+        while (at_ < text_.size() && (text_[at_] == '\r' || text_[at_] == '\n')) ++at_;
+        const std::size_t end = std::min(text_.find_first_of("\r\n", at_), text_.size());
+        line_ = text_.substr(at_, end - at_);
+        if (begins && characters::LineEndPartsWords(before, line_)) canvas_.PartWords();
     }
-    const TextPart& PartAt(std::size_t place) const {
-        const auto found =
-            std::ranges::find_if(parts_, [&](const TextPart& part) { return part.end > place; });
+
+    /// Finds the end of the collected lines that make up the line, at least one, and whether their
+    /// glyphs stand in the order of the text.
+    std::size_t EndOfLine(const PlacedGlyphs& lines, std::size_t first, std::size_t end) {
+        isInOrder_ = true;
+        std::size_t byte = 0;
+        std::size_t last = first;
+        for (; last < end && (last == first || byte < line_.size()); ++last) {
+            const std::string_view shown = lines.At(last).glyphs.text;
+            if (line_.substr(byte, shown.size()) != shown) isInOrder_ = false;
+            byte += shown.size();
+        }
+        lineStart_ = at_;
+        return last;
+    }
+
+    void ShowParts(const PlacedGlyphs::Line& line) {
+        auto glyphs = line.glyphs.glyphs;
+        std::string_view shown = line.glyphs.text;
+        while (!glyphs.empty()) {
+            const TextPart& part = PartOf(glyphs[0], at_);
+            std::size_t bytes = 0;
+            std::size_t count = 0;
+            do {
+                bytes += std::size_t{glyphs[count].bytes} * glyphs[count].count;
+                ++count;
+            } while (count < glyphs.size() &&
+                     (glyphs[count].bytes == 0 || &PartOf(glyphs[count], at_ + bytes) == &part));
+            canvas_.SetMeaning(MeaningOf(part));
+            canvas_.Show(line.font, {glyphs.first(count), shown.substr(0, bytes)}, line.baseline);
+            glyphs = glyphs.subspan(count);
+            shown.remove_prefix(bytes);
+            at_ += bytes;
+        }
+    }
+
+    /// Returns the part that has the last byte of a glyph. Out of order, as in a line to the left,
+    /// only a leader is told from the rest.
+    const TextPart& PartOf(const Glyph& glyph, std::size_t place) const {
+        const std::size_t last = place + std::size_t{glyph.bytes} * glyph.count - 1;
+        const bool leads = glyph.count > 1;
+        const auto found = std::ranges::find_if(parts_, [&](const TextPart& part) {
+            if (isInOrder_) return part.end > last;
+            return part.end > lineStart_ && (part.meaning.role == pdf::Role::Decoration) == leads;
+        });
         return found == parts_.end() ? parts_.back() : *found;
+    }
+
+    /// Out of order, the meaning tells what the part has of the line.
+    pdf::Meaning MeaningOf(const TextPart& part) const {
+        pdf::Meaning meaning = part.meaning;
+        if (isInOrder_) return meaning;
+        const std::size_t start =
+            std::max(&part == parts_.data() ? 0 : (&part - 1)->end, lineStart_);
+        const std::size_t end = std::min(part.end, lineStart_ + line_.size());
+        if (start < end) meaning.actualText = text_.substr(start, end - start);
+        return meaning;
     }
 
     Canvas& canvas_;
     std::string_view text_;
     std::span<const TextPart> parts_;
     std::size_t at_ = 0;  ///< Bytes of the text that are shown.
+    std::string_view line_;
+    std::size_t lineStart_ = 0;
+    bool isInOrder_ = true;
 };
 
 }  // namespace
@@ -113,11 +117,9 @@ void ReadTexts::Show(Canvas& canvas, const PlacedGlyphs& lines, std::size_t firs
     std::string_view before;
     for (const Text& text : std::span(texts_).subspan(first, end - first)) {
         const std::string_view bytes = bytes_;
-        PartedLines parted(
-            canvas, bytes.substr(text.firstByte, text.endByte - text.firstByte),
-            std::span(parts_).subspan(text.firstPart, text.endPart - text.firstPart));
-        for (std::size_t i = text.firstLine; i < text.endLine; ++i)
-            parted.Show(lines.At(i), before);
+        PartedText parted(canvas, bytes.substr(text.firstByte, text.endByte - text.firstByte),
+                          std::span(parts_).subspan(text.firstPart, text.endPart - text.firstPart));
+        parted.Show(lines, text.firstLine, text.endLine, before);
     }
     canvas.FinishGlyphs();
 }
