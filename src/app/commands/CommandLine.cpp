@@ -61,6 +61,7 @@ private:
     void AddNewDocumentOptions(CLI::App& command);
     void AddSheetOptions(CLI::App& command);
     void AddOutputOptions(CLI::App& command);
+    void AddMapOptions(CLI::App& command);
     void AddMake();
     void AddEditing();
     void AddColumn();
@@ -158,6 +159,23 @@ void Commands::AddOutputOptions(CLI::App& command) {
                      "Write no file where anything would be wrong in print");
 }
 
+void Commands::AddMapOptions(CLI::App& command) {
+    MapFile& maps = options_.written.maps;
+    auto* const beside =
+        AddText(command, "--maps", maps.path,
+                "PDF of the maps: each reference of a PDF becomes a link to its page");
+    auto* const append = command.add_option_function<std::string>(
+        "--append-to",
+        [&maps](const std::string& path) {
+            maps.path = path;
+            maps.isSameFile = true;
+        },
+        "PDF of the maps: the index is put behind them in one PDF, with links");
+    append->excludes(beside);
+    command.add_option("--first-map-page", maps.firstPage,
+                       "Page of that PDF with the number 1 (default: by its page labels)");
+}
+
 void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
     DeclareLocateForMake(make, options_);
@@ -176,6 +194,7 @@ void Commands::AddMake() {
     make.add_flag("--plain-rules", options_.plainRules,
                   "Without the settings of typesetting that make begins with");
     AddOutputOptions(make);
+    AddMapOptions(make);
 }
 
 void Commands::AddEditing() {
@@ -229,6 +248,7 @@ void Commands::AddPages() {
         ->required();
     AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
     AddOutputOptions(output);
+    AddMapOptions(output);
 }
 
 void Commands::AddOthers() {

@@ -52,22 +52,24 @@ void CommandSession::BindDrawable() {
     if (!document_.Manager().CanDraw()) throw CommandError(UndrawableSentence(document_.Reasons()));
 }
 
-FindingList CommandSession::Find(const std::optional<PageRange>& pages) {
+FindingList CommandSession::Find(const std::optional<PageRange>& pages, const MapFile& maps) {
     found_ = true;
     return FindFindings(
         document_,
         document_.TheDesk().UsesLetterFormat() ? LengthUnit::Inches : LengthUnit::Millimeters,
-        pages);
+        pages, maps);
 }
 
-FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages) {
-    auto list = Find(pages);
+FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages,
+                                         const MapFile& maps) {
+    auto list = Find(pages, maps);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
     return list;
 }
 
-void CommandSession::CheckFindings(const std::optional<PageRange>& pages, bool strict) {
-    const auto list = TellFindings(pages);
+void CommandSession::CheckFindings(const std::optional<PageRange>& pages, bool strict,
+                                   const MapFile& maps) {
+    const auto list = TellFindings(pages, maps);
     if (strict && !list.IsEmpty())
         throw CommandError("With --strict no file is written: there " +
                            std::string(list.Total() == 1

@@ -38,11 +38,14 @@ public:
     /// Binds the manager. Throws with the reasons if the gazetteer cannot be drawn.
     void BindDrawable();
     /// Returns what would be wrong on the pages, or on all.
-    FindingList Find(const std::optional<PageRange>& pages = std::nullopt);
+    FindingList Find(const std::optional<PageRange>& pages = std::nullopt,
+                     const MapFile& maps = {});
     /// The same, with a warning for each.
-    FindingList TellFindings(const std::optional<PageRange>& pages = std::nullopt);
+    FindingList TellFindings(const std::optional<PageRange>& pages = std::nullopt,
+                             const MapFile& maps = {});
     /// The same; if strict, throws if there is anything.
-    void CheckFindings(const std::optional<PageRange>& pages, bool strict);
+    void CheckFindings(const std::optional<PageRange>& pages, bool strict,
+                       const MapFile& maps = {});
     /// Throws if there is no page to draw.
     void CheckHasPages();
 

@@ -43,6 +43,7 @@ int Draft(const Options& options) {
 
 int Export(const Options& options) {
     CheckOutputName(options.output);
+    CheckMaps(options.written.maps, options.output);
     const auto asked = ParsePages(options.pages);
     CommandSession session(options);
     auto& document = session.Open(options.document);
@@ -52,7 +53,7 @@ int Export(const Options& options) {
     const auto pages = asked.value_or(PageRange{1, document.PageCount()});
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
-    session.CheckFindings(asked, options.strict);
+    session.CheckFindings(asked, options.strict, options.written.maps);
     WriteSheets(document, options.output, pages, {}, options.written);
     ClearProgress();
     return kDone;

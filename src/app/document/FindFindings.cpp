@@ -204,12 +204,13 @@ void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
     finder.AddUnplaced();
 }
 
-FindingList FindFindings(OpenDocument& open, LengthUnit unit,
-                         const std::optional<PageRange>& pages) {
+FindingList FindFindings(OpenDocument& open, LengthUnit unit, const std::optional<PageRange>& pages,
+                         const MapFile& maps) {
     FindingList list;
     AddGazetteerFindings(open, unit, pages, list);
     AddElementsOffSheet(open, list);
     AddFonts(open, pages, list);
+    if (!maps.path.empty()) AddMapFindings(open, maps, list);
     return list;
 }
 

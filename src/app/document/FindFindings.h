@@ -11,15 +11,18 @@ namespace app {
 
 /// Returns what would be wrong on the given pages of the bound gazetteer, or on all: reads the
 /// listing database once, and numbers the pages of stored results again. Lengths in sentences have
-/// the given unit. Throws if that fails.
+/// the given unit. With maps, also the references that lead nowhere. Throws if that fails.
 FindingList FindFindings(OpenDocument& open, LengthUnit unit,
-                         const std::optional<PageRange>& pages = std::nullopt);
+                         const std::optional<PageRange>& pages = std::nullopt,
+                         const MapFile& maps = {});
 
 /// The parts of which FindFindings consists, in their order.
 /// @{
 /// Adds those of the bound gazetteer.
 void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
                           const std::optional<PageRange>& pages, FindingList& list);
+/// Adds the references of the bound gazetteer that lead to no page of the maps.
+void AddMapFindings(OpenDocument& open, const MapFile& maps, FindingList& list);
 /// Adds the elements that do not lie on the sheet.
 void AddElementsOffSheet(OpenDocument& open, FindingList& list);
 /// Adds the fonts of all gazetteers and texts of the document that are not installed, and the

@@ -35,6 +35,7 @@ constexpr KindTexts kTexts[] = {
     {findings::kTableFault, "Faults of the listing database", "faults are in the listing database"},
     {findings::kUnknownToken, "Unknown tokens", "tokens are unknown"},
     {findings::kOverlap, "Overlapping columns", "settings make columns overlap"},
+    {findings::kNoTarget, "References without a map page", "references lead to no map page"},
     {findings::kUndrawable, "Reasons why the gazetteer cannot be drawn", "reasons"},
 };
 

@@ -27,6 +27,7 @@ inline constexpr char kOldResults[] = "old-results";
 inline constexpr char kTableFault[] = "table-fault";
 inline constexpr char kUnknownToken[] = "unknown-token";
 inline constexpr char kOverlap[] = "overlap";
+inline constexpr char kNoTarget[] = "no-target";
 /// Of the window, which lists the reasons why a gazetteer cannot be drawn with the findings.
 inline constexpr char kUndrawable[] = "undrawable";
 }  // namespace findings

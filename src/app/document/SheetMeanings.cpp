@@ -46,26 +46,31 @@ Dots LongestDots(std::string_view text) {
 
 }  // namespace
 
-SheetMeanings::SheetMeanings(OpenDocument& open) : languages_(open.TheDesk().LanguageTag()) {
+SheetMeanings::SheetMeanings(OpenDocument& open, MapPages* pages)
+    : pages_(pages), languages_(open.TheDesk().LanguageTag()) {
     const gazetteer::Settings& settings = open.Manager().BoundSettings();
     for (const std::string& name : gazetteer::NamesOf(*settings.columnDisplayOrder)) {
         const auto set = gazetteer::SetUnder(*settings.columnsProperties, name);
         const auto column = gazetteer::ReadColumnProperties(*set, open.Host().Locale());
-        columns_.push_back(ReadColumn(column.expression));
+        columns_.push_back(ReadColumn(settings, column.expression));
     }
     leader_ = settings.typesetting.leaderDot + ' ';
     continued_ = settings.typesetting.continued;
 }
 
-SheetMeanings::Column SheetMeanings::ReadColumn(const std::string& expression) {
+SheetMeanings::Column SheetMeanings::ReadColumn(const gazetteer::Settings& settings,
+                                                const std::string& expression) const {
     const auto leader = expression.find(gazetteer::kDotsToken);
     const std::string_view whole = expression;
     const auto roleOf = [](std::string_view part) {
         return BeginsWithPlace(part) ? Role::Reference : Role::Name;
     };
-    if (leader == std::string::npos) return {false, roleOf(whole), roleOf(whole)};
-    const auto behind = leader + std::size(gazetteer::kDotsToken) - 1;
-    return {true, roleOf(whole.substr(0, leader)), roleOf(whole.substr(behind))};
+    const bool hasLeader = leader != std::string::npos;
+    const auto tail =
+        hasLeader ? whole.substr(leader + std::size(gazetteer::kDotsToken) - 1) : whole;
+    Column column{hasLeader, roleOf(whole.substr(0, leader)), roleOf(tail), {}};
+    if (pages_) column.references = References::Of(settings, tail);
+    return column;
 }
 
 void SheetMeanings::Enter(const host::IHostGroupElement& group) {
@@ -73,7 +78,7 @@ void SheetMeanings::Enter(const host::IHostGroupElement& group) {
     if (row_ != Row::None) {
         if (++rowDepth_ != 1) return;
         ++column_;
-        isBehindLeader_ = false;
+        if (row_ == Row::Listing) BeginCell(group);
         return;
     }
     const auto* const named = asNamed_(&group);
@@ -122,7 +127,7 @@ std::span<const desk::TextPart> SheetMeanings::Read(const host::IHostTextElement
     else if (row_ == Row::Heading)
         AddHeading(text);
     else
-        AddListingText(text);
+        AddListingText(columns_[std::min(column_ - 1, columns_.size() - 1)], text);
     return parts_;
 }
 
@@ -151,24 +156,72 @@ void SheetMeanings::AddHeading(std::string_view text) {
     Add(goesOn ? Role::PageMatter : Role::Heading, text, text.size());
 }
 
-void SheetMeanings::AddListingText(std::string_view text) {
+/// Finds the references of the cell, which may go on from one text to the next.
+void SheetMeanings::BeginCell(const host::IHostGroupElement& cell) {
+    isBehindLeader_ = false;
+    references_.clear();
     const Column& column = columns_[std::min(column_ - 1, columns_.size() - 1)];
-    if (!column.hasLeader) return Add(column.before, text, text.size());
+    if (!column.references) return;
+    cellText_.clear();
+    for (std::int32_t i = 0; i < cell.Count(); ++i) {
+        const auto element = host::As<host::IHostTextElement>(cell.Item(i));
+        if (!element) continue;
+        const std::string text = element->Text();
+        parts_.clear();
+        AddListingText(column, text);
+        std::size_t first = 0;
+        for (const desk::TextPart& part : parts_) {
+            if (part.meaning.role == Role::Reference)
+                cellText_.append(text, first, part.end - first).append("\n");
+            first = part.end;
+        }
+    }
+    references_ = column.references->Find(cellText_);
+    cellAt_ = 0;
+    isBehindLeader_ = false;
+}
+
+void SheetMeanings::AddListingText(const Column& column, std::string_view text) {
+    const auto add = [&](Role role, std::size_t first, std::size_t end) {
+        if (role == Role::Reference && !references_.empty())
+            AddReferences(text.substr(first, end - first), first);
+        else
+            Add(role, text.substr(first, end - first), end);
+    };
+    if (!column.hasLeader) return add(column.before, 0, text.size());
     if (text.find_first_not_of(leader_) == std::string_view::npos) {
         isBehindLeader_ = true;
         return Add(Role::Decoration, {}, text.size());
     }
     const Dots dots = LongestDots(text);
-    if (dots.count < 2)
-        return Add(isBehindLeader_ ? column.behind : column.before, text, text.size());
-    if (dots.first > 0) Add(column.before, text.substr(0, dots.first), dots.first);
+    if (dots.count < 2) return add(isBehindLeader_ ? column.behind : column.before, 0, text.size());
+    if (dots.first > 0) add(column.before, 0, dots.first);
     const std::size_t end = dots.first + dots.count;
     Add(Role::Decoration, {}, end);
-    if (end < text.size()) Add(column.behind, text.substr(end), text.size());
+    if (end < text.size()) add(column.behind, end, text.size());
+}
+
+/// Adds the next text of the cell's references, which stands behind so many bytes of its element:
+/// a part for each reference, and for what is between them.
+void SheetMeanings::AddReferences(std::string_view text, std::size_t before) {
+    const auto partUpTo = [&](std::size_t place, const pdf::Target* target) {
+        const std::size_t end =
+            std::clamp(place, cellAt_, cellAt_ + text.size()) - cellAt_ + before;
+        if (end == (parts_.empty() ? 0 : parts_.back().end)) return;
+        Add(Role::Reference, text, end);
+        parts_.back().meaning.target = target;
+    };
+    for (const FoundReference& reference : references_) {
+        if (reference.end <= cellAt_ || reference.first >= cellAt_ + text.size()) continue;
+        partUpTo(reference.first, nullptr);
+        partUpTo(reference.end, pages_->Find(reference.page));
+    }
+    partUpTo(cellAt_ + text.size(), nullptr);
+    cellAt_ += text.size() + 1;
 }
 
 void SheetMeanings::Add(Role role, std::string_view text, std::size_t end) {
-    parts_.push_back({{role, item_, languages_.Of(text)}, end});
+    parts_.push_back({{role, item_, languages_.Of(text), {}, nullptr}, end});
 }
 
 }  // namespace app

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "app/document/MapPages.h"
 #include "app/document/OpenDocument.h"
+#include "app/document/References.h"
 #include "desk/drawing/TextReader.h"
 #include "desk/locale/ScriptLanguages.h"
 #include "host/KnownCast.h"
@@ -16,8 +18,9 @@ namespace app {
 /// the settings of the gazetteer.
 class SheetMeanings final : public desk::TextReader {
 public:
-    /// For the bound gazetteer, with its present settings.
-    explicit SheetMeanings(OpenDocument& open);
+    /// For the bound gazetteer, with its present settings. The pages, which references lead to, may
+    /// be null.
+    SheetMeanings(OpenDocument& open, MapPages* pages);
 
     void Enter(const host::IHostGroupElement& group) override;
     void Leave() override;
@@ -32,16 +35,20 @@ private:
         bool hasLeader = false;
         pdf::Role before = pdf::Role::Name;
         pdf::Role behind = pdf::Role::Name;
+        std::optional<References> references;
     };
-    static Column ReadColumn(const std::string& expression);
+    Column ReadColumn(const gazetteer::Settings& settings, const std::string& expression) const;
 
     void BeginRow(Row row, const host::IHostGroupElement& group);
     bool HasName(const host::IHostGroupElement& row) const;
     void AddSheetText(const host::IHostTextElement& element);
     void AddHeading(std::string_view text);
-    void AddListingText(std::string_view text);
+    void BeginCell(const host::IHostGroupElement& cell);
+    void AddListingText(const Column& column, std::string_view text);
+    void AddReferences(std::string_view text, std::size_t before);
     void Add(pdf::Role role, std::string_view text, std::size_t end);
 
+    MapPages* pages_;
     std::vector<Column> columns_;
     std::string leader_;     ///< The characters of leaders that are texts of their own.
     std::string continued_;  ///< Text of a heading that goes on.
@@ -56,6 +63,9 @@ private:
     std::uint64_t item_ = 0;
     std::string heading_;  ///< The last one.
     std::vector<desk::TextPart> parts_;
+    std::string cellText_;                    ///< All references of the cell, a line for each text.
+    std::vector<FoundReference> references_;  ///< In it.
+    std::size_t cellAt_ = 0;                  ///< Bytes of it that were read.
 };
 
 }  // namespace app

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <sys/resource.h>
 
+#include "app/document/BehindMaps.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "app/document/PageFurniture.h"
@@ -78,12 +79,23 @@ bool HoldsManySheets(const std::string& path) {
     return format && format->manySheets;
 }
 
-// Returns null for a format that keeps no meanings.
-std::unique_ptr<SheetMeanings> MeaningsFor(OpenDocument& open, const std::string& path,
-                                           const SheetOutput& output) {
-    if (!output.tags || !HoldsManySheets(path)) return nullptr;
-    return std::make_unique<SheetMeanings>(open);
-}
+// What an export to one path knows beside the pages.
+class SheetReading {
+public:
+    SheetReading(OpenDocument& open, const std::string& path, const SheetOutput& output) {
+        if (!HoldsManySheets(path)) return;
+        if (!output.maps.path.empty()) pages_.emplace(output.maps, path);
+        if (output.tags || pages_) meanings_.emplace(open, pages_ ? &*pages_ : nullptr);
+    }
+
+    // Null for a format that keeps no meanings.
+    SheetMeanings* Meanings() { return meanings_ ? &*meanings_ : nullptr; }
+    const MapPages& Pages() const { return *pages_; }
+
+private:
+    std::optional<MapPages> pages_;
+    std::optional<SheetMeanings> meanings_;
+};
 
 // Raises the limit of open files to the hard limit of the process.
 void AllowManyFiles() {
@@ -114,6 +126,15 @@ void CheckOutputName(const std::string& path) {
     if (!desk::FormatOf(path))
         throw UsageError("The output \"" + path + "\" must end in " + desk::PageEndings() + '.');
     CheckFolderOf(path);
+}
+
+void CheckMaps(const MapFile& maps, const std::string& output) {
+    if (maps.path.empty()) return;
+    if (!HoldsManySheets(output))
+        throw UsageError("The output \"" + output +
+                         "\" must end in .pdf: only a PDF has links to maps.");
+    if (IsSameFile(maps.path, output))
+        throw UsageError("The file \"" + output + "\" cannot be written: the maps are in it.");
 }
 
 std::optional<PageRange> ParsePages(const std::string& text) {
@@ -166,26 +187,32 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
                  const SheetListener& before, const SheetOutput& output) {
     const bool one = HoldsManySheets(path);
-    const auto meanings = MeaningsFor(open, path, output);
+    SheetReading reading(open, path, output);
+    std::optional<BehindMaps> behind;
+    if (one && output.maps.isSameFile) behind.emplace();
+    const std::string target = behind ? behind->IndexPath() : path;
     if (!one) AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> files;
     for (std::int32_t page = pages.first; page <= pages.last; ++page) {
         if (!one || files.empty())
-            files.push_back(OpenWriter(open, one ? path : NumberedPath(path, page), page, output));
+            files.push_back(
+                OpenWriter(open, one ? target : NumberedPath(path, page), page, output));
         if (before) before(page);
         DrawPage(open, page);
-        WriteSheet(open, *files.back(), page, meanings.get());
+        WriteSheet(open, *files.back(), page, reading.Meanings());
         if (!one || page == pages.last) files.back()->Complete();
     }
     // Only now, so that a failure leaves the files of an earlier export unchanged.
     for (const auto& file : files) file->Place();
+    if (behind)
+        behind->Write(output.maps, reading.Pages(), open.TheDesk().CurrentDocument().title, path);
 }
 
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
                     const SheetOutput& output) {
-    const auto meanings = MeaningsFor(open, path, output);
+    SheetReading reading(open, path, output);
     const auto writer = OpenWriter(open, path, page, output);
-    WriteSheet(open, *writer, page, meanings.get());
+    WriteSheet(open, *writer, page, reading.Meanings());
     writer->Finish();
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "app/document/MapPages.h"
 #include "app/document/OpenDocument.h"
 #include "desk/drawing/Canvas.h"
 #include "desk/drawing/TextReader.h"
@@ -36,6 +37,7 @@ void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page,
 struct SheetOutput {
     double dotsPerInch = 150;  ///< Of PNG images.
     bool tags = true;          ///< A PDF tells the structure and meaning of its texts.
+    MapFile maps;              ///< That references of a PDF lead to.
 };
 
 /// Called before each page is drawn. An exception from it cancels the export.
@@ -61,6 +63,10 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 /// Writes the sheet with the page that the document shows now.
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
                     const SheetOutput& output = {});
+
+/// Throws UsageError if maps are asked for an output that is no PDF, or that is the file of the
+/// maps.
+void CheckMaps(const MapFile& maps, const std::string& output);
 
 /// Throws UsageError unless the ending is that of a page format, and CommandError if there is no
 /// such folder.

@@ -1,5 +1,7 @@
 #include "pdf/content/PageContent.h"
 
+#include <algorithm>
+
 #include "pdf/file/Syntax.h"
 
 namespace pdf {
@@ -89,10 +91,42 @@ void PageContent::UseStroke(const Outline& outline) {
 void PageContent::Show(PangoFont* font, const glyphs::GlyphLine& line,
                        const glyphs::Baseline& baseline) {
     if (line.glyphs.empty()) return;
+    if (linkTarget_ != meaning_.target) EndLink();
     const FontUse& use = fonts_.Use(font);
     if (structure_) MarkText(use);
     partsWords_ = false;
-    texts_.Show(use, line, baseline);
+    const double right = texts_.Show(use, line, baseline);
+    if (meaning_.target) ExtendLink(use, baseline, glyphs::Points(line.glyphs.front().x), right);
+}
+
+/// A link has one place for each line.
+void PageContent::ExtendLink(const FontUse& font, const glyphs::Baseline& baseline, double left,
+                             double right) {
+    View place{1e9, 1e9, -1e9, -1e9};
+    for (const double x : {left, right})
+        for (const double y : {-font.ascent, font.descent}) {
+            const auto corner = glyphs::Along(baseline, x, y);
+            place.left = std::min(place.left, corner.x);
+            place.right = std::max(place.right, corner.x);
+            place.bottom = std::min(place.bottom, -corner.y);
+            place.top = std::max(place.top, -corner.y);
+        }
+    if (linkTarget_ == meaning_.target && linkLine_ == baseline.y) {
+        linkPlace_.left = std::min(linkPlace_.left, place.left);
+        linkPlace_.right = std::max(linkPlace_.right, place.right);
+        return;
+    }
+    EndLink();
+    linkTarget_ = meaning_.target;
+    linkLine_ = baseline.y;
+    linkPlace_ = place;
+}
+
+void PageContent::EndLink() {
+    if (!linkTarget_) return;
+    const int number = file_.NewObject();
+    links_.Add(number, *linkTarget_, linkPlace_, structure_ ? structure_->AddLink(number) : -1);
+    linkTarget_ = nullptr;
 }
 
 /// Marks begin and end inside a text object.
@@ -131,6 +165,7 @@ void PageContent::BeginShapes() {
 }
 
 std::string PageContent::Take() {
+    EndLink();
     EndMark();
     texts_.End();
     return std::move(out_);

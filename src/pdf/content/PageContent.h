@@ -6,6 +6,7 @@
 #include "pdf/content/Shapes.h"
 #include "pdf/content/TextContent.h"
 #include "pdf/fonts/FontSet.h"
+#include "pdf/navigation/Links.h"
 #include "pdf/structure/StructureTree.h"
 
 namespace pdf {
@@ -15,8 +16,12 @@ namespace pdf {
 class PageContent : private Marker {
 public:
     /// The structure may be null.
-    PageContent(FontSet& fonts, StructureTree* structure)
-        : fonts_(fonts), structure_(structure), texts_(out_, structure ? this : nullptr) {}
+    PageContent(ObjectFile& file, FontSet& fonts, Links& links, StructureTree* structure)
+        : file_(file),
+          fonts_(fonts),
+          links_(links),
+          structure_(structure),
+          texts_(out_, structure ? this : nullptr) {}
 
     /// Colours are 0xBBGGRR.
     void Fill(std::span<const Box> boxes, std::uint32_t color);
@@ -41,9 +46,14 @@ private:
     void BeginShapes();
     void MarkText(const FontUse& font);
     void EndMark();
+    void ExtendLink(const FontUse& font, const glyphs::Baseline& baseline, double left,
+                    double right);
+    void EndLink();
     std::string NextMark(std::string_view actualText) override;
 
+    ObjectFile& file_;
     FontSet& fonts_;
+    Links& links_;
     StructureTree* structure_;
     std::string out_;
     TextContent texts_;
@@ -52,6 +62,9 @@ private:
     double lineWidth_ = 1;  ///< PDF's initial width.
     Meaning meaning_;
     bool partsWords_ = false;
+    const Target* linkTarget_ = nullptr;  ///< Of the link around the last texts.
+    View linkPlace_;
+    double linkLine_ = 0;              ///< Y of its baseline.
     std::optional<Meaning> textMark_;  ///< Meaning of the marked text.
     bool marksShapes_ = false;
 };

@@ -42,7 +42,7 @@ std::size_t ClusterSize(std::span<const Glyph> glyphs) {
 
 }  // namespace
 
-void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
+double TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
     Begin();
     Pen pen{font, baseline};
     pen.thousandth = font.points * font.across / 1000;
@@ -58,6 +58,7 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
         glyphs = glyphs.subspan(cluster);
     }
     CloseString(pen);
+    return pen.x;
 }
 
 /// Marks several glyphs of one text with ActualText. For readers that do not support it, the first

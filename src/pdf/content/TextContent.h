@@ -29,7 +29,9 @@ public:
     /// The marker is null where nothing is marked.
     TextContent(std::string& out, Marker* marker) : out_(out), marker_(marker) {}
 
-    void Show(const FontUse& font, const glyphs::GlyphLine& line, const glyphs::Baseline& baseline);
+    /// Returns the width in points, from the left end of the baseline.
+    double Show(const FontUse& font, const glyphs::GlyphLine& line,
+                const glyphs::Baseline& baseline);
 
     /// Marks the text that follows. The mark stands right before it: behind the place of the text
     /// it compresses better than before it. Requires a marker.

@@ -13,6 +13,7 @@ Document::Document(Output& output, Options options)
       objects_(output),
       fonts_(objects_),
       bookmarks_(objects_),
+      links_(objects_),
       catalog_(objects_.NewObject()),
       pageTree_(objects_.NewObject()),
       structure_(options_.tags ? std::make_unique<StructureTree>(objects_) : nullptr) {}
@@ -22,7 +23,7 @@ PageContent& Document::BeginPage(double width, double height) {
     height_ = height;
     pages_.push_back(objects_.NewObject());
     if (structure_) structure_->BeginPage(pages_.back());
-    content_ = std::make_unique<PageContent>(fonts_, structure_.get());
+    content_ = std::make_unique<PageContent>(objects_, fonts_, links_, structure_.get());
     return *content_;
 }
 
@@ -32,7 +33,7 @@ void Document::EndPage(const Bookmark& page, std::span<const Bookmark> places) {
                        Number(width_) + ' ' + Number(height_) + "]/Contents " + Reference(content);
     if (const int key = structure_ ? structure_->EndPage() : -1; key >= 0)
         body += "/StructParents " + std::to_string(key);
-    objects_.WriteObject(pages_.back(), body + ">>");
+    objects_.WriteObject(pages_.back(), body + links_.TakePage() + ">>");
     if (!page.title.empty()) bookmarks_.Add(page, places, pages_.back());
 }
 

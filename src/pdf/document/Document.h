@@ -55,6 +55,7 @@ private:
     ObjectFile objects_;
     FontSet fonts_;
     Bookmarks bookmarks_;
+    Links links_;
     int catalog_, pageTree_;
     std::unique_ptr<StructureTree> structure_;  ///< Null without tags.
     std::vector<int> pages_;                    ///< Object numbers.

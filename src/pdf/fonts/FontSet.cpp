@@ -52,7 +52,14 @@ FontUse FontSet::NewUse(PangoFont* font) {
     const cairo_matrix_t matrix = MatrixOf(font);
     FontUse use;
     use.points = matrix.yy;
-    hb_font_get_nominal_glyph(pango_font_get_hb_font(font), ' ', &use.blank);
+    hb_font_t* const shaped = pango_font_get_hb_font(font);
+    hb_font_get_nominal_glyph(shaped, ' ', &use.blank);
+    hb_font_extents_t extents{};
+    int scale = 0;
+    hb_font_get_scale(shaped, nullptr, &scale);
+    hb_font_get_h_extents(shaped, &extents);
+    use.ascent = use.points * extents.ascender / scale;
+    use.descent = -use.points * extents.descender / scale;
     use.boxes = AddDrawn(font, DrawnFont::Drawings::Outlines);
     const auto outlines = EmbeddedFont::OutlinesOf(font);
     if (outlines == EmbeddedFont::Outlines::None) {

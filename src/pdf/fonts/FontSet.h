@@ -18,8 +18,9 @@ struct FontUse {
     Typeface* boxes = nullptr;  ///< For characters that no font has.
     hb_codepoint_t blank = 0;   ///< Glyph of the blank; 0: the font has none.
     double points = 0;
-    double across = 1;  ///< Horizontal stretch.
-    double slant = 0;   ///< Horizontal shear per unit of height.
+    double ascent = 0, descent = 0;  ///< Of the usual letters from the baseline, in points.
+    double across = 1;               ///< Horizontal stretch.
+    double slant = 0;                ///< Horizontal shear per unit of height.
 };
 
 class FontSet {

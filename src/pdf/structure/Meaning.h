@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "pdf/navigation/Target.h"
+
 namespace pdf {
 
 /// What a text is to someone who hears or searches the file.
@@ -25,6 +27,8 @@ struct Meaning {
     std::string_view language = {};
     /// The text as it is read, where its glyphs stand in another order; else empty.
     std::string_view actualText = {};
+    /// Where the text leads; null: nowhere. Must live as long as the document is written.
+    const Target* target = nullptr;
 
     bool operator==(const Meaning&) const = default;
 };

@@ -12,10 +12,15 @@ constexpr std::size_t kLeaf = 64;
 
 }  // namespace
 
-int ParentTree::AddPage(const std::vector<int>& elements) {
-    entries_.push_back(file_.NewObject());
-    arrays_.Write(entries_.back(), AlignedArray("", elements, ""));
+int ParentTree::Add(int element) {
+    entries_.push_back(element);
     return NextKey() - 1;
+}
+
+int ParentTree::AddPage(const std::vector<int>& elements) {
+    const int array = file_.NewObject();
+    arrays_.Write(array, AlignedArray("", elements, ""));
+    return Add(array);
 }
 
 std::string ParentTree::Leaf(std::size_t first, std::size_t end) const {

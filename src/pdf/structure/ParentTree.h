@@ -12,6 +12,8 @@ class ParentTree {
 public:
     ParentTree(ObjectFile& file, ObjectRows& arrays) : file_(file), arrays_(arrays) {}
 
+    /// Adds the element that owns an object. Returns the object's key.
+    int Add(int element);
     /// Adds the elements that own a page's marked content, by its numbers. Returns the page's key.
     int AddPage(const std::vector<int>& elements);
 

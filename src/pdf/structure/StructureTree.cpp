@@ -97,6 +97,30 @@ std::string StructureTree::Body(const Element& element, const char* type, int pa
     return body + "/K[" + element.kids + "]>>";
 }
 
+/// Adds content to a link inside an element.
+int StructureTree::AddLinked(Element& element, const Meaning& meaning) {
+    if (meaning.target == target_ && link_.object != 0) return AddPiece(link_, meaning);
+    CloseLink();
+    if (!meaning.target) return AddPiece(element, meaning);
+    target_ = meaning.target;
+    Open(link_, file_.NewObject(), meaning);
+    link_.language.clear();
+    link_.parent = element.object;
+    AppendAligned(element.kids, link_.object);
+    return AddPiece(link_, meaning);
+}
+
+int StructureTree::AddLink(int link) {
+    link_.kids += "<</Type/OBJR/Obj " + Reference(link) + "/Pg " + Reference(page_) + ">>";
+    return parents_.Add(link_.object);
+}
+
+void StructureTree::CloseLink() {
+    if (link_.object == 0) return;
+    file_.WriteObject(link_.object, Body(link_, "Link", link_.parent));
+    link_.object = 0;
+}
+
 int StructureTree::AddHeading(const Meaning& meaning) {
     if (heading_.object == 0 || heading_.item != meaning.item) {
         CloseHeading();
@@ -139,7 +163,7 @@ int StructureTree::AddToListing(const Meaning& meaning) {
         Open(reference_, references_.NewObject(), meaning);
         AppendAligned(body_.kids, reference_.object);
     }
-    return AddPiece(reference_, meaning);
+    return AddLinked(reference_, meaning);
 }
 
 void StructureTree::BeginListing(const Meaning& meaning) {
@@ -156,6 +180,7 @@ void StructureTree::BeginListing(const Meaning& meaning) {
 
 void StructureTree::CloseReference() {
     if (reference_.object == 0) return;
+    CloseLink();
     references_.Write(reference_.object, Body(reference_, "Reference", body_.object));
     reference_.object = 0;
 }

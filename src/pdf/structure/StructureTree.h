@@ -30,6 +30,10 @@ public:
     /// Adds content of the page. Returns the number that marks it. Only for roles that are content.
     int Add(const Meaning& meaning);
 
+    /// Adds a link, the object of that number, to the content that was added last, which must have
+    /// a target. Returns its key in the parent tree.
+    int AddLink(int link);
+
     /// Ends the page. Returns its key in the parent tree; -1 for a page without content.
     int EndPage();
 
@@ -41,6 +45,7 @@ private:
     struct Element {
         int object = 0;  ///< 0: none is open.
         std::uint64_t item = 0;
+        int parent = 0;    ///< Object number, where it is not known by the kind of element.
         int page = 0;      ///< Object number of the page of its first piece.
         std::string kids;  ///< As the file has them.
         std::string language;
@@ -52,6 +57,8 @@ private:
     void AddMark(Element& element, int mark) const;
     std::string Body(const Element& element, const char* type, int parent) const;
 
+    int AddLinked(Element& element, const Meaning& meaning);
+    void CloseLink();
     int AddHeading(const Meaning& meaning);
     void CloseHeading();
     int AddParagraph(const Meaning& meaning);
@@ -74,7 +81,9 @@ private:
     Element heading_, paragraph_;
     int list_ = 0, item_ = 0;  ///< Object numbers; 0: none is open.
     std::vector<int> listKids_;
-    Element body_, reference_;  ///< Of the item.
+    Element body_, reference_;        ///< Of the item.
+    Element link_;                    ///< Of what was added last.
+    const Target* target_ = nullptr;  ///< Of the link.
 };
 
 }  // namespace pdf

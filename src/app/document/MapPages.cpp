@@ -1,0 +1,56 @@
+#include "app/document/MapPages.h"
+
+#include <filesystem>
+
+#include "app/document/Errors.h"
+#include "pdf/existing/PageNames.h"
+
+namespace app {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Returns the path from the folder of one file to another one, with slashes.
+std::string PathFrom(const std::string& file, const std::string& to) {
+    std::error_code error;
+    const fs::path folder = fs::absolute(file, error).parent_path();
+    const fs::path path = fs::proximate(to, folder, error);
+    return (error ? fs::path(to) : path).generic_string();
+}
+
+}  // namespace
+
+MapPages::MapPages(const MapFile& maps, const std::string& indexPath) try {
+    if (!maps.isSameFile) file_ = PathFrom(indexPath, maps.path);
+    const auto pages = pdf::ReadPageNames(maps.path);
+    for (std::size_t i = 0; i < pages.names.size(); ++i) {
+        const auto page = static_cast<int>(i);
+        const std::string name =
+            maps.firstPage ? std::to_string(page + 2 - *maps.firstPage) : pages.names[i];
+        pages_.emplace(name, page);
+    }
+} catch (const pdf::Error& error) {
+    throw CommandError(error.what());
+}
+
+const pdf::Target* MapPages::Find(std::string_view page) {
+    const auto found = pages_.find(page);
+    if (found == pages_.end()) return nullptr;
+    const auto known = targets_.find(found->second);
+    if (known != targets_.end()) return &known->second;
+    pdf::Target target;
+    target.file = file_;
+    target.page = found->second;
+    target.name = "gazetteer.page." + found->first;
+    target.description = "Page " + found->first;
+    return &targets_.emplace(found->second, std::move(target)).first->second;
+}
+
+std::vector<pdf::Destination> MapPages::Destinations() const {
+    std::vector<pdf::Destination> destinations;
+    for (const auto& [page, target] : targets_)
+        destinations.push_back({target.name, page, target.view});
+    return destinations;
+}
+
+}  // namespace app

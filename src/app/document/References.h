@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "listings/ReferencePattern.h"
+#include "model/Settings.h"
+
+namespace app {
+
+/// A reference in the text of a cell.
+struct FoundReference {
+    std::size_t first = 0, end = 0;  ///< Bytes of the text.
+    std::string_view page, square;   ///< Parts of the text.
+};
+
+/// Finds the references in the cells of a column, which may be combined or grouped by page.
+class References {
+public:
+    /// For an expression, or the part of one behind its leader. Nothing if it does not begin with
+    /// the page.
+    static std::optional<References> Of(const gazetteer::Settings& settings,
+                                        std::string_view expression);
+
+    /// The line ends of the text may be blanks in the settings.
+    std::vector<FoundReference> Find(std::string_view text) const;
+
+private:
+    References(gazetteer::ReferencePattern pattern, std::vector<std::string> separators,
+               bool isGrouped)
+        : pattern_(std::move(pattern)), separators_(std::move(separators)), isGrouped_(isGrouped) {}
+
+    std::size_t SeparatorAt(std::string_view text, std::size_t at) const;
+    std::size_t SeparatorFrom(std::string_view text, std::size_t at) const;
+    std::size_t EndOfPiece(std::string_view text, std::size_t first) const;
+
+    gazetteer::ReferencePattern pattern_;
+    std::vector<std::string> separators_;  ///< Without blanks around; empty: none but blanks.
+    bool isGrouped_;                       ///< Pages that follow each other are runs.
+};
+
+}  // namespace app

@@ -1,0 +1,65 @@
+#include "pdf/existing/PageNames.h"
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageLabelDocumentHelper.hh>
+#include <utility>
+
+#include "pdf/existing/OpenFile.h"
+
+namespace pdf {
+namespace {
+
+std::string Roman(long long number) {
+    static constexpr std::pair<int, const char*> kParts[] = {
+        {1000, "m"}, {900, "cm"}, {500, "d"}, {400, "cd"}, {100, "c"}, {90, "xc"}, {50, "l"},
+        {40, "xl"},  {10, "x"},   {9, "ix"},  {5, "v"},    {4, "iv"},  {1, "i"}};
+    std::string roman;
+    for (const auto& [value, letters] : kParts)
+        for (; number >= value; number -= value) roman += letters;
+    return roman;
+}
+
+/// a to z, then aa to zz, and so on.
+std::string Letters(long long number) {
+    constexpr int kLetters = 26;
+    if (number < 1) return {};
+    const auto times = static_cast<std::size_t>((number - 1) / kLetters + 1);
+    return std::string(times, static_cast<char>('a' + (number - 1) % kLetters));
+}
+
+std::string InCapitals(std::string text) {
+    for (char& letter : text) letter = static_cast<char>(letter - 'a' + 'A');
+    return text;
+}
+
+std::string NameOf(QPDFObjectHandle label) {
+    std::string name;
+    if (label.getKey("/P").isString()) name = label.getKey("/P").getUTF8Value();
+    const long long number =
+        label.getKey("/St").isInteger() ? label.getKey("/St").getIntValue() : 1;
+    const std::string style = label.getKey("/S").isName() ? label.getKey("/S").getName() : "";
+    constexpr long long kMostLetters = 26'000;  // Nobody numbers so; damaged files may.
+    if (style == "/D") return name + std::to_string(number);
+    if (number > kMostLetters) return name;
+    if (style == "/r") return name + Roman(number);
+    if (style == "/R") return name + InCapitals(Roman(number));
+    if (style == "/a") return name + Letters(number);
+    if (style == "/A") return name + InCapitals(Letters(number));
+    return name;
+}
+
+}  // namespace
+
+PageNames ReadPageNames(const std::string& path) {
+    const auto file = OpenFile(path);
+    QPDFPageLabelDocumentHelper labels(*file);
+    PageNames pages{labels.hasPageLabels(), {}};
+    const auto count = static_cast<long long>(file->getAllPages().size());
+    for (long long page = 0; page < count; ++page) {
+        auto label = labels.getLabelForPage(page);
+        pages.names.push_back(label.isDictionary() ? NameOf(label) : std::to_string(page + 1));
+    }
+    return pages;
+}
+
+}  // namespace pdf
