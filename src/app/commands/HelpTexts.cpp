@@ -54,6 +54,8 @@ Examples:
   gazetteer make names.dbf -o index.pdf --page-size a4 --locale is
   gazetteer make names.dbf -o index.pdf --page-size 148x210mm --columns 2 --first-page 97
   gazetteer make names.dbf -o index.pdf --set 'CombineDelimeter=; ' --set Listing.Title=Place
+  gazetteer make names.dbf -o index.pdf --maps atlas.pdf         links to the pages of the maps
+  gazetteer make names.dbf -o book.pdf --append-to atlas.pdf     maps and index in one file
   gazetteer make names.dbf -o sample.png --sample)"},
     {"new", R"(
 Where the table has a field Listing the columns are Listing and Page, else Page alone.
@@ -108,6 +110,7 @@ many there are under "findingCounts".
   table-fault                    the table's file lacks records, or its texts may be read wrongly
   unknown-token                  an expression has a word behind "$$" that is no token
   overlap                        column groups print over each other
+  no-target                      a reference leads to no page of the maps (--maps, --append-to)
 make, generate, export, draw and show tell them, too; export, make and draw take --strict.)"},
     {"generate", R"(
   gazetteer generate index.json
@@ -130,6 +133,7 @@ A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` s
   gazetteer export index.json -o index.pdf              all pages, with bookmarks
   gazetteer export index.json -o index.pdf --strict     no file where anything would be wrong
   gazetteer export index.json -o index.pdf --pages 2-5
+  gazetteer export index.json -o book.pdf --append-to atlas.pdf
   gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)"},
     {"table", R"(
   gazetteer table names.dbf --limit 5

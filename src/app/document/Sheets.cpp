@@ -135,6 +135,7 @@ void CheckMaps(const MapFile& maps, const std::string& output) {
                          "\" must end in .pdf: only a PDF has links to maps.");
     if (IsSameFile(maps.path, output))
         throw UsageError("The file \"" + output + "\" cannot be written: the maps are in it.");
+    MapPages(maps, output);
 }
 
 std::optional<PageRange> ParsePages(const std::string& text) {

@@ -65,7 +65,7 @@ void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t pa
                     const SheetOutput& output = {});
 
 /// Throws UsageError if maps are asked for an output that is no PDF, or that is the file of the
-/// maps.
+/// maps, and CommandError if that cannot be read.
 void CheckMaps(const MapFile& maps, const std::string& output);
 
 /// Throws UsageError unless the ending is that of a page format, and CommandError if there is no

@@ -62,16 +62,14 @@ void AddDestinations(QPDF& file, const std::vector<Destination>& destinations) {
 /// Adds the labels of another file's pages, which stand behind so many pages of its own.
 void AddLabels(QPDF& file, QPDF& other, long long pages) {
     auto catalog = file.getRoot();
-    if (!catalog.getKey("/PageLabels").isDictionary()) {
-        auto tree = QPDFNumberTreeObjectHelper::newEmpty(file);
-        tree.insert(0, QPDFObjectHandle::parse("<</S/D>>"));
-        catalog.replaceKey("/PageLabels", tree.getObjectHandle());
-    }
+    if (!catalog.getKey("/PageLabels").isDictionary())
+        catalog.replaceKey("/PageLabels",
+                           QPDFNumberTreeObjectHelper::newEmpty(file).getObjectHandle());
     QPDFNumberTreeObjectHelper labels(catalog.getKey("/PageLabels"), file);
-    QPDFPageLabelDocumentHelper others(other);
-    auto first = others.getLabelForPage(0);
-    // The label of one page is an object of its own, with direct values.
-    labels.insert(pages, first.isDictionary() ? first : QPDFObjectHandle::parse("<</S/D>>"));
+    const auto usual = QPDFObjectHandle::parse("<</S/D>>");
+    if (!labels.hasIndex(0)) labels.insert(0, usual);
+    auto first = QPDFPageLabelDocumentHelper(other).getLabelForPage(0);
+    labels.insert(pages, first.isDictionary() ? first : usual);
 }
 
 /// Returns the root of the bookmarks, a new one if there is none.

@@ -1,0 +1,167 @@
+// Links of an index to its maps.
+#include <cairo-pdf.h>
+#include <gtest/gtest.h>
+#include <map>
+#include <sstream>
+
+#include "app/Program.h"
+
+namespace tests {
+namespace {
+
+/// An atlas whose pages show the number that is printed on them, behind some that have none.
+void MakeAtlas(const std::string& path, int front, int first, int maps, bool labels) {
+    cairo_surface_t* const surface = cairo_pdf_surface_create(path.c_str(), 300, 400);
+    cairo_t* const context = cairo_create(surface);
+    cairo_set_font_size(context, 20);
+    for (int page = 0; page < front + maps; ++page) {
+        const std::string number = std::to_string(first + page - front);
+        if (labels)
+            cairo_pdf_surface_set_page_label(surface, page < front ? "i" : number.c_str());
+        cairo_move_to(context, 50, 100);
+        cairo_show_text(context, page < front ? "Title" : ("Map=" + number).c_str());
+        cairo_rectangle(context, 40, 150, 200, 200);
+        cairo_stroke(context);
+        cairo_show_page(context);
+    }
+    cairo_destroy(context);
+    cairo_surface_destroy(surface);
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+/// Returns the links of a file in reading order: their texts, and the numbers of their objects.
+std::vector<std::pair<std::string, std::string>> LinksOf(const Program& program,
+                                                         const std::string& file) {
+    std::vector<std::pair<std::string, std::string>> links;
+    std::string text;
+    for (const std::string& line : Lines(program.Shell("pdfinfo -struct-text " + file))) {
+        const auto quote = line.find('"');
+        if (quote != std::string::npos) text = line.substr(quote + 1, line.size() - quote - 2);
+        if (const auto at = line.find("Object "); at != std::string::npos)
+            links.emplace_back(text, line.substr(at + 7));
+    }
+    return links;
+}
+
+/// Returns the page that a link leads to, from 1.
+int PageOf(const nlohmann::json& objects, const std::map<std::string, int>& names,
+           const std::string& link) {
+    const auto action = objects.at(objects.at(link + " R").at("/A").get<std::string>());
+    const auto& place = action.at("/D");
+    return place.is_array() ? place[0].get<int>() + 1 : names.at(place.get<std::string>());
+}
+
+std::map<std::string, int> NamesOf(const Program& program, const std::string& file) {
+    std::map<std::string, int> names;
+    for (const std::string& line : Lines(program.Shell("pdfinfo -dests " + file)))
+        if (const auto quote = line.find('"'); quote != std::string::npos)
+            names[line.substr(quote + 1, line.size() - quote - 2)] = std::stoi(line);
+    return names;
+}
+
+TEST(Links, EachReferenceLeadsToTheMapWithItsNumber) {
+    const struct {
+        int front, first;
+        bool labels;
+        std::vector<std::string> options;
+    } cases[] = {{0, 1, false, {}}, {3, 1, true, {}}, {3, 1, false, {"--first-map-page", "4"}}};
+    for (const auto& [front, first, labels, options] : cases)
+        for (const char* way : {"--maps", "--append-to"}) {
+            SCOPED_TRACE(std::string(way) + ' ' + std::to_string(front));
+            const Program program;
+            MakeAtlas(program.File("atlas.pdf"), front, first, 40, labels);
+            std::vector<std::string> arguments{"make",      GAZETTEER_SOURCE_DIR "/examples/czechia-slovakia.dbf", "--columns", "2",
+                                               "--locale",  "cs",              way,
+                                               "atlas.pdf", "-o",              "o.pdf"};
+            arguments.insert(arguments.end(), options.begin(), options.end());
+            program.Done(arguments);
+            EXPECT_TRUE(Contains(program.Shell("qpdf --check o.pdf"), "No syntax"));
+            const auto objects =
+                nlohmann::json::parse(program.Shell("qpdf --json=1 --json-key=objects o.pdf"))
+                    .at("objects");
+            const auto names = NamesOf(program, "o.pdf");
+            const auto maps = Lines(program.Shell("pdftotext -layout atlas.pdf - | grep -n Map="));
+            const auto links = LinksOf(program, "o.pdf");
+            EXPECT_GT(links.size(), 1700U);
+            for (const auto& [text, link] : links) {
+                const int page = PageOf(objects, names, link);
+                const auto& map = maps.at(static_cast<std::size_t>(page - 1 - front));
+                EXPECT_EQ(text.substr(0, text.find(' ')), map.substr(map.find('=') + 1)) << text;
+            }
+        }
+}
+
+TEST(Links, TheMapsBeforeAnIndexStayAsTheyAre) {
+    const Program program;
+    MakeAtlas(program.File("atlas.pdf"), 2, 1, 30, true);
+    const auto make = [&](const char* maps, const char* output) {
+        program.Done({"make", "streets.dbf", "--append-to", maps, "-o", output});
+    };
+    make("atlas.pdf", "book.pdf");
+    make("book.pdf", "again.pdf");
+    const std::string atlas = program.Read("atlas.pdf");
+    for (const char* file : {"book.pdf", "again.pdf"}) {
+        const std::string book = program.Read(file);
+        for (auto at = atlas.find("stream\n"); at != std::string::npos;) {
+            const auto end = atlas.find("endstream", at);
+            EXPECT_NE(book.find(atlas.substr(at, end - at)), std::string::npos);
+            at = atlas.find("stream\n", end + 9);
+        }
+        EXPECT_EQ(program.Shell(std::string("pdftoppm -r 30 -l 32 ") + file + " | md5sum"),
+                  program.Shell("pdftoppm -r 30 atlas.pdf | md5sum"));
+        const auto told =
+            nlohmann::json::parse(program.Shell(std::string("qpdf --json=1 ") + file));
+        EXPECT_EQ(told["pagelabels"][1]["index"], 2);
+        EXPECT_EQ(told["outlines"].back()["title"], "streets");
+        EXPECT_GT(told["outlines"].back()["kids"].size(), 0U);
+    }
+    // Both indexes are told.
+    const auto items = [&](const char* file) {
+        return program.Shell(std::string("pdfinfo -struct-text ") + file + " | grep -c LBody");
+    };
+    EXPECT_EQ(std::stoi(items("again.pdf")), 2 * std::stoi(items("book.pdf")));
+}
+
+TEST(Links, ThatLeadNowhereAreFound) {
+    const Program program;
+    MakeAtlas(program.File("atlas.pdf"), 0, 1, 2, false);
+    program.WriteTable("t.dbf", {{"Aachen", "1", "1", "1"}, {"Bonn", "3", "1", "1"}});
+    const auto made = program.Done({"make", "t.dbf", "--maps", "atlas.pdf", "-o", "o.pdf"});
+    EXPECT_TRUE(Contains(made.errors, "listing \"Bonn\", column \"Page\": there is no map page 3"));
+    EXPECT_FALSE(Contains(made.errors, "Aachen"));
+    EXPECT_EQ(
+        program.Run({"make", "t.dbf", "--maps", "atlas.pdf", "--strict", "-o", "no.pdf"}).status, 1);
+    EXPECT_FALSE(program.Exists("no.pdf"));
+}
+
+TEST(Links, RefusesWhatIsNoAtlas) {
+    const Program program;
+    MakeAtlas(program.File("atlas.pdf"), 0, 1, 2, false);
+    program.Shell("qpdf --encrypt a b 256 -- atlas.pdf locked.pdf; echo x > none.pdf");
+    const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
+        {{"--maps", "missing.pdf", "-o", "o.pdf"}, 1, "missing.pdf"},
+        {{"--maps", "none.pdf", "-o", "o.pdf"}, 1, "\"none.pdf\" cannot be read as PDF"},
+        {{"--append-to", "locked.pdf", "-o", "o.pdf"}, 1, "protected by a password"},
+        {{"--append-to", "atlas.pdf", "-o", "atlas.pdf"}, 2, "the maps are in it"},
+        {{"--maps", "atlas.pdf", "-o", "o.png"}, 2, "only a PDF has links"},
+        {{"--maps", "atlas.pdf", "--append-to", "atlas.pdf", "-o", "o.pdf"}, 2, "--maps"},
+    };
+    for (const auto& [options, status, sentence] : cases) {
+        SCOPED_TRACE(sentence);
+        std::vector<std::string> arguments{"make", "streets.dbf"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        const auto outcome = program.Run(arguments);
+        EXPECT_EQ(outcome.status, status);
+        EXPECT_TRUE(Contains(outcome.errors, sentence));
+        EXPECT_FALSE(program.Exists("o.pdf"));
+    }
+}
+
+}  // namespace
+}  // namespace tests
