@@ -11,6 +11,15 @@ constexpr int kEdgeDecimals = 3;
 /// Begins what means nothing.
 constexpr char kArtifact[] = "/Artifact BMC\n";
 
+/// Returns the operator that begins what is no content; null for roles of content.
+const char* ArtifactOf(Role role) {
+    if (role == Role::Decoration) return kArtifact;
+    if (role == Role::PageMatter) return "/Artifact<</Type/Pagination>>BDC\n";
+    if (role == Role::PageHead) return "/Artifact<</Type/Pagination/Subtype/Header>>BDC\n";
+    if (role == Role::PageFoot) return "/Artifact<</Type/Pagination/Subtype/Footer>>BDC\n";
+    return nullptr;
+}
+
 std::int64_t Edge(double points) {
     return Scaled(points, kEdgeDecimals);
 }
@@ -107,8 +116,7 @@ void PageContent::MarkText(const FontUse& font) {
 }
 
 std::string PageContent::NextMark(std::string_view actualText) {
-    if (meaning_.role == Role::Decoration) return kArtifact;
-    if (meaning_.role == Role::PageMatter) return "/Artifact<</Type/Pagination>>BDC\n";
+    if (const char* const artifact = ArtifactOf(meaning_.role)) return artifact;
     std::string mark = actualText.empty() ? "/P<</MCID " : "/Span<</MCID ";
     AppendInteger(mark, structure_->Add(meaning_));
     if (!actualText.empty()) mark += "/ActualText" + TextString(actualText);

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "characters/Utf8.h"
 #include "pdf/file/Syntax.h"
+#include "pdf/file/Violations.h"
 
 namespace pdf {
 
@@ -40,6 +42,20 @@ std::size_t ClusterSize(std::span<const Glyph> glyphs) {
     return size;
 }
 
+/// Returns whether a text has a character of the private use areas, U+E000 to U+F8FF and planes 15
+/// and 16. Their first bytes are 0xEE and above.
+bool HasPrivateUse(std::string_view text) {
+    constexpr unsigned char kFirst = 0xEE;
+    if (std::ranges::none_of(text, [](unsigned char byte) { return byte >= kFirst; })) return false;
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = characters::NextCodePoint(text, at);
+        const bool isPrivate = (character >= 0xE000 && character <= 0xF8FF) ||
+                               (character >= 0xF0000 && character <= 0x10FFFF);
+        if (isPrivate) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
@@ -63,6 +79,8 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
 /// Marks several glyphs of one text with ActualText. For readers that do not support it, the first
 /// glyph has the whole text, and the others have a character that shows nothing.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
+    if (glyphs.size() == 1 && marker_ && HasPrivateUse(text))
+        return ShowPrivate(pen, glyphs[0], text);
     if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
     constexpr char kNothing[] = "\u2060";  // WORD JOINER.
     CloseString(pen);
@@ -75,6 +93,19 @@ void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::stri
     CloseString(pen);
     out_ += "EMC\n";
     markNext_ = isMarked;
+}
+
+/// PDF/A asks for ActualText where a character's meaning is the writer's own affair. There is no
+/// better text than the character itself.
+void TextContent::ShowPrivate(Pen& pen, const Glyph& glyph, std::string_view text) {
+    CloseString(pen);
+    if (markNext_) WriteMark();
+    std::string told;
+    for (unsigned i = 0; i < glyph.count; ++i) told += text;
+    out_ += "/Span<</ActualText" + TextString(told) + ">>BDC\n";
+    ShowGlyph(pen, glyph, text);
+    CloseString(pen);
+    out_ += "EMC\n";
 }
 
 void TextContent::AddBlank(const FontUse& font) {
@@ -90,7 +121,8 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
     const CodeTable::Entry* entry = nullptr;
     if (pen.open && glyph.y == pen.y) entry = pen.subset->codes.Find(glyph.id, text);
     if (!entry) {
-        const bool known = (glyph.id & PANGO_GLYPH_UNKNOWN_FLAG) == 0;
+        // Glyph 0 stands for missing ones too; files for archives must not show it as a font's.
+        const bool known = glyph.id != 0 && (glyph.id & PANGO_GLYPH_UNKNOWN_FLAG) == 0;
         const auto place = (known ? pen.font.face : pen.font.boxes)->Find(glyph.id, text);
         entry = place.entry;
         if (!pen.open || glyph.y != pen.y || place.subset != pen.subset) {
@@ -101,7 +133,7 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
     }
     const double off = Points(glyph.x) - pen.x;
     if (std::abs(off) > kPlaceTolerance) Move(pen, off);
-    entry->code.AppendTo(out_);
+    AppendCode(pen, entry->code);
     pen.x += entry->width * pen.thousandth;
     if (glyph.count > 1) Repeat(pen, glyph, *entry);
 }
@@ -118,7 +150,7 @@ void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& e
         return Points(glyph.x) + index * step - pen.x - (index - done) * advance;
     };
     const auto writeUpTo = [&](unsigned index) {
-        for (unsigned i = done; i < index; ++i) entry.code.AppendTo(out_);
+        for (unsigned i = done; i < index; ++i) AppendCode(pen, entry.code);
         pen.x += (index - done) * advance;
         done = index;
     };
@@ -130,6 +162,16 @@ void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& e
         Move(pen, offAt((part + 1) * glyph.count / parts - 1));
     }
     writeUpTo(glyph.count);
+}
+
+/// Long strings are divided, as PDF/A limits them.
+void TextContent::AppendCode(Pen& pen, const Code& code) {
+    if (out_.size() - pen.part > kLongestString - 2 * sizeof(code.bytes)) {
+        out_ += ")(";
+        pen.moved = true;
+        pen.part = out_.size();
+    }
+    code.AppendTo(out_);
 }
 
 void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
@@ -146,6 +188,7 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
     pen.moved = false;
     pen.open = true;
     out_ += " (";
+    pen.part = out_.size();
 }
 
 // A string without moves needs no array; otherwise the blank before it becomes the bracket.
@@ -176,6 +219,7 @@ void TextContent::Move(Pen& pen, double distance) {
     out_ += '(';
     pen.x += static_cast<double>(steps) * pen.move;
     pen.moved = true;
+    pen.part = out_.size();
 }
 
 void TextContent::UseFont(const Subset& subset, double points) {

@@ -56,12 +56,15 @@ private:
         bool open = false;      ///< A string is open.
         std::size_t start = 0;  ///< Offset of the open string in out_.
         bool moved = false;     ///< The open string contains moves.
+        std::size_t part = 0;   ///< Offset of its part behind the last move.
     };
 
     void ShowCluster(Pen& pen, std::span<const glyphs::Glyph> glyphs, std::string_view text);
+    void ShowPrivate(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void ShowGlyph(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void Repeat(Pen& pen, const glyphs::Glyph& glyph, const CodeTable::Entry& entry);
     void WriteMark();
+    void AppendCode(Pen& pen, const Code& code);
     void OpenString(Pen& pen, const glyphs::Glyph& glyph);
     void CloseString(Pen& pen);
     void Move(Pen& pen, double distance);
