@@ -104,12 +104,15 @@ void PageContent::Show(PangoFont* font, const glyphs::GlyphLine& line,
     texts_.Show(use, line, baseline);
 }
 
-/// Marks begin and end inside a text object.
+/// Marks begin and end inside a text object. A leader parts a name from its references only for
+/// those who see it.
 void PageContent::MarkText(const FontUse& font) {
     if (textMark_ && *textMark_ == meaning_) {
         if (partsWords_) texts_.AddBlank(font);
         return;
     }
+    if (textMark_ && textMark_->role == Role::Name && meaning_.role != Role::Name)
+        texts_.AddBlank(font);
     EndMark();
     textMark_ = meaning_;
     texts_.MarkNext();
