@@ -88,11 +88,10 @@ def trailer(pdf):
 
 @rule("6.1.7.1", "6.1.7.2")
 def streams(pdf):
-    for name, value in pdf.values():
-        filters = str(value.get("/Filter", ""))
-        if "LZW" in filters or "Crypt" in filters:
-            yield "6.1.7.2", name + filters
-        if "/Length" in value and {"/F", "/FFilter", "/FDecodeParms"} & set(value):
+    if re.search(rb"/(LZWDecode|Crypt)\b", pdf.bytes):
+        yield "6.1.7.2", "filter"
+    for name, held in pdf.objects.items():
+        if {"/F", "/FFilter", "/FDecodeParms"} & set(held.get("stream", {}).get("dict", {})):
             yield "6.1.7.1", name
 
 

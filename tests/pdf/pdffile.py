@@ -61,7 +61,9 @@ class Pdf:
         with open(path, "rb") as file:
             self.bytes = file.read()
         told = subprocess.run(["qpdf", "--json=2", "--json-key=qpdf", "--json-stream-data=inline",
-                               "--decode-level=generalized", path], stdout=subprocess.PIPE, check=True)
+                               "--decode-level=generalized", path], capture_output=True)
+        if told.returncode not in (0, 3):  # 3: with warnings.
+            raise ValueError(told.stderr)
         self.json = json.loads(told.stdout)
         self.objects = self.json["qpdf"][1]
         self.trailer = self.objects["trailer"]["value"]

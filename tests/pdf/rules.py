@@ -17,6 +17,7 @@ from pdffile import Pdf  # noqa: E402
 from recipes.tables import Field, write_table  # noqa: E402
 
 BROKEN = []
+POINTED = "\u05D1\u05B0\u05BC\u05D0\u05B5\u05E8"  # Hebrew with points.
 
 
 def breaks(rule, *found_too):
@@ -170,7 +171,7 @@ for rule, too, edit in (
 
 # Edits of the file's bytes.
 BYTES = (("6.1.2", b"%PDF-1.7\n", b"%PDF-1.7\n1"), ("6.1.3", b"%%EOF", b"%%EOF\nmore"),
-         ("6.1.3", b"/ID[", b"/IX["))
+         ("6.1.3", b"/ID[", b"/IX["), ("6.1.7.2", b"/N 3/Filter/FlateDecode", b"/N 3/Filter/LZWDecode  "))
 
 
 def write(folder, pdf):
@@ -188,6 +189,10 @@ def main(program):
         good = make(program, folder)
         faults += ["the index: %s: %s" % one for one in conformance.check(good)]
         pdf = Pdf(good)
+        told = [one.get("/ActualText") for _, one, parent in conformance.elements(pdf)
+                if parent == "/LBody"]
+        if told.count("u:" + POINTED) != 1:
+            faults.append("a name in pieces is not told once: %s" % told)
         faults += ["rewritten: %s: %s" % one for one in conformance.check(write(folder, pdf))]
         for rule, too, edit in BROKEN:
             broken = copy.deepcopy(pdf)
@@ -196,7 +201,7 @@ def main(program):
         for rule, old, new in BYTES:
             changed = folder / "changed.pdf"
             changed.write_bytes(good.read_bytes().replace(old, new))
-            faults += judge(rule, (), conformance.check(changed))
+            faults += judge(rule, ("6.2.3",), conformance.check(changed))
     print("\n".join(faults) or "%d broken files found" % (len(BROKEN) + len(BYTES)))
     return 1 if faults else 0
 
@@ -208,8 +213,10 @@ def judge(rule, too, found):
 
 
 def make(program, folder):
-    """An index with letters, a character of private use, and one that no font has."""
-    rows = [("Abbey", 1, 1, 1), ("Absent\u0378", 2, 1, 1), ("Broad\uE001way", 1, 2, 2)]
+    """An index with letters, a character of private use, one that no font has, one that shows
+    nothing, and letters of several glyphs in a line to the left."""
+    rows = [("Abbey", 1, 1, 1), ("Absent\u0378", 2, 1, 1), ("Broad\uE001way", 1, 2, 2),
+            ("Co\uFEFFrk", 1, 2, 2), (POINTED, 2, 2, 2)]
     fields = [Field("LISTING", "C")] + [Field(one, "N", 3) for one in ("PAGE", "ROW", "COLUMN")]
     write_table(folder / "names.dbf", fields, rows, "utf-8")
     subprocess.run([program, "make", "names.dbf", "-o", "names.pdf", "--locale", "en-US"],

@@ -69,9 +69,10 @@ private:
 std::string ReasonOf(const pdf::Violated& violated) {
     const pdf::Violation& first = violated.violations.front();
     const bool isFont = first.rule == pdf::Violation::Rule::FontLicence;
-    const std::string way = isFont ? "use another font, or if its maker allows it" : "use";
-    return first.Text() + ", which a file for archives must not have; " + way +
-           " --no-tags, for a file without that claim";
+    return first.Text() +
+           (isFont ? ", as a file for archives needs; use another font, or --no-tags if its maker "
+                     "permits that"
+                   : ", which a file for archives must not have; use --no-tags for any other file");
 }
 
 void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> places) {

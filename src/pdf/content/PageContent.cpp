@@ -1,5 +1,7 @@
 #include "pdf/content/PageContent.h"
 
+#include <utility>
+
 #include "pdf/file/Syntax.h"
 
 namespace pdf {
@@ -108,18 +110,28 @@ void PageContent::Show(PangoFont* font, const glyphs::GlyphLine& line,
 /// those who see it.
 void PageContent::MarkText(const FontUse& font) {
     if (textMark_ && *textMark_ == meaning_) {
-        if (partsWords_) texts_.AddBlank(font);
+        if (partsWords_) PartFromNext(font);
         return;
     }
-    if (textMark_ && textMark_->role == Role::Name && meaning_.role != Role::Name)
-        texts_.AddBlank(font);
+    if (textMark_ && textMark_->role == Role::Name && meaning_.role != Role::Name) {
+        const Meaning next = std::exchange(meaning_, *textMark_);
+        PartFromNext(font);
+        meaning_ = next;
+    }
     EndMark();
     textMark_ = meaning_;
     texts_.MarkNext();
 }
 
+/// A text that its mark tells is complete.
+void PageContent::PartFromNext(const FontUse& font) {
+    if (meaning_.actualText.empty()) texts_.AddBlank(font);
+}
+
 std::string PageContent::NextMark(std::string_view actualText) {
-    if (const char* const artifact = ArtifactOf(meaning_.role)) return artifact;
+    if (const char* const artifact = ArtifactOf(meaning_.role))
+        return actualText.empty() ? artifact
+                                  : "/Artifact<</ActualText" + TextString(actualText) + ">>BDC\n";
     std::string mark = actualText.empty() ? "/P<</MCID " : "/Span<</MCID ";
     AppendInteger(mark, structure_->Add(meaning_));
     if (!actualText.empty()) mark += "/ActualText" + TextString(actualText);

@@ -40,8 +40,10 @@ private:
     void AppendBox(const Box& box);
     void BeginShapes();
     void MarkText(const FontUse& font);
+    void PartFromNext(const FontUse& font);
     void EndMark();
     std::string NextMark(std::string_view actualText) override;
+    bool TellWholeText() const override { return !meaning_.actualText.empty(); }
 
     FontSet& fonts_;
     StructureTree* structure_;

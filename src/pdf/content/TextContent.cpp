@@ -77,39 +77,34 @@ void TextContent::Show(const FontUse& font, const GlyphLine& line, const Baselin
 }
 
 /// Marks several glyphs of one text with ActualText. For readers that do not support it, the first
-/// glyph has the whole text, and the others have a character that shows nothing.
+/// glyph has the whole text, and the others have a character that shows nothing. PDF/A asks for
+/// ActualText also where a character's meaning is private; the character is all that is known of
+/// it.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
-    if (glyphs.size() == 1 && marker_ && HasPrivateUse(text))
-        return ShowPrivate(pen, glyphs[0], text);
-    if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
+    const bool isPrivate = marker_ && HasPrivateUse(text);
+    if (glyphs.size() == 1 && !isPrivate) return ShowGlyph(pen, glyphs[0], text);
     constexpr char kNothing[] = "\u2060";  // WORD JOINER.
+    const auto show = [&] {
+        for (const Glyph& glyph : glyphs)
+            ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : kNothing);
+    };
+    if (marker_ && marker_->TellWholeText()) return show();
     CloseString(pen);
     const bool isMarked = isMarked_ || markNext_;
     EndMark();
+    std::string told;
+    for (unsigned i = 0; i < glyphs[0].count; ++i) told += text;
     out_ +=
-        isMarked ? marker_->NextMark(text) : "/Span<</ActualText" + TextString(text) + ">>BDC\n";
-    for (const Glyph& glyph : glyphs)
-        ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : kNothing);
+        isMarked ? marker_->NextMark(told) : "/Span<</ActualText" + TextString(told) + ">>BDC\n";
+    show();
     CloseString(pen);
     out_ += "EMC\n";
     markNext_ = isMarked;
 }
 
-/// PDF/A asks for ActualText where a character's meaning is the writer's own affair. There is no
-/// better text than the character itself.
-void TextContent::ShowPrivate(Pen& pen, const Glyph& glyph, std::string_view text) {
-    CloseString(pen);
-    if (markNext_) WriteMark();
-    std::string told;
-    for (unsigned i = 0; i < glyph.count; ++i) told += text;
-    out_ += "/Span<</ActualText" + TextString(told) + ">>BDC\n";
-    ShowGlyph(pen, glyph, text);
-    CloseString(pen);
-    out_ += "EMC\n";
-}
-
 void TextContent::AddBlank(const FontUse& font) {
     if (font.blank == 0) return;
+    if (markNext_) WriteMark();
     const auto place = font.face->Find(font.blank, " ");
     UseFont(*place.subset, font.points);
     out_ += '(';

@@ -15,6 +15,8 @@ public:
     /// Returns the operator that begins the next piece of content. A text that the glyphs do not
     /// tell themselves is told by the mark.
     virtual std::string NextMark(std::string_view actualText) = 0;
+    /// Returns whether the marks tell the whole text, so that no part of it needs to be told.
+    virtual bool TellWholeText() const = 0;
 };
 
 /// Writes the texts of a page. Each glyph is within kPlaceTolerance of its place, and within
@@ -60,7 +62,6 @@ private:
     };
 
     void ShowCluster(Pen& pen, std::span<const glyphs::Glyph> glyphs, std::string_view text);
-    void ShowPrivate(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void ShowGlyph(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void Repeat(Pen& pen, const glyphs::Glyph& glyph, const CodeTable::Entry& entry);
     void WriteMark();

@@ -6,10 +6,11 @@
 namespace pdf {
 namespace {
 
-/// Bytes of a text as a string; a hexadecimal one has two digits for each.
+/// Bytes of a text as a string: escapes are no part of it, and hexadecimal ones have two digits
+/// each.
 std::size_t StringBytes(std::string_view text) {
     const std::string written = TextString(text);
-    return written.front() == '<' ? written.size() / 2 - 1 : written.size() - 2;
+    return written.front() == '<' ? written.size() / 2 - 1 : text.size();
 }
 
 }  // namespace
@@ -19,7 +20,7 @@ std::string Violation::Text() const {
 }
 
 void Violations::CheckText(std::string_view name, std::string_view text) {
-    // A character of one byte takes two at most, and escapes are no part of a string.
+    // A character of one byte takes two at most.
     if (text.size() <= kLongestString / 2 - 1 || StringBytes(text) <= kLongestString) return;
     constexpr std::size_t kShown = 30;
     const std::string_view start = text.substr(0, kShown);
