@@ -102,7 +102,12 @@ def preflight(classpath):
 
 
 def main(program, table, locale, classpath=""):
-    os.chdir(tempfile.mkdtemp())
+    with tempfile.TemporaryDirectory() as folder:
+        os.chdir(folder)
+        return check(program, table, locale, classpath)
+
+
+def check(program, table, locale, classpath):
     status, _, errors = run(program, "make", table, "-o", "index.pdf", "--document", "index.json",
                             "--locale", locale)
     if status:

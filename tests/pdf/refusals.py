@@ -20,8 +20,8 @@ def licensed(source, licence):
 
 
 class Folder:
-    def __init__(self, program, table):
-        self.path = Path(tempfile.mkdtemp())
+    def __init__(self, path, program, table):
+        self.path = Path(path)
         self.program, self.table = program, table
         self.font = subprocess.run(["fc-match", "-f", "%{file}", "Liberation Sans:bold=0"],
                                    stdout=subprocess.PIPE, check=True, text=True).stdout
@@ -55,22 +55,26 @@ def cases():
 
 
 def main(program, table):
-    folder, faults = Folder(program, table), []
+    with tempfile.TemporaryDirectory() as path:
+        faults = list(check(Folder(path, program, table)))
+    print("\n".join(faults))
+    return 1 if faults else 0
+
+
+def check(folder):
     for licence, options, told in cases():
         status, errors, written = folder.make(licence, "--locale", "en-US", *options)
         sentence = r'(?m)^gazetteer: The file "index.pdf" cannot be written: %s, .* --no-tags .*\.$'
         good = (status, bool(written)) == ((1, False) if told else (0, True)) and (
             not told or re.search(sentence % told, errors))
         if not good:
-            faults.append("%s %s: status %d: %s" % (licence, options, status, errors))
+            yield "%s %s: status %d: %s" % (licence, options, status, errors)
     # Without a language, less is claimed.
     for locale, level, access in (("en-US", b"A", True), ("C", b"B", False)):
         written = folder.make(0, LC_ALL=locale, *(("--locale", locale) if access else ()))[2]
         if b"<pdfaid:conformance>%s<" % level not in written or (
                 b"pdfuaid:part>" in written) != access:
-            faults.append("claims for " + locale)
-    print("\n".join(faults))
-    return 1 if faults else 0
+            yield "claims for " + locale
 
 
 if __name__ == "__main__":
