@@ -134,14 +134,13 @@ std::span<const desk::TextPart> SheetMeanings::Read(const host::IHostTextElement
 void SheetMeanings::AddSheetText(const host::IHostTextElement& element) {
     const auto* const named = asNamed_(&element);
     const std::string tag = named ? named->Name() : std::string();
-    const bool isLabel = tag == kHeadTag || tag == kNumberTag;
-    const bool isSample = tag == gazetteer::kSampleLabelTag;
     const std::string text = element.Text();
     ++item_;
-    Add(isLabel    ? Role::PageMatter
-        : isSample ? Role::Decoration
-                   : Role::Paragraph,
-        text, text.size());
+    Role role = Role::Paragraph;
+    if (tag == kHeadTag) role = Role::PageHead;
+    if (tag == kNumberTag) role = Role::PageFoot;
+    if (tag == gazetteer::kSampleLabelTag) role = Role::Decoration;
+    Add(role, text, text.size());
 }
 
 /// A heading that goes on from the page or column group before is none of its own.

@@ -56,10 +56,10 @@ protected:
     virtual void Close() = 0;
 
     ReplacingFile& File() { return file_; }
-
-private:
+    /// Throws a failure that names the file.
     [[noreturn]] void Refuse(const std::string& reason) const;
 
+private:
     ReplacingFile file_;
     Sheets most_;
     Canvas* sheet_ = nullptr;

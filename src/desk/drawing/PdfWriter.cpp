@@ -65,6 +65,16 @@ private:
     throw host::Failure(host::kFailureUnspecified, "PdfWriter", error.what());
 }
 
+/// Tells the first violation, and what can be done.
+std::string ReasonOf(const pdf::Violated& violated) {
+    const pdf::Violation& first = violated.violations.front();
+    const bool isFont = first.rule == pdf::Violation::Rule::FontLicence;
+    return first.Text() +
+           (isFont ? ", as a file for archives needs; use another font, or --no-tags if its maker "
+                     "permits that"
+                   : ", which a file for archives must not have; use --no-tags for any other file");
+}
+
 void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> places) {
     std::vector<pdf::Bookmark> marks;
     for (const Bookmark& place : places)
@@ -72,7 +82,9 @@ void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> pla
     document_.EndPage({title, height_}, marks);
 }
 
-void PdfWriter::Close() try { document_.Finish(); } catch (const pdf::Error& error) {
+void PdfWriter::Close() try { document_.Finish(); } catch (const pdf::Violated& violated) {
+    Refuse(ReasonOf(violated));
+} catch (const pdf::Error& error) {
     PassOn(error);
 }
 

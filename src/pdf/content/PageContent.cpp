@@ -1,6 +1,7 @@
 #include "pdf/content/PageContent.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "pdf/file/Syntax.h"
 
@@ -12,6 +13,15 @@ constexpr int kEdgeDecimals = 3;
 
 /// Begins what means nothing.
 constexpr char kArtifact[] = "/Artifact BMC\n";
+
+/// Returns the operator that begins what is no content; null for roles of content.
+const char* ArtifactOf(Role role) {
+    if (role == Role::Decoration) return kArtifact;
+    if (role == Role::PageMatter) return "/Artifact<</Type/Pagination>>BDC\n";
+    if (role == Role::PageHead) return "/Artifact<</Type/Pagination/Subtype/Header>>BDC\n";
+    if (role == Role::PageFoot) return "/Artifact<</Type/Pagination/Subtype/Footer>>BDC\n";
+    return nullptr;
+}
 
 std::int64_t Edge(double points) {
     return Scaled(points, kEdgeDecimals);
@@ -129,20 +139,32 @@ void PageContent::EndLink() {
     linkTarget_ = nullptr;
 }
 
-/// Marks begin and end inside a text object.
+/// Marks begin and end inside a text object. A leader parts a name from its references only for
+/// those who see it.
 void PageContent::MarkText(const FontUse& font) {
     if (textMark_ && *textMark_ == meaning_) {
-        if (partsWords_) texts_.AddBlank(font);
+        if (partsWords_) PartFromNext(font);
         return;
+    }
+    if (textMark_ && textMark_->role == Role::Name && meaning_.role != Role::Name) {
+        const Meaning next = std::exchange(meaning_, *textMark_);
+        PartFromNext(font);
+        meaning_ = next;
     }
     EndMark();
     textMark_ = meaning_;
     texts_.MarkNext();
 }
 
+/// A text that its mark tells is complete.
+void PageContent::PartFromNext(const FontUse& font) {
+    if (meaning_.actualText.empty()) texts_.AddBlank(font);
+}
+
 std::string PageContent::NextMark(std::string_view actualText) {
-    if (meaning_.role == Role::Decoration) return kArtifact;
-    if (meaning_.role == Role::PageMatter) return "/Artifact<</Type/Pagination>>BDC\n";
+    if (const char* const artifact = ArtifactOf(meaning_.role))
+        return actualText.empty() ? artifact
+                                  : "/Artifact<</ActualText" + TextString(actualText) + ">>BDC\n";
     std::string mark = actualText.empty() ? "/P<</MCID " : "/Span<</MCID ";
     AppendInteger(mark, structure_->Add(meaning_));
     if (!actualText.empty()) mark += "/ActualText" + TextString(actualText);

@@ -45,11 +45,13 @@ private:
     void AppendBox(const Box& box);
     void BeginShapes();
     void MarkText(const FontUse& font);
+    void PartFromNext(const FontUse& font);
     void EndMark();
     void ExtendLink(const FontUse& font, const glyphs::Baseline& baseline, double left,
                     double right);
     void EndLink();
     std::string NextMark(std::string_view actualText) override;
+    bool TellWholeText() const override { return !meaning_.actualText.empty(); }
 
     ObjectFile& file_;
     FontSet& fonts_;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "characters/Utf8.h"
 #include "pdf/file/Syntax.h"
+#include "pdf/file/Violations.h"
 
 namespace pdf {
 
@@ -40,6 +42,20 @@ std::size_t ClusterSize(std::span<const Glyph> glyphs) {
     return size;
 }
 
+/// Returns whether a text has a character of the private use areas, U+E000 to U+F8FF and planes 15
+/// and 16. Their first bytes are 0xEE and above.
+bool HasPrivateUse(std::string_view text) {
+    constexpr unsigned char kFirst = 0xEE;
+    if (std::ranges::none_of(text, [](unsigned char byte) { return byte >= kFirst; })) return false;
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = characters::NextCodePoint(text, at);
+        const bool isPrivate = (character >= 0xE000 && character <= 0xF8FF) ||
+                               (character >= 0xF0000 && character <= 0x10FFFF);
+        if (isPrivate) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 double TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
@@ -62,17 +78,26 @@ double TextContent::Show(const FontUse& font, const GlyphLine& line, const Basel
 }
 
 /// Marks several glyphs of one text with ActualText. For readers that do not support it, the first
-/// glyph has the whole text, and the others have a character that shows nothing.
+/// glyph has the whole text, and the others have a character that shows nothing. PDF/A asks for
+/// ActualText also where a character's meaning is private; the character is all that is known of
+/// it.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
-    if (glyphs.size() == 1) return ShowGlyph(pen, glyphs[0], text);
+    const bool isPrivate = marker_ && HasPrivateUse(text);
+    if (glyphs.size() == 1 && !isPrivate) return ShowGlyph(pen, glyphs[0], text);
     constexpr char kNothing[] = "\u2060";  // WORD JOINER.
+    const auto show = [&] {
+        for (const Glyph& glyph : glyphs)
+            ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : kNothing);
+    };
+    if (marker_ && marker_->TellWholeText()) return show();
     CloseString(pen);
     const bool isMarked = isMarked_ || markNext_;
     EndMark();
+    std::string told;
+    for (unsigned i = 0; i < glyphs[0].count; ++i) told += text;
     out_ +=
-        isMarked ? marker_->NextMark(text) : "/Span<</ActualText" + TextString(text) + ">>BDC\n";
-    for (const Glyph& glyph : glyphs)
-        ShowGlyph(pen, glyph, &glyph == glyphs.data() ? text : kNothing);
+        isMarked ? marker_->NextMark(told) : "/Span<</ActualText" + TextString(told) + ">>BDC\n";
+    show();
     CloseString(pen);
     out_ += "EMC\n";
     markNext_ = isMarked;
@@ -80,6 +105,7 @@ void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::stri
 
 void TextContent::AddBlank(const FontUse& font) {
     if (font.blank == 0) return;
+    if (markNext_) WriteMark();
     const auto place = font.face->Find(font.blank, " ");
     UseFont(*place.subset, font.points);
     out_ += '(';
@@ -91,7 +117,8 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
     const CodeTable::Entry* entry = nullptr;
     if (pen.open && glyph.y == pen.y) entry = pen.subset->codes.Find(glyph.id, text);
     if (!entry) {
-        const bool known = (glyph.id & PANGO_GLYPH_UNKNOWN_FLAG) == 0;
+        // Glyph 0 stands for missing ones too; files for archives must not show it as a font's.
+        const bool known = glyph.id != 0 && (glyph.id & PANGO_GLYPH_UNKNOWN_FLAG) == 0;
         const auto place = (known ? pen.font.face : pen.font.boxes)->Find(glyph.id, text);
         entry = place.entry;
         if (!pen.open || glyph.y != pen.y || place.subset != pen.subset) {
@@ -102,7 +129,7 @@ void TextContent::ShowGlyph(Pen& pen, const Glyph& glyph, std::string_view text)
     }
     const double off = Points(glyph.x) - pen.x;
     if (std::abs(off) > kPlaceTolerance) Move(pen, off);
-    entry->code.AppendTo(out_);
+    AppendCode(pen, entry->code);
     pen.x += entry->width * pen.thousandth;
     if (glyph.count > 1) Repeat(pen, glyph, *entry);
 }
@@ -119,7 +146,7 @@ void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& e
         return Points(glyph.x) + index * step - pen.x - (index - done) * advance;
     };
     const auto writeUpTo = [&](unsigned index) {
-        for (unsigned i = done; i < index; ++i) entry.code.AppendTo(out_);
+        for (unsigned i = done; i < index; ++i) AppendCode(pen, entry.code);
         pen.x += (index - done) * advance;
         done = index;
     };
@@ -131,6 +158,16 @@ void TextContent::Repeat(Pen& pen, const Glyph& glyph, const CodeTable::Entry& e
         Move(pen, offAt((part + 1) * glyph.count / parts - 1));
     }
     writeUpTo(glyph.count);
+}
+
+/// Long strings are divided, as PDF/A limits them.
+void TextContent::AppendCode(Pen& pen, const Code& code) {
+    if (out_.size() - pen.part > kLongestString - 2 * sizeof(code.bytes)) {
+        out_ += ")(";
+        pen.moved = true;
+        pen.part = out_.size();
+    }
+    code.AppendTo(out_);
 }
 
 void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
@@ -147,6 +184,7 @@ void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
     pen.moved = false;
     pen.open = true;
     out_ += " (";
+    pen.part = out_.size();
 }
 
 // A string without moves needs no array; otherwise the blank before it becomes the bracket.
@@ -177,6 +215,7 @@ void TextContent::Move(Pen& pen, double distance) {
     out_ += '(';
     pen.x += static_cast<double>(steps) * pen.move;
     pen.moved = true;
+    pen.part = out_.size();
 }
 
 void TextContent::UseFont(const Subset& subset, double points) {

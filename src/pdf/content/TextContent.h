@@ -15,6 +15,8 @@ public:
     /// Returns the operator that begins the next piece of content. A text that the glyphs do not
     /// tell themselves is told by the mark.
     virtual std::string NextMark(std::string_view actualText) = 0;
+    /// Returns whether the marks tell the whole text, so that no part of it needs to be told.
+    virtual bool TellWholeText() const = 0;
 };
 
 /// Writes the texts of a page. Each glyph is within kPlaceTolerance of its place, and within
@@ -58,12 +60,14 @@ private:
         bool open = false;      ///< A string is open.
         std::size_t start = 0;  ///< Offset of the open string in out_.
         bool moved = false;     ///< The open string contains moves.
+        std::size_t part = 0;   ///< Offset of its part behind the last move.
     };
 
     void ShowCluster(Pen& pen, std::span<const glyphs::Glyph> glyphs, std::string_view text);
     void ShowGlyph(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void Repeat(Pen& pen, const glyphs::Glyph& glyph, const CodeTable::Entry& entry);
     void WriteMark();
+    void AppendCode(Pen& pen, const Code& code);
     void OpenString(Pen& pen, const glyphs::Glyph& glyph);
     void CloseString(Pen& pen);
     void Move(Pen& pen, double distance);

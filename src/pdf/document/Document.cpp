@@ -16,12 +16,15 @@ Document::Document(Output& output, Options options)
       links_(objects_),
       catalog_(objects_.NewObject()),
       pageTree_(objects_.NewObject()),
+      resources_(objects_.NewObject()),
       structure_(options_.tags ? std::make_unique<StructureTree>(objects_) : nullptr) {}
 
 PageContent& Document::BeginPage(double width, double height) {
     width_ = width;
     height_ = height;
     pages_.push_back(objects_.NewObject());
+    objects_.Found().SetPage(static_cast<int>(pages_.size()));
+    CheckSides();
     if (structure_) structure_->BeginPage(pages_.back());
     content_ = std::make_unique<PageContent>(objects_, fonts_, links_, structure_.get());
     return *content_;
@@ -30,7 +33,8 @@ PageContent& Document::BeginPage(double width, double height) {
 void Document::EndPage(const Bookmark& page, std::span<const Bookmark> places) {
     const int content = objects_.WriteStream("", content_->Take());
     std::string body = "<</Type/Page/Parent " + Reference(pageTree_) + "/MediaBox[0 0 " +
-                       Number(width_) + ' ' + Number(height_) + "]/Contents " + Reference(content);
+                       Number(width_) + ' ' + Number(height_) + "]/Resources " +
+                       Reference(resources_) + "/Contents " + Reference(content);
     if (const int key = structure_ ? structure_->EndPage() : -1; key >= 0)
         body += "/StructParents " + std::to_string(key);
     objects_.WriteObject(pages_.back(), body + links_.TakePage() + ">>");
@@ -38,18 +42,29 @@ void Document::EndPage(const Bookmark& page, std::span<const Bookmark> places) {
 }
 
 void Document::Finish() {
-    std::string tree = "<</Type/Pages/Resources<</Font<<" + fonts_.Write() + ">>>>/Count " +
-                       std::to_string(pages_.size()) + "/Kids[";
+    objects_.Found().SetPage(0);
+    objects_.WriteObject(resources_, "<</Font<<" + fonts_.Write() + ">>>>");
+    std::string tree = "<</Type/Pages/Count " + std::to_string(pages_.size()) + "/Kids[";
     for (const int page : pages_) tree += Reference(page) + ' ';
     objects_.WriteObject(pageTree_, tree + "]>>");
     const About about{options_.title, options_.program, ClaimsOf()};
     objects_.WriteObject(catalog_, Catalog(about));
     objects_.Finish(catalog_, WriteInfo(objects_, about));
+    if (structure_ && !objects_.Found().Found().empty()) throw Violated(objects_.Found().Found());
+}
+
+void Document::CheckSides() {
+    for (const double side : {width_, height_})
+        if (!(side >= kShortestSide && side <= kLongestSide))
+            objects_.Found().Add(Violation::Rule::PageSize,
+                                 "a side of " + Number(side, 2) + " points is not within " +
+                                     Number(kShortestSide) + " to " + Number(kLongestSide));
 }
 
 Claims Document::ClaimsOf() const {
     if (!structure_) return Claims::None;
-    return options_.language.empty() ? Claims::Archive : Claims::ArchiveAndAccess;
+    const bool isForAccess = !options_.language.empty() && !options_.title.empty();
+    return isForAccess ? Claims::ArchiveAndAccess : Claims::Archive;
 }
 
 std::string Document::Catalog(const About& about) {

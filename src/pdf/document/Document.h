@@ -20,7 +20,7 @@ struct Options {
     std::string language;          ///< As in "de-AT"; empty: not known.
     std::int64_t firstNumber = 1;  ///< Printed on the first page.
     /// Whether the file tells the structure and the meaning of its contents. Such a file keeps to
-    /// PDF/A-2 at level A and to PDF/UA-1; without a language, to PDF/A-2 at level B.
+    /// PDF/A-2 at level A and to PDF/UA-1; without a language or a title, to PDF/A-2 at level B.
     bool tags = true;
 };
 
@@ -44,19 +44,20 @@ public:
     PageContent& BeginPage(double width, double height);
     /// A title adds a bookmark to the page, and below it those of places on the page.
     void EndPage(const Bookmark& page, std::span<const Bookmark> places);
-    /// Writes the rest of the file.
+    /// Writes the rest of the file. Throws Violated for one that would not be what it claims to be.
     void Finish();
 
 private:
     std::string Catalog(const About& about);
     Claims ClaimsOf() const;
+    void CheckSides();
 
     Options options_;
     ObjectFile objects_;
     FontSet fonts_;
     Bookmarks bookmarks_;
     Links links_;
-    int catalog_, pageTree_;
+    int catalog_, pageTree_, resources_;
     std::unique_ptr<StructureTree> structure_;  ///< Null without tags.
     std::vector<int> pages_;                    ///< Object numbers.
     std::unique_ptr<PageContent> content_;

@@ -20,6 +20,8 @@ constexpr std::size_t kTimeBytes = 12;
 /// Returns the profile without the time of making, so that it is the same each time.
 std::string ScreenProfile() {
     const Profile profile(cmsCreate_sRGBProfile());
+    // The newest one that PDF 1.7 names (ICC.1:2004-10).
+    if (profile) cmsSetProfileVersion(profile.get(), 4.2);
     cmsUInt32Number size = 0;
     if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &size))
         throw Error("The colour profile of screens cannot be made.");

@@ -10,7 +10,7 @@
 namespace pdf {
 namespace {
 
-/// Returns nothing if SOURCE_DATE_EPOCH is not a number.
+/// Returns nothing if SOURCE_DATE_EPOCH is not a number, or beyond what dates can be.
 std::optional<std::tm> CreationDate() {
     const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
     if (!epoch || !*epoch) return std::nullopt;
@@ -18,6 +18,8 @@ std::optional<std::tm> CreationDate() {
     const std::time_t seconds = std::strtoll(epoch, &end, 10);
     std::tm date{};
     if (*end != '\0' || !gmtime_r(&seconds, &date)) return std::nullopt;
+    // Years have four digits in a file; a date counts them from 1900.
+    if (date.tm_year < 0 || date.tm_year > 9999 - 1900) return std::nullopt;
     return date;
 }
 
@@ -27,60 +29,78 @@ std::string DateText(const char* format) {
     return date ? std::string(text, std::strftime(text, sizeof text, format, &*date)) : "";
 }
 
-/// Returns a text as XML shows it. Characters that XML cannot hold become U+FFFD.
-std::string XmlText(std::string_view text) {
-    std::string xml;
+/// Returns a text without characters that XML cannot hold, which become U+FFFD, so that the
+/// information dictionary and XMP say the same.
+std::string Holdable(std::string_view text) {
+    std::string held;
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t start = at;
         const char32_t character = characters::NextCodePoint(text, at);
         const bool isControl = character < ' ' && character != '\t' && character != '\n';
+        if (isControl || character == characters::kNotUtf8 || character == 0xFFFE ||
+            character == 0xFFFF)
+            held += "\uFFFD";
+        else
+            held += text.substr(start, at - start);
+    }
+    return held;
+}
+
+/// Returns a text as XML shows it.
+std::string XmlText(std::string_view text) {
+    std::string xml;
+    for (const char character : Holdable(text)) {
         if (character == '&')
             xml += "&amp;";
         else if (character == '<')
             xml += "&lt;";
-        else if (isControl || character == characters::kNotUtf8 || character == 0xFFFE ||
-                 character == 0xFFFF)
-            xml += "\uFFFD";
+        else if (character == '>')
+            xml += "&gt;";
         else
-            xml += text.substr(start, at - start);
+            xml += character;
     }
     return xml;
 }
 
-/// Tells the standards by their properties, and what these are: PDF/A asks for a description of
-/// properties that it does not know, such as PDF/UA's.
+/// Tells the standards by their properties.
 std::string ClaimTexts(Claims claims) {
     if (claims == Claims::None) return {};
-    const bool access = claims == Claims::ArchiveAndAccess;
-    std::string texts = "<pdfaid:part>2</pdfaid:part><pdfaid:conformance>";
-    texts += access ? "A" : "B";
-    texts += "</pdfaid:conformance>";
-    if (!access) return texts;
-    return texts +
-           "<pdfuaid:part>1</pdfuaid:part><pdfaExtension:schemas><rdf:Bag><rdf:li "
-           "rdf:parseType=\"Resource\"><pdfaSchema:schema>PDF/UA identification"
-           "</pdfaSchema:schema><pdfaSchema:namespaceURI>http://www.aiim.org/pdfua/ns/id/"
-           "</pdfaSchema:namespaceURI><pdfaSchema:prefix>pdfuaid</pdfaSchema:prefix>"
-           "<pdfaSchema:property><rdf:Seq><rdf:li rdf:parseType=\"Resource\">"
-           "<pdfaProperty:name>part</pdfaProperty:name><pdfaProperty:valueType>Integer"
-           "</pdfaProperty:valueType><pdfaProperty:category>internal</pdfaProperty:category>"
-           "<pdfaProperty:description>Part of ISO 14289</pdfaProperty:description></rdf:li>"
-           "</rdf:Seq></pdfaSchema:property></rdf:li></rdf:Bag></pdfaExtension:schemas>";
+    if (claims == Claims::Archive)
+        return "<pdfaid:part>2</pdfaid:part><pdfaid:conformance>B</pdfaid:conformance>";
+    return "<pdfaid:part>2</pdfaid:part><pdfaid:conformance>A</pdfaid:conformance>"
+           "<pdfuaid:part>1</pdfuaid:part>";
 }
+
+/// PDF/A asks for a description of properties that it does not know, such as PDF/UA's. Some readers
+/// look for it in a description of its own.
+constexpr char kAccessSchema[] =
+    "<rdf:Description rdf:about=\"\""
+    " xmlns:pdfaExtension=\"http://www.aiim.org/pdfa/ns/extension/\""
+    " xmlns:pdfaSchema=\"http://www.aiim.org/pdfa/ns/schema#\""
+    " xmlns:pdfaProperty=\"http://www.aiim.org/pdfa/ns/property#\">"
+    "<pdfaExtension:schemas><rdf:Bag><rdf:li rdf:parseType=\"Resource\">"
+    "<pdfaSchema:schema>PDF/UA identification</pdfaSchema:schema>"
+    "<pdfaSchema:namespaceURI>http://www.aiim.org/pdfua/ns/id/</pdfaSchema:namespaceURI>"
+    "<pdfaSchema:prefix>pdfuaid</pdfaSchema:prefix>"
+    "<pdfaSchema:property><rdf:Seq><rdf:li rdf:parseType=\"Resource\">"
+    "<pdfaProperty:name>part</pdfaProperty:name>"
+    "<pdfaProperty:valueType>Integer</pdfaProperty:valueType>"
+    "<pdfaProperty:category>internal</pdfaProperty:category>"
+    "<pdfaProperty:description>Part of ISO 14289</pdfaProperty:description>"
+    "</rdf:li></rdf:Seq></pdfaSchema:property></rdf:li></rdf:Bag></pdfaExtension:schemas>"
+    "</rdf:Description>";
 
 constexpr char kNamespaces[] =
     " xmlns:dc=\"http://purl.org/dc/elements/1.1/\" xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\""
     " xmlns:pdfaid=\"http://www.aiim.org/pdfa/ns/id/\""
-    " xmlns:pdfuaid=\"http://www.aiim.org/pdfua/ns/id/\""
-    " xmlns:pdfaExtension=\"http://www.aiim.org/pdfa/ns/extension/\""
-    " xmlns:pdfaSchema=\"http://www.aiim.org/pdfa/ns/schema#\""
-    " xmlns:pdfaProperty=\"http://www.aiim.org/pdfa/ns/property#\"";
+    " xmlns:pdfuaid=\"http://www.aiim.org/pdfua/ns/id/\"";
 
 }  // namespace
 
 int WriteInfo(ObjectFile& file, const About& about) {
-    std::string info =
-        "<</Title" + TextString(about.title) + "/Creator" + TextString(about.program);
+    file.Found().CheckText("the title", about.title);
+    std::string info = "<</Title" + TextString(Holdable(about.title)) + "/Creator" +
+                       TextString(Holdable(about.program));
     const std::string date = DateText("D:%Y%m%d%H%M%SZ");
     if (!date.empty()) info += "/CreationDate(" + date + ')';
     return file.WriteObject(info + ">>");
@@ -101,8 +121,9 @@ int WriteXmp(ObjectFile& file, const About& about) {
         "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
         "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"><rdf:Description "
         "rdf:about=\"\"" +
-            std::string(kNamespaces) + '>' + properties +
-            "</rdf:Description></rdf:RDF></x:xmpmeta>\n<?xpacket end=\"w\"?>");
+            std::string(kNamespaces) + '>' + properties + "</rdf:Description>" +
+            (about.claims == Claims::ArchiveAndAccess ? kAccessSchema : "") +
+            "</rdf:RDF></x:xmpmeta>\n<?xpacket end=\"w\"?>");
 }
 
 }  // namespace pdf

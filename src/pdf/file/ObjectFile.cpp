@@ -40,6 +40,10 @@ ObjectFile::ObjectFile(Output& output)
 int ObjectFile::NewObjects(int count) {
     const auto first = places_.size();
     places_.resize(first + static_cast<std::size_t>(count));
+    // There is no object 0.
+    if (first - 1 <= kMostFileObjects && places_.size() - 1 > kMostFileObjects)
+        violations_.Add(Violation::Rule::ObjectCount,
+                        "the file has more than " + std::to_string(kMostFileObjects) + " objects");
     return static_cast<int>(first);
 }
 

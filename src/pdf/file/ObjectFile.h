@@ -10,6 +10,7 @@
 
 #include "glyphs/Releaser.h"
 #include "pdf/file/Output.h"
+#include "pdf/file/Violations.h"
 
 namespace pdf {
 
@@ -40,6 +41,9 @@ public:
     void WritePackedRows(const std::vector<int>& numbers, std::size_t first, std::string_view data,
                          std::size_t row);
 
+    /// What the file's parts found that keeps it from being what it claims to be.
+    Violations& Found() { return violations_; }
+
     /// Writes the packed objects and the cross-reference table. Nothing can be written afterwards.
     void Finish(int catalog, int info);
 
@@ -59,6 +63,7 @@ private:
     std::string Places(int offsetBytes) const;
 
     Output& output_;
+    Violations violations_;
     std::unique_ptr<GChecksum, glyphs::Releaser<g_checksum_free>>
         identity_;  ///< Of the bytes so far; null once the file's identifier is known.
     std::unique_ptr<libdeflate_compressor, glyphs::Releaser<libdeflate_free_compressor>>

@@ -48,8 +48,8 @@ void AppendScaled(std::string& out, std::int64_t scaled, int decimals) {
 }
 
 std::int64_t Scaled(double value, int decimals) {
-    // Larger than any sheet, and within 64 bits at six decimals.
-    constexpr double kFarthest = 1e12;
+    // Larger than any sheet; twice as much, the way between two of them, is within 32 bits.
+    constexpr double kFarthest = 1e9;
     value = std::isnan(value) ? 0 : std::clamp(value, -kFarthest, kFarthest);
     return std::llround(value * static_cast<double>(PowerOfTen(decimals)));
 }

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "pdf/file/Syntax.h"
+#include "pdf/fonts/FontDescriptor.h"
 
 namespace pdf {
 namespace {
@@ -177,11 +178,14 @@ void DrawnFont::WriteSubset(ObjectFile& file, const Subset& subset) {
         differences += code + '/' + name + ' ';
         drawings += '/' + name + ' ' + Reference(WriteDrawing(file, entry, name, pictures));
     }
-    std::string font =
-        "<</Type/Font/Subtype/Type3/FontBBox[0 0 0 0]/FontMatrix[.001 0 0 .001 0 0]"
-        "/Resources<</XObject<<" +
-        pictures + ">>>>/Encoding<</Type/Encoding/Differences[" + differences + "]>>/CharProcs<<" +
-        drawings + ">>/FirstChar 0/LastChar 255/Widths[";
+    const std::string name = "D" + std::to_string(subset.name);
+    std::string font = "<</Type/Font/Subtype/Type3/Name/" + name + "/FontDescriptor " +
+                       Reference(file.WriteObject("<</Type/FontDescriptor/FontName/" + name +
+                                                  DescriptorEntries(font_) + ">>")) +
+                       "/FontBBox[0 0 0 0]/FontMatrix[.001 0 0 .001 0 0]"
+                       "/Resources<</XObject<<" +
+                       pictures + ">>>>/Encoding<</Type/Encoding/Differences[" + differences +
+                       "]>>/CharProcs<<" + drawings + ">>/FirstChar 0/LastChar 255/Widths[";
     for (const double width : widths) font += Number(width) + ' ';
     font += "]/ToUnicode " + Reference(WriteToUnicode(file, subset.codes));
     file.WriteObject(subset.object, font + ">>");

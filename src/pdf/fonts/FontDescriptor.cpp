@@ -1,5 +1,6 @@
 #include "pdf/fonts/FontDescriptor.h"
 
+#include <algorithm>
 #include <array>
 #include <cairo-ft.h>
 #include <freetype/tttables.h>
@@ -26,6 +27,9 @@ constexpr int kLightStem = 80;
 constexpr int kBoldStem = 140;
 constexpr float kBoldWeight = 600;
 
+/// Bytes of a font's name: a name of PDF has 127 at most, and the tag of a subset seven.
+constexpr unsigned kLongestName = 120;
+
 /// Returns null if the font does not have the table.
 template <class Table>
 const Table* SfntTable(const FreeTypeFace& face, FT_Sfnt_Tag tag) {
@@ -49,13 +53,28 @@ std::string FontName(hb_face_t* face) {
     auto size = static_cast<unsigned>(text.size());
     hb_ot_name_get_utf8(face, HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &size,
                         text.data());
-    std::string name(text.data(), size);
+    std::string name(text.data(), std::min(size, kLongestName));
     std::erase_if(name, [](unsigned char c) {
         const bool kept = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
                           (c >= 'a' && c <= 'z') || c == '-' || c == '_' || c == '.';
         return !kept;
     });
     return name.empty() ? "Font" : name;
+}
+
+std::string ForbiddenBy(PangoFont* font) {
+    const FreeTypeFace face(font);
+    const unsigned licence = FT_Get_FSType_Flags(face.Get());
+    // Of several permissions the widest holds.
+    constexpr unsigned kAllowed =
+        FT_FSTYPE_PREVIEW_AND_PRINT_EMBEDDING | FT_FSTYPE_EDITABLE_EMBEDDING;
+    if ((licence & FT_FSTYPE_RESTRICTED_LICENSE_EMBEDDING) != 0 && (licence & kAllowed) == 0)
+        return "may not be embedded in files by its licence";
+    if ((licence & FT_FSTYPE_BITMAP_EMBEDDING_ONLY) != 0)
+        return "may not be embedded as outlines by its licence";
+    if ((licence & FT_FSTYPE_NO_SUBSETTING) != 0)
+        return "may not be embedded in part by its licence";
+    return {};
 }
 
 std::string DescriptorEntries(PangoFont* pangoFont) {

@@ -23,8 +23,13 @@ private:
     FT_Face face_;
 };
 
-/// Returns the PostScript name of a font without characters that are invalid in a PDF name.
+/// Returns the PostScript name of a font without characters that are invalid in a PDF name,
+/// and no longer than a name can be with the tag of a subset.
 std::string FontName(hb_face_t* face);
+
+/// Returns what the font's licence forbids of what a file does with it, as a clause; empty:
+/// nothing.
+std::string ForbiddenBy(PangoFont* font);
 
 /// Returns the descriptor entries that do not depend on the subset.
 std::string DescriptorEntries(PangoFont* font);

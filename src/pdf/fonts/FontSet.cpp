@@ -6,6 +6,7 @@
 #include <span>
 
 #include "pdf/file/Syntax.h"
+#include "pdf/fonts/FontDescriptor.h"
 
 namespace pdf {
 namespace {
@@ -48,7 +49,16 @@ const FontSet::Known& FontSet::Find(PangoFont* font) {
     return *known_.emplace_back(std::move(known));
 }
 
+void FontSet::CheckLicence(PangoFont* font) {
+    const std::string forbidden = ForbiddenBy(font);
+    if (forbidden.empty()) return;
+    const std::string name = FontName(hb_font_get_face(pango_font_get_hb_font(font)));
+    numbers_.file.Found().Add(Violation::Rule::FontLicence,
+                              "the font \"" + name + "\" " + forbidden);
+}
+
 FontUse FontSet::NewUse(PangoFont* font) {
+    CheckLicence(font);
     const cairo_matrix_t matrix = MatrixOf(font);
     FontUse use;
     use.points = matrix.yy;

@@ -43,6 +43,7 @@ private:
     };
 
     const Known& Find(PangoFont* font);
+    void CheckLicence(PangoFont* font);
     FontUse NewUse(PangoFont* font);
     Typeface* Embedded(PangoFont* font, EmbeddedFont::Outlines outlines);
     Typeface* AddDrawn(PangoFont* font, DrawnFont::Drawings drawings);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "characters/Utf8.h"
 #include "pdf/file/Syntax.h"
 
 namespace pdf {
@@ -19,11 +20,30 @@ void AppendSections(std::string& out, const std::string& kind,
     }
 }
 
+/// PDF/A has no code that stands for U+0000, U+FEFF or U+FFFE. The second one shows nothing and
+/// parts no words, as U+2060 does.
+std::string ReadableText(std::string_view text) {
+    std::string readable;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t start = at;
+        const char32_t character = characters::NextCodePoint(text, at);
+        if (character == 0 || character == 0xFFFE)
+            readable += "\uFFFD";
+        else if (character == 0xFEFF)
+            readable += "\u2060";
+        else
+            readable += text.substr(start, at - start);
+    }
+    return readable;
+}
+
 }  // namespace
 
 Typeface::Place Typeface::Find(hb_codepoint_t glyph, std::string_view text) {
     for (const Subset& subset : subsets_)
         if (const auto* const entry = subset.codes.Find(glyph, text)) return {&subset, entry};
+    if (text.empty())
+        numbers_.file.Found().Add(Violation::Rule::NoCharacter, "a glyph stands for no character");
     const double width = WidthOf(glyph);
     if (!subsets_.empty())
         if (const auto* const entry = subsets_.back().codes.Add(glyph, text, width))
@@ -54,7 +74,7 @@ int WriteToUnicode(ObjectFile& file, const CodeTable& codes) {
     for (const auto& entry : codes.Entries()) {
         if (entry.text.empty()) continue;
         std::string& value = mappings.emplace_back(Mapping{entry.code, "<"}).value;
-        AppendUtf16(value, entry.text);
+        AppendUtf16(value, ReadableText(entry.text));
         value += '>';
     }
     return file.WriteStream("", CodeMap(codes, MapTo::Texts, mappings));

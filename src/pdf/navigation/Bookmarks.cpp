@@ -3,15 +3,13 @@
 #include "pdf/file/Syntax.h"
 
 namespace pdf {
-namespace {
 
 /// Returns the beginning of a bookmark's dictionary: title, destination and parent.
-std::string Beginning(const Bookmark& bookmark, int page, int parent) {
+std::string Bookmarks::Beginning(const Bookmark& bookmark, int page, int parent) {
+    file_.Found().CheckText("the title of a bookmark", bookmark.title);
     return "<</Title" + TextString(bookmark.title) + "/Dest[" + Reference(page) + "/XYZ 0 " +
            Number(bookmark.height) + " 0]/Parent " + Reference(parent);
 }
-
-}  // namespace
 
 void Bookmarks::Add(const Bookmark& page, std::span<const Bookmark> places, int pageNumber) {
     const int number = file_.NewObject();

@@ -26,6 +26,7 @@ public:
     int Write();
 
 private:
+    std::string Beginning(const Bookmark& bookmark, int page, int parent);
     std::string AddPlaces(std::span<const Bookmark> places, int pageNumber, int parent);
 
     ObjectFile& file_;

@@ -10,7 +10,9 @@ namespace pdf {
 /// What a text is to someone who hears or searches the file.
 enum class Role : std::uint8_t {
     Decoration,  ///< Nothing: leaders, backgrounds, frames.
-    PageMatter,  ///< Belongs to the sheet: running heads, page numbers, titles of columns.
+    PageMatter,  ///< Belongs to the sheet, such as titles of columns.
+    PageHead,    ///< A running head.
+    PageFoot,    ///< A page number.
     Paragraph,   ///< Text that is no part of the index.
     Heading,     ///< Of the listings that follow.
     Name,        ///< What a listing is about.

@@ -81,6 +81,7 @@ void StructureTree::AddMark(Element& element, int mark) const {
 
 /// Writes an element for the next mark, which tells its text. Returns its object number.
 int StructureTree::AddSpan(const Element& element, std::string_view actualText) {
+    file_.Found().CheckText("a text", actualText);
     return file_.WriteObject("<</S/Span/P " + Reference(element.object) + "/Pg " +
                              Reference(page_) + "/ActualText" + TextString(actualText) + "/K " +
                              std::to_string(marks_.size()) + ">>");
