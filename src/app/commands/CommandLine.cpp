@@ -61,6 +61,7 @@ private:
     void AddNewDocumentOptions(CLI::App& command);
     void AddSheetOptions(CLI::App& command);
     void AddOutputOptions(CLI::App& command);
+    void AddPressOptions(CLI::App& command);
     void AddMake();
     void AddEditing();
     void AddColumn();
@@ -158,6 +159,17 @@ void Commands::AddOutputOptions(CLI::App& command) {
                      "Write no file where anything would be wrong in print");
 }
 
+void Commands::AddPressOptions(CLI::App& command) {
+    command.add_option("--press", options_.press.profile,
+                       "Make a PDF/X-4 for a printer, with the colours of this ICC profile of a "
+                       "press");
+    AddText(command, "--bleed", options_.press.bleed,
+            "With --press: what pages have beyond each edge of the sheet, in inches or with mm "
+            "behind it, such as 3mm");
+    command.add_flag("--crop-marks", options_.press.cropMarks,
+                     "With --press: mark the corners of the sheet, outside the bleed");
+}
+
 void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
     DeclareLocateForMake(make, options_);
@@ -176,6 +188,7 @@ void Commands::AddMake() {
     make.add_flag("--plain-rules", options_.plainRules,
                   "Without the settings of typesetting that make begins with");
     AddOutputOptions(make);
+    AddPressOptions(make);
 }
 
 void Commands::AddEditing() {
@@ -229,6 +242,7 @@ void Commands::AddPages() {
         ->required();
     AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
     AddOutputOptions(output);
+    AddPressOptions(output);
 }
 
 void Commands::AddOthers() {

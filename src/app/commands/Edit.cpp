@@ -75,6 +75,8 @@ void CheckDocumentFile(const OpenDocument& document, const std::string& path) {
 int Make(const Options& given) {
     CheckOutputName(given.output);
     if (!given.pageSize.empty()) ParsePageSize(given.pageSize);  // Before the work.
+    SheetOutput written = given.written;
+    written.press = ReadPress(given.press, given.output, SourceFiles(given));
     const MakeListings listings(given);
     const Options& options = listings.WithTable();
     CommandSession session(options);
@@ -95,7 +97,7 @@ int Make(const Options& given) {
     session.CheckFindings(std::nullopt, options.strict);
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
-    WriteSheets(document, options.output, pages, {}, options.written);
+    WriteSheets(document, options.output, pages, {}, written);
     ClearProgress();
     return kDone;
 }

@@ -44,6 +44,8 @@ int Draft(const Options& options) {
 int Export(const Options& options) {
     CheckOutputName(options.output);
     const auto asked = ParsePages(options.pages);
+    SheetOutput written = options.written;
+    written.press = ReadPress(options.press, options.output, {options.document});
     CommandSession session(options);
     auto& document = session.Open(options.document);
     CheckSheetsApart(document, options.output, asked.value_or(PageRange{}), options.document);
@@ -53,7 +55,7 @@ int Export(const Options& options) {
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
     session.CheckFindings(asked, options.strict);
-    WriteSheets(document, options.output, pages, {}, options.written);
+    WriteSheets(document, options.output, pages, {}, written);
     ClearProgress();
     return kDone;
 }

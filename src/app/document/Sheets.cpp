@@ -70,7 +70,8 @@ std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::stri
                                        .dotsPerInch = output.dotsPerInch,
                                        .language = open.TheDesk().LanguageTag(),
                                        .firstNumber = NumberOf(open, firstPage),
-                                       .tags = output.tags});
+                                       .tags = output.tags,
+                                       .press = output.press});
 }
 
 bool HoldsManySheets(const std::string& path) {
@@ -81,7 +82,7 @@ bool HoldsManySheets(const std::string& path) {
 // Returns null for a format that keeps no meanings.
 std::unique_ptr<SheetMeanings> MeaningsFor(OpenDocument& open, const std::string& path,
                                            const SheetOutput& output) {
-    if (!output.tags || !HoldsManySheets(path)) return nullptr;
+    if (!output.tags || output.press || !HoldsManySheets(path)) return nullptr;
     return std::make_unique<SheetMeanings>(open);
 }
 

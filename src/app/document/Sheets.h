@@ -8,6 +8,7 @@
 #include "app/document/OpenDocument.h"
 #include "desk/drawing/Canvas.h"
 #include "desk/drawing/TextReader.h"
+#include "pdf/color/PressProfile.h"
 
 namespace app {
 
@@ -34,8 +35,9 @@ void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page,
 
 /// How sheets are written.
 struct SheetOutput {
-    double dotsPerInch = 150;  ///< Of PNG images.
-    bool tags = true;          ///< A PDF tells the structure and meaning of its texts.
+    double dotsPerInch = 150;              ///< Of PNG images.
+    bool tags = true;                      ///< A PDF tells the structure and meaning of its texts.
+    std::optional<pdf::Press> press = {};  ///< A PDF is for a printer, and then without tags.
 };
 
 /// Called before each page is drawn. An exception from it cancels the export.
