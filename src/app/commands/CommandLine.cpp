@@ -140,7 +140,7 @@ void Commands::AddSheetOptions(CLI::App& command) {
     AddText(command, "--head", options_.head,
             "Running head, with $$FIRST and $$LAST for the listings of the page; empty: none");
     AddText(command, "--head-font", options_.headFont,
-            "Its font, FAMILY,SIZE[,bold][,italic][,#RRGGBB] (default: the family of the index)");
+            "Its font, FAMILY,SIZE[,bold][,italic][,COLOUR] (default: the family of the index)");
     command
         .add_option("--sheet-number", options_.sheetNumber, "Whether the sheets carry their number")
         ->check(CLI::IsMember({"true", "false"}));
