@@ -57,6 +57,7 @@ std::shared_ptr<desk::PropertySet> Everything() {
 
     const auto color = std::make_shared<desk::Color>(0x123456);
     color->SetTransparent(true);
+    color->SetInk(std::make_shared<const pdf::Ink>(pdf::Ink{"Sølv", pdf::Cmyk{0, 0.005, 0.25, 1}}));
     const auto line = std::make_shared<desk::LineSymbol>();
     line->SetColor(color);
     add(Object(line));

@@ -30,7 +30,8 @@ expect 'de@collation=phonebook' gazetteer make --locale de@
 cd "$3"
 expect 'streets.dbf' gazetteer table str
 cd "$(mktemp -d)"
-touch alps.GPKG alps.json alps.txt bern.csv
+touch alps.GPKG alps.json alps.txt bern.csv coated.icc
+expect 'coated.icc' gazetteer export --press ''
 expect 'alps.GPKG' gazetteer make al
 expect 'bern.csv' gazetteer book new book.json --sheets b
 rm -r "$PWD"

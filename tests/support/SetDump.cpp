@@ -4,8 +4,10 @@
 #include <charconv>
 #include <cmath>
 
+#include "desk/devices/InkColor.h"
 #include "desk/text/ItalicFont.h"
 #include "host/Symbols.h"
+#include "pdf/color/ColorText.h"
 
 namespace support {
 namespace {
@@ -20,7 +22,8 @@ std::string NumberText(double number) {
 }
 
 std::string ColorText(const host::IHostColor& color) {
-    return std::to_string(color.RGB()) + (color.Transparent() ? " none" : "");
+    return std::to_string(color.RGB()) + (color.Transparent() ? " none" : "") +
+           pdf::ColorText(desk::ColorOf(color));
 }
 
 std::string SymbolText(const host::IHostTextSymbol& symbol) {

@@ -62,6 +62,7 @@ private:
     void AddSheetOptions(CLI::App& command);
     void AddOutputOptions(CLI::App& command);
     void AddMapOptions(CLI::App& command);
+    void AddPressOptions(CLI::App& command);
     void AddMake();
     void AddEditing();
     void AddColumn();
@@ -140,7 +141,7 @@ void Commands::AddSheetOptions(CLI::App& command) {
     AddText(command, "--head", options_.head,
             "Running head, with $$FIRST and $$LAST for the listings of the page; empty: none");
     AddText(command, "--head-font", options_.headFont,
-            "Its font, FAMILY,SIZE[,bold][,italic][,#RRGGBB] (default: the family of the index)");
+            "Its font, FAMILY,SIZE[,bold][,italic][,COLOUR] (default: the family of the index)");
     command
         .add_option("--sheet-number", options_.sheetNumber, "Whether the sheets carry their number")
         ->check(CLI::IsMember({"true", "false"}));
@@ -176,6 +177,19 @@ void Commands::AddMapOptions(CLI::App& command) {
                        "Page of that PDF with the number 1 (default: by its page labels)");
 }
 
+void Commands::AddPressOptions(CLI::App& command) {
+    // Links are annotations, of which PDF/X allows none on a page.
+    command
+        .add_option("--press", options_.press.profile,
+                    "Make a PDF/X-4 for a printer, with the colours of this ICC profile of a press")
+        ->excludes("--maps", "--append-to");
+    AddText(command, "--bleed", options_.press.bleed,
+            "With --press: what pages have beyond each edge of the sheet, in inches or with mm "
+            "behind it, such as 3mm");
+    command.add_flag("--crop-marks", options_.press.cropMarks,
+                     "With --press: mark the corners of the sheet, outside the bleed");
+}
+
 void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
     DeclareLocateForMake(make, options_);
@@ -195,6 +209,7 @@ void Commands::AddMake() {
                   "Without the settings of typesetting that make begins with");
     AddOutputOptions(make);
     AddMapOptions(make);
+    AddPressOptions(make);
 }
 
 void Commands::AddEditing() {
@@ -249,6 +264,7 @@ void Commands::AddPages() {
     AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
     AddOutputOptions(output);
     AddMapOptions(output);
+    AddPressOptions(output);
 }
 
 void Commands::AddOthers() {

@@ -6,6 +6,7 @@
 
 #include "app/commands/CommandSession.h"
 #include "app/document/NewDocument.h"
+#include "app/document/PressOutput.h"
 #include "app/document/Sheets.h"
 #include "app/tables/TableOptions.h"
 
@@ -31,6 +32,7 @@ struct Options : CommonOptions, NewDocumentOptions {
     ImportOptions imported;
     LocateOptions located;
     SheetOutput written;
+    PressOptions press;
     std::int64_t limit = -1;  ///< Maximum number of rows shown; negative: all.
     bool json = false;
     bool force = false;

@@ -9,6 +9,7 @@
 #include "app/document/Sheets.h"
 #include "desk/text/ItalicFont.h"
 #include "layout/RowElements.h"
+#include "pdf/color/ColorText.h"
 
 namespace app {
 namespace {
@@ -42,7 +43,7 @@ void WriteText(JsonAnswer& json, const host::IHostTextElement& element) {
     json.Member("size", symbol.Size());
     json.Member("bold", symbol.Font()->Bold());
     json.Member("italic", desk::IsItalic(*symbol.Font()));
-    json.Member("color", ColorText(symbol.Color()->RGB()));
+    json.Member("color", pdf::RgbText(symbol.Color()->RGB()));
     json.Member("horizontal", symbol.HorizontalPlacement());
     json.Member("vertical", symbol.VerticalPlacement());
     json.Member("angle", symbol.Angle());
@@ -55,7 +56,7 @@ void WriteFill(JsonAnswer& json, const host::IHostFilledElement& element) {
     if (color->Transparent())
         json.Null();
     else
-        json.Text(ColorText(color->RGB()));
+        json.Text(pdf::RgbText(color->RGB()));
 }
 
 void WriteMembers(JsonAnswer& json, host::IHost& host, const host::IHostGroupElement& group);

@@ -76,6 +76,8 @@ int Make(const Options& given) {
     CheckOutputName(given.output);
     CheckMaps(given.written.maps, given.output);
     if (!given.pageSize.empty()) ParsePageSize(given.pageSize);  // Before the work.
+    SheetOutput written = given.written;
+    written.press = ReadPress(given.press, given.output, SourceFiles(given));
     const MakeListings listings(given);
     const Options& options = listings.WithTable();
     CommandSession session(options);
@@ -96,7 +98,7 @@ int Make(const Options& given) {
     session.CheckFindings(std::nullopt, options.strict, options.written.maps);
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
-    WriteSheets(document, options.output, pages, {}, options.written);
+    WriteSheets(document, options.output, pages, {}, written);
     ClearProgress();
     return kDone;
 }

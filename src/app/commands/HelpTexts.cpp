@@ -76,6 +76,8 @@ columns. The value is all that follows the first =, blanks included.
   gazetteer set index.json 'Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN'
   gazetteer set index.json Typesetting.KeepHeadings=true 'Typesetting.Continued={letter} (continued)'
 Typesetting=none brings back the plain rules.
+A colour is #RRGGBB or, for a press, an ink: cmyk(0,100,80,10) in percent, or spot(NAME), which may tell what
+stands in for it on process plates and on a screen: spot(Reflex Blue, cmyk(100,80,0,5), #001489).
 An expression is text with [Field], $$PAGE_NUMBER, $$ROW, $$COLUMN, $$DOTS and $$NEWLINE.
 Any change drops stored results. `gazetteer column list DOC` shows the values of all columns.
 DefaultPage is the page that the window shows first; it changes no number. The number printed on the
@@ -134,7 +136,11 @@ A gazetteer that cannot be drawn is shown as {"drawable": false, ...}; `check` s
   gazetteer export index.json -o index.pdf --strict     no file where anything would be wrong
   gazetteer export index.json -o index.pdf --pages 2-5
   gazetteer export index.json -o book.pdf --append-to atlas.pdf
-  gazetteer export index.json -o page.png               page-1.png, page-2.png, ...)"},
+  gazetteer export index.json -o index.pdf --press coated.icc --bleed 3mm --crop-marks
+  gazetteer export index.json -o page.png               page-1.png, page-2.png, ...
+A PDF for a press is PDF/X-4: black text on the black plate alone, spot colours on their own plates, other
+colours with the inks that come closest. It is dated by SOURCE_DATE_EPOCH, else by its newest input, and has
+no tags.)"},
     {"table", R"(
   gazetteer table names.dbf --limit 5
 The encoding of a dBase table is taken from a .cpg file beside it, else from its header. Warnings tell
@@ -181,9 +187,9 @@ std::string FormOf(std::string_view key, ValueKind kind) {
         case ValueKind::Double:
             return "inches";
         case ValueKind::TextSymbol:
-            return "FAMILY,SIZE[,bold][,italic][,#RRGGBB]";
+            return "FAMILY,SIZE[,bold][,italic][,COLOUR]";
         case ValueKind::FillSymbol:
-            return "#RRGGBB";
+            return "COLOUR";
         case ValueKind::Set:
             return "all columns, with commas";
         case ValueKind::String:

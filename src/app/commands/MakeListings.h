@@ -1,11 +1,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/commands/Commands.h"
 #include "desk/files/TemporaryName.h"
 
 namespace app {
+
+/// Returns the files of features, sheets and squares; empty for a source that is no file.
+std::vector<std::string> SourceFiles(const Options& options);
 
 /// Does what `locate` does. The summary names the file if it is kept.
 void LocateInto(const Options& options, bool isKept);

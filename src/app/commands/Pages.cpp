@@ -45,6 +45,8 @@ int Export(const Options& options) {
     CheckOutputName(options.output);
     CheckMaps(options.written.maps, options.output);
     const auto asked = ParsePages(options.pages);
+    SheetOutput written = options.written;
+    written.press = ReadPress(options.press, options.output, {options.document});
     CommandSession session(options);
     auto& document = session.Open(options.document);
     CheckSheetsApart(document, options.output, asked.value_or(PageRange{}), options.document);
@@ -53,8 +55,8 @@ int Export(const Options& options) {
     const auto pages = asked.value_or(PageRange{1, document.PageCount()});
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
-    session.CheckFindings(asked, options.strict, options.written.maps);
-    WriteSheets(document, options.output, pages, {}, options.written);
+    session.CheckFindings(asked, options.strict, written.maps);
+    WriteSheets(document, options.output, pages, {}, written);
     ClearProgress();
     return kDone;
 }

@@ -67,11 +67,17 @@ int Locate(const Options& options) {
     return kDone;
 }
 
-void LocateInto(const Options& options, bool isKept) {
-    std::vector<std::string> sources = {FileOf(options.located.sheets)};
+std::vector<std::string> SourceFiles(const Options& options) {
+    std::vector<std::string> sources;
     for (const auto& features : options.located.features)
         sources.push_back(FileOf(features.source));
-    if (!options.located.cells.empty()) sources.push_back(FileOf(options.located.cells));
+    for (const auto& layer : {options.located.sheets, options.located.cells})
+        if (!layer.empty()) sources.push_back(FileOf(layer));
+    return sources;
+}
+
+void LocateInto(const Options& options, bool isKept) {
+    const auto sources = SourceFiles(options);
     CheckTableOutput(options.output, sources, options.force);
     CheckBookOutput(options.located.book, options.output, sources, options.force);
     const auto locale = std::make_shared<desk::IcuLocale>(options.locale);

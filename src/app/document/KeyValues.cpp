@@ -6,9 +6,11 @@
 #include <cmath>
 
 #include "app/document/Errors.h"
+#include "desk/devices/InkColor.h"
 #include "desk/text/ItalicFont.h"
 #include "model/DefaultSymbols.h"
 #include "model/Keys.h"
+#include "pdf/color/ColorText.h"
 #include "support/Text.h"
 
 namespace app {
@@ -21,11 +23,10 @@ using gazetteer::ValueKind;
 }
 
 // Returns the number in a text; nothing if the text contains anything else.
-template <class Number, class... Base>
-std::optional<Number> WholeNumber(std::string_view text, Base... base) {
+template <class Number>
+std::optional<Number> ParseNumber(std::string_view text) {
     Number number{};
-    const auto [end, error] =
-        std::from_chars(text.data(), text.data() + text.size(), number, base...);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
 }
@@ -35,18 +36,20 @@ std::optional<Number> WholeNumber(std::string_view text, Base... base) {
 constexpr double kLargestType = 1000;
 constexpr double kSmallestType = 0.1;
 
-// Parses "#RRGGBB" to 0xBBGGRR.
-std::optional<std::uint32_t> ParseColor(const std::string& text) {
-    if (text.size() != 7 || text[0] != '#') return std::nullopt;
-    const auto value = WholeNumber<std::uint32_t>(std::string_view(text).substr(1), 16);
-    if (!value) return std::nullopt;
-    return gazetteer::RGB(*value >> 16, *value >> 8 & 0xFF, *value & 0xFF);
+// Splits at commas; an ink at the end has some of its own.
+std::vector<std::string> SymbolPieces(const std::string& value) {
+    auto pieces = gazetteer::Split(value, ',');
+    const auto ink = std::ranges::find_if(pieces, pdf::BeginsAsInk);
+    if (ink == pieces.end()) return pieces;
+    for (auto next = ink + 1; next != pieces.end(); ++next) *ink += ',' + *next;
+    pieces.erase(ink + 1, pieces.end());
+    return pieces;
 }
 
-// Parses "FAMILY,SIZE[,bold][,italic][,#RRGGBB]"; the default is black, upright and not bold.
+// Parses "FAMILY,SIZE[,bold][,italic][,COLOR]"; the default is black, upright and not bold.
 // Returns null for another form. A family name cannot contain a comma.
 host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::string& value) {
-    const auto pieces = gazetteer::Split(value, ',');
+    const auto pieces = SymbolPieces(value);
     if (pieces.size() < 2 || pieces.size() > 5 || pieces[0].empty()) return nullptr;
     const auto points = ParseDecimal(pieces[1]);
     if (!points || *points < kSmallestType || *points > kLargestType) return nullptr;
@@ -58,35 +61,39 @@ host::Ref<host::IHostTextSymbol> ParseTextSymbol(host::IHost& host, const std::s
     };
     const bool bold = has("bold");
     const bool italic = has("italic");
-    std::optional<std::uint32_t> color = 0;
-    if (next < pieces.size()) color = ParseColor(pieces[next++]);
+    std::optional<pdf::Color> color = pdf::Color();
+    if (next < pieces.size()) color = pdf::ParseColor(pieces[next++]);
     if (next < pieces.size() || !color) return nullptr;
 
     auto symbol = gazetteer::MakeTextSymbol(host, *points, bold);
     symbol->Font()->SetName(pieces[0]);
     desk::SetItalic(*symbol->Font(), italic);
-    symbol->Color()->SetRGB(*color);
+    desk::SetColor(*symbol->Color(), *color);
     symbol->SetText(gazetteer::SampleText(host, pieces[0], *points));
     return symbol;
 }
 
 host::Ref<host::IHostFillSymbol> ParseFillSymbol(host::IHost& host, const std::string& value) {
-    const auto color = ParseColor(value);
-    return color ? gazetteer::MakeFillSymbol(host, *color) : nullptr;
+    const auto color = pdf::ParseColor(value);
+    if (!color) return nullptr;
+    auto symbol = gazetteer::MakeFillSymbol(host, color->rgb);
+    desk::SetColor(*symbol->Color(), *color);
+    return symbol;
 }
 
 std::string TextSymbolText(host::IHostTextSymbol& symbol) {
     std::string text = symbol.Font()->Name() + ',' + NumberText(symbol.Size());
     if (symbol.Font()->Bold()) text += ",bold";
     if (desk::IsItalic(*symbol.Font())) text += ",italic";
-    if (symbol.Color()->RGB() != 0) text += ',' + ColorText(symbol.Color()->RGB());
+    const pdf::Color color = desk::ColorOf(*symbol.Color());
+    if (color != pdf::Color()) text += ',' + pdf::ColorText(color);
     return text;
 }
 
 }  // namespace
 
 std::optional<double> ParseDecimal(const std::string& text) {
-    const auto value = WholeNumber<double>(text);
+    const auto value = ParseNumber<double>(text);
     return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
@@ -95,13 +102,6 @@ host::Variant ItemOf(host::IHostPropertySet& set, std::string_view name) {
     const auto found = std::ranges::find(items.names, name);
     if (found == items.names.end()) return {};
     return items.values[static_cast<std::size_t>(found - items.names.begin())];
-}
-
-std::string ColorText(std::uint32_t rgb) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02X%02X%02X", rgb & 0xFF, rgb >> 8 & 0xFF,
-                  rgb >> 16 & 0xFF);
-    return text.data();
 }
 
 std::string NumberText(double value) {
@@ -133,7 +133,7 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
             return value == "true";
         case ValueKind::Integer:
         case ValueKind::Long: {
-            const auto number = WholeNumber<std::int32_t>(value);
+            const auto number = ParseNumber<std::int32_t>(value);
             if (!number) FailForm(key, value, "a whole number");
             return *number;
         }
@@ -147,14 +147,18 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
         case ValueKind::TextSymbol: {
             const auto symbol = ParseTextSymbol(host, value);
             if (!symbol)
-                FailForm(key, value,
-                         "a font such as \"DejaVu Sans,10,bold,#B00000\" (FAMILY,SIZE[,bold]"
-                         "[,italic][,#RRGGBB], SIZE at most 1000 and at least 0.1)");
+                FailForm(
+                    key, value,
+                    "a font such as \"DejaVu Sans,10,bold,#B00000\" (FAMILY,SIZE[,bold]"
+                    "[,italic][,COLOUR], SIZE at most 1000 and at least 0.1; COLOUR is #RRGGBB, "
+                    "cmyk(C,M,Y,K) or spot(NAME))");
             return host::Ref<host::IHostObject>(symbol);
         }
         case ValueKind::FillSymbol: {
             const auto symbol = ParseFillSymbol(host, value);
-            if (!symbol) FailForm(key, value, "a colour such as #E1E1E1");
+            if (!symbol)
+                FailForm(key, value,
+                         "a colour such as #E1E1E1, cmyk(0,100,80,10) or spot(Reflex Blue)");
             return host::Ref<host::IHostObject>(symbol);
         }
         case ValueKind::String:
@@ -190,7 +194,7 @@ std::string ValueText(const host::Variant& value) {
         if (const auto symbol = host::As<host::IHostTextSymbol>(*object))
             return TextSymbolText(*symbol);
         if (const auto fill = host::As<host::IHostFillSymbol>(*object))
-            return ColorText(fill->Color()->RGB());
+            return pdf::ColorText(desk::ColorOf(*fill->Color()));
     }
     return {};
 }

@@ -9,8 +9,8 @@
 #include "model/TypesettingKeys.h"
 
 /// KEY=VALUE assignments of the command line. Text symbols are written
-/// "FAMILY,SIZE[,bold][,italic][,#RRGGBB]" (points), colours "#RRGGBB", lengths as decimal numbers
-/// of inches.
+/// "FAMILY,SIZE[,bold][,italic][,COLOUR]" (points), colours "#RRGGBB" or inks
+/// (pdf/color/ColorText.h), lengths as decimal numbers of inches.
 namespace app {
 
 struct Assignment {
@@ -36,9 +36,6 @@ std::string ValueText(const host::Variant& value);
 
 /// Returns the item of this name in a set; Empty if it has none.
 host::Variant ItemOf(host::IHostPropertySet& set, std::string_view name);
-
-/// Returns "#RRGGBB" for 0xBBGGRR.
-std::string ColorText(std::uint32_t rgb);
 
 /// Returns the shortest decimal text, with a point, that reads back as the same number.
 std::string NumberText(double value);

@@ -76,6 +76,10 @@ std::string LengthText(double inches, LengthUnit unit) {
     return text.data();
 }
 
+double ParseLength(const std::string& text) {
+    return ParseSide(text, "in");
+}
+
 std::span<const SheetFormat> SheetFormats() {
     return kFormats;
 }

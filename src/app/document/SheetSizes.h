@@ -13,6 +13,9 @@ enum class LengthUnit { Inches, Millimeters };
 /// Returns a length for a sentence: "0.25 inches" or "6.4 mm".
 std::string LengthText(double inches, LengthUnit unit);
 
+/// Parses a length in inches or with "mm" or "in" behind it. Returns 0 for another form.
+double ParseLength(const std::string& text);
+
 /// Inches.
 struct PageSize {
     double width = 0;

@@ -71,7 +71,8 @@ std::unique_ptr<desk::PageWriter> OpenWriter(OpenDocument& open, const std::stri
                                        .dotsPerInch = output.dotsPerInch,
                                        .language = open.TheDesk().LanguageTag(),
                                        .firstNumber = NumberOf(open, firstPage),
-                                       .tags = output.tags});
+                                       .tags = output.tags,
+                                       .press = output.press});
 }
 
 bool HoldsManySheets(const std::string& path) {
@@ -83,7 +84,7 @@ bool HoldsManySheets(const std::string& path) {
 class SheetReading {
 public:
     SheetReading(OpenDocument& open, const std::string& path, const SheetOutput& output) {
-        if (!HoldsManySheets(path)) return;
+        if (!HoldsManySheets(path) || output.press) return;
         if (!output.maps.path.empty()) pages_.emplace(output.maps, path);
         if (output.tags || pages_) meanings_.emplace(open, pages_ ? &*pages_ : nullptr);
     }

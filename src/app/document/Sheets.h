@@ -9,6 +9,7 @@
 #include "app/document/OpenDocument.h"
 #include "desk/drawing/Canvas.h"
 #include "desk/drawing/TextReader.h"
+#include "pdf/color/PressProfile.h"
 
 namespace app {
 
@@ -35,9 +36,10 @@ void PaintSheet(OpenDocument& open, desk::Canvas& canvas, std::int32_t page,
 
 /// How sheets are written.
 struct SheetOutput {
-    double dotsPerInch = 150;  ///< Of PNG images.
-    bool tags = true;          ///< A PDF tells the structure and meaning of its texts.
-    MapFile maps;              ///< That references of a PDF lead to.
+    double dotsPerInch = 150;              ///< Of PNG images.
+    bool tags = true;                      ///< A PDF tells the structure and meaning of its texts.
+    std::optional<pdf::Press> press = {};  ///< A PDF is for a printer, and then without tags.
+    MapFile maps = {};                     ///< That references of a PDF lead to.
 };
 
 /// Called before each page is drawn. An exception from it cancels the export.

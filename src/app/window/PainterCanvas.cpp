@@ -8,7 +8,8 @@
 namespace app {
 namespace {
 
-QColor ColorOf(std::uint32_t bgr) {
+QColor ColorOf(const pdf::Color& color) {
+    const std::uint32_t bgr = color.rgb;
     return {static_cast<int>(bgr & 0xFF), static_cast<int>(bgr >> 8 & 0xFF),
             static_cast<int>(bgr >> 16 & 0xFF)};
 }
@@ -103,7 +104,7 @@ QRectF PainterCanvas::Dots(const desk::PaintBox& box) const {
             QPointF(box.right, box.bottom) * dotsPerPoint_};
 }
 
-void PainterCanvas::Fill(std::span<const desk::PaintBox> boxes, std::uint32_t color) {
+void PainterCanvas::Fill(std::span<const desk::PaintBox> boxes, const pdf::Color& color) {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     for (const auto& box : boxes) path.addRect(Dots(box));
@@ -121,7 +122,7 @@ void PainterCanvas::Stroke(const desk::PaintOutline& outline) {
     painter_.drawLine(box.bottomLeft(), box.topRight());
 }
 
-void PainterCanvas::SetTextColor(std::uint32_t color) {
+void PainterCanvas::SetTextColor(const pdf::Color& color) {
     color_ = ColorOf(color);
 }
 

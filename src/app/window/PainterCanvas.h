@@ -18,9 +18,9 @@ public:
     PainterCanvas(QPainter& painter, double dotsPerInch)
         : painter_(painter), dotsPerPoint_(dotsPerInch / desk::kPointsPerInch) {}
 
-    void Fill(std::span<const desk::PaintBox> boxes, std::uint32_t color) override;
+    void Fill(std::span<const desk::PaintBox> boxes, const pdf::Color& color) override;
     void Stroke(const desk::PaintOutline& outline) override;
-    void SetTextColor(std::uint32_t color) override;
+    void SetTextColor(const pdf::Color& color) override;
     void SetMeaning(const pdf::Meaning&) override {}
     void PartWords() override {}
     void Show(PangoFont* font, const desk::GlyphLine& line,

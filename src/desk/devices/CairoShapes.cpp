@@ -40,7 +40,7 @@ void StrokeOutline(cairo_t* context, const PaintOutline& outline) {
         AddLine(context, {box.left, box.top}, {box.right, box.bottom});
         AddLine(context, {box.left, box.bottom}, {box.right, box.top});
     }
-    Stroke(context, outline.color);
+    Stroke(context, outline.color.rgb);
 }
 
 void StrokeLine(cairo_t* context, PaintPoint start, PaintPoint end, std::uint32_t color) {

@@ -7,6 +7,7 @@
 
 #include "desk/text/Handles.h"
 #include "host/Geometry.h"
+#include "pdf/color/Color.h"
 
 /// Shapes other than texts, and how cairo paints them. One unit is a point, Y downward; colours are
 /// 0xBBGGRR.
@@ -33,7 +34,7 @@ struct PaintBox {
 /// The edges of a box, and also its diagonals if it is crossed.
 struct PaintOutline {
     PaintBox box;
-    std::uint32_t color = 0;
+    pdf::Color color;
     bool crossed = false;
 };
 

@@ -1,6 +1,7 @@
 #include "desk/devices/SymbolCanvas.h"
 
 #include "desk/devices/Devices.h"
+#include "desk/devices/InkColor.h"
 #include "desk/text/ItalicFont.h"
 #include "host/Failure.h"
 
@@ -50,9 +51,9 @@ PaintBox SymbolCanvas::Place(const host::IHostEnvelope& envelope) const {
     return {upperLeft.x, upperLeft.y, lowerRight.x, lowerRight.y};
 }
 
-std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color) {
+std::optional<pdf::Color> VisibleColor(const host::Ref<host::IHostColor>& color) {
     if (!color || color->Transparent()) return std::nullopt;
-    return color->RGB();
+    return ColorOf(*color);
 }
 
 FontSpec FontOf(const host::IHostTextSymbol& symbol) {

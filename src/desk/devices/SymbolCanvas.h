@@ -31,8 +31,8 @@ private:
     PaintPoint corner_;  ///< Upper left corner of the shown extent, in map units.
 };
 
-/// Returns 0xBBGGRR, or nothing for null and for a transparent colour.
-std::optional<std::uint32_t> VisibleColor(const host::Ref<host::IHostColor>& color);
+/// Returns nothing for null and for a transparent colour.
+std::optional<pdf::Color> VisibleColor(const host::Ref<host::IHostColor>& color);
 FontSpec FontOf(const host::IHostTextSymbol& symbol);
 
 }  // namespace desk

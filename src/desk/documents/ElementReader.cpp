@@ -1,7 +1,6 @@
 #include "desk/documents/ElementReader.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -15,6 +14,7 @@
 #include "desk/objects/Geometry.h"
 #include "desk/objects/PropertySet.h"
 #include "desk/objects/Symbols.h"
+#include "pdf/color/ColorText.h"
 
 namespace desk {
 
@@ -26,14 +26,15 @@ using Engine = const std::shared_ptr<TextEngine>&;
 using Object = host::Ref<host::IHostObject>;
 
 std::uint32_t ColorValue(const JsonNode& node) {
-    const std::string_view text = node.Text();
-    std::uint32_t value = 0;
-    const char* end = text.data() + text.size();
-    if (text.size() != 7 || text[0] != '#' ||
-        std::from_chars(text.data() + 1, end, value, 16).ptr != end)
-        node.Fail("a colour is expected, such as \"#B00000\"");
-    const std::uint32_t red = value >> 16U;
-    return red | (value & 0xFF00U) | ((value & 0xFFU) << 16U);
+    const auto rgb = pdf::ParseRgb(node.Text());
+    if (!rgb) node.Fail("a colour is expected, such as \"#B00000\"");
+    return *rgb;
+}
+
+std::shared_ptr<const pdf::Ink> InkIn(const JsonNode& node) {
+    const auto color = pdf::ParseColor(node.Text());
+    if (!color || !color->ink) node.Fail("an ink is expected, such as \"cmyk(0,100,80,10)\"");
+    return color->ink;
 }
 
 Object NoObject(const JsonNode& node) {
@@ -98,6 +99,7 @@ host::Ref<host::IHostFont> FontIn(const JsonNode& node) {
 host::Ref<host::IHostColor> ColorIn(const JsonNode& node) {
     auto color = std::make_shared<desk::Color>(ColorValue(node.Member("rgb")));
     color->SetTransparent(node.Member("transparent").Flag());
+    if (const auto ink = node.Optional("ink")) color->SetInk(InkIn(*ink));
     return color;
 }
 

@@ -6,24 +6,18 @@
 #include <string>
 #include <string_view>
 
+#include "desk/devices/InkColor.h"
 #include "desk/objects/Depth.h"
 #include "desk/objects/PropertySet.h"
 #include "desk/text/ItalicFont.h"
 #include "host/Failure.h"
 #include "host/Symbols.h"
 #include "host/Variant.h"
+#include "pdf/color/ColorText.h"
 
 namespace desk {
 
 namespace {
-
-std::string ColorText(std::uint32_t rgb) {
-    constexpr const char* kHexDigits = "0123456789ABCDEF";
-    std::string text = "#";
-    for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U})  // Red is in the lowest byte.
-        text += kHexDigits[(rgb >> shift) & 0xFU];
-    return text;
-}
 
 [[noreturn]] void Refuse(const std::string& what) {
     throw host::Failure(host::kFailureTypeMismatch, "desk::WriteElement", what);
@@ -46,8 +40,9 @@ void WriteFont(JsonWriter& writer, const host::IHostFont& font) {
 void WriteColor(JsonWriter& writer, const host::IHostColor& color) {
     writer.Key("color");
     writer.BeginObject();
-    writer.Member("rgb", ColorText(color.RGB()));
+    writer.Member("rgb", pdf::RgbText(color.RGB()));
     writer.Member("transparent", color.Transparent());
+    if (const pdf::Color own = ColorOf(color); own.ink) writer.Member("ink", pdf::ColorText(own));
     writer.EndObject();
 }
 

@@ -55,11 +55,11 @@ private:
 struct TextStyle {
     const ResolvedFont* font = nullptr;
     TextPlacement placement;
-    std::optional<std::uint32_t> color;
+    std::optional<pdf::Color> color;
 };
 
 struct FillStyle {
-    std::optional<std::uint32_t> fill, outline;
+    std::optional<pdf::Color> fill, outline;
 };
 
 /// Caches the styles of the last symbols. Holds the symbols, so that their addresses are not

@@ -2,11 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
 #include "desk/drawing/Canvas.h"
 #include "desk/files/ReplacingFile.h"
+#include "pdf/color/PressProfile.h"
 
 namespace desk {
 
@@ -72,6 +74,7 @@ struct PageWriterOptions {
     std::string language = {};     ///< Of the texts, as in "de-AT", for PDF; empty: not known.
     std::int64_t firstNumber = 1;  ///< Printed on the first sheet, for the page labels of a PDF.
     bool tags = true;              ///< A PDF tells the structure and meaning of its texts.
+    std::optional<pdf::Press> press = {};  ///< Makes a PDF for a printer, without tags.
 };
 
 struct PageFormat {

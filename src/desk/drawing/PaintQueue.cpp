@@ -66,12 +66,12 @@ bool InkBounds::Overlap(const PaintBox& box) const {
     return false;
 }
 
-void PaintQueue::Fill(const PaintBox& box, std::uint32_t color) {
+void PaintQueue::Fill(const PaintBox& box, const pdf::Color& color) {
     if (inkBounds_.Overlap(box.Shrunk(kTolerance))) Flush();
     Add(PlaceFor(box, color).boxes, box);
 }
 
-void PaintQueue::Draw(const PlacedText& text, std::uint32_t color,
+void PaintQueue::Draw(const PlacedText& text, const pdf::Color& color,
                       std::span<const TextPart> parts) {
     const std::size_t firstLine = texts_.LineCount();
     const TextBox box = engine_.Set(text, texts_);
@@ -104,7 +104,7 @@ void PaintQueue::Flush() {
 
 /// Returns the pending rectangles of the colour, or a new list if a later rectangle of another
 /// colour overlaps the box.
-PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, std::uint32_t color) {
+PaintQueue::ColoredBoxes& PaintQueue::PlaceFor(const PaintBox& box, const pdf::Color& color) {
     const PaintBox inside = box.Shrunk(kTolerance);
     for (auto fill = fills_.rbegin(); fill != fills_.rend(); ++fill) {
         if (fill->color == color) return *fill;

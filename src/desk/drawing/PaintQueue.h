@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <variant>
 #include <vector>
 
@@ -35,26 +34,26 @@ class PaintQueue {
 public:
     PaintQueue(Canvas& canvas, TextEngine& engine) : canvas_(canvas), engine_(engine) {}
 
-    // Colours are 0xBBGGRR.
-    void Fill(const PaintBox& box, std::uint32_t color);
+    void Fill(const PaintBox& box, const pdf::Color& color);
     /// The parts tell what the text means; without any it has no meaning of its own.
-    void Draw(const PlacedText& text, std::uint32_t color, std::span<const TextPart> parts = {});
+    void Draw(const PlacedText& text, const pdf::Color& color,
+              std::span<const TextPart> parts = {});
     void Draw(const PaintOutline& outline);
 
     void Flush();
 
 private:
     struct ColoredBoxes {
-        std::uint32_t color;
+        pdf::Color color;
         std::vector<PaintBox> boxes;
     };
     struct ColoredTexts {
-        std::uint32_t color;
+        pdf::Color color;
         std::size_t first, end;  ///< Range of lines in texts_, or of texts in readTexts_.
         bool areRead;
     };
 
-    ColoredBoxes& PlaceFor(const PaintBox& box, std::uint32_t color);
+    ColoredBoxes& PlaceFor(const PaintBox& box, const pdf::Color& color);
     void Paint(const ColoredTexts& texts);
     void Paint(const PaintOutline& outline) { canvas_.Stroke(outline); }
 

@@ -12,7 +12,7 @@ class PdfCanvas final : public Canvas {
 public:
     explicit PdfCanvas(pdf::PageContent& page) : page_(page) {}
 
-    void Fill(std::span<const PaintBox> boxes, std::uint32_t color) override {
+    void Fill(std::span<const PaintBox> boxes, const pdf::Color& color) override {
         boxes_.clear();
         for (const PaintBox& box : boxes) boxes_.push_back(BoxOf(box));
         page_.Fill(boxes_, color);
@@ -20,7 +20,7 @@ public:
     void Stroke(const PaintOutline& outline) override {
         page_.Stroke({BoxOf(outline.box), outline.color, outline.crossed, kLineWidth});
     }
-    void SetTextColor(std::uint32_t color) override { page_.SetTextColor(color); }
+    void SetTextColor(const pdf::Color& color) override { page_.SetTextColor(color); }
     void SetMeaning(const pdf::Meaning& meaning) override { page_.SetMeaning(meaning); }
     void PartWords() override { page_.PartWords(); }
     void Show(PangoFont* font, const GlyphLine& line, const Baseline& baseline) override {
@@ -42,7 +42,7 @@ public:
     PdfWriter(const std::string& path, const PageWriterOptions& options)
         : PageWriter(path, Sheets::Many),
           document_(*this, {options.title, "gazetteer", options.language, options.firstNumber,
-                            options.tags}) {}
+                            options.tags, options.press}) {}
 
 private:
     void Write(std::string_view bytes) override {

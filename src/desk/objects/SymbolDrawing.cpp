@@ -46,7 +46,7 @@ void LineSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
     if (!line) FailGeometry("a line or an envelope");
     if (const auto color = VisibleColor(Color()))
         StrokeLine(canvas.Context(), canvas.Place(*line->StartPoint()),
-                   canvas.Place(*line->EndPoint()), *color);
+                   canvas.Place(*line->EndPoint()), color->rgb);
 }
 
 void FillSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
@@ -54,7 +54,8 @@ void FillSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
     const auto envelope = host::As<host::IHostEnvelope>(geometry);
     if (!envelope) FailGeometry("an envelope");
     const PaintBox box = canvas.Place(*envelope);
-    if (const auto color = VisibleColor(Color())) FillBoxes(canvas.Context(), {&box, 1}, *color);
+    if (const auto color = VisibleColor(Color()))
+        FillBoxes(canvas.Context(), {&box, 1}, color->rgb);
     if (outline_) DrawOutline(canvas, *envelope, *outline_);
 }
 
@@ -69,7 +70,7 @@ void TextSymbol::DrawGeometry(const host::Ref<host::IHostGeometry>& geometry) {
         FailGeometry("a line or a point");
     const auto color = VisibleColor(Color());
     if (!color) return;
-    UseColor(canvas.Context(), *color);
+    UseColor(canvas.Context(), color->rgb);
     CairoGlyphs glyphs(canvas.Context());
     const PlacedText text{&engine_->Find(FontOf(*this)),
                           text_,

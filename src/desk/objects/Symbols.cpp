@@ -35,6 +35,7 @@ host::Ref<host::IHostObject> Font::Copy() const {
 host::Ref<host::IHostObject> Color::Copy() const {
     auto copy = std::make_shared<Color>(rgb_);
     copy->transparent_ = transparent_;
+    copy->ink_ = ink_;
     return copy;
 }
 

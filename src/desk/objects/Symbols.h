@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "desk/devices/InkColor.h"
 #include "desk/devices/SymbolCanvas.h"
 #include "desk/text/ItalicFont.h"
 #include "host/Symbols.h"
@@ -33,14 +34,21 @@ private:
     std::uint32_t version_ = 0;
 };
 
-/// Initially black. Keeps the lower 24 bits of a value.
-class Color final : public host::IHostColor {
+/// Initially black, without ink. Keeps the lower 24 bits of a value. Another value takes the ink
+/// away, which belongs to the last one.
+class Color final : public host::IHostColor, public IInkColor {
 public:
     Color() = default;
     explicit Color(std::uint32_t rgb) { Color::SetRGB(rgb); }
 
     std::uint32_t RGB() const override { return rgb_; }
-    void SetRGB(std::uint32_t rgb) override { rgb_ = rgb & 0xFFFFFFU; }
+    void SetRGB(std::uint32_t rgb) override {
+        rgb &= 0xFFFFFFU;
+        if (rgb != rgb_) ink_ = nullptr;
+        rgb_ = rgb;
+    }
+    std::shared_ptr<const pdf::Ink> Ink() const override { return ink_; }
+    void SetInk(const std::shared_ptr<const pdf::Ink>& ink) override { ink_ = ink; }
     bool Transparent() const override { return transparent_; }
     void SetTransparent(bool transparent) override { transparent_ = transparent; }
     host::Ref<host::IHostObject> Copy() const override;
@@ -48,6 +56,7 @@ public:
 private:
     std::uint32_t rgb_ = 0;
     bool transparent_ = false;
+    std::shared_ptr<const pdf::Ink> ink_;
 };
 
 /// Base of all symbols: a colour, and a device between PrepareDevice and ReleaseDevice. Symbols

@@ -27,19 +27,6 @@ std::int64_t Edge(double points) {
     return Scaled(points, kEdgeDecimals);
 }
 
-/// Appends a colour and one of the operators that set it. Neutral colours are written as grey, so
-/// that a press prints black text with black ink alone.
-void AppendColor(std::string& out, std::uint32_t color, const char* ofGrey, const char* ofRgb) {
-    const auto append = [&](unsigned shift) {
-        AppendNumber(out, ((color >> shift) & 0xFF) / 255.0);
-        out += ' ';
-    };
-    const bool isGrey = color == (color & 0xFF) * 0x010101;
-    for (const unsigned shift : {0U, 8U, 16U})
-        if (shift == 0 || !isGrey) append(shift);
-    out += isGrey ? ofGrey : ofRgb;
-}
-
 void AppendEdges(std::string& out, std::int64_t first, std::int64_t second) {
     AppendScaled(out, first, kEdgeDecimals);
     out += ' ';
@@ -49,8 +36,9 @@ void AppendEdges(std::string& out, std::int64_t first, std::int64_t second) {
 
 }  // namespace
 
-void PageContent::Fill(std::span<const Box> boxes, std::uint32_t color) {
+void PageContent::Fill(std::span<const Box> boxes, const Color& color) {
     BeginShapes();
+    UseOverprint(false);
     UseFillColor(color);
     for (const Box& box : boxes) AppendBox(box);
     out_ += "f\n";
@@ -81,10 +69,21 @@ void PageContent::AppendBox(const Box& box) {
     out_ += "re\n";
 }
 
-void PageContent::UseFillColor(std::uint32_t color) {
+void PageContent::SetTextColor(const Color& color) {
+    UseOverprint(colors_.Overprints(color));
+    UseFillColor(color);
+}
+
+void PageContent::UseFillColor(const Color& color) {
     if (color == fillColor_) return;
     fillColor_ = color;
-    AppendColor(out_, color, "g\n", "rg\n");
+    colors_.Append(out_, color, PageColors::Use::Fill);
+}
+
+void PageContent::UseOverprint(bool overprints) {
+    if (overprints == overprints_) return;
+    overprints_ = overprints;
+    PageColors::AppendOverprint(out_, overprints);
 }
 
 void PageContent::UseStroke(const Outline& outline) {
@@ -93,9 +92,10 @@ void PageContent::UseStroke(const Outline& outline) {
         AppendNumber(out_, lineWidth_);
         out_ += " w\n";
     }
+    UseOverprint(colors_.Overprints(outline.color));
     if (outline.color == strokeColor_) return;
     strokeColor_ = outline.color;
-    AppendColor(out_, outline.color, "G\n", "RG\n");
+    colors_.Append(out_, outline.color, PageColors::Use::Stroke);
 }
 
 void PageContent::Show(PangoFont* font, const glyphs::GlyphLine& line,

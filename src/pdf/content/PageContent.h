@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "pdf/color/PageColors.h"
 #include "pdf/content/Shapes.h"
 #include "pdf/content/TextContent.h"
 #include "pdf/fonts/FontSet.h"
@@ -16,18 +17,21 @@ namespace pdf {
 class PageContent : private Marker {
 public:
     /// The structure may be null.
-    PageContent(ObjectFile& file, FontSet& fonts, Links& links, StructureTree* structure)
+    PageContent(ObjectFile& file, FontSet& fonts, PageColors& colors, Links& links,
+                StructureTree* structure)
         : file_(file),
           fonts_(fonts),
+          colors_(colors),
           links_(links),
           structure_(structure),
-          texts_(out_, structure ? this : nullptr) {}
+          texts_(out_, structure ? this : nullptr) {
+        if (colors.BeginWithBlack()) fillColor_ = Color();
+    }
 
-    /// Colours are 0xBBGGRR.
-    void Fill(std::span<const Box> boxes, std::uint32_t color);
+    void Fill(std::span<const Box> boxes, const Color& color);
     void Stroke(const Outline& outline);
     /// Sets the colour of the following texts.
-    void SetTextColor(std::uint32_t color) { UseFillColor(color); }
+    void SetTextColor(const Color& color);
     /// Sets the meaning of the following texts. Those of the same meaning that follow each other
     /// are one piece of content.
     void SetMeaning(const Meaning& meaning) { meaning_ = meaning; }
@@ -40,7 +44,8 @@ public:
     std::string Take();
 
 private:
-    void UseFillColor(std::uint32_t color);
+    void UseFillColor(const Color& color);
+    void UseOverprint(bool overprints);
     void UseStroke(const Outline& outline);
     void AppendBox(const Box& box);
     void BeginShapes();
@@ -55,12 +60,13 @@ private:
 
     ObjectFile& file_;
     FontSet& fonts_;
+    PageColors& colors_;
     Links& links_;
     StructureTree* structure_;
     std::string out_;
     TextContent texts_;
-    std::uint32_t fillColor_ = 0;  ///< PDF's initial colour of a page is black.
-    std::optional<std::uint32_t> strokeColor_;
+    std::optional<Color> fillColor_, strokeColor_;  ///< Nothing: not set yet.
+    bool overprints_ = false;
     double lineWidth_ = 1;  ///< PDF's initial width.
     Meaning meaning_;
     bool partsWords_ = false;

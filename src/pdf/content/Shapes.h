@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include "pdf/color/Color.h"
 
 namespace pdf {
 
@@ -12,7 +12,7 @@ struct Box {
 /// The edges of a box, and also its diagonals if it is crossed.
 struct Outline {
     Box box;
-    std::uint32_t color = 0;  ///< 0xBBGGRR.
+    Color color;
     bool crossed = false;
     double width = 0.5;  ///< Of the lines, in points.
 };

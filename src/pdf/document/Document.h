@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "pdf/color/PageColors.h"
 #include "pdf/content/PageContent.h"
 #include "pdf/file/Metadata.h"
 #include "pdf/fonts/FontSet.h"
@@ -22,6 +24,8 @@ struct Options {
     /// Whether the file tells the structure and the meaning of its contents. Such a file keeps to
     /// PDF/A-2 at level A and to PDF/UA-1; without a language or a title, to PDF/A-2 at level B.
     bool tags = true;
+    /// Makes a PDF/X-4 file for a printer, with the colours of a press and without tags.
+    std::optional<Press> press = {};
 };
 
 /// A PDF file of texts, boxes and lines on pages, written as it grows:
@@ -34,7 +38,8 @@ struct Options {
 ///   document.Finish();
 ///
 /// Lengths are points, the origin of a page is its lower left corner, Y goes downward, so that Y is
-/// negative on a page. Colours are 0xBBGGRR; neutral ones are written as gray. Fonts are embedded
+/// negative on a page. Colours are 0xBBGGRR, with an ink where one is
+/// known; neutral ones are written as gray, or for a press as black ink. Fonts are embedded
 /// as subsets, each code with its text. The same calls give the same bytes. Of a page nothing stays
 /// in memory but some numbers. What cannot be written is an Error.
 class Document {
@@ -53,7 +58,9 @@ private:
     void CheckSides();
 
     Options options_;
+    const Press* press_;  ///< Null for a file that is not for a press.
     ObjectFile objects_;
+    PageColors colors_;
     FontSet fonts_;
     Bookmarks bookmarks_;
     Links links_;

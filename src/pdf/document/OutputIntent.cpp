@@ -1,46 +1,27 @@
 #include "pdf/document/OutputIntent.h"
 
-#include <algorithm>
-#include <lcms2.h>
-#include <memory>
-#include <string>
-
-#include "glyphs/Releaser.h"
+#include "pdf/color/ScreenProfile.h"
 #include "pdf/file/Syntax.h"
 
 namespace pdf {
 namespace {
 
-using Profile = std::unique_ptr<void, glyphs::Releaser<cmsCloseProfile>>;
-
-/// Place and length of the time of making in a profile's header (ICC.1:2010, 7.2).
-constexpr std::size_t kTimeAt = 24;
-constexpr std::size_t kTimeBytes = 12;
-
-/// Returns the profile without the time of making, so that it is the same each time.
-std::string ScreenProfile() {
-    const Profile profile(cmsCreate_sRGBProfile());
-    // The newest one that PDF 1.7 names (ICC.1:2004-10).
-    if (profile) cmsSetProfileVersion(profile.get(), 4.2);
-    cmsUInt32Number size = 0;
-    if (!profile || !cmsSaveProfileToMem(profile.get(), nullptr, &size))
-        throw Error("The colour profile of screens cannot be made.");
-    std::string bytes(size, '\0');
-    cmsSaveProfileToMem(profile.get(), bytes.data(), &size);
-    // 1 January 2000, in numbers of two bytes: year, month, day, and hour, minute, second.
-    constexpr std::string_view kTime("\x07\xD0\0\x01\0\x01\0\0\0\0\0\0", kTimeBytes);
-    std::ranges::copy(kTime, bytes.begin() + kTimeAt);
-    return bytes;
+/// The standard is told by its name in output intents, the colours by the name of the profile.
+int WriteIntent(ObjectFile& file, const char* standard, const std::string& name, int profile) {
+    return file.WriteObject(std::string("<</Type/OutputIntent/S/") + standard +
+                            "/OutputConditionIdentifier" + TextString(name) + "/Info" +
+                            TextString(name) + "/DestOutputProfile " + Reference(profile) + ">>");
 }
 
 }  // namespace
 
 int WriteScreenIntent(ObjectFile& file) {
-    const int profile = file.WriteStream("/N 3", ScreenProfile());
-    return file.WriteObject(
-        "<</Type/OutputIntent/S/GTS_PDFA1/OutputConditionIdentifier(sRGB IEC61966-2.1)/Info(sRGB "
-        "IEC61966-2.1)/DestOutputProfile " +
-        Reference(profile) + ">>");
+    return WriteIntent(file, "GTS_PDFA1", "sRGB IEC61966-2.1",
+                       file.WriteStream("/N 3", ScreenProfile()));
+}
+
+int WritePressIntent(ObjectFile& file, const PressProfile& press) {
+    return WriteIntent(file, "GTS_PDFX", press.Name(), file.WriteStream("/N 4", press.Bytes()));
 }
 
 }  // namespace pdf

@@ -10,23 +10,26 @@
 namespace pdf {
 namespace {
 
-/// Returns nothing if SOURCE_DATE_EPOCH is not a number, or beyond what dates can be.
-std::optional<std::tm> CreationDate() {
+/// Returns nothing if SOURCE_DATE_EPOCH is not a number.
+std::optional<std::int64_t> SourceTime() {
     const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
     if (!epoch || !*epoch) return std::nullopt;
     char* end = nullptr;
-    const std::time_t seconds = std::strtoll(epoch, &end, 10);
-    std::tm date{};
-    if (*end != '\0' || !gmtime_r(&seconds, &date)) return std::nullopt;
-    // Years have four digits in a file; a date counts them from 1900.
-    if (date.tm_year < 0 || date.tm_year > 9999 - 1900) return std::nullopt;
-    return date;
+    const std::int64_t seconds = std::strtoll(epoch, &end, 10);
+    return *end == '\0' ? std::optional(seconds) : std::nullopt;
 }
 
-std::string DateText(const char* format) {
-    const auto date = CreationDate();
+/// Returns an empty text if no date is told.
+std::string DateText(const About& about, const char* format) {
+    const auto told = SourceTime();
+    if (!told && !about.time) return {};
+    const std::time_t seconds = told ? *told : *about.time;
+    std::tm date{};
+    if (!gmtime_r(&seconds, &date)) return {};
+    // Years have four digits in a file; a date counts them from 1900.
+    if (date.tm_year < 0 || date.tm_year > 9999 - 1900) return {};
     char text[32];
-    return date ? std::string(text, std::strftime(text, sizeof text, format, &*date)) : "";
+    return {text, std::strftime(text, sizeof text, format, &date)};
 }
 
 /// Returns a text without characters that XML cannot hold, which become U+FFFD, so that the
@@ -62,9 +65,28 @@ std::string XmlText(std::string_view text) {
     return xml;
 }
 
+/// Returns a document's identifier as a UUID of its content.
+std::string DocumentId(const std::string& identity) {
+    std::string id = "uuid:";
+    for (std::size_t at = 0; at < identity.size(); ++at) {
+        if (at == 8 || at == 12 || at == 16 || at == 20) id += '-';
+        id += identity[at];
+    }
+    return id;
+}
+
+/// What PDF/X-4 asks for.
+std::string PressTexts(const ObjectFile& file) {
+    return "<pdfxid:GTS_PDFXVersion>PDF/X-4</pdfxid:GTS_PDFXVersion><pdf:Trapped>False"
+           "</pdf:Trapped><xmpMM:DocumentID>" +
+           DocumentId(file.Identity()) +
+           "</xmpMM:DocumentID><xmpMM:VersionID>1</xmpMM:VersionID><xmpMM:RenditionClass>default"
+           "</xmpMM:RenditionClass>";
+}
+
 /// Tells the standards by their properties.
 std::string ClaimTexts(Claims claims) {
-    if (claims == Claims::None) return {};
+    if (claims == Claims::None || claims == Claims::Press) return {};
     if (claims == Claims::Archive)
         return "<pdfaid:part>2</pdfaid:part><pdfaid:conformance>B</pdfaid:conformance>";
     return "<pdfaid:part>2</pdfaid:part><pdfaid:conformance>A</pdfaid:conformance>"
@@ -94,6 +116,9 @@ constexpr char kNamespaces[] =
     " xmlns:dc=\"http://purl.org/dc/elements/1.1/\" xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\""
     " xmlns:pdfaid=\"http://www.aiim.org/pdfa/ns/id/\""
     " xmlns:pdfuaid=\"http://www.aiim.org/pdfua/ns/id/\"";
+constexpr char kPressNamespaces[] =
+    " xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\" xmlns:xmpMM=\"http://ns.adobe.com/xap/1.0/mm/\""
+    " xmlns:pdfxid=\"http://www.npes.org/pdfx/ns/id/\"";
 
 }  // namespace
 
@@ -101,8 +126,9 @@ int WriteInfo(ObjectFile& file, const About& about) {
     file.Found().CheckText("the title", about.title);
     std::string info = "<</Title" + TextString(Holdable(about.title)) + "/Creator" +
                        TextString(Holdable(about.program));
-    const std::string date = DateText("D:%Y%m%d%H%M%SZ");
+    const std::string date = DateText(about, "D:%Y%m%d%H%M%SZ");
     if (!date.empty()) info += "/CreationDate(" + date + ')';
+    if (about.claims == Claims::Press) info += "/ModDate(" + date + ")/Trapped/False";
     return file.WriteObject(info + ">>");
 }
 
@@ -112,8 +138,13 @@ int WriteXmp(ObjectFile& file, const About& about) {
         "xml:lang=\"x-default\">" +
         XmlText(about.title) + "</rdf:li></rdf:Alt></dc:title><xmp:CreatorTool>" +
         XmlText(about.program) + "</xmp:CreatorTool>" + ClaimTexts(about.claims);
-    const std::string date = DateText("%Y-%m-%dT%H:%M:%SZ");
+    const bool isForPress = about.claims == Claims::Press;
+    if (isForPress) properties += PressTexts(file);
+    const std::string date = DateText(about, "%Y-%m-%dT%H:%M:%SZ");
     if (!date.empty()) properties += "<xmp:CreateDate>" + date + "</xmp:CreateDate>";
+    if (isForPress)
+        properties += "<xmp:ModifyDate>" + date + "</xmp:ModifyDate><xmp:MetadataDate>" + date +
+                      "</xmp:MetadataDate>";
     // The identifier of the packet is fixed by the XMP specification.
     return file.WritePlainStream(
         "/Type/Metadata/Subtype/XML",
@@ -121,8 +152,8 @@ int WriteXmp(ObjectFile& file, const About& about) {
         "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
         "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"><rdf:Description "
         "rdf:about=\"\"" +
-            std::string(kNamespaces) + '>' + properties + "</rdf:Description>" +
-            (about.claims == Claims::ArchiveAndAccess ? kAccessSchema : "") +
+            std::string(kNamespaces) + (isForPress ? kPressNamespaces : "") + '>' + properties +
+            "</rdf:Description>" + (about.claims == Claims::ArchiveAndAccess ? kAccessSchema : "") +
             "</rdf:RDF></x:xmpmeta>\n<?xpacket end=\"w\"?>");
 }
 

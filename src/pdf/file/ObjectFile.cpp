@@ -28,13 +28,13 @@ int BytesFor(std::uint64_t value) {
 
 }  // namespace
 
-ObjectFile::ObjectFile(Output& output)
+ObjectFile::ObjectFile(Output& output, std::string_view version)
     : output_(output),
       identity_(g_checksum_new(G_CHECKSUM_MD5)),
       compressor_(libdeflate_alloc_compressor(kCompressionLevel)) {
     if (!compressor_) throw std::bad_alloc();
     // Bytes above 127 in the second line mark the file as binary.
-    Write("%PDF-1.7\n%\xE2\xE3\xCF\xD3\n");
+    Write("%PDF-" + std::string(version) + "\n%\xE2\xE3\xCF\xD3\n");
 }
 
 int ObjectFile::NewObjects(int count) {
@@ -145,13 +145,20 @@ void ObjectFile::Finish(int catalog, int info) {
     const int number = NewObject();
     places_.back() = {start, 0, false};
     const int offsetBytes = BytesFor(start);
-    const std::string identity = std::string("<") + g_checksum_get_string(identity_.get()) + '>';
+    const std::string identity = '<' + Identity() + '>';
     identity_.reset();
     const std::string entries = "/Type/XRef/Size " + std::to_string(number + 1) + "/W[1 " +
                                 std::to_string(offsetBytes) + " 2]/Root " + Reference(catalog) +
                                 "/Info " + Reference(info) + "/ID[" + identity + identity + ']';
     WriteRows(number, entries, Places(offsetBytes), static_cast<std::size_t>(offsetBytes) + 3);
     Write("startxref\n" + std::to_string(start) + "\n%%EOF\n");
+}
+
+std::string ObjectFile::Identity() const {
+    // Reading a checksum ends it.
+    const std::unique_ptr<GChecksum, glyphs::Releaser<g_checksum_free>> copy(
+        g_checksum_copy(identity_.get()));
+    return g_checksum_get_string(copy.get());
 }
 
 void ObjectFile::Write(std::string_view bytes) {

@@ -19,7 +19,8 @@ namespace pdf {
 /// bytes instead of 280.
 class ObjectFile {
 public:
-    explicit ObjectFile(Output& output);
+    /// The version is that of PDF, such as "1.7".
+    ObjectFile(Output& output, std::string_view version);
 
     /// Reserves a number for an object that must be written later.
     int NewObject() { return NewObjects(1); }
@@ -43,6 +44,8 @@ public:
 
     /// What the file's parts found that keeps it from being what it claims to be.
     Violations& Found() { return violations_; }
+    /// Returns a number that tells the bytes so far from others, in 32 hexadecimal digits.
+    std::string Identity() const;
 
     /// Writes the packed objects and the cross-reference table. Nothing can be written afterwards.
     void Finish(int catalog, int info);

@@ -104,9 +104,10 @@ public:
     }
 
     /// Writes the pixels and returns the object number.
-    int WritePixels(ObjectFile& file) const {
-        const int mask = file.WriteStream(Entries("DeviceGray"), opacities_);
-        return file.WriteStream(Entries("DeviceRGB") + "/SMask " + Reference(mask), colors_);
+    int WritePixels(ObjectFile& file, PageColors& colors) const {
+        const int mask = file.WriteStream(Entries("/DeviceGray"), opacities_);
+        return file.WriteStream(Entries(colors.PictureSpace()) + "/SMask " + Reference(mask),
+                                colors_);
     }
 
     /// Returns the stream that shows the named picture as the glyph.
@@ -134,7 +135,7 @@ private:
     }
     std::string Entries(const std::string& colors) const {
         return "/Type/XObject/Subtype/Image/BitsPerComponent 8/Width " + std::to_string(width_) +
-               "/Height " + std::to_string(height_) + "/ColorSpace/" + colors;
+               "/Height " + std::to_string(height_) + "/ColorSpace" + colors;
     }
 
     int left_, top_, width_, height_;  ///< Pixels from the glyph's origin, Y downward.
@@ -144,10 +145,12 @@ private:
 
 }  // namespace
 
-DrawnFont::DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers)
+DrawnFont::DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers,
+                     PageColors& colors)
     : Typeface(CodeTable::Lengths::One, numbers),
       font_(font),
       drawings_(drawings),
+      colors_(colors),
       thousandth_(points / 1000) {}
 
 int DrawnFont::WidthOf(hb_codepoint_t glyph) {
@@ -161,7 +164,7 @@ int DrawnFont::WriteDrawing(ObjectFile& file, const CodeTable::Entry& entry,
         return file.WriteStream("",
                                 Outline(font_, entry.glyph, 1 / thousandth_).Stream(entry.width));
     const Picture picture(font_, entry.glyph, 1 / (kPixel * thousandth_));
-    pictures += '/' + name + ' ' + Reference(picture.WritePixels(file));
+    pictures += '/' + name + ' ' + Reference(picture.WritePixels(file, colors_));
     return file.WriteStream("", picture.Stream(entry.width, name));
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "glyphs/Releaser.h"
+#include "pdf/color/PageColors.h"
 #include "pdf/fonts/Typeface.h"
 
 namespace pdf {
@@ -14,7 +15,8 @@ class DrawnFont final : public Typeface {
 public:
     enum class Drawings { Outlines, Pictures };
 
-    DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers);
+    DrawnFont(PangoFont* font, double points, Drawings drawings, FontNumbers& numbers,
+              PageColors& colors);
 
 protected:
     int WidthOf(hb_codepoint_t glyph) override;
@@ -26,6 +28,7 @@ private:
 
     PangoFont* font_;
     Drawings drawings_;
+    PageColors& colors_;
     double thousandth_;  ///< A thousandth of the font size, in points.
 };
 

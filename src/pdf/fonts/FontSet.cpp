@@ -91,7 +91,7 @@ Typeface* FontSet::Embedded(PangoFont* font, EmbeddedFont::Outlines outlines) {
 }
 
 Typeface* FontSet::AddDrawn(PangoFont* font, DrawnFont::Drawings drawings) {
-    return Add(std::make_unique<DrawnFont>(font, MatrixOf(font).yy, drawings, numbers_));
+    return Add(std::make_unique<DrawnFont>(font, MatrixOf(font).yy, drawings, numbers_, colors_));
 }
 
 Typeface* FontSet::Add(std::unique_ptr<Typeface> face) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "glyphs/Releaser.h"
+#include "pdf/color/PageColors.h"
 #include "pdf/fonts/DrawnFont.h"
 #include "pdf/fonts/EmbeddedFont.h"
 #include "pdf/fonts/Typeface.h"
@@ -25,7 +26,7 @@ struct FontUse {
 
 class FontSet {
 public:
-    explicit FontSet(ObjectFile& file) : numbers_{file} {}
+    FontSet(ObjectFile& file, PageColors& colors) : colors_(colors), numbers_{file} {}
 
     const FontUse& Use(PangoFont* font) {
         if (!last_ || last_->font.get() != font) last_ = &Find(font);
@@ -49,6 +50,7 @@ private:
     Typeface* AddDrawn(PangoFont* font, DrawnFont::Drawings drawings);
     Typeface* Add(std::unique_ptr<Typeface> face);
 
+    PageColors& colors_;
     FontNumbers numbers_;
     std::vector<std::unique_ptr<Typeface>> faces_;
     std::unordered_map<hb_face_t*, Typeface*> embedded_;
