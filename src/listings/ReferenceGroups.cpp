@@ -13,16 +13,6 @@
 namespace gazetteer {
 namespace {
 
-constexpr std::string_view kPageForms[] = {"$$PAGE_NUMBER", "[Page]"};
-
-// The expression without the page at its beginning; nothing if it begins otherwise.
-std::optional<std::string_view> BehindPage(std::string_view expression) {
-    for (const std::string_view form : kPageForms)
-        if (EqualsInAnyCase(expression.substr(0, form.size()), form))
-            return expression.substr(form.size());
-    return std::nullopt;
-}
-
 std::optional<std::int64_t> WholeNumber(const std::string& text) {
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -40,50 +30,29 @@ std::optional<ReferenceGroups> ReferenceGroups::For(const Settings& settings) {
     const auto stored = column->Item(keys::kExpression);
     const auto* const text = std::get_if<std::string>(&stored);
     if (!text) return std::nullopt;
-    const std::string expression = WithoutOuterBlanks(*text);
-    const auto rest = BehindPage(expression);
-    if (!rest) return std::nullopt;
-    const auto squareStart = std::min(rest->find("$$"), rest->find('['));
-    if (squareStart == std::string_view::npos)
-        return rest->empty() ? std::optional(ReferenceGroups({}, 0)) : std::nullopt;
-    if (squareStart == 0) return std::nullopt;
-    const auto pageEnd = rest->substr(0, squareStart);
-    std::size_t endsBehind = 0;
-    for (auto at = rest->find(pageEnd, squareStart); at != std::string_view::npos;
-         at = rest->find(pageEnd, at + pageEnd.size()))
-        ++endsBehind;
-    return ReferenceGroups(std::string(pageEnd), endsBehind);
+    auto pattern = ReferencePattern::Of(WithoutOuterBlanks(*text));
+    if (!pattern) return std::nullopt;
+    return ReferenceGroups(std::move(*pattern));
 }
 
 std::string ReferenceGroups::Text(const std::vector<std::string>& references,
                                   const std::string& separator) const {
-    if (pageEnd_.empty()) return Ranges(references, separator);
+    if (!pattern_.HasSquares()) return Ranges(references, separator);
     const std::string betweenPages = separator == kNewLineToken ? separator : "; ";
     const std::string betweenSquares = separator == kNewLineToken ? ", " : separator;
     std::string text;
-    std::string lastPage;
+    std::string_view lastPage;
     for (const std::string& reference : references) {
-        auto [page, square] = PageAndSquare(reference);
+        const auto [page, square] = pattern_.PageAndSquare(reference);
         if (text.empty())
             text = reference;
         else if (!square.empty() && page == lastPage)
-            text += betweenSquares + square;
+            text.append(betweenSquares).append(square);
         else
             text += betweenPages + reference;
-        lastPage = square.empty() ? std::string() : std::move(page);
+        lastPage = square.empty() ? std::string_view() : page;
     }
     return text;
-}
-
-// A page's name may contain the separator; the square's part of the expression tells how many
-// belong to the square. Without a separator all is square-less.
-std::pair<std::string, std::string> ReferenceGroups::PageAndSquare(
-    const std::string& reference) const {
-    auto at = reference.rfind(pageEnd_);
-    for (std::size_t i = 0; i < endsBehind_ && at != std::string::npos; ++i)
-        at = at == 0 ? std::string::npos : reference.rfind(pageEnd_, at - 1);
-    if (at == std::string::npos) return {reference, {}};
-    return {reference.substr(0, at), reference.substr(at + pageEnd_.size())};
 }
 
 // Three pages or more that follow each other are a range.

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "listings/ReferencePattern.h"
 #include "model/Settings.h"
 
 namespace gazetteer {
@@ -24,14 +25,11 @@ public:
                      const std::string& separator) const;
 
 private:
-    ReferenceGroups(std::string pageEnd, std::size_t endsBehind)
-        : pageEnd_(std::move(pageEnd)), endsBehind_(endsBehind) {}
+    explicit ReferenceGroups(ReferencePattern pattern) : pattern_(std::move(pattern)) {}
 
-    std::pair<std::string, std::string> PageAndSquare(const std::string& reference) const;
     static std::string Ranges(const std::vector<std::string>& pages, const std::string& separator);
 
-    std::string pageEnd_;     ///< Between page and square; empty: there are no squares.
-    std::size_t endsBehind_;  ///< How often the same stands in the expression of the square.
+    ReferencePattern pattern_;
 };
 
 }  // namespace gazetteer
