@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <utility>
 
@@ -25,7 +26,7 @@ public:
     }
     BuiltRow Heading(const std::string& rowKey, HeadingKind kind, const host::IHostPoint& position,
                      bool alternate) override {
-        auto& height = known_[rowKey].heading[kind == HeadingKind::Continued];
+        auto& height = known_[rowKey].heading;
         if (!height) height = rows_->Heading(rowKey, kind, position, alternate).height;
         return {nullptr, *height};
     }
@@ -53,7 +54,7 @@ private:
     struct Row {
         std::optional<double> height;
         double width = 0;
-        std::optional<double> heading[2];
+        std::optional<double> heading;  // Before a row stands one kind of heading or the other.
         std::optional<bool> beginsLetter;
     };
 
@@ -70,10 +71,12 @@ public:
         total += row.height;
         tallest = std::max(tallest, row.height);
     }
+    void HeadingLeftOut(const std::string& rowKey) override { leftOut.insert(rowKey); }
     void GroupFull(double) override {}
 
     double total = 0;    // Of all rows, inches.
     double tallest = 0;  // Row.
+    std::set<std::string> leftOut;
 };
 
 class Balancer {
@@ -85,7 +88,8 @@ public:
         const std::size_t groups = MostGroups();
         if (groups < 2) return {};
         Measure all;
-        if (!Fits({}, all)) return {};
+        if (!Place({}, all)) return {};
+        leftOut_ = all.leftOut;
         const double step = 2 * all.tallest;
         std::vector<double> heights(groups, frame_.height);
         double most = std::min(frame_.height, all.total / static_cast<double>(groups) + step);
@@ -97,10 +101,16 @@ public:
     }
 
 private:
-    bool Fits(const std::vector<double>& heights, Measure& measure) {
+    bool Place(const std::vector<double>& heights, Measure& measure) {
         ColumnFlow flow(pass_, rows_, frame_, measure);
         flow.SetGroupHeights(heights);
         return FeedPage(flow, page_, [](std::int64_t) {}) == page_.rows.size();
+    }
+
+    // All rows fit, and all headings that the page has without these heights.
+    bool Fits(const std::vector<double>& heights) {
+        Measure measure;
+        return Place(heights, measure) && std::ranges::includes(leftOut_, measure.leftOut);
     }
 
     // Column groups that fit beside each other, at most one for each listing.
@@ -120,8 +130,7 @@ private:
     double LeastFrom(std::vector<double>& heights, std::size_t group, double least, double most) {
         const auto fits = [&](double height) {
             std::fill(heights.begin() + static_cast<std::ptrdiff_t>(group), heights.end(), height);
-            Measure measure;
-            return Fits(heights, measure);
+            return Fits(heights);
         };
         if (!fits(most)) most = frame_.height;
         while (most - least > kExact) {
@@ -136,6 +145,7 @@ private:
     KnownHeights rows_;
     const FrameBounds& frame_;
     const StoredPage& page_;
+    std::set<std::string> leftOut_;  // Headings that the page has no room for at full height.
 };
 
 }  // namespace

@@ -63,7 +63,8 @@ SetText CellSetter::Plain(std::string text, const SettingRules& rules) {
     return set;
 }
 
-// The last leader of a paragraph is filled; of any other nothing is left.
+// The last leader of a paragraph is filled; of any other nothing is left. A text keeps its
+// alignment where nothing follows it to the end of the cell.
 void CellSetter::SetParagraph(std::string_view paragraph, const SettingRules& rules, bool withDots,
                               SetText& set) {
     const auto leader = paragraph.rfind(kDotsToken);
@@ -71,7 +72,10 @@ void CellSetter::SetParagraph(std::string_view paragraph, const SettingRules& ru
     if (leader == std::string_view::npos) return AddLines(std::string(paragraph), rules, set);
     const std::string head = ReplaceAll(std::string(paragraph.substr(0, leader)), kDotsToken, "");
     const auto tail = paragraph.substr(leader + std::size(kDotsToken) - 1);
-    SetLeader(head, WithoutOuterBlanks(std::string(tail)), rules, withDots, set);
+    if (tail.empty() && typesetting_.leaderStyle == kNoLeader)
+        AddLines(WithoutOuterBlanks(head), rules, set);
+    else
+        SetLeader(head, WithoutOuterBlanks(std::string(tail)), rules, withDots, set);
     set.endsInLeader = tail.empty();
 }
 
@@ -83,8 +87,10 @@ void CellSetter::AddLines(const std::string& text, const SettingRules& rules, Se
         fits ? std::vector{text} : breaker_.Lines(text, rules.width, rules.width - indent);
     if (!fits && breaker_.ToreWord()) set.toreWord = true;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        const double place = PlaceOf(rules.anchor, rules.width) + (i > 0 ? indent : 0);
         if (!fits) size = measure_.Size(lines[i]);
+        // A character that has no room beside the indent keeps to the width all the same.
+        const double least = std::max(0.0, std::min(indent, rules.width - size.width));
+        const double place = PlaceOf(rules.anchor, rules.width) + (i > 0 ? least : 0);
         set.lines.push_back({{{lines[i], rules.anchor, place}}, size.height});
     }
 }
@@ -110,15 +116,25 @@ void CellSetter::SetLeader(const std::string& head, const std::string& tail,
     if (!tail.empty()) line.pieces.push_back({tail, Anchor::End, rules.width});
 }
 
-// In one piece, as the plain rules have it.
+// In one piece, as the plain rules have it; from right to left in several, since in one the dots
+// behind Latin letters would stand at their right.
 void CellSetter::FillLine(SetLine& line, const std::string& tail, double width) {
     if (line.pieces.empty()) line.pieces.push_back({});
-    LinePiece& piece = line.pieces.back();
-    const std::string head = piece.text;
+    const auto [head, anchor, start] = line.pieces.back();
     const auto with = [&](std::size_t dots) { return head + std::string(dots, '.') + tail; };
     const auto dots = DotsThatFit([&](std::size_t count) { return measure_.Width(with(count)); },
-                                  measure_.DotWidth(), width - piece.place);
-    piece.text = with(dots.value_or(0));
+                                  measure_.DotWidth(), width - start)
+                          .value_or(0);
+    if (!pass_.IsMirrored()) {
+        line.pieces.back().text = with(dots);
+        return;
+    }
+    std::string filled = head;
+    for (const std::string& piece : {std::string(dots, '.'), tail}) {
+        const double place = start + (filled.empty() ? 0 : measure_.Width(filled));
+        if (!piece.empty()) line.pieces.push_back({piece, anchor, place});
+        filled += piece;
+    }
 }
 
 // The right edge of each dot is a whole number of pitches from the end of the cell.

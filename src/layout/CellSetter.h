@@ -39,7 +39,7 @@ struct SetText {
 struct SettingRules {
     double width = 0;  ///< Inner width of the cell.
     Anchor anchor = Anchor::Start;
-    double indent = 0;  ///< Of lines that a wrapped paragraph goes on in.
+    double indent = 0;  ///< Of lines that a wrapped paragraph goes on in, where they have room.
 };
 
 /// Sets texts of one symbol in lines: breaks them, and fills leaders with dots that stand on one

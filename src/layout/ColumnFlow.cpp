@@ -32,12 +32,13 @@ ColumnFlow::Step ColumnFlow::Feed(const std::string& rowKey) {
     if (carried_) PlaceCarried();
     const bool due = IsHeadingDue(rowKey);
     const bool onTop = pageIsEmpty_ && (typesetting_.keepHeadings || !rowBefore_.empty());
+    const Carried row{rowKey, rowBefore_, due};
     if (onTop)
-        PlaceHeadingOnTop({rowKey, rowBefore_, due});
+        PlaceHeadingOnTop(row);
     else if (due && !typesetting_.keepHeadings)
         PlaceHeadingIfItFits(rowKey);
 
-    const Step step = PlaceListing(rowKey, due && !onTop && typesetting_.keepHeadings);
+    const Step step = PlaceListing(row, due && !onTop && typesetting_.keepHeadings);
     hasPrevious_ = true;
     rowBefore_ = rowKey;
     return step;
@@ -96,28 +97,28 @@ void ColumnFlow::PlaceCarried() {
 
 // The first listing of a page is placed even if it does not fit, as a carried row is: moving it on
 // would leave a page without rows. A heading and its listing fit together or not at all.
-ColumnFlow::Step ColumnFlow::PlaceListing(const std::string& rowKey, bool withHeading) {
+ColumnFlow::Step ColumnFlow::PlaceListing(Carried row, bool withHeading) {
     const double used = usedHeight_;
     const double top = pen_->Y();
     BuiltRow heading;
-    if (withHeading) heading = BuildHeading(rowKey, HeadingKind::Letter);
+    if (withHeading) heading = BuildHeading(row.rowKey, HeadingKind::Letter);
     const bool alternate = alternate_ != (withHeading && !typesetting_.plainHeadings);
     pen_->SetY(top - heading.height);
-    auto listing = rows_.Listing(rowKey, *pen_, alternate);
+    auto listing = rows_.Listing(row.rowKey, *pen_, alternate);
     pen_->SetY(top);
     const double height = heading.height + listing.height;
     usedHeight_ += height;
     if (usedHeight_ > GroupHeight() && !pageIsEmpty_) {
-        const double width = rows_.WidthOf(rowKey, listing);
+        const double width = rows_.WidthOf(row.rowKey, listing);
         listener_.GroupFull(GroupHeight() + height - usedHeight_);
-        return Overflow({rowKey, rowBefore_, withHeading}, width);
+        return Overflow(std::move(row), width);
     }
     usedHeight_ = used;
-    if (withHeading) PlaceHeading(rowKey, std::move(heading));
+    if (withHeading) PlaceHeading(row.rowKey, std::move(heading));
     usedHeight_ += listing.height;
-    PlacedRow row{Kind::Listing, rowKey, std::move(listing.group), listing.height};
-    listener_.Placing(row, hasPrevious_, hasPrevious_ ? rowBefore_ : std::string());
-    Place(std::move(row));
+    PlacedRow placed{Kind::Listing, row.rowKey, std::move(listing.group), listing.height};
+    listener_.Placing(placed, hasPrevious_, hasPrevious_ ? rowBefore_ : std::string());
+    Place(std::move(placed));
     alternate_ = !alternate_;
     pageIsEmpty_ = false;
     return Step::GoOn;

@@ -90,7 +90,7 @@ private:
     void PlaceHeadingIfItFits(const std::string& rowKey);
     void PlaceHeadingOnTop(const Carried& row);
     void PlaceCarried();
-    Step PlaceListing(const std::string& rowKey, bool withHeading);
+    Step PlaceListing(Carried row, bool withHeading);
     Step Overflow(Carried row, double width);
 
     BuiltRow BuildHeading(const std::string& rowKey, HeadingKind kind);

@@ -75,12 +75,15 @@ void LayoutPass::SetIndexLetters() {
         if (column.properties.breakColumn && column.name == primary) column.letters = letters;
 }
 
-void LayoutPass::MirrorBetween(double left, double right) {
+bool LayoutPass::RunsRightToLeft() const {
     const std::string& direction = settings_.typesetting.direction;
+    if (direction != kByLocale) return direction == kRightToLeft;
     auto* const locale = dynamic_cast<host::IHostWritingDirection*>(&host_.Locale());
-    if (direction == kRightToLeft ||
-        (direction == kByLocale && locale != nullptr && locale->IsRightToLeft()))
-        mirror_ = left + right;
+    return locale != nullptr && locale->IsRightToLeft();
+}
+
+void LayoutPass::MirrorBetween(double left, double right) {
+    if (RunsRightToLeft()) mirror_ = left + right;
 }
 
 const host::IHostEnvelope& LayoutPass::GetElementBounds(host::IHostElement& element) try {

@@ -83,6 +83,8 @@ public:
     const std::vector<std::string>& BrokenColumns() const { return brokenColumns_; }
     const host::Ref<host::IHostFillSymbol>& TransparentFill() const { return transparentFill_; }
 
+    /// The settings ask for columns from right to left.
+    bool RunsRightToLeft() const;
     /// Lays the columns from right to left where the settings ask for it, between the edges of a
     /// frame, in inches.
     void MirrorBetween(double left, double right);

@@ -30,20 +30,12 @@ Alignment AlignmentOf(const ColumnProperties& column, const std::string& name, d
     return {-1, column.marginLeft};
 }
 
-// Left and right change places; justified text hangs at the right.
-std::int32_t MirroredPlacement(std::int32_t placement) {
-    if (placement == 0 || placement == 3) return 2;
-    return placement == 2 ? 0 : placement;
-}
-
 void FillText(LayoutPass& pass, host::IHostTextElement& element, std::string& text,
               const ColumnProperties& column, RowKind kind, double textWidth,
               const Alignment& alignment) {
     const auto& symbol = TextSymbolOf(column, kind);
     symbol->SetVerticalPlacement(kMiddle);
-    if (alignment.placement >= 0)
-        symbol->SetHorizontalPlacement(pass.IsMirrored() ? MirroredPlacement(alignment.placement)
-                                                         : alignment.placement);
+    if (alignment.placement >= 0) symbol->SetHorizontalPlacement(alignment.placement);
     element.SetSymbol(symbol);
     std::string blank = kBlank;
     const bool hidden = kind == RowKind::Break && !column.breakHeading;
@@ -51,13 +43,11 @@ void FillText(LayoutPass& pass, host::IHostTextElement& element, std::string& te
     element.SetScaleWithPage(false);
 }
 
-void FillBackground(const LayoutPass& pass, const CellElements& cell,
-                    const Ref<host::IHostFillSymbol>& fill, const IHostPoint& position,
-                    double width, double height) {
+void FillBackground(const CellElements& cell, const Ref<host::IHostFillSymbol>& fill,
+                    const IHostPoint& position, double width, double height) {
     cell.background->SetSymbol(fill);
     cell.box->SetCoords(0, 0, width, height);
-    const double left = pass.IsMirrored() ? pass.Mirrored(position.X() + width) : position.X();
-    cell.box->Shift(left, position.Y() - height);
+    cell.box->Shift(position.X(), position.Y() - height);
     cell.background->SetGeometry(cell.box);
 }
 
@@ -84,11 +74,10 @@ void MakeRowElement(LayoutPass& pass, const CellElements& cell, std::string& tex
     const bool isHeading = kind == RowKind::Break && column.breakHeading;
     double cellHeight = textHeight + column.marginTop + column.marginBottom;
     if (isHeading && text != kBlank) cellHeight += column.breakSpacing;
-    FillBackground(pass, cell, FillOf(pass, column, alternate, kind), position, column.columnWidth,
+    FillBackground(cell, FillOf(pass, column, alternate, kind), position, column.columnWidth,
                    cellHeight);
 
-    const double anchor = position.X() + alignment.anchor;
-    cell.anchor->SetX(pass.IsMirrored() ? pass.Mirrored(anchor) : anchor);
+    cell.anchor->SetX(position.X() + alignment.anchor);
     cell.anchor->SetY(position.Y() - column.marginTop - textHeight / 2 -
                       (isHeading ? column.breakSpacing : 0));
     cell.text->SetGeometry(cell.anchor);

@@ -29,10 +29,11 @@ SettingRules RulesOf(const ColumnProperties& column, RowKind kind, const Typeset
     return {width, AnchorOf(AlignmentName(column, kind)), indent};
 }
 
-bool SetsLines(const Typesetting& typesetting) {
+bool SetsLines(const LayoutPass& pass) {
+    const Typesetting& typesetting = pass.GetSettings().typesetting;
     return typesetting.hangingIndent > 0 || typesetting.breakOpportunities ||
            typesetting.referenceLine || typesetting.leaderStyle != kPlainLeader ||
-           typesetting.lineGrid;
+           typesetting.lineGrid || pass.RunsRightToLeft();
 }
 
 }  // namespace
@@ -185,16 +186,22 @@ SetRows::Style& SetRows::StyleOf(std::size_t column, RowKind kind) {
     if (const auto known = styles_.find(key); known != styles_.end()) return known->second;
     const ColumnProperties& properties = pass_.Columns()[column].properties;
     const auto& symbol = TextSymbolOf(properties, kind);
-    return styles_.try_emplace(key, pass_, symbol, RulesOf(properties, kind, typesetting_))
-        .first->second;
+    Style& style = styles_.try_emplace(key, pass_, symbol, RulesOf(properties, kind, typesetting_))
+                       .first->second;
+    style.isJustified = AlignmentName(properties, kind) == "Justify";
+    return style;
 }
 
-// In mirrored columns the start is at the right.
+// In mirrored columns the start is at the right. Texts of a justified column stand at their start,
+// and hosts may stretch them.
 const host::Ref<host::IHostTextSymbol>& SetRows::Placed(Style& style, Anchor anchor) const {
     constexpr std::int32_t kMiddle = 1;
     constexpr std::int32_t kRight = 2;
+    constexpr std::int32_t kJustified = 3;
     const auto side = static_cast<std::int32_t>(anchor);
-    const std::int32_t horizontal = pass_.IsMirrored() ? kRight - side : side;
+    std::int32_t horizontal = pass_.IsMirrored() ? kRight - side : side;
+    if (style.isJustified && anchor == Anchor::Start && !pass_.IsMirrored())
+        horizontal = kJustified;
     auto& symbol = style.placed[static_cast<std::size_t>(horizontal)];
     if (!symbol) {
         symbol = host::As<host::IHostTextSymbol>(style.symbol->Copy());
@@ -221,7 +228,7 @@ void SetRows::FindGridLine() {
 }
 
 std::unique_ptr<FlowRows> MakeFlowRows(LayoutPass& pass) {
-    if (SetsLines(pass.GetSettings().typesetting)) return std::make_unique<SetRows>(pass);
+    if (SetsLines(pass)) return std::make_unique<SetRows>(pass);
     return std::make_unique<PassRows>(pass);
 }
 

@@ -14,8 +14,8 @@
 namespace gazetteer {
 
 /// Builds rows whose texts are set line by line, for settings that the plain rules do not know:
-/// hanging indents, line breaks of Unicode, leaders on a grid, references on the last line, and
-/// heights of whole lines. A pass that measures builds no elements.
+/// hanging indents, line breaks of Unicode, leaders on a grid, references on the last line, heights
+/// of whole lines, and columns from right to left. A pass that measures builds no elements.
 class SetRows : public PassRows {
 public:
     explicit SetRows(LayoutPass& pass);
@@ -36,8 +36,9 @@ private:
         CellSetter setter;
         host::Ref<host::IHostTextSymbol> symbol;
         SettingRules rules;
-        /// The symbol placed at the left, the middle and the right.
-        std::array<host::Ref<host::IHostTextSymbol>, 3> placed;
+        bool isJustified = false;
+        /// The symbol placed at the left, the middle and the right, and justified.
+        std::array<host::Ref<host::IHostTextSymbol>, 4> placed;
     };
 
     /// A cell of the row that is being built. Lengths are inches.

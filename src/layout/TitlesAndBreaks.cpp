@@ -28,6 +28,17 @@ bool IsNumeric(LayoutPass& pass, const std::string& letter) {
     return !letter.empty() && pass.Host().Locale().ParseNumber(letter).has_value();
 }
 
+// What the column shows over a text without a letter, which begins with a digit or a sign. In a
+// field of letters a sign stands by itself, such as "#" for digits, and is its own heading.
+std::string HeadingWithoutLetter(LayoutPass& pass, LayoutColumn& column,
+                                 const std::string& rowKey) {
+    const std::string& digits = pass.GetSettings().typesetting.digitsHeading;
+    if (!digits.empty()) return digits;
+    const std::string letter = BreakLetter(pass, column, rowKey);
+    const bool isAll = letter == column.Cell(rowKey, pass.Host().Locale());
+    return isAll && !IsNumeric(pass, letter) ? letter : std::string();
+}
+
 // What the heading of a break column shows; empty: none.
 std::string HeadingOf(LayoutPass& pass, LayoutColumn& column, const std::string& rowKey) {
     if (!column.letters) {
@@ -35,7 +46,7 @@ std::string HeadingOf(LayoutPass& pass, LayoutColumn& column, const std::string&
         return IsNumeric(pass, letter) ? std::string() : letter;
     }
     const std::string& letter = column.IndexLetter(rowKey, pass.Host().Locale());
-    return letter.empty() ? pass.GetSettings().typesetting.digitsHeading : letter;
+    return letter.empty() ? HeadingWithoutLetter(pass, column, rowKey) : letter;
 }
 
 bool BeginsLetter(LayoutPass& pass, LayoutColumn& column, const std::string& thisRow,

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 #include "model/KeyNames.h"
 #include "model/Results.h"
@@ -18,6 +20,47 @@ std::optional<std::int64_t> WholeNumber(const std::string& text) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
     return number;
+}
+
+std::string Joined(const std::vector<std::string>& texts, const std::string& separator) {
+    std::string all;
+    for (std::size_t i = 0; i < texts.size(); ++i) all += (i > 0 ? separator : "") + texts[i];
+    return all;
+}
+
+// Three pages or more that follow each other are a range.
+std::vector<std::string> Ranges(const std::vector<std::string>& pages) {
+    std::vector<std::string> ranges;
+    for (std::size_t i = 0; i < pages.size();) {
+        std::size_t end = i + 1;
+        const auto first = WholeNumber(pages[i]);
+        while (first && end < pages.size() &&
+               WholeNumber(pages[end]) == *first + static_cast<std::int64_t>(end - i))
+            ++end;
+        if (end - i > 2)
+            ranges.push_back(pages[i] + '-' + pages[end - 1]);
+        else
+            ranges.insert(ranges.end(), pages.begin() + static_cast<std::ptrdiff_t>(i),
+                          pages.begin() + static_cast<std::ptrdiff_t>(end));
+        i = end;
+    }
+    return ranges;
+}
+
+struct Separators {
+    std::string pages = "; ";
+    std::string squares = ", ";
+};
+
+Separators SeparatorsOf(const std::string& separator) {
+    Separators both;
+    const bool endsPages = separator == kNewLineToken || separator.find(';') != std::string::npos;
+    (endsPages ? both.pages : both.squares) = separator;
+    return both;
+}
+
+bool Holds(std::string_view text, const std::string& separator) {
+    return !separator.empty() && text.find(separator) != std::string_view::npos;
 }
 
 }  // namespace
@@ -37,45 +80,33 @@ std::optional<ReferenceGroups> ReferenceGroups::For(const Settings& settings) {
 
 std::string ReferenceGroups::Text(const std::vector<std::string>& references,
                                   const std::string& separator) const {
-    if (!pattern_.HasSquares()) return Ranges(references, separator);
-    const std::string betweenPages = separator == kNewLineToken ? separator : "; ";
-    const std::string betweenSquares = separator == kNewLineToken ? ", " : separator;
-    std::string text;
-    std::string_view lastPage;
+    if (!pattern_.HasSquares()) return Joined(Ranges(references), separator);
+    const Separators between = SeparatorsOf(separator);
+    std::vector<std::string> groups;
+    std::vector<std::string> pages;  // Without squares, the last ones.
+    const auto endPages = [&] {
+        std::ranges::move(Ranges(std::exchange(pages, {})), std::back_inserter(groups));
+    };
+    std::optional<std::string_view> lastPage;
     for (const std::string& reference : references) {
         const auto [page, square] = pattern_.PageAndSquare(reference);
-        if (text.empty())
-            text = reference;
-        else if (!square.empty() && page == lastPage)
-            text.append(betweenSquares).append(square);
-        else
-            text += betweenPages + reference;
-        lastPage = square.empty() ? std::string_view() : page;
-    }
-    return text;
-}
-
-// Three pages or more that follow each other are a range.
-std::string ReferenceGroups::Ranges(const std::vector<std::string>& pages,
-                                    const std::string& separator) {
-    std::string text;
-    const auto add = [&](const std::string& page) {
-        text += (text.empty() ? "" : separator) + page;
-    };
-    for (std::size_t i = 0; i < pages.size();) {
-        std::size_t end = i + 1;
-        const auto first = WholeNumber(pages[i]);
-        while (first && end < pages.size() &&
-               WholeNumber(pages[end]) == *first + static_cast<std::int64_t>(end - i))
-            ++end;
-        if (end - i > 2) {
-            add(pages[i] + '-' + pages[end - 1]);
-        } else {
-            for (std::size_t j = i; j < end; ++j) add(pages[j]);
+        if (!pattern_.IsClear(reference) || Holds(page, between.pages) ||
+            Holds(square, between.pages) || Holds(square, between.squares))
+            return Joined(references, separator);
+        if (square.find_first_not_of(' ') == std::string_view::npos) {
+            pages.emplace_back(page);
+            lastPage.reset();
+            continue;
         }
-        i = end;
+        endPages();
+        if (page == lastPage)
+            groups.back().append(between.squares).append(square);
+        else
+            groups.push_back(reference);
+        lastPage = page;
     }
-    return text;
+    endPages();
+    return Joined(groups, between.pages);
 }
 
 }  // namespace gazetteer

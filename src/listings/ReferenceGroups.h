@@ -19,15 +19,14 @@ public:
     static std::optional<ReferenceGroups> For(const Settings& settings);
 
     /// The references in the order of the listing's rows, at least one. Those of one page that
-    /// follow each other are grouped. The separator stands between squares; between pages stands
-    /// "; ", or the token of a new line where the separator is one.
+    /// follow each other are grouped. The separator stands between squares, and "; " between pages;
+    /// a separator with a semicolon or of a new line stands between pages, and ", " between
+    /// squares. Where it could not be told what belongs to which page, nothing is grouped.
     std::string Text(const std::vector<std::string>& references,
                      const std::string& separator) const;
 
 private:
     explicit ReferenceGroups(ReferencePattern pattern) : pattern_(std::move(pattern)) {}
-
-    static std::string Ranges(const std::vector<std::string>& pages, const std::string& separator);
 
     ReferencePattern pattern_;
 };

@@ -17,6 +17,26 @@ std::optional<std::string_view> BehindPage(std::string_view expression) {
     return std::nullopt;
 }
 
+std::size_t CountOf(std::string_view piece, std::string_view text) {
+    std::size_t count = 0;
+    for (auto at = text.find(piece); at != std::string_view::npos;
+         at = text.find(piece, at + piece.size()))
+        ++count;
+    return count;
+}
+
+// What an expression has beside its fields, whose names may have any characters.
+std::string WithoutFields(std::string_view expression) {
+    std::string literal;
+    while (!expression.empty()) {
+        const auto field = std::min(expression.find('['), expression.size());
+        literal += expression.substr(0, field);
+        const auto end = expression.find(']', field);
+        expression.remove_prefix(end == std::string_view::npos ? expression.size() : end + 1);
+    }
+    return literal;
+}
+
 }  // namespace
 
 std::optional<ReferencePattern> ReferencePattern::Of(std::string_view expression) {
@@ -27,11 +47,8 @@ std::optional<ReferencePattern> ReferencePattern::Of(std::string_view expression
         return rest->empty() ? std::optional(ReferencePattern({}, 0)) : std::nullopt;
     if (squareStart == 0) return std::nullopt;
     const auto pageEnd = rest->substr(0, squareStart);
-    std::size_t endsBehind = 0;
-    for (auto at = rest->find(pageEnd, squareStart); at != std::string_view::npos;
-         at = rest->find(pageEnd, at + pageEnd.size()))
-        ++endsBehind;
-    return ReferencePattern(std::string(pageEnd), endsBehind);
+    return ReferencePattern(std::string(pageEnd),
+                            CountOf(pageEnd, WithoutFields(rest->substr(squareStart))));
 }
 
 // A page's name may contain the separator; the square's part of the expression tells how many
@@ -44,6 +61,10 @@ std::pair<std::string_view, std::string_view> ReferencePattern::PageAndSquare(
         at = at == 0 ? std::string_view::npos : reference.rfind(pageEnd_, at - 1);
     if (at == std::string_view::npos) return {reference, {}};
     return {reference.substr(0, at), reference.substr(at + pageEnd_.size())};
+}
+
+bool ReferencePattern::IsClear(std::string_view reference) const {
+    return !HasSquares() || CountOf(pageEnd_, reference) == endsBehind_ + 1;
 }
 
 }  // namespace gazetteer

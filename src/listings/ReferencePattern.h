@@ -21,6 +21,9 @@ public:
     /// The two parts of a reference. Without a separator all is page, and the square is empty. The
     /// views are parts of the argument.
     std::pair<std::string_view, std::string_view> PageAndSquare(std::string_view reference) const;
+    /// Whether these are the only two parts that it can have: neither the page's name nor a field
+    /// of the square holds the separator.
+    bool IsClear(std::string_view reference) const;
 
 private:
     ReferencePattern(std::string pageEnd, std::size_t endsBehind)

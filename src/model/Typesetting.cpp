@@ -77,6 +77,12 @@ void SetValue(const TypesettingKey& key, const host::Variant& value, host::IHost
     std::visit(
         [&]<class T>(T Typesetting::*field) {
             typesetting.*field = ValueAs<T>(value, locale);
+            if constexpr (std::is_same_v<T, std::string>) {
+                const auto choices = key.Choices();
+                if (!choices.empty() &&
+                    std::ranges::find(choices, typesetting.*field) == choices.end())
+                    typesetting.*field = Typesetting().*field;
+            }
             if constexpr (std::is_same_v<T, std::int32_t>)
                 if (key.kind == Long)
                     typesetting.*field = std::clamp(typesetting.*field, 0, key.most);

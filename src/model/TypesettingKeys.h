@@ -36,8 +36,8 @@ const TypesettingKey* FindTypesettingKey(std::string_view name);
 /// A value under its key, as it is stored.
 host::Variant ValueOf(const TypesettingKey& key, const Typesetting& typesetting);
 
-/// Puts a value under its key, a whole number beyond its range as the nearest in it. Fails for a
-/// value of another kind.
+/// Puts a value under its key, a whole number beyond its range as the nearest in it and a text that
+/// is no choice of its key as the initial one. Fails for a value of another kind.
 void SetValue(const TypesettingKey& key, const host::Variant& value, host::IHostLocale& locale,
               Typesetting& typesetting);
 

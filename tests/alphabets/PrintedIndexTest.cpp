@@ -164,6 +164,7 @@ TEST(Order, HeadingsOfAColumnOfTheirOwn) {
     const Program program;
     support::DbfBuilder dbf({{"LISTING", 'C', 20}, {"PAGE", 'N', 4}, {"INITIAL", 'C', 2}});
     for (const char* name : {"Ávila", "Alicante", "Álava", "Avilés"}) dbf.Row({name, "1", "A"});
+    dbf.Row({"1 de Mayo", "1", "#"});
     dbf.Row({"Burgos", "2", "B"}).Write(program.File("names.dbf"));
     program.Write("names.cpg", "UTF-8");
     program.Done(MakeTall("names", "es"));
@@ -175,7 +176,8 @@ TEST(Order, HeadingsOfAColumnOfTheirOwn) {
                   "Listing.ColumnWidth=1.2"});
     program.Done({"draw", "names.json", "--page", "1", "--locale", "es", "-o", "names.pdf"});
     EXPECT_EQ(PrintedLines(program, "names.pdf"),
-              (Lines{"A", "A Álava", "A Alicante", "A Ávila", "A Avilés", "B", "B Burgos"}));
+              (Lines{"#", "# 1 de Mayo", "A", "A Álava", "A Alicante", "A Ávila", "A Avilés", "B",
+                     "B Burgos"}));
 }
 
 // Fifteen stands before a hundred and ten, or one and a tenth before one and a half.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/Program.h"
+#include "support/Text.h"
 
 namespace tests {
 namespace {
@@ -84,6 +85,34 @@ TEST(Set, DropsResultsAndChecksAnew) {
         program.Done({"set", "d.json", broken});
         EXPECT_EQ(program.Stored("d.json")["CanDrawIndex"], false) << broken;
     }
+}
+
+// Stored by another program or by hand.
+TEST(Set, RepairsTypesetting) {
+    const Program program;
+    const auto replace = [&](const std::string& stored, const std::string& other) {
+        std::string document = program.Read("d.json");
+        ASSERT_NE(document.find(stored), std::string::npos) << stored;
+        program.Write("d.json", gazetteer::ReplaceAll(document, stored, other));
+    };
+    const auto typesetting = [&] {
+        return program.Done({"show", "d.json", "--json"}).Json()["typesetting"];
+    };
+    program.Done({"new", "d.json", "--listing-database", "streets.dbf"});
+    const auto negative =
+        program.Done({"set", "d.json", "Typesetting.LeaderStyle=aligned",
+                      "Typesetting.Direction=auto", "Typesetting.HangingIndent=-0.5"});
+    EXPECT_TRUE(Contains(negative.errors, "Typesetting.HangingIndent is negative"));
+    replace("\"aligned\"", "\"dotted\"");
+    replace("\"auto\"", "\"downwards\"");
+    EXPECT_EQ(typesetting()["LeaderStyle"], "plain");
+    EXPECT_EQ(typesetting()["Direction"], "left to right");
+    replace("\"HangingIndent\",-0.5", "\"HangingIndent\",\"wide\"");
+    const auto refused = program.Run({"set", "d.json", "SortColumns=false"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(Contains(refused.errors, "Typesetting.HangingIndent"));
+    program.Done({"set", "d.json", "Typesetting=none"});
+    EXPECT_EQ(typesetting(), nullptr);
 }
 
 json Labelled(const Program& program, const char* tag) {

@@ -43,7 +43,8 @@ TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
 
 TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
     program_.Done(
-        {"make", "long.dbf", "-o", "o.pdf", "--document", "o.json", "--first-page", "97"});
+        {"make", "long.dbf", "-o", "o.pdf", "--document", "o.json", "--first-page", "97", "--set",
+         "Typesetting.Continued={letter} (continued from the column before, with all its words)"});
     const auto pages = program_.Done({"show", "o.json", "--json"}).Json()["pages"];
     const auto of = [&](std::size_t page, const char* key) {
         return pages[page][key].get<std::string>().substr(1);  // Without the leading blank.
@@ -59,6 +60,8 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
                                             of(i, "name") + "</item>"));
     // Below those of the pages stand the letters; the pages have the printed numbers.
     EXPECT_TRUE(Contains(bookmarks, "<item page=\"1\">B</item>"));
+    EXPECT_TRUE(
+        Contains(bookmarks, " (continued from the column before, with all its words)</item>"));
     const std::string file = program_.Shell("qpdf --qdf --object-streams=disable o.pdf -");
     for (const char* part : {"/St 97", "/Lang (en-US)", "/Metadata ", "<dc:title><rdf:Alt>"})
         EXPECT_TRUE(file.find(part) != std::string::npos) << part;

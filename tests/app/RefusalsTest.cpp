@@ -93,6 +93,7 @@ TEST_F(Refusals, OfWrongUsage) {
         {{"export", "d.json", "-o", "o.pdf", "--pages", "2-1"}, 2, "--pages 2-1"},
         {{"set", "d.json", "DefaultPage=2", "Foo=1"}, 2, "no property \"Foo\""},
         {{"set", "d.json", "ColumnWidth=1"}, 2, "COLUMN.ColumnWidth=VALUE"},
+        {{"set", "d.json", "KeepHeadings=true"}, 2, "Typesetting.KeepHeadings=VALUE"},
         {{"set", "d.json", "CombineDelimiter=/"}, 2, "\"CombineDelimeter\"?"},
         {{"set", "d.json", "Listing.columnwith=1"}, 2, "\"ColumnWidth\"?"},
         {{"exprot", "d.json", "-o", "o.pdf"}, 2, "\"export\"?"},

@@ -74,6 +74,7 @@ TEST(LineRules, PatternsKeepWhatTheirFileSays) {
         {"UTF-8\nLEFTHYPHENMIN 4\nRIGHTHYPHENMIN 3\n1a\n", "bobabob=aba"},
         {"UTF-8\nf1f/ff=f,1,2\n1t\n", "Schiffahr=ter"},  // Would be Schiff-fahrt.
         {"UTF-8\nx1a\nNEXTLEVEL\n.ab1c\n", "ab=cx=ab=cd"},
+        {"UTF-8\na1b\nb1a\nb1a\na2b\n", "ab=ab=ab"},  // The last of the same letters counts.
         {"UTF-8", "whole"},
         {"", "whole"},
         {"no encoding\na1b\n", "abab"},

@@ -30,7 +30,9 @@ struct DrawnRow {
     enum class Kind { Title, Heading, Listing };
     Kind kind;
     double left, top, foot;
+    double firstLeft;  ///< Left edge of the first cell.
     std::vector<std::vector<DrawnText>> cells;
+    bool isShaded = false;  ///< The first cell has another background than white.
 
     /// The first text of the first cell: name or letter.
     const std::string& First() const { return cells.front().front().text; }
@@ -58,7 +60,7 @@ public:
 
 private:
     static DrawnRow Read(support::TestHost& tests, host::IHostElement& row, DrawnRow::Kind kind) {
-        DrawnRow drawn{kind, 0, 0, 0, {}};
+        DrawnRow drawn{kind, 0, 0, 0, 0, {}, false};
         const auto& group = dynamic_cast<host::IHostGroupElement&>(row);
         bool first = true;
         for (std::int32_t i = 0; i < group.Count(); ++i) {
@@ -67,6 +69,11 @@ private:
             drawn.left = first ? box->XMin() : std::min(drawn.left, box->XMin());
             drawn.top = box->YMax();
             drawn.foot = box->YMin();
+            if (first) {
+                drawn.firstLeft = box->XMin();
+                const auto fill = host::As<host::IHostFilledElement>(cell->Item(0))->Symbol();
+                drawn.isShaded = fill->Color()->RGB() != 0xFFFFFF;
+            }
             first = false;
             auto& texts = drawn.cells.emplace_back();
             for (std::int32_t j = 1; j < cell->Count(); ++j) {

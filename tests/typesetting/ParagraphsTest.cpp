@@ -29,6 +29,16 @@ const Case kCases[] = {
     {"en", "x", 1, 1, {"x"}},
     {"en", "xyz", 1, 1, {"x", "y", "z"}, true},
     {"en", "", 5, 5, {""}},
+    // Grid squares and single letters stay with what a hyphen joins them to.
+    {"en", "5\u00A05-D, 6\u00A06-E", 11, 11, {"5\u00A05-D,", "6\u00A06-E"}},
+    {"en", "5 D-D, 6 D/E", 10, 10, {"5 D-D, 6", "D/E"}},
+    {"en", "Neue U-Bahn 24–26", 7, 7, {"Neue", "U-Bahn", "24–26"}},
+    {"en", "Plan 13-L", 4, 4, {"Plan", "13-L"}},
+    {"en", "Plan 13-LM", 4, 4, {"Plan", "13-", "LM"}},
+    // The rest of a word has the divisions of the whole.
+    {"de", "Industriestraße", 6, 6, {"Indus-", "trie-", "straße"}},
+    // In no room beside an indent.
+    {"en", "xyz", 1, 0, {"x", "y", "z"}, true},
     {"en", "   ", 1, 1, {""}},
 };
 

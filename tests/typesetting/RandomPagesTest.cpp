@@ -7,7 +7,7 @@
 #include "support/Text.h"
 #include "typesetting/DrawnPage.h"
 
-/// Pages of random gazetteers in the settings of a new printed index.
+/// Pages of random gazetteers in the settings of a new printed index, and in others.
 namespace typesetting {
 namespace {
 
@@ -52,10 +52,12 @@ struct RandomIndex {
             return TestDesk::Object(desk->TextSymbol(families[Number(0, 2)], Number(from, to)));
         };
         desk->Store(element, {{"Listing.Expression", "[Listing]$$DOTS"},
-                              {"Page.Expression", "[Ref]"},
+                              {"Page.Expression", "$$PAGE_NUMBER [Ref]"},
                               {"RepeatSpacing", Number(0, 4) / 10.0},
                               {"AddStartingBreak", true},
-                              {"CombineListings", false},
+                              {"CombineListings", Number(0, 1) == 1},
+                              {"CombineWithNewLine", false},
+                              {"CombineFirstAndLast", false},
                               {"Listing.ColumnWidth", listingWidth},
                               {"Page.ColumnWidth", pageWidth},
                               {"Listing.BreakColumn", true},
@@ -75,6 +77,11 @@ struct RandomIndex {
         if (Number(0, 1) == 0) settings.digitsHeading = "0-9";
         if (Number(0, 3) == 0) settings.direction = gazetteer::kRightToLeft;
         settings.leaderBlanks = Number(0, 2);
+        settings.keepHeadings = Number(0, 3) > 0;
+        settings.balanceLastPage = Number(0, 3) > 0;
+        settings.groupReferences = Number(0, 1) == 1;
+        if (Number(0, 2) == 0) settings.leaderStyle = gazetteer::kPlainLeader;
+        if (Number(0, 3) == 0) settings.leaderStyle = gazetteer::kNoLeader;
         gazetteer::StoreTypesetting(desk->Host(), element, settings);
         mirrored = settings.direction == gazetteer::kRightToLeft || locale == "ar";
     }
@@ -91,7 +98,7 @@ struct RandomIndex {
                         words[static_cast<std::size_t>(Number(0, std::ssize(words) - 1))];
             constexpr std::size_t kField = 60;  // Bytes.
             if (name.size() > kField) name.resize(name.find(' '));
-            rows.push_back({name, "r" + std::to_string(i)});
+            rows.push_back({name, std::to_string(i)});
         }
         return desk->ListingTable(rows);
     }
@@ -115,17 +122,19 @@ struct RandomIndex {
 struct Reader {
     std::vector<std::string> references;  // As drawn.
     std::vector<std::string> headings;
-    std::string letter;  // Of the heading or continuation read last.
+    std::string letter;         // Of the heading read last.
+    bool continues = false;     // The row before was a continuation.
+    std::string listingLetter;  // Of the listing read last.
 };
 
 void ReadRow(RandomIndex& index, const DrawnRow& row, bool onTop, bool onTopOfPage,
              const std::map<std::string, std::string>& names, Reader& reader) {
     if (row.kind == Kind::Heading) {
         const std::string& text = row.First();
-        const std::string continuation = reader.letter + " (continued)";
-        if (!reader.letter.empty() && text == continuation) {
+        if (text == reader.listingLetter + " (continued)") {
             const bool everywhere = index.settings.continuedAt == gazetteer::kAtColumnGroup;
             EXPECT_TRUE(onTop && (everywhere || onTopOfPage)) << text;
+            reader.continues = true;
             return;
         }
         reader.headings.push_back(text);
@@ -133,18 +142,25 @@ void ReadRow(RandomIndex& index, const DrawnRow& row, bool onTop, bool onTopOfPa
         return;
     }
     if (row.kind != Kind::Listing) return;
-    reader.references.push_back(row.cells[1].front().text);
-    const std::string letter = index.LetterOf(names.at(reader.references.back()));
-    if (letter.empty()) return;
-    EXPECT_EQ(letter, reader.letter) << names.at(reader.references.back());
+    std::string& reference = reader.references.emplace_back();
+    for (const DrawnText& line : row.cells[1])
+        reference += (reference.empty() ? "" : " ") + line.text;
+    const std::string letter = index.LetterOf(names.at(reference));
+    if (std::exchange(reader.continues, false)) {
+        EXPECT_EQ(letter, reader.listingLetter);
+    }
+    reader.listingLetter = letter;
+    if (!letter.empty() && index.settings.keepHeadings) {
+        EXPECT_EQ(letter, reader.letter) << names.at(reference);
+    }
 }
 
-// Dots hang at the column's end and the reference stands beside the last line.
+// Dots on a grid hang at the column's end. The reference stands beside the last line.
 void ExpectLeaders(const RandomIndex& index, const DrawnRow& row, std::set<long>& edges) {
     const auto& name = row.cells[0];
     for (const DrawnText& piece : name) {
         const std::string dots = gazetteer::ReplaceAll(piece.text, " ", "");
-        if (!IsLeader(dots)) continue;
+        if (!IsLeader(dots) || index.settings.leaderStyle != gazetteer::kAlignedLeader) continue;
         EXPECT_EQ(piece.placement, index.mirrored ? 0 : 2);
         edges.insert(std::lround((piece.edge - row.left) / kFine));
         EXPECT_EQ(&piece, &name.back());
@@ -160,6 +176,19 @@ void ExpectOneGrid(const DrawnPage& page, double lineHeight, double top) {
             const double lines = (top - row.top) / lineHeight;
             EXPECT_NEAR(lines, std::round(lines), kFine / lineHeight);
         }
+}
+
+// A listing leaves the frame only where it is the first of its column group.
+void ExpectInFrame(const DrawnPage& page, double foot) {
+    for (const auto& group : page.columnGroups) {
+        bool first = true;
+        for (const DrawnRow& row : group) {
+            if (row.kind != Kind::Listing) continue;
+            if (!std::exchange(first, false)) {
+                EXPECT_GT(row.cells[0].back().middle, foot);
+            }
+        }
+    }
 }
 
 // Lines from one baseline to the next.
@@ -209,7 +238,9 @@ void ExpectGoodPages(RandomIndex& index) {
         const std::size_t before = reader.references.size();
         bool onTopOfPage = true;
         for (const auto& group : pages.back().columnGroups) {
-            EXPECT_NE(group.back().kind, Kind::Heading) << "page " << number;
+            if (index.settings.keepHeadings) {
+                EXPECT_NE(group.back().kind, Kind::Heading) << "page " << number;
+            }
             bool onTop = true;
             for (const DrawnRow& row : group) {
                 ReadRow(index, row, onTop, onTopOfPage, names, reader);
@@ -221,13 +252,16 @@ void ExpectGoodPages(RandomIndex& index) {
         const auto rows = TestDesk::SetIn(*manager.Working().pageGroups, std::to_string(number));
         EXPECT_EQ(reader.references.size() - before, static_cast<std::size_t>(rows->Count()));
     }
-    ExpectBalanced(pages.back());
+    if (index.settings.balanceLastPage && index.settings.keepHeadings) ExpectBalanced(pages.back());
     EXPECT_EQ(reader.references, all);
     const std::set<std::string> letters(reader.headings.begin(), reader.headings.end());
     EXPECT_EQ(letters.size(), reader.headings.size()) << testing::PrintToString(reader.headings);
     EXPECT_LE(edges.size(), 1U);
-    for (const DrawnPage& page : pages)
-        ExpectOneGrid(page, LineHeight(pages), index.element->Geometry()->Bounds()->YMax());
+    const auto frame = index.element->Geometry()->Bounds();
+    for (const DrawnPage& page : pages) {
+        ExpectOneGrid(page, LineHeight(pages), frame->YMax());
+        ExpectInFrame(page, frame->YMin());
+    }
 }
 
 TEST(RandomPages, KeepWhatTheirSettingsPromise) {

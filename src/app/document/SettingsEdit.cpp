@@ -40,8 +40,12 @@ std::string AlignmentWarning(const std::string& key, const host::Variant& value)
 
 // Returns warnings about stored values that are unusual: unknown alignments, a default page below
 // 1, and negative lengths.
-std::vector<std::string> ValueWarnings(const gazetteer::Settings& settings) {
+std::vector<std::string> ValueWarnings(const gazetteer::Settings& settings,
+                                       const std::optional<gazetteer::Typesetting>& typesetting) {
     std::vector<std::string> warnings;
+    if (typesetting && typesetting->hangingIndent < 0)
+        warnings.emplace_back(
+            "Typesetting.HangingIndent is negative, so that no line is indented.");
     if (settings.defaultPage < 1)
         warnings.emplace_back("DefaultPage is less than 1, the first page.");
     if (settings.repeatSpacing < 0)
@@ -69,7 +73,12 @@ std::vector<std::string> ValueWarnings(const gazetteer::Settings& settings) {
 SettingsEdit::SettingsEdit(OpenDocument& open) : open_(open) {
     const auto copy = gazetteer::CopySet(open.Host(), open.Properties());
     gazetteer::ReadSettings(open.Host(), *copy, settings_);
-    typesetting_ = gazetteer::StoredTypesetting(open.Gazetteer(), open.Host().Locale());
+}
+
+std::optional<gazetteer::Typesetting>& SettingsEdit::Typesetting() {
+    if (!typesetting_)
+        typesetting_ = gazetteer::StoredTypesetting(open_.Gazetteer(), open_.Host().Locale());
+    return *typesetting_;
 }
 
 void SettingsEdit::Set(const std::string& text) {
@@ -104,10 +113,12 @@ void SettingsEdit::SetProperty(const std::string& key, const std::string& value)
     using gazetteer::Settings;
     const auto* entry = gazetteer::FindPropertyKey(key);
     if (!entry) {
-        const bool ofColumn = gazetteer::FindColumnKey(key) != nullptr;
-        throw UsageError("There is no property \"" + key + "\"" +
-                         (ofColumn ? "; it is one of a column: COLUMN." + key + "=VALUE."
-                                   : '.' + Suggestion(key, UserKeys(gazetteer::PropertyKeys()))));
+        std::string hint = '.' + Suggestion(key, UserKeys(gazetteer::PropertyKeys()));
+        if (gazetteer::FindColumnKey(key))
+            hint = "; it is one of a column: COLUMN." + key + "=VALUE.";
+        else if (gazetteer::FindTypesettingKey(key))
+            hint = "; it is one of typesetting: Typesetting." + key + "=VALUE.";
+        throw UsageError("There is no property \"" + key + '"' + hint);
     }
     if (entry->writer == gazetteer::Writer::Run)
         throw UsageError("The property \"" + key + "\" is kept by the gazetteer itself.");
@@ -133,7 +144,7 @@ void SettingsEdit::SetTypesetting(const std::string& key, const std::string& val
         if (value != "none")
             throw UsageError("Typesetting=" + Shown(value) +
                              ": the value must be none; one setting is Typesetting.KEY=VALUE.");
-        typesetting_.reset();
+        typesetting_.emplace();
         return;
     }
     const auto* entry = gazetteer::FindTypesettingKey(key);
@@ -145,8 +156,9 @@ void SettingsEdit::SetTypesetting(const std::string& key, const std::string& val
                          "\" is kept by the gazetteer itself.");
     const auto variant =
         ParseTypesettingValue(open_.Host(), *entry, std::string(kTypesetting) + '.' + key, value);
-    if (!typesetting_) typesetting_.emplace();
-    gazetteer::SetValue(*entry, variant, open_.Host().Locale(), *typesetting_);
+    auto& typesetting = Typesetting();
+    if (!typesetting) typesetting.emplace();
+    gazetteer::SetValue(*entry, variant, open_.Host().Locale(), *typesetting);
 }
 
 void SettingsEdit::SetColumn(const std::string& column, const std::string& key,
@@ -204,15 +216,16 @@ void SettingsEdit::Store() {
         open_.Warn(
             "the total width of the defined columns is wider than the width of the gazetteer "
             "frame.");
-    for (const auto& warning : ValueWarnings(settings_)) open_.Warn(warning);
+    for (const auto& warning : ValueWarnings(settings_, Typesetting())) open_.Warn(warning);
 }
 
 void SettingsEdit::StoreWithoutWarnings() {
     auto& host = open_.Host();
     const auto& element = open_.Gazetteer();
     const auto properties = open_.Properties();
+    const auto& typesetting = Typesetting();  // Fails before anything is stored.
     gazetteer::StoreEdit(host, settings_, false, *properties);
-    gazetteer::StoreTypesetting(host, element, typesetting_);
+    gazetteer::StoreTypesetting(host, element, typesetting);
     host::As<host::IHostFrameElement>(element)->SetDraft(false);
     gazetteer::Findings reasons;
     properties->SetItem(gazetteer::keys::kCanDrawIndex, open_.CanDraw(reasons) && FitsFrame());

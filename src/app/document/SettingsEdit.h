@@ -27,7 +27,7 @@ public:
 
     gazetteer::Settings& Settings() { return settings_; }
     /// Nothing: the plain rules, and no set of them is stored.
-    std::optional<gazetteer::Typesetting>& Typesetting() { return typesetting_; }
+    std::optional<gazetteer::Typesetting>& Typesetting();
     /// Returns the column's name as stored. Throws UsageError for an unknown column.
     std::string ColumnName(const std::string& name);
 
@@ -45,7 +45,8 @@ private:
 
     OpenDocument& open_;
     gazetteer::Settings settings_;
-    std::optional<gazetteer::Typesetting> typesetting_;
+    /// Read only when it is asked for, so that a set which cannot be read can be taken away.
+    std::optional<std::optional<gazetteer::Typesetting>> typesetting_;
 };
 
 }  // namespace app

@@ -18,15 +18,19 @@
 namespace app {
 namespace {
 
-// Returns the first text of a group, or of the groups in it, that is not blank.
+// Returns the first text of a group, or of the groups in it, that is not blank: all lines of its
+// cell. A word goes on behind a hyphen.
 std::string FirstText(const host::IHostGroupElement& group) {
     std::string text;
-    for (std::int32_t i = 0; text.empty() && i < group.Count(); ++i) {
+    for (std::int32_t i = 0; i < group.Count(); ++i) {
         const auto member = group.Item(i);
-        if (const auto element = host::As<host::IHostTextElement>(member))
-            text = gazetteer::WithoutOuterBlanks(element->Text());
-        else if (const auto inner = host::As<host::IHostGroupElement>(member))
+        if (const auto element = host::As<host::IHostTextElement>(member)) {
+            const bool begins = text.empty() || text.ends_with('-');
+            text += (begins ? "" : " ") + gazetteer::WithoutOuterBlanks(element->Text());
+        } else if (const auto inner = host::As<host::IHostGroupElement>(member);
+                   inner && text.empty()) {
             text = FirstText(*inner);
+        }
     }
     return text;
 }

@@ -27,6 +27,10 @@ void PatternLevel::Add(std::string_view line) {
 void PatternLevel::Sort() {
     std::stable_sort(patterns_.begin(), patterns_.end(),
                      [](const auto& a, const auto& b) { return a.letters < b.letters; });
+    const auto last =
+        std::unique(patterns_.rbegin(), patterns_.rend(),
+                    [](const auto& a, const auto& b) { return a.letters == b.letters; });
+    patterns_.erase(patterns_.begin(), last.base());
 }
 
 /// Those of a range of patterns with a common beginning, of this many letters, that have the letter
@@ -41,14 +45,9 @@ PatternLevel::Range PatternLevel::Narrowed(const Range& range, std::size_t depth
     return {first, last};
 }
 
-/// Adds the patterns of a range that end here, or one for the beginning if none does.
-void PatternLevel::Take(const Range& range, std::size_t depth,
-                        std::vector<std::string_view>& lines) {
-    auto pattern = range.first;
-    if (pattern == range.second) return;
-    do {
-        lines.push_back(pattern->line);
-    } while (++pattern != range.second && pattern->letters.size() == depth);
+/// Adds the first pattern of a range: the one that ends here, or one for the beginning.
+void PatternLevel::Take(const Range& range, std::vector<std::string_view>& lines) {
+    if (range.first != range.second) lines.push_back(range.first->line);
 }
 
 void PatternLevel::Follow(Range range, std::size_t depth, std::string_view rest,
@@ -56,8 +55,8 @@ void PatternLevel::Follow(Range range, std::size_t depth, std::string_view rest,
     for (const char letter : rest) {
         range = Narrowed(range, depth++, letter);
         if (range.first == range.second) return;
-        Take(range, depth, lines);
-        Take(Narrowed(range, depth, kEndOfWord), depth + 1, lines);
+        Take(range, lines);
+        Take(Narrowed(range, depth, kEndOfWord), lines);
     }
 }
 

@@ -12,6 +12,8 @@ class PatternLevel {
 public:
     /// Takes a line of the file, which must outlive this.
     void Add(std::string_view line);
+    /// Call after the last line. Of patterns with the same letters the last counts, as to
+    /// libhyphen, which loses some memory to each of the others.
     void Sort();
 
     /// Adds the lines that decide about a word, given in small letters of the file's encoding:
@@ -29,7 +31,7 @@ private:
     using Range = std::pair<Place, Place>;
 
     Range Narrowed(const Range& range, std::size_t depth, char letter) const;
-    static void Take(const Range& range, std::size_t depth, std::vector<std::string_view>& lines);
+    static void Take(const Range& range, std::vector<std::string_view>& lines);
     void Follow(Range range, std::size_t depth, std::string_view rest,
                 std::vector<std::string_view>& lines) const;
 
