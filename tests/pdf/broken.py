@@ -1,6 +1,5 @@
 """Edits that break a good file, each one rule."""
 import base64
-import zlib
 
 
 def first(pdf, key, value):
@@ -37,11 +36,6 @@ def packet(old, new):
 
 def font(pdf, kind="/Type0"):
     return first(pdf, "/Subtype", kind)
-
-
-def compress_packet(pdf):
-    pdf.get(pdf.root["/Metadata"])["/Filter"] = "/FlateDecode"
-    stream(pdf, pdf.root["/Metadata"], zlib.compress)
 
 
 def unicode_of_letter(value):
@@ -90,7 +84,6 @@ BROKEN = (
     ("6.3.2", (), link(Tabs="/S", element="/Link", Contents="u:x", F=2)),
     ("6.5.1", (), put("/OpenAction", {"/S": "/JavaScript", "/JS": "u:1"})),
     ("6.5.1", (), put("/AA", {})),
-    ("6.6.2.1", (), compress_packet),
     ("6.6.2.3", (), packet(b">http://www.aiim.org/pdfua/ns/id/<", b">http://other/<")),
     ("6.6.3", (), packet(b">gazetteer<", b">somebody<")),
     ("6.6.4", (), packet(b">A<", b">U<")),
@@ -149,6 +142,7 @@ BROKEN = (
     ("31-030", ("31-016",), lambda pdf: stream(pdf, font(pdf, "/CIDFontType2")["/CIDToGIDMap"],
                                       lambda data: bytes(len(data)))))
 
-# Edits of the file's bytes.
-BYTES = (("6.1.2", b"%PDF-1.7\n", b"%PDF-1.7\n1"), ("6.1.3", b"%%EOF", b"%%EOF\nmore"),
+# Edits of the file's bytes. qpdf would write metadata plainly.
+BYTES = (("6.6.2.1", b"<?xpacket begin=", b"<?ypacket begin="),
+         ("6.1.2", b"%PDF-1.7\n", b"%PDF-1.7\n1"), ("6.1.3", b"%%EOF", b"%%EOF\nmore"),
          ("6.1.3", b"/ID[", b"/IX["), ("6.1.7.2", b"/N 3/Filter/FlateDecode", b"/N 3/Filter/LZWDecode  "))
