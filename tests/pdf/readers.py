@@ -9,6 +9,7 @@ import sys
 import tempfile
 
 import conformance
+from pdffile import Pdf
 
 # What PDF/A-1, the only part that preflight knows, asks and PDF/A-2 does not: a set of glyphs for
 # each subset, and colour profiles of an older version.
@@ -79,7 +80,7 @@ def other_readers(expected):
 
 def artifacts():
     """Running heads and page numbers are told as header and footer on every page."""
-    pdf = conformance.Pdf("index.pdf")
+    pdf = Pdf("index.pdf")
     for page in pdf.pages():
         for kind in (b"Header", b"Footer"):
             if b"/Artifact<</Type/Pagination/Subtype/%s>>BDC" % kind not in pdf.contents(page):
