@@ -31,4 +31,16 @@ bool LineEndPartsWords(std::string_view before, std::string_view after) {
              IsWrittenWithoutBlanks(static_cast<UChar32>(first)));
 }
 
+std::size_t FirstToTheLeft(std::string_view text) {
+    constexpr unsigned char kFirstLeadByte = 0xD6;  // Of U+0590, where these scripts begin.
+    if (text.empty() || static_cast<unsigned char>(text[0]) < kFirstLeadByte) return text.size();
+    std::size_t first = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto direction = u_charDirection(static_cast<UChar32>(NextCodePoint(text, at)));
+        if (direction != U_RIGHT_TO_LEFT && direction != U_RIGHT_TO_LEFT_ARABIC) return text.size();
+        if (first == 0) first = at;
+    }
+    return first;
+}
+
 }  // namespace characters

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace characters {
@@ -7,5 +8,9 @@ namespace characters {
 /// Returns whether a line end between two texts parts words. It does not behind a hyphen, behind a
 /// blank, which parts them already, and in scripts that are written without blanks.
 bool LineEndPartsWords(std::string_view before, std::string_view after);
+
+/// Returns the length of the first letter of a text that has several letters, all written to the
+/// left, without marks; else the length of the text.
+std::size_t FirstToTheLeft(std::string_view text);
 
 }  // namespace characters

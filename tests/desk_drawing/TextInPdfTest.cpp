@@ -15,14 +15,14 @@ using Texts = std::vector<std::string>;
 TEST(TextInPdf, ComesBackAsItWasWritten) {
     const Texts texts = {"Affiliated Office Cliff......12", "Đà Nẵng, Αθήνα, Москва......B-3",
                          "東京 Tokyo 12", "50 µm – “dash” – ½ €", "e\u0301tude"};
-    const Texts toTheLeft = {"القاهرة", "ירושלים", "مكة المكرمة.......4, B-3"};
+    const Texts toTheLeft = {"القاهرة", "ירושלים", "مكة المكرمة.......4, B-3", "صلاح"};
     for (const char* family : {"DejaVu Sans", "Helvetica", "Noto Sans"}) {
         Sheets sheets;
         std::string found = PdfText(sheets.Draw("texts.pdf", sheets.Lines(texts, family)));
         for (const auto& text : texts)
             EXPECT_NE(found.find(text), std::string::npos) << text << " in\n" << found;
         found = PdfText(sheets.Draw("left.pdf", sheets.Lines(toTheLeft, family)), "");
-        for (const char* word : {"القاهرة", "ירושלים", "مكة", "المكرمة", "B-3"})
+        for (const char* word : {"القاهرة", "ירושלים", "مكة", "المكرمة", "B-3", "صلاح"})
             EXPECT_NE(found.find(word), std::string::npos) << word << " in\n" << found;
     }
 }

@@ -117,6 +117,8 @@ def check(program, table, locale, classpath):
     expected = stored_listings(program)
     faults += [*syntax(), *reading_order(expected), *other_readers(expected), *artifacts()]
     faults += preflight(classpath) if classpath else []
+    run(program, "make", table, "-o", "linked.pdf", "--locale", locale, "--maps", "index.pdf")
+    faults += ["linked: %s: %s" % one for one in conformance.check("linked.pdf")]
     print("\n".join(faults))
     return 1 if faults else 0
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "characters/Utf8.h"
+#include "characters/WordParts.h"
 #include "pdf/file/Syntax.h"
 #include "pdf/file/Violations.h"
 
@@ -83,7 +84,7 @@ double TextContent::Show(const FontUse& font, const GlyphLine& line, const Basel
 /// it.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
     const bool isPrivate = marker_ && HasPrivateUse(text);
-    if (glyphs.size() == 1 && !isPrivate) return ShowGlyph(pen, glyphs[0], text);
+    if (glyphs.size() == 1 && !isPrivate) return ShowOne(pen, glyphs[0], text);
     constexpr char kNothing[] = "\u2060";  // WORD JOINER.
     const auto show = [&] {
         for (const Glyph& glyph : glyphs)
@@ -101,6 +102,18 @@ void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::stri
     CloseString(pen);
     out_ += "EMC\n";
     markNext_ = isMarked;
+}
+
+/// Readers turn round the letters of a line to the left, which they find from left to right; so
+/// they do with the letters of one glyph, such as a lam with its alef. The letters behind the first
+/// one therefore stand before it, on a glyph that shows nothing.
+void TextContent::ShowOne(Pen& pen, const Glyph& glyph, std::string_view text) {
+    const std::size_t first = characters::FirstToTheLeft(text);
+    if (first == text.size() || pen.font.blank == 0) return ShowGlyph(pen, glyph, text);
+    Glyph blank = glyph;
+    blank.id = pen.font.blank;
+    ShowGlyph(pen, blank, text.substr(first));
+    ShowGlyph(pen, glyph, text.substr(0, first));
 }
 
 void TextContent::AddBlank(const FontUse& font) {

@@ -64,6 +64,7 @@ private:
     };
 
     void ShowCluster(Pen& pen, std::span<const glyphs::Glyph> glyphs, std::string_view text);
+    void ShowOne(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void ShowGlyph(Pen& pen, const glyphs::Glyph& glyph, std::string_view text);
     void Repeat(Pen& pen, const glyphs::Glyph& glyph, const CodeTable::Entry& entry);
     void WriteMark();
