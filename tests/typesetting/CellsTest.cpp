@@ -135,7 +135,8 @@ TEST(Cells, StandOnTheGridOfLines) {
     Typesetting typesetting;
     typesetting.lineGrid = true;
     const Page page({{"Main Church Street", "7"}, {"Oak", "8"}},
-                    {{"Listing.MarginTop", 0.02},
+                    {{"Listing.Expression", "[Listing]$$DOTS"},
+                     {"Listing.MarginTop", 0.02},
                      {"Listing.MarginBottom", 0.03},
                      {"Listing.BreakColumn", true},
                      {"Listing.BreakHeading", true},
@@ -152,6 +153,8 @@ TEST(Cells, StandOnTheGridOfLines) {
     EXPECT_NEAR(main.cells[0][0].middle - main.cells[0][1].middle, line, 1e-9);
     EXPECT_NEAR(main.cells[0][1].middle - oak.cells[0][0].middle, 3 * line, 1e-9);
     EXPECT_NEAR(secondHeading.top, main.foot, 1e-9);
+    EXPECT_NEAR(main.cells[1][0].middle, main.cells[0][0].middle + 0.02, 1e-9)
+        << "without ReferenceLine on the first line";
 }
 
 /// The rows of a page, column groups behind a slash: headings in brackets, and a star behind rows
@@ -191,10 +194,7 @@ TEST(Headings, StandWhereTheirSettingsSay) {
          {plain, goOn, keep},
          " [a] a1 a2* a3 / [a..] a4 [b] b1* / [b..] b2"},
         // Balance leaves no heading out.
-        {"a1 a2 a3 b1 b2 b3 c1 c2 d1 d2",
-         20,
-         {plain, balance},
-         " [a] a1 a2* a3 [b] / b1 b2* b3 [c] c1* / c2 [d] d1* d2"},
+        {"a1 b1 c1 d1", 20, {plain, balance}, " [a] a1 [b] b1* [c] / c1 [d] / d1"},
         {"a1 a2 a3 b1 b2 b3 c1 c2 d1 d2",
          20,
          {plain, balance, keep},

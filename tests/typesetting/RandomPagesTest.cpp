@@ -273,6 +273,29 @@ TEST(RandomPages, KeepWhatTheirSettingsPromise) {
     }
 }
 
+// In another order a letter would come up again and again.
+TEST(Letters, HoldWhereListingsAreSortedByThem) {
+    for (const auto& [first, headings] :
+         {std::pair{"Listing", std::vector<std::string>{"A"}}, {"Page", {"A", "Ä", "A"}}}) {
+        const auto desk = DeskOf("de");
+        const auto element = desk->NewGazetteer(
+            desk->ListingTable({{"Ahlen", "1"}, {"Ärzen", "2"}, {"Aurich", "3"}}), 4, 4);
+        const auto order = desk->Host().NewPropertySet();
+        for (const char* column : {"Listing", "Page"})
+            order->SetItem(column, std::string(column) == first);
+        desk->Store(element, {{"ColumnSortOrder", TestDesk::Object(order)},
+                              {"AddStartingBreak", true},
+                              {"Page.Expression", "[Ref]"},
+                              {"Listing.BreakColumn", true},
+                              {"Listing.BreakHeading", true}});
+        gazetteer::StoreTypesetting(desk->Host(), element, gazetteer::PrintTypesetting());
+        gazetteer::CVNGazetteerManager manager(desk->HostRef());
+        manager.SetIndexElement(element);
+        manager.SetIndexToPageNumber(1);
+        EXPECT_EQ(TestDesk::DrawnTexts(*element, 0, "BREAKGROUP"), headings) << first;
+    }
+}
+
 // Rows of one height, a heading as high as two of them, none of them behind the last.
 TEST(LastPage, EndsItsColumnGroupsWithinARow) {
     for (const int count : {2, 3, 7, 10, 11, 31, 62, 63, 64, 100}) {
