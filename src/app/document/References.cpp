@@ -12,9 +12,6 @@ bool IsBlank(char byte) {
     return byte == ' ' || byte == '\n' || byte == '\r';
 }
 
-/// Between the pages of grouped references.
-constexpr char kBetweenPages[] = ";";
-
 /// Returns the place of the dash in a run of pages, such as "4-6"; npos for other texts.
 std::size_t DashOfRun(std::string_view pages) {
     const auto dash = pages.find('-');
@@ -34,7 +31,9 @@ std::optional<References> References::Of(const gazetteer::Settings& settings,
     std::vector<std::string> separators;
     if (settings.combineListings && !settings.combineWithNewLine)
         separators.push_back(gazetteer::WithoutOuterBlanks(settings.combineDelimeter));
-    if (settings.typesetting.groupReferences) separators.emplace_back(kBetweenPages);
+    // Where the delimiter stands between pages, grouped squares have another one.
+    if (settings.typesetting.groupReferences)
+        for (const char* separator : {";", ","}) separators.emplace_back(separator);
     std::erase(separators, std::string());
     if (settings.combineWithNewLine) separators.emplace_back("\n");
     const bool isGrouped = settings.typesetting.groupReferences && !pattern->HasSquares();
