@@ -58,7 +58,7 @@ TEST_F(PressFile, SaysWhatItIs) {
     const std::string file = program_.Shell("qpdf --qdf --object-streams=disable o.pdf -");
     EXPECT_TRUE(file.starts_with("%PDF-1.6"));
     for (const char* part :
-         {"/S /GTS_PDFX\n", "/DestOutputProfile", "(Artifex CMYK SWOP Profile)", "/Trapped /False",
+         {"/S /GTS_PDFX\n", "/DestOutputProfile", "/OutputConditionIdentifier (", "/Trapped /False",
           "<pdfxid:GTS_PDFXVersion>PDF/X-4</pdfxid:GTS_PDFXVersion>",
           "<pdf:Trapped>False</pdf:Trapped>", "<xmpMM:DocumentID>uuid:", "Ørsted &amp; Co",
           "<xmp:ModifyDate>"})
