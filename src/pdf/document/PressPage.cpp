@@ -65,7 +65,7 @@ std::string PageBoxes(const Press* press, double width, double height) {
     const double margin = press ? Margin(*press) : 0;
     if (margin > 0 && std::max(width, height) + 2 * margin > kLargestPage)
         throw Error("The sheet with its bleed and crop marks is larger than 200 inches.");
-    const std::string media = BoxText("MediaBox", margin, width, height);
+    std::string media = BoxText("MediaBox", margin, width, height);
     if (!press) return media;
     return media + BoxText("BleedBox", press->bleed, width, height) +
            BoxText("TrimBox", 0, width, height);
