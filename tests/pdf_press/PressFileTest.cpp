@@ -58,7 +58,7 @@ TEST_F(PressFile, SaysWhatItIs) {
     const std::string file = program_.Shell("qpdf --qdf --object-streams=disable o.pdf -");
     EXPECT_TRUE(file.starts_with("%PDF-1.6"));
     for (const char* part :
-         {"/S /GTS_PDFX\n", "/DestOutputProfile", "(Artifex CMYK SWOP Profile)", "/Trapped /False",
+         {"/S /GTS_PDFX\n", "/DestOutputProfile", "/OutputConditionIdentifier (", "/Trapped /False",
           "<pdfxid:GTS_PDFXVersion>PDF/X-4</pdfxid:GTS_PDFXVersion>",
           "<pdf:Trapped>False</pdf:Trapped>", "<xmpMM:DocumentID>uuid:", "Ørsted &amp; Co",
           "<xmp:ModifyDate>"})
@@ -132,6 +132,9 @@ TEST_F(PressFile, IsNotMadeOfWhatCannotBePrinted) {
         {{"--press", kProfile, "--bleed", "3cm"}, 2, "--bleed 3cm: the bleed must be a length"},
         {{"--press", kProfile, "--bleed", "0"}, 2, "--bleed 0: "},
         {{"--press", kProfile, "--bleed", "60mm"}, 2, "at most 2 inches"},
+        {{"--press", kProfile, "--bleed", "1", "--page-size", "199x9"},
+         1,
+         "larger than 200 inches."},
         {{"--press", kProfile, "-o", "o.png"}, 2, "--press makes a PDF; the output \"o.png\""},
         {{"--press", kProfile, "-o", "o.svg"}, 2, "o.svg"},
         {{"--press", kProfile, "--set", "*.ColumnFontSymbol=Sans,8,cmyk(1,2,3)"},

@@ -75,11 +75,13 @@ std::string ReasonOf(const pdf::Violated& violated) {
                    : ", which a file for archives must not have; use --no-tags for any other file");
 }
 
-void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> places) {
+void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> places) try {
     std::vector<pdf::Bookmark> marks;
     for (const Bookmark& place : places)
         marks.push_back({place.title, place.height * kPointsPerInch});
     document_.EndPage({title, height_}, marks);
+} catch (const pdf::Error& error) {
+    PassOn(error);
 }
 
 void PdfWriter::Close() try { document_.Finish(); } catch (const pdf::Violated& violated) {

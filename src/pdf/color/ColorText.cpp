@@ -36,7 +36,7 @@ std::optional<double> ParseShare(std::string_view text) {
     double percent = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), percent);
     if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-    if (!(percent >= 0 && percent <= kPercent)) return std::nullopt;
+    if (std::isnan(percent) || percent < 0 || percent > kPercent) return std::nullopt;
     return percent / kPercent;
 }
 
@@ -135,7 +135,7 @@ std::optional<Color> ParseColor(std::string_view text) {
 std::string ColorText(const Color& color) {
     if (!color.ink) return RgbText(color.rgb);
     const Ink& ink = *color.ink;
-    if (ink.spot.empty()) return CmykText(*ink.process);
+    if (ink.spot.empty()) return CmykText(ink.process.value_or(Cmyk()));
     std::string text = std::string(kSpot) + ink.spot;
     if (ink.process) text += ", " + CmykText(*ink.process);
     if (color.rgb != ScreenOf(ink)) text += ", " + RgbText(color.rgb);

@@ -79,7 +79,9 @@ const Cmyk& PageColors::Inks(std::uint32_t rgb) {
 }
 
 Cmyk PageColors::ProcessOf(const Color& color) {
-    return color.ink && color.ink->process ? *color.ink->process : Inks(color.rgb);
+    if (color.ink)
+        if (const auto& told = color.ink->process) return *told;
+    return Inks(color.rgb);
 }
 
 }  // namespace pdf

@@ -14,7 +14,7 @@ using Profile = std::unique_ptr<void, glyphs::Releaser<cmsCloseProfile>>;
 std::string NameOf(cmsHPROFILE profile) {
     std::array<char, 256> name{};
     cmsGetProfileInfoASCII(profile, cmsInfoDescription, "en", "US", name.data(), name.size());
-    return name.data();
+    return name[0] == '\0' ? "Custom" : name.data();  // The word that PDF/X has for it.
 }
 
 Profile Open(const std::string& bytes) {

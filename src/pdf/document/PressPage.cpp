@@ -12,6 +12,9 @@ constexpr double kLeastMarkDistance = 6;  ///< From the sheet: a cut that is off
 constexpr double kMarkLength = 15;
 constexpr double kMarkWidth = 0.25;
 
+/// What readers show.
+constexpr double kLargestPage = 14400;
+
 double MarkDistance(const Press& press) {
     return std::max(press.bleed, kLeastMarkDistance);
 }
@@ -60,7 +63,9 @@ void AppendCropMarks(std::string& out, const Press& press, double width, double 
 
 std::string PageBoxes(const Press* press, double width, double height) {
     const double margin = press ? Margin(*press) : 0;
-    const std::string media = BoxText("MediaBox", margin, width, height);
+    if (margin > 0 && std::max(width, height) + 2 * margin > kLargestPage)
+        throw Error("The sheet with its bleed and crop marks is larger than 200 inches.");
+    std::string media = BoxText("MediaBox", margin, width, height);
     if (!press) return media;
     return media + BoxText("BleedBox", press->bleed, width, height) +
            BoxText("TrimBox", 0, width, height);

@@ -10,7 +10,8 @@
 namespace pdf {
 
 /// Returns the boxes of a page as entries of its object: of the sheet alone where the file is not
-/// for a press, else also those of the sheet and of its bleed in the page.
+/// for a press, else also those of the sheet and of its bleed in the page. Throws Error for a page
+/// that is larger than readers show.
 std::string PageBoxes(const Press* press, double width, double height);
 
 /// Returns the content of a page, cut at its bleed, and the marks outside of it.
