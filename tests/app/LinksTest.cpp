@@ -16,8 +16,7 @@ void MakeAtlas(const std::string& path, int front, int first, int maps, bool lab
     cairo_set_font_size(context, 20);
     for (int page = 0; page < front + maps; ++page) {
         const std::string number = std::to_string(first + page - front);
-        if (labels)
-            cairo_pdf_surface_set_page_label(surface, page < front ? "i" : number.c_str());
+        if (labels) cairo_pdf_surface_set_page_label(surface, page < front ? "i" : number.c_str());
         cairo_move_to(context, 50, 100);
         cairo_show_text(context, page < front ? "Title" : ("Map=" + number).c_str());
         cairo_rectangle(context, 40, 150, 200, 200);
@@ -76,9 +75,12 @@ TEST(Links, EachReferenceLeadsToTheMapWithItsNumber) {
             SCOPED_TRACE(std::string(way) + ' ' + std::to_string(front));
             const Program program;
             MakeAtlas(program.File("atlas.pdf"), front, first, 40, labels);
-            std::vector<std::string> arguments{"make",      GAZETTEER_SOURCE_DIR "/examples/czechia-slovakia.dbf", "--columns", "2",
-                                               "--locale",  "cs",              way,
-                                               "atlas.pdf", "-o",              "o.pdf"};
+            std::vector<std::string> arguments{
+                "make",      GAZETTEER_SOURCE_DIR "/examples/czechia-slovakia.dbf",
+                "--columns", "2",
+                "--locale",  "cs",
+                way,         "atlas.pdf",
+                "-o",        "o.pdf"};
             arguments.insert(arguments.end(), options.begin(), options.end());
             program.Done(arguments);
             EXPECT_TRUE(Contains(program.Shell("qpdf --check o.pdf"), "No syntax"));
@@ -136,7 +138,8 @@ TEST(Links, ThatLeadNowhereAreFound) {
     EXPECT_TRUE(Contains(made.errors, "listing \"Bonn\", column \"Page\": there is no map page 3"));
     EXPECT_FALSE(Contains(made.errors, "Aachen"));
     EXPECT_EQ(
-        program.Run({"make", "t.dbf", "--maps", "atlas.pdf", "--strict", "-o", "no.pdf"}).status, 1);
+        program.Run({"make", "t.dbf", "--maps", "atlas.pdf", "--strict", "-o", "no.pdf"}).status,
+        1);
     EXPECT_FALSE(program.Exists("no.pdf"));
 }
 
