@@ -8,6 +8,7 @@
 #include "app/commands/Commands.h"
 #include "app/commands/Console.h"
 #include "app/commands/HelpTexts.h"
+#include "app/commands/SheetArguments.h"
 #include "app/commands/TableArguments.h"
 #include "app/document/ArgumentParser.h"
 #include "app/document/ColumnGroups.h"
@@ -60,9 +61,6 @@ private:
     CLI::App& AddForDocument(CLI::App& parent, const char* name, const char* text, Command* run);
     void AddNewDocumentOptions(CLI::App& command);
     void AddSheetOptions(CLI::App& command);
-    void AddOutputOptions(CLI::App& command);
-    void AddMapOptions(CLI::App& command);
-    void AddPressOptions(CLI::App& command);
     void AddMake();
     void AddEditing();
     void AddColumn();
@@ -149,47 +147,6 @@ void Commands::AddSheetOptions(CLI::App& command) {
             "Font of the sheet number, as for --head-font");
 }
 
-void Commands::AddOutputOptions(CLI::App& command) {
-    AddNumber(command, "--dpi", options_.written.dotsPerInch, {10, 1200},
-              "Resolution of PNG images in dots per inch, {} (default: 150)");
-    command.add_flag(
-        "!--no-tags", options_.written.tags,
-        "Leave the structure of the index out of a PDF: smaller, but not for archives, "
-        "and silent to a screen reader");
-    command.add_flag("--strict", options_.strict,
-                     "Write no file where anything would be wrong in print");
-}
-
-void Commands::AddMapOptions(CLI::App& command) {
-    MapFile& maps = options_.written.maps;
-    auto* const beside =
-        AddText(command, "--maps", maps.path,
-                "PDF of the maps: each reference of a PDF becomes a link to its page");
-    auto* const append = command.add_option_function<std::string>(
-        "--append-to",
-        [&maps](const std::string& path) {
-            maps.path = path;
-            maps.isSameFile = true;
-        },
-        "PDF of the maps: the index is put behind them in one PDF, with links");
-    append->excludes(beside);
-    command.add_option("--first-map-page", maps.firstPage,
-                       "Page of that PDF with the number 1 (default: by its page labels)");
-}
-
-void Commands::AddPressOptions(CLI::App& command) {
-    // Links are annotations, of which PDF/X allows none on a page.
-    command
-        .add_option("--press", options_.press.profile,
-                    "Make a PDF/X-4 for a printer, with the colours of this ICC profile of a press")
-        ->excludes("--maps", "--append-to");
-    AddText(command, "--bleed", options_.press.bleed,
-            "With --press: what pages have beyond each edge of the sheet, in inches or with mm "
-            "behind it, such as 3mm");
-    command.add_flag("--crop-marks", options_.press.cropMarks,
-                     "With --press: mark the corners of the sheet, outside the bleed");
-}
-
 void Commands::AddMake() {
     auto& make = Add(program_, "make", "Make an index in one step, ready to print", Make);
     DeclareLocateForMake(make, options_);
@@ -207,9 +164,8 @@ void Commands::AddMake() {
               "Number of column groups on a page, {} (default: as many as fit)");
     make.add_flag("--plain-rules", options_.plainRules,
                   "Without the settings of typesetting that make begins with");
-    AddOutputOptions(make);
-    AddMapOptions(make);
-    AddPressOptions(make);
+    DeclareSheets(make, options_);
+    DeclareMapsAndPress(make, options_);
 }
 
 void Commands::AddEditing() {
@@ -256,15 +212,14 @@ void Commands::AddPages() {
     draw.add_flag("--json", options_.json, "Print the element tree; the document stays");
     draw.add_option("-o,--output", options_.output,
                     "Write the sheet to a " + desk::PageEndings() + " file; the document stays");
-    AddOutputOptions(draw);
+    DeclareSheets(draw, options_);
 
     auto& output = AddForDocument(program_, "export", "Write pages as sheets", Export);
     output.add_option("-o,--output", options_.output, "File to write: " + desk::PageEndings())
         ->required();
     AddText(output, "--pages", options_.pages, "Pages such as 2-5 or 3 (default: all)");
-    AddOutputOptions(output);
-    AddMapOptions(output);
-    AddPressOptions(output);
+    DeclareSheets(output, options_);
+    DeclareMapsAndPress(output, options_);
 }
 
 void Commands::AddOthers() {
