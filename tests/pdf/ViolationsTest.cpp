@@ -80,7 +80,7 @@ TEST(Violations, AreFoundAtTheLimitsAndHaveAPlace) {
 
 TEST(Violations, OfTheFileAsAWholeAreToldOnce) {
     Counter output;
-    pdf::ObjectFile file(output);
+    pdf::ObjectFile file(output, "1.7");
     file.NewObjects(8'388'607);
     EXPECT_TRUE(file.Found().Found().empty());
     for (int i = 0; i < 3; ++i) file.NewObject();
