@@ -22,8 +22,9 @@ std::string NumberText(double number) {
 }
 
 std::string ColorText(const host::IHostColor& color) {
+    const auto own = desk::ColorOf(color);
     return std::to_string(color.RGB()) + (color.Transparent() ? " none" : "") +
-           pdf::ColorText(desk::ColorOf(color));
+           (own.ink ? ' ' + pdf::ColorText(own) : std::string());
 }
 
 std::string SymbolText(const host::IHostTextSymbol& symbol) {
