@@ -34,6 +34,15 @@ std::vector<std::string> Lines(const std::string& text) {
     return lines;
 }
 
+/// Each listing stands on three pages.
+std::vector<std::vector<std::string>> Listings() {
+    std::vector<std::vector<std::string>> rows;
+    for (int i = 0; i < 40; ++i)
+        for (const int page : {i, i + 7, i + 20})
+            rows.push_back({"Name " + std::to_string(i), std::to_string(page % 40 + 1), "2", "3"});
+    return rows;
+}
+
 /// Returns the links of a file in reading order: their texts, and the numbers of their objects.
 std::vector<std::pair<std::string, std::string>> LinksOf(const Program& program,
                                                          const std::string& file) {
@@ -75,12 +84,9 @@ TEST(Links, EachReferenceLeadsToTheMapWithItsNumber) {
             SCOPED_TRACE(std::string(way) + ' ' + std::to_string(front));
             const Program program;
             MakeAtlas(program.File("atlas.pdf"), front, first, 40, labels);
-            std::vector<std::string> arguments{
-                "make",      GAZETTEER_SOURCE_DIR "/examples/czechia-slovakia.dbf",
-                "--columns", "2",
-                "--locale",  "cs",
-                way,         "atlas.pdf",
-                "-o",        "o.pdf"};
+            program.WriteTable("t.dbf", Listings());
+            std::vector<std::string> arguments{"make", "t.dbf", "--columns", "2",  "--locale",
+                                               "cs",   way,     "atlas.pdf", "-o", "o.pdf"};
             arguments.insert(arguments.end(), options.begin(), options.end());
             program.Done(arguments);
             EXPECT_TRUE(Contains(program.Shell("qpdf --check o.pdf"), "No syntax"));
@@ -90,11 +96,12 @@ TEST(Links, EachReferenceLeadsToTheMapWithItsNumber) {
             const auto names = NamesOf(program, "o.pdf");
             const auto maps = Lines(program.Shell("pdftotext -layout atlas.pdf - | grep -n Map="));
             const auto links = LinksOf(program, "o.pdf");
-            EXPECT_GT(links.size(), 1700U);
+            EXPECT_EQ(links.size(), 120U);
             for (const auto& [text, link] : links) {
                 const int page = PageOf(objects, names, link);
                 const auto& map = maps.at(static_cast<std::size_t>(page - 1 - front));
-                EXPECT_EQ(text.substr(0, text.find(' ')), map.substr(map.find('=') + 1)) << text;
+                const std::string number = text.substr(0, text.find_first_not_of("0123456789"));
+                EXPECT_EQ(number, map.substr(map.find('=') + 1)) << text;
             }
         }
 }
@@ -108,18 +115,20 @@ TEST(Links, TheMapsBeforeAnIndexStayAsTheyAre) {
     make("atlas.pdf", "book.pdf");
     make("book.pdf", "again.pdf");
     const std::string atlas = program.Read("atlas.pdf");
+    const auto labels =
+        nlohmann::json::parse(program.Shell("qpdf --json=1 atlas.pdf"))["pagelabels"];
     for (const char* file : {"book.pdf", "again.pdf"}) {
         const std::string book = program.Read(file);
         for (auto at = atlas.find("stream\n"); at != std::string::npos;) {
             const auto end = atlas.find("endstream", at);
-            EXPECT_NE(book.find(atlas.substr(at, end - at)), std::string::npos);
+            EXPECT_NE(book.find(atlas.substr(at, end - at - 1)), std::string::npos);
             at = atlas.find("stream\n", end + 9);
         }
         EXPECT_EQ(program.Shell(std::string("pdftoppm -r 30 -l 32 ") + file + " | md5sum"),
                   program.Shell("pdftoppm -r 30 atlas.pdf | md5sum"));
         const auto told =
             nlohmann::json::parse(program.Shell(std::string("qpdf --json=1 ") + file));
-        EXPECT_EQ(told["pagelabels"][1]["index"], 2);
+        for (std::size_t i = 0; i < labels.size(); ++i) EXPECT_EQ(told["pagelabels"][i], labels[i]);
         EXPECT_EQ(told["outlines"].back()["title"], "streets");
         EXPECT_GT(told["outlines"].back()["kids"].size(), 0U);
     }
