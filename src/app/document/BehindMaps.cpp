@@ -39,7 +39,7 @@ BehindMaps::BehindMaps() {
 }
 
 void BehindMaps::Write(const MapFile& maps, const MapPages& pages, const std::string& title,
-                       const std::string& path) try {
+                       const std::string& path) const try {
     FileOutput output(path);
     pdf::AppendPages(maps.path, IndexPath(), title, pages.Destinations(), output);
     output.Commit();

@@ -19,7 +19,7 @@ public:
     /// Writes the maps and the index behind them, below a bookmark of the given title. Throws if
     /// that fails; an existing file at the path is then unchanged.
     void Write(const MapFile& maps, const MapPages& pages, const std::string& title,
-               const std::string& path);
+               const std::string& path) const;
 
 private:
     desk::TemporaryName index_;

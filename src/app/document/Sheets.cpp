@@ -95,7 +95,7 @@ public:
 
     // Null for a format that keeps no meanings.
     SheetMeanings* Meanings() { return meanings_ ? &*meanings_ : nullptr; }
-    const MapPages& Pages() const { return *pages_; }
+    const MapPages& Pages() const { return pages_.value(); }
 
 private:
     std::optional<MapPages> pages_;

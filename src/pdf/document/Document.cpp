@@ -1,5 +1,6 @@
 #include "pdf/document/Document.h"
 
+#include <cmath>
 #include <utility>
 
 #include "pdf/document/OutputIntent.h"
@@ -69,7 +70,7 @@ void Document::Finish() {
 
 void Document::CheckSides() {
     for (const double side : {width_, height_})
-        if (!(side >= kShortestSide && side <= kLongestSide))
+        if (std::isnan(side) || side < kShortestSide || side > kLongestSide)
             objects_.Found().Add(Violation::Rule::PageSize,
                                  "a side of " + Number(side, 2) + " points is not within " +
                                      Number(kShortestSide) + " to " + Number(kLongestSide));

@@ -32,7 +32,7 @@ QPDFObjectHandle Real(double value) {
     return QPDFObjectHandle::newReal(value, kDecimals);
 }
 
-QPDFObjectHandle PlaceOf(const Destination& destination, QPDFObjectHandle page) {
+QPDFObjectHandle PlaceOf(const Destination& destination, const QPDFObjectHandle& page) {
     auto place = QPDFObjectHandle::newArray();
     place.appendItem(page);
     place.appendItem(QPDFObjectHandle::newName(destination.view ? "/FitR" : "/Fit"));
@@ -82,7 +82,7 @@ QPDFObjectHandle OutlineOf(QPDF& file) {
 }
 
 /// Adds a bookmark to a page, and below it, closed, the bookmarks of another file.
-void AddBookmarks(QPDF& file, QPDF& other, const std::string& title, QPDFObjectHandle page) {
+void AddBookmarks(QPDF& file, QPDF& other, const std::string& title, const QPDFObjectHandle& page) {
     auto outline = OutlineOf(file);
     auto item = file.makeIndirectObject(QPDFObjectHandle::newDictionary());
     item.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(title));

@@ -38,7 +38,7 @@ QPDFObjectHandle ParentTreeOf(QPDF& file, QPDFObjectHandle root) {
 }
 
 /// The first key that no entry of the tree has.
-long long NextKey(QPDF& file, QPDFObjectHandle tree) {
+long long NextKey(QPDF& file, const QPDFObjectHandle& tree) {
     QPDFNumberTreeObjectHelper numbers(tree, file);
     auto last = numbers.last();
     return last == numbers.end() ? 0 : last->first + 1;
@@ -63,7 +63,7 @@ void MergeStructure(QPDF& file, QPDF& copied, int firstCopiedPage) {
     auto tree = ParentTreeOf(file, root);
     const long long offset = NextKey(file, tree);
     const auto& pages = file.getAllPages();
-    for (std::size_t i = static_cast<std::size_t>(firstCopiedPage); i < pages.size(); ++i)
+    for (auto i = static_cast<std::size_t>(firstCopiedPage); i < pages.size(); ++i)
         MoveKeys(pages[i], offset);
 
     auto document = file.copyForeignObject(copiedRoot.getKey("/K"));
