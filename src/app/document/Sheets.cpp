@@ -89,16 +89,16 @@ class SheetReading {
 public:
     SheetReading(OpenDocument& open, const std::string& path, const SheetOutput& output) {
         if (!HoldsManySheets(path) || output.press) return;
-        if (!output.maps.path.empty()) pages_.emplace(output.maps, path);
-        if (output.tags || pages_) meanings_.emplace(open, pages_ ? &*pages_ : nullptr);
+        if (!output.maps.path.empty()) pages_ = std::make_unique<MapPages>(output.maps, path);
+        if (output.tags || pages_) meanings_.emplace(open, pages_.get());
     }
 
     // Null for a format that keeps no meanings.
     SheetMeanings* Meanings() { return meanings_ ? &*meanings_ : nullptr; }
-    const MapPages& Pages() const { return pages_.value(); }
+    const MapPages& Pages() const { return *pages_; }
 
 private:
-    std::optional<MapPages> pages_;
+    std::unique_ptr<MapPages> pages_;
     std::optional<SheetMeanings> meanings_;
 };
 
