@@ -52,7 +52,7 @@ void CommandSession::BindDrawable() {
     if (!document_.Manager().CanDraw()) throw CommandError(UndrawableSentence(document_.Reasons()));
 }
 
-FindingList CommandSession::Find(const std::optional<PageRange>& pages, const MapFile& maps) {
+FindingList CommandSession::Find(const std::optional<PageRange>& pages, const MapPages* maps) {
     found_ = true;
     return FindFindings(
         document_,
@@ -61,14 +61,14 @@ FindingList CommandSession::Find(const std::optional<PageRange>& pages, const Ma
 }
 
 FindingList CommandSession::TellFindings(const std::optional<PageRange>& pages,
-                                         const MapFile& maps) {
+                                         const MapPages* maps) {
     auto list = Find(pages, maps);
     for (const auto& sentence : list.Sentences()) Warn(sentence);
     return list;
 }
 
 void CommandSession::CheckFindings(const std::optional<PageRange>& pages, bool strict,
-                                   const MapFile& maps) {
+                                   const MapPages* maps) {
     const auto list = TellFindings(pages, maps);
     if (strict && !list.IsEmpty())
         throw CommandError("With --strict no file is written: there " +

@@ -39,13 +39,13 @@ public:
     void BindDrawable();
     /// Returns what would be wrong on the pages, or on all.
     FindingList Find(const std::optional<PageRange>& pages = std::nullopt,
-                     const MapFile& maps = {});
+                     const MapPages* maps = nullptr);
     /// The same, with a warning for each.
     FindingList TellFindings(const std::optional<PageRange>& pages = std::nullopt,
-                             const MapFile& maps = {});
+                             const MapPages* maps = nullptr);
     /// The same; if strict, throws if there is anything.
     void CheckFindings(const std::optional<PageRange>& pages, bool strict,
-                       const MapFile& maps = {});
+                       const MapPages* maps = nullptr);
     /// Throws if there is no page to draw.
     void CheckHasPages();
 

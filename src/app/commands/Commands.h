@@ -32,6 +32,7 @@ struct Options : CommonOptions, NewDocumentOptions {
     ImportOptions imported;
     LocateOptions located;
     SheetOutput written;
+    MapFile maps;
     PressOptions press;
     std::int64_t limit = -1;  ///< Maximum number of rows shown; negative: all.
     bool json = false;

@@ -74,9 +74,9 @@ void CheckDocumentFile(const OpenDocument& document, const std::string& path) {
 
 int Make(const Options& given) {
     CheckOutputName(given.output);
-    CheckMaps(given.written.maps, given.output);
     if (!given.pageSize.empty()) ParsePageSize(given.pageSize);  // Before the work.
     SheetOutput written = given.written;
+    written.maps = OpenMaps(given.maps, given.output);
     written.press = ReadPress(given.press, given.output, SourceFiles(given));
     const MakeListings listings(given);
     const Options& options = listings.WithTable();
@@ -95,7 +95,7 @@ int Make(const Options& given) {
     session.CheckHasPages();
     const PageRange pages{1, document.PageCount()};
     CheckSheetsApart(document, options.output, pages, options.document);
-    session.CheckFindings(std::nullopt, options.strict, options.written.maps);
+    session.CheckFindings(std::nullopt, options.strict, written.maps.get());
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();
     WriteSheets(document, options.output, pages, {}, written);

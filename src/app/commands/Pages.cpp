@@ -43,9 +43,9 @@ int Draft(const Options& options) {
 
 int Export(const Options& options) {
     CheckOutputName(options.output);
-    CheckMaps(options.written.maps, options.output);
     const auto asked = ParsePages(options.pages);
     SheetOutput written = options.written;
+    written.maps = OpenMaps(options.maps, options.output);
     written.press = ReadPress(options.press, options.output, {options.document});
     CommandSession session(options);
     auto& document = session.Open(options.document);
@@ -55,7 +55,7 @@ int Export(const Options& options) {
     const auto pages = asked.value_or(PageRange{1, document.PageCount()});
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
-    session.CheckFindings(asked, options.strict, written.maps);
+    session.CheckFindings(asked, options.strict, written.maps.get());
     WriteSheets(document, options.output, pages, {}, written);
     ClearProgress();
     return kDone;

@@ -8,7 +8,7 @@ namespace app {
 namespace {
 
 void DeclareMaps(CLI::App& command, Options& options) {
-    MapFile& maps = options.written.maps;
+    MapFile& maps = options.maps;
     auto* const beside =
         AddText(command, "--maps", maps.path,
                 "PDF of the maps: each reference of a PDF becomes a link to its page");
@@ -18,7 +18,7 @@ void DeclareMaps(CLI::App& command, Options& options) {
             maps.path = path;
             maps.isSameFile = true;
         },
-        "PDF of the maps: the index is put behind them in one PDF, with links");
+        "PDF of the maps: the output has their pages and the index after them, with links");
     append->excludes(beside);
     command.add_option("--first-map-page", maps.firstPage,
                        "Page of that PDF with the number 1 (default: by its page labels)");

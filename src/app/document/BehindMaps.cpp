@@ -38,10 +38,10 @@ BehindMaps::BehindMaps() {
     index_.Take(name);
 }
 
-void BehindMaps::Write(const MapFile& maps, const MapPages& pages, const std::string& title,
+void BehindMaps::Write(const MapPages& maps, const std::string& title,
                        const std::string& path) const try {
     FileOutput output(path);
-    pdf::AppendPages(maps.path, IndexPath(), title, pages.Destinations(), output);
+    pdf::AppendPages(maps.Path(), IndexPath(), title, maps.Destinations(), output);
     output.Commit();
 } catch (const pdf::Error& error) {
     throw CommandError(error.what());

@@ -7,19 +7,18 @@
 
 namespace app {
 
-/// Puts an index behind the maps that it belongs to, in one file.
+/// Writes one file with the pages of the maps, and those of their index after them.
 class BehindMaps {
 public:
     /// Makes an empty file for the index. Throws CommandError if that fails.
     BehindMaps();
 
-    /// Where the index is to be written first.
+    /// Returns the path that the index must be written to before Write.
     std::string IndexPath() const { return index_.Get(); }
 
-    /// Writes the maps and the index behind them, below a bookmark of the given title. Throws if
-    /// that fails; an existing file at the path is then unchanged.
-    void Write(const MapFile& maps, const MapPages& pages, const std::string& title,
-               const std::string& path) const;
+    /// Writes the file at the path. A bookmark of the given title leads to the index. Throws if
+    /// that fails, and then leaves an existing file unchanged.
+    void Write(const MapPages& maps, const std::string& title, const std::string& path) const;
 
 private:
     desk::TemporaryName index_;

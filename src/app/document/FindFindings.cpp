@@ -205,12 +205,12 @@ void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
 }
 
 FindingList FindFindings(OpenDocument& open, LengthUnit unit, const std::optional<PageRange>& pages,
-                         const MapFile& maps) {
+                         const MapPages* maps) {
     FindingList list;
     AddGazetteerFindings(open, unit, pages, list);
     AddElementsOffSheet(open, list);
     AddFonts(open, pages, list);
-    if (!maps.path.empty()) AddMapFindings(open, maps, list);
+    if (maps) AddMapFindings(open, *maps, list);
     return list;
 }
 

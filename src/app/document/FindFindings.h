@@ -11,10 +11,11 @@ namespace app {
 
 /// Returns what would be wrong on the given pages of the bound gazetteer, or on all: reads the
 /// listing database once, and numbers the pages of stored results again. Lengths in sentences have
-/// the given unit. With maps, also the references that lead nowhere. Throws if that fails.
+/// the given unit. With maps, which may be null, also the references that lead nowhere. Throws if
+/// that fails.
 FindingList FindFindings(OpenDocument& open, LengthUnit unit,
                          const std::optional<PageRange>& pages = std::nullopt,
-                         const MapFile& maps = {});
+                         const MapPages* maps = nullptr);
 
 /// The parts of which FindFindings consists, in their order.
 /// @{
@@ -22,7 +23,7 @@ FindingList FindFindings(OpenDocument& open, LengthUnit unit,
 void AddGazetteerFindings(OpenDocument& open, LengthUnit unit,
                           const std::optional<PageRange>& pages, FindingList& list);
 /// Adds the references of the bound gazetteer that lead to no page of the maps.
-void AddMapFindings(OpenDocument& open, const MapFile& maps, FindingList& list);
+void AddMapFindings(OpenDocument& open, const MapPages& maps, FindingList& list);
 /// Adds the elements that do not lie on the sheet.
 void AddElementsOffSheet(OpenDocument& open, FindingList& list);
 /// Adds the fonts of all gazetteers and texts of the document that are not installed, and the

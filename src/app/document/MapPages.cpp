@@ -1,8 +1,11 @@
 #include "app/document/MapPages.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "app/document/Errors.h"
+#include "app/document/FilePaths.h"
+#include "desk/drawing/PageWriter.h"
 #include "pdf/existing/PageNames.h"
 
 namespace app {
@@ -20,13 +23,13 @@ std::string PathFrom(const std::string& file, const std::string& to) {
 
 }  // namespace
 
-MapPages::MapPages(const MapFile& maps, const std::string& indexPath) try {
-    if (!maps.isSameFile) file_ = PathFrom(indexPath, maps.path);
-    const auto pages = pdf::ReadPageNames(maps.path);
+MapPages::MapPages(MapFile maps, const std::string& indexPath) try : maps_(std::move(maps)) {
+    if (!maps_.isSameFile) file_ = PathFrom(indexPath, maps_.path);
+    const auto pages = pdf::ReadPageNames(maps_.path);
     for (std::size_t i = 0; i < pages.names.size(); ++i) {
         const auto page = static_cast<int>(i);
         const std::string name =
-            maps.firstPage ? std::to_string(page + 2 - *maps.firstPage) : pages.names[i];
+            maps_.firstPage ? std::to_string(page + 2 - *maps_.firstPage) : pages.names[i];
         pages_.emplace(name, page);
     }
 } catch (const pdf::Error& error) {
@@ -51,6 +54,17 @@ std::vector<pdf::Destination> MapPages::Destinations() const {
     for (const auto& [page, target] : targets_)
         destinations.push_back({target.name, page, target.view});
     return destinations;
+}
+
+std::shared_ptr<MapPages> OpenMaps(const MapFile& maps, const std::string& output) {
+    if (maps.path.empty()) return nullptr;
+    const auto* const format = desk::FormatOf(output);
+    if (!format || !format->manySheets)
+        throw UsageError("The output \"" + output +
+                         "\" must end in .pdf: only a PDF has links to maps.");
+    if (IsSameFile(maps.path, output))
+        throw UsageError("The file \"" + output + "\" cannot be written: the maps are in it.");
+    return std::make_shared<MapPages>(maps, output);
 }
 
 }  // namespace app

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/Results.h"
 #include "support/Text.h"
 
 namespace app {
@@ -10,6 +11,13 @@ namespace {
 
 bool IsBlank(char byte) {
     return byte == ' ' || byte == '\n' || byte == '\r';
+}
+
+std::string_view BehindLeader(std::string_view text) {
+    const auto leader = text.rfind(gazetteer::kDotsToken);
+    if (leader != std::string_view::npos)
+        text.remove_prefix(leader + std::size(gazetteer::kDotsToken) - 1);
+    return text;
 }
 
 /// Returns the place of the dash in a run of pages, such as "4-6"; npos for other texts.
@@ -25,8 +33,8 @@ std::size_t DashOfRun(std::string_view pages) {
 
 std::optional<References> References::Of(const gazetteer::Settings& settings,
                                          std::string_view expression) {
-    auto pattern =
-        gazetteer::ReferencePattern::Of(gazetteer::WithoutOuterBlanks(std::string(expression)));
+    auto pattern = gazetteer::ReferencePattern::Of(
+        gazetteer::WithoutOuterBlanks(std::string(BehindLeader(expression))));
     if (!pattern) return std::nullopt;
     std::vector<std::string> separators;
     if (settings.combineListings && !settings.combineWithNewLine)
@@ -38,6 +46,12 @@ std::optional<References> References::Of(const gazetteer::Settings& settings,
     if (settings.combineWithNewLine) separators.emplace_back("\n");
     const bool isGrouped = settings.typesetting.groupReferences && !pattern->HasSquares();
     return References(std::move(*pattern), std::move(separators), isGrouped);
+}
+
+std::string References::DrawnText(const std::string& stored) {
+    std::string text(BehindLeader(stored));
+    text = gazetteer::ReplaceAll(std::move(text), gazetteer::kLastCombineToken, "");
+    return gazetteer::ReplaceAll(std::move(text), gazetteer::kNewLineToken, "\n");
 }
 
 /// Returns the length of the separator at a place; 0 for none.
@@ -53,15 +67,13 @@ std::size_t References::SeparatorFrom(std::string_view text, std::size_t at) con
     return at;
 }
 
-/// A separator that also stands between page and square ends a piece behind the square alone.
+/// Returns the end of a reference. Where the same text separates references, and page and square in
+/// each of them, the first one is inside.
 std::size_t References::EndOfPiece(std::string_view text, std::size_t first) const {
-    std::size_t at = first;
+    const std::size_t end = SeparatorFrom(text, first);
     const std::string& pageEnd = pattern_.PageEnd();
-    if (pattern_.HasSquares())
-        if (const auto square = text.find(pageEnd, first);
-            square != std::string_view::npos && SeparatorFrom(text, first) == square)
-            at = square + pageEnd.size();
-    return SeparatorFrom(text, at);
+    const bool isInside = pattern_.HasSquares() && text.substr(end, pageEnd.size()) == pageEnd;
+    return isInside && end < text.size() ? SeparatorFrom(text, end + pageEnd.size()) : end;
 }
 
 std::vector<FoundReference> References::Find(std::string_view text) const {
@@ -83,19 +95,19 @@ std::vector<FoundReference> References::Find(std::string_view text) const {
             pattern_.PageAndSquare(std::string_view(blanks).substr(first, end - first));
         const bool isSquareAlone = pattern_.HasSquares() && square.empty() && !lastPage.empty();
         if (!isSquareAlone) lastPage = text.substr(first, page.size());
-        const std::string_view ownSquare = isSquareAlone
-                                               ? text.substr(first, end - first)
-                                               : text.substr(end - square.size(), square.size());
-        const std::size_t dash = isGrouped_ ? DashOfRun(lastPage) : std::string_view::npos;
-        if (dash != std::string_view::npos) {
-            found.push_back({first, first + dash, lastPage.substr(0, dash), {}});
-            found.push_back({first + dash + 1, end, lastPage.substr(dash + 1), {}});
-        } else if (end > first) {
-            found.push_back({first, end, lastPage, ownSquare});
-        }
+        if (end > first) Add({first, end, lastPage}, found);
         first = pieceEnd + std::max<std::size_t>(1, SeparatorAt(blanks, pieceEnd));
     }
     return found;
+}
+
+/// Adds a reference; of a run of pages, its first and its last one.
+void References::Add(const FoundReference& reference, std::vector<FoundReference>& found) const {
+    const std::size_t dash = isGrouped_ ? DashOfRun(reference.page) : std::string_view::npos;
+    if (dash == std::string_view::npos) return found.push_back(reference);
+    const std::size_t middle = reference.first + dash;
+    found.push_back({reference.first, middle, reference.page.substr(0, dash)});
+    found.push_back({middle + 1, reference.end, reference.page.substr(dash + 1)});
 }
 
 }  // namespace app

@@ -14,19 +14,22 @@ namespace app {
 /// A reference in the text of a cell.
 struct FoundReference {
     std::size_t first = 0, end = 0;  ///< Bytes of the text.
-    std::string_view page, square;   ///< Parts of the text.
+    std::string_view page;           ///< Part of the text.
 };
 
 /// Finds the references in the cells of a column, which may be combined or grouped by page.
 class References {
 public:
-    /// For an expression, or the part of one behind its leader. Nothing if it does not begin with
-    /// the page.
+    /// For what an expression has behind its leader, or all of it. Nothing if that does not begin
+    /// with the page.
     static std::optional<References> Of(const gazetteer::Settings& settings,
                                         std::string_view expression);
 
-    /// The line ends of the text may be blanks in the settings.
+    /// Finds the references of a text as it is drawn, which may have line ends in place of blanks.
     std::vector<FoundReference> Find(std::string_view text) const;
+
+    /// Returns what a stored cell has behind its leader, or all of it, as it is drawn.
+    static std::string DrawnText(const std::string& stored);
 
 private:
     References(gazetteer::ReferencePattern pattern, std::vector<std::string> separators,
@@ -36,6 +39,7 @@ private:
     std::size_t SeparatorAt(std::string_view text, std::size_t at) const;
     std::size_t SeparatorFrom(std::string_view text, std::size_t at) const;
     std::size_t EndOfPiece(std::string_view text, std::size_t first) const;
+    void Add(const FoundReference& reference, std::vector<FoundReference>& found) const;
 
     gazetteer::ReferencePattern pattern_;
     std::vector<std::string> separators_;  ///< Without blanks around; empty: none but blanks.

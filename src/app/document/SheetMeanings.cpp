@@ -60,7 +60,7 @@ SheetMeanings::SheetMeanings(OpenDocument& open, MapPages* pages)
 
 SheetMeanings::Column SheetMeanings::ReadColumn(const gazetteer::Settings& settings,
                                                 const std::string& expression) const {
-    const auto leader = expression.find(gazetteer::kDotsToken);
+    const auto leader = expression.rfind(gazetteer::kDotsToken);
     const std::string_view whole = expression;
     const auto roleOf = [](std::string_view part) {
         return BeginsWithPlace(part) ? Role::Reference : Role::Name;
@@ -69,12 +69,11 @@ SheetMeanings::Column SheetMeanings::ReadColumn(const gazetteer::Settings& setti
     const auto tail =
         hasLeader ? whole.substr(leader + std::size(gazetteer::kDotsToken) - 1) : whole;
     Column column{hasLeader, roleOf(whole.substr(0, leader)), roleOf(tail), {}};
-    if (pages_) column.references = References::Of(settings, tail);
+    if (pages_) column.references = References::Of(settings, expression);
     return column;
 }
 
 void SheetMeanings::Enter(const host::IHostGroupElement& group) {
-    ++depth_;
     if (row_ != Row::None) {
         if (++rowDepth_ != 1) return;
         ++column_;
@@ -89,7 +88,6 @@ void SheetMeanings::Enter(const host::IHostGroupElement& group) {
 }
 
 void SheetMeanings::Leave() {
-    --depth_;
     if (row_ == Row::None) return;
     if (rowDepth_ == 0)
         row_ = Row::None;
@@ -102,7 +100,7 @@ void SheetMeanings::BeginRow(Row row, const host::IHostGroupElement& group) {
     row_ = row;
     rowDepth_ = 0;
     column_ = 0;
-    if (row == Row::Listing && HasName(group)) ++item_;
+    if (row == Row::Listing && HasName(group)) listing_ = ++items_;
 }
 
 bool SheetMeanings::HasName(const host::IHostGroupElement& row) const {
@@ -135,7 +133,7 @@ void SheetMeanings::AddSheetText(const host::IHostTextElement& element) {
     const auto* const named = asNamed_(&element);
     const std::string tag = named ? named->Name() : std::string();
     const std::string text = element.Text();
-    ++item_;
+    ++items_;
     Role role = Role::Paragraph;
     if (tag == kHeadTag) role = Role::PageHead;
     if (tag == kNumberTag) role = Role::PageFoot;
@@ -150,7 +148,7 @@ void SheetMeanings::AddHeading(std::string_view text) {
         text == gazetteer::ReplaceAll(continued_, gazetteer::kContinuedLetter, heading_);
     if (!goesOn) {
         heading_ = text;
-        ++item_;
+        ++items_;
     }
     Add(goesOn ? Role::PageMatter : Role::Heading, text, text.size());
 }
@@ -164,8 +162,8 @@ void SheetMeanings::BeginCell(const host::IHostGroupElement& cell) {
     cellText_.clear();
     for (std::int32_t i = 0; i < cell.Count(); ++i) {
         const auto element = host::As<host::IHostTextElement>(cell.Item(i));
-        if (!element) continue;
-        const std::string text = element->Text();
+        const std::string text = element ? element->Text() : std::string();
+        if (IsBlank(text)) continue;
         parts_.clear();
         AddListingText(column, text);
         std::size_t first = 0;
@@ -200,8 +198,8 @@ void SheetMeanings::AddListingText(const Column& column, std::string_view text) 
     if (end < text.size()) add(column.behind, end, text.size());
 }
 
-/// Adds the next text of the cell's references, which stands behind so many bytes of its element:
-/// a part for each reference, and for what is between them.
+/// Adds the next text of the cell's references: a part for each reference, and for what is between
+/// them. The text begins after the given number of bytes of its element.
 void SheetMeanings::AddReferences(std::string_view text, std::size_t before) {
     const auto partUpTo = [&](std::size_t place, const pdf::Target* target) {
         const std::size_t end =
@@ -220,7 +218,8 @@ void SheetMeanings::AddReferences(std::string_view text, std::size_t before) {
 }
 
 void SheetMeanings::Add(Role role, std::string_view text, std::size_t end) {
-    parts_.push_back({{role, item_, languages_.Of(text), {}, nullptr}, end});
+    const std::uint64_t item = row_ == Row::Listing ? listing_ : items_;
+    parts_.push_back({{role, item, languages_.Of(text), {}, nullptr}, end});
 }
 
 }  // namespace app

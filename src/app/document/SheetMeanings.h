@@ -55,13 +55,13 @@ private:
     desk::ScriptLanguages languages_;
     host::KnownCast<const host::IHostElementName> asNamed_;
 
-    std::size_t depth_ = 0;     ///< Of groups.
     std::size_t rowDepth_ = 0;  ///< Depth inside the row.
     Row row_ = Row::None;
     std::size_t column_ = 0;       ///< Cells of the row that were entered.
     bool isBehindLeader_ = false;  ///< In the cell.
-    std::uint64_t item_ = 0;
-    std::string heading_;  ///< The last one.
+    std::uint64_t items_ = 0;      ///< Headings, listings and other texts so far.
+    std::uint64_t listing_ = 0;    ///< Number of the last listing.
+    std::string heading_;          ///< The last one.
     std::vector<desk::TextPart> parts_;
     std::string cellText_;                    ///< All references of the cell, a line for each text.
     std::vector<FoundReference> references_;  ///< In it.

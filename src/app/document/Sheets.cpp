@@ -84,23 +84,12 @@ bool HoldsManySheets(const std::string& path) {
     return format && format->manySheets;
 }
 
-// What an export to one path knows beside the pages.
-class SheetReading {
-public:
-    SheetReading(OpenDocument& open, const std::string& path, const SheetOutput& output) {
-        if (!HoldsManySheets(path) || output.press) return;
-        if (!output.maps.path.empty()) pages_ = std::make_unique<MapPages>(output.maps, path);
-        if (output.tags || pages_) meanings_.emplace(open, pages_.get());
-    }
-
-    // Null for a format that keeps no meanings.
-    SheetMeanings* Meanings() { return meanings_ ? &*meanings_ : nullptr; }
-    const MapPages& Pages() const { return *pages_; }
-
-private:
-    std::unique_ptr<MapPages> pages_;
-    std::optional<SheetMeanings> meanings_;
-};
+// Returns null where no meanings are kept.
+std::unique_ptr<SheetMeanings> MeaningsFor(OpenDocument& open, const std::string& path,
+                                           const SheetOutput& output) {
+    if (!HoldsManySheets(path) || output.press || !(output.tags || output.maps)) return nullptr;
+    return std::make_unique<SheetMeanings>(open, output.maps.get());
+}
 
 // Raises the limit of open files to the hard limit of the process.
 void AllowManyFiles() {
@@ -131,16 +120,6 @@ void CheckOutputName(const std::string& path) {
     if (!desk::FormatOf(path))
         throw UsageError("The output \"" + path + "\" must end in " + desk::PageEndings() + '.');
     CheckFolderOf(path);
-}
-
-void CheckMaps(const MapFile& maps, const std::string& output) {
-    if (maps.path.empty()) return;
-    if (!HoldsManySheets(output))
-        throw UsageError("The output \"" + output +
-                         "\" must end in .pdf: only a PDF has links to maps.");
-    if (IsSameFile(maps.path, output))
-        throw UsageError("The file \"" + output + "\" cannot be written: the maps are in it.");
-    MapPages(maps, output);
 }
 
 std::optional<PageRange> ParsePages(const std::string& text) {
@@ -193,9 +172,9 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& pages,
                  const SheetListener& before, const SheetOutput& output) {
     const bool one = HoldsManySheets(path);
-    SheetReading reading(open, path, output);
+    const auto meanings = MeaningsFor(open, path, output);
     std::optional<BehindMaps> behind;
-    if (one && output.maps.isSameFile) behind.emplace();
+    if (one && output.maps && output.maps->IsSameFile()) behind.emplace();
     const std::string target = behind ? behind->IndexPath() : path;
     if (!one) AllowManyFiles();
     std::vector<std::unique_ptr<desk::PageWriter>> files;
@@ -205,20 +184,19 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
                 OpenWriter(open, one ? target : NumberedPath(path, page), page, output));
         if (before) before(page);
         DrawPage(open, page);
-        WriteSheet(open, *files.back(), page, reading.Meanings());
+        WriteSheet(open, *files.back(), page, meanings.get());
         if (!one || page == pages.last) files.back()->Complete();
     }
     // Only now, so that a failure leaves the files of an earlier export unchanged.
     for (const auto& file : files) file->Place();
-    if (behind)
-        behind->Write(output.maps, reading.Pages(), open.TheDesk().CurrentDocument().title, path);
+    if (behind) behind->Write(*output.maps, open.TheDesk().CurrentDocument().title, path);
 }
 
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
                     const SheetOutput& output) {
-    SheetReading reading(open, path, output);
+    const auto meanings = MeaningsFor(open, path, output);
     const auto writer = OpenWriter(open, path, page, output);
-    WriteSheet(open, *writer, page, reading.Meanings());
+    WriteSheet(open, *writer, page, meanings.get());
     writer->Finish();
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -39,7 +40,7 @@ struct SheetOutput {
     double dotsPerInch = 150;              ///< Of PNG images.
     bool tags = true;                      ///< A PDF tells the structure and meaning of its texts.
     std::optional<pdf::Press> press = {};  ///< A PDF is for a printer, and then without tags.
-    MapFile maps = {};                     ///< That references of a PDF lead to.
+    std::shared_ptr<MapPages> maps = {};   ///< That references of a PDF lead to; may be null.
 };
 
 /// Called before each page is drawn. An exception from it cancels the export.
@@ -65,10 +66,6 @@ void CheckSheetsApart(const OpenDocument& open, const std::string& path, const P
 /// Writes the sheet with the page that the document shows now.
 void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t page,
                     const SheetOutput& output = {});
-
-/// Throws UsageError if maps are asked for an output that is no PDF, or that is the file of the
-/// maps, and CommandError if that cannot be read.
-void CheckMaps(const MapFile& maps, const std::string& output);
 
 /// Throws UsageError unless the ending is that of a page format, and CommandError if there is no
 /// such folder.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "characters/WordParts.h"
+#include "characters/TextProperties.h"
 
 namespace desk {
 namespace {

@@ -153,6 +153,8 @@ void PageContent::MarkText(const FontUse& font) {
     }
     EndMark();
     textMark_ = meaning_;
+    actualText_ = meaning_.actualText;
+    textMark_->actualText = actualText_;
     texts_.MarkNext();
 }
 

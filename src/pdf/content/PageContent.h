@@ -74,6 +74,7 @@ private:
     View linkPlace_;
     double linkLine_ = 0;              ///< Y of its baseline.
     std::optional<Meaning> textMark_;  ///< Meaning of the marked text.
+    std::string actualText_;           ///< Of textMark_.
     bool marksShapes_ = false;
 };
 

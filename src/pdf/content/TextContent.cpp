@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "characters/Utf8.h"
-#include "characters/WordParts.h"
+#include "characters/TextProperties.h"
 #include "pdf/file/Syntax.h"
 #include "pdf/file/Violations.h"
 
@@ -43,20 +42,6 @@ std::size_t ClusterSize(std::span<const Glyph> glyphs) {
     return size;
 }
 
-/// Returns whether a text has a character of the private use areas, U+E000 to U+F8FF and planes 15
-/// and 16. Their first bytes are 0xEE and above.
-bool HasPrivateUse(std::string_view text) {
-    constexpr unsigned char kFirst = 0xEE;
-    if (std::ranges::none_of(text, [](unsigned char byte) { return byte >= kFirst; })) return false;
-    for (std::size_t at = 0; at < text.size();) {
-        const char32_t character = characters::NextCodePoint(text, at);
-        const bool isPrivate = (character >= 0xE000 && character <= 0xF8FF) ||
-                               (character >= 0xF0000 && character <= 0x10FFFF);
-        if (isPrivate) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 double TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
@@ -83,7 +68,7 @@ double TextContent::Show(const FontUse& font, const GlyphLine& line, const Basel
 /// ActualText also where a character's meaning is private; the character is all that is known of
 /// it.
 void TextContent::ShowCluster(Pen& pen, std::span<const Glyph> glyphs, std::string_view text) {
-    const bool isPrivate = marker_ && HasPrivateUse(text);
+    const bool isPrivate = marker_ && characters::HasPrivateUse(text);
     if (glyphs.size() == 1 && !isPrivate) return ShowOne(pen, glyphs[0], text);
     constexpr char kNothing[] = "\u2060";  // WORD JOINER.
     const auto show = [&] {

@@ -19,7 +19,8 @@ enum class Role : std::uint8_t {
     Reference,   ///< Where it is found.
 };
 
-/// What the texts that follow mean.
+/// What the texts that follow mean. The actual text is valid until they are shown; the language and
+/// the target as long as the document is written.
 struct Meaning {
     Role role = Role::Paragraph;
     /// Texts of one number that follow each other, on whatever pages, are one heading or paragraph;

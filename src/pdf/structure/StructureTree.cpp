@@ -52,12 +52,20 @@ int StructureTree::Add(const Meaning& meaning) {
     return AddToListing(meaning);
 }
 
-void StructureTree::Open(Element& element, int object, const Meaning& meaning) const {
-    element.object = object;
-    element.item = meaning.item;
-    element.page = page_;
-    element.kids.clear();
-    element.language = meaning.language;
+void StructureTree::Open(Element& element, const char* type, int object, int parent,
+                         const Meaning& meaning) {
+    element = {object, meaning.item, type, parent, page_, {}, std::string(meaning.language)};
+}
+
+/// Writes an element, if one is open.
+void StructureTree::Close(Element& element) {
+    if (element.object != 0) file_.WriteObject(element.object, Body(element));
+    element.object = 0;
+}
+
+void StructureTree::Close(Element& element, ObjectRows& rows) {
+    if (element.object != 0) rows.Write(element.object, Body(element));
+    element.object = 0;
 }
 
 /// Adds content to an element. Returns its mark.
@@ -87,11 +95,11 @@ int StructureTree::AddSpan(const Element& element, std::string_view actualText) 
                              std::to_string(marks_.size()) + ">>");
 }
 
-std::string StructureTree::Body(const Element& element, const char* type, int parent) const {
+std::string StructureTree::Body(const Element& element) {
     std::string body = "<</S/";
-    body += type;
+    body += element.type;
     body += "/P";
-    AppendAligned(body, parent);
+    AppendAligned(body, element.parent);
     body += "/Pg";
     AppendAligned(body, element.page);
     if (!element.language.empty()) body += "/Lang" + TextString(element.language);
@@ -101,12 +109,10 @@ std::string StructureTree::Body(const Element& element, const char* type, int pa
 /// Adds content to a link inside an element.
 int StructureTree::AddLinked(Element& element, const Meaning& meaning) {
     if (meaning.target == target_ && link_.object != 0) return AddPiece(link_, meaning);
-    CloseLink();
+    Close(link_);
     if (!meaning.target) return AddPiece(element, meaning);
     target_ = meaning.target;
-    Open(link_, file_.NewObject(), meaning);
-    link_.language.clear();
-    link_.parent = element.object;
+    Open(link_, "Link", file_.NewObject(), element.object, {meaning.role, meaning.item});
     AppendAligned(element.kids, link_.object);
     return AddPiece(link_, meaning);
 }
@@ -116,52 +122,34 @@ int StructureTree::AddLink(int link) {
     return parents_.Add(link_.object);
 }
 
-void StructureTree::CloseLink() {
-    if (link_.object == 0) return;
-    file_.WriteObject(link_.object, Body(link_, "Link", link_.parent));
-    link_.object = 0;
-}
-
 int StructureTree::AddHeading(const Meaning& meaning) {
     if (heading_.object == 0 || heading_.item != meaning.item) {
-        CloseHeading();
+        Close(heading_);
         CloseList();
-        Open(heading_, file_.NewObject(), meaning);
+        Open(heading_, "H1", file_.NewObject(), index_, meaning);
         indexKids_.push_back(heading_.object);
     }
     return AddPiece(heading_, meaning);
 }
 
-void StructureTree::CloseHeading() {
-    if (heading_.object == 0) return;
-    file_.WriteObject(heading_.object, Body(heading_, "H1", index_));
-    heading_.object = 0;
-}
-
 int StructureTree::AddParagraph(const Meaning& meaning) {
     if (paragraph_.object == 0 || paragraph_.item != meaning.item) {
-        CloseParagraph();
-        Open(paragraph_, file_.NewObject(), meaning);
+        Close(paragraph_);
+        Open(paragraph_, "P", file_.NewObject(), document_, meaning);
         documentKids_.push_back(paragraph_.object);
     }
     return AddPiece(paragraph_, meaning);
 }
 
-void StructureTree::CloseParagraph() {
-    if (paragraph_.object == 0) return;
-    file_.WriteObject(paragraph_.object, Body(paragraph_, "P", document_));
-    paragraph_.object = 0;
-}
-
 int StructureTree::AddToListing(const Meaning& meaning) {
-    CloseHeading();
+    Close(heading_);
     if (item_ == 0 || meaning.item != body_.item) BeginListing(meaning);
     if (meaning.role != Role::Reference) {
         CloseReference();
         return AddPiece(body_, meaning);
     }
     if (reference_.object == 0) {
-        Open(reference_, references_.NewObject(), meaning);
+        Open(reference_, "Reference", references_.NewObject(), body_.object, meaning);
         AppendAligned(body_.kids, reference_.object);
     }
     return AddLinked(reference_, meaning);
@@ -175,25 +163,24 @@ void StructureTree::BeginListing(const Meaning& meaning) {
     }
     item_ = items_.NewObject();
     listKids_.push_back(item_);
-    Open(body_, bodies_.NewObject(), meaning);
+    Open(body_, "LBody", bodies_.NewObject(), item_, meaning);
     if (meaning.role != Role::Name) body_.language.clear();
 }
 
 void StructureTree::CloseReference() {
-    if (reference_.object == 0) return;
-    CloseLink();
-    references_.Write(reference_.object, Body(reference_, "Reference", body_.object));
-    reference_.object = 0;
+    Close(link_);
+    Close(reference_, references_);
 }
 
 void StructureTree::CloseListing() {
     if (item_ == 0) return;
     CloseReference();
-    bodies_.Write(body_.object, Body(body_, "LBody", item_));
+    const int body = body_.object;
+    Close(body_, bodies_);
     std::string item = "<</S/LI/P";
     AppendAligned(item, list_);
     item += "/K";
-    AppendAligned(item, body_.object);
+    AppendAligned(item, body);
     items_.Write(item_, item + ">>");
     item_ = 0;
 }
@@ -209,8 +196,8 @@ void StructureTree::CloseList() {
 }
 
 int StructureTree::Write() {
-    CloseHeading();
-    CloseParagraph();
+    Close(heading_);
+    Close(paragraph_);
     CloseList();
     for (ObjectRows* rows : {&items_, &bodies_, &references_}) rows->Flush();
     arrays_.Write(index_,

@@ -45,24 +45,24 @@ private:
     struct Element {
         int object = 0;  ///< 0: none is open.
         std::uint64_t item = 0;
-        int parent = 0;    ///< Object number, where it is not known by the kind of element.
+        const char* type = "";
+        int parent = 0;    ///< Object number.
         int page = 0;      ///< Object number of the page of its first piece.
         std::string kids;  ///< As the file has them.
         std::string language;
     };
 
     int AddPiece(Element& element, const Meaning& meaning);
-    void Open(Element& element, int object, const Meaning& meaning) const;
+    void Open(Element& element, const char* type, int object, int parent, const Meaning& meaning);
+    void Close(Element& element);
+    void Close(Element& element, ObjectRows& rows);
     int AddSpan(const Element& element, std::string_view actualText);
     void AddMark(Element& element, int mark) const;
-    std::string Body(const Element& element, const char* type, int parent) const;
+    static std::string Body(const Element& element);
 
     int AddLinked(Element& element, const Meaning& meaning);
-    void CloseLink();
     int AddHeading(const Meaning& meaning);
-    void CloseHeading();
     int AddParagraph(const Meaning& meaning);
-    void CloseParagraph();
     int AddToListing(const Meaning& meaning);
     void BeginListing(const Meaning& meaning);
     void CloseReference();

@@ -13,4 +13,8 @@ bool LineEndPartsWords(std::string_view before, std::string_view after);
 /// left, without marks; else the length of the text.
 std::size_t FirstToTheLeft(std::string_view text);
 
+/// Returns whether a text has a character of the private use areas, U+E000 to U+F8FF and planes 15
+/// and 16.
+bool HasPrivateUse(std::string_view text);
+
 }  // namespace characters

@@ -1,5 +1,6 @@
-#include "characters/WordParts.h"
+#include "characters/TextProperties.h"
 
+#include <algorithm>
 #include <unicode/uchar.h>
 
 #include "characters/Utf8.h"
@@ -41,6 +42,18 @@ std::size_t FirstToTheLeft(std::string_view text) {
         if (first == 0) first = at;
     }
     return first;
+}
+
+bool HasPrivateUse(std::string_view text) {
+    constexpr unsigned char kFirst = 0xEE;  // First byte of U+E000.
+    if (std::ranges::none_of(text, [](unsigned char byte) { return byte >= kFirst; })) return false;
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t character = NextCodePoint(text, at);
+        const bool isPrivate = (character >= 0xE000 && character <= 0xF8FF) ||
+                               (character >= 0xF0000 && character <= 0x10FFFF);
+        if (isPrivate) return true;
+    }
+    return false;
 }
 
 }  // namespace characters
