@@ -59,7 +59,7 @@ void AddDestinations(QPDF& file, const std::vector<Destination>& destinations) {
                     PlaceOf(destination, pages.at(static_cast<std::size_t>(destination.page))));
 }
 
-/// Adds the labels of another file's pages, which stand behind so many pages of its own.
+/// Adds the labels of another file's pages, which follow the given number of pages.
 void AddLabels(QPDF& file, QPDF& other, long long pages) {
     auto catalog = file.getRoot();
     if (!catalog.getKey("/PageLabels").isDictionary())
