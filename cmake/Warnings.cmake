@@ -14,4 +14,7 @@ elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND GAZETTEER_SANITIZE)
 endif()
 if(GAZETTEER_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
+  # The tests start the programs more than a thousand times. Without relocations a sanitized program
+  # starts in two thirds of the time.
+  string(APPEND CMAKE_EXE_LINKER_FLAGS " -no-pie")
 endif()
