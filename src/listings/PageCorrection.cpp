@@ -61,7 +61,8 @@ PageCorrection MakePageCorrection(const Settings& settings, const SiblingObjects
         book.TemplateSection(ToText(siblings.layoutContext->CurrentTemplateKey(), locale));
     const auto sections = book.SectionKeys(book.SectionBook(own));
     const std::string& linked = settings.mapSeriesSectionKey;
-    if (IsSeriesFirst(sections, linked, own)) {
+    correction.isByBook = IsSeriesFirst(sections, linked, own);
+    if (correction.isByBook) {
         const std::int32_t start = ToLong(book.SectionStartPage(linked), locale);
         correction.pageBase =
             PageNumber(start + OffsetOfTemplate(book.SectionPages(linked),

@@ -13,6 +13,7 @@ namespace gazetteer {
 struct PageCorrection {
     std::int32_t pageBase = 1;
     std::int32_t seriesFirstPage = 0;
+    bool isByBook = false;  ///< The corrected pages are those of the book.
 
     /// The listing's page in the book. A page beyond 32 bits is an overflow.
     std::int32_t Corrected(std::int32_t page) const;

@@ -44,11 +44,12 @@ std::optional<ReferencePattern> ReferencePattern::Of(std::string_view expression
     if (!rest) return std::nullopt;
     const auto squareStart = std::min(rest->find("$$"), rest->find('['));
     if (squareStart == std::string_view::npos)
-        return rest->empty() ? std::optional(ReferencePattern({}, 0)) : std::nullopt;
+        return rest->empty() ? std::optional(ReferencePattern({}, {}, 0)) : std::nullopt;
     if (squareStart == 0) return std::nullopt;
     const auto pageEnd = rest->substr(0, squareStart);
-    return ReferencePattern(std::string(pageEnd),
-                            CountOf(pageEnd, WithoutFields(rest->substr(squareStart))));
+    const auto square = rest->substr(squareStart);
+    return ReferencePattern(std::string(pageEnd), std::string(square),
+                            CountOf(pageEnd, WithoutFields(square)));
 }
 
 // A page's name may contain the separator; the square's part of the expression tells how many

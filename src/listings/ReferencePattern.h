@@ -18,6 +18,8 @@ public:
     bool HasSquares() const { return !pageEnd_.empty(); }
     /// Between page and square.
     const std::string& PageEnd() const { return pageEnd_; }
+    /// The expression of the square, such as "$$ROW-$$COLUMN".
+    const std::string& Square() const { return square_; }
     /// The two parts of a reference. Without a separator all is page, and the square is empty. The
     /// views are parts of the argument.
     std::pair<std::string_view, std::string_view> PageAndSquare(std::string_view reference) const;
@@ -26,10 +28,11 @@ public:
     bool IsClear(std::string_view reference) const;
 
 private:
-    ReferencePattern(std::string pageEnd, std::size_t endsBehind)
-        : pageEnd_(std::move(pageEnd)), endsBehind_(endsBehind) {}
+    ReferencePattern(std::string pageEnd, std::string square, std::size_t endsBehind)
+        : pageEnd_(std::move(pageEnd)), square_(std::move(square)), endsBehind_(endsBehind) {}
 
-    std::string pageEnd_;     ///< Empty: there are no squares.
+    std::string pageEnd_;  ///< Empty: there are no squares.
+    std::string square_;
     std::size_t endsBehind_;  ///< How often the same stands in the expression of the square.
 };
 

@@ -57,11 +57,20 @@ std::vector<std::pair<std::string, std::string>> LinksOf(const Program& program,
     return links;
 }
 
+nlohmann::json ObjectsOf(const Program& program, const std::string& file) {
+    return nlohmann::json::parse(program.Shell("qpdf --json=1 --json-key=objects " + file))
+        .at("objects");
+}
+
+/// Returns where a link leads: the page and what to show of it, or a name.
+nlohmann::json PlaceOf(const nlohmann::json& objects, const std::string& link) {
+    return objects.at(objects.at(link + " R").at("/A").get<std::string>()).at("/D");
+}
+
 /// Returns the page that a link leads to, from 1.
 int PageOf(const nlohmann::json& objects, const std::map<std::string, int>& names,
            const std::string& link) {
-    const auto action = objects.at(objects.at(link + " R").at("/A").get<std::string>());
-    const auto& place = action.at("/D");
+    const auto place = PlaceOf(objects, link);
     return place.is_array() ? place[0].get<int>() + 1 : names.at(place.get<std::string>());
 }
 
@@ -90,9 +99,7 @@ TEST(Links, EachReferenceLeadsToTheMapWithItsNumber) {
             arguments.insert(arguments.end(), options.begin(), options.end());
             program.Done(arguments);
             EXPECT_TRUE(Contains(program.Shell("qpdf --check o.pdf"), "No syntax"));
-            const auto objects =
-                nlohmann::json::parse(program.Shell("qpdf --json=1 --json-key=objects o.pdf"))
-                    .at("objects");
+            const auto objects = ObjectsOf(program, "o.pdf");
             const auto names = NamesOf(program, "o.pdf");
             const auto maps = Lines(program.Shell("pdftotext -layout atlas.pdf - | grep -n Map="));
             const auto links = LinksOf(program, "o.pdf");
@@ -137,6 +144,56 @@ TEST(Links, TheMapsBeforeAnIndexStayAsTheyAre) {
         return program.Shell(std::string("pdfinfo -struct-text ") + file + " | grep -c LBody");
     };
     EXPECT_EQ(std::stoi(items("again.pdf")), 2 * std::stoi(items("book.pdf")));
+}
+
+// A map of 2 x 2 squares, each 1 x 1.5 inches, that begins half an inch from the sheet's lower left
+// corner. The second sheet has a bleed of 10 points, the third is turned. The
+// book tells the numbers of the pages.
+TEST(Links, OfSquaresLeadToTheirPartOfTheMap) {
+    const Program program;
+    MakeAtlas(program.File("plain.pdf"), 0, 1, 3, false);
+    program.Shell(
+        "qpdf --qdf --object-streams=disable --rotate=+90:3 plain.pdf - | awk "
+        "'/MediaBox/ && ++n == 2 { print \"/TrimBox [ 10 10 290 390 ]\" } { print }' | "
+        "fix-qdf > atlas.pdf");
+    program.WriteTable("sheets.dbf", {{"a", "1"}, {"b", "2"}, {"c", "3"}});
+    program.Write("book.json", R"({"currentTemplate": "index", "books": [{"key": "b", "sections": [
+        {"key": "maps", "name": "Maps", "startPage": 5, "pages": ["sheet$1", "sheet$2", "sheet$3"],
+         "templates": [{"key": "sheet", "name": "Sheet", "layout": [{"kind": "mapFrame",
+          "name": "Map", "geometry": {"envelope": [0.5, 0.5, 2.5, 3.5]},
+          "series": {"indexLayer": "sheets.dbf", "firstPage": 1, "grids": [
+           {"kind": "index", "rows": ["A", "B"], "columns": ["1", "2"]}]}}]}]},
+        {"key": "back", "name": "Index", "startPage": 8, "pages": ["index$1"],
+         "templates": [{"key": "index", "name": "Index", "layout": []}]}]}]})");
+    program.WriteTable("t.dbf", {{"Aach", "1", "1", "2"},
+                                 {"Aach", "1", "2", "1"},
+                                 {"Bonn", "2", "2", "2"},
+                                 {"Cham", "3", "1", "1"},
+                                 {"Dorf", "1", "7", "1"}});
+    const std::map<std::string, std::string> shown = {{"5 A-2", R"([0,"/FitR",108,144,180,252])"},
+                                                      {"5 B-1", R"([0,"/FitR",36,36,108,144])"},
+                                                      {"6 B-2", R"([1,"/FitR",118,46,190,154])"},
+                                                      {"7 A-1", R"([2,"/FitR",48,36,156,108])"},
+                                                      {"5 7-1", R"([0,"/Fit"])"}};
+    std::vector<std::string> arguments{"make", "t.dbf", "--book", "book.json"};
+    for (const char* setting :
+         {"LinkToMapSeries=true", "MapSeriesSectionKey=maps", "MapSeriesTemplateKey=sheet",
+          "MapSeriesFrameName=Map", "Page.FromDatabase=false",
+          "Page.Expression=$$PAGE_NUMBER $$ROW-$$COLUMN", "Typesetting.GroupReferences=false"})
+        arguments.insert(arguments.end(), {"--set", setting});
+    arguments.insert(arguments.end(), {"--maps", "atlas.pdf", "-o", "o.pdf"});
+    program.Done(arguments);
+    const auto objects = ObjectsOf(program, "o.pdf");
+    std::map<std::string, std::string> found;
+    for (const auto& [text, link] : LinksOf(program, "o.pdf"))
+        found[text.substr(0, 5)] = PlaceOf(objects, link).dump();
+    EXPECT_EQ(found, shown);
+
+    *std::ranges::find(arguments, "--maps") = "--append-to";
+    arguments.back() = "book.pdf";
+    program.Done(arguments);
+    const std::string told = program.Shell("pdfinfo -dests book.pdf");
+    EXPECT_TRUE(Contains(told, "gazetteer.page.5.1.2")) << told;
 }
 
 TEST(Links, ThatLeadNowhereAreFound) {

@@ -5,11 +5,12 @@
 namespace tests {
 namespace {
 
-/// The references that are found in a text, each with its page behind an arrow.
+/// The references that are found in a text, each with its page and its square behind it.
 std::string Found(const app::References& references, const std::string& text) {
     std::string told;
-    for (const auto& [first, end, page] : references.Find(text))
-        told += '<' + text.substr(first, end - first) + ">" + std::string(page) + ' ';
+    for (const auto& [first, end, page, square] : references.Find(text))
+        told += '<' + text.substr(first, end - first) + ">" + std::string(page) +
+                (square.empty() ? "" : "/" + square) + ' ';
     return told;
 }
 
@@ -19,17 +20,19 @@ TEST(References, AreFoundInTheTextsOfCells) {
         bool grouped;
         const char *text, *found;
     } cases[] = {
-        {"$$PAGE_NUMBER $$ROW-$$COLUMN", ", ", false, "4 B-3, 12 C-1", "<4 B-3>4 <12 C-1>12 "},
-        {"[Listing]$$DOTS$$PAGE_NUMBER [Square]", "; ", false, "4 B;\r\n12 C", "<4 B>4 <12 C>12 "},
+        {"$$PAGE_NUMBER $$ROW-$$COLUMN", ", ", false, "4 B-3, 12 C-1",
+         "<4 B-3>4/B-3 <12 C-1>12/C-1 "},
+        {"[Listing]$$DOTS$$PAGE_NUMBER [Square]", "; ", false, "4 B;\r\n12 C",
+         "<4 B>4/B <12 C>12/C "},
         // A line may end between page and square, or behind a separator.
-        {"[Page] [Square]", ", ", false, "4\nB, 12 C,\n13 D", "<4\nB>4 <12 C>12 <13 D>13 "},
-        {"[Page], [Square]", ", ", false, "4, B, 12, C", "<4, B>4 <12, C>12 "},
+        {"[Page] [Square]", ", ", false, "4\nB, 12 C,\n13 D", "<4\nB>4/B <12 C>12/C <13 D>13/D "},
+        {"[Page], [Square]", ", ", false, "4, B, 12, C", "<4, B>4/B <12, C>12/C "},
         {"[Page]", ", ", false, "A-3, iv", "<A-3>A-3 <iv>iv "},
-        {"[Page] [Square]", ", ", true, "4 B, C; 12 D", "<4 B>4 <C>4 <12 D>12 "},
-        {"[Page] [Square]", "; ", true, "4 B, C; 12 D", "<4 B>4 <C>4 <12 D>12 "},
-        {"[Page], [Square]", ", ", true, "4, B, C; 12, D", "<4, B>4 <C>4 <12, D>12 "},
+        {"[Page] [Square]", ", ", true, "4 B, C; 12 D", "<4 B>4/B <C>4/C <12 D>12/D "},
+        {"[Page] [Square]", "; ", true, "4 B, C; 12 D", "<4 B>4/B <C>4/C <12 D>12/D "},
+        {"[Page], [Square]", ", ", true, "4, B, C; 12, D", "<4, B>4/B <C>4/C <12, D>12/D "},
         {"[Page]", ", ", true, "4-6, 9, A-3", "<4>4 <6>6 <9>9 <A-3>A-3 "},
-        {"[Page] [Square]", "\n", false, "4 B\n12 C", "<4 B>4 <12 C>12 "},
+        {"[Page] [Square]", "\n", false, "4 B\n12 C", "<4 B>4/B <12 C>12/C "},
         {"[Page]", ", ", false, " ", ""},
     };
     for (const auto& [expression, delimiter, grouped, text, found] : cases) {

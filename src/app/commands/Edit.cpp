@@ -95,6 +95,7 @@ int Make(const Options& given) {
     session.CheckHasPages();
     const PageRange pages{1, document.PageCount()};
     CheckSheetsApart(document, options.output, pages, options.document);
+    if (written.maps) written.maps->NumberByBook(document);
     session.CheckFindings(std::nullopt, options.strict, written.maps.get());
     // Before the sheets, so that a failed save leaves no sheets behind.
     if (!options.document.empty()) document.Save();

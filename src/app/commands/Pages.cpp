@@ -55,6 +55,7 @@ int Export(const Options& options) {
     const auto pages = asked.value_or(PageRange{1, document.PageCount()});
     CheckPage(pages.last, document.PageCount());
     CheckSheetsApart(document, options.output, pages, options.document);
+    if (written.maps) written.maps->NumberByBook(document);
     session.CheckFindings(asked, options.strict, written.maps.get());
     WriteSheets(document, options.output, pages, {}, written);
     ClearProgress();

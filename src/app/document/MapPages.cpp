@@ -6,7 +6,9 @@
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
 #include "desk/drawing/PageWriter.h"
-#include "pdf/existing/PageNames.h"
+#include "listings/PageCorrection.h"
+#include "model/Results.h"
+#include "support/Conversions.h"
 
 namespace app {
 namespace {
@@ -21,38 +23,75 @@ std::string PathFrom(const std::string& file, const std::string& to) {
     return (error ? fs::path(to) : path).generic_string();
 }
 
+std::size_t ToSize(std::int32_t number) {
+    return static_cast<std::size_t>(number);
+}
+
 }  // namespace
 
 MapPages::MapPages(MapFile maps, const std::string& indexPath) try : maps_(std::move(maps)) {
     if (!maps_.isSameFile) file_ = PathFrom(indexPath, maps_.path);
-    const auto pages = pdf::ReadPageNames(maps_.path);
-    for (std::size_t i = 0; i < pages.names.size(); ++i) {
-        const auto page = static_cast<int>(i);
-        const std::string name =
-            maps_.firstPage ? std::to_string(page + 2 - *maps_.firstPage) : pages.names[i];
-        pages_.emplace(name, page);
-    }
+    pages_ = pdf::ReadPages(maps_.path);
+    const bool haveLabels = !pages_.empty() && !pages_.front().name.empty();
+    areNumbersTold_ = maps_.firstPage || haveLabels;
+    if (maps_.firstPage || !haveLabels) NumberFrom(2 - maps_.firstPage.value_or(1));
+    FindPlaces();
 } catch (const pdf::Error& error) {
     throw CommandError(error.what());
 }
 
-const pdf::Target* MapPages::Find(std::string_view page) {
-    const auto found = pages_.find(page);
-    if (found == pages_.end()) return nullptr;
-    const auto known = targets_.find(found->second);
-    if (known != targets_.end()) return &known->second;
+void MapPages::NumberFrom(std::int64_t first) {
+    for (pdf::ExistingPage& page : pages_) page.name = std::to_string(first++);
+}
+
+void MapPages::FindPlaces() {
+    places_.clear();
+    for (std::size_t i = 0; i < pages_.size(); ++i) places_.emplace(pages_[i].name, i);
+}
+
+void MapPages::NumberByBook(OpenDocument& open) {
+    const auto frame = open.Manager().SeriesMapFrame();
+    if (areNumbersTold_ || !frame) return;
+    auto& locale = open.Host().Locale();
+    const gazetteer::Settings& settings = open.Manager().BoundSettings();
+    const auto siblings = gazetteer::SiblingObjects::Create(open.Host());
+    const std::string& section = settings.mapSeriesSectionKey;
+    if (!gazetteer::MakePageCorrection(settings, siblings, frame, locale).isByBook ||
+        siblings.mapBook->SectionPages(section).size() != pages_.size())
+        return;
+    NumberFrom(gazetteer::ToLong(siblings.mapBook->SectionStartPage(section), locale));
+    FindPlaces();
+}
+
+const pdf::Target* MapPages::Find(std::string_view page, const MapSquare* square) {
+    const auto found = places_.find(page);
+    if (found == places_.end()) return nullptr;
+    TargetKey key{found->second, 0, 0};
+    if (square) key = {found->second, ToSize(square->row), ToSize(square->column)};
+    auto [target, isNew] = targets_.try_emplace(key);
+    if (isNew) target->second = MakeTarget(found->second, square);
+    return &target->second;
+}
+
+pdf::Target MapPages::MakeTarget(std::size_t place, const MapSquare* square) const {
+    const pdf::ExistingPage& page = pages_[place];
     pdf::Target target;
     target.file = file_;
-    target.page = found->second;
-    target.name = "gazetteer.page." + found->first;
-    target.description = "Page " + found->first;
-    return &targets_.emplace(found->second, std::move(target)).first->second;
+    target.page = static_cast<int>(place);
+    target.name = "gazetteer.page." + page.name;
+    target.description = "Page " + page.name;
+    if (!square) return target;
+    target.view = pdf::OnPage(page, square->place);
+    target.name += '.' + std::to_string(square->row) + '.' + std::to_string(square->column);
+    target.description += ", row " + std::to_string(square->row) + ", column " +
+                          std::to_string(square->column) + " of the grid";
+    return target;
 }
 
 std::vector<pdf::Destination> MapPages::Destinations() const {
     std::vector<pdf::Destination> destinations;
-    for (const auto& [page, target] : targets_)
-        destinations.push_back({target.name, page, target.view});
+    for (const auto& [key, target] : targets_)
+        destinations.push_back({target.name, target.page, target.view});
     return destinations;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -8,7 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "app/document/MapSquares.h"
+#include "app/document/OpenDocument.h"
 #include "pdf/existing/AppendPages.h"
+#include "pdf/existing/ExistingPages.h"
 #include "pdf/navigation/Target.h"
 
 namespace app {
@@ -20,31 +25,45 @@ struct MapFile {
     std::optional<std::int64_t> firstPage;  ///< Page of the file that is map page 1.
 };
 
-/// The pages of the maps, by the names that references give them: the page labels of the file or,
-/// without these, their numbers in the file.
+/// The pages of the maps, by the names that references give them: what the user told, else the page
+/// labels of the file, else their numbers in the file.
 class MapPages {
 public:
     /// Reads the file. Links are written for an index at the given path. Throws CommandError for a
     /// file that cannot be read.
     MapPages(MapFile maps, const std::string& indexPath);
 
+    /// Numbers the pages as the map book does, where nobody told their numbers and the file has as
+    /// many pages as the section of the maps that the bound gazetteer is linked to.
+    void NumberByBook(OpenDocument& open);
+
     const std::string& Path() const { return maps_.path; }
     /// Whether the output has the pages of the maps before those of the index.
     bool IsSameFile() const { return maps_.isSameFile; }
 
-    bool Has(std::string_view page) const { return pages_.contains(page); }
+    bool Has(std::string_view page) const { return places_.contains(page); }
 
-    /// Returns the target of a page; null if there is no such page. Valid while this exists.
-    const pdf::Target* Find(std::string_view page);
+    /// Returns the target of a page, or of a square on it; null if there is no such page. The
+    /// square may be null. Valid while this exists.
+    const pdf::Target* Find(std::string_view page, const MapSquare* square);
 
     /// Returns the destinations of the targets found so far, for an output with the maps.
     std::vector<pdf::Destination> Destinations() const;
 
 private:
+    void NumberFrom(std::int64_t first);
+    void FindPlaces();
+    pdf::Target MakeTarget(std::size_t place, const MapSquare* square) const;
+
     MapFile maps_;
     std::string file_;  ///< As links name it; empty in the same file.
-    std::map<std::string, int, std::less<>> pages_;
-    std::map<int, pdf::Target> targets_;  ///< By page.
+    std::vector<pdf::ExistingPage> pages_;
+    bool areNumbersTold_ = false;                             ///< By the user or by page labels.
+    std::map<std::string, std::size_t, std::less<>> places_;  ///< Of the pages, by their names.
+
+    /// Page, row and column; row and column are 0 for a whole page.
+    using TargetKey = std::array<std::size_t, 3>;
+    std::map<TargetKey, pdf::Target> targets_;
 };
 
 /// Reads the file of the maps; null without a path. Throws UsageError for an output that is no PDF,

@@ -95,7 +95,8 @@ std::vector<FoundReference> References::Find(std::string_view text) const {
             pattern_.PageAndSquare(std::string_view(blanks).substr(first, end - first));
         const bool isSquareAlone = pattern_.HasSquares() && square.empty() && !lastPage.empty();
         if (!isSquareAlone) lastPage = text.substr(first, page.size());
-        if (end > first) Add({first, end, lastPage}, found);
+        const auto& shown = isSquareAlone ? page : square;
+        if (end > first) Add({first, end, lastPage, std::string(shown)}, found);
         first = pieceEnd + std::max<std::size_t>(1, SeparatorAt(blanks, pieceEnd));
     }
     return found;
@@ -106,8 +107,8 @@ void References::Add(const FoundReference& reference, std::vector<FoundReference
     const std::size_t dash = isGrouped_ ? DashOfRun(reference.page) : std::string_view::npos;
     if (dash == std::string_view::npos) return found.push_back(reference);
     const std::size_t middle = reference.first + dash;
-    found.push_back({reference.first, middle, reference.page.substr(0, dash)});
-    found.push_back({middle + 1, reference.end, reference.page.substr(dash + 1)});
+    found.push_back({reference.first, middle, reference.page.substr(0, dash), {}});
+    found.push_back({middle + 1, reference.end, reference.page.substr(dash + 1), {}});
 }
 
 }  // namespace app

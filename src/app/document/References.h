@@ -15,6 +15,7 @@ namespace app {
 struct FoundReference {
     std::size_t first = 0, end = 0;  ///< Bytes of the text.
     std::string_view page;           ///< Part of the text.
+    std::string square;              ///< Empty where references have none.
 };
 
 /// Finds the references in the cells of a column, which may be combined or grouped by page.
@@ -24,6 +25,9 @@ public:
     /// with the page.
     static std::optional<References> Of(const gazetteer::Settings& settings,
                                         std::string_view expression);
+
+    /// The expression of squares; empty where references have none.
+    const std::string& SquareExpression() const { return pattern_.Square(); }
 
     /// Finds the references of a text as it is drawn, which may have line ends in place of blanks.
     std::vector<FoundReference> Find(std::string_view text) const;

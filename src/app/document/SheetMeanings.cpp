@@ -52,14 +52,15 @@ SheetMeanings::SheetMeanings(OpenDocument& open, MapPages* pages)
     for (const std::string& name : gazetteer::NamesOf(*settings.columnDisplayOrder)) {
         const auto set = gazetteer::SetUnder(*settings.columnsProperties, name);
         const auto column = gazetteer::ReadColumnProperties(*set, open.Host().Locale());
-        columns_.push_back(ReadColumn(settings, column.expression));
+        columns_.push_back(ReadColumn(open, column));
     }
     leader_ = settings.typesetting.leaderDot + ' ';
     continued_ = settings.typesetting.continued;
 }
 
-SheetMeanings::Column SheetMeanings::ReadColumn(const gazetteer::Settings& settings,
-                                                const std::string& expression) const {
+SheetMeanings::Column SheetMeanings::ReadColumn(
+    OpenDocument& open, const gazetteer::ColumnProperties& properties) const {
+    const std::string& expression = properties.expression;
     const auto leader = expression.rfind(gazetteer::kDotsToken);
     const std::string_view whole = expression;
     const auto roleOf = [](std::string_view part) {
@@ -68,8 +69,10 @@ SheetMeanings::Column SheetMeanings::ReadColumn(const gazetteer::Settings& setti
     const bool hasLeader = leader != std::string::npos;
     const auto tail =
         hasLeader ? whole.substr(leader + std::size(gazetteer::kDotsToken) - 1) : whole;
-    Column column{hasLeader, roleOf(whole.substr(0, leader)), roleOf(tail), {}};
-    if (pages_) column.references = References::Of(settings, expression);
+    Column column{hasLeader, roleOf(whole.substr(0, leader)), roleOf(tail), {}, {}};
+    if (!pages_) return column;
+    column.references = References::Of(open.Manager().BoundSettings(), expression);
+    if (column.references) column.squares.emplace(open, properties, *column.references);
     return column;
 }
 
@@ -174,6 +177,7 @@ void SheetMeanings::BeginCell(const host::IHostGroupElement& cell) {
         }
     }
     references_ = column.references->Find(cellText_);
+    squares_ = &*column.squares;
     cellAt_ = 0;
     isBehindLeader_ = false;
 }
@@ -211,7 +215,7 @@ void SheetMeanings::AddReferences(std::string_view text, std::size_t before) {
     for (const FoundReference& reference : references_) {
         if (reference.end <= cellAt_ || reference.first >= cellAt_ + text.size()) continue;
         partUpTo(reference.first, nullptr);
-        partUpTo(reference.end, pages_->Find(reference.page));
+        partUpTo(reference.end, pages_->Find(reference.page, squares_->Find(reference.square)));
     }
     partUpTo(cellAt_ + text.size(), nullptr);
     cellAt_ += text.size() + 1;

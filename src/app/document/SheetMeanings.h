@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/document/MapPages.h"
+#include "app/document/MapSquares.h"
 #include "app/document/OpenDocument.h"
 #include "app/document/References.h"
 #include "desk/drawing/TextReader.h"
@@ -36,8 +37,9 @@ private:
         pdf::Role before = pdf::Role::Name;
         pdf::Role behind = pdf::Role::Name;
         std::optional<References> references;
+        std::optional<MapSquares> squares;  ///< That they tell.
     };
-    Column ReadColumn(const gazetteer::Settings& settings, const std::string& expression) const;
+    Column ReadColumn(OpenDocument& open, const gazetteer::ColumnProperties& properties) const;
 
     void BeginRow(Row row, const host::IHostGroupElement& group);
     bool HasName(const host::IHostGroupElement& row) const;
@@ -65,6 +67,7 @@ private:
     std::vector<desk::TextPart> parts_;
     std::string cellText_;                    ///< All references of the cell, a line for each text.
     std::vector<FoundReference> references_;  ///< In it.
+    const MapSquares* squares_ = nullptr;     ///< That they tell.
     std::size_t cellAt_ = 0;                  ///< Bytes of it that were read.
 };
 

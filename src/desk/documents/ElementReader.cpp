@@ -9,6 +9,7 @@
 #include <string_view>
 #include <utility>
 
+#include "desk/json/Coordinates.h"
 #include "desk/objects/Depth.h"
 #include "desk/objects/Elements.h"
 #include "desk/objects/Geometry.h"
@@ -175,22 +176,6 @@ host::Variant ReadValue(const JsonNode& node, Engine engine) {
             break;
     }
     node.Fail("this is no value");
-}
-
-/// Inches from the sheet's corner. Rows beyond the edge of a sheet may lie far off: 50 columns of
-/// the longest lengths of a gazetteer.
-double Coordinate(const JsonNode& node) {
-    constexpr double kFarthest = 1e6;
-    return node.NumberIn(-kFarthest, kFarthest, "a number of inches");
-}
-
-template <std::size_t Size>
-std::array<double, Size> Coordinates(const JsonNode& node) {
-    if (node.Count() != Size) node.Fail(std::to_string(Size) + " numbers are expected");
-    std::array<double, Size> numbers{};
-    std::size_t next = 0;
-    node.Each([&](const JsonNode& number) { numbers[next++] = Coordinate(number); });
-    return numbers;
 }
 
 host::Ref<host::IHostPoint> PointIn(const JsonNode& node) {

@@ -6,10 +6,12 @@
 #include <utility>
 
 #include "desk/files/Files.h"
+#include "desk/json/Coordinates.h"
 #include "desk/json/JsonNode.h"
 #include "desk/json/ParsedJson.h"
 #include "desk/mapbook/SeriesManager.h"
 #include "desk/objects/Depth.h"
+#include "desk/objects/Geometry.h"
 #include "host/Failure.h"
 
 namespace desk {
@@ -106,7 +108,16 @@ private:
         const auto series = node.Optional("series");
         const auto frame = series ? Paging(ReadSeries(*series)) : std::make_shared<MapFrame>();
         frame->SetName(TextOf(node.Member("name")));
+        if (const auto geometry = node.Optional("geometry"))
+            frame->SetGeometry(EnvelopeIn(geometry->Member("envelope")));
         return frame;
+    }
+
+    static host::Ref<host::IHostEnvelope> EnvelopeIn(const JsonNode& node) {
+        const auto [xmin, ymin, xmax, ymax] = Coordinates<4>(node);
+        if (xmin >= xmax || ymin >= ymax)
+            node.Fail("left, bottom, right and top are expected, in this order");
+        return std::make_shared<Envelope>(xmin, ymin, xmax, ymax);
     }
 
     static std::shared_ptr<MapFrame> Paging(Series series) {

@@ -1,7 +1,8 @@
-#include "pdf/existing/PageNames.h"
+#include "pdf/existing/ExistingPages.h"
 
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageLabelDocumentHelper.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
 #include <utility>
 
 #include "pdf/existing/OpenFile.h"
@@ -48,18 +49,48 @@ std::string NameOf(QPDFObjectHandle label) {
     return name;
 }
 
+View Sheet(QPDFPageObjectHelper& page) {
+    auto box = page.getTrimBox().getArrayAsRectangle();
+    return {box.llx, box.lly, box.urx, box.ury};
+}
+
+int QuarterTurns(QPDFPageObjectHelper& page) {
+    auto turn = page.getAttribute("/Rotate", false);
+    if (!turn.isInteger()) return 0;
+    constexpr int kDegrees = 360;
+    constexpr int kQuarter = 90;
+    const auto degrees = static_cast<int>(turn.getIntValue() % kDegrees);
+    return (degrees + kDegrees) % kDegrees / kQuarter;
+}
+
 }  // namespace
 
-PageNames ReadPageNames(const std::string& path) {
+std::vector<ExistingPage> ReadPages(const std::string& path) {
     const auto file = OpenFile(path);
     QPDFPageLabelDocumentHelper labels(*file);
-    PageNames pages{labels.hasPageLabels(), {}};
-    const auto count = static_cast<long long>(file->getAllPages().size());
-    for (long long page = 0; page < count; ++page) {
-        auto label = labels.getLabelForPage(page);
-        pages.names.push_back(label.isDictionary() ? NameOf(label) : std::to_string(page + 1));
+    std::vector<ExistingPage> pages;
+    for (const auto& object : file->getAllPages()) {
+        QPDFPageObjectHelper page(object);
+        auto label = labels.getLabelForPage(static_cast<long long>(pages.size()));
+        pages.push_back({label.isDictionary() ? NameOf(label) : std::string(), Sheet(page),
+                         QuarterTurns(page)});
     }
     return pages;
+}
+
+View OnPage(const ExistingPage& page, const View& part) {
+    const View& sheet = page.sheet;
+    const double width = sheet.right - sheet.left;
+    const double height = sheet.top - sheet.bottom;
+    View turned = part;
+    if (page.quarterTurns == 1)
+        turned = {width - part.top, part.left, width - part.bottom, part.right};
+    if (page.quarterTurns == 2)
+        turned = {width - part.right, height - part.top, width - part.left, height - part.bottom};
+    if (page.quarterTurns == 3)
+        turned = {part.bottom, height - part.right, part.top, height - part.left};
+    return {sheet.left + turned.left, sheet.bottom + turned.bottom, sheet.left + turned.right,
+            sheet.bottom + turned.top};
 }
 
 }  // namespace pdf
