@@ -195,7 +195,7 @@ TEST(Links, OfSquaresLeadToTheirPartOfTheMap) {
     arguments.back() = "book.pdf";
     program.Done(arguments);
     const std::string told = program.Shell("pdfinfo -dests book.pdf");
-    EXPECT_TRUE(Contains(told, "gazetteer.page.5.1.2")) << told;
+    EXPECT_TRUE(Contains(told, "gazetteer.page.1.1.2")) << told;
 }
 
 TEST(Links, ThatLeadNowhereAreFound) {
@@ -214,10 +214,15 @@ TEST(Links, ThatLeadNowhereAreFound) {
 TEST(Links, RefusesWhatIsNoAtlas) {
     const Program program;
     MakeAtlas(program.File("atlas.pdf"), 0, 2, false);
-    program.Shell("qpdf --encrypt a b 256 -- atlas.pdf locked.pdf; echo x > none.pdf");
+    program.Shell(
+        "qpdf --encrypt a b 256 -- atlas.pdf locked.pdf; qpdf --encrypt '' b 256 -- atlas.pdf "
+        "owned.pdf; echo x > none.pdf");
     const std::tuple<std::vector<std::string>, int, std::string> cases[] = {
         {{"--maps", "missing.pdf", "-o", "o.pdf"}, 1, "missing.pdf"},
         {{"--maps", "none.pdf", "-o", "o.pdf"}, 1, "\"none.pdf\" cannot be read as PDF"},
+        {{"--maps", "", "-o", "o.pdf"}, 2, "--maps"},
+        {{"--press", "", "-o", "o.pdf"}, 2, "--press"},
+        {{"--append-to", "owned.pdf", "-o", "o.pdf"}, 1, "password of its owner"},
         {{"--append-to", "locked.pdf", "-o", "o.pdf"}, 1, "protected by a password"},
         {{"--append-to", "atlas.pdf", "-o", "atlas.pdf"}, 2, "the maps are in it"},
         {{"--maps", "atlas.pdf", "-o", "o.png"}, 2, "only a PDF has links"},

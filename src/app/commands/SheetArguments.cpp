@@ -7,11 +7,17 @@
 namespace app {
 namespace {
 
+/// An empty name is most likely that of a variable of the shell that is not set.
+std::string CheckGiven(const std::string& value) {
+    return value.empty() ? "its value is empty" : "";
+}
+
 void DeclareMaps(CLI::App& command, Options& options) {
     MapFile& maps = options.maps;
     auto* const beside =
         AddText(command, "--maps", maps.path,
-                "PDF of the maps: each reference of a PDF becomes a link to its page");
+                "PDF of the maps: each reference of a PDF becomes a link to its page")
+            ->check(CheckGiven);
     auto* const append = command.add_option_function<std::string>(
         "--append-to",
         [&maps](const std::string& path) {
@@ -19,7 +25,7 @@ void DeclareMaps(CLI::App& command, Options& options) {
             maps.isSameFile = true;
         },
         "PDF of the maps: the output has their pages and the index after them, with links");
-    append->excludes(beside);
+    append->excludes(beside)->check(CheckGiven);
     command.add_option("--first-map-page", maps.firstPage,
                        "Page of that PDF with the number 1 (default: by its page labels)");
 }
@@ -29,10 +35,12 @@ void DeclarePress(CLI::App& command, Options& options) {
     command
         .add_option("--press", options.press.profile,
                     "Make a PDF/X-4 for a printer, with the colours of this ICC profile of a press")
+        ->check(CheckGiven)
         ->excludes("--maps", "--append-to");
     AddText(command, "--bleed", options.press.bleed,
             "With --press: what pages have beyond each edge of the sheet, in inches or with mm "
-            "behind it, such as 3mm");
+            "behind it, such as 3mm")
+        ->check(CheckGiven);
     command.add_flag("--crop-marks", options.press.cropMarks,
                      "With --press: mark the corners of the sheet, outside the bleed");
 }

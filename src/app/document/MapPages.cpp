@@ -1,5 +1,6 @@
 #include "app/document/MapPages.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -32,7 +33,8 @@ std::size_t ToSize(std::int32_t number) {
 MapPages::MapPages(MapFile maps, const std::string& indexPath) try : maps_(std::move(maps)) {
     if (!maps_.isSameFile) file_ = PathFrom(indexPath, maps_.path);
     pages_ = pdf::ReadPages(maps_.path);
-    const bool haveLabels = !pages_.empty() && !pages_.front().name.empty();
+    const bool haveLabels = std::ranges::any_of(
+        pages_, [](const pdf::ExistingPage& page) { return !page.name.empty(); });
     areNumbersTold_ = maps_.firstPage || haveLabels;
     if (maps_.firstPage || !haveLabels) NumberFrom(2 - maps_.firstPage.value_or(1));
     FindPlaces();
@@ -46,7 +48,9 @@ void MapPages::NumberFrom(std::int64_t first) {
 
 void MapPages::FindPlaces() {
     places_.clear();
-    for (std::size_t i = 0; i < pages_.size(); ++i) places_.emplace(pages_[i].name, i);
+    for (std::size_t i = 0; i < pages_.size(); ++i)
+        places_.emplace(WithoutBlanks(pages_[i].name), i);
+    places_.erase("");
 }
 
 void MapPages::NumberByBook(OpenDocument& open) {
@@ -63,8 +67,12 @@ void MapPages::NumberByBook(OpenDocument& open) {
     FindPlaces();
 }
 
+bool MapPages::Has(std::string_view page) const {
+    return places_.contains(WithoutBlanks(page));
+}
+
 const pdf::Target* MapPages::Find(std::string_view page, const MapSquare* square) {
-    const auto found = places_.find(page);
+    const auto found = places_.find(WithoutBlanks(page));
     if (found == places_.end()) return nullptr;
     TargetKey key{found->second, 0, 0};
     if (square) key = {found->second, ToSize(square->row), ToSize(square->column)};
@@ -78,7 +86,7 @@ pdf::Target MapPages::MakeTarget(std::size_t place, const MapSquare* square) con
     pdf::Target target;
     target.file = file_;
     target.page = static_cast<int>(place);
-    target.name = "gazetteer.page." + page.name;
+    target.name = "gazetteer.page." + std::to_string(place + 1);
     target.description = "Page " + page.name;
     if (!square) return target;
     target.view = pdf::OnPage(page, square->place);

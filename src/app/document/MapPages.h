@@ -41,7 +41,8 @@ public:
     /// Whether the output has the pages of the maps before those of the index.
     bool IsSameFile() const { return maps_.isSameFile; }
 
-    bool Has(std::string_view page) const { return places_.contains(page); }
+    /// Whether a page has this name. Blanks and line ends in it do not count.
+    bool Has(std::string_view page) const;
 
     /// Returns the target of a page, or of a square on it; null if there is no such page. The
     /// square may be null. Valid while this exists.
@@ -59,7 +60,7 @@ private:
     std::string file_;  ///< As links name it; empty in the same file.
     std::vector<pdf::ExistingPage> pages_;
     bool areNumbersTold_ = false;                             ///< By the user or by page labels.
-    std::map<std::string, std::size_t, std::less<>> places_;  ///< Of the pages, by their names.
+    std::map<std::string, std::size_t, std::less<>> places_;  ///< By names without blanks.
 
     /// Page, row and column; row and column are 0 for a whole page.
     using TargetKey = std::array<std::size_t, 3>;

@@ -13,13 +13,6 @@ namespace {
 
 using Part = desk::ExpressionPart;
 
-/// Lines may end inside the text of a square, after a hyphen or in place of a blank.
-std::string WithoutBlanks(std::string_view text) {
-    std::string result(text);
-    std::erase_if(result, [](char byte) { return byte == ' ' || byte == '\n' || byte == '\r'; });
-    return result;
-}
-
 /// The values of row and column that stand in a square's text.
 struct Labels {
     std::string row, column;

@@ -31,6 +31,12 @@ std::size_t DashOfRun(std::string_view pages) {
 
 }  // namespace
 
+std::string WithoutBlanks(std::string_view text) {
+    std::string result(text);
+    std::erase_if(result, IsBlank);
+    return result;
+}
+
 std::optional<References> References::Of(const gazetteer::Settings& settings,
                                          std::string_view expression) {
     auto pattern = gazetteer::ReferencePattern::Of(

@@ -18,6 +18,10 @@ struct FoundReference {
     std::string square;              ///< Empty where references have none.
 };
 
+/// Returns a text without blanks and line ends. Lines may end inside a reference, after a hyphen or
+/// in place of a blank, so that texts of references are compared without them.
+std::string WithoutBlanks(std::string_view text);
+
 /// Finds the references in the cells of a column, which may be combined or grouped by page.
 class References {
 public:

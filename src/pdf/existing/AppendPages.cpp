@@ -129,8 +129,11 @@ void Write(QPDF& file, Output& output) {
 }  // namespace
 
 void AppendPages(const std::string& first, const std::string& other, const std::string& title,
-                 const std::vector<Destination>& destinations, Output& output) {
+                 const std::vector<Destination>& destinations, Output& output) try {
     const auto file = OpenFile(first);
+    // What is written would not be protected, which the owner did not want.
+    if (file->isEncrypted())
+        throw UnreadableFile(first, "it is protected by a password of its owner");
     const auto added = OpenFile(other);
     const auto pages = static_cast<int>(file->getAllPages().size());
     AddLabels(*file, *added, pages);
@@ -141,6 +144,8 @@ void AppendPages(const std::string& first, const std::string& other, const std::
     AddBookmarks(*file, *added, title, file->getAllPages().at(static_cast<std::size_t>(pages)));
     MergeStructure(*file, *added, pages);
     Write(*file, output);
+} catch (const QPDFExc& error) {
+    throw UnreadableFile(first, error.getMessageDetail());
 }
 
 }  // namespace pdf

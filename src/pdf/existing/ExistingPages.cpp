@@ -1,8 +1,10 @@
 #include "pdf/existing/ExistingPages.h"
 
 #include <qpdf/QPDF.hh>
+#include <qpdf/QPDFExc.hh>
 #include <qpdf/QPDFPageLabelDocumentHelper.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>
+#include <stdexcept>
 #include <utility>
 
 #include "pdf/existing/OpenFile.h"
@@ -65,7 +67,7 @@ int QuarterTurns(QPDFPageObjectHelper& page) {
 
 }  // namespace
 
-std::vector<ExistingPage> ReadPages(const std::string& path) {
+std::vector<ExistingPage> ReadPages(const std::string& path) try {
     const auto file = OpenFile(path);
     QPDFPageLabelDocumentHelper labels(*file);
     std::vector<ExistingPage> pages;
@@ -76,6 +78,10 @@ std::vector<ExistingPage> ReadPages(const std::string& path) {
                          QuarterTurns(page)});
     }
     return pages;
+} catch (const QPDFExc& error) {
+    throw UnreadableFile(path, error.getMessageDetail());
+} catch (const std::range_error& error) {
+    throw UnreadableFile(path, error.what());
 }
 
 View OnPage(const ExistingPage& page, const View& part) {

@@ -68,6 +68,9 @@ void MergeStructure(QPDF& file, QPDF& copied, int firstCopiedPage) {
 
     auto document = file.copyForeignObject(copiedRoot.getKey("/K"));
     document.replaceKey("/P", root);
+    // The language of the file is that of the first one.
+    if (copied.getRoot().hasKey("/Lang"))
+        document.replaceKey("/Lang", file.copyForeignObject(copied.getRoot()).getKey("/Lang"));
     KidsOf(root).appendItem(document);
 
     QPDFNumberTreeObjectHelper numbers(tree, file);

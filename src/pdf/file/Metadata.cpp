@@ -10,13 +10,16 @@
 namespace pdf {
 namespace {
 
-/// Returns nothing if SOURCE_DATE_EPOCH is not a number.
+/// Returns nothing if SOURCE_DATE_EPOCH is no number, or one of a year without four digits.
 std::optional<std::int64_t> SourceTime() {
     const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
     if (!epoch || !*epoch) return std::nullopt;
     char* end = nullptr;
     const std::int64_t seconds = std::strtoll(epoch, &end, 10);
-    return *end == '\0' ? std::optional(seconds) : std::nullopt;
+    constexpr std::int64_t kFirst = -62'135'596'800;  // Year 1.
+    constexpr std::int64_t kLast = 253'402'300'799;   // End of year 9999.
+    return *end == '\0' && seconds >= kFirst && seconds <= kLast ? std::optional(seconds)
+                                                                 : std::nullopt;
 }
 
 /// Returns an empty text if no date is told.
