@@ -21,9 +21,9 @@ std::string_view WithoutBlanksBehind(std::string_view text) {
 // More of a word than a line takes, so that each line of a very long one costs the same.
 constexpr std::size_t kMostOfWord = 4096;  // Bytes.
 
-std::string_view BeginningOf(std::string_view word) {
-    if (word.size() <= kMostOfWord) return word;
-    std::size_t end = kMostOfWord;
+std::string_view BeginningOf(std::string_view word, std::size_t most = kMostOfWord) {
+    if (word.size() <= most) return word;
+    std::size_t end = most;
     while (end > 0 && (word[end] & 0xC0) == 0x80) --end;  // Does not cut inside a character.
     return word.substr(0, end);
 }
@@ -99,13 +99,23 @@ std::vector<std::size_t> ParagraphBreaker::LineEnds(std::string_view text) {
     return ends;
 }
 
+// False if the beginning of a word is longer than the line. Ever longer beginnings are measured, so
+// that a word much longer than the line costs no more than the line.
+bool ParagraphBreaker::MayFit(std::string_view word, double width) {
+    constexpr std::size_t kShort = 64;  // Bytes.
+    for (std::size_t most = kShort; most < word.size(); most *= 2)
+        if (!Fits(std::string(BeginningOf(word, most)), width)) return false;
+    return true;
+}
+
 ParagraphBreaker::Part ParagraphBreaker::TakeLine(std::string_view text, std::size_t start,
                                                   const std::vector<std::size_t>& ends,
                                                   double width) {
     const auto first = std::ranges::upper_bound(ends, start);
     Part taken;
     Part shortPart;
-    for (auto end = first; end != ends.end(); ++end) {
+    const auto last = MayFit(text.substr(start, *first - start), width) ? ends.end() : first;
+    for (auto end = first; end != last; ++end) {
         auto line = AsLine(text.substr(start, *end - start));
         if (!Fits(line, width)) break;
         (JoinsShortParts(text, *end) ? shortPart : taken) = {std::move(line), *end - start};

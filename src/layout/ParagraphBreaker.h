@@ -40,6 +40,7 @@ private:
                   double width);
     Part DivideWord(std::string_view word, std::size_t start, double width);
     Part TearWord(std::string_view word, double width);
+    bool MayFit(std::string_view word, double width);
     bool Fits(const std::string& line, double width) { return measure_.Width(line) <= width; }
 
     host::IHostLocale& locale_;

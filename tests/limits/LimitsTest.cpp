@@ -75,7 +75,8 @@ TEST(Sizes, OfColumns) {
     Trial trial;
     const auto& program = trial.program;
     program.Done({"set", "names.json", "*.MarginLeft=0", "*.MarginRight=0", "*.ColumnWidth=0.15",
-                  "*.Title=", "*.ColumnFontSymbol=DejaVu Sans,2", "*.BreakHeading=false"});
+                  "*.Title=", "*.ColumnFontSymbol=DejaVu Sans,2", "*.BreakHeading=false",
+                  "Typesetting.HangingIndent=0"});
     for (int column = 3; column <= 50; ++column)
         program.Done({"column", "add", "names.json", "C" + std::to_string(column),
                       "Title=", "ColumnWidth=0.15", "Expression=" + std::to_string(column)});
