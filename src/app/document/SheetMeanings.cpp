@@ -161,7 +161,7 @@ void SheetMeanings::BeginCell(const host::IHostGroupElement& cell) {
     isBehindLeader_ = false;
     references_.clear();
     const Column& column = columns_[std::min(column_ - 1, columns_.size() - 1)];
-    if (!column.references) return;
+    if (!column.references || !column.squares) return;
     cellText_.clear();
     for (std::int32_t i = 0; i < cell.Count(); ++i) {
         const auto element = host::As<host::IHostTextElement>(cell.Item(i));
