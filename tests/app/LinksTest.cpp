@@ -149,8 +149,8 @@ TEST(Links, TheMapsBeforeAnIndexStayAsTheyAre) {
 }
 
 // A map of 2 x 2 squares, each 1 x 1.5 inches, that begins half an inch from the sheet's lower left
-// corner. The second sheet has a bleed of 10 points, the third is turned. The
-// book tells the numbers of the pages.
+// corner. The second sheet has a bleed of 10 points, the third is turned. The book
+// tells the numbers of the pages.
 TEST(Links, OfSquaresLeadToTheirPartOfTheMap) {
     const Program program;
     MakeAtlas(program.File("plain.pdf"), 0, 3, false);
