@@ -43,8 +43,7 @@ TEST_F(Print, MakesAnIndexThatFillsTheSheet) {
 
 TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
     program_.Done(
-        {"make", "long.dbf", "-o", "o.pdf", "--document", "o.json", "--first-page", "97", "--set",
-         "Typesetting.Continued={letter} (continued from the column before, with all its words)"});
+        {"make", "long.dbf", "-o", "o.pdf", "--document", "o.json", "--first-page", "97"});
     const auto pages = program_.Done({"show", "o.json", "--json"}).Json()["pages"];
     const auto of = [&](std::size_t page, const char* key) {
         return pages[page][key].get<std::string>().substr(1);  // Without the leading blank.
@@ -60,8 +59,6 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
                                             of(i, "name") + "</item>"));
     // Below those of the pages stand the letters; the pages have the printed numbers.
     EXPECT_TRUE(Contains(bookmarks, "<item page=\"1\">B</item>"));
-    EXPECT_TRUE(
-        Contains(bookmarks, " (continued from the column before, with all its words)</item>"));
     const std::string file = program_.Shell("qpdf --qdf --object-streams=disable o.pdf -");
     for (const char* part : {"/St 97", "/Lang (en-US)", "/Metadata ", "<dc:title><rdf:Alt>"})
         EXPECT_TRUE(file.find(part) != std::string::npos) << part;
@@ -76,6 +73,26 @@ TEST_F(Print, SheetsCarryHeadNumberBookmarkAndTitle) {
         EXPECT_EQ(elements[2]["tag"], "SHEETNUMBER");
         EXPECT_EQ(elements[2]["text"], std::to_string(page + 97));
     }
+}
+
+// Also where they are several lines, and go on in columns and pages that follow.
+TEST_F(Print, EachHeadingIsToldOnce) {
+    std::vector<std::vector<std::string>> rows;
+    for (const char* kind : {"1 Street ", "Avenue "})
+        for (int i = 100; i < 240; ++i) rows.push_back({kind + std::to_string(i), "1", "2", "3"});
+    program_.WriteTable("t.dbf", rows);
+    const std::string digits = "Names that begin with a number or with any other sign";
+    program_.Done({"make", "t.dbf", "-o", "o.pdf", "--page-size", "4x6", "--set",
+                   "Typesetting.DigitsHeading=" + digits, "--set",
+                   "Typesetting.Continued={letter} (continued from the page or column before)",
+                   "--set", "Typesetting.ContinuedAt=column group"});
+    EXPECT_TRUE(Contains(program_.Shell("pdftotext -layout o.pdf -"), "(continued from the"));
+    EXPECT_EQ(program_.Shell("pdfinfo -struct o.pdf | grep -c H1"), "2\n");
+    EXPECT_FALSE(Contains(program_.Shell("pdfinfo -struct-text o.pdf"), "continued"));
+    EXPECT_EQ(program_.Shell("pdftohtml -xml -i -stdout o.pdf | grep -c '>" + digits + "</item>'"),
+              "1\n");
+    EXPECT_FALSE(
+        Contains(program_.Shell("pdftohtml -xml -i -stdout o.pdf | grep '</item>'"), "continued"));
 }
 
 TEST_F(Print, OverridesComeLast) {

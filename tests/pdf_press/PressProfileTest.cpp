@@ -23,6 +23,7 @@ TEST(PressProfile, PrintsNeutralColoursWithBlackAloneAndTheDarkerTheMore) {
         EXPECT_LT(inks.black, lighter) << gray;
         lighter = inks.black;
     }
+    EXPECT_EQ(pdf::PressProfile(press.Bytes() + "not of it").Bytes(), press.Bytes());
     // On this press half the ink is darker than half a screen's value.
     EXPECT_NEAR(press.Convert(0x808080).black, 0.5, 0.15);
 }

@@ -7,6 +7,8 @@
 namespace app {
 namespace {
 
+constexpr std::int64_t kMostMapPages = 1'000'000;
+
 /// An empty name is most likely that of a variable of the shell that is not set.
 std::string CheckGiven(const std::string& value) {
     return value.empty() ? "its value is empty" : "";
@@ -26,8 +28,9 @@ void DeclareMaps(CLI::App& command, Options& options) {
         },
         "PDF of the maps: the output has their pages and the index after them, with links");
     append->excludes(beside)->check(CheckGiven);
-    command.add_option("--first-map-page", maps.firstPage,
-                       "Page of that PDF with the number 1 (default: by its page labels)");
+    // Below 1 where the first page of the file has a number above 1.
+    AddNumber(command, "--first-map-page", maps.firstPage, {-kMostMapPages, kMostMapPages},
+              "Page of that PDF with the number 1, {} (default: by its page labels)");
 }
 
 void DeclarePress(CLI::App& command, Options& options) {

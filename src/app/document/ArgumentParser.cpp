@@ -78,17 +78,21 @@ std::string FaultOf(const CLI::ParseError& error, const CLI::App& program) {
 }
 
 template <class Number>
-CLI::Option* AddNumberOf(CLI::App& command, const std::string& name, Number& value,
+CLI::Option* AddNumberOf(CLI::App& command, const std::string& name, auto& value,
                          const NumberRange& range, std::string text) {
     const std::string limits =
         "from " + std::to_string(range.least) + " to " + std::to_string(range.most);
     const char* const kind = std::is_integral_v<Number> ? "a whole number " : "a number ";
     const auto parse = [=, &value](const std::string& given) {
         const char* const end = given.data() + given.size();
-        const auto read = std::from_chars(given.data(), end, value);
-        if (read.ec == std::errc() && read.ptr == end &&
-            value >= static_cast<Number>(range.least) && value <= static_cast<Number>(range.most))
+        Number number{};
+        const auto read = std::from_chars(given.data(), end, number);
+        const bool isNumber = read.ec == std::errc() && read.ptr == end;
+        if (isNumber && number >= static_cast<Number>(range.least) &&
+            number <= static_cast<Number>(range.most)) {
+            value = number;
             return;
+        }
         throw UsageError(name + ' ' + Shown(given) + ": the value must be " + kind + limits + '.');
     };
     text.replace(text.find("{}"), 2, limits);
@@ -113,17 +117,22 @@ CLI::Option* AddText(CLI::App& command, const char* name, std::vector<std::strin
 
 CLI::Option* AddNumber(CLI::App& command, const char* name, std::int32_t& value,
                        const NumberRange& range, const char* text) {
-    return AddNumberOf(command, name, value, range, text);
+    return AddNumberOf<std::int32_t>(command, name, value, range, text);
 }
 
 CLI::Option* AddNumber(CLI::App& command, const char* name, std::int64_t& value,
                        const NumberRange& range, const char* text) {
-    return AddNumberOf(command, name, value, range, text);
+    return AddNumberOf<std::int64_t>(command, name, value, range, text);
+}
+
+CLI::Option* AddNumber(CLI::App& command, const char* name, std::optional<std::int64_t>& value,
+                       const NumberRange& range, const char* text) {
+    return AddNumberOf<std::int64_t>(command, name, value, range, text);
 }
 
 CLI::Option* AddNumber(CLI::App& command, const char* name, double& value, const NumberRange& range,
                        const char* text) {
-    return AddNumberOf(command, name, value, range, text);
+    return AddNumberOf<double>(command, name, value, range, text);
 }
 
 std::optional<int> Parse(CLI::App& program, int argc, const char* const* argv) {

@@ -31,6 +31,8 @@ CLI::Option* AddNumber(CLI::App& command, const char* name, std::int32_t& value,
                        const NumberRange& range, const char* text);
 CLI::Option* AddNumber(CLI::App& command, const char* name, std::int64_t& value,
                        const NumberRange& range, const char* text);
+CLI::Option* AddNumber(CLI::App& command, const char* name, std::optional<std::int64_t>& value,
+                       const NumberRange& range, const char* text);
 CLI::Option* AddNumber(CLI::App& command, const char* name, double& value, const NumberRange& range,
                        const char* text);
 

@@ -87,12 +87,11 @@ pdf::Target MapPages::MakeTarget(std::size_t place, const MapSquare* square) con
     target.file = file_;
     target.page = static_cast<int>(place);
     target.name = "gazetteer.page." + std::to_string(place + 1);
-    target.description = "Page " + page.name;
+    target.description = page.name;
     if (!square) return target;
     target.view = pdf::OnPage(page, square->place);
     target.name += '.' + std::to_string(square->row) + '.' + std::to_string(square->column);
-    target.description += ", row " + std::to_string(square->row) + ", column " +
-                          std::to_string(square->column) + " of the grid";
+    target.description += ", " + square->text;
     return target;
 }
 
@@ -104,7 +103,10 @@ std::vector<pdf::Destination> MapPages::Destinations() const {
 }
 
 std::shared_ptr<MapPages> OpenMaps(const MapFile& maps, const std::string& output) {
-    if (maps.path.empty()) return nullptr;
+    if (maps.path.empty()) {
+        if (maps.firstPage) throw UsageError("--first-map-page goes with --maps or --append-to.");
+        return nullptr;
+    }
     const auto* const format = desk::FormatOf(output);
     if (!format || !format->manySheets)
         throw UsageError("The output \"" + output +

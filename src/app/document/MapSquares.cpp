@@ -65,12 +65,12 @@ MapSquares::MapSquares(OpenDocument& open, const gazetteer::ColumnProperties& co
     const auto expression =
         desk::ParseExpression(open.Manager().DatabaseTable(), references.SquareExpression());
     std::set<std::string> doubled;
-    for (MapSquare square{1, 1, {}}; square.row <= grid->RowCount(); ++square.row)
+    for (MapSquare square{1, 1, {}, {}}; square.row <= grid->RowCount(); ++square.row)
         for (square.column = 1; square.column <= grid->ColumnCount(); ++square.column) {
             const Labels labels = LabelsOf(square, *grid, column.fromDatabase);
-            std::string text = Compose(expression.parts, labels, column.fromDatabase);
+            square.text = Compose(expression.parts, labels, column.fromDatabase);
             square.place = PlaceOf(square, *grid, *map);
-            if (!squares_.emplace(text, square).second) doubled.insert(std::move(text));
+            if (!squares_.emplace(square.text, square).second) doubled.insert(square.text);
         }
     for (const std::string& text : doubled) squares_.erase(text);
     squares_.erase("");

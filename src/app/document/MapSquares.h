@@ -16,6 +16,7 @@ namespace app {
 struct MapSquare {
     std::int32_t row = 0, column = 0;  ///< From 1, from the top and from the left.
     pdf::View place;                   ///< Points from the lower left corner of the sheet.
+    std::string text;                  ///< What references print, without blanks.
 };
 
 /// The squares of the linked map, by the texts that the references of a column give them.

@@ -12,22 +12,8 @@ namespace {
 
 using pdf::Role;
 
-/// The fields of an expression that say where a listing is found.
-constexpr std::string_view kPlaceFields[] = {"$$PAGE_NUMBER", "$$ROW", "$$COLUMN",
-                                             "[Page]",        "[Row]", "[Column]"};
-
 bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \r\n") == std::string_view::npos;
-}
-
-/// Returns whether the first field of an expression is one of a place.
-bool BeginsWithPlace(std::string_view expression) {
-    const auto first = std::min(expression.find("$$"), expression.find('['));
-    if (first == std::string_view::npos) return false;
-    expression.remove_prefix(first);
-    return std::ranges::any_of(kPlaceFields, [&](std::string_view field) {
-        return gazetteer::EqualsInAnyCase(expression.substr(0, field.size()), field);
-    });
 }
 
 /// The longest run of dots in a text.
@@ -47,33 +33,16 @@ Dots LongestDots(std::string_view text) {
 }  // namespace
 
 SheetMeanings::SheetMeanings(OpenDocument& open, MapPages* pages)
-    : pages_(pages), languages_(open.TheDesk().LanguageTag()) {
+    : pages_(pages),
+      headings_(open.Manager().BoundSettings().typesetting.continued),
+      languages_(open.TheDesk().LanguageTag()) {
     const gazetteer::Settings& settings = open.Manager().BoundSettings();
     for (const std::string& name : gazetteer::NamesOf(*settings.columnDisplayOrder)) {
         const auto set = gazetteer::SetUnder(*settings.columnsProperties, name);
         const auto column = gazetteer::ReadColumnProperties(*set, open.Host().Locale());
-        columns_.push_back(ReadColumn(open, column));
+        columns_.push_back(ReadColumn(open, column, pages_ != nullptr));
     }
     leader_ = settings.typesetting.leaderDot + ' ';
-    continued_ = settings.typesetting.continued;
-}
-
-SheetMeanings::Column SheetMeanings::ReadColumn(
-    OpenDocument& open, const gazetteer::ColumnProperties& properties) const {
-    const std::string& expression = properties.expression;
-    const auto leader = expression.rfind(gazetteer::kDotsToken);
-    const std::string_view whole = expression;
-    const auto roleOf = [](std::string_view part) {
-        return BeginsWithPlace(part) ? Role::Reference : Role::Name;
-    };
-    const bool hasLeader = leader != std::string::npos;
-    const auto tail =
-        hasLeader ? whole.substr(leader + std::size(gazetteer::kDotsToken) - 1) : whole;
-    Column column{hasLeader, roleOf(whole.substr(0, leader)), roleOf(tail), {}, {}};
-    if (!pages_) return column;
-    column.references = References::Of(open.Manager().BoundSettings(), expression);
-    if (column.references) column.squares.emplace(open, properties, *column.references);
-    return column;
 }
 
 void SheetMeanings::Enter(const host::IHostGroupElement& group) {
@@ -104,6 +73,14 @@ void SheetMeanings::BeginRow(Row row, const host::IHostGroupElement& group) {
     rowDepth_ = 0;
     column_ = 0;
     if (row == Row::Listing && HasName(group)) listing_ = ++items_;
+    if (row == Row::Heading) BeginHeading(group);
+}
+
+/// A heading that goes on from the page or column group before is none of its own.
+void SheetMeanings::BeginHeading(const host::IHostGroupElement& group) {
+    const std::string heading = HeadingText(group);
+    isToldAgain_ = heading.empty() || headings_.GoesOn(heading);
+    if (!isToldAgain_) ++items_;
 }
 
 bool SheetMeanings::HasName(const host::IHostGroupElement& row) const {
@@ -126,7 +103,7 @@ std::span<const desk::TextPart> SheetMeanings::Read(const host::IHostTextElement
     else if (row_ == Row::Title || IsBlank(text))
         Add(row_ == Row::Title ? Role::PageMatter : Role::Decoration, {}, text.size());
     else if (row_ == Row::Heading)
-        AddHeading(text);
+        Add(isToldAgain_ ? Role::PageMatter : Role::Heading, text, text.size());
     else
         AddListingText(columns_[std::min(column_ - 1, columns_.size() - 1)], text);
     return parts_;
@@ -144,23 +121,11 @@ void SheetMeanings::AddSheetText(const host::IHostTextElement& element) {
     Add(role, text, text.size());
 }
 
-/// A heading that goes on from the page or column group before is none of its own.
-void SheetMeanings::AddHeading(std::string_view text) {
-    const bool goesOn =
-        !continued_.empty() && !heading_.empty() &&
-        text == gazetteer::ReplaceAll(continued_, gazetteer::kContinuedLetter, heading_);
-    if (!goesOn) {
-        heading_ = text;
-        ++items_;
-    }
-    Add(goesOn ? Role::PageMatter : Role::Heading, text, text.size());
-}
-
 /// Finds the references of the cell, which may go on from one text to the next.
 void SheetMeanings::BeginCell(const host::IHostGroupElement& cell) {
     isBehindLeader_ = false;
     references_.clear();
-    const Column& column = columns_[std::min(column_ - 1, columns_.size() - 1)];
+    const ColumnMeaning& column = columns_[std::min(column_ - 1, columns_.size() - 1)];
     if (!column.references || !column.squares) return;
     cellText_.clear();
     for (std::int32_t i = 0; i < cell.Count(); ++i) {
@@ -182,7 +147,7 @@ void SheetMeanings::BeginCell(const host::IHostGroupElement& cell) {
     isBehindLeader_ = false;
 }
 
-void SheetMeanings::AddListingText(const Column& column, std::string_view text) {
+void SheetMeanings::AddListingText(const ColumnMeaning& column, std::string_view text) {
     const auto add = [&](Role role, std::size_t first, std::size_t end) {
         if (role == Role::Reference && !references_.empty())
             AddReferences(text.substr(first, end - first), first);

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "app/document/ColumnMeaning.h"
+#include "app/document/Headings.h"
 #include "app/document/MapPages.h"
-#include "app/document/MapSquares.h"
 #include "app/document/OpenDocument.h"
-#include "app/document/References.h"
 #include "desk/drawing/TextReader.h"
 #include "desk/locale/ScriptLanguages.h"
 #include "host/KnownCast.h"
@@ -31,29 +31,19 @@ public:
 private:
     enum class Row : std::uint8_t { None, Title, Heading, Listing };
 
-    /// What a column's texts are, before and behind a leader.
-    struct Column {
-        bool hasLeader = false;
-        pdf::Role before = pdf::Role::Name;
-        pdf::Role behind = pdf::Role::Name;
-        std::optional<References> references;
-        std::optional<MapSquares> squares;  ///< That they tell.
-    };
-    Column ReadColumn(OpenDocument& open, const gazetteer::ColumnProperties& properties) const;
-
     void BeginRow(Row row, const host::IHostGroupElement& group);
+    void BeginHeading(const host::IHostGroupElement& group);
     bool HasName(const host::IHostGroupElement& row) const;
     void AddSheetText(const host::IHostTextElement& element);
-    void AddHeading(std::string_view text);
     void BeginCell(const host::IHostGroupElement& cell);
-    void AddListingText(const Column& column, std::string_view text);
+    void AddListingText(const ColumnMeaning& column, std::string_view text);
     void AddReferences(std::string_view text, std::size_t before);
     void Add(pdf::Role role, std::string_view text, std::size_t end);
 
     MapPages* pages_;
-    std::vector<Column> columns_;
-    std::string leader_;     ///< The characters of leaders that are texts of their own.
-    std::string continued_;  ///< Text of a heading that goes on.
+    std::vector<ColumnMeaning> columns_;
+    std::string leader_;  ///< The characters of leaders that are texts of their own.
+    HeadingSequence headings_;
     desk::ScriptLanguages languages_;
     host::KnownCast<const host::IHostElementName> asNamed_;
 
@@ -63,7 +53,7 @@ private:
     bool isBehindLeader_ = false;  ///< In the cell.
     std::uint64_t items_ = 0;      ///< Headings, listings and other texts so far.
     std::uint64_t listing_ = 0;    ///< Number of the last listing.
-    std::string heading_;          ///< The last one.
+    bool isToldAgain_ = false;     ///< The heading, whose listings go on.
     std::vector<desk::TextPart> parts_;
     std::string cellText_;                    ///< All references of the cell, a line for each text.
     std::vector<FoundReference> references_;  ///< In it.

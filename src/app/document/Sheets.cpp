@@ -7,6 +7,7 @@
 #include "app/document/BehindMaps.h"
 #include "app/document/Errors.h"
 #include "app/document/FilePaths.h"
+#include "app/document/Headings.h"
 #include "app/document/PageFurniture.h"
 #include "app/document/SheetMeanings.h"
 #include "desk/drawing/ElementPainter.h"
@@ -18,46 +19,34 @@
 namespace app {
 namespace {
 
-// Returns the first text of a group, or of the groups in it, that is not blank: all lines of its
-// cell. A word goes on behind a hyphen.
-std::string FirstText(const host::IHostGroupElement& group) {
-    std::string text;
-    for (std::int32_t i = 0; i < group.Count(); ++i) {
-        const auto member = group.Item(i);
-        if (const auto element = host::As<host::IHostTextElement>(member)) {
-            const bool begins = text.empty() || text.ends_with('-');
-            text += (begins ? "" : " ") + gazetteer::WithoutOuterBlanks(element->Text());
-        } else if (const auto inner = host::As<host::IHostGroupElement>(member);
-                   inner && text.empty()) {
-            text = FirstText(*inner);
-        }
-    }
-    return text;
-}
-
-// Returns the letter headings of the drawn page, from the top of each column group.
-std::vector<desk::Bookmark> HeadingsOf(OpenDocument& open) {
+// Returns the headings of the drawn page, from the top of each column group, without those that
+// tell that the one before goes on.
+std::vector<desk::Bookmark> HeadingsOf(OpenDocument& open, HeadingSequence& sequence) {
     std::vector<desk::Bookmark> headings;
     const auto box = open.Host().NewEnvelope();
     const auto display = open.Host().NewApplication()->Document()->ActiveView()->Display();
     for (const auto& member :
          gazetteer::MembersTagged(*open.Gazetteer(), {gazetteer::kBreakGroupTag})) {
-        const std::string title = FirstText(*host::As<host::IHostGroupElement>(member));
-        if (title.empty()) continue;
+        const std::string title = HeadingText(*host::As<host::IHostGroupElement>(member));
+        if (title.empty() || sequence.GoesOn(title)) continue;
         member->MeasureBounds(display, box);
         headings.push_back({title, box->YMax()});
     }
     return headings;
 }
 
+HeadingSequence SequenceFor(OpenDocument& open) {
+    return HeadingSequence(open.Manager().BoundSettings().typesetting.continued);
+}
+
 void WriteSheet(OpenDocument& open, desk::PageWriter& writer, std::int32_t page,
-                SheetMeanings* meanings) {
+                SheetMeanings* meanings, HeadingSequence& headings) {
     const auto& document = open.TheDesk().CurrentDocument();
     writer.BeginPage(document.pageWidth, document.pageHeight);
     PaintSheet(open, writer.Sheet(), page, meanings);
     const auto name = open.Manager().PageName(page);
     writer.EndPage(gazetteer::WithoutOuterBlanks(gazetteer::ToText(name, open.Host().Locale())),
-                   HeadingsOf(open));
+                   HeadingsOf(open, headings));
 }
 
 // A map book that cannot be read is told where its number is printed.
@@ -173,6 +162,7 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
                  const SheetListener& before, const SheetOutput& output) {
     const bool one = HoldsManySheets(path);
     const auto meanings = MeaningsFor(open, path, output);
+    auto headings = SequenceFor(open);
     std::optional<BehindMaps> behind;
     if (one && output.maps && output.maps->IsSameFile()) behind.emplace();
     const std::string target = behind ? behind->IndexPath() : path;
@@ -184,7 +174,7 @@ void WriteSheets(OpenDocument& open, const std::string& path, const PageRange& p
                 OpenWriter(open, one ? target : NumberedPath(path, page), page, output));
         if (before) before(page);
         DrawPage(open, page);
-        WriteSheet(open, *files.back(), page, meanings.get());
+        WriteSheet(open, *files.back(), page, meanings.get(), headings);
         if (!one || page == pages.last) files.back()->Complete();
     }
     // Only now, so that a failure leaves the files of an earlier export unchanged.
@@ -196,7 +186,8 @@ void WriteDrawnPage(OpenDocument& open, const std::string& path, std::int32_t pa
                     const SheetOutput& output) {
     const auto meanings = MeaningsFor(open, path, output);
     const auto writer = OpenWriter(open, path, page, output);
-    WriteSheet(open, *writer, page, meanings.get());
+    auto headings = SequenceFor(open);
+    WriteSheet(open, *writer, page, meanings.get(), headings);
     writer->Finish();
 }
 

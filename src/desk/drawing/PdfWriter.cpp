@@ -41,6 +41,7 @@ class PdfWriter final : public PageWriter, private pdf::Output {
 public:
     PdfWriter(const std::string& path, const PageWriterOptions& options)
         : PageWriter(path, Sheets::Many),
+          isForPress_(options.press.has_value()),
           document_(*this, {options.title, "gazetteer", options.language, options.firstNumber,
                             options.tags, options.press}) {}
 
@@ -56,6 +57,7 @@ private:
     void EndSheet(const std::string& title, std::span<const Bookmark> places) override;
     void Close() override;
 
+    bool isForPress_;
     pdf::Document document_;
     std::unique_ptr<PdfCanvas> canvas_;
     double height_ = 0;  ///< Of the sheet, in points.
@@ -66,9 +68,12 @@ private:
 }
 
 /// Tells the first violation, and what can be done.
-std::string ReasonOf(const pdf::Violated& violated) {
+std::string ReasonOf(const pdf::Violated& violated, bool isForPress) {
     const pdf::Violation& first = violated.violations.front();
     const bool isFont = first.rule == pdf::Violation::Rule::FontLicence;
+    if (isForPress)
+        return first.Text() + (isFont ? ", as a file for a press needs; use another font"
+                                      : ", which a file for a press must not have");
     return first.Text() +
            (isFont ? ", as a file for archives needs; use another font, or --no-tags if its maker "
                      "permits that"
@@ -85,7 +90,7 @@ void PdfWriter::EndSheet(const std::string& title, std::span<const Bookmark> pla
 }
 
 void PdfWriter::Close() try { document_.Finish(); } catch (const pdf::Violated& violated) {
-    Refuse(ReasonOf(violated));
+    Refuse(ReasonOf(violated, isForPress_));
 } catch (const pdf::Error& error) {
     PassOn(error);
 }

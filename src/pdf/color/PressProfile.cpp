@@ -1,5 +1,6 @@
 #include "pdf/color/PressProfile.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <lcms2.h>
@@ -17,10 +18,20 @@ std::string NameOf(cmsHPROFILE profile) {
     return name[0] == '\0' ? "Custom" : name.data();  // The word that PDF/X has for it.
 }
 
-Profile Open(const std::string& bytes) {
+/// Returns the size that the profile tells, four bytes with the highest first (ICC.1:2010, 7.2.2).
+std::size_t SizeIn(const std::string& bytes) {
+    std::size_t size = 0;
+    for (const char byte : bytes.substr(0, 4)) size = size << 8U | static_cast<unsigned char>(byte);
+    return size;
+}
+
+/// Takes off what stands behind the end of the profile.
+Profile Open(std::string& bytes) {
     Profile profile(
         cmsOpenProfileFromMem(bytes.data(), static_cast<cmsUInt32Number>(bytes.size())));
     if (!profile) throw Error("it is no ICC profile");
+    constexpr std::size_t kHeader = 128;
+    bytes.resize(std::min(bytes.size(), std::max(SizeIn(bytes), kHeader)));
     if (cmsGetDeviceClass(profile.get()) != cmsSigOutputClass ||
         cmsGetColorSpace(profile.get()) != cmsSigCmykData)
         throw Error("it is no profile of a press with CMYK colours");

@@ -65,7 +65,18 @@ void Document::Finish() {
                       press_ ? std::optional(press_->time) : std::nullopt};
     objects_.WriteObject(catalog_, Catalog(about));
     objects_.Finish(catalog_, WriteInfo(objects_, about));
-    if (structure_ && !objects_.Found().Found().empty()) throw Violated(objects_.Found().Found());
+    if (auto broken = Broken(); !broken.empty()) throw Violated(std::move(broken));
+}
+
+/// Returns what the file claims and does not keep to. A press asks for no characters.
+std::vector<Violation> Document::Broken() {
+    if (ClaimsOf() == Claims::None) return {};
+    std::vector<Violation> broken = objects_.Found().Found();
+    if (press_)
+        std::erase_if(broken, [](const Violation& violation) {
+            return violation.rule == Violation::Rule::NoCharacter;
+        });
+    return broken;
 }
 
 void Document::CheckSides() {

@@ -55,6 +55,7 @@ public:
 private:
     std::string Catalog(const About& about);
     Claims ClaimsOf() const;
+    std::vector<Violation> Broken();
     void CheckSides();
 
     Options options_;

@@ -16,7 +16,7 @@ struct Target {
     int page = 0;      ///< In the other file, from 0.
     std::optional<View> view;  ///< In the other file; nothing: the whole page.
     std::string name;          ///< Of a destination in this file.
-    std::string description;   ///< What is there, in words.
+    std::string description;   ///< What is there, as references print it.
 };
 
 }  // namespace pdf
