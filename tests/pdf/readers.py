@@ -42,10 +42,13 @@ def heard_listings():
     return [[plain(one) for one in listing] for listing in listings]
 
 
-def stored_listings(program):
-    shown = json.loads(run(program, "show", "index.json", "--json")[1])
+def shown(program):
+    return json.loads(run(program, "show", "index.json", "--json")[1])
+
+
+def stored_listings(index):
     return [[plain(one["cells"][column]) for column in ("Listing", "Page")]
-            for one in shown["listings"]]
+            for one in index["listings"]]
 
 
 def reading_order(expected):
@@ -114,7 +117,7 @@ def check(program, table, locale, classpath):
     if status:
         sys.exit(errors)
     faults = ["%s: %s" % one for one in conformance.check("index.pdf")]
-    expected = stored_listings(program)
+    expected = stored_listings(shown(program))
     faults += [*syntax(), *reading_order(expected), *other_readers(expected), *artifacts()]
     faults += preflight(classpath) if classpath else []
     run(program, "make", table, "-o", "linked.pdf", "--locale", locale, "--maps", "index.pdf")

@@ -115,6 +115,8 @@ void AddBookmarks(QPDF& file, QPDF& other, const std::string& title, const QPDFO
 }
 
 void Write(QPDF& file, Output& output) {
+    // The writer fills in the size only where there is one, which a damaged file may lack.
+    file.getTrailer().replaceKey("/Size", QPDFObjectHandle::newInteger(0));
     ToOutput pipeline(output);
     QPDFWriter writer(file);
     writer.setOutputPipeline(&pipeline);

@@ -79,15 +79,24 @@ std::string Reference(int object) {
     return std::to_string(object) + " 0 R";
 }
 
-std::string TextString(std::string_view text) {
-    const bool plain = std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; });
-    std::string out = plain ? "(" : "<FEFF";
-    if (!plain) AppendUtf16(out, text);
-    for (const char byte : plain ? text : "") {
+std::string ByteString(std::string_view bytes) {
+    std::string out = "(";
+    for (const char byte : bytes) {
         if (byte == '(' || byte == ')' || byte == '\\') out += '\\';
-        out += byte;
+        if (byte == '\r')  // Else read as a line feed.
+            out += "\\r";
+        else
+            out += byte;
     }
-    return out + (plain ? ')' : '>');
+    return out + ')';
+}
+
+std::string TextString(std::string_view text) {
+    if (std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~'; }))
+        return ByteString(text);
+    std::string out = "<FEFF";
+    AppendUtf16(out, text);
+    return out + '>';
 }
 
 }  // namespace pdf

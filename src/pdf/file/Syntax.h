@@ -31,6 +31,9 @@ std::string Number(double value, int decimals = 6);
 
 std::string Reference(int object);
 
+/// Returns a string of bytes, as they are.
+std::string ByteString(std::string_view bytes);
+
 /// Returns a text string, such as a title or the ActualText of a span.
 std::string TextString(std::string_view text);
 

@@ -13,9 +13,9 @@ std::string Corners(const View& view) {
 
 std::string Action(const Target& target) {
     if (target.file.empty()) return "<</S/GoTo/D" + TextString(target.name) + ">>";
-    const std::string file = TextString(target.file);
-    return "<</S/GoToR/F<</Type/Filespec/F" + file + "/UF" + file + ">>/D[" +
-           std::to_string(target.page) +
+    // Readers that do not know the text take the bytes as UTF-8.
+    return "<</S/GoToR/F<</Type/Filespec/F" + ByteString(target.file) + "/UF" +
+           TextString(target.file) + ">>/D[" + std::to_string(target.page) +
            (target.view ? "/FitR " + Corners(*target.view) : std::string("/Fit")) + "]>>";
 }
 
