@@ -17,13 +17,15 @@ public:
         Session().Document().Properties()->SetItem("HaveSavedListings", false);
     }
     bool WasCancelled() const { return Find<QLabel>("noticeText").text().contains("cancelled"); }
-    /// Runs to its end. Returns how long that took, in milliseconds.
+    /// Runs. Returns how long that took, in milliseconds.
     qint64 Refresh() {
         QElapsedTimer clock;
         clock.start();
         Do("refresh");
-        return clock.elapsed();
+        return length_ = clock.elapsed();
     }
+    /// Of the last run, in milliseconds.
+    qint64 Length() const { return length_; }
     /// Runs, with Escape pressed after some milliseconds. Returns how many of the processor's the
     /// program works on from then on, which other programs do not change.
     qint64 RefreshUntilKey(qint64 keyAfter) {
@@ -37,11 +39,14 @@ public:
             atKey = std::clock();
         });
         key.start(static_cast<int>(keyAfter));
-        Do("refresh");
+        Refresh();
         const std::clock_t atEnd = std::clock();
         watch.join();
         return qint64{1000} * std::max<std::clock_t>(0, atEnd - atKey) / CLOCKS_PER_SEC;
     }
+
+private:
+    qint64 length_ = 0;
 };
 
 // The moments are spread over the whole run. Near its end the run itself may end first.
@@ -51,7 +56,7 @@ TEST_F(LongRuns, EndWithinASecondOfTheKeyAtAnyMoment) {
     const auto drawn = DrawnListings();
     Table("names.dbf", 1'000'000);
     OpenStored();
-    const qint64 length = Refresh();
+    qint64 length = Refresh();
     EXPECT_EQ(Status().substr(0, 15), "1000000 records");
     OpenStored();
 
@@ -62,10 +67,13 @@ TEST_F(LongRuns, EndWithinASecondOfTheKeyAtAnyMoment) {
         const qint64 rest = RefreshUntilKey(after);
         EXPECT_LT(rest, 1000) << "after " << after << " of " << length << " ms";
         longest = std::max(longest, rest);
-        if (WasCancelled())
+        if (WasCancelled()) {
             ++cancelled;
-        else
+        } else {
+            // A later run may be shorter: of less load, or with the table in memory.
+            length = std::min(length, Length());
             OpenStored();
+        }
         EXPECT_EQ(DrawnListings(), drawn) << after;
     }
     EXPECT_GT(cancelled, kMoments * 3 / 4);
