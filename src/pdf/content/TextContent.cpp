@@ -16,15 +16,6 @@ using glyphs::Points;
 
 namespace {
 
-/// Positions of strings are written with this number of decimals, in points. The horizontal
-/// rounding error is corrected in the following glyphs.
-constexpr int kPlaceDecimals = 2;
-constexpr double kPlacesPerPoint = 100;
-
-bool IsUpright(const FontUse& font, const Baseline& baseline) {
-    return baseline.angle == 0 && font.across == 1 && font.slant == 0;
-}
-
 /// The unit of pen moves: a thousandth of the font size, divided by ten until it is within the
 /// tolerance. Each division needs one more decimal.
 struct SmallestMove {
@@ -45,7 +36,7 @@ std::size_t ClusterSize(std::span<const Glyph> glyphs) {
 }  // namespace
 
 double TextContent::Show(const FontUse& font, const GlyphLine& line, const Baseline& baseline) {
-    Begin();
+    texts_.Begin();
     Pen pen{font, baseline};
     pen.thousandth = font.points * font.across / 1000;
     const SmallestMove move(pen.thousandth);
@@ -105,7 +96,7 @@ void TextContent::AddBlank(const FontUse& font) {
     if (font.blank == 0) return;
     if (markNext_) WriteMark();
     const auto place = font.face->Find(font.blank, " ");
-    UseFont(*place.subset, font.points);
+    texts_.UseFont(*place.subset, font.points);
     out_ += '(';
     place.entry->code.AppendTo(out_);
     out_ += ")Tj\n";
@@ -169,14 +160,11 @@ void TextContent::AppendCode(Pen& pen, const Code& code) {
 }
 
 void TextContent::OpenString(Pen& pen, const Glyph& glyph) {
-    UseFont(*pen.subset, pen.font.points);
+    texts_.UseFont(*pen.subset, pen.font.points);
     pen.x = Points(glyph.x);
     pen.y = glyph.y;
-    const Baseline place = Along(pen.baseline, pen.x, Points(glyph.y));
-    if (IsUpright(pen.font, pen.baseline))
-        PlaceUpright(pen, place.x, -place.y);
-    else
-        PlaceShaped(pen, place.x, -place.y);
+    // The glyphs that follow correct the rounding.
+    pen.x += texts_.MoveTo(pen.font, pen.baseline, pen.x, Points(glyph.y));
     if (markNext_) WriteMark();
     pen.start = out_.size();
     pen.moved = false;
@@ -214,59 +202,6 @@ void TextContent::Move(Pen& pen, double distance) {
     pen.x += static_cast<double>(steps) * pen.move;
     pen.moved = true;
     pen.part = out_.size();
-}
-
-void TextContent::UseFont(const Subset& subset, double points) {
-    if (subset.name == fontName_ && points == fontPoints_) return;
-    fontName_ = subset.name;
-    fontPoints_ = points;
-    out_ += "/F";
-    AppendInteger(out_, subset.name);
-    out_ += ' ';
-    AppendNumber(out_, points);
-    out_ += " Tf\n";
-}
-
-void TextContent::PlaceUpright(Pen& pen, double x, double y) {
-    const std::int64_t placeX = Scaled(x, kPlaceDecimals);
-    const std::int64_t placeY = Scaled(y, kPlaceDecimals);
-    if (!upright_) out_ += "1 0 0 1 ";
-    AppendScaled(out_, upright_ ? placeX - lineX_ : placeX, kPlaceDecimals);
-    out_ += ' ';
-    AppendScaled(out_, upright_ ? placeY - lineY_ : placeY, kPlaceDecimals);
-    out_ += upright_ ? " Td" : " Tm";
-    upright_ = true;
-    lineX_ = placeX;
-    lineY_ = placeY;
-    pen.x += static_cast<double>(placeX) / kPlacesPerPoint - x;
-}
-
-void TextContent::PlaceShaped(const Pen& pen, double x, double y) {
-    const double radians = pen.baseline.angle * std::numbers::pi / 180;
-    const double c = std::cos(radians);
-    const double s = std::sin(radians);
-    const FontUse& font = pen.font;
-    for (const double entry :
-         {font.across * c, font.across * s, font.slant * c - s, font.slant * s + c, x, y}) {
-        AppendNumber(out_, entry);
-        out_ += ' ';
-    }
-    out_ += "Tm";
-    upright_ = false;
-}
-
-void TextContent::Begin() {
-    if (inTexts_) return;
-    out_ += "BT\n";
-    inTexts_ = true;
-    upright_ = true;
-    lineX_ = 0;
-    lineY_ = 0;
-}
-
-void TextContent::End() {
-    if (inTexts_) out_ += "ET\n";
-    inTexts_ = false;
 }
 
 }  // namespace pdf

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "glyphs/GlyphLine.h"
+#include "pdf/content/TextState.h"
 #include "pdf/fonts/FontSet.h"
 
 namespace pdf {
@@ -29,7 +30,7 @@ public:
     static constexpr double kLeaderTolerance = 0.03;
 
     /// The marker is null where nothing is marked.
-    TextContent(std::string& out, Marker* marker) : out_(out), marker_(marker) {}
+    TextContent(std::string& out, Marker* marker) : out_(out), marker_(marker), texts_(out) {}
 
     /// Returns the width in points, from the left end of the baseline.
     double Show(const FontUse& font, const glyphs::GlyphLine& line,
@@ -43,9 +44,9 @@ public:
     void AddBlank(const FontUse& font);
 
     /// Begins a text object, if there is none.
-    void Begin();
+    void Begin() { texts_.Begin(); }
     /// Ends the text object, so that other content can follow.
-    void End();
+    void End() { texts_.End(); }
 
 private:
     struct Pen {
@@ -72,19 +73,12 @@ private:
     void OpenString(Pen& pen, const glyphs::Glyph& glyph);
     void CloseString(Pen& pen);
     void Move(Pen& pen, double distance);
-    void UseFont(const Subset& subset, double points);
-    void PlaceUpright(Pen& pen, double x, double y);
-    void PlaceShaped(const Pen& pen, double x, double y);
 
     std::string& out_;
     Marker* marker_;
     bool markNext_ = false;
     bool isMarked_ = false;
-    bool inTexts_ = false;
-    int fontName_ = -1;
-    double fontPoints_ = 0;
-    bool upright_ = true;                 ///< Texts are parallel to the page.
-    std::int64_t lineX_ = 0, lineY_ = 0;  ///< Start of the last string, in units of a position.
+    TextState texts_;
 };
 
 }  // namespace pdf
