@@ -99,7 +99,7 @@ def page_rules(pdf, page, owners, parents, fonts):
     value = pdf.get(page)
     if "/Resources" not in value:
         yield "6.2.2", "resources are inherited"
-    resources = pdf.get(value.get("/Resources")) or {}
+    named_fonts = pdf.get((pdf.get(value.get("/Resources")) or {}).get("/Font")) or {}
     own = pdf.get(parents.get(value.get("/StructParents"))) or []
     marks, depth, font = Marks(), 0, None
     for operator, operands in operators(pdf.contents(page)):
@@ -121,11 +121,12 @@ def page_rules(pdf, page, owners, parents, fonts):
         if operator in PAINTS and not {"artifact", "content"} & {kind for kind, _ in marks.open}:
             yield "01-005", operator
         if operator == "Tf":
-            font = operands[0]
-            if font not in resources.get("/Font", {}):
-                yield "6.2.2", font
+            # Pages of two files may give the same name to different fonts.
+            font = str(named_fonts.get(operands[0]))
+            if operands[0] not in named_fonts:
+                yield "6.2.2", operands[0]
             elif font not in fonts:
-                fonts[font] = Font(pdf, pdf.get(resources["/Font"][font]))
+                fonts[font] = Font(pdf, pdf.get(named_fonts[operands[0]]))
         if operator in ("Tj", "TJ") and font in fonts:
             yield from text_rules(fonts[font], operands[0], any(told for _, told in marks.open))
 
