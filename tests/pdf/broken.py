@@ -145,4 +145,4 @@ BROKEN = (
 # Edits of the file's bytes. qpdf would write metadata plainly.
 BYTES = (("6.6.2.1", b"<?xpacket begin=", b"<?ypacket begin="),
          ("6.1.2", b"%PDF-1.7\n", b"%PDF-1.7\n1"), ("6.1.3", b"%%EOF", b"%%EOF\nmore"),
-         ("6.1.3", b"/ID[", b"/IX["), ("6.1.7.2", b"/N 3/Filter/FlateDecode", b"/N 3/Filter/LZWDecode  "))
+         ("6.1.7.1", b"\nendstream", b" endstream"), ("6.1.3", b"/ID[", b"/IX["), ("6.1.7.2", b"/N 3/Filter/FlateDecode", b"/N 3/Filter/LZWDecode  "))

@@ -24,6 +24,8 @@ def trailer(pdf):
 def streams(pdf):
     if re.search(rb"/(LZWDecode|Crypt)\b", pdf.bytes):
         yield "6.1.7.2", "filter"
+    if re.search(rb"[^\r\n]endstream", pdf.bytes):
+        yield "6.1.7.1", "no line end behind data"
     for name, held in pdf.objects.items():
         if {"/F", "/FFilter", "/FDecodeParms"} & set(held.get("stream", {}).get("dict", {})):
             yield "6.1.7.1", name

@@ -20,7 +20,7 @@ def dates(pdf_date):
 
 def metadata(pdf):
     data = pdf.data(pdf.root.get("/Metadata"))
-    return xml.fromstring(data.decode()) if data else None
+    return xml.fromstring(data.decode("utf-8" if data[0] else "utf-16-be")) if data else None
 
 
 def told(root, name):

@@ -21,8 +21,9 @@ POINTED = "\u05D1\u05B0\u05BC\u05D0\u05B5\u05E8"  # Hebrew with points.
 
 def write(folder, pdf):
     (folder / "edited.json").write_text(json.dumps(pdf.json))
-    done = subprocess.run(["qpdf", "--json-input", "--stream-data=preserve", "edited.json", "edited.pdf"],
-                          cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    done = subprocess.run(["qpdf", "--json-input", "--stream-data=preserve", "--newline-before-endstream",
+                           "edited.json", "edited.pdf"], cwd=folder, stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT)
     assert done.returncode in (0, 3), done.stdout
     return folder / "edited.pdf"
 

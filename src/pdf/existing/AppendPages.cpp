@@ -8,6 +8,7 @@
 #include <qpdf/QPDFPageLabelDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
+#include "pdf/existing/MergedClaims.h"
 #include "pdf/existing/MergedStructure.h"
 #include "pdf/existing/OpenFile.h"
 
@@ -124,6 +125,7 @@ void Write(QPDF& file, Output& output) {
     writer.setDecodeLevel(qpdf_dl_none);
     writer.setObjectStreamMode(qpdf_o_generate);
     writer.setMinimumPDFVersion("1.7");
+    writer.setNewlineBeforeEndstream(true);  // PDF/A asks for it.
     writer.setDeterministicID(true);
     writer.write();
 }
@@ -145,6 +147,7 @@ void AppendPages(const std::string& first, const std::string& other, const std::
     AddDestinations(*file, destinations);
     AddBookmarks(*file, *added, title, file->getAllPages().at(static_cast<std::size_t>(pages)));
     MergeStructure(*file, *added, pages);
+    MergeClaims(*file, *added);
     Write(*file, output);
 } catch (const QPDFExc& error) {
     throw UnreadableFile(first, error.getMessageDetail());

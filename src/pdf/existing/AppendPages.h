@@ -17,8 +17,9 @@ struct Destination {
 
 /// Writes a file that has the pages of two files. The first one stays as it is: its objects and
 /// streams, bookmarks, layers, page labels. Behind its pages stand those of the other, with their
-/// labels, their bookmarks below one of the given title, and their structure. Throws Error for
-/// files that cannot be read.
+/// labels, their bookmarks below one of the given title, and their structure. Of the standards that
+/// the first one claims, it keeps those that are still true. Throws Error for files that cannot be
+/// read.
 void AppendPages(const std::string& first, const std::string& other, const std::string& title,
                  const std::vector<Destination>& destinations, Output& output);
 

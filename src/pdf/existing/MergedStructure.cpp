@@ -54,9 +54,46 @@ QPDFObjectHandle KidsOf(QPDFObjectHandle root) {
     return array;
 }
 
+/// Returns the one element of type Document that holds the whole structure; null if the structure
+/// is another one.
+QPDFObjectHandle DocumentOf(QPDFObjectHandle root) {
+    auto kid = root.getKey("/K");
+    if (kid.isArray() && kid.getArrayNItems() == 1) kid = kid.getArrayItem(0);
+    const bool isOne =
+        kid.isDictionary() && kid.isIndirect() && kid.getKey("/S").isNameAndEquals("/Document");
+    return isOne ? kid : QPDFObjectHandle::newNull();
+}
+
+/// Adds a Document as a part of another one, or beside what the structure has. Some readers expect
+/// that a structure is one element.
+void AddDocument(QPDFObjectHandle root, QPDFObjectHandle document) {
+    auto whole = DocumentOf(root);
+    if (whole.isDictionary()) document.replaceKey("/S", QPDFObjectHandle::newName("/Part"));
+    auto parent = whole.isDictionary() ? whole : root;
+    document.replaceKey("/P", parent);
+    KidsOf(parent).appendItem(document);
+}
+
+bool IsMarked(QPDF& file) {
+    auto marks = file.getRoot().getKey("/MarkInfo");
+    return marks.isDictionary() && marks.getKey("/Marked").isBool() &&
+           marks.getKey("/Marked").getBoolValue();
+}
+
+/// Says that the file is tagged, where one part of it is, and that not all of it need be so.
+void MergeMarks(QPDF& file, QPDF& copied) {
+    if (IsMarked(file) == IsMarked(copied)) return;
+    auto catalog = file.getRoot();
+    if (!catalog.getKey("/MarkInfo").isDictionary())
+        catalog.replaceKey("/MarkInfo", QPDFObjectHandle::newDictionary());
+    for (const char* key : {"/Marked", "/Suspects"})
+        catalog.getKey("/MarkInfo").replaceKey(key, QPDFObjectHandle::newBool(true));
+}
+
 }  // namespace
 
 void MergeStructure(QPDF& file, QPDF& copied, int firstCopiedPage) {
+    MergeMarks(file, copied);
     auto copiedRoot = copied.getRoot().getKey("/StructTreeRoot");
     if (!copiedRoot.isDictionary()) return;
     auto root = RootOf(file);
@@ -67,11 +104,10 @@ void MergeStructure(QPDF& file, QPDF& copied, int firstCopiedPage) {
         MoveKeys(pages[i], offset);
 
     auto document = file.copyForeignObject(copiedRoot.getKey("/K"));
-    document.replaceKey("/P", root);
     // The language of the file is that of the first one.
     if (copied.getRoot().hasKey("/Lang"))
         document.replaceKey("/Lang", file.copyForeignObject(copied.getRoot()).getKey("/Lang"));
-    KidsOf(root).appendItem(document);
+    AddDocument(root, document);
 
     QPDFNumberTreeObjectHelper numbers(tree, file);
     QPDFNumberTreeObjectHelper others(copiedRoot.getKey("/ParentTree"), copied);

@@ -9,7 +9,8 @@
 
 namespace pdf {
 
-/// Something that no file may have that claims to keep to PDF/A-2, PDF/UA-1 or PDF/X-4, and where it is.
+/// Something that no file may have that claims to keep to PDF/A-2, PDF/UA-1 or PDF/X-4, and where
+/// it is.
 struct Violation {
     enum class Rule {
         FontLicence,   ///< A font that may not be embedded, or not in parts.
