@@ -20,12 +20,10 @@ std::optional<std::string> DataOf(QPDFObjectHandle stream) try {
     return std::nullopt;
 }
 
-/// Returns what the file claims, or nothing if that cannot be read.
-std::optional<XmpClaims> ReadClaims(QPDF& file) {
+/// Returns the metadata; empty if there is none, or if it cannot be read.
+std::string PacketOf(QPDF& file) {
     auto stream = file.getRoot().getKey("/Metadata");
-    const auto packet = stream.isStream() ? DataOf(stream) : std::string();
-    if (packet && packet->empty()) return XmpClaims();
-    return packet ? ClaimsOf(*packet) : std::nullopt;
+    return stream.isStream() ? DataOf(stream).value_or("") : std::string();
 }
 
 /// Whether a profile is one of RGB, which its header tells behind the first 16 bytes.
@@ -86,14 +84,15 @@ XmpClaims StillTrue(QPDF& file, const XmpClaims& first, const XmpClaims& second)
 
 void MergeXmp(QPDF& file, QPDF& copied) {
     auto catalog = file.getRoot();
-    const auto claims = ReadClaims(file);
+    const std::string packet = PacketOf(file);
+    const auto claims = ClaimsOf(packet);
     // What cannot be read may claim anything.
     if (!claims) return catalog.removeKey("/Metadata");
-    const XmpClaims kept = StillTrue(file, *claims, ReadClaims(copied).value_or(XmpClaims()));
-    if (kept == *claims) return;
-    auto stream = catalog.getKey("/Metadata");
+    const XmpClaims kept =
+        StillTrue(file, *claims, ClaimsOf(PacketOf(copied)).value_or(XmpClaims()));
     const auto null = QPDFObjectHandle::newNull();
-    stream.replaceStreamData(WithClaims(DataOf(stream).value(), kept), null, null);
+    if (!(kept == *claims))
+        catalog.getKey("/Metadata").replaceStreamData(WithClaims(packet, kept), null, null);
 }
 
 void MergeInfo(QPDF& file) {

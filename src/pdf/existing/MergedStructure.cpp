@@ -66,7 +66,7 @@ QPDFObjectHandle DocumentOf(QPDFObjectHandle root) {
 
 /// Adds a Document as a part of another one, or beside what the structure has. Some readers expect
 /// that a structure is one element.
-void AddDocument(QPDFObjectHandle root, QPDFObjectHandle document) {
+void AddDocument(const QPDFObjectHandle& root, QPDFObjectHandle document) {
     auto whole = DocumentOf(root);
     if (whole.isDictionary()) document.replaceKey("/S", QPDFObjectHandle::newName("/Part"));
     auto parent = whole.isDictionary() ? whole : root;
