@@ -139,7 +139,7 @@ host::Variant ParseValue(host::IHost& host, const std::string& key, ValueKind ki
         }
         case ValueKind::Double: {
             const auto number = ParseDecimal(value);
-            if (!number) FailForm(key, value, "a decimal number such as 1.75");
+            if (!number) FailForm(key, value, "a number of inches such as 1.75");
             if (!gazetteer::IsLength(*number))
                 FailForm(key, value, "a number of inches from -1000 to 1000");
             return *number;
