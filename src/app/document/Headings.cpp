@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/document/References.h"
 #include "host/Object.h"
 #include "model/Typesetting.h"
 #include "support/Text.h"
@@ -9,14 +10,14 @@
 namespace app {
 namespace {
 
+// Returns what is the same wherever the lines of a text end.
 std::string WithoutLineEnds(const std::string& text) {
-    std::string letters;
-    for (const char byte : text)
-        if (byte != ' ' && byte != '-' && byte != '\r' && byte != '\n') letters += byte;
+    std::string letters = WithoutBlanks(text);
+    std::erase(letters, '-');
     return letters;
 }
 
-// Adds the next lines. A word goes on behind a hyphen.
+// Appends lines with a blank between them, but none after a hyphen.
 void AddLines(std::string& text, const std::string& lines) {
     for (std::size_t start = 0; start < lines.size();) {
         const std::size_t end = std::min(lines.find_first_of("\r\n", start), lines.size());

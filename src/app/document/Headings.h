@@ -17,8 +17,8 @@ public:
     /// Takes the text over listings that go on, with the token of the letter; empty: there is none.
     explicit HeadingSequence(std::string continued) : continued_(std::move(continued)) {}
 
-    /// Takes the next heading. Returns whether it tells again the one before, whose listings go on.
-    /// The first one never does, also where it says that listings go on.
+    /// Takes the next heading. Returns whether it repeats the heading before, over listings that go
+    /// on. The first heading never does, even if its text says so.
     bool GoesOn(const std::string& heading);
 
 private:

@@ -25,7 +25,7 @@ std::size_t SizeIn(const std::string& bytes) {
     return size;
 }
 
-/// Takes off what stands behind the end of the profile.
+/// Opens the profile. Removes bytes that follow its end. Throws Error for any other profile.
 Profile Open(std::string& bytes) {
     Profile profile(
         cmsOpenProfileFromMem(bytes.data(), static_cast<cmsUInt32Number>(bytes.size())));

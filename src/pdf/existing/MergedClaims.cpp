@@ -26,7 +26,7 @@ std::string PacketOf(QPDF& file) {
     return stream.isStream() ? DataOf(stream).value_or("") : std::string();
 }
 
-/// Whether a profile is one of RGB, which its header tells behind the first 16 bytes.
+/// Returns whether an ICC profile has the colour space RGB (bytes 16 to 19, ICC.1:2010, 7.2.8).
 bool IsOfScreens(QPDFObjectHandle profile) {
     constexpr std::size_t kColorSpace = 16;
     if (!profile.isStream()) return false;
@@ -34,7 +34,7 @@ bool IsOfScreens(QPDFObjectHandle profile) {
     return data && data->compare(std::min(kColorSpace, data->size()), 4, "RGB ") == 0;
 }
 
-/// Whether PDF/A allows the colours of the index, which are those of screens.
+/// Returns whether the output intent of PDF/A allows RGB, the colours of the index.
 bool AllowsScreenColors(QPDF& file) {
     auto intents = file.getRoot().getKey("/OutputIntents");
     if (!intents.isArray()) return false;
@@ -45,8 +45,8 @@ bool AllowsScreenColors(QPDF& file) {
     return false;
 }
 
-/// Whether the structure has headings without a level. PDF/UA forbids them beside those that have
-/// one, as the headings of an index do.
+/// Returns whether the structure has headings without a level. PDF/UA forbids them beside those
+/// that have one, as the headings of an index do.
 bool HasPlainHeadings(QPDF& file) {
     auto root = file.getRoot().getKey("/StructTreeRoot");
     if (!root.isDictionary()) return false;

@@ -80,7 +80,7 @@ bool IsMarked(QPDF& file) {
            marks.getKey("/Marked").getBoolValue();
 }
 
-/// Says that the file is tagged, where one part of it is, and that not all of it need be so.
+/// Where only one of the two files is tagged, marks the whole as tagged with parts that may not be.
 void MergeMarks(QPDF& file, QPDF& copied) {
     if (IsMarked(file) == IsMarked(copied)) return;
     auto catalog = file.getRoot();
